@@ -1,0 +1,37 @@
+# What every target of the project shares: language level, Qt, output places, warnings, the package.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+include(GenerateExportHeader)
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent LinguistTools)
+
+include(KRWarnings)
+include(KRLibrary)
+include(KRTest)
+
+configure_package_config_file(
+    "${CMAKE_CURRENT_LIST_DIR}/KRGeoLocationConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/KRGeoLocationConfig.cmake"
+    INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/KRGeoLocation")
+write_basic_package_version_file(
+    "${PROJECT_BINARY_DIR}/KRGeoLocationConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
+install(FILES
+    "${PROJECT_BINARY_DIR}/KRGeoLocationConfig.cmake"
+    "${PROJECT_BINARY_DIR}/KRGeoLocationConfigVersion.cmake"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/KRGeoLocation")
+install(EXPORT KRGeoLocationTargets
+    NAMESPACE KR::
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/KRGeoLocation")

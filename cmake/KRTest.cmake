@@ -1,0 +1,18 @@
+# kr_add_tests(<program> LIBRARIES <targets> SOURCES <tst_Class.cpp ...>)
+# One program with many test classes builds faster than many programs; each class still is a test of its
+# own for CTest, in a process of its own. Every class registers itself (tests/support/KRTestRegistry.h).
+function(kr_add_tests program)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES;SOURCES")
+    add_executable(${program} ${arg_SOURCES})
+    target_link_libraries(${program} PRIVATE KRTestSupport ${arg_LIBRARIES} KRWarnings)
+    kr_precompile(${program} <QtTest> <QtWidgets> <QtXml>)
+    foreach(source IN LISTS arg_SOURCES)
+        get_filename_component(class "${source}" NAME_WE)
+        if(class MATCHES "^tst_" AND source MATCHES "\\.cpp$")
+            add_test(NAME ${class} COMMAND ${program} ${class})
+            set_tests_properties(${class} PROPERTIES
+                TIMEOUT 300
+                ENVIRONMENT "${KR_TEST_ENVIRONMENT}")
+        endif()
+    endforeach()
+endfunction()

@@ -1,0 +1,15 @@
+# Warnings and sanitizers as one target, so that each target of ours asks for them by name.
+
+add_library(KRWarnings INTERFACE)
+target_compile_options(KRWarnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    $<$<BOOL:${KR_WERROR}>:-Werror>)
+target_compile_definitions(KRWarnings INTERFACE
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_URL_CAST_FROM_STRING
+    QT_NO_CAST_FROM_BYTEARRAY)
+if(KR_SANITIZE)
+    target_compile_options(KRWarnings INTERFACE
+        -fsanitize=${KR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(KRWarnings INTERFACE -fsanitize=${KR_SANITIZE})
+endif()

@@ -1,0 +1,20 @@
+#include "KRErrorHistory.h"
+
+#include <QLoggingCategory>
+
+Q_LOGGING_CATEGORY(krIo, "kr.io")
+
+QString KRErrorHistory::Entry::toString() const
+{
+    QString place = fileName;
+    if (line > 0)
+        place += QStringLiteral(":%1:%2").arg(line).arg(column);
+    return place + QStringLiteral(": ") + reason;
+}
+
+void KRErrorHistory::report(KRErrorHistory *history, const Entry &entry)
+{
+    qCWarning(krIo).noquote() << entry.toString();
+    if (history)
+        history->m_entries.append(entry);
+}

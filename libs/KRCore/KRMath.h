@@ -1,0 +1,14 @@
+#pragma once
+
+#include "KRCoreExport.h"
+
+/// Number helpers that more than one class needs.
+namespace KRMath {
+
+/// True when the two differ by no more than @p epsilon; never for NaN.
+KRCORE_EXPORT bool epsilonEqual(double a, double b, double epsilon);
+
+/// Truncates toward zero. Beyond the range of int it gives the nearest int, for NaN 0.
+KRCORE_EXPORT int toInt(double value);
+
+} // namespace KRMath

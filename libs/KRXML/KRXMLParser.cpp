@@ -1,0 +1,42 @@
+#include "KRXMLParser.h"
+
+double KRXMLParser::doubleAttribute(const QDomElement &element, const QString &name, double defaultValue)
+{
+    bool isNumber = false;
+    const double value = element.attribute(name).toDouble(&isNumber);
+    return isNumber ? value : defaultValue;
+}
+
+int KRXMLParser::intAttribute(const QDomElement &element, const QString &name, int defaultValue)
+{
+    bool isNumber = false;
+    const int value = element.attribute(name).toInt(&isNumber, 10);
+    return isNumber ? value : defaultValue;
+}
+
+QString KRXMLParser::text(const QDomNode &node, const QString &childName, const QString &defaultValue)
+{
+    const QDomElement child = node.firstChildElement(childName);
+    return child.isNull() ? defaultValue : child.text();
+}
+
+double KRXMLParser::doubleText(const QDomNode &node, const QString &childName, double defaultValue)
+{
+    bool isNumber = false;
+    const double value = text(node, childName, QString()).toDouble(&isNumber);
+    return isNumber ? value : defaultValue;
+}
+
+QDateTime KRXMLParser::dateTimeText(const QDomNode &node, const QString &childName, Qt::DateFormat format,
+                                    const QDateTime &defaultValue)
+{
+    // A blank at the end would turn UTC into local time, one in front makes the text unreadable.
+    const QDateTime time = QDateTime::fromString(text(node, childName, QString()).trimmed(), format);
+    return time.isValid() ? time : defaultValue;
+}
+
+QColor KRXMLParser::readColor(const QString &text)
+{
+    const QColor color(text.trimmed());
+    return color.isValid() ? color : QColor(0, 0, 0, 0);
+}
