@@ -12,14 +12,13 @@
  * nothing hands in a history; whoever loads or saves adds an entry. Each entry also goes to the logging
  * category "kr.io" as one warning, with or without a history. Not for use from several threads at once.
  */
-class KRCORE_EXPORT KRErrorHistory
-{
+class KRCORE_EXPORT KRErrorHistory {
 public:
     struct Entry {
         QString fileName; ///< as it was given, with its path
-        int line = 0;     ///< counted from 1; 0 where no place in the file is to blame
-        int column = 0;   ///< counted from 1; 0 where no place in the file is to blame
-        QString reason;   ///< for users, in their language, without the file name
+        int line = 0; ///< counted from 1; 0 where no place in the file is to blame
+        int column = 0; ///< counted from 1; 0 where no place in the file is to blame
+        QString reason; ///< for users, in their language, without the file name
 
         /// "name:line:column: reason", with no more of the place than is known.
         QString toString() const;

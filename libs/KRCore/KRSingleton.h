@@ -15,8 +15,7 @@
  * The first call may come from any thread.
  */
 template <typename T>
-class Q_DECL_EXPORT KRSingleton
-{
+class Q_DECL_EXPORT KRSingleton {
 public:
     /// Never null, always the same object.
     static T *instance()
@@ -27,7 +26,7 @@ public:
     }
 
     /// For @p T to redeclare: what has to be done once the object is complete.
-    void setupInstance() {}
+    void setupInstance() { }
 
 protected:
     KRSingleton() = default;

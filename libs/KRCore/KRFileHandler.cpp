@@ -1,0 +1,71 @@
+#include "KRFileHandler.h"
+
+#include "KRErrorHistory.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QString tooLarge(qint64 maximumSize)
+{
+    return QCoreApplication::translate("KRFileHandler", "Die Datei ist zu groß (mehr als %1 MB).")
+        .arg(maximumSize / (1024 * 1024));
+}
+
+/// Why the file cannot be read, an empty text when nothing speaks against it.
+QString refusal(const QFileInfo &file, qint64 maximumSize)
+{
+    if (!file.exists())
+        return file.isSymLink() ? QCoreApplication::translate("KRFileHandler", "Die Verknüpfung führt zu keiner Datei.")
+                                : QCoreApplication::translate("KRFileHandler", "Die Datei wurde nicht gefunden.");
+    if (file.isDir())
+        return QCoreApplication::translate("KRFileHandler", "Das ist ein Ordner und keine Datei.");
+    if (!file.isFile())
+        return QCoreApplication::translate("KRFileHandler", "Das ist keine gewöhnliche Datei.");
+    if (file.size() > maximumSize)
+        return tooLarge(maximumSize);
+    return QString();
+}
+
+void report(KRErrorHistory *history, const QString &fileName, const QString &reason)
+{
+    KRErrorHistory::Entry entry;
+    entry.fileName = fileName;
+    entry.reason = reason;
+    KRErrorHistory::report(history, entry);
+}
+
+} // namespace
+
+bool KRFileHandler::openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize)
+{
+    QString reason = refusal(QFileInfo(file.fileName()), maximumSize);
+    if (reason.isEmpty() && !file.open(QIODevice::ReadOnly))
+        reason = QCoreApplication::translate("KRFileHandler", "Die Datei kann nicht gelesen werden: %1")
+                     .arg(file.errorString());
+    if (reason.isEmpty())
+        return true;
+    report(history, file.fileName(), reason);
+    return false;
+}
+
+QByteArray KRFileHandler::readAll(const QFileInfo &file, KRErrorHistory *history, qint64 maximumSize)
+{
+    QFile source(file.filePath());
+    if (!openForReading(source, history, maximumSize))
+        return QByteArray();
+
+    // One byte more than allowed: the file may have grown since its size was asked for.
+    QByteArray bytes = source.read(maximumSize + 1);
+    if (source.error() != QFileDevice::NoError) {
+        report(history, file.filePath(), source.errorString());
+        return QByteArray();
+    }
+    if (bytes.size() > maximumSize) {
+        report(history, file.filePath(), tooLarge(maximumSize));
+        return QByteArray();
+    }
+    return bytes.isNull() ? QByteArray("") : bytes;
+}

@@ -1,0 +1,108 @@
+#include "KRXMLGuard.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QXmlDefaultHandler>
+#include <QXmlInputSource>
+#include <QXmlSimpleReader>
+
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_DEPRECATED
+
+namespace {
+
+/// Counts what the reader meets and stops it at the limits.
+class CountingHandler : public QXmlDefaultHandler {
+public:
+    explicit CountingHandler(qint64 maximumCharacters) : m_charactersLeft(maximumCharacters) { }
+
+    bool startElement(const QString &, const QString &, const QString &, const QXmlAttributes &attributes) override
+    {
+        m_nodes += 1 + attributes.count();
+        for (int i = 0; i < attributes.count(); ++i)
+            m_charactersLeft -= attributes.value(i).size();
+        if (++m_depth > KRXMLGuard::maximumDepth)
+            return refuse(
+                QCoreApplication::translate("KRXMLGuard", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
+                    .arg(KRXMLGuard::maximumDepth));
+        return isWithinLimits();
+    }
+
+    bool endElement(const QString &, const QString &, const QString &) override
+    {
+        --m_depth;
+        return true;
+    }
+
+    bool characters(const QString &text) override
+    {
+        ++m_nodes;
+        m_charactersLeft -= text.size();
+        return isWithinLimits();
+    }
+
+    bool error(const QXmlParseException &exception) override { return keep(exception); }
+    bool fatalError(const QXmlParseException &exception) override { return keep(exception); }
+    QString errorString() const override { return m_refusal; }
+
+    QString reason() const { return m_reason; }
+    int line() const { return m_line; }
+    int column() const { return m_column; }
+
+private:
+    bool isWithinLimits()
+    {
+        if (m_nodes > KRXMLGuard::maximumNodes)
+            return refuse(QCoreApplication::translate("KRXMLGuard", "Das Dokument hat mehr als %1 Knoten.")
+                              .arg(KRXMLGuard::maximumNodes));
+        if (m_charactersLeft < 0)
+            return refuse(QCoreApplication::translate("KRXMLGuard", "Die Entitäten des Dokuments werden zu lang."));
+        return true;
+    }
+
+    bool refuse(const QString &refusal)
+    {
+        m_refusal = refusal;
+        return false;
+    }
+
+    bool keep(const QXmlParseException &exception)
+    {
+        m_reason = m_refusal.isEmpty()
+                       ? QCoreApplication::translate("KRXMLGuard", "Kein lesbares XML: %1").arg(exception.message())
+                       : m_refusal;
+        m_line = exception.lineNumber();
+        m_column = exception.columnNumber();
+        return false;
+    }
+
+    qint64 m_charactersLeft;
+    int m_nodes = 0;
+    int m_depth = 0;
+    QString m_refusal;
+    QString m_reason;
+    int m_line = 0;
+    int m_column = 0;
+};
+
+} // namespace
+
+bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+{
+    CountingHandler handler(qint64(xml.size()) + maximumExpansion);
+    QXmlSimpleReader reader;
+    reader.setContentHandler(&handler);
+    reader.setErrorHandler(&handler);
+    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
+    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
+    QXmlInputSource source;
+    source.setData(xml);
+    if (reader.parse(&source, false))
+        return true;
+    refusal->reason = handler.reason();
+    refusal->line = handler.line();
+    refusal->column = handler.column();
+    return false;
+}
+
+QT_WARNING_POP
