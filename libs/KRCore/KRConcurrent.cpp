@@ -1,0 +1,16 @@
+#include "KRConcurrent.h"
+
+#include <QCoreApplication>
+#include <QThreadPool>
+
+#include <algorithm>
+
+bool KRConcurrent::mayUsePool()
+{
+    const QCoreApplication *const application = QCoreApplication::instance();
+    if (application && application->thread() == QThread::currentThread())
+        return true;
+    const QThreadPool *const pool = QThreadPool::globalInstance();
+    // A pool smaller than the limit would never report more active threads than it has.
+    return pool->activeThreadCount() < std::min(maxRunningThreads, pool->maxThreadCount());
+}

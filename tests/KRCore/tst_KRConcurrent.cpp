@@ -1,0 +1,178 @@
+#include <KRCore/KRConcurrent.h>
+
+#include "KRTestRegistry.h"
+
+#include <QtConcurrentRun>
+#include <QtTest>
+
+#include <atomic>
+#include <memory>
+#include <numeric>
+#include <vector>
+
+namespace {
+
+/// Runs @p function in a thread of its own, outside the pool, and waits for it.
+template <typename Function>
+void runInForeignThread(const Function &function)
+{
+    const std::unique_ptr<QThread> thread(QThread::create(function));
+    thread->start();
+    thread->wait();
+}
+
+QList<int> firstNumbers(int count)
+{
+    QList<int> numbers;
+    for (int i = 0; i < count; ++i)
+        numbers.append(i);
+    return numbers;
+}
+
+/// Gives the global pool another size until the end of the scope.
+class PoolSize {
+public:
+    explicit PoolSize(int threads) { QThreadPool::globalInstance()->setMaxThreadCount(threads); }
+    ~PoolSize() { QThreadPool::globalInstance()->setMaxThreadCount(QThread::idealThreadCount()); }
+    Q_DISABLE_COPY(PoolSize)
+};
+
+/// Makes the global pool count @p threads more as active until the end of the scope.
+class BusyThreads {
+public:
+    explicit BusyThreads(int threads) : m_threads(threads)
+    {
+        for (int i = 0; i < m_threads; ++i)
+            QThreadPool::globalInstance()->reserveThread();
+    }
+    ~BusyThreads()
+    {
+        for (int i = 0; i < m_threads; ++i)
+            QThreadPool::globalInstance()->releaseThread();
+    }
+    Q_DISABLE_COPY(BusyThreads)
+
+private:
+    const int m_threads;
+};
+
+} // namespace
+
+class tst_KRConcurrent : public QObject {
+    Q_OBJECT
+
+private slots:
+    void mayUsePool_data();
+    void mayUsePool();
+    void busyPoolIsLeftAlone();
+    void resultsKeepTheOrderOfTheItems_data();
+    void resultsKeepTheOrderOfTheItems();
+    void everyItemIsVisitedOnce();
+    void jobsOfThePoolFinish_data();
+    void jobsOfThePoolFinish();
+};
+
+void tst_KRConcurrent::mayUsePool_data()
+{
+    QTest::addColumn<int>("poolSize");
+    QTest::addColumn<int>("busy");
+    QTest::addColumn<bool>("expectedElsewhere");
+    const int limit = KRConcurrent::maxRunningThreads;
+    QTest::newRow("idle pool") << limit + 2 << 0 << true;
+    QTest::newRow("one below the limit") << limit + 2 << limit - 1 << true;
+    QTest::newRow("at the limit") << limit + 2 << limit << false;
+    QTest::newRow("small pool with one thread left") << 2 << 1 << true;
+    QTest::newRow("small pool, all busy") << 2 << 2 << false;
+}
+
+void tst_KRConcurrent::mayUsePool()
+{
+    QFETCH(int, poolSize);
+    QFETCH(int, busy);
+    const PoolSize size(poolSize);
+    const BusyThreads busyThreads(busy);
+    bool elsewhere = false;
+    runInForeignThread([&] { elsewhere = KRConcurrent::mayUsePool(); });
+    QTEST(elsewhere, "expectedElsewhere");
+    QVERIFY(KRConcurrent::mayUsePool());
+}
+
+void tst_KRConcurrent::busyPoolIsLeftAlone()
+{
+    const BusyThreads busyThreads(KRConcurrent::maxRunningThreads);
+    bool allHere = true;
+    QList<int> squares;
+    runInForeignThread([&] {
+        const QThread *const caller = QThread::currentThread();
+        squares = KRConcurrent::blockingMapped(firstNumbers(20), [&](const int &number) {
+            allHere = allHere && QThread::currentThread() == caller;
+            return number * number;
+        });
+        KRConcurrent::blockingMap(firstNumbers(20),
+                                  [&](int) { allHere = allHere && QThread::currentThread() == caller; });
+    });
+    QVERIFY(allHere);
+    QCOMPARE(squares.size(), 20);
+    QCOMPARE(squares.last(), 361);
+}
+
+void tst_KRConcurrent::resultsKeepTheOrderOfTheItems_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::newRow("nothing to do") << 0;
+    QTest::newRow("one item") << 1;
+    QTest::newRow("many items") << 500;
+}
+
+void tst_KRConcurrent::resultsKeepTheOrderOfTheItems()
+{
+    QFETCH(int, count);
+    const QList<int> numbers = firstNumbers(count);
+    // The first items take longest, so that results come in against their order.
+    const std::function<QList<int>(const int &)> slowAtFirst = [](const int &number) {
+        if (number < 4)
+            QThread::msleep(10);
+        return QList<int>{number, -number};
+    };
+    QList<QList<int>> expected;
+    for (const int number : numbers)
+        expected.append({number, -number});
+    QCOMPARE(KRConcurrent::blockingMapped(numbers, slowAtFirst), expected);
+}
+
+void tst_KRConcurrent::everyItemIsVisitedOnce()
+{
+    std::vector<std::atomic<int>> visits(1000);
+    KRConcurrent::blockingMap(firstNumbers(1000), [&](int number) { ++visits[size_t(number)]; });
+    QVERIFY(std::all_of(visits.cbegin(), visits.cend(), [](const std::atomic<int> &count) { return count == 1; }));
+}
+
+void tst_KRConcurrent::jobsOfThePoolFinish_data()
+{
+    QTest::addColumn<int>("poolSize");
+    QTest::newRow("one thread") << 1;
+    QTest::newRow("two threads") << 2;
+    QTest::newRow("eight threads") << 8;
+}
+
+void tst_KRConcurrent::jobsOfThePoolFinish()
+{
+    QFETCH(int, poolSize);
+    const PoolSize size(poolSize);
+    std::atomic<int> sum{0};
+    QList<QFuture<void>> jobs;
+    for (int job = 0; job < 100; ++job) {
+        jobs.append(QtConcurrent::run([&sum] {
+            const QList<int> numbers =
+                KRConcurrent::blockingMapped(firstNumbers(4), [](const int &number) { return number; });
+            sum += std::accumulate(numbers.cbegin(), numbers.cend(), 0);
+        }));
+    }
+    for (QFuture<void> &job : jobs)
+        job.waitForFinished();
+    QCOMPARE(sum.load(), 600);
+}
+
+static const KRTestRegistration<tst_KRConcurrent> registration;
+
+#include "tst_KRConcurrent.moc"
