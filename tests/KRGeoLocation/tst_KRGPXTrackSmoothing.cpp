@@ -1,0 +1,137 @@
+#include <KRGeoLocation/KRGPXTrackSmoothing.h>
+
+#include "KRTestRegistry.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+/// Points of a parabola: none lies on the chord between two others.
+std::vector<QPointF> parabola(int count)
+{
+    std::vector<QPointF> points;
+    for (int i = 0; i < count; ++i)
+        points.emplace_back(i, double(i) * i);
+    return points;
+}
+
+std::vector<QPointF> smoothed(std::vector<QPointF> points, double weight, int steps)
+{
+    KRGPXTrackSmoothing(points.data(), int(points.size()), weight, steps).run();
+    return points;
+}
+
+QList<int> movedPoints(const std::vector<QPointF> &before, const std::vector<QPointF> &after)
+{
+    QList<int> moved;
+    for (size_t i = 0; i < before.size(); ++i) {
+        if (before[i] != after[i])
+            moved.append(int(i));
+    }
+    return moved;
+}
+
+} // namespace
+
+class tst_KRGPXTrackSmoothing : public QObject {
+    Q_OBJECT
+
+private slots:
+    void estimateFixPoints_data();
+    void estimateFixPoints();
+    void movedPoints_data();
+    void movedPoints();
+    void pullsTowardTheChord_data();
+    void pullsTowardTheChord();
+    void anchorsOfManyPoints();
+    void pointOnBothAnchors();
+};
+
+void tst_KRGPXTrackSmoothing::estimateFixPoints_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("steps");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("fewer steps than points") << 10 << 3 << 3;
+    QTest::newRow("more steps than points") << 3 << 10 << 3;
+    QTest::newRow("no steps") << 10 << 0 << 1;
+    QTest::newRow("negative steps") << 10 << -4 << 1;
+    QTest::newRow("no points") << 0 << 5 << 1;
+}
+
+void tst_KRGPXTrackSmoothing::estimateFixPoints()
+{
+    QFETCH(int, count);
+    QFETCH(int, steps);
+    QTEST(KRGPXTrackSmoothing(nullptr, 0, 1, 1).estimateFixPoints(count, steps), "expected");
+}
+
+void tst_KRGPXTrackSmoothing::movedPoints_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<double>("weight");
+    QTest::addColumn<int>("steps");
+    QTest::addColumn<QList<int>>("expected");
+    QTest::newRow("one step: all but the ends") << 10 << 0.5 << 1 << QList<int>{1, 2, 3, 4, 5, 6, 7, 8};
+    QTest::newRow("three steps: anchors at 2, 5 and 9") << 10 << 0.5 << 3 << QList<int>{1, 3, 4, 6, 7, 8};
+    QTest::newRow("half as many steps as points: anchors are the odd ones") << 8 << 0.5 << 4 << QList<int>{2, 4, 6};
+    QTest::newRow("more than half as many steps") << 10 << 0.5 << 6 << QList<int>{};
+    QTest::newRow("as many steps as points") << 10 << 0.5 << 10 << QList<int>{};
+    QTest::newRow("weight 1") << 10 << 1.0 << 1 << QList<int>{};
+    QTest::newRow("two points") << 2 << 0.0 << 1 << QList<int>{};
+    QTest::newRow("one point") << 1 << 0.0 << 1 << QList<int>{};
+    QTest::newRow("no points") << 0 << 0.0 << 1 << QList<int>{};
+}
+
+void tst_KRGPXTrackSmoothing::movedPoints()
+{
+    QFETCH(int, count);
+    QFETCH(double, weight);
+    QFETCH(int, steps);
+    QTEST(::movedPoints(parabola(count), smoothed(parabola(count), weight, steps)), "expected");
+}
+
+void tst_KRGPXTrackSmoothing::pullsTowardTheChord_data()
+{
+    QTest::addColumn<double>("weight");
+    QTest::addColumn<QPointF>("expected");
+    // (0, 4) is 4 away from (0, 0) and 5 away from (3, 0): 4/9 of the way along the chord, 4/3 to the right.
+    QTest::newRow("weight 0: onto the chord") << 0.0 << QPointF(4.0 / 3.0, 0.0);
+    QTest::newRow("a quarter of its own place") << 0.25 << QPointF(1.0, 1.0);
+    QTest::newRow("weight above 1 pushes away") << 1.5 << QPointF(-2.0 / 3.0, 6.0);
+}
+
+void tst_KRGPXTrackSmoothing::pullsTowardTheChord()
+{
+    QFETCH(double, weight);
+    QFETCH(QPointF, expected);
+    const std::vector<QPointF> points = smoothed({{0, 0}, {0, 4}, {3, 0}}, weight, 1);
+    QVERIFY(std::abs(points[1].x() - expected.x()) < 1e-12);
+    QVERIFY(std::abs(points[1].y() - expected.y()) < 1e-12);
+}
+
+void tst_KRGPXTrackSmoothing::anchorsOfManyPoints()
+{
+    // 100000 points times 50000 blocks do not fit into 32 bits: every second point stays, to the end of the line.
+    constexpr int count = 100000;
+    const std::vector<QPointF> before = parabola(count);
+    const std::vector<QPointF> after = smoothed(before, 0.5, count / 2);
+    for (size_t i = 1; i + 1 < before.size(); ++i)
+        QCOMPARE(after[i] == before[i], i % 2 == 1);
+}
+
+void tst_KRGPXTrackSmoothing::pointOnBothAnchors()
+{
+    const std::vector<QPointF> points = smoothed({{1, 1}, {1, 1}, {1, 1}}, 0.5, 1);
+    QVERIFY(std::isnan(points[1].x()));
+    QVERIFY(std::isnan(points[1].y()));
+    QCOMPARE(points[2], QPointF(1, 1));
+}
+
+static const KRTestRegistration<tst_KRGPXTrackSmoothing> registration;
+
+#include "tst_KRGPXTrackSmoothing.moc"
