@@ -9,7 +9,8 @@
 
 QDomElement KRXMLBuilder::buildRootElement(QDomDocument &document, const QString &name)
 {
-    return buildDomElement(document, name);
+    // Not through a copy of the handle: an empty document gets its data from its first element.
+    return document.appendChild(document.createElement(name)).toElement();
 }
 
 QDomElement KRXMLBuilder::buildDomElement(QDomNode &parent, const QString &name)

@@ -6,8 +6,7 @@
 
 #include <limits>
 
-class tst_KRMath : public QObject
-{
+class tst_KRMath : public QObject {
     Q_OBJECT
 
 private slots:

@@ -17,8 +17,7 @@ QDomElement element(const QByteArray &xml)
 
 } // namespace
 
-class tst_KRXMLParser : public QObject
-{
+class tst_KRXMLParser : public QObject {
     Q_OBJECT
 
 private slots:
