@@ -5,10 +5,15 @@
 
 #include <algorithm>
 
-bool KRConcurrent::mayUsePool()
+bool KRConcurrent::isMainThread()
 {
     const QCoreApplication *const application = QCoreApplication::instance();
-    if (application && application->thread() == QThread::currentThread())
+    return application && application->thread() == QThread::currentThread();
+}
+
+bool KRConcurrent::mayUsePool()
+{
+    if (isMainThread())
         return true;
     const QThreadPool *const pool = QThreadPool::globalInstance();
     // A pool smaller than the limit would never report more active threads than it has.

@@ -22,8 +22,11 @@ namespace KRConcurrent {
 /// Threads that are busy at most before a thread other than the main thread keeps its work to itself.
 static const int maxRunningThreads = QThread::idealThreadCount() * 3;
 
+/// True on the thread of the QCoreApplication; false everywhere as long as there is none.
+KRCORE_EXPORT bool isMainThread();
+
 /**
- * True on the thread of the QCoreApplication, elsewhere only while the pool has a thread to spare.
+ * True on the main thread, elsewhere only while the pool has a thread to spare.
  *
  * The caller of a blocking map waits without working. If jobs of the pool could always wait for the pool, all of
  * its threads might end up waiting for work that no thread is left to do.
