@@ -1,0 +1,139 @@
+#include <KRCore/KREnumWrapper.h>
+
+#include "KRTestRegistry.h"
+
+#include <QtConcurrent>
+#include <QtTest>
+
+#include <atomic>
+
+namespace {
+
+enum LayerEnum : int {
+    NoLayer = 0,
+    RoadLayer = 1,
+    RiverLayer = 2,
+    HiddenLayer = 4, // has no key
+    CityLayer = 8,
+};
+
+class Layer : public KREnumWrapper<LayerEnum> {
+public:
+    using KREnumWrapper::KREnumWrapper;
+    explicit Layer(const QString &keys) { setValue(enumToStringTable().decodeCSV(keys)); }
+
+    void fillTable(KREnumToStringTable<LayerEnum> *table) const override
+    {
+        ++fillings;
+        table->add(CityLayer, QStringLiteral("city"));
+        table->add(RoadLayer, QStringLiteral("road"));
+        table->add(RiverLayer, QStringLiteral("river"));
+        table->add(NoLayer, QStringLiteral("none"));
+    }
+
+    static std::atomic_int fillings;
+};
+
+std::atomic_int Layer::fillings = 0;
+
+} // namespace
+
+Q_DECLARE_METATYPE(LayerEnum)
+
+class tst_KREnumWrapper : public QObject {
+    Q_OBJECT
+
+private slots:
+    void fillsItsTableOnceForAllThreads();
+    void decode_data();
+    void decode();
+    void encode_data();
+    void encode();
+    void bits();
+    void orderIsThatOfSignedNumbers();
+};
+
+// Runs first, while the table is still empty.
+void tst_KREnumWrapper::fillsItsTableOnceForAllThreads()
+{
+    QVector<QString> texts(64, QStringLiteral("river"));
+    QtConcurrent::blockingMap(texts, [](QString &text) { text = Layer(text).keys(); });
+    QCOMPARE(texts, QVector<QString>(64, QStringLiteral("river")));
+    QCOMPARE(Layer::fillings.load(), 1);
+}
+
+void tst_KREnumWrapper::decode_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<LayerEnum>("expected");
+    QTest::newRow("one key") << QStringLiteral("river") << RiverLayer;
+    QTest::newRow("several keys are joined") << QStringLiteral("river,road") << LayerEnum(3);
+    QTest::newRow("the same key twice") << QStringLiteral("road,road") << RoadLayer;
+    QTest::newRow("unknown keys count as 0") << QStringLiteral("lake,road") << RoadLayer;
+    QTest::newRow("case matters") << QStringLiteral("Road") << NoLayer;
+    QTest::newRow("blanks are not trimmed") << QStringLiteral("river, road") << RiverLayer;
+    QTest::newRow("empty parts") << QStringLiteral(",,road,") << RoadLayer;
+    QTest::newRow("numbers are no keys") << QStringLiteral("1") << NoLayer;
+    QTest::newRow("empty") << QString() << NoLayer;
+}
+
+void tst_KREnumWrapper::decode()
+{
+    QFETCH(QString, text);
+    QTEST(Layer(text).value(), "expected");
+}
+
+void tst_KREnumWrapper::encode_data()
+{
+    QTest::addColumn<LayerEnum>("value");
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("in the order of registration")
+        << LayerEnum(11) << QStringList{QStringLiteral("city"), QStringLiteral("road"), QStringLiteral("river")};
+    QTest::newRow("a bit without key is left out") << LayerEnum(5) << QStringList{QStringLiteral("road")};
+    QTest::newRow("the key of 0 is never written") << NoLayer << QStringList();
+}
+
+void tst_KREnumWrapper::encode()
+{
+    QFETCH(LayerEnum, value);
+    QFETCH(QStringList, expected);
+    QCOMPARE(Layer().enumToStringTable().encodeAsList(value), expected);
+    QCOMPARE(Layer(value).keys(), expected.join(QLatin1Char(',')));
+}
+
+void tst_KREnumWrapper::bits()
+{
+    Layer layer;
+    QVERIFY(!layer.isValid());
+    layer.expandTo(RoadLayer);
+    layer.expandTo(Layer(CityLayer));
+    QCOMPARE(layer.value(), LayerEnum(9));
+    QVERIFY(layer.isValid());
+    layer.exclude(LayerEnum(RoadLayer | RiverLayer));
+    QCOMPARE(layer.value(), CityLayer);
+    layer |= HiddenLayer;
+    QCOMPARE(layer.reducedTo(LayerEnum(6)), HiddenLayer);
+    QCOMPARE(layer.value(), LayerEnum(12));
+    layer &= HiddenLayer;
+    QCOMPARE(layer.value(), HiddenLayer);
+    QCOMPARE(Layer(RoadLayer) | Layer(RiverLayer), LayerEnum(3));
+    QCOMPARE(Layer(LayerEnum(3)) & RiverLayer, RiverLayer);
+}
+
+void tst_KREnumWrapper::orderIsThatOfSignedNumbers()
+{
+    const Layer road(RoadLayer);
+    const Layer river(RiverLayer);
+    QVERIFY(road < river);
+    QVERIFY(!(river < road));
+    QVERIFY(river > RoadLayer);
+    QVERIFY(road <= RoadLayer);
+    QVERIFY(!(river <= road));
+    QVERIFY(Layer(LayerEnum(-1)) < road);
+    QVERIFY(road == RoadLayer);
+    QVERIFY(road != river);
+}
+
+static const KRTestRegistration<tst_KREnumWrapper> registration;
+
+#include "tst_KREnumWrapper.moc"
