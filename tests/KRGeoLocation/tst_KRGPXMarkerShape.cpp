@@ -1,0 +1,251 @@
+#include <KRGeoLocation/KRGPXMarkerShape.h>
+
+#include "KRTestRegistry.h"
+
+#include <QDomDocument>
+#include <QIcon>
+#include <QImage>
+#include <QPainter>
+#include <QtTest>
+
+#include <cmath>
+
+Q_DECLARE_METATYPE(KRGPXMarkerShapeEnum)
+
+namespace {
+
+// Markers 100 pixels wide in a picture of 120, whose middle is the marker's; the figures with a thin pen grow to 104.
+constexpr int middle = 60;
+
+QImage picture(KRGPXMarkerShapeEnum shape, const QColor &fill = Qt::red)
+{
+    return KRGPXMarkerShape(shape).createImage(QSize(100, 100), 20, Qt::black, fill);
+}
+
+} // namespace
+
+class tst_KRGPXMarkerShape : public QObject {
+    Q_OBJECT
+
+private slots:
+    void xml_data();
+    void xml();
+    void lists();
+    void pen_data();
+    void pen();
+    void drawKeepsThePainterAsItIs();
+    void figure_data();
+    void figure();
+    void star_data();
+    void star();
+    void translucentFillIsPaintedOnce_data();
+    void translucentFillIsPaintedOnce();
+    void crossHasWholeOuterAndExactInnerOffsets();
+    void image();
+    void icon();
+};
+
+void tst_KRGPXMarkerShape::xml_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("readBack");
+    QTest::newRow("disk") << 1 << QStringLiteral("disk") << 1;
+    QTest::newRow("in the order of the keys") << 136 << QStringLiteral("x,star6") << 136;
+    QTest::newRow("all keys") << 0x7DB << QStringLiteral("disk,circle,x,block,rhombus,star6,star9,star12,arrow")
+                              << 0x7DB;
+    QTest::newRow("none") << 0 << QString() << 0;
+    QTest::newRow("32 has no key and gets lost") << 32 << QString() << 0;
+    QTest::newRow("4 has no key and gets lost") << 5 << QStringLiteral("disk") << 1;
+}
+
+void tst_KRGPXMarkerShape::xml()
+{
+    QFETCH(int, value);
+    QDomDocument document;
+    QDomElement parent = document.createElement(QStringLiteral("configuration"));
+    QCOMPARE(KRGPXMarkerShape::fromXml(parent).value(), DiskMarkerShape);
+    KRGPXMarkerShape(static_cast<KRGPXMarkerShapeEnum>(value)).toXml(parent);
+    QTEST(parent.firstChildElement(QStringLiteral("markerShape")).text(), "text");
+    QTEST(static_cast<int>(KRGPXMarkerShape::fromXml(parent).value()), "readBack");
+}
+
+void tst_KRGPXMarkerShape::lists()
+{
+    QVector<int> points;
+    for (const KRGPXMarkerShape &shape : KRGPXMarkerShape::allPointShapes())
+        points.append(shape.value());
+    QCOMPARE(points, QVector<int>({1, 2, 128, 256, 512, 8, 16, 32, 64}));
+    QCOMPARE(KRGPXMarkerShape::allLineStringShapes(), QList<KRGPXMarkerShape>({NoMarkerShape, ArrowMarkerShape}));
+}
+
+void tst_KRGPXMarkerShape::pen_data()
+{
+    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("expectedWidth");
+    QTest::addColumn<bool>("cosmetic");
+    QTest::newRow("a wide pen shrinks to a fifth") << CircleMarkerShape << 12 << 2 << false;
+    QTest::newRow("10 is wide") << CircleMarkerShape << 10 << 2 << false;
+    QTest::newRow("9 is not") << CircleMarkerShape << 9 << 1 << true;
+    QTest::newRow("no marker") << NoMarkerShape << 8 << 1 << true;
+    QTest::newRow("rectangle") << RectMarkerShape << 8 << 1 << true;
+    QTest::newRow("the disk keeps its pen") << DiskMarkerShape << 12 << 12 << false;
+    QTest::newRow("the block keeps its pen") << BlockMarkerShape << 8 << 8 << false;
+    QTest::newRow("one solid bit is enough") << static_cast<KRGPXMarkerShapeEnum>(3) << 8 << 8 << false;
+}
+
+void tst_KRGPXMarkerShape::pen()
+{
+    QFETCH(KRGPXMarkerShapeEnum, shape);
+    QFETCH(int, width);
+    QImage canvas(10, 10, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&canvas);
+    painter.setPen(QPen(Qt::black, width));
+    KRGPXMarkerShape(shape).configurePainter(&painter, QRectF(0, 0, 10, 10));
+    QTEST(painter.pen().width(), "expectedWidth");
+    QTEST(painter.pen().isCosmetic(), "cosmetic");
+    QVERIFY(painter.testRenderHint(QPainter::Antialiasing));
+}
+
+void tst_KRGPXMarkerShape::drawKeepsThePainterAsItIs()
+{
+    QImage canvas(40, 40, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
+    QPainter painter(&canvas);
+    const QPen pen(Qt::black, 12);
+    painter.setPen(pen);
+    KRGPXMarkerShape(CircleMarkerShape).draw(&painter, QPointF(20, 20), 10, 5);
+    QCOMPARE(painter.pen(), pen);
+    QVERIFY(!painter.testRenderHint(QPainter::Antialiasing));
+    // Without a brush only the ring: half sizes 10 + 0.4 * 12 and 5 + 0.4 * 12, the pen 2 wide.
+    QCOMPARE(canvas.pixelColor(20, 20).alpha(), 0);
+    QVERIFY(canvas.pixelColor(20, 10).alpha() > 200);
+    QVERIFY(canvas.pixelColor(5, 20).alpha() > 200);
+    QCOMPARE(canvas.pixelColor(20, 7).alpha(), 0);
+}
+
+void tst_KRGPXMarkerShape::figure_data()
+{
+    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
+    QTest::addColumn<QPoint>("point");
+    QTest::addColumn<QColor>("expected");
+    const QColor pen = Qt::black;
+    const QColor fill = Qt::red;
+    const QColor nothing = Qt::transparent;
+    QTest::newRow("disk: middle") << DiskMarkerShape << QPoint(60, 60) << fill;
+    QTest::newRow("disk: corner") << DiskMarkerShape << QPoint(18, 18) << nothing;
+    QTest::newRow("disk: wide pen") << DiskMarkerShape << QPoint(11, 60) << pen;
+    QTest::newRow("circle: thin pen") << CircleMarkerShape << QPoint(11, 60) << fill;
+    QTest::newRow("circle: corner") << CircleMarkerShape << QPoint(18, 18) << nothing;
+    QTest::newRow("none: as the circle") << NoMarkerShape << QPoint(11, 60) << fill;
+    QTest::newRow("4: as the circle") << EllipseMarkerShape << QPoint(18, 18) << nothing;
+    QTest::newRow("arrow: as the circle") << ArrowMarkerShape << QPoint(18, 18) << nothing;
+    QTest::newRow("two bits: ellipse") << static_cast<KRGPXMarkerShapeEnum>(136) << QPoint(18, 18) << nothing;
+    QTest::newRow("block: corner") << BlockMarkerShape << QPoint(14, 14) << fill;
+    QTest::newRow("block: wide pen") << BlockMarkerShape << QPoint(11, 60) << pen;
+    QTest::newRow("32: corner") << RectMarkerShape << QPoint(11, 11) << fill;
+    QTest::newRow("rhombus: corner") << RhombusMarkerShape << QPoint(30, 30) << nothing;
+    QTest::newRow("rhombus: top") << RhombusMarkerShape << QPoint(60, 14) << fill;
+    QTest::newRow("x: middle") << XMarkerShape << QPoint(60, 60) << fill;
+    QTest::newRow("x: bar") << XMarkerShape << QPoint(26, 26) << fill;
+    QTest::newRow("x: the ends of the bars are cut") << XMarkerShape << QPoint(14, 14) << nothing;
+    QTest::newRow("x: notch above") << XMarkerShape << QPoint(60, 30) << nothing;
+    QTest::newRow("x: notch on the right") << XMarkerShape << QPoint(90, 60) << nothing;
+}
+
+void tst_KRGPXMarkerShape::figure()
+{
+    QFETCH(KRGPXMarkerShapeEnum, shape);
+    QFETCH(QPoint, point);
+    QFETCH(QColor, expected);
+    QCOMPARE(picture(shape).pixelColor(point).rgba(), expected.rgba());
+}
+
+void tst_KRGPXMarkerShape::star_data()
+{
+    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
+    QTest::addColumn<int>("points");
+    QTest::addColumn<double>("innerRatio");
+    QTest::newRow("6") << Star6MarkerShape << 6 << 0.5;
+    QTest::newRow("9") << Star9MarkerShape << 9 << 0.3;
+    QTest::newRow("12") << Star12MarkerShape << 12 << 0.7;
+}
+
+void tst_KRGPXMarkerShape::star()
+{
+    QFETCH(KRGPXMarkerShapeEnum, shape);
+    QFETCH(int, points);
+    QFETCH(double, innerRatio);
+    const QImage image = picture(shape);
+    // Counted from straight below the centre; the corner there is an inner one.
+    const auto alphaAt = [&](double turn, double ratio) {
+        const double angle = turn * 2.0 * M_PI;
+        return image
+            .pixelColor(qRound(middle + std::sin(angle) * ratio * 52), qRound(middle + std::cos(angle) * ratio * 52))
+            .alpha();
+    };
+    for (int corner = 0; corner < points; ++corner) {
+        const double innerTurn = double(corner) / points;
+        const double outerTurn = (corner + 0.5) / points;
+        QCOMPARE(alphaAt(innerTurn, innerRatio - 0.1), 255);
+        QCOMPARE(alphaAt(innerTurn, innerRatio + 0.15), 0);
+        QCOMPARE(alphaAt(outerTurn, 0.8), 255);
+        QCOMPARE(alphaAt(outerTurn, 1.06), 0);
+    }
+}
+
+void tst_KRGPXMarkerShape::translucentFillIsPaintedOnce_data()
+{
+    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
+    QTest::newRow("disk") << DiskMarkerShape;
+    QTest::newRow("x") << XMarkerShape;
+    QTest::newRow("block") << BlockMarkerShape;
+    QTest::newRow("rhombus") << RhombusMarkerShape;
+    QTest::newRow("star: also where its outline runs round twice") << Star9MarkerShape;
+}
+
+void tst_KRGPXMarkerShape::translucentFillIsPaintedOnce()
+{
+    QFETCH(KRGPXMarkerShapeEnum, shape);
+    QCOMPARE(picture(shape, QColor(255, 0, 0, 128)).pixelColor(middle, middle).alpha(), 128);
+}
+
+void tst_KRGPXMarkerShape::crossHasWholeOuterAndExactInnerOffsets()
+{
+    // 24 pixels wide: the bars end at 4, the inner corners lie 4.8 from the middle.
+    QImage canvas(240, 240, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
+    QPainter painter(&canvas);
+    painter.scale(10, 10);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::red);
+    KRGPXMarkerShape(XMarkerShape).drawX(&painter, QRectF(0, 0, 24, 24));
+    QVERIFY(canvas.pixelColor(42, 2).alpha() == 255);
+    QVERIFY(canvas.pixelColor(36, 2).alpha() == 0);
+    QVERIFY(canvas.pixelColor(74, 120).alpha() == 255);
+    QVERIFY(canvas.pixelColor(70, 120).alpha() == 0);
+}
+
+void tst_KRGPXMarkerShape::image()
+{
+    const KRGPXMarkerShape disk(DiskMarkerShape);
+    const QImage image = disk.createImage(QSize(21, 11), 7, Qt::black, Qt::red);
+    QCOMPARE(image.size(), QSize(28, 18));
+    QCOMPARE(image.format(), QImage::Format_ARGB32_Premultiplied);
+    QCOMPARE(image.pixelColor(14, 9), QColor(Qt::red));
+    QVERIFY(disk.createImage(QSize(0, 0), 0, Qt::black, Qt::red).isNull());
+}
+
+void tst_KRGPXMarkerShape::icon()
+{
+    QVERIFY(KRGPXMarkerShape(ArrowMarkerShape).createIcon(Qt::black, Qt::red).isNull());
+    QVERIFY(KRGPXMarkerShape(NoMarkerShape).createIcon(Qt::black, Qt::red).isNull());
+    const QIcon icon = KRGPXMarkerShape(RectMarkerShape).createIcon(Qt::black, Qt::red);
+    QCOMPARE(icon.availableSizes(), QList<QSize>{QSize(32, 32)});
+    QCOMPARE(icon.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::red));
+}
+
+static const KRTestRegistration<tst_KRGPXMarkerShape> registration;
+
+#include "tst_KRGPXMarkerShape.moc"
