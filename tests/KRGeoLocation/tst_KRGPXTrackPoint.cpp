@@ -1,0 +1,242 @@
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+
+#include "KRTestRegistry.h"
+
+#include <QDomDocument>
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+const QDateTime noon(QDate(2024, 5, 1), QTime(12, 0), Qt::UTC);
+
+QDomElement element(const QByteArray &xml)
+{
+    QDomDocument document;
+    document.setContent(xml);
+    return document.documentElement();
+}
+
+/// Degrees without the tolerance that comparing positions has.
+bool liesExactlyAt(const KRGPXTrackPoint &point, double latitude, double longitude)
+{
+    return point.position().latitude().decimalDegrees() == latitude
+           && point.position().longitude().decimalDegrees() == longitude;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(KRGPXTrackPoint)
+
+class tst_KRGPXTrackPoint : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void readCoordinates_data();
+    void readCoordinates();
+    void readElevation_data();
+    void readElevation();
+    void readTheRest();
+    void writeXml_data();
+    void writeXml();
+    void toKml_data();
+    void toKml();
+    void decodeKml_data();
+    void decodeKml();
+    void timesGrowWithEverySave();
+    void equality();
+    void asElement();
+};
+
+void tst_KRGPXTrackPoint::readCoordinates_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<double>("latitude");
+    QTest::addColumn<double>("longitude");
+    QTest::newRow("both") << QByteArray("<trkpt lat=\"53.14\" lon=\"-8.21\"/>") << 53.14 << -8.21;
+    QTest::newRow("none") << QByteArray("<trkpt/>") << 1.0 << 1.0;
+    QTest::newRow("no longitude") << QByteArray("<trkpt lat=\"53.14\"/>") << 53.14 << 1.0;
+    QTest::newRow("decimal comma") << QByteArray("<trkpt lat=\"53,14\" lon=\"8\"/>") << 1.0 << 8.0;
+    QTest::newRow("any number is taken") << QByteArray("<trkpt lat=\"1e3\" lon=\" -700 \"/>") << 1000.0 << -700.0;
+}
+
+void tst_KRGPXTrackPoint::readCoordinates()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(double, latitude);
+    QFETCH(double, longitude);
+    QVERIFY(liesExactlyAt(KRGPXTrackPoint(element(xml)), latitude, longitude));
+}
+
+void tst_KRGPXTrackPoint::readElevation_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("cut") << QByteArray("12.9") << 12;
+    QTest::newRow("cut toward zero") << QByteArray("-3.7") << -3;
+    QTest::newRow("no number") << QByteArray("high") << 0;
+    QTest::newRow("not a number") << QByteArray("nan") << 0;
+    QTest::newRow("too high for an int") << QByteArray("1e20") << std::numeric_limits<int>::max();
+}
+
+void tst_KRGPXTrackPoint::readElevation()
+{
+    QFETCH(QByteArray, text);
+    QTEST(KRGPXTrackPoint(element("<trkpt><ele>" + text + "</ele></trkpt>")).elevation(), "expected");
+}
+
+void tst_KRGPXTrackPoint::readTheRest()
+{
+    const KRGPXTrackPoint full(element("<trkpt lat=\"1\" lon=\"2\"><time> 2024-05-01T14:00:00.5+02:00\n</time>"
+                                       "<desc>first</desc><desc>second</desc></trkpt>"));
+    QCOMPARE(full.timeStamp(), noon.addMSecs(500));
+    QCOMPARE(full.description(), QStringLiteral("first"));
+
+    const KRGPXTrackPoint bare(element("<trkpt><x><time>2024-05-01T12:00:00Z</time></x></trkpt>"));
+    QVERIFY(!bare.timeStamp().isValid());
+    QCOMPARE(bare.elevation(), 0);
+    QVERIFY(bare.description().isEmpty());
+}
+
+void tst_KRGPXTrackPoint::writeXml_data()
+{
+    QTest::addColumn<KRGPXTrackPoint>("point");
+    QTest::addColumn<QString>("latitude");
+    QTest::addColumn<QString>("longitude");
+    QTest::addColumn<QString>("children");
+    const KRGeoPosition position(53.14117999999999, -8.25);
+    QTest::newRow("position only") << KRGPXTrackPoint(position, 0, QDateTime(), QString()) << QStringLiteral("53.14118")
+                                   << QStringLiteral("-8.25") << QString();
+    QTest::newRow("everything") << KRGPXTrackPoint(position, -3, noon, QStringLiteral("a < b"))
+                                << QStringLiteral("53.14118") << QStringLiteral("-8.25")
+                                << QStringLiteral("ele=-3;time=2024-05-01T12:00:00Z;desc=a < b;");
+    QTest::newRow("ten significant digits")
+        << KRGPXTrackPoint(KRGeoPosition(123.45678901234, 1e-12), 0, noon, {}) << QStringLiteral("123.456789")
+        << QStringLiteral("1e-12") << QStringLiteral("time=2024-05-01T12:00:00Z;");
+}
+
+void tst_KRGPXTrackPoint::writeXml()
+{
+    QFETCH(KRGPXTrackPoint, point);
+    QDomElement trkseg = element("<trkseg/>");
+    point.toXml(trkseg);
+    QCOMPARE(trkseg.childNodes().size(), 1);
+    const QDomElement trkpt = trkseg.firstChildElement(QStringLiteral("trkpt"));
+    QTEST(trkpt.attribute(QStringLiteral("lat")), "latitude");
+    QTEST(trkpt.attribute(QStringLiteral("lon")), "longitude");
+    QString children;
+    for (QDomElement child = trkpt.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
+        children += child.tagName() + QLatin1Char('=') + child.text() + QLatin1Char(';');
+    QTEST(children, "children");
+    QCOMPARE(KRGPXTrackPoint(trkpt), point);
+}
+
+void tst_KRGPXTrackPoint::toKml_data()
+{
+    QTest::addColumn<KRGPXTrackPoint>("point");
+    QTest::addColumn<QString>("expected");
+    const KRGeoPosition position(53.0, 8.25);
+    const QString description = QStringLiteral("lost");
+    QTest::newRow("the point stays behind whole degrees")
+        << KRGPXTrackPoint(position, 0, QDateTime(), description) << QStringLiteral("8.25,53.");
+    QTest::newRow("elevation") << KRGPXTrackPoint(position, -12, QDateTime(), description)
+                               << QStringLiteral("8.25,53.,-12");
+    QTest::newRow("time without elevation")
+        << KRGPXTrackPoint(position, 0, noon, description) << QStringLiteral("8.25,53.,0,1714564800000");
+    QTest::newRow("ten decimals") << KRGPXTrackPoint(KRGeoPosition(0.0, -0.123456789012), 0, QDateTime(), {})
+                                  << QStringLiteral("-0.123456789,0.");
+    QTest::newRow("hundreds keep their zeroes")
+        << KRGPXTrackPoint(KRGeoPosition(10.0, 100.0), 0, QDateTime(), {}) << QStringLiteral("100.,10.");
+}
+
+void tst_KRGPXTrackPoint::toKml()
+{
+    QFETCH(KRGPXTrackPoint, point);
+    QTEST(point.toKml(), "expected");
+}
+
+void tst_KRGPXTrackPoint::decodeKml_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("latitude");
+    QTest::addColumn<double>("longitude");
+    QTest::addColumn<int>("elevation");
+    QTest::addColumn<QDateTime>("timeStamp");
+    const QDateTime none;
+    const QDateTime epoch = QDateTime::fromSecsSinceEpoch(0);
+    QTest::newRow("longitude first") << QStringLiteral("8.25,53.") << 53.0 << 8.25 << 0 << none;
+    QTest::newRow("seven decimals") << QStringLiteral("8.99999999,53.12345678") << 53.1234567 << 8.9999999 << 0 << none;
+    QTest::newRow("elevation, no time") << QStringLiteral("8,53,12") << 53.0 << 8.0 << 12 << none;
+    QTest::newRow("elevation is an int") << QStringLiteral("8,53,12.5") << 53.0 << 8.0 << 0 << none;
+    QTest::newRow("seconds") << QStringLiteral("8,53,-1,1714564800") << 53.0 << 8.0 << -1 << noon;
+    QTest::newRow("empty time field is the epoch") << QStringLiteral("8,53,0,") << 53.0 << 8.0 << 0 << epoch;
+    QTest::newRow("unreadable time field too") << QStringLiteral("8,53,,now,x") << 53.0 << 8.0 << 0 << epoch;
+    QTest::newRow("more seconds than milliseconds fit")
+        << QStringLiteral("8,53,0,9223372036854775807") << 53.0 << 8.0 << 0 << none;
+    QTest::newRow("longitude only") << QStringLiteral("8") << 0.0 << 8.0 << 0 << none;
+    QTest::newRow("nothing") << QString() << 0.0 << 0.0 << 0 << none;
+}
+
+void tst_KRGPXTrackPoint::decodeKml()
+{
+    QFETCH(QString, text);
+    QFETCH(double, latitude);
+    QFETCH(double, longitude);
+    const KRGPXTrackPoint point = KRGPXTrackPoint::decodeKml(text);
+    QVERIFY(liesExactlyAt(point, latitude, longitude));
+    QTEST(point.elevation(), "elevation");
+    QTEST(point.timeStamp(), "timeStamp");
+    QVERIFY(point.description().isEmpty());
+}
+
+void tst_KRGPXTrackPoint::timesGrowWithEverySave()
+{
+    const KRGPXTrackPoint original(KRGeoPosition(53.0, 8.0), 0, noon, QString());
+    const KRGPXTrackPoint again = KRGPXTrackPoint::decodeKml(original.toKml());
+    QCOMPARE(again.timeStamp().toSecsSinceEpoch(), noon.toMSecsSinceEpoch());
+    QCOMPARE(again.timeStamp().timeSpec(), Qt::LocalTime);
+    // The third time there are more milliseconds than 64 bits hold.
+    const KRGPXTrackPoint third = KRGPXTrackPoint::decodeKml(KRGPXTrackPoint::decodeKml(again.toKml()).toKml());
+    QVERIFY(!third.timeStamp().isValid());
+}
+
+void tst_KRGPXTrackPoint::equality()
+{
+    const KRGeoPosition position(53.0, 8.0);
+    const QString description = QStringLiteral("here");
+    const KRGPXTrackPoint point(position, 5, noon, description);
+    QCOMPARE(point, KRGPXTrackPoint(KRGeoPosition(53.0000005, 8.0), 5, noon, description));
+    QVERIFY(point != KRGPXTrackPoint(KRGeoPosition(53.1, 8.0), 5, noon, description));
+    QVERIFY(point != KRGPXTrackPoint(position, 6, noon, description));
+    QVERIFY(point != KRGPXTrackPoint(position, 5, QDateTime(), description));
+    QVERIFY(point != KRGPXTrackPoint(position, 5, noon, QString()));
+
+    // Not a number equals nothing, so only a copy, which shares its fields, can be equal.
+    const KRGPXTrackPoint nowhere(KRGeoPosition(std::nan(""), 8.0), 0, noon, QString());
+    const KRGPXTrackPoint copy = nowhere;
+    QCOMPARE(copy, nowhere);
+    QVERIFY(nowhere != KRGPXTrackPoint(KRGeoPosition(std::nan(""), 8.0), 0, noon, QString()));
+}
+
+void tst_KRGPXTrackPoint::asElement()
+{
+    const KRGPXTrackPoint nullPoint;
+    QVERIFY(nullPoint.isNull());
+    QVERIFY(liesExactlyAt(nullPoint, 0.0, 0.0));
+    QVERIFY(nullPoint.isSinglePoint());
+    QCOMPARE(nullPoint.allTimeStamps(), QList<QDateTime>{QDateTime()});
+
+    const KRGPXTrackPoint point(KRGeoPosition(0.0, 1e-7), 5, noon, QString());
+    QVERIFY(!point.isNull());
+    QCOMPARE(point.chunkedPoints(), QList<KRGeoPositionList>{point.allPoints()});
+    QCOMPARE(point.allPoints(), KRGeoPositionList{point.position()});
+    QCOMPARE(point.firstPoint(), point.lastPoint());
+    QCOMPARE(point.allTimeStamps(), QList<QDateTime>{noon});
+}
+
+static const KRTestRegistration<tst_KRGPXTrackPoint> registration;
+
+#include "tst_KRGPXTrackPoint.moc"
