@@ -1,0 +1,130 @@
+#include "KRGPXTrackSegment.h"
+
+#include "KRGPXVocabulary.h"
+
+#include <KRCore/KRConcurrent.h>
+#include <KRCore/KRIntRange.h>
+#include <KRXML/KRXMLBuilder.h>
+
+#include <QDomElement>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+/// The white space of ASCII alone: a no-break space belongs to the number next to it.
+bool isSeparator(QChar character)
+{
+    const ushort unicode = character.unicode();
+    return unicode == ' ' || (unicode >= '\t' && unicode <= '\r');
+}
+
+} // namespace
+
+KRGPXTrackSegment::KRGPXTrackSegment(const QList<KRGPXTrackPoint> &points) : m_trackPoints(points) { }
+
+KRGPXTrackSegment::KRGPXTrackSegment(const KRGPXTrackPoint &point) : m_trackPoints({point}) { }
+
+KRGPXTrackSegment::KRGPXTrackSegment(const QDomElement &trkseg)
+{
+    for (QDomElement child = trkseg.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        if (child.tagName() == KRGPXVocabulary::compressedPointsElement)
+            appendCompressed(child.text());
+        else if (child.tagName() == KRGPXVocabulary::pointElement)
+            m_trackPoints.append(KRGPXTrackPoint(child));
+    }
+}
+
+QList<KRGPXTrackPoint> KRGPXTrackSegment::decodeTrackPoints(const QString &text)
+{
+    QList<KRGPXTrackPoint> points;
+    auto end = text.cbegin();
+    while (end != text.cend()) {
+        const auto begin = std::find_if_not(end, text.cend(), isSeparator);
+        end = std::find_if(begin, text.cend(), isSeparator);
+        const KRGPXTrackPoint point =
+            KRGPXTrackPoint::decodeKml(text.midRef(int(begin - text.cbegin()), int(end - begin)));
+        if (!point.isNull())
+            points.append(point);
+    }
+    return points;
+}
+
+KRGPXTrackSegment KRGPXTrackSegment::decodeKml(const QString &text)
+{
+    return KRGPXTrackSegment(decodeTrackPoints(text));
+}
+
+KRGeoPositionList KRGPXTrackSegment::allPoints() const
+{
+    return collectBlock(KRIntRange(0, count() - 1));
+}
+
+QList<KRGeoPositionList> KRGPXTrackSegment::chunkedPoints() const
+{
+    const KRIntRange range(0, count() - 1);
+    if (!weAreaRunningInMainThread())
+        return {collectBlock(range)};
+    return KRConcurrent::blockingMapped(range.splitEvenlyForCpuCores(),
+                                        [this](const KRIntRange &part) { return collectBlock(part); });
+}
+
+KRGeoPosition KRGPXTrackSegment::firstPoint() const
+{
+    return isValid() ? m_trackPoints.first().position() : KRGPXTrackPoint().position();
+}
+
+KRGeoPosition KRGPXTrackSegment::lastPoint() const
+{
+    return isValid() ? m_trackPoints.last().position() : KRGeoPosition();
+}
+
+QList<QDateTime> KRGPXTrackSegment::allTimeStamps() const
+{
+    QList<QDateTime> timeStamps;
+    timeStamps.reserve(count());
+    for (const KRGPXTrackPoint &point : m_trackPoints)
+        timeStamps.append(point.timeStamp());
+    return timeStamps;
+}
+
+bool KRGPXTrackSegment::weAreaRunningInMainThread() const
+{
+    return KRConcurrent::isMainThread();
+}
+
+KRGeoPositionList KRGPXTrackSegment::collectBlock(const KRIntRange &range) const
+{
+    KRGeoPositionList positions;
+    positions.reserve(range.lastIndexEvenIfUnvalid() - range.minimum());
+    for (int i = range.minimum(); i < range.lastIndexEvenIfUnvalid(); ++i)
+        positions.append(m_trackPoints.at(i).position());
+    return positions;
+}
+
+void KRGPXTrackSegment::append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
+                               const QString &description)
+{
+    m_trackPoints.append(KRGPXTrackPoint(KRGeoPosition(latitude, longitude), elevation, timeStamp, description));
+}
+
+void KRGPXTrackSegment::appendCompressed(const QString &text)
+{
+    m_trackPoints += decodeTrackPoints(text);
+}
+
+QString KRGPXTrackSegment::toKml() const
+{
+    QStringList texts;
+    texts.reserve(count());
+    for (const KRGPXTrackPoint &point : m_trackPoints)
+        texts.append(point.toKml());
+    return texts.join(QLatin1Char('\n'));
+}
+
+void KRGPXTrackSegment::toXml(QDomElement &parent) const
+{
+    QDomElement trkseg = KRXMLBuilder::buildDomElement(parent, KRGPXVocabulary::segmentElement);
+    KRXMLBuilder::buildDomElement(trkseg, KRGPXVocabulary::compressedPointsElement, toKml());
+}

@@ -1,0 +1,229 @@
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+
+#include "KRTestRegistry.h"
+
+#include <KRCore/KRIntRange.h>
+
+#include <QDomDocument>
+#include <QThread>
+#include <QtTest>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace {
+
+const QDateTime noon(QDate(2024, 5, 1), QTime(12, 0), Qt::UTC);
+
+QDomElement element(const QByteArray &xml)
+{
+    QDomDocument document;
+    document.setContent(xml);
+    return document.documentElement();
+}
+
+/// Points that all differ, from the equator northwards.
+KRGPXTrackSegment segmentOf(int count)
+{
+    QList<KRGPXTrackPoint> points;
+    for (int i = 0; i < count; ++i)
+        points.append(KRGPXTrackPoint(KRGeoPosition(i * 0.001, 8.0), i, noon.addSecs(i), QString::number(i)));
+    return KRGPXTrackSegment(points);
+}
+
+QString positionsOf(const KRGPXTrackSegment &segment)
+{
+    return segment.toKml().replace(QLatin1Char('\n'), QLatin1Char(' '));
+}
+
+} // namespace
+
+class tst_KRGPXTrackSegment : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void read_data();
+    void read();
+    void decodeTrackPoints_data();
+    void decodeTrackPoints();
+    void writeAndReadBack();
+    void chunksOnTheMainThread_data();
+    void chunksOnTheMainThread();
+    void chunksOnAnotherThread();
+    void collectBlock();
+    void emptySegment();
+    void timeStamps();
+    void appending();
+    void equality();
+};
+
+void tst_KRGPXTrackSegment::read_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("both forms mixed, in document order")
+        << QByteArray("<trkseg><compressedPoints>8,53</compressedPoints><trkpt lat=\"54\" lon=\"9\"/>"
+                      "<trkpt lat=\"55\" lon=\"10\"/><compressedPoints>11,56 12,57</compressedPoints></trkseg>")
+        << QStringLiteral("8.,53. 9.,54. 10.,55. 11.,56. 12.,57.");
+    QTest::newRow("null points stay where GPX names them")
+        << QByteArray("<trkseg><trkpt lat=\"0\" lon=\"0\"/><compressedPoints>0,0 1,1</compressedPoints></trkseg>")
+        << QStringLiteral("0.,0. 1.,1.");
+    QTest::newRow("other children and deeper points are ignored")
+        << QByteArray("<trkseg><wpt lat=\"1\" lon=\"1\"/><extensions><trkpt lat=\"2\" lon=\"2\"/></extensions>"
+                      "<gpx:trkpt lat=\"3\" lon=\"3\"/></trkseg>")
+        << QString();
+}
+
+void tst_KRGPXTrackSegment::read()
+{
+    QFETCH(QByteArray, xml);
+    QTEST(positionsOf(KRGPXTrackSegment(element(xml))), "expected");
+}
+
+void tst_KRGPXTrackSegment::decodeTrackPoints_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("white space around and between") << QStringLiteral("\n 8.2,53.1\n\t 9.5,53.6,12,1700000000 \n")
+                                                    << QStringLiteral("8.2,53.1 9.5,53.6,12,1700000000000");
+    QTest::newRow("no-break spaces separate nothing")
+        << QStringLiteral("8,53\u00a0 9,54") << QStringLiteral("8.,53. 9.,54.");
+    QTest::newRow("a blank behind the comma makes two points")
+        << QStringLiteral("8, 53") << QStringLiteral("8.,0. 53.,0.");
+    QTest::newRow("null points vanish") << QStringLiteral("0,0 x 0,0,100 , 1e-9,0 0,0.1")
+                                        << QStringLiteral("0.000000001,0. 0.,0.1");
+    QTest::newRow("blanks only") << QStringLiteral(" \r\n\v\f") << QString();
+}
+
+void tst_KRGPXTrackSegment::decodeTrackPoints()
+{
+    QFETCH(QString, text);
+    QTEST(positionsOf(KRGPXTrackSegment::decodeKml(text)), "expected");
+    QCOMPARE(KRGPXTrackSegment(KRGPXTrackSegment::decodeTrackPoints(text)), KRGPXTrackSegment::decodeKml(text));
+}
+
+void tst_KRGPXTrackSegment::writeAndReadBack()
+{
+    QDomElement trk = element("<trk/>");
+    const KRGPXTrackSegment segment(QList<KRGPXTrackPoint>{
+        KRGPXTrackPoint(KRGeoPosition(53.12345678, -8.5), -4, QDateTime(), QStringLiteral("lost")),
+        KRGPXTrackPoint(KRGeoPosition(53.2, 8.6), 0, QDateTime(), QString())});
+    segment.toXml(trk);
+    const QDomElement trkseg = trk.firstChildElement();
+    QCOMPARE(trkseg.tagName(), QStringLiteral("trkseg"));
+    QCOMPARE(trkseg.childNodes().size(), 1);
+    QCOMPARE(trkseg.firstChildElement(QStringLiteral("compressedPoints")).text(),
+             QStringLiteral("-8.5,53.12345678,-4\n8.6,53.2"));
+
+    const KRGPXTrackSegment again(trkseg);
+    QCOMPARE(again.allPoints(), segment.allPoints());
+    QCOMPARE(again.trackPoints().first().elevation(), -4);
+    QVERIFY(again.trackPoints().first().description().isEmpty());
+    // Seven decimals come back, although ten are written.
+    QCOMPARE(again.firstPoint().latitude().decimalDegrees(), 53.1234567);
+}
+
+void tst_KRGPXTrackSegment::chunksOnTheMainThread_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::newRow("no point, no chunk") << 0;
+    QTest::newRow("one point") << 1;
+    QTest::newRow("fewer points than cores or not") << 3;
+    QTest::newRow("many points") << 10001;
+}
+
+void tst_KRGPXTrackSegment::chunksOnTheMainThread()
+{
+    QFETCH(int, count);
+    const KRGPXTrackSegment segment = segmentOf(count);
+    QVERIFY(segment.weAreaRunningInMainThread());
+    const QList<KRGeoPositionList> chunks = segment.chunkedPoints();
+    QCOMPARE(chunks.size(), std::min(count, QThread::idealThreadCount()));
+    KRGeoPositionList joined;
+    for (const KRGeoPositionList &chunk : chunks) {
+        QVERIFY(!chunk.isEmpty());
+        joined += chunk;
+    }
+    QCOMPARE(joined, segment.allPoints());
+    QCOMPARE(joined.size(), count);
+}
+
+void tst_KRGPXTrackSegment::chunksOnAnotherThread()
+{
+    const KRGPXTrackSegment segment = segmentOf(100);
+    bool isMainThread = true;
+    QList<KRGeoPositionList> chunks;
+    QList<KRGeoPositionList> chunksOfNothing;
+    const std::unique_ptr<QThread> thread(QThread::create([&] {
+        isMainThread = segment.weAreaRunningInMainThread();
+        chunks = segment.chunkedPoints();
+        chunksOfNothing = KRGPXTrackSegment().chunkedPoints();
+    }));
+    thread->start();
+    thread->wait();
+    QVERIFY(!isMainThread);
+    QCOMPARE(chunks, QList<KRGeoPositionList>{segment.allPoints()});
+    QCOMPARE(chunksOfNothing, QList<KRGeoPositionList>{KRGeoPositionList()});
+}
+
+void tst_KRGPXTrackSegment::collectBlock()
+{
+    const KRGPXTrackSegment segment = segmentOf(10);
+    QCOMPARE(segment.collectBlock(KRIntRange(3, 5)), segment.allPoints().mid(3, 3));
+    QVERIFY(segment.collectBlock(KRIntRange(3, 2)).isEmpty());
+}
+
+void tst_KRGPXTrackSegment::emptySegment()
+{
+    const KRGPXTrackSegment empty;
+    QVERIFY(!empty.isValid());
+    QVERIFY(!empty.isSinglePoint());
+    QVERIFY(empty.allPoints().isEmpty());
+    QVERIFY(empty.allTimeStamps().isEmpty());
+    QCOMPARE(empty.firstPoint(), KRGeoPosition::null());
+    QCOMPARE(empty.lastPoint(), KRGeoPosition());
+
+    QDomElement trk = element("<trk/>");
+    empty.toXml(trk);
+    const QDomElement trkseg = trk.firstChildElement(QStringLiteral("trkseg"));
+    QVERIFY(!trkseg.firstChildElement(QStringLiteral("compressedPoints")).isNull());
+    QVERIFY(!KRGPXTrackSegment(trkseg).isValid());
+}
+
+void tst_KRGPXTrackSegment::timeStamps()
+{
+    const KRGPXTrackSegment segment(
+        element("<trkseg><trkpt><time>2024-05-01T12:00:00Z</time></trkpt><trkpt/></trkseg>"));
+    QCOMPARE(segment.allTimeStamps(), (QList<QDateTime>{noon, QDateTime()}));
+}
+
+void tst_KRGPXTrackSegment::appending()
+{
+    KRGPXTrackSegment segment(KRGPXTrackPoint(KRGeoPosition(53.0, 8.0), 0, QDateTime(), QString()));
+    QVERIFY(segment.isSinglePoint());
+    const KRGPXTrackSegment copy = segment;
+    segment.append(54.0, 9.0, 12, noon, QStringLiteral("here"));
+    segment.appendCompressed(QStringLiteral("10,55"));
+    QCOMPARE(positionsOf(segment), QStringLiteral("8.,53. 9.,54.,12,1714564800000 10.,55."));
+    QCOMPARE(segment.trackPoints().at(1).description(), QStringLiteral("here"));
+    QCOMPARE(copy.count(), 1);
+}
+
+void tst_KRGPXTrackSegment::equality()
+{
+    QCOMPARE(segmentOf(3), segmentOf(3));
+    QVERIFY(segmentOf(3) != segmentOf(4));
+    QVERIFY(segmentOf(0) == KRGPXTrackSegment());
+
+    // Not a number equals nothing, so only a copy, which shares its points, can be equal.
+    KRGPXTrackSegment nowhere;
+    nowhere.append(std::nan(""), 8.0, 0, noon, QString());
+    const KRGPXTrackSegment copy = nowhere;
+    QVERIFY(copy == nowhere);
+}
+
+static const KRTestRegistration<tst_KRGPXTrackSegment> registration;
+
+#include "tst_KRGPXTrackSegment.moc"
