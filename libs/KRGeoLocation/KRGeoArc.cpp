@@ -155,6 +155,7 @@ double KRGeoArc::foldedInto(double decimalDegrees, double limit)
 
 QString KRGeoArc::fillPattern(const QString &pattern) const
 {
+    // Intended: the seconds are rounded for themselves, so that 8.2 degrees read 8° 11′ 60″.
     return pattern.arg(QString::number(qAbs(qint64(degree()))), QString::number(qAbs(minute())),
                        QString::number(std::abs(second())));
 }

@@ -45,6 +45,7 @@ KRLongitudeRange KRLongitudeList::effectiveRange() const
     const KRLongitudeList eastern = onlyEasternHemisphere();
     if (western.isEmpty() || eastern.isEmpty())
         return naiveRange();
+    // Intended: -180 is an eastern longitude and the smallest of all; longitudes next to 180 are then left out.
     if (eastern.average().absDistance(western.average()) > 180.0)
         return KRLongitudeRange(eastern.westernBound(), western.easternBound());
     return naiveRange();

@@ -19,6 +19,7 @@ QString eastKey()
 
 KRLongitudeRange KRLongitudeRange::spawn(const KRLongitude &a, const KRLongitude &b)
 {
+    // Intended: where both ways round are equally long, b becomes the west.
     return a.isWestOf(b) ? KRLongitudeRange(a, b) : KRLongitudeRange(b, a);
 }
 
@@ -72,6 +73,7 @@ bool KRLongitudeRange::intersects(const KRRange<KRLongitude> & /*other*/) const
 
 void KRLongitudeRange::expandTo(const KRLongitude &value)
 {
+    // Intended: a range that does not cross the date line never starts to.
     if (!crossesDateLine()) {
         KRRange<KRLongitude>::expandTo(value);
     } else if (!contains(value)) {

@@ -1,0 +1,237 @@
+#include <KRGeoLocation/KRGeoArc.h>
+
+#include "KRTestRegistry.h"
+
+#include <QDebug>
+#include <QUrlQuery>
+#include <QtTest>
+
+#include <limits>
+
+Q_DECLARE_METATYPE(KRGeoArc)
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+bool isNear(double value, double expected)
+{
+    return std::abs(value - expected) < 1e-9;
+}
+
+} // namespace
+
+class tst_KRGeoArc : public QObject {
+    Q_OBJECT
+
+private slots:
+    void fromString_data();
+    void fromString();
+    void southernZeroHasNoSign();
+    void parts_data();
+    void parts();
+    void partsOfHugeAngles();
+    void setDegree();
+    void setterTellsChange();
+    void radians();
+    void comparison();
+    void isValid_data();
+    void isValid();
+    void arithmetic();
+    void variants();
+    void exifRational_data();
+    void exifRational();
+    void urlQuery();
+    void debugStream();
+};
+
+void tst_KRGeoArc::fromString_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("expected");
+    const double angle = 53.0 + 8.0 / 60.0 + 12.5 / 3600.0;
+    QTest::newRow("plain") << QStringLiteral("53,8,12.5") << angle;
+    QTest::newRow("south") << QStringLiteral("53,8,12.5S") << -angle;
+    QTest::newRow("west in lower case") << QStringLiteral("53,8,12.5 w") << -angle;
+    QTest::newRow("marks and blanks") << QStringLiteral("53°, 8', 12.5\" N") << angle;
+    QTest::newRow("marks alone do not separate") << QStringLiteral("53° 8' 12.5\" N") << KRGeoArc::invalidDegrees;
+    QTest::newRow("two parts") << QStringLiteral("53,8") << KRGeoArc::invalidDegrees;
+    QTest::newRow("empty") << QString() << KRGeoArc::invalidDegrees;
+    QTest::newRow("empty parts do not count") << QStringLiteral(",53,,8,12.5,") << angle;
+    QTest::newRow("a fourth part is ignored") << QStringLiteral("53,8,12.5,9") << angle;
+    QTest::newRow("N makes negative parts positive") << QStringLiteral("-53,-8,-12.5N") << angle;
+    QTest::newRow("S keeps negative parts negative") << QStringLiteral("-53,-8,-12.5S") << -angle;
+    QTest::newRow("letters of both kinds: positive") << QStringLiteral("8,30,0W e") << 8.5;
+    QTest::newRow("each part has its own sign") << QStringLiteral("-8,30,0") << -7.5;
+    QTest::newRow("a fraction of degrees does not read") << QStringLiteral("53.5,30,0") << 0.5;
+    QTest::newRow("rest of a word spoils the seconds") << QStringLiteral("8,30,12.5 Nord") << 8.5;
+    QTest::newRow("no number at all") << QStringLiteral("a,b,c") << 0.0;
+}
+
+void tst_KRGeoArc::fromString()
+{
+    QFETCH(QString, text);
+    QFETCH(double, expected);
+    const double degrees = KRGeoArc::fromString(text).decimalDegrees();
+    QVERIFY2(isNear(degrees, expected), qPrintable(QString::number(degrees, 'f', 12)));
+}
+
+void tst_KRGeoArc::southernZeroHasNoSign()
+{
+    QCOMPARE(KRGeoArc::fromString(QStringLiteral("0,0,0S")).toString(), QStringLiteral("0.0000000000000000"));
+}
+
+void tst_KRGeoArc::parts_data()
+{
+    QTest::addColumn<double>("degrees");
+    QTest::addColumn<int>("degree");
+    QTest::addColumn<int>("minute");
+    QTest::addColumn<double>("second");
+    QTest::newRow("north") << 53.1368 << 53 << 8 << 12.48;
+    QTest::newRow("all parts carry the sign") << -53.1368 << -53 << -8 << -12.48;
+    QTest::newRow("less than a degree") << -0.5 << 0 << -30 << 0.0;
+    // 8.2 * 60 is a little less than 492, so the twelfth minute is never reached.
+    QTest::newRow("cut, not rounded") << 8.2 << 8 << 11 << 59.99999999999636;
+    QTest::newRow("invalid marker") << KRGeoArc::invalidDegrees << 720 << 0 << 0.0;
+}
+
+void tst_KRGeoArc::parts()
+{
+    QFETCH(double, degrees);
+    QFETCH(double, second);
+    const KRGeoArc angle(degrees);
+    QTEST(angle.degree(), "degree");
+    QTEST(angle.minute(), "minute");
+    QVERIFY2(isNear(angle.second(), second), qPrintable(QString::number(angle.second(), 'f', 12)));
+}
+
+void tst_KRGeoArc::partsOfHugeAngles()
+{
+    QCOMPARE(KRGeoArc(1e300).degree(), std::numeric_limits<int>::max());
+    QCOMPARE(KRGeoArc(-infinity).degree(), std::numeric_limits<int>::min());
+    QCOMPARE(KRGeoArc(notANumber).minute(), 0);
+    QVERIFY(KRGeoArc(-1e300).toExifRational().startsWith(QStringLiteral("2147483648/1 ")));
+}
+
+void tst_KRGeoArc::setDegree()
+{
+    KRGeoArc angle;
+    angle.setDegree(-8, -30, 0.0);
+    QVERIFY(isNear(angle.decimalDegrees(), -8.5));
+    // Mixed signs are added as they are.
+    angle.setDegree(-8, 30, 36.0);
+    QVERIFY(isNear(angle.decimalDegrees(), -7.49));
+}
+
+void tst_KRGeoArc::setterTellsChange()
+{
+    KRGeoArc angle(1.0);
+    QVERIFY(!angle.setDecimalDegrees(1.0));
+    // A difference within the tolerance of == is stored all the same.
+    QVERIFY(angle.setDecimalDegrees(1.0000001));
+    QVERIFY(angle.decimalDegrees() > 1.0);
+}
+
+void tst_KRGeoArc::radians()
+{
+    QVERIFY(isNear(KRGeoArc(180.0).radians(), 3.141592653589793));
+    QVERIFY(isNear(KRGeoArc::fromRadians(-3.141592653589793 / 6.0).decimalDegrees(), -30.0));
+}
+
+void tst_KRGeoArc::comparison()
+{
+    const KRGeoArc one = 1.0;
+    const KRGeoArc almostOne = 1.0000005;
+    const KRGeoArc more = 1.000002;
+    QVERIFY(one == almostOne);
+    QVERIFY(!(one != almostOne));
+    // Intended: equal and less at once.
+    QVERIFY(one < almostOne);
+    QVERIFY(almostOne > one);
+    QVERIFY(almostOne <= one);
+    QVERIFY(one >= almostOne);
+    QVERIFY(one != more);
+    QVERIFY(!(more <= one));
+    QVERIFY(!(one >= more));
+    QVERIFY(!(one < one));
+}
+
+void tst_KRGeoArc::isValid_data()
+{
+    QTest::addColumn<KRGeoArc>("angle");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("by default") << KRGeoArc() << false;
+    QTest::newRow("upper end") << KRGeoArc(360.0) << true;
+    QTest::newRow("lower end") << KRGeoArc(-360.0) << true;
+    QTest::newRow("beyond, within the tolerance of ==") << KRGeoArc(360.0000001) << false;
+    QTest::newRow("missing coordinate in a file") << KRGeoArc(-720.0) << false;
+    QTest::newRow("not a number") << KRGeoArc(notANumber) << false;
+    QTest::newRow("infinite") << KRGeoArc(infinity) << false;
+}
+
+void tst_KRGeoArc::isValid()
+{
+    QFETCH(KRGeoArc, angle);
+    QTEST(angle.isValid(), "expected");
+}
+
+void tst_KRGeoArc::arithmetic()
+{
+    QCOMPARE((KRGeoArc(350.0) + 20.0).decimalDegrees(), 370.0);
+    QCOMPARE((KRGeoArc(-170.0) - 20.0).decimalDegrees(), -190.0);
+    QCOMPARE((KRGeoArc(-2.5) * 4.0).decimalDegrees(), -10.0);
+    QCOMPARE((KRGeoArc(10.0) / 4.0).decimalDegrees(), 2.5);
+    QCOMPARE((KRGeoArc(10.0) / 0.0).decimalDegrees(), KRGeoArc::invalidDegrees);
+    QCOMPARE((KRGeoArc(0.0) / 0.0).decimalDegrees(), KRGeoArc::invalidDegrees);
+    QCOMPARE(KRGeoArc(-170.0).absDistance(170.0).decimalDegrees(), 340.0);
+    KRGeoArc sum = 1.0;
+    sum += sum;
+    QCOMPARE(sum.decimalDegrees(), 2.0);
+}
+
+void tst_KRGeoArc::variants()
+{
+    QCOMPARE(KRGeoArc::fromVariant(QVariant()).decimalDegrees(), KRGeoArc::invalidDegrees);
+    QCOMPARE(KRGeoArc::fromVariant(QVariant(QString())).decimalDegrees(), KRGeoArc::invalidDegrees);
+    QCOMPARE(KRGeoArc::fromVariant(QStringLiteral("no number")).decimalDegrees(), 0.0);
+    QCOMPARE(KRGeoArc::fromVariant(KRGeoArc(-8.25).toVariant()).decimalDegrees(), -8.25);
+}
+
+void tst_KRGeoArc::exifRational_data()
+{
+    QTest::addColumn<double>("degrees");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("the sign is dropped, the fraction not reduced")
+        << -53.1368 << QStringLiteral("53/1 8/1 1248000/100000");
+    QTest::newRow("zero") << 0.0 << QStringLiteral("0/1 0/1 0/100000");
+    QTest::newRow("half a part is rounded up") << 0.000025 / 3600.0 << QStringLiteral("0/1 0/1 3/100000");
+    QTest::newRow("rounding does not carry over") << 8.2 << QStringLiteral("8/1 11/1 6000000/100000");
+}
+
+void tst_KRGeoArc::exifRational()
+{
+    QFETCH(double, degrees);
+    QTEST(KRGeoArc(degrees).toExifRational(), "expected");
+}
+
+void tst_KRGeoArc::urlQuery()
+{
+    QUrlQuery query;
+    KRGeoArc(-8.2).writeTo(query, QStringLiteral("angle"));
+    QCOMPARE(query.toString(), QStringLiteral("angle=-8.1999999999999993"));
+}
+
+void tst_KRGeoArc::debugStream()
+{
+    QString text;
+    QDebug(&text) << KRGeoArc(0.5) << QStringLiteral("quoted");
+    QCOMPARE(text, QStringLiteral("0.5000000000000000 \"quoted\" "));
+    text.clear();
+    QDebug(&text).nospace() << KRGeoArc(0.5) << KRGeoArc(1.5);
+    QCOMPARE(text, QStringLiteral("0.50000000000000001.5000000000000000"));
+}
+
+static const KRTestRegistration<tst_KRGeoArc> registration;
+
+#include "tst_KRGeoArc.moc"

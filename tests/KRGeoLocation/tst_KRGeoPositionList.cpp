@@ -1,0 +1,131 @@
+#include <KRGeoLocation/KRGeoPositionList.h>
+
+#include "KRTestRegistry.h"
+
+#include <QPainterPath>
+#include <QtTest>
+
+Q_DECLARE_METATYPE(KRGeoPositionList)
+
+namespace {
+
+const KRGeoPositionList threeInARow = {KRGeoPosition(1, 1), KRGeoPosition(1, 11), KRGeoPosition(1, 2)};
+
+} // namespace
+
+class tst_KRGeoPositionList : public QObject {
+    Q_OBJECT
+
+private slots:
+    void emptyList();
+    void averageAndCenter();
+    void boundingBox_data();
+    void boundingBox();
+    void components();
+    void painterPath();
+    void filterStrayPositions_data();
+    void filterStrayPositions();
+    void filteringTakesApart();
+};
+
+void tst_KRGeoPositionList::emptyList()
+{
+    const KRGeoPositionList empty;
+    QCOMPARE(empty.average(), KRGeoPosition());
+    QCOMPARE(empty.center(), KRGeoPosition());
+    QCOMPARE(empty.boundingBox(), KRGeoPositionRect());
+    QVERIFY(empty.toPainterPath().isEmpty());
+    QCOMPARE(empty.filterStrayPositions(1.0, true, 0), empty);
+}
+
+void tst_KRGeoPositionList::averageAndCenter()
+{
+    QCOMPARE(threeInARow.average(), KRGeoPosition(1, 14.0 / 3.0));
+    QCOMPARE(threeInARow.center(), KRGeoPosition(1, 6));
+}
+
+void tst_KRGeoPositionList::boundingBox_data()
+{
+    QTest::addColumn<KRGeoPositionList>("positions");
+    QTest::addColumn<KRGeoPosition>("southWest");
+    QTest::addColumn<KRGeoPosition>("northEast");
+    QTest::newRow("one") << KRGeoPositionList{{53, 8}} << KRGeoPosition(53, 8) << KRGeoPosition(53, 8);
+    QTest::newRow("several") << KRGeoPositionList{{53, 8}, {-33, 151}, {40, -74}} << KRGeoPosition(-33, -74)
+                             << KRGeoPosition(53, 151);
+    QTest::newRow("invalid ones do not count") << KRGeoPositionList{{}, {53, 8}, KRGeoPosition::null(), {54, 9}}
+                                               << KRGeoPosition(53, 8) << KRGeoPosition(54, 9);
+    // Intended: a box grown point by point never crosses the date line.
+    QTest::newRow("both sides of the date line")
+        << KRGeoPositionList{{10, 170}, {20, -170}} << KRGeoPosition(10, -170) << KRGeoPosition(20, 170);
+}
+
+void tst_KRGeoPositionList::boundingBox()
+{
+    QFETCH(KRGeoPositionList, positions);
+    QFETCH(KRGeoPosition, southWest);
+    QFETCH(KRGeoPosition, northEast);
+    QCOMPARE(positions.boundingBox(), KRGeoPositionRect(southWest, northEast));
+}
+
+void tst_KRGeoPositionList::components()
+{
+    QCOMPARE(threeInARow.latitudes(), (KRLatitudeList{1, 1, 1}));
+    QCOMPARE(threeInARow.longitudes(), (KRLongitudeList{1, 11, 2}));
+}
+
+void tst_KRGeoPositionList::painterPath()
+{
+    const QPainterPath point = KRGeoPositionList{{53, 8}}.toPainterPath();
+    QCOMPARE(point.elementCount(), 1);
+    QCOMPARE(point.currentPosition(), QPointF(8, 53));
+
+    const QPainterPath line = KRGeoPositionList{{53, 8}, {54, 9}, {53, 10}}.toPainterPath();
+    QCOMPARE(line.elementCount(), 3);
+    QVERIFY(line.elementAt(0).isMoveTo());
+    QVERIFY(line.elementAt(1).isLineTo());
+    QCOMPARE(QPointF(line.elementAt(1)), QPointF(9, 54));
+    QCOMPARE(line.currentPosition(), QPointF(10, 53));
+}
+
+void tst_KRGeoPositionList::filterStrayPositions_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<bool>("invert");
+    QTest::addColumn<int>("minimumCount");
+    QTest::addColumn<KRGeoPositionList>("expected");
+    // The average is at longitude 4.67, the centre at 6: only the stray 11 is nearer to the centre.
+    const KRGeoPositionList stray = {{1, 11}};
+    const KRGeoPositionList others = {{1, 1}, {1, 2}};
+    QTest::newRow("keeps what is near the average") << 1.0 << false << 3 << others;
+    QTest::newRow("inverted keeps the stray ones") << 1.0 << true << 3 << stray;
+    QTest::newRow("a larger factor forgives") << 2.0 << false << 3 << threeInARow;
+    QTest::newRow("factor 0 keeps nothing") << 0.0 << false << 3 << KRGeoPositionList();
+    QTest::newRow("too few to judge") << 0.0 << false << 4 << threeInARow;
+    QTest::newRow("too few to judge, inverted") << 2.0 << true << 4 << threeInARow;
+}
+
+void tst_KRGeoPositionList::filterStrayPositions()
+{
+    QFETCH(double, factor);
+    QFETCH(bool, invert);
+    QFETCH(int, minimumCount);
+    QTEST(threeInARow.filterStrayPositions(factor, invert, minimumCount), "expected");
+}
+
+void tst_KRGeoPositionList::filteringTakesApart()
+{
+    KRGeoPositionList positions;
+    for (int i = 1; i < 100; ++i)
+        positions.append(KRGeoPosition((i * 37) % 80, (i * 53) % 170));
+    for (const double factor : {0.5, 0.9, 1.0, 1.1, 2.0}) {
+        const KRGeoPositionList kept = positions.filterStrayPositions(factor, false, 0);
+        KRGeoPositionList rest = positions;
+        for (const KRGeoPosition &position : kept)
+            QVERIFY(rest.removeOne(position));
+        QCOMPARE(positions.filterStrayPositions(factor, true, 0), rest);
+    }
+}
+
+static const KRTestRegistration<tst_KRGeoPositionList> registration;
+
+#include "tst_KRGeoPositionList.moc"

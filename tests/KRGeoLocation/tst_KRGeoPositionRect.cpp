@@ -1,0 +1,260 @@
+#include <KRGeoLocation/KRGeoPositionRect.h>
+
+#include "KRTestRegistry.h"
+
+#include <QDebug>
+#include <QUrlQuery>
+#include <QtTest>
+
+namespace {
+
+KRGeoPositionRect rect(double south, double north, double west, double east)
+{
+    return KRGeoPositionRect(KRLatitudeRange(south, north), KRLongitudeRange(west, east));
+}
+
+} // namespace
+
+class tst_KRGeoPositionRect : public QObject {
+    Q_OBJECT
+
+private slots:
+    void corners();
+    void isValid_data();
+    void isValid();
+    void acrossTheDateLine();
+    void containsRect_data();
+    void containsRect();
+    void isDefault_data();
+    void isDefault();
+    void maxExtension_data();
+    void maxExtension();
+    void growsFromNothing();
+    void growthByInvalidIsIgnored();
+    void sum_data();
+    void sum();
+    void blowUp();
+    void withPadding_data();
+    void withPadding();
+    void toReasonableSize_data();
+    void toReasonableSize();
+    void urlQuery();
+    void texts();
+};
+
+void tst_KRGeoPositionRect::corners()
+{
+    const KRGeoPosition northEast(60.0, 30.0);
+    const KRGeoPosition southWest(40.0, -10.0);
+    QCOMPARE(KRGeoPositionRect::spawn(northEast, southWest), KRGeoPositionRect::europeanUnion());
+    QCOMPARE(KRGeoPositionRect(southWest, northEast), KRGeoPositionRect::europeanUnion());
+    // Taken as given: upside down and the long way round.
+    const KRGeoPositionRect reversed(northEast, southWest);
+    QVERIFY(!reversed.isValid());
+    QCOMPARE(reversed.northWest().toPointF(), QPointF(30.0, 40.0));
+    QCOMPARE(reversed.southEast().toPointF(), QPointF(-10.0, 60.0));
+}
+
+void tst_KRGeoPositionRect::isValid_data()
+{
+    QTest::addColumn<KRGeoPositionRect>("area");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("unset") << KRGeoPositionRect() << false;
+    QTest::newRow("world") << rect(-90, 90, -180, 180) << true;
+    QTest::newRow("crosses the date line") << rect(10, 20, 170, -170) << true;
+    QTest::newRow("upside down") << rect(20, 10, 0, 5) << false;
+    QTest::newRow("east out of range") << rect(10, 20, 170, 190) << false;
+    // Unlike the position, the area at (0, 0) is one.
+    QTest::newRow("null island") << rect(0, 0, 0, 0) << true;
+}
+
+void tst_KRGeoPositionRect::isValid()
+{
+    QFETCH(KRGeoPositionRect, area);
+    QTEST(area.isValid(), "expected");
+}
+
+void tst_KRGeoPositionRect::acrossTheDateLine()
+{
+    const KRGeoPositionRect area = KRGeoPositionRect::spawn(KRGeoPosition(10, 170), KRGeoPosition(20, -170));
+    QCOMPARE(area, rect(10, 20, 170, -170));
+    QCOMPARE(area.center(), KRGeoPosition(15, 180));
+    QVERIFY(area.contains(KRGeoPosition(15, 180)));
+    QVERIFY(area.contains(KRGeoPosition(10, -175)));
+    QVERIFY(!area.contains(KRGeoPosition(15, 0)));
+    QVERIFY(!area.contains(KRGeoPosition(21, 180)));
+    QVERIFY(!area.contains(KRGeoPosition(9, 180)));
+}
+
+void tst_KRGeoPositionRect::containsRect_data()
+{
+    QTest::addColumn<KRGeoPositionRect>("other");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("same") << rect(10, 20, 170, -170) << true;
+    QTest::newRow("inside") << rect(12, 18, 175, -175) << true;
+    QTest::newRow("too far north") << rect(12, 21, 175, -175) << false;
+    QTest::newRow("too far south") << rect(9, 18, 175, -175) << false;
+    QTest::newRow("too far west") << rect(12, 18, 165, -175) << false;
+    QTest::newRow("too far east") << rect(12, 18, 175, -165) << false;
+}
+
+void tst_KRGeoPositionRect::containsRect()
+{
+    QFETCH(KRGeoPositionRect, other);
+    QTEST(rect(10, 20, 170, -170).contains(other), "expected");
+}
+
+void tst_KRGeoPositionRect::isDefault_data()
+{
+    QTest::addColumn<KRGeoPositionRect>("area");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("itself") << KRGeoPositionRect::europeanUnion() << true;
+    QTest::newRow("within the tolerance") << rect(40.0000005, 60, -10, 30) << true;
+    QTest::newRow("other south") << rect(40.1, 60, -10, 30) << false;
+    QTest::newRow("other north") << rect(40, 60.1, -10, 30) << false;
+    QTest::newRow("other west") << rect(40, 60, -10.1, 30) << false;
+    QTest::newRow("other east") << rect(40, 60, -10, 30.1) << false;
+}
+
+void tst_KRGeoPositionRect::isDefault()
+{
+    QFETCH(KRGeoPositionRect, area);
+    QFETCH(bool, expected);
+    QCOMPARE(area.isDefault(), expected);
+    QCOMPARE(area != KRGeoPositionRect::europeanUnion(), !expected);
+}
+
+void tst_KRGeoPositionRect::maxExtension_data()
+{
+    QTest::addColumn<KRGeoPositionRect>("area");
+    QTest::addColumn<double>("degrees");
+    QTest::addColumn<bool>("isVerySmall");
+    QTest::newRow("wide") << KRGeoPositionRect::europeanUnion() << 40.0 << false;
+    QTest::newRow("high") << rect(0, 10, -1, 1) << 10.0 << false;
+    // Intended: the long way round for an area across the date line.
+    QTest::newRow("across the date line") << rect(10, 20, 170, -170) << 340.0 << false;
+    QTest::newRow("one degree is not very small") << rect(1, 2, 0, 0.5) << 1.0 << false;
+    QTest::newRow("very small") << rect(1, 1.5, 0, 0.75) << 0.75 << true;
+    QTest::newRow("unset") << KRGeoPositionRect() << 0.0 << true;
+}
+
+void tst_KRGeoPositionRect::maxExtension()
+{
+    QFETCH(KRGeoPositionRect, area);
+    QTEST(area.maxExtension().decimalDegrees(), "degrees");
+    QTEST(area.isVerySmall(), "isVerySmall");
+}
+
+void tst_KRGeoPositionRect::growsFromNothing()
+{
+    KRGeoPositionRect area;
+    area.expandTo(KRGeoPosition(53, 8));
+    QCOMPARE(area, rect(53, 53, 8, 8));
+    area.expandTo(KRGeoPosition(-20, -60));
+    area.expandTo(KRGeoPosition(0, 30));
+    QCOMPARE(area, rect(-20, 53, -60, 30));
+}
+
+void tst_KRGeoPositionRect::growthByInvalidIsIgnored()
+{
+    KRGeoPositionRect area = rect(53, 54, 8, 9);
+    area.expandTo(KRGeoPosition());
+    area.expandTo(KRGeoPosition::null());
+    area.expandTo(KRGeoPositionRect());
+    area.expandTo(rect(60, 50, 0, 20));
+    area.expandTo(rect(50, 60, 0, 181));
+    QCOMPARE(area, rect(53, 54, 8, 9));
+}
+
+void tst_KRGeoPositionRect::sum_data()
+{
+    QTest::addColumn<KRGeoPositionRect>("a");
+    QTest::addColumn<KRGeoPositionRect>("b");
+    QTest::addColumn<KRGeoPositionRect>("expected");
+    QTest::newRow("plain") << rect(0, 10, 0, 10) << rect(5, 20, -5, 5) << rect(0, 20, -5, 10);
+    QTest::newRow("nothing and something") << KRGeoPositionRect() << rect(5, 20, -5, 5) << rect(5, 20, -5, 5);
+    QTest::newRow("crossing grows to both sides")
+        << rect(0, 10, 170, -170) << rect(0, 10, 160, -160) << rect(0, 10, 160, -160);
+    // Intended: what does not cross the date line never starts to.
+    QTest::newRow("never starts to cross") << rect(0, 10, 170, 175) << rect(0, 10, 175, -175) << rect(0, 10, -175, 175);
+}
+
+void tst_KRGeoPositionRect::sum()
+{
+    QFETCH(KRGeoPositionRect, a);
+    QFETCH(KRGeoPositionRect, b);
+    QTEST(a + b, "expected");
+}
+
+void tst_KRGeoPositionRect::blowUp()
+{
+    const KRGeoPositionRect area = rect(88, 89, 178, 179);
+    QCOMPARE(area.blownUp(5), rect(83, 90, 173, 180));
+    QCOMPARE(area, rect(88, 89, 178, 179));
+}
+
+void tst_KRGeoPositionRect::withPadding_data()
+{
+    QTest::addColumn<KRGeoPositionRect>("area");
+    QTest::addColumn<double>("percentage");
+    QTest::addColumn<KRGeoPositionRect>("expected");
+    QTest::newRow("same margin on all sides") << KRGeoPositionRect::europeanUnion() << 10.0 << rect(36, 64, -14, 34);
+    QTest::newRow("none") << KRGeoPositionRect::europeanUnion() << 0.0 << KRGeoPositionRect::europeanUnion();
+    QTest::newRow("a point") << rect(53, 53, 8, 8) << 10.0 << rect(52.9, 53.1, 7.9, 8.1);
+    QTest::newRow("a point within the tolerance") << rect(53, 53.0000005, 8, 8) << 10.0 << rect(52.9, 53.1, 7.9, 8.1);
+    QTest::newRow("a point without padding") << rect(53, 53, 8, 8) << 0.0 << rect(53, 53, 8, 8);
+    QTest::newRow("unset") << KRGeoPositionRect() << 10.0 << KRGeoPositionRect();
+    QTest::newRow("invalid") << rect(60, 50, 0, 20) << 10.0 << rect(60, 50, 0, 20);
+}
+
+void tst_KRGeoPositionRect::withPadding()
+{
+    QFETCH(KRGeoPositionRect, area);
+    QFETCH(double, percentage);
+    QTEST(area.withPadding(percentage), "expected");
+}
+
+void tst_KRGeoPositionRect::toReasonableSize_data()
+{
+    QTest::addColumn<KRGeoPositionRect>("area");
+    QTest::addColumn<KRGeoPositionRect>("expected");
+    QTest::newRow("a point") << rect(53, 53, 8, 8) << rect(52, 54, 7, 9);
+    QTest::newRow("less than a degree") << rect(53, 53.9, 8, 8) << rect(52, 54.9, 7, 9);
+    QTest::newRow("a degree") << rect(53, 53, 8, 9) << rect(53, 53, 8, 9);
+    // Intended: an unset area has no extent, and its ends are clamped.
+    QTest::newRow("unset") << KRGeoPositionRect() << rect(90, 90, 180, 180);
+}
+
+void tst_KRGeoPositionRect::toReasonableSize()
+{
+    QFETCH(KRGeoPositionRect, area);
+    QTEST(area.toReasonableSize(), "expected");
+}
+
+void tst_KRGeoPositionRect::urlQuery()
+{
+    const KRGeoPositionRect area = rect(-10, 20, 170, -170.5);
+    QUrlQuery query;
+    area.writeTo(query);
+    QStringList keys;
+    for (const auto &item : query.queryItems())
+        keys += item.first;
+    QCOMPARE(keys.join(QLatin1Char(' ')), QStringLiteral("latitude_max latitude_min longitude_max longitude_min"));
+    QCOMPARE(KRGeoPositionRect::parse(query), area);
+    query.removeQueryItem(QStringLiteral("longitude_min"));
+    QCOMPARE(KRGeoPositionRect::parse(query), rect(-10, 20, KRGeoArc::invalidDegrees, -170.5));
+}
+
+void tst_KRGeoPositionRect::texts()
+{
+    const KRGeoPositionRect area = rect(-10, 20, 5, 6.5);
+    QCOMPARE(area.toString(true), QStringLiteral("10° 0′ 0″ Süd - 20° 0′ 0″ Nord ; 5° 0′ 0″ Ost - 6° 30′ 0″ Ost"));
+    QCOMPARE(area.toString(false), QStringLiteral("S10.00000000 - N20.00000000 ; E5.00000000 - E6.50000000"));
+    QString text;
+    QDebug(&text) << area;
+    QCOMPARE(text, QStringLiteral("Lat:  S10.00000000 - N20.00000000  ; Lon: E5.00000000 - E6.50000000 "));
+}
+
+static const KRTestRegistration<tst_KRGeoPositionRect> registration;
+
+#include "tst_KRGeoPositionRect.moc"
