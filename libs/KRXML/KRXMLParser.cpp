@@ -35,8 +35,14 @@ QDateTime KRXMLParser::dateTimeText(const QDomNode &node, const QString &childNa
     return time.isValid() ? time : defaultValue;
 }
 
-QColor KRXMLParser::readColor(const QString &text)
+QColor KRXMLParser::readColor(const QString &text, KRColorByteOrder order)
 {
-    const QColor color(text.trimmed());
-    return color.isValid() ? color : QColor(0, 0, 0, 0);
+    const QString trimmed = text.trimmed();
+    const QColor color(trimmed);
+    if (!color.isValid())
+        return {0, 0, 0, 0};
+    const bool hasEightDigits = trimmed.startsWith(QLatin1Char('#')) && trimmed.size() == 9;
+    if (order == AbgrByteOrder && hasEightDigits)
+        return {color.blue(), color.green(), color.red(), color.alpha()};
+    return color;
 }

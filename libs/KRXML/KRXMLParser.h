@@ -7,6 +7,12 @@
 #include <QDomElement>
 #include <QString>
 
+/// How a colour text of eight digits orders its bytes.
+enum KRColorByteOrder : int {
+    ArgbByteOrder = 0, ///< alpha, red, green, blue
+    AbgrByteOrder = 1, ///< alpha, blue, green, red, as KML writes them
+};
+
 /**
  * Reads values out of DOM elements, each with an answer for the case that it is missing or unreadable.
  *
@@ -30,7 +36,8 @@ public:
 
     /**
      * A colour from #AARRGGBB or from anything else that QColor names ("#RRGGBB", "red").
+     * The order is that of eight digits; six are red, green, blue in any case.
      * What it cannot read is transparent black (0, 0, 0, 0), not an invalid colour, whose alpha would be 255.
      */
-    static QColor readColor(const QString &text);
+    static QColor readColor(const QString &text, KRColorByteOrder order = ArgbByteOrder);
 };

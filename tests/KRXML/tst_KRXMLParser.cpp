@@ -28,6 +28,7 @@ private slots:
     void dateTimeText();
     void readColor_data();
     void readColor();
+    void readColorOfOtherByteOrder();
 };
 
 void tst_KRXMLParser::numbers_data()
@@ -106,6 +107,14 @@ void tst_KRXMLParser::readColor()
 {
     QFETCH(QString, text);
     QTEST(KRXMLParser::readColor(text).rgba(), "expected");
+}
+
+void tst_KRXMLParser::readColorOfOtherByteOrder()
+{
+    QCOMPARE(KRXMLParser::readColor(QStringLiteral(" #7f0080ff "), AbgrByteOrder).rgba(), qRgba(0xff, 0x80, 0, 0x7f));
+    QCOMPARE(KRXMLParser::readColor(QStringLiteral("#0080ff"), AbgrByteOrder).rgba(), qRgba(0, 0x80, 0xff, 0xff));
+    QCOMPARE(KRXMLParser::readColor(QStringLiteral("chocolate"), AbgrByteOrder).rgba(),
+             QColor(QStringLiteral("chocolate")).rgba()); // nine letters, as many as a sign and eight digits
 }
 
 static const KRTestRegistration<tst_KRXMLParser> registration;
