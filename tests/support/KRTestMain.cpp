@@ -1,3 +1,4 @@
+#include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
 
 #include <QApplication>
@@ -9,5 +10,6 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationName(QStringLiteral("KRTests"));
     QCoreApplication::setApplicationName(QStringLiteral("KRTests"));
     const QApplication application(argc, argv);
+    const KRTemporarySettings settings;
     return KRTestRegistry::instance().run(QCoreApplication::arguments());
 }

@@ -1,0 +1,6 @@
+#include "KRDistanceUnit.h"
+
+KRDistanceUnit KRDistanceUnit::pixel()
+{
+    return KRDistanceUnit(QStringLiteral("px"));
+}

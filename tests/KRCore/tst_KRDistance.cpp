@@ -1,0 +1,54 @@
+#include <KRCore/KRDistance.h>
+#include <KRCore/KRDistanceUnit.h>
+
+#include "KRTestRegistry.h"
+
+#include <QtTest>
+
+class tst_KRDistance : public QObject {
+    Q_OBJECT
+
+private slots:
+    void describe_data();
+    void describe();
+    void nullIsExact();
+    void arithmetic();
+};
+
+void tst_KRDistance::describe_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("precision");
+    QTest::addColumn<bool>("withUnit");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("whole") << 10.0 << 0 << true << QStringLiteral("10 px");
+    QTest::newRow("decimals are kept") << 10.0 << 2 << true << QStringLiteral("10.00 px");
+    QTest::newRow("rounded") << 7.77 << 1 << false << QStringLiteral("7.8");
+    QTest::newRow("no exponent") << 2500000.0 << 0 << false << QStringLiteral("2500000");
+}
+
+void tst_KRDistance::describe()
+{
+    QFETCH(double, value);
+    QFETCH(int, precision);
+    QFETCH(bool, withUnit);
+    QTEST(KRDistance(value).describe(KRDistanceUnit::pixel(), precision, withUnit), "expected");
+}
+
+void tst_KRDistance::nullIsExact()
+{
+    QVERIFY(KRDistance().isNull());
+    QVERIFY(KRDistance(-0.0).isNull());
+    QVERIFY(!KRDistance(1e-300).isNull());
+    QVERIFY(KRDistance(10.0) != KRDistance(10.0000001));
+}
+
+void tst_KRDistance::arithmetic()
+{
+    QCOMPARE((KRDistance(2.5) + 4.0).toDouble(), 6.5);
+    QCOMPARE((KRDistance(2.5) * -2.0).toDouble(), -5.0);
+}
+
+static const KRTestRegistration<tst_KRDistance> registration;
+
+#include "tst_KRDistance.moc"
