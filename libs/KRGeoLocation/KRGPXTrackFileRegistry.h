@@ -1,0 +1,47 @@
+#pragma once
+
+#include "KRGPXTrackFileRegistryKey.h"
+
+#include <KRCore/KRSingleton.h>
+
+#include <QHash>
+#include <QObject>
+#include <QRecursiveMutex>
+#include <QSet>
+
+class QFileInfo;
+
+/**
+ * Remembers for the whole process which track has been written to which file in which directory.
+ *
+ * A track that is saved again unchanged keeps its file, which is not written again; a changed track gets a new one.
+ * Nothing is ever forgotten. May be called from several threads: two that save tracks never get the same new name.
+ */
+class KRGEOLOCATION_EXPORT KRGPXTrackFileRegistry : public QObject, public KRSingleton<KRGPXTrackFileRegistry>
+{
+    Q_OBJECT
+
+public:
+    KRGPXTrackFileRegistry() = default;
+    ~KRGPXTrackFileRegistry() override = default;
+
+    static KRGPXTrackFileRegistry &instance();
+
+    QFileInfo createFileInfo(const KRGPXTrackFileRegistryKey &key, const QString &fileName) const;
+    /// Without its directory; empty when the track has no file there.
+    QString fileName(const KRGPXTrackFileRegistryKey &key) const;
+
+    void registerFile(const KRGPXTrackFileRegistryKey &key, const QString &fileName);
+    /// The file name of the track in the directory. Where there is none yet, a new file ("track.gps", "track_1.gps"
+    /// and so on) is written first. Intended: its name is kept even if writing failed, which is only logged.
+    QString createAssignedFile(const KRGPXTrackFileRegistryKey &key);
+    /// Writes the track as the only one of a document with the root "includedTrack". A failure is only logged.
+    void saveTrackInFile(const KRGPXTrackFileRegistryKey &key, const QFileInfo &file);
+
+private:
+    Q_DISABLE_COPY(KRGPXTrackFileRegistry)
+
+    QHash<KRGPXTrackFileRegistryKey, QString> m_files;
+    QSet<QDir> m_dirs;
+    mutable QRecursiveMutex m_mutex;
+};
