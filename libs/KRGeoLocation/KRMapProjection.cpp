@@ -9,6 +9,19 @@ namespace {
 constexpr double pi = 3.141592653589793;
 constexpr double twoPi = 6.283185307179586;
 
+// Spherical Mercator, EPSG:3857 (Snyder 1987, eq. 7-1 to 7-5), scaled to the unit square; y grows southwards.
+// Every point of a track comes through these two, and the compiler may not inline what the library exports.
+
+inline double toNormalizedX(double longitude)
+{
+    return (longitude + 180.0) / 360.0;
+}
+
+inline double toNormalizedY(double latitude)
+{
+    return std::log(std::tan((90.0 - latitude) * pi / 360.0)) / twoPi + 0.5;
+}
+
 } // namespace
 
 KRMapProjection::KRMapProjection(const KRGeoPositionRect &area, const QSize &size) : m_size(size)
@@ -58,14 +71,19 @@ void KRMapProjection::adjustMapData(const KRGeoPositionRect &area)
 
 QPointF KRMapProjection::projectate(const KRGeoPosition &position) const
 {
-    return getPixelCoordinateByMapCoordinate(position.latitude().decimalDegrees(),
-                                             position.longitude().decimalDegrees());
+    const QPointF degrees = position.toPointF();
+    return toPixel(degrees.y(), degrees.x());
 }
 
 QPointF KRMapProjection::getPixelCoordinateByMapCoordinate(double latitude, double longitude) const
 {
-    const double x = longitudeToNormalized(longitude) * m_worldSize - m_xOffset;
-    const double y = latitudeToNormalized(latitude) * m_worldSize - m_yOffset;
+    return toPixel(latitude, longitude);
+}
+
+inline QPointF KRMapProjection::toPixel(double latitude, double longitude) const
+{
+    const double x = toNormalizedX(longitude) * m_worldSize - m_xOffset;
+    const double y = toNormalizedY(latitude) * m_worldSize - m_yOffset;
     // Intended: cut toward zero, not rounded and not the floor.
     return QPointF(KRMath::toInt(x), KRMath::toInt(y));
 }
@@ -83,16 +101,14 @@ KRGeoPositionRect KRMapProjection::resultBoundingBox() const
                              KRLongitudeRange(KRLongitude::safeLongitude(m_west), KRLongitude::safeLongitude(m_east)));
 }
 
-// Spherical Mercator, EPSG:3857 (Snyder 1987, eq. 7-1 to 7-5), scaled to the unit square; y grows southwards.
-
 double KRMapProjection::longitudeToNormalized(double longitude) const
 {
-    return (longitude + 180.0) / 360.0;
+    return toNormalizedX(longitude);
 }
 
 double KRMapProjection::latitudeToNormalized(double latitude) const
 {
-    return std::log(std::tan((90.0 - latitude) * pi / 360.0)) / twoPi + 0.5;
+    return toNormalizedY(latitude);
 }
 
 double KRMapProjection::normalizedToLongitude(double x) const

@@ -56,6 +56,8 @@ public:
     static bool epsilonEqual(const KRGeoPosition &a, const KRGeoPosition &b, double epsilon);
 
 private:
+    QPointF toPixel(double latitude, double longitude) const;
+
     QSize m_size;
 
     // the widened area in decimal degrees; m_east may exceed 180
