@@ -12,7 +12,8 @@ QT_WARNING_DISABLE_DEPRECATED
 namespace {
 
 /// Counts what the reader meets and stops it at the limits.
-class CountingHandler : public QXmlDefaultHandler {
+class CountingHandler : public QXmlDefaultHandler
+{
 public:
     explicit CountingHandler(qint64 maximumCharacters) : m_charactersLeft(maximumCharacters) { }
 
@@ -85,24 +86,36 @@ private:
     int m_column = 0;
 };
 
-} // namespace
-
-bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+bool passes(const QXmlInputSource &source, qint64 size, KRErrorHistory::Entry *refusal)
 {
-    CountingHandler handler(qint64(xml.size()) + maximumExpansion);
+    CountingHandler handler(size + KRXMLGuard::maximumExpansion);
     QXmlSimpleReader reader;
     reader.setContentHandler(&handler);
     reader.setErrorHandler(&handler);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
-    QXmlInputSource source;
-    source.setData(xml);
     if (reader.parse(&source, false))
         return true;
     refusal->reason = handler.reason();
     refusal->line = handler.line();
     refusal->column = handler.column();
     return false;
+}
+
+} // namespace
+
+bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+{
+    QXmlInputSource source;
+    source.setData(xml);
+    return passes(source, xml.size(), refusal);
+}
+
+bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
+{
+    QXmlInputSource source;
+    source.setData(xml);
+    return passes(source, xml.size(), refusal);
 }
 
 QT_WARNING_POP

@@ -12,7 +12,8 @@ class QByteArray;
  * without bound. The guard reads the text once as a stream of events and refuses what goes beyond the limits.
  * Entities and DTDs outside the text are never loaded.
  */
-class KRCORE_EXPORT KRXMLGuard {
+class KRCORE_EXPORT KRXMLGuard
+{
 public:
     static constexpr int maximumDepth = 256; ///< nested elements, the root included
     static constexpr int maximumNodes = 500000; ///< elements, attributes and pieces of text
@@ -21,4 +22,5 @@ public:
 
     /// True when a DOM of the text may be built; otherwise @p refusal says why and where.
     static bool accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal);
+    static bool accepts(const QString &xml, KRErrorHistory::Entry *refusal);
 };

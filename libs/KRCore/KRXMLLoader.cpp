@@ -8,13 +8,11 @@
 #include <QDomDocument>
 #include <QFileInfo>
 
-QDomElement KRXMLLoader::loadDocumentElement(const QFileInfo &file, KRErrorHistory *history)
-{
-    const QByteArray xml = KRFileHandler::readAll(file, history, KRXMLGuard::maximumBytes);
-    return xml.isNull() ? QDomElement() : parseDocumentElement(xml, file.filePath(), history);
-}
+namespace {
 
-QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QString &fileName, KRErrorHistory *history)
+/// Of a text as bytes or as characters.
+template <typename Text>
+QDomElement documentElement(const Text &xml, const QString &fileName, KRErrorHistory *history)
 {
     KRErrorHistory::Entry refusal;
     refusal.fileName = fileName;
@@ -28,4 +26,22 @@ QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QStri
     }
     KRErrorHistory::report(history, refusal);
     return QDomElement();
+}
+
+} // namespace
+
+QDomElement KRXMLLoader::loadDocumentElement(const QFileInfo &file, KRErrorHistory *history)
+{
+    const QByteArray xml = KRFileHandler::readAll(file, history, KRXMLGuard::maximumBytes);
+    return xml.isNull() ? QDomElement() : parseDocumentElement(xml, file.filePath(), history);
+}
+
+QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QString &fileName, KRErrorHistory *history)
+{
+    return documentElement(xml, fileName, history);
+}
+
+QDomElement KRXMLLoader::parseDocumentElement(const QString &xml, const QString &fileName, KRErrorHistory *history)
+{
+    return documentElement(xml, fileName, history);
 }

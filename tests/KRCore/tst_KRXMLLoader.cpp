@@ -19,7 +19,8 @@ QByteArray nested(int levels)
 
 } // namespace
 
-class tst_KRXMLLoader : public QObject {
+class tst_KRXMLLoader : public QObject
+{
     Q_OBJECT
 
 private slots:
@@ -27,6 +28,8 @@ private slots:
     void readsWhatIsWellFormed();
     void refusesWithReason_data();
     void refusesWithReason();
+    void decodedTextKeepsItsCharacters();
+    void decodedTextIsGuarded();
     void truncatedAnywhereGivesNothing();
     void onlyRegularFiles();
 };
@@ -82,6 +85,26 @@ void tst_KRXMLLoader::refusesWithReason()
     QVERIFY(KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x.gpx"), &history).isNull());
     QCOMPARE(history.entries().size(), 1);
     QVERIFY2(history.entries().at(0).reason.contains(reason), qUtf8Printable(history.entries().at(0).reason));
+}
+
+void tst_KRXMLLoader::decodedTextKeepsItsCharacters()
+{
+    KRErrorHistory history;
+    const auto xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>ü€</r>");
+    QCOMPARE(KRXMLLoader::parseDocumentElement(xml, QString(), &history).text(), QStringLiteral("ü€"));
+    QVERIFY(history.isEmpty());
+}
+
+void tst_KRXMLLoader::decodedTextIsGuarded()
+{
+    const auto tooDeep = QString::fromLatin1(nested(KRXMLGuard::maximumDepth + 1));
+    KRErrorHistory history;
+    QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
+    for (const QString &xml : {tooDeep, QStringLiteral("<r>\n<a>"), QString()})
+        QVERIFY(KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x"), &history).isNull());
+    QLoggingCategory::setFilterRules(QString());
+    QCOMPARE(history.entries().size(), 3);
+    QCOMPARE(history.entries().at(1).line, 2);
 }
 
 void tst_KRXMLLoader::truncatedAnywhereGivesNothing()
