@@ -1,10 +1,12 @@
 #include "KRFileHandler.h"
 
 #include "KRErrorHistory.h"
+#include "KRXMLGuard.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QTextStream>
 
 namespace {
 
@@ -68,4 +70,33 @@ QByteArray KRFileHandler::readAll(const QFileInfo &file, KRErrorHistory *history
         return QByteArray();
     }
     return bytes.isNull() ? QByteArray("") : bytes;
+}
+
+QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *history)
+{
+    QFile source(file.filePath());
+    if (!openForReading(source, history, KRXMLGuard::maximumBytes))
+        return QStringList();
+
+    QTextStream stream(&source);
+    stream.setCodec("UTF-8");
+    QStringList lines;
+    QString reason;
+    qint64 charactersLeft = KRXMLGuard::maximumBytes; // The file may have grown since its size was asked for.
+    for (QString line = stream.readLine(); !line.isNull() && reason.isEmpty(); line = stream.readLine()) {
+        charactersLeft -= line.size() + 1;
+        if (charactersLeft < -1)
+            reason = tooLarge(KRXMLGuard::maximumBytes);
+        else if (lines.size() == maximumLines)
+            reason = QCoreApplication::translate("KRFileHandler", "Die Datei hat zu viele Zeilen (mehr als %1).")
+                         .arg(maximumLines);
+        else
+            lines.append(line);
+    }
+    if (source.error() != QFileDevice::NoError)
+        reason = source.errorString();
+    if (reason.isEmpty())
+        return lines;
+    report(history, file.filePath(), reason);
+    return QStringList();
 }

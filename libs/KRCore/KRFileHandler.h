@@ -3,6 +3,7 @@
 #include "KRCoreExport.h"
 
 #include <QByteArray>
+#include <QStringList>
 
 class KRErrorHistory;
 class QFile;
@@ -14,11 +15,18 @@ class QFileInfo;
  * Only regular files are read: a pipe would block for ever, a device never ends. Every refusal has its own
  * reason, reported to the history where one is given.
  */
-class KRCORE_EXPORT KRFileHandler {
+class KRCORE_EXPORT KRFileHandler
+{
 public:
+    static constexpr int maximumLines = 4000000; ///< of a text, as each line costs memory of its own
+
     /// Opens @p file, which has its name already, for reading bytes. Files above @p maximumSize bytes are refused.
     static bool openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize);
 
     /// The whole file, a null array when it could not be read or holds more than @p maximumSize bytes.
     static QByteArray readAll(const QFileInfo &file, KRErrorHistory *history, qint64 maximumSize);
+
+    /// The lines without their ends, decoded as UTF-8, or as UTF-16 where a byte order mark says so. Empty when the
+    /// file could not be read, holds more than KRXMLGuard::maximumBytes or has more than maximumLines lines.
+    static QStringList readTextFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
 };
