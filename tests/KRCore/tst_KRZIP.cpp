@@ -1,0 +1,327 @@
+#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRZIP.h>
+
+#include "KRTestArchive.h"
+#include "KRTestRegistry.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+Q_DECLARE_METATYPE(KRTestArchive::Entry)
+
+class tst_KRZIP : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanupTestCase();
+
+    void readsEntriesInTheOrderOfTheTable();
+    void readsContent_data();
+    void readsContent();
+    void wideNumbers();
+    void refusesArchive_data();
+    void refusesArchive();
+    void refusesEntry_data();
+    void refusesEntry();
+    void limitOfAnEntry();
+    void looksAtSoManyEntriesOnly();
+    void truncatedAnywhereGivesNothing();
+    void damagedAnywhereGivesNothingElse();
+    void namesAreNoPaths();
+    void messagesShowNamesHarmlessly();
+    void onlyRegularFiles();
+    void closedArchiveHasNothing();
+
+private:
+    /// Puts the archive in place of the last one and opens it.
+    KRZIP opened(const QByteArray &archive);
+
+    QTemporaryDir m_dir;
+    KRErrorHistory m_history;
+};
+
+void tst_KRZIP::initTestCase()
+{
+    QVERIFY(m_dir.isValid());
+    QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
+}
+
+void tst_KRZIP::init()
+{
+    m_history.clear();
+}
+
+void tst_KRZIP::cleanupTestCase()
+{
+    QLoggingCategory::setFilterRules(QString());
+}
+
+KRZIP tst_KRZIP::opened(const QByteArray &archive)
+{
+    QFile file(m_dir.filePath(QStringLiteral("a.kmz")));
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(archive) == archive.size();
+    file.close();
+    if (!isWritten)
+        qFatal("cannot write the test archive");
+    KRZIP zip(QFileInfo(file), &m_history);
+    zip.open(KRZIP::read);
+    return zip;
+}
+
+void tst_KRZIP::readsEntriesInTheOrderOfTheTable()
+{
+    const KRZIP zip =
+        opened(KRTestArchive::bytes({KRTestArchive::deflated("first.kml", "1"), KRTestArchive::stored("images/", ""),
+                                     KRTestArchive::stored("third.kml", "3")},
+                                    {2, 0, 1}));
+    QCOMPARE(zip.getFileNameList(),
+             (QStringList{QStringLiteral("third.kml"), QStringLiteral("first.kml"), QStringLiteral("images/")}));
+    QCOMPARE(zip.fileContent(QStringLiteral("first.kml")), QByteArray("1"));
+    QCOMPARE(zip.fileContent(QStringLiteral("third.kml")), QByteArray("3"));
+    QVERIFY(m_history.isEmpty());
+}
+
+void tst_KRZIP::readsContent_data()
+{
+    QByteArray allBytes;
+    for (quint32 i = 0; i < 100000; ++i)
+        allBytes += char((i * i) >> 3);
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("zero bytes inside") << QByteArray("a\0b", 3);
+    QTest::newRow("more than one piece") << allBytes;
+    QTest::newRow("dense, but small") << QByteArray(KRZIP::freeBytes, ' ');
+    QTest::newRow("empty") << QByteArray("");
+}
+
+void tst_KRZIP::readsContent()
+{
+    QFETCH(QByteArray, content);
+    const QString umlaut = QStringLiteral("Süd.kml");
+    const KRZIP zip = opened(
+        KRTestArchive::bytes({KRTestArchive::stored("s", content), KRTestArchive::deflated(umlaut.toUtf8(), content)}));
+    for (const QString &name : {QStringLiteral("s"), umlaut}) {
+        QCOMPARE(zip.fileContent(name), content);
+        QVERIFY(!zip.fileContent(name).isNull());
+    }
+    QVERIFY(m_history.isEmpty());
+}
+
+void tst_KRZIP::wideNumbers()
+{
+    const KRZIP zip = opened(KRTestArchive::wideBytes(
+        {KRTestArchive::stored("a", "1"), KRTestArchive::deflated("b", QByteArray(999, 'x'))}));
+    QCOMPARE(zip.fileContent(QStringLiteral("a")), QByteArray("1"));
+    QCOMPARE(zip.fileContent(QStringLiteral("b")), QByteArray(999, 'x'));
+    QVERIFY(m_history.isEmpty());
+}
+
+void tst_KRZIP::refusesArchive_data()
+{
+    using Archive = KRTestArchive;
+    const Archive::Entry a = Archive::stored("a", "aaaa");
+    const Archive::Entry b = Archive::stored("b", "bbbb");
+    const QByteArray sound = Archive::bytes({a, b});
+    Archive::Entry sameBytes = b;
+    sameBytes.name = a.name;
+    sameBytes.offset = 0;
+    Archive::Entry quoting = Archive::stored("a", "");
+    quoting.packed = Archive::bytes({b}).left(35); // the local part of b, which the table lists as well
+    quoting.packedSize = quoting.size = quint32(quoting.packed.size());
+    Archive::Entry quoted = b;
+    quoted.offset = 31;
+    Archive::Entry packedLonger = a;
+    packedLonger.packedSize += 10;
+    Archive::Entry packedBehindTheEnd = b;
+    packedBehindTheEnd.packedSize = 0xFFFFFFFE;
+    Archive::Entry outside = b;
+    outside.offset = 100000;
+    QByteArray otherLocalName = sound;
+    otherLocalName[30] = 'c';
+    QByteArray twoEnds = sound;
+    twoEnds[twoEnds.size() - 2] = 22;
+    twoEnds += sound.right(22);
+    QByteArray tooLongTable = sound;
+    tooLongTable[tooLongTable.size() - 7] = 1; // the highest byte of its length
+    QByteArray wideWithoutField = Archive::wideBytes({a});
+    wideWithoutField[wideWithoutField.indexOf("PK\1\2") + 47] = 9; // the kind of the extra field
+
+    QTest::addColumn<QByteArray>("archive");
+    QTest::addColumn<QString>("reason");
+    const QString noEnd = QStringLiteral("Ende fehlt");
+    const QString badTable = QStringLiteral("Inhaltsverzeichnis des Archivs ist beschädigt");
+    const QString overlap = QStringLiteral("überlappen");
+    QTest::newRow("no bytes") << QByteArray() << noEnd;
+    QTest::newRow("no archive") << QByteArray("<kml>").repeated(1000) << noEnd;
+    QTest::newRow("bytes behind the end") << sound + "\n" << noEnd;
+    QTest::newRow("two ends") << twoEnds << noEnd;
+    QTest::newRow("bytes before the start") << "#!" + sound << badTable;
+    QTest::newRow("entry behind the table") << Archive::bytes({a, outside}) << badTable;
+    QTest::newRow("entry longer than the file") << Archive::bytes({a, packedBehindTheEnd}) << badTable;
+    QTest::newRow("wide numbers without a field") << wideWithoutField << badTable;
+    QTest::newRow("table of 16 MB") << QByteArray(17 << 20, ' ') + tooLongTable << QStringLiteral("zu groß");
+    QTest::newRow("two entries share their bytes") << Archive::bytes({a, sameBytes}) << overlap;
+    QTest::newRow("an entry within an entry") << Archive::bytes({quoting, quoted}) << overlap;
+    QTest::newRow("an entry reaches into the next") << Archive::bytes({packedLonger, b}) << overlap;
+    QTest::newRow("two entries of one name") << Archive::bytes({a, a}) << QStringLiteral("denselben Namen");
+    QTest::newRow("another name before the bytes") << otherLocalName << QStringLiteral("Kein lesbares ZIP-Archiv");
+}
+
+void tst_KRZIP::refusesArchive()
+{
+    QFETCH(QByteArray, archive);
+    QFETCH(QString, reason);
+    const KRZIP zip = opened(archive);
+    QVERIFY(zip.getFileNameList().isEmpty());
+    QCOMPARE(m_history.entries().size(), 1);
+    QVERIFY2(m_history.entries().at(0).reason.contains(reason), qUtf8Printable(m_history.entries().at(0).reason));
+    QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
+}
+
+void tst_KRZIP::refusesEntry_data()
+{
+    using Archive = KRTestArchive;
+    const Archive::Entry sound = Archive::deflated("a", QByteArray(5000, 'x'));
+    Archive::Entry encrypted = sound;
+    encrypted.flags = 1;
+    Archive::Entry unknownMethod = sound;
+    unknownMethod.method = 14;
+    Archive::Entry wrongChecksum = sound;
+    ++wrongChecksum.crc;
+    Archive::Entry claimsLess = sound;
+    claimsLess.size = 10;
+    Archive::Entry claimsMore = sound;
+    claimsMore.size = 6000;
+    Archive::Entry packedShorter = sound;
+    packedShorter.packedSize -= 4;
+    Archive::Entry notDeflated = sound;
+    notDeflated.packed.fill('\xFF');
+    Archive::Entry bombInDisguise = Archive::deflated("a", QByteArray(4 << 20, ' '));
+    bombInDisguise.size = 100;
+
+    QTest::addColumn<KRTestArchive::Entry>("entry");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("encrypted") << encrypted << QStringLiteral("verschlüsselt");
+    QTest::newRow("unknown method") << unknownMethod << QStringLiteral("Packverfahren");
+    QTest::newRow("wrong checksum") << wrongChecksum << QStringLiteral("beschädigt");
+    QTest::newRow("longer than it claims") << claimsLess << QStringLiteral("Größe");
+    QTest::newRow("shorter than it claims") << claimsMore << QStringLiteral("Größe");
+    QTest::newRow("packed bytes missing") << packedShorter << QStringLiteral("beschädigt");
+    QTest::newRow("no deflated bytes") << notDeflated << QStringLiteral("beschädigt");
+    QTest::newRow("bomb") << Archive::deflated("a", QByteArray(50 << 20, '\0')) << QStringLiteral("200:1");
+    QTest::newRow("bomb that claims to be small") << bombInDisguise << QStringLiteral("200:1");
+}
+
+void tst_KRZIP::refusesEntry()
+{
+    QFETCH(KRTestArchive::Entry, entry);
+    QFETCH(QString, reason);
+    const KRZIP zip = opened(KRTestArchive::bytes({entry, KRTestArchive::stored("b", "sound")}));
+    QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
+    QCOMPARE(m_history.entries().size(), 1);
+    QVERIFY2(m_history.entries().at(0).reason.contains(reason), qUtf8Printable(m_history.entries().at(0).reason));
+    QCOMPARE(zip.fileContent(QStringLiteral("b")), QByteArray("sound"));
+}
+
+void tst_KRZIP::limitOfAnEntry()
+{
+    const QByteArray largest(KRZIP::maximumEntryBytes, 'x');
+    const KRZIP zip = opened(KRTestArchive::bytes(
+        {KRTestArchive::stored("largest", largest), KRTestArchive::stored("larger", largest + 'x')}));
+    QVERIFY(zip.fileContent(QStringLiteral("largest")) == largest);
+    QVERIFY(m_history.isEmpty());
+    QVERIFY(zip.fileContent(QStringLiteral("larger")).isNull());
+    QVERIFY(m_history.entries().at(0).reason.contains(QStringLiteral("64 MB")));
+}
+
+void tst_KRZIP::looksAtSoManyEntriesOnly()
+{
+    QList<KRTestArchive::Entry> entries;
+    for (int i = 0; i <= KRZIP::maximumEntries; ++i)
+        entries += KRTestArchive::stored(QByteArray::number(i), "x");
+    const KRZIP zip = opened(KRTestArchive::bytes(entries));
+    QCOMPARE(zip.getFileNameList().size(), KRZIP::maximumEntries);
+    QCOMPARE(m_history.entries().size(), 1);
+    QCOMPARE(zip.fileContent(QStringLiteral("9999")), QByteArray("x"));
+    QVERIFY(zip.fileContent(QStringLiteral("10000")).isNull());
+}
+
+void tst_KRZIP::truncatedAnywhereGivesNothing()
+{
+    const QByteArray whole = KRTestArchive::bytes(
+        {KRTestArchive::deflated("doc.kml", "<kml/>"), KRTestArchive::stored("images/a.png", "PNG")});
+    for (int length = 0; length < whole.size(); ++length) {
+        m_history.clear();
+        const KRZIP zip = opened(whole.left(length));
+        QVERIFY2(zip.getFileNameList().isEmpty() && !m_history.isEmpty(), QByteArray::number(length).constData());
+    }
+}
+
+void tst_KRZIP::damagedAnywhereGivesNothingElse()
+{
+    const QByteArray kml = QByteArray("<kml>53.1,8.2</kml>").repeated(3);
+    const QString name = QStringLiteral("doc.kml");
+    const QByteArray whole =
+        KRTestArchive::bytes({KRTestArchive::deflated("doc.kml", kml), KRTestArchive::stored("b", "PNG")});
+    for (int position = 0; position < whole.size(); ++position) {
+        QByteArray damaged = whole;
+        damaged[position] = char(damaged.at(position) ^ (1 << position % 8));
+        m_history.clear();
+        const QByteArray content = opened(damaged).fileContent(name);
+        QVERIFY2(content == kml || (content.isNull() && !m_history.isEmpty()),
+                 QByteArray::number(position).constData());
+    }
+}
+
+void tst_KRZIP::namesAreNoPaths()
+{
+    const QStringList names{QStringLiteral("../up.kml"), QStringLiteral("/tmp/absolute.kml"),
+                            QStringLiteral("C:\\windows.kml")};
+    QList<KRTestArchive::Entry> entries;
+    for (const QString &name : names)
+        entries += KRTestArchive::stored(name.toUtf8(), name.toUtf8());
+    const KRZIP zip = opened(KRTestArchive::bytes(entries));
+    QCOMPARE(zip.getFileNameList(), names);
+    for (const QString &name : names)
+        QCOMPARE(zip.fileContent(name), name.toUtf8());
+    QCOMPARE(QDir(m_dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList{QStringLiteral("a.kmz")});
+    QVERIFY(!QFile::exists(QStringLiteral("/tmp/absolute.kml")));
+}
+
+void tst_KRZIP::messagesShowNamesHarmlessly()
+{
+    const QString name = QStringLiteral("\u001B[31m\n\u202E") + QString(1000, QLatin1Char('x'));
+    const KRZIP zip = opened(KRTestArchive::bytes({KRTestArchive::stored("a", "")}));
+    QVERIFY(zip.fileContent(name).isNull());
+    const QString reason = m_history.entries().at(0).reason;
+    QVERIFY2(reason.contains(QStringLiteral("„?[31m??xx")), qUtf8Printable(reason));
+    QVERIFY(reason.size() < 200);
+}
+
+void tst_KRZIP::onlyRegularFiles()
+{
+    for (const QString &path : {m_dir.path(), m_dir.filePath(QStringLiteral("missing")), QStringLiteral("/dev/zero")}) {
+        m_history.clear();
+        KRZIP zip(QFileInfo(path), &m_history);
+        QVERIFY(!zip.open(KRZIP::read));
+        QCOMPARE(m_history.entries().size(), 1);
+    }
+}
+
+void tst_KRZIP::closedArchiveHasNothing()
+{
+    KRZIP zip = opened(KRTestArchive::bytes({KRTestArchive::stored("a", "1")}));
+    zip.close();
+    QVERIFY(zip.getFileNameList().isEmpty());
+    QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
+    QVERIFY(zip.open(KRZIP::read));
+    QCOMPARE(zip.fileContent(QStringLiteral("a")), QByteArray("1"));
+}
+
+static const KRTestRegistration<tst_KRZIP> registration;
+
+#include "tst_KRZIP.moc"
