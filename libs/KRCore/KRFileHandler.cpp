@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QTextStream>
 
 namespace {
@@ -99,4 +100,13 @@ QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *h
         return lines;
     report(history, file.filePath(), reason);
     return QStringList();
+}
+
+bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history)
+{
+    QSaveFile target(file.filePath());
+    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit())
+        return true;
+    report(history, file.filePath(), target.errorString());
+    return false;
 }

@@ -10,7 +10,7 @@ class QFile;
 class QFileInfo;
 
 /**
- * Opens files of unknown origin.
+ * Opens files of unknown origin, and writes files whole or not at all.
  *
  * Only regular files are read: a pipe would block for ever, a device never ends. Every refusal has its own
  * reason, reported to the history where one is given.
@@ -29,4 +29,7 @@ public:
     /// The lines without their ends, decoded as UTF-8, or as UTF-16 where a byte order mark says so. Empty when the
     /// file could not be read, holds more than KRXMLGuard::maximumBytes or has more than maximumLines lines.
     static QStringList readTextFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
+
+    /// Writes all bytes; until they are there the old file stays as it was. False when it fails.
+    static bool writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history);
 };

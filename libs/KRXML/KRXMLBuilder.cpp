@@ -2,10 +2,20 @@
 
 #include "KRXMLTextWriter.h"
 
-#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRFileHandler.h>
 
 #include <QFileInfo>
-#include <QSaveFile>
+
+namespace {
+
+/// Whether XML 1.0 (production 2) knows the character, which is not part of a surrogate pair.
+bool isXmlCharacter(ushort unit)
+{
+    return unit == 0x9 || unit == 0xA || unit == 0xD || (unit >= 0x20 && unit <= 0xD7FF)
+           || (unit >= 0xE000 && unit <= 0xFFFD);
+}
+
+} // namespace
 
 QDomElement KRXMLBuilder::buildRootElement(QDomDocument &document, const QString &name)
 {
@@ -31,18 +41,26 @@ QString KRXMLBuilder::toText(const QDomDocument &document, int indent)
     return KRXMLTextWriter(indent).write(document);
 }
 
+QString KRXMLBuilder::readableText(const QString &text)
+{
+    QString kept;
+    kept.reserve(text.size());
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar unit = text.at(i);
+        if (unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
+            kept += unit;
+            kept += text.at(++i);
+        } else if (isXmlCharacter(unit.unicode())) {
+            kept += unit;
+        }
+    }
+    return kept;
+}
+
 bool KRXMLBuilder::saveUTF8(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
 {
     const QString declaration = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
     const QByteArray bytes = (declaration + toText(document, 1) + QLatin1Char('\n')).toUtf8();
 
-    QSaveFile target(file.filePath());
-    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit())
-        return true;
-
-    KRErrorHistory::Entry entry;
-    entry.fileName = file.filePath();
-    entry.reason = target.errorString();
-    KRErrorHistory::report(history, entry);
-    return false;
+    return KRFileHandler::writeAll(file, bytes, history);
 }

@@ -16,7 +16,8 @@ class QFileInfo;
  * chance. Characters that XML 1.0 does not know (control characters, lone surrogates) are left out, because no
  * other program could read the text with them.
  */
-class KRXML_EXPORT KRXMLBuilder {
+class KRXML_EXPORT KRXMLBuilder
+{
 public:
     /// Makes @p name the document element of an empty document.
     static QDomElement buildRootElement(QDomDocument &document, const QString &name);
@@ -31,6 +32,9 @@ public:
      *        Elements that hold text are never indented inside, so that the text stays as it is.
      */
     static QString toText(const QDomDocument &document, int indent = -1);
+
+    /// The text without the characters that no XML reader takes, for other ways of writing XML.
+    static QString readableText(const QString &text);
 
     /**
      * Writes the document as UTF-8 with an XML declaration; the old file stays whole until the new one is.

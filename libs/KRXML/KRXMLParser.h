@@ -19,7 +19,8 @@ enum KRColorByteOrder : int {
  * Numbers are read independently of the locale, with blanks around them ignored, by QString's rules: "nan" and
  * "inf" are numbers, "1,5" is not. A "child" is always the first child element of that name.
  */
-class KRXML_EXPORT KRXMLParser {
+class KRXML_EXPORT KRXMLParser
+{
 public:
     /// The attribute as a double, or @p defaultValue when it is missing or no number.
     static double doubleAttribute(const QDomElement &element, const QString &name, double defaultValue);

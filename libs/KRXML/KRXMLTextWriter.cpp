@@ -1,39 +1,18 @@
 #include "KRXMLTextWriter.h"
 
+#include "KRXMLBuilder.h"
+
 #include <QDomElement>
 #include <QDomNamedNodeMap>
 #include <QMap>
 
 namespace {
 
-bool isXmlCharacter(uint codePoint)
-{
-    // XML 1.0, production 2.
-    return codePoint == 0x9 || codePoint == 0xA || codePoint == 0xD || (codePoint >= 0x20 && codePoint <= 0xD7FF)
-           || (codePoint >= 0xE000 && codePoint <= 0xFFFD) || (codePoint >= 0x10000 && codePoint <= 0x10FFFF);
-}
-
-QString xmlCharactersOf(const QString &text)
-{
-    QString kept;
-    kept.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar unit = text.at(i);
-        if (unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
-            kept += unit;
-            kept += text.at(++i);
-        } else if (isXmlCharacter(unit.unicode())) {
-            kept += unit;
-        }
-    }
-    return kept;
-}
-
 QString escaped(const QString &text, bool isAttribute)
 {
     QString result;
     result.reserve(text.size());
-    for (const QChar unit : xmlCharactersOf(text)) {
+    for (const QChar unit : KRXMLBuilder::readableText(text)) {
         switch (unit.unicode()) {
         case '&':
             result += QLatin1String("&amp;");
@@ -45,8 +24,8 @@ QString escaped(const QString &text, bool isAttribute)
             result += QLatin1String("&gt;");
             break;
         case '\r':
-            result += QLatin1String("&#13;");
-            break; // a reader would turn it into a line feed
+            result += QLatin1String("&#13;"); // a reader would turn it into a line feed
+            break;
         case '"':
             result += isAttribute ? QLatin1String("&quot;") : QLatin1String("\"");
             break;
@@ -106,7 +85,7 @@ void KRXMLTextWriter::enter(const QDomNode &node)
         m_text += escaped(node.nodeValue(), false);
     } else if (node.isComment()) {
         breakLine();
-        m_text += QLatin1String("<!--") + xmlCharactersOf(node.nodeValue()) + QLatin1String("-->");
+        m_text += QLatin1String("<!--") + KRXMLBuilder::readableText(node.nodeValue()) + QLatin1String("-->");
     }
 }
 

@@ -8,7 +8,8 @@
  *
  * Walks the tree without recursion, so that its depth is not limited by the stack.
  */
-class KRXMLTextWriter {
+class KRXMLTextWriter
+{
 public:
     explicit KRXMLTextWriter(int indent) : m_indent(indent) { }
 
