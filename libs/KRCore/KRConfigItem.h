@@ -10,12 +10,12 @@
  * @p T is any type that QSettings can store. KRSettings loads and saves it.
  */
 template <typename T>
-class KRConfigItem {
+class KRConfigItem
+{
 public:
     KRConfigItem(const QString &key, const T &defaultValue)
         : m_key(key), m_defaultValue(defaultValue), m_value(defaultValue)
-    {
-    }
+    { }
 
     QString key() const { return m_key; }
     T defaultValue() const { return m_defaultValue; }

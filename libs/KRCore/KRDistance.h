@@ -10,7 +10,8 @@ class QString;
  *
  * Every number is allowed and nothing is rounded: comparisons are exact, and null is exactly 0.
  */
-class KRCORE_EXPORT KRDistance {
+class KRCORE_EXPORT KRDistance
+{
 public:
     KRDistance() = default;
     /// Not explicit: a distance is that number.

@@ -5,7 +5,8 @@
 #include <QString>
 
 /// The name of the unit in which a KRDistance is described. A distance does not know its unit: nothing is converted.
-class KRCORE_EXPORT KRDistanceUnit {
+class KRCORE_EXPORT KRDistanceUnit
+{
 public:
     explicit KRDistanceUnit(const QString &symbol) : m_symbol(symbol) { }
 

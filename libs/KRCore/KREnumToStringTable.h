@@ -10,7 +10,8 @@
  * Keys match with regard to case and without trimming. A filled table may be read from several threads.
  */
 template <typename T>
-class Q_DECL_EXPORT KREnumToStringTable {
+class Q_DECL_EXPORT KREnumToStringTable
+{
 public:
     /// What a text that is no key stands for.
     static constexpr T defaultValue = static_cast<T>(0);

@@ -13,7 +13,8 @@
  * All instances in the process share one table per @p T, filled on first use from whatever thread.
  */
 template <typename T>
-class Q_DECL_EXPORT KREnumWrapper {
+class Q_DECL_EXPORT KREnumWrapper
+{
 public:
     KREnumWrapper() = default;
     /// Not explicit: the enumeration and its wrapper stand for the same thing.

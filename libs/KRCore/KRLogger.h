@@ -12,7 +12,8 @@
  *
  * A host that keeps such a log itself, or a test, may watch the lines. GUI thread only.
  */
-class KRCORE_EXPORT KRLogger : public KRSingleton<KRLogger> {
+class KRCORE_EXPORT KRLogger : public KRSingleton<KRLogger>
+{
 public:
     using Watcher = std::function<void(const QString &line)>;
 

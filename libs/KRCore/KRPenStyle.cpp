@@ -13,8 +13,7 @@ const QString penStyleElement = QStringLiteral("penStyle");
 KRPenStyle::KRPenStyle(int number)
     : // The custom style, 6, would need a pattern as well.
       m_number(number >= Qt::NoPen && number <= Qt::DashDotDotLine ? number : Qt::SolidLine)
-{
-}
+{ }
 
 KRPenStyle KRPenStyle::fromXml(const QDomElement &parent)
 {

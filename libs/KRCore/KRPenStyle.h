@@ -8,7 +8,8 @@ class QDomElement;
 class QPen;
 
 /// How a line is dashed: the number of a Qt::PenStyle from 0 (no line) to 5 (dash, dot, dot). Any other is solid, 1.
-class KRCORE_EXPORT KRPenStyle {
+class KRCORE_EXPORT KRPenStyle
+{
 public:
     /// Not explicit: a pen style is that number. Qt::PenStyle fits as well.
     KRPenStyle(int number = Qt::SolidLine);

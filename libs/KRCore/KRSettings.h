@@ -11,7 +11,8 @@
  * All of them share one INI file: that of the organisation and application which the host has set on
  * QCoreApplication, or the one named with setFileName(). GUI thread only.
  */
-class KRCORE_EXPORT KRSettings {
+class KRCORE_EXPORT KRSettings
+{
 public:
     /// From now on everything is loaded from and saved to this file; an empty name brings the host's own back.
     static void setFileName(const QString &fileName);

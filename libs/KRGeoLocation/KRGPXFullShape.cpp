@@ -16,8 +16,7 @@ constexpr auto pointMarkers = static_cast<KRGPXMarkerShapeEnum>(0x3FB);
 KRGPXFullShape::KRGPXFullShape() = default;
 KRGPXFullShape::KRGPXFullShape(const KRGPXTrackShape &trackShape, const KRGPXMarkerShape &markerShape)
     : m_trackShape(trackShape), m_markerShape(markerShape)
-{
-}
+{ }
 KRGPXFullShape::KRGPXFullShape(const KRGPXFullShape &other) = default;
 KRGPXFullShape::KRGPXFullShape(KRGPXFullShape &&other) noexcept = default;
 KRGPXFullShape &KRGPXFullShape::operator=(const KRGPXFullShape &other) = default;

@@ -5,7 +5,8 @@
 #include "KRGeoLocationExport.h"
 
 /// What a user picks as the look of a track: its figure together with its marker. Both unset (0) by default.
-class KRGEOLOCATION_EXPORT KRGPXFullShape {
+class KRGEOLOCATION_EXPORT KRGPXFullShape
+{
 public:
     KRGPXFullShape();
     KRGPXFullShape(const KRGPXTrackShape &trackShape, const KRGPXMarkerShape &markerShape);

@@ -37,7 +37,8 @@ enum KRGPXMarkerShapeEnum : int {
  * Lengths are pixels of the painter. Disk and block are the solid markers: they keep the caller's pen. All others
  * get a thin pen and grow by 0.4 pen widths per side, so that they look about as large as the solid ones.
  */
-class KRGEOLOCATION_EXPORT KRGPXMarkerShape : public KREnumWrapper<KRGPXMarkerShapeEnum> {
+class KRGEOLOCATION_EXPORT KRGPXMarkerShape : public KREnumWrapper<KRGPXMarkerShapeEnum>
+{
 public:
     using KREnumWrapper::KREnumWrapper;
     KRGPXMarkerShape() = default;

@@ -80,8 +80,7 @@ KRGPXTrackConfiguration::KRGPXTrackConfiguration(const QColor &lineColor, const 
     : m_lineColor(lineColor), m_lineWidth(lineWidth), m_penStyle(penStyle), m_fillColor(fillColor),
       m_haloWidth(haloWidth), m_displayOptions(displayOptions), m_markerShape(markerShape), m_trackShape(trackShape),
       m_smoothingStrength(smoothingStrength), m_smoothingSteps(smoothingSteps)
-{
-}
+{ }
 KRGPXTrackConfiguration::KRGPXTrackConfiguration(const KRGPXTrackConfiguration &other) = default;
 KRGPXTrackConfiguration::KRGPXTrackConfiguration(KRGPXTrackConfiguration &&other) noexcept = default;
 KRGPXTrackConfiguration &KRGPXTrackConfiguration::operator=(const KRGPXTrackConfiguration &other) = default;

@@ -21,7 +21,8 @@ class QDomElement;
  * smoothing steps are the number of points that smoothing keeps in place, see KRGPXTrackSmoothing. Setters take any
  * value and tell whether anything changed.
  */
-class KRGEOLOCATION_EXPORT KRGPXTrackConfiguration {
+class KRGEOLOCATION_EXPORT KRGPXTrackConfiguration
+{
 public:
     /// The same as defaultValue().
     KRGPXTrackConfiguration();

@@ -16,7 +16,8 @@ enum KRGPXTrackDisplayOptionsEnum : int {
 };
 
 /// The set of ways in which a track's figure is painted; empty by default. KRGPXTrackShape tells what is available.
-class KRGEOLOCATION_EXPORT KRGPXTrackDisplayOptions : public KREnumWrapper<KRGPXTrackDisplayOptionsEnum> {
+class KRGEOLOCATION_EXPORT KRGPXTrackDisplayOptions : public KREnumWrapper<KRGPXTrackDisplayOptionsEnum>
+{
 public:
     using KREnumWrapper::KREnumWrapper;
     KRGPXTrackDisplayOptions() = default;

@@ -22,7 +22,8 @@ enum KRGPXTrackShapeEnum : int {
 };
 
 /// The figure that the points of a track form. Unknown by default; one bit is set at a time.
-class KRGEOLOCATION_EXPORT KRGPXTrackShape : public KREnumWrapper<KRGPXTrackShapeEnum> {
+class KRGEOLOCATION_EXPORT KRGPXTrackShape : public KREnumWrapper<KRGPXTrackShapeEnum>
+{
     Q_DECLARE_TR_FUNCTIONS(KRGPXTrackShape)
 
 public:

@@ -18,7 +18,8 @@
  */
 class KRGEOLOCATION_EXPORT KRGeoLocationSettings : public QObject,
                                                    public KRSettings,
-                                                   public KRSingleton<KRGeoLocationSettings> {
+                                                   public KRSingleton<KRGeoLocationSettings>
+{
     Q_OBJECT
 
 public:

@@ -5,7 +5,8 @@
 
 #include <QtTest>
 
-class tst_KRDistance : public QObject {
+class tst_KRDistance : public QObject
+{
     Q_OBJECT
 
 private slots:

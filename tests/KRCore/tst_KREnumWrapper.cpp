@@ -17,7 +17,8 @@ enum LayerEnum : int {
     CityLayer = 8,
 };
 
-class Layer : public KREnumWrapper<LayerEnum> {
+class Layer : public KREnumWrapper<LayerEnum>
+{
 public:
     using KREnumWrapper::KREnumWrapper;
     explicit Layer(const QString &keys) { setValue(enumToStringTable().decodeCSV(keys)); }
@@ -40,7 +41,8 @@ std::atomic_int Layer::fillings = 0;
 
 Q_DECLARE_METATYPE(LayerEnum)
 
-class tst_KREnumWrapper : public QObject {
+class tst_KREnumWrapper : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -4,7 +4,8 @@
 
 #include <QtTest>
 
-class tst_KRLogger : public QObject {
+class tst_KRLogger : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -6,7 +6,8 @@
 #include <QPen>
 #include <QtTest>
 
-class tst_KRPenStyle : public QObject {
+class tst_KRPenStyle : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -11,7 +11,8 @@
 
 namespace {
 
-class PlaceSettings : public KRSettings {
+class PlaceSettings : public KRSettings
+{
 public:
     void loadAll()
     {
@@ -30,7 +31,8 @@ public:
 
 } // namespace
 
-class tst_KRSettings : public QObject {
+class tst_KRSettings : public QObject
+{
     Q_OBJECT
 
 private slots:

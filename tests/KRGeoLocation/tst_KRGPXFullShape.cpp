@@ -7,7 +7,8 @@
 
 Q_DECLARE_METATYPE(KRGPXTrackShapeEnum)
 
-class tst_KRGPXFullShape : public QObject {
+class tst_KRGPXFullShape : public QObject
+{
     Q_OBJECT
 
 private slots:

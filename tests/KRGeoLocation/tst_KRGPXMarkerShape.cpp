@@ -24,7 +24,8 @@ QImage picture(KRGPXMarkerShapeEnum shape, const QColor &fill = Qt::red)
 
 } // namespace
 
-class tst_KRGPXMarkerShape : public QObject {
+class tst_KRGPXMarkerShape : public QObject
+{
     Q_OBJECT
 
 private slots:

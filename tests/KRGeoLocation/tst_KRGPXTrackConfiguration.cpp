@@ -29,7 +29,8 @@ KRGPXTrackConfiguration written(const QByteArray &children)
 
 Q_DECLARE_METATYPE(Change)
 
-class tst_KRGPXTrackConfiguration : public QObject {
+class tst_KRGPXTrackConfiguration : public QObject
+{
     Q_OBJECT
 
 private slots:

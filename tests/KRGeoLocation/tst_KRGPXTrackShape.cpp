@@ -23,7 +23,8 @@ QDomElement element(const QByteArray &xml)
 
 } // namespace
 
-class tst_KRGPXTrackShape : public QObject {
+class tst_KRGPXTrackShape : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -10,7 +10,8 @@
 
 #include <memory>
 
-class tst_KRGeoLocationSettings : public QObject {
+class tst_KRGeoLocationSettings : public QObject
+{
     Q_OBJECT
 
 private slots:

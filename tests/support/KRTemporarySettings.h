@@ -6,7 +6,8 @@
 #include <QTemporaryDir>
 
 /// While it lives all settings are kept in a file of their own, which does not exist at first.
-class KRTemporarySettings {
+class KRTemporarySettings
+{
 public:
     KRTemporarySettings() : m_previousFileName(KRSettings::fileName()) { KRSettings::setFileName(fileName()); }
     ~KRTemporarySettings() { KRSettings::setFileName(m_previousFileName); }
