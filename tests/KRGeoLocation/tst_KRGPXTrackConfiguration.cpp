@@ -1,24 +1,19 @@
 #include <KRGeoLocation/KRGPXTrackConfiguration.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestXml.h"
 
 #include <QDebug>
-#include <QDomDocument>
 #include <QtTest>
 
 #include <functional>
 #include <limits>
 
+using KRTestXml::element;
+
 namespace {
 
 using Change = std::function<bool(KRGPXTrackConfiguration &)>;
-
-QDomElement element(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    return document.documentElement();
-}
 
 KRGPXTrackConfiguration written(const QByteArray &children)
 {

@@ -2,24 +2,20 @@
 #include <KRGeoLocation/KRGPXTrackDisplayOptions.h>
 #include <KRGeoLocation/KRGPXTrackShape.h>
 
+#include "KRRecordingTranslator.h"
 #include "KRTestRegistry.h"
+#include "KRTestXml.h"
 
-#include <QDomDocument>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(KRGPXTrackShapeEnum)
 Q_DECLARE_METATYPE(KRGPXTrackDisplayOptionsEnum)
 
+using KRTestXml::element;
+
 namespace {
 
 const auto numberWithoutShape = static_cast<KRGPXTrackShapeEnum>(3);
-
-QDomElement element(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    return document.documentElement();
-}
 
 } // namespace
 
@@ -38,6 +34,7 @@ private slots:
     void choices();
     void texts_data();
     void texts();
+    void textsBelongToTheClass();
 };
 
 void tst_KRGPXTrackShape::decodeKml_data()
@@ -168,6 +165,17 @@ void tst_KRGPXTrackShape::texts()
     // The arrow may come together with other bits.
     QTEST(trackShape.humanReadable(KRGPXMarkerShape(ArrowMarkerShape) | DiskMarkerShape), "withArrow");
     QTEST(trackShape.toolTip(), "toolTip");
+}
+
+void tst_KRGPXTrackShape::textsBelongToTheClass()
+{
+    const KRRecordingTranslator translator;
+    const KRGPXTrackShape area(PolygonTrackShape);
+    QCOMPARE(area.humanReadable(NoMarkerShape), QStringLiteral("Fläche"));
+    QCOMPARE(KRGPXTrackShape(AutoTrackShape).toolTip(), QStringLiteral("Die Form wird automatisch erkannt."));
+    QCOMPARE(translator.requests(),
+             QStringList({QStringLiteral("KRGPXTrackShape|Fläche|"),
+                          QStringLiteral("KRGPXTrackShape|Die Form wird automatisch erkannt.|")}));
 }
 
 static const KRTestRegistration<tst_KRGPXTrackShape> registration;
