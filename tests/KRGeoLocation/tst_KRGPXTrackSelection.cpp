@@ -1,0 +1,372 @@
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+
+#include "KRTestRegistry.h"
+#include "KRTestXml.h"
+
+#include <KRGeoLocation/KRGPXTrackSelectionComparisonResult.h>
+
+#include <QtTest>
+
+using KRTestXml::element;
+
+namespace {
+
+const QDir noDir = QDir(QString());
+
+/// A line of two points; @p name tells it from others.
+KRGPXConfiguredTrack line(const QString &name, const QString &coordinates = QStringLiteral("8,53 9,54"))
+{
+    return {KRGPXTrack::decodeKml(name, QString(), coordinates, LineStringTrackShape), KRGPXTrackConfiguration()};
+}
+
+/// Lines named by the single letters of @p names.
+KRGPXConfiguredTrackList lines(const QString &names)
+{
+    KRGPXConfiguredTrackList list;
+    for (const QChar letter : names)
+        list.append(line(letter));
+    return list;
+}
+
+QString namesOf(const KRGPXConfiguredTrackList &list)
+{
+    QString names;
+    for (const KRGPXConfiguredTrack &track : list)
+        names += track.name();
+    return names;
+}
+
+KRGPXConfiguredTrackList withHalo(KRGPXConfiguredTrackList list, int index)
+{
+    KRGPXTrackConfiguration configuration = list.configuration(index);
+    configuration.setHaloWidth(2.0);
+    list.setConfiguration(index, configuration);
+    return list;
+}
+
+} // namespace
+
+class tst_KRGPXTrackSelection : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void roundTrip();
+    void readsTheFormerElementFirst();
+    void emptySelectionIsNotCropped();
+    void moveTrack_data();
+    void moveTrack();
+    void configurationsOfTheList();
+    void configurationsOfTheSelection();
+    void indicesOutsideAreIgnored();
+    void firstLooksAtTheFirstTrackAndLastSearches();
+    void joinsItsTracks();
+    void compare_data();
+    void compare();
+    void haloBecomesVisible();
+    void reduceToTrackNumber_data();
+    void reduceToTrackNumber();
+    void overrideColor_data();
+    void overrideColor();
+    void settersTellWhetherAnythingChanged();
+    void comparisonResults();
+    void mergesOnlyWhatIsAlike();
+};
+
+void tst_KRGPXTrackSelection::roundTrip()
+{
+    KRGPXTrackSelection selection(lines(QStringLiteral("abc")));
+    selection.setCroppingOpacity(-7); // stored as given
+    QDomElement parent = element("<document/>");
+    selection.toXml(parent, noDir);
+    QCOMPARE(KRGPXTrackSelection(parent, noDir), selection);
+
+    const KRGPXTrackSelection nothing(element("<document/>"), noDir);
+    QCOMPARE(nothing, KRGPXTrackSelection());
+    QCOMPARE(nothing.nominalCroppingOpacity(), 255);
+}
+
+void tst_KRGPXTrackSelection::readsTheFormerElementFirst()
+{
+    const auto child = [](const QByteArray &tag, const QByteArray &name) {
+        return "<" + tag + "><trk><name>" + name + "</name></trk></" + tag + ">";
+    };
+    const QDomElement document = element("<document croppingOpacity=\"12\"><gpxtrack>" + child("configuredTrack", "c")
+                                         + child("locationTrack", "a") + child("other", "x")
+                                         + child("locationTrack", "b") + "</gpxtrack></document>");
+    const KRGPXTrackSelection selection(document, noDir);
+    QCOMPARE(namesOf(selection.tracks()), QStringLiteral("abc"));
+    QCOMPARE(selection.effectiveCroppingOpacity(), 12);
+
+    QDomElement parent = element("<document/>");
+    selection.toXml(parent, noDir);
+    const QDomElement tracks = parent.firstChildElement(QStringLiteral("gpxtrack"));
+    QCOMPARE(tracks.elementsByTagName(QStringLiteral("configuredTrack")).size(), 3);
+    QCOMPARE(tracks.elementsByTagName(QStringLiteral("locationTrack")).size(), 0);
+}
+
+void tst_KRGPXTrackSelection::emptySelectionIsNotCropped()
+{
+    KRGPXTrackSelection selection;
+    QVERIFY(selection.setCroppingOpacity(10));
+    QCOMPARE(selection.effectiveCroppingOpacity(), 255);
+    QCOMPARE(selection.nominalCroppingOpacity(), 10);
+    selection.addTrack(line(QStringLiteral("a")));
+    QCOMPARE(selection.effectiveCroppingOpacity(), 10);
+}
+
+void tst_KRGPXTrackSelection::moveTrack_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("down") << 0 << 2 << QStringLiteral("bcad");
+    QTest::newRow("up") << 3 << 1 << QStringLiteral("adbc");
+    QTest::newRow("beyond the end") << 0 << 99 << QStringLiteral("bcda");
+    QTest::newRow("before the start") << 2 << -5 << QStringLiteral("cabd");
+    QTest::newRow("from beyond the end") << 4 << 0 << QStringLiteral("abcd");
+    QTest::newRow("from before the start") << -1 << 0 << QStringLiteral("abcd");
+}
+
+void tst_KRGPXTrackSelection::moveTrack()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    KRGPXTrackSelection selection(lines(QStringLiteral("abcd")));
+    selection.moveTrack(from, to);
+    QTEST(namesOf(selection.tracks()), "expected");
+    KRGPXTrackSelection empty;
+    empty.moveTrack(from, to);
+    QVERIFY(empty.isEmpty());
+}
+
+void tst_KRGPXTrackSelection::configurationsOfTheList()
+{
+    KRGPXConfiguredTrackList list = lines(QStringLiteral("ab"));
+    const KRGPXConfiguredTrackList before = list;
+    QVERIFY(!list.setConfiguration(0, list.configuration(0)));
+    QVERIFY(list.isSharedWith(before));
+
+    KRGPXTrackConfiguration unknown = list.configuration(1);
+    unknown.setTrackShape(UnknownTrackShape);
+    QVERIFY(list.setConfiguration(1, unknown));
+    QCOMPARE(list.configuration(1).trackShape().value(), AutoTrackShape);
+    QVERIFY(!list.setConfiguration(1, unknown));
+    QCOMPARE(before.configuration(1).trackShape().value(), LineStringTrackShape);
+}
+
+void tst_KRGPXTrackSelection::configurationsOfTheSelection()
+{
+    KRGPXTrackSelection selection(lines(QStringLiteral("ab")));
+    KRGPXTrackConfiguration configuration = selection.configuration(0);
+    QVERIFY(!selection.setConfiguration(configuration));
+    configuration.setTrackShape(UnknownTrackShape);
+    QVERIFY(selection.setConfiguration(0, configuration)); // although the track keeps its shape
+    QCOMPARE(selection.configuration(0).trackShape().value(), LineStringTrackShape);
+
+    configuration.setTrackShape(HopTrackShape);
+    QVERIFY(selection.setConfiguration(1, configuration));
+    QVERIFY(selection.setConfiguration(configuration)); // the first one still differs
+    QVERIFY(!selection.setConfiguration(configuration));
+    QCOMPARE(selection.configuration(0), configuration);
+}
+
+void tst_KRGPXTrackSelection::indicesOutsideAreIgnored()
+{
+    const KRGPXTrackSelection before(lines(QStringLiteral("ab")));
+    KRGPXTrackConfiguration wide;
+    wide.setLineWidth(50.0);
+    for (const int index : {-1, 2}) {
+        KRGPXTrackSelection selection = before;
+        QVERIFY(!selection.isValidRow(index));
+        QVERIFY(!selection.setConfiguration(index, wide));
+        selection.removeAt(index);
+        selection.overrideColorOfTrack(index, 0);
+        QCOMPARE(selection, before);
+        QVERIFY(!selection.value(index).track().isValid());
+        QCOMPARE(selection.configuration(index), KRGPXTrackConfiguration::currentDefaultConfiguration());
+        KRGPXConfiguredTrackList list = before.tracks();
+        QVERIFY(!list.setConfiguration(index, wide));
+    }
+}
+
+void tst_KRGPXTrackSelection::firstLooksAtTheFirstTrackAndLastSearches()
+{
+    QVERIFY(!KRGPXTrackSelection().firstPoint().isValid());
+    QVERIFY(!KRGPXTrackSelection().lastPoint().isValid());
+
+    const KRGPXConfiguredTrack empty = line(QStringLiteral("empty"), QString());
+    KRGPXTrackSelection selection;
+    selection.addTracks({empty, line(QStringLiteral("a")), empty});
+    QVERIFY(!selection.firstPoint().isValid());
+    QCOMPARE(selection.lastPoint(), KRGeoPosition(54.0, 9.0));
+    selection.removeAt(0);
+    QCOMPARE(selection.firstPoint(), KRGeoPosition(53.0, 8.0));
+}
+
+void tst_KRGPXTrackSelection::joinsItsTracks()
+{
+    KRGPXTrackSelection selection;
+    selection.addTrack(line(QStringLiteral("a"), QStringLiteral("8,53")));
+    QVERIFY(selection.isSinglePoint());
+    KRGPXTrackSelection other(lines(QStringLiteral("b")));
+    other.setCroppingOpacity(3);
+    selection.addSelection(other);
+    QVERIFY(!selection.isSinglePoint());
+    QCOMPARE(selection.nominalCroppingOpacity(), 255);
+    QCOMPARE(selection.allPoints(),
+             KRGeoPositionList({KRGeoPosition(53, 8), KRGeoPosition(53, 8), KRGeoPosition(54, 9)}));
+    QCOMPARE(selection.allTimeStamps().size(), 3);
+    KRGeoPositionList chunks;
+    for (const KRGeoPositionList &chunk : selection.chunkedPoints())
+        chunks.append(chunk);
+    QCOMPARE(chunks, selection.allPoints());
+
+    selection.addTrack(other.tracks().first().track());
+    QCOMPARE(namesOf(selection.tracks()), QStringLiteral("abb"));
+    QCOMPARE(selection.configuration(2).trackShape().value(), LineStringTrackShape);
+}
+
+void tst_KRGPXTrackSelection::compare_data()
+{
+    QTest::addColumn<QString>("names");
+    QTest::addColumn<QString>("otherNames");
+    QTest::addColumn<QList<int>>("changing");
+    QTest::addColumn<bool>("countChanges");
+    QTest::newRow("equal") << QStringLiteral("ab") << QStringLiteral("ab") << QList<int>() << false;
+    QTest::newRow("others") << QStringLiteral("abc") << QStringLiteral("xby") << QList<int>{0, 2} << false;
+    QTest::newRow("no more than both have") << QStringLiteral("ab") << QStringLiteral("axyz") << QList<int>{1} << true;
+    QTest::newRow("against nothing") << QStringLiteral("ab") << QString() << QList<int>() << true;
+}
+
+void tst_KRGPXTrackSelection::compare()
+{
+    QFETCH(QString, names);
+    QFETCH(QString, otherNames);
+    const auto result = KRGPXTrackSelection(lines(names)).compare(KRGPXTrackSelection(lines(otherNames)));
+    QTEST(result.changingTracks(), "changing");
+    QTEST(result.trackCountChanges(), "countChanges");
+    QCOMPARE(int(result.changingAspects()), result.changingTracks().isEmpty() ? 0 : int(TrackAspect));
+
+    KRGPXConfiguredTrackList wider = lines(names);
+    wider[0].setLineWidth(1.0);
+    wider[1].setLineColor(Qt::red);
+    const auto aspects = wider.compare(lines(names)).changingAspects();
+    QCOMPARE(aspects, LineWidthAspect | LineColorAspect);
+}
+
+void tst_KRGPXTrackSelection::haloBecomesVisible()
+{
+    const KRGPXConfiguredTrackList without = lines(QStringLiteral("abc"));
+    const KRGPXTrackSelection old(lines(QStringLiteral("ab")));
+    QVERIFY(KRGPXTrackSelection(withHalo(without, 1)).wouldChangeHaloToVisibleAgainst(old));
+    QVERIFY(!KRGPXTrackSelection(withHalo(without, 2)).wouldChangeHaloToVisibleAgainst(old));
+    QVERIFY(!KRGPXTrackSelection(without).wouldChangeHaloToVisibleAgainst(old));
+}
+
+void tst_KRGPXTrackSelection::reduceToTrackNumber_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("second") << 1 << QStringLiteral("b");
+    QTest::newRow("beyond the end") << 5 << QStringLiteral("ab");
+    QTest::newRow("negative") << -1 << QStringLiteral("ab");
+}
+
+void tst_KRGPXTrackSelection::reduceToTrackNumber()
+{
+    QFETCH(int, index);
+    KRGPXTrackSelection selection(lines(QStringLiteral("ab")));
+    selection.setCroppingOpacity(77);
+    const KRGPXTrackSelection reduced = selection.reduceToTrackNumber(index);
+    QTEST(namesOf(reduced.tracks()), "expected");
+    QCOMPARE(reduced.nominalCroppingOpacity(), 77);
+    QCOMPARE(selection.count(), 2);
+}
+
+void tst_KRGPXTrackSelection::overrideColor_data()
+{
+    QTest::addColumn<int>("factor");
+    QTest::addColumn<QRgb>("line");
+    QTest::addColumn<QRgb>("fill");
+    QTest::newRow("128 changes nothing") << 128 << qRgba(200, 101, 3, 255) << qRgba(10, 20, 30, 40);
+    QTest::newRow("256 doubles") << 256 << qRgba(255, 202, 6, 255) << qRgba(20, 40, 60, 40);
+    QTest::newRow("64 halves, fractions are cut") << 64 << qRgba(100, 50, 1, 255) << qRgba(5, 10, 15, 40);
+    QTest::newRow("300") << 300 << qRgba(255, 236, 7, 255) << qRgba(23, 46, 70, 40);
+    QTest::newRow("nothing") << 0 << qRgba(0, 0, 0, 255) << qRgba(0, 0, 0, 40);
+    QTest::newRow("negative") << -128 << qRgba(0, 0, 0, 255) << qRgba(0, 0, 0, 40);
+    QTest::newRow("as large as it gets") << std::numeric_limits<int>::max() << qRgba(255, 255, 255, 255)
+                                         << qRgba(255, 255, 255, 40);
+}
+
+void tst_KRGPXTrackSelection::overrideColor()
+{
+    QFETCH(int, factor);
+    KRGPXConfiguredTrackList list = lines(QStringLiteral("ab"));
+    list[1].setLineColor(QColor(200, 101, 3));
+    list[1].setFillColor(QColor(10, 20, 30, 40));
+    KRGPXTrackSelection selection(list);
+    selection.overrideColorOfTrack(1, factor);
+    QTEST(selection.value(1).lineColor().rgba(), "line");
+    QTEST(selection.value(1).fillColor().rgba(), "fill");
+    QCOMPARE(selection.value(0), list.at(0));
+    QCOMPARE(list.at(1).lineColor(), QColor(200, 101, 3));
+}
+
+void tst_KRGPXTrackSelection::settersTellWhetherAnythingChanged()
+{
+    KRGPXTrackSelection selection;
+    QVERIFY(selection.setTracks(lines(QStringLiteral("a"))));
+    QVERIFY(!selection.setTracks(lines(QStringLiteral("a"))));
+    QVERIFY(!selection.setCroppingOpacity(255));
+    QVERIFY(selection.setCroppingOpacity(300));
+    QCOMPARE(selection.effectiveCroppingOpacity(), 300);
+    QVERIFY(selection != KRGPXTrackSelection(lines(QStringLiteral("a"))));
+}
+
+void tst_KRGPXTrackSelection::comparisonResults()
+{
+    KRGPXTrackSelectionComparisonResult first;
+    first.addChangingTrack(3);
+    first.addChangingAspects(LineWidthAspect);
+    KRGPXTrackSelectionComparisonResult second;
+    second.addChangingTrack(1);
+    second.addChangingTrack(3);
+    second.addChangingAspects(TrackAspect);
+    QVERIFY(second.setTrackCountChanges(true));
+
+    const KRGPXTrackSelectionComparisonResult sum = first + second;
+    QCOMPARE(sum.changingTracks(), QList<int>({3, 1, 3}));
+    QCOMPARE(sum.changingAspects(), LineWidthAspect | TrackAspect);
+    QVERIFY(sum.trackCountChanges());
+    QVERIFY((second + first).trackCountChanges());
+    QVERIFY(!first.trackCountChanges());
+    QVERIFY(second.setChangingAspects(LineColorAspect));
+    QVERIFY(!second.setChangingAspects(LineColorAspect));
+}
+
+void tst_KRGPXTrackSelection::mergesOnlyWhatIsAlike()
+{
+    KRGPXTrackSelectionComparisonResult first;
+    first.addChangingTrack(1);
+    first.addChangingTrack(2);
+    first.addChangingAspects(LineColorAspect);
+    KRGPXTrackSelectionComparisonResult counted = first;
+    counted.setTrackCountChanges(true);
+    QVERIFY(first.isMergeCompatible(first));
+    QVERIFY(first.isMergeCompatible(counted)); // only the own count matters
+    QVERIFY(!counted.isMergeCompatible(first));
+
+    KRGPXTrackSelectionComparisonResult turned;
+    turned.addChangingTrack(2);
+    turned.addChangingTrack(1);
+    turned.addChangingAspects(LineColorAspect);
+    QVERIFY(!first.isMergeCompatible(turned));
+    KRGPXTrackSelectionComparisonResult wider = first;
+    wider.addChangingAspects(LineWidthAspect);
+    QVERIFY(!first.isMergeCompatible(wider));
+}
+
+static const KRTestRegistration<tst_KRGPXTrackSelection> registration;
+
+#include "tst_KRGPXTrackSelection.moc"
