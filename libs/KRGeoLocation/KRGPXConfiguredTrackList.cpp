@@ -1,6 +1,7 @@
 #include "KRGPXConfiguredTrackList.h"
 
 #include "KRGPXTrackSelectionComparisonResult.h"
+#include "KRTrackSelectionFactory.h"
 
 #include <QDir>
 #include <QDomElement>
@@ -23,6 +24,11 @@ KRGPXConfiguredTrackList::KRGPXConfiguredTrackList(KRGPXConfiguredTrackList &&ot
 KRGPXConfiguredTrackList &KRGPXConfiguredTrackList::operator=(const KRGPXConfiguredTrackList &other) = default;
 KRGPXConfiguredTrackList &KRGPXConfiguredTrackList::operator=(KRGPXConfiguredTrackList &&other) noexcept = default;
 KRGPXConfiguredTrackList::~KRGPXConfiguredTrackList() = default;
+
+KRGPXConfiguredTrackList KRGPXConfiguredTrackList::fromFile()
+{
+    return KRTrackSelectionFactory::instance()->askUserReadFile();
+}
 
 KRGPXTrackConfiguration KRGPXConfiguredTrackList::configuration(int index) const
 {

@@ -25,6 +25,9 @@ public:
     KRGPXConfiguredTrackList &operator=(KRGPXConfiguredTrackList &&other) noexcept;
     virtual ~KRGPXConfiguredTrackList();
 
+    /// Asks the user for a file, see KRTrackSelectionFactory::askUserReadFile().
+    static KRGPXConfiguredTrackList fromFile();
+
     bool isValid() const { return !isEmpty(); }
     /// Whether there is a track with this index.
     bool checkRange(int index) const { return index >= 0 && index < count(); }
