@@ -1,0 +1,25 @@
+#include "KRMapCaption.h"
+
+#include <QFontMetrics>
+
+#include <cmath>
+
+QFont KRMapCaption::font(double factor)
+{
+    QFont result(QStringLiteral("Arial"));
+    const double pointSize = 24.0 * factor;
+    if (pointSize > 0.0)
+        result.setPointSizeF(pointSize);
+    return result;
+}
+
+QSizeF KRMapCaption::size(const QString &text, double factor)
+{
+    const QSizeF textSize = QFontMetrics(font(1.0)).size(Qt::TextSingleLine, text);
+    return (textSize + QSizeF(20.0, 5.0)) * factor;
+}
+
+bool KRMapCaption::isUsableFactor(double factor)
+{
+    return std::isfinite(factor) && factor > 0.0;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QSizeF>
+
+class QString;
+
+/**
+ * The common look of what is written onto maps: dark text on a light box, both translucent.
+ *
+ * Lengths are pixels at the paint factor 1, which suits a normal screen, and grow with the factor.
+ */
+namespace KRMapCaption {
+
+/// Below this factor no text is painted, as nobody could read it.
+constexpr double smallestReadableFactor = 0.1;
+/// Between the edges of the map and the text.
+constexpr double margin = 10.0;
+
+inline const QColor semiOpaqueWhite(225, 225, 225, 180);
+inline const QColor semiOpaqueBlack(0, 0, 0, 180);
+
+/// 24 points at factor 1.
+QFont font(double factor);
+/// What the text takes with the space around it. Measured at factor 1 and scaled, so that it grows evenly.
+QSizeF size(const QString &text, double factor);
+
+/// Whether anything can be painted at @p factor at all.
+bool isUsableFactor(double factor);
+
+} // namespace KRMapCaption

@@ -1,0 +1,252 @@
+#include <KRGeoLocation/KROsmScaleRenderer.h>
+
+#include "KRTestPicture.h"
+#include "KRTestRegistry.h"
+
+#include <QFontMetrics>
+#include <QImage>
+#include <QtTest>
+
+#include <limits>
+
+namespace {
+
+constexpr double infinite = std::numeric_limits<double>::infinity();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+
+/// A box of RGB 225 with alpha 180 over white: 225 * 180 / 255 + 255 * 75 / 255.
+constexpr int boxLightness = 234;
+
+QImage painted(const QSize &size, double pixelsPerKilometre, double factor)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    KROsmScaleRenderer(pixelsPerKilometre, size).renderScale(&image, factor);
+    return image;
+}
+
+bool isBox(const QImage &image, double x, double y)
+{
+    return qAbs(image.pixelColor(qRound(x), qRound(y)).lightness() - boxLightness) <= 2;
+}
+
+/// Whether a line runs through the point. Antialiasing may put it half into the pixel left of or above it.
+bool isLine(const QImage &image, double x, double y)
+{
+    return KRTestPicture::boundsOfDark(image.copy(qRound(x) - 1, qRound(y) - 1, 2, 2)).isValid();
+}
+
+} // namespace
+
+class tst_KROsmScaleRenderer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void distance_data();
+    void distance();
+    void layout_data();
+    void layout();
+    void maximumPaintFactorFillsTheLimit();
+    void bracket();
+    void labelStandsBehindTheBar();
+    void risesAboveTheAttribution_data();
+    void risesAboveTheAttribution();
+    void stub_data();
+    void stub();
+    void paintsNothing_data();
+    void paintsNothing();
+};
+
+void tst_KROsmScaleRenderer::distance_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<double>("pixelsPerKilometre");
+    QTest::addColumn<double>("kilometers");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("3 km fit") << 900 << 100.0 << 2.5 << QStringLiteral("2.5 km");
+    QTest::newRow("300 m fit") << 900 << 1000.0 << 0.25 << QStringLiteral("250 m");
+    QTest::newRow("exactly a step fits") << 900 << 300.0 << 0.5 << QStringLiteral("500 m");
+    QTest::newRow("two thirds of a narrow image") << 300 << 100.0 << 1.0 << QStringLiteral("1 km");
+    QTest::newRow("two thirds in whole pixels") << 2 << 0.4 << 1.0 << QStringLiteral("1 km");
+    QTest::newRow("10 m, a little more") << 900 << 15000.0 << 0.010000000000000002 << QStringLiteral("10 m");
+    QTest::newRow("exactly 10 m fit") << 900 << 30000.0 << 0.005 << QStringLiteral("5 m");
+    QTest::newRow("2.5 m is rounded up") << 900 << 100000.0 << 0.0025 << QStringLiteral("3 m");
+    QTest::newRow("exactly 2.5 m fit") << 900 << 120000.0 << 0.001 << QStringLiteral("1 m");
+    QTest::newRow("not even a metre fits") << 900 << 1e6 << 0.001 << QStringLiteral("1 m");
+    QTest::newRow("largest step") << 900 << 0.004 << 50000.0 << QStringLiteral("50000 km");
+    QTest::newRow("beyond the steps") << 900 << 0.001 << 300000.0 << QStringLiteral("300000 km");
+    QTest::newRow("seven digits") << 900 << 300.0 / 2500000 << 2500000.0 << QStringLiteral("2.5e+06 km");
+    QTest::newRow("no scale") << 900 << 0.0 << infinite << QStringLiteral("inf km");
+    QTest::newRow("image without width") << 0 << 100.0 << 0.001 << QStringLiteral("1 m");
+}
+
+void tst_KROsmScaleRenderer::distance()
+{
+    QFETCH(int, width);
+    QFETCH(double, pixelsPerKilometre);
+    QFETCH(double, kilometers);
+    const KROsmScaleRenderer renderer(pixelsPerKilometre, QSize(width, 100));
+    QVERIFY(renderer.shownKilometers() == kilometers); // to the last digit
+    QTEST(renderer.scaleText(), "text");
+}
+
+void tst_KROsmScaleRenderer::layout_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<QRect>("area");
+    QTest::addColumn<QRectF>("bar");
+    QTest::addColumn<QPointF>("labelOrigin");
+    // The bottom of a QRectF is the edge below the last row, that of a QRect the last row itself.
+    QTest::newRow("normal screen") << 1.0 << QRect(0, 0, 900, 600) << QRectF(10, 590, 250, -20) << QPointF(260, 589);
+    QTest::newRow("twice as fine") << 2.0 << QRect(0, 0, 900, 600) << QRectF(20, 580, 500, -40) << QPointF(520, 579);
+    QTest::newRow("lengths are cut to pixels")
+        << 0.53 << QRect(0, 0, 900, 600) << QRectF(5.3, 594.7, 132, -10) << QPointF(137.3, 593.7);
+    QTest::newRow("area elsewhere") << 1.0 << QRect(-70, 50, 900, 600) << QRectF(-60, 640, 250, -20)
+                                    << QPointF(190, 639);
+}
+
+void tst_KROsmScaleRenderer::layout()
+{
+    QFETCH(double, factor);
+    QFETCH(QRect, area);
+    const KROsmScaleRenderer renderer(100.0, area.size());
+    QTEST(renderer.strokeRect(area, factor), "bar");
+    const QRectF label = renderer.textRect(area, factor);
+    QTEST(QPointF(label.x(), label.y()), "labelOrigin");
+
+    QCOMPARE(renderer.textFont(factor).family(), QStringLiteral("Arial"));
+    QCOMPARE(renderer.textFont(factor).pointSizeF(), 24.0 * factor);
+    const QSize textSize = QFontMetrics(renderer.textFont(1.0)).size(Qt::TextSingleLine, QStringLiteral("2.5 km"));
+    QCOMPARE(label.width(), (textSize.width() + 20) * factor);
+    QCOMPARE(label.height(), (textSize.height() + 5) * -factor);
+}
+
+void tst_KROsmScaleRenderer::maximumPaintFactorFillsTheLimit()
+{
+    const KROsmScaleRenderer wide(70.0, QSize(900, 100));
+    QCOMPARE(wide.strokeLength(wide.maximumPaintFactor()), 300.0);
+    const KROsmScaleRenderer narrow(70.0, QSize(300, 100));
+    QCOMPARE(narrow.strokeLength(narrow.maximumPaintFactor()), 200.0);
+}
+
+void tst_KROsmScaleRenderer::bracket()
+{
+    // 2.5 m are 150 pixels. The base of the bar lies at y 290, the bar 6 above it, the ends of the ticks 20.
+    const QImage image = painted(QSize(1600, 300), 60000.0, 1.0);
+    for (double x = 11; x < 160; x += 10)
+        QVERIFY(isLine(image, x, 284));
+    for (double y = 272; y < 284; y += 2) {
+        QVERIFY(isLine(image, 10, y));
+        QVERIFY(isLine(image, 160, y));
+        QVERIFY(isBox(image, 85, y));
+    }
+    for (const double x : {10.0, 85.0, 160.0}) {
+        QVERIFY(isBox(image, x, 287));
+        QVERIFY(isBox(image, x, 267));
+    }
+    QVERIFY(isBox(image, 7, 284));
+    QVERIFY(isBox(image, 163, 284));
+}
+
+void tst_KROsmScaleRenderer::labelStandsBehindTheBar()
+{
+    const QSize size(1600, 300);
+    const QImage image = painted(size, 60000.0, 1.0);
+    const QRectF label = KROsmScaleRenderer(60000.0, size).textRect(image.rect(), 1.0).normalized();
+    QVERIFY(label.right() < size.width() / 3);
+
+    // The box reaches from the left edge of the image to the end of the label and has square corners.
+    const QRectF box(QPointF(0, label.top()), QPointF(label.right(), 290));
+    const QRect paintedBounds = KRTestPicture::boundsOfPainted(image);
+    QVERIFY(box.adjusted(0, -1, 1, 1).toAlignedRect().contains(paintedBounds));
+    QVERIFY(paintedBounds.contains(box.adjusted(0, 1, -1, -1).toAlignedRect()));
+    for (const QPointF &corner : {box.topLeft() + QPointF(1, 1), box.topRight() + QPointF(-2, 1),
+                                  box.bottomLeft() + QPointF(1, -2), box.bottomRight() + QPointF(-2, -2)})
+        QVERIFY(isBox(image, corner.x(), corner.y()));
+
+    const QRect textArea = label.adjusted(3, 0, 0, 0).toAlignedRect();
+    const QRectF text = KRTestPicture::boundsOfDark(image.copy(textArea)).translated(textArea.topLeft());
+    QVERIFY(!text.isEmpty());
+    QVERIFY(qAbs(text.center().x() - label.center().x()) < 4);
+    QVERIFY(qAbs(text.center().y() - label.center().y()) < label.height() / 4);
+}
+
+void tst_KROsmScaleRenderer::risesAboveTheAttribution_data()
+{
+    QTest::addColumn<int>("excessPx");
+    QTest::addColumn<bool>("rises");
+    QTest::newRow("box ends at a third of the image") << 0 << false;
+    QTest::newRow("box ends a pixel farther right") << 1 << true;
+}
+
+void tst_KROsmScaleRenderer::risesAboveTheAttribution()
+{
+    QFETCH(int, excessPx);
+    QFETCH(bool, rises);
+    // The bar is 300 pixels long at most, so the end of the box does not depend on the width of so wide an image.
+    const double pixelsPerKilometre = 60000.0;
+    const QRectF label =
+        KROsmScaleRenderer(pixelsPerKilometre, QSize(900, 300)).textRect(QRect(0, 0, 900, 300), 1.0).normalized();
+    const QSize size(3 * (qRound(label.right()) - excessPx), 300);
+    const QImage image = painted(size, pixelsPerKilometre, 1.0);
+    const double boxHeight = 290 - label.top();
+    const double rise = rises ? 1.5 * boxHeight : 0.0;
+    QVERIFY(isLine(image, 85, 284 - rise));
+    QVERIFY(qAbs(KRTestPicture::boundsOfPainted(image).bottom() - (289 - rise)) <= 1.0);
+    QVERIFY(qAbs(KRTestPicture::boundsOfPainted(image).top() - (label.top() - rise)) <= 1.0);
+}
+
+void tst_KROsmScaleRenderer::stub_data()
+{
+    QTest::addColumn<double>("factor");
+    QTest::newRow("tiny") << 0.05;
+    QTest::newRow("just too small") << 0.099;
+}
+
+void tst_KROsmScaleRenderer::stub()
+{
+    QFETCH(double, factor);
+    const QSize size(900, 300);
+    const QImage image = painted(size, 100.0, factor);
+    const KROsmScaleRenderer renderer(100.0, size);
+    const QRectF label = renderer.textRect(image.rect(), factor).normalized();
+    const QRectF box(QPointF(0, label.top()), QPointF(label.right(), 300 - 10 * factor));
+    const QRect line = KRTestPicture::boundsOfDark(image);
+    QVERIFY(line.height() == 1 || line.height() == 2);
+    QVERIFY(qAbs(QRectF(line).center().y() - label.center().y()) <= 1.0);
+    QVERIFY(qAbs(line.left() - box.center().x()) <= 1.5);
+    QVERIFY(qAbs(line.right() - box.right()) <= 4.0); // the pattern may end in a gap
+    const QRect paintedBounds = KRTestPicture::boundsOfPainted(image);
+    QCOMPARE(paintedBounds.left(), 0);
+    QVERIFY(box.adjusted(0, -1, 1, 1).toAlignedRect().contains(paintedBounds));
+}
+
+void tst_KROsmScaleRenderer::paintsNothing_data()
+{
+    QTest::addColumn<double>("pixelsPerKilometre");
+    QTest::addColumn<double>("factor");
+    QTest::newRow("no scale") << 0.0 << 1.0;
+    QTest::newRow("negative scale") << -100.0 << 1.0;
+    QTest::newRow("infinite scale") << infinite << 1.0;
+    QTest::newRow("scale is no number") << noNumber << 1.0;
+    QTest::newRow("factor 0") << 100.0 << 0.0;
+    QTest::newRow("negative factor") << 100.0 << -1.0;
+    QTest::newRow("infinite factor") << 100.0 << infinite;
+    QTest::newRow("factor is no number") << 100.0 << noNumber;
+}
+
+void tst_KROsmScaleRenderer::paintsNothing()
+{
+    QFETCH(double, pixelsPerKilometre);
+    QFETCH(double, factor);
+    QVERIFY(KRTestPicture::boundsOfPainted(painted(QSize(900, 300), pixelsPerKilometre, factor)).isNull());
+    QImage none;
+    KROsmScaleRenderer(100.0, QSize(900, 300)).renderScale(&none, 1.0);
+    KROsmScaleRenderer(100.0, QSize(900, 300)).renderScale(nullptr, 1.0);
+    QVERIFY(none.isNull());
+}
+
+static const KRTestRegistration<tst_KROsmScaleRenderer> registration;
+
+#include "tst_KROsmScaleRenderer.moc"
