@@ -28,7 +28,8 @@ struct KRRangeTraits<QDateTime> {
  * Exported as a whole, so that all libraries share one virtual table for each @p T.
  */
 template <typename T>
-class Q_DECL_EXPORT KRRange {
+class Q_DECL_EXPORT KRRange
+{
 public:
     /// Unset.
     KRRange() = default;

@@ -19,7 +19,8 @@ class QVariant;
  * Intended: == forgives less than 1e-6 degrees (11 cm on the ground) and so do <= and >=, while < and > are plain.
  * Two angles may thus be equal and one of them less. A value: any thread may use its own copy.
  */
-class KRGEOLOCATION_EXPORT KRGeoArc {
+class KRGEOLOCATION_EXPORT KRGeoArc
+{
 public:
     static constexpr double invalidDegrees = 720.0;
 

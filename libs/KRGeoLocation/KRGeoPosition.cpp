@@ -10,15 +10,13 @@ KRGeoPosition::KRGeoPosition() : d(new KRGeoPositionImpl) { }
 
 KRGeoPosition::KRGeoPosition(const KRLatitude &latitude, const KRLongitude &longitude)
     : d(new KRGeoPositionImpl(latitude, longitude))
-{
-}
+{ }
 
 KRGeoPosition::KRGeoPosition(double latitude, double longitude) : d(new KRGeoPositionImpl(latitude, longitude)) { }
 
 KRGeoPosition::KRGeoPosition(double latitude, char northOrSouth, double longitude, char eastOrWest)
     : KRGeoPosition(northOrSouth == 'N' ? latitude : -latitude, eastOrWest == 'E' ? longitude : -longitude)
-{
-}
+{ }
 
 KRGeoPosition::KRGeoPosition(KRGeoPositionImpl *impl) : d(impl) { }
 

@@ -23,7 +23,8 @@ class QUrlQuery;
  * Implicitly shared: copies may be used and destroyed in several threads at once. A moved-from position may only be
  * assigned or destroyed.
  */
-class KRGEOLOCATION_EXPORT KRGeoPosition {
+class KRGEOLOCATION_EXPORT KRGeoPosition
+{
 public:
     KRGeoPosition();
     KRGeoPosition(const KRLatitude &latitude, const KRLongitude &longitude);

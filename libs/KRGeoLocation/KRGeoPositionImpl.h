@@ -10,13 +10,13 @@ class QDomElement;
 class QUrlQuery;
 
 /// The data and logic behind KRGeoPosition, whose header tells what each operation does.
-class KRGeoPositionImpl : public QSharedData {
+class KRGeoPositionImpl : public QSharedData
+{
 public:
     KRGeoPositionImpl() = default;
     KRGeoPositionImpl(const KRLatitude &latitude, const KRLongitude &longitude)
         : m_longitude(longitude), m_latitude(latitude)
-    {
-    }
+    { }
     KRGeoPositionImpl(const KRGeoPositionImpl &other) = default;
     KRGeoPositionImpl &operator=(const KRGeoPositionImpl &other) = delete;
     virtual ~KRGeoPositionImpl() = default;

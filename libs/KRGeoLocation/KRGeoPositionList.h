@@ -16,7 +16,8 @@ class QPainterPath;
  * Components are decimal degrees and taken for plain numbers: no operation knows the date line. What an empty list
  * has no answer for holds KRGeoArc::invalidDegrees.
  */
-class KRGEOLOCATION_EXPORT KRGeoPositionList : public QList<KRGeoPosition> {
+class KRGEOLOCATION_EXPORT KRGeoPositionList : public QList<KRGeoPosition>
+{
 public:
     using QList<KRGeoPosition>::QList;
     KRGeoPositionList() = default;

@@ -5,13 +5,11 @@
 
 KRGeoPositionRect::KRGeoPositionRect(const KRGeoPosition &a, const KRGeoPosition &b)
     : m_latitudeRange(a.latitude(), b.latitude()), m_longitudeRange(a.longitude(), b.longitude())
-{
-}
+{ }
 
 KRGeoPositionRect::KRGeoPositionRect(const KRLatitudeRange &latitudeRange, const KRLongitudeRange &longitudeRange)
     : m_latitudeRange(latitudeRange), m_longitudeRange(longitudeRange)
-{
-}
+{ }
 
 KRGeoPositionRect KRGeoPositionRect::spawn(const KRGeoPosition &a, const KRGeoPosition &b)
 {

@@ -14,7 +14,8 @@ class QUrlQuery;
  * Valid when south <= north, both latitudes lie in -90 … 90 and both longitudes in -180 … 180. An unset or unreadable
  * end holds KRGeoArc::invalidDegrees. Growth by an invalid position or rectangle is ignored. Nothing throws.
  */
-class KRGEOLOCATION_EXPORT KRGeoPositionRect {
+class KRGEOLOCATION_EXPORT KRGeoPositionRect
+{
 public:
     /// Unset.
     KRGeoPositionRect() = default;

@@ -8,7 +8,8 @@
  * Values beyond the poles are kept as given until bounded(), catchOutOfBound() or safeLatitude() is asked for;
  * isInValidRange() tells. A failed parse() holds invalidDegrees. Comparisons and arithmetic are those of KRGeoArc.
  */
-class KRGEOLOCATION_EXPORT KRLatitude : public KRGeoArc {
+class KRGEOLOCATION_EXPORT KRLatitude : public KRGeoArc
+{
 public:
     static constexpr double highestDegrees = 90.0;
 

@@ -12,7 +12,8 @@
  * Bounds compare plain numbers, without tolerance; of equal ones the first is taken. What an empty list has no answer
  * for is KRGeoArc::invalidDegrees.
  */
-class KRGEOLOCATION_EXPORT KRLatitudeList : public QList<KRLatitude> {
+class KRGEOLOCATION_EXPORT KRLatitudeList : public QList<KRLatitude>
+{
 public:
     using QList<KRLatitude>::QList;
     KRLatitudeList() = default;

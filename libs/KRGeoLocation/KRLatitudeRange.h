@@ -15,7 +15,8 @@ class QUrlQuery;
  * and compare with the tolerance of KRGeoArc. An end that was never set or could not be read holds
  * KRGeoArc::invalidDegrees. Nothing throws.
  */
-class KRGEOLOCATION_EXPORT KRLatitudeRange : public KRRange<KRLatitude> {
+class KRGEOLOCATION_EXPORT KRLatitudeRange : public KRRange<KRLatitude>
+{
 public:
     using KRRange<KRLatitude>::KRRange;
 

@@ -9,7 +9,8 @@
  * tells. A failed parse() holds invalidDegrees. Comparisons and arithmetic are those of KRGeoArc, plain numbers
  * that do not wrap; isEastOf() and isWestOf() go the shorter way round the globe.
  */
-class KRGEOLOCATION_EXPORT KRLongitude : public KRGeoArc {
+class KRGEOLOCATION_EXPORT KRLongitude : public KRGeoArc
+{
 public:
     static constexpr double highestDegrees = 180.0;
 

@@ -13,7 +13,8 @@
  * without tolerance; of equal ones the first is taken. What an empty list has no answer for is
  * KRGeoArc::invalidDegrees.
  */
-class KRGEOLOCATION_EXPORT KRLongitudeList : public QList<KRLongitude> {
+class KRGEOLOCATION_EXPORT KRLongitudeList : public QList<KRLongitude>
+{
 public:
     using QList<KRLongitude>::QList;
     KRLongitudeList() = default;

@@ -16,7 +16,8 @@ class QUrlQuery;
  * the tolerance of KRGeoArc. An end that was never set or could not be read holds KRGeoArc::invalidDegrees.
  * Nothing throws; intersects() stops the program.
  */
-class KRGEOLOCATION_EXPORT KRLongitudeRange : public KRRange<KRLongitude> {
+class KRGEOLOCATION_EXPORT KRLongitudeRange : public KRRange<KRLongitude>
+{
 public:
     using KRRange<KRLongitude>::KRRange;
 

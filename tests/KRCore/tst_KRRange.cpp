@@ -17,7 +17,8 @@ QDateTime at(int hour)
 }
 
 /// Contains odd numbers only, as an example of a range with a rule of its own.
-class OddRange : public IntRange {
+class OddRange : public IntRange
+{
 public:
     using IntRange::contains;
     using IntRange::IntRange;
@@ -27,7 +28,8 @@ public:
 
 } // namespace
 
-class tst_KRRange : public QObject {
+class tst_KRRange : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -4,7 +4,8 @@
 
 #include <QtTest>
 
-class tst_KRRational : public QObject {
+class tst_KRRational : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -22,7 +22,8 @@ bool isNear(double value, double expected)
 
 } // namespace
 
-class tst_KRGeoArc : public QObject {
+class tst_KRGeoArc : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -29,7 +29,8 @@ QDomElement element(const QByteArray &xml)
 
 } // namespace
 
-class tst_KRGeoPosition : public QObject {
+class tst_KRGeoPosition : public QObject
+{
     Q_OBJECT
 
 private slots:

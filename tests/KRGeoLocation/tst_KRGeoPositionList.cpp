@@ -13,7 +13,8 @@ const KRGeoPositionList threeInARow = {KRGeoPosition(1, 1), KRGeoPosition(1, 11)
 
 } // namespace
 
-class tst_KRGeoPositionList : public QObject {
+class tst_KRGeoPositionList : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -15,7 +15,8 @@ KRGeoPositionRect rect(double south, double north, double west, double east)
 
 } // namespace
 
-class tst_KRGeoPositionRect : public QObject {
+class tst_KRGeoPositionRect : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -8,7 +8,8 @@
 
 #include <limits>
 
-class tst_KRLatitude : public QObject {
+class tst_KRLatitude : public QObject
+{
     Q_OBJECT
 
 private slots:

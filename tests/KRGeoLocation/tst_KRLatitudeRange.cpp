@@ -6,7 +6,8 @@
 #include <QUrlQuery>
 #include <QtTest>
 
-class tst_KRLatitudeRange : public QObject {
+class tst_KRLatitudeRange : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -8,7 +8,8 @@
 
 #include <limits>
 
-class tst_KRLongitude : public QObject {
+class tst_KRLongitude : public QObject
+{
     Q_OBJECT
 
 private slots:

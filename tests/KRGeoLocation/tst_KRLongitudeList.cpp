@@ -8,7 +8,8 @@
 Q_DECLARE_METATYPE(KRLongitudeList)
 
 /// Lists of longitudes, and of latitudes, which share everything but the date line.
-class tst_KRLongitudeList : public QObject {
+class tst_KRLongitudeList : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -52,7 +52,8 @@ QString outputOfChild(const Function &function)
 
 } // namespace
 
-class tst_KRLongitudeRange : public QObject {
+class tst_KRLongitudeRange : public QObject
+{
     Q_OBJECT
 
 private slots:

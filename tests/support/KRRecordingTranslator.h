@@ -4,7 +4,8 @@
 #include <QTranslator>
 
 /// Installed in the application while it lives, it notes what texts are asked for and translates none.
-class KRRecordingTranslator : public QTranslator {
+class KRRecordingTranslator : public QTranslator
+{
 public:
     KRRecordingTranslator();
     ~KRRecordingTranslator() override;
