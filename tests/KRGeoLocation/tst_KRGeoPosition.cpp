@@ -286,7 +286,9 @@ void tst_KRGeoPosition::deviations()
     const KRGeoPosition pole(90.0, 0.0);
     QVERIFY(isNear(pole.latitudeDeviation(1.852).decimalDegrees(), 1.0 / 60.0));
     QVERIFY(isNear(KRGeoPosition(60.0, 8.0).longitudeDeviation(kmPerDegree).decimalDegrees(), 2.0));
+    // No distance is no difference, wherever that is.
     QCOMPARE(pole.longitudeDeviation(0.0).decimalDegrees(), 0.0);
+    QCOMPARE(KRGeoPosition(notANumber, 8.0).longitudeDeviation(0.0).decimalDegrees(), 0.0);
     QVERIFY(std::abs(pole.longitudeDeviation(1.0).decimalDegrees()) > 1e9);
 }
 

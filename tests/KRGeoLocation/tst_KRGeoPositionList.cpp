@@ -26,6 +26,7 @@ private slots:
     void painterPath();
     void filterStrayPositions_data();
     void filterStrayPositions();
+    void singlePositionIsNoStray();
     void filteringTakesApart();
 };
 
@@ -111,6 +112,14 @@ void tst_KRGeoPositionList::filterStrayPositions()
     QFETCH(bool, invert);
     QFETCH(int, minimumCount);
     QTEST(threeInARow.filterStrayPositions(factor, invert, minimumCount), "expected");
+}
+
+void tst_KRGeoPositionList::singlePositionIsNoStray()
+{
+    // Average and centre in one place: no farther from the one than from the other.
+    const KRGeoPositionList positions = {KRGeoPosition(53, 8)};
+    QCOMPARE(positions.filterStrayPositions(1.0, false, 1), positions);
+    QVERIFY(positions.filterStrayPositions(1.0, true, 1).isEmpty());
 }
 
 void tst_KRGeoPositionList::filteringTakesApart()

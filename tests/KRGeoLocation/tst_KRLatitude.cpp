@@ -93,6 +93,7 @@ void tst_KRLatitude::band_data()
     QTest::newRow("pole") << 90.0 << true << 90.0 << northernmost;
     QTest::newRow("a hair beyond") << 90.0000005 << true << 90.0 << northernmost;
     QTest::newRow("beyond") << 95.0 << false << 90.0 << northernmost;
+    QTest::newRow("within the tolerance of the south pole") << -89.9999995 << true << -89.9999995 << southernmost;
     QTest::newRow("a hair beyond the south pole") << -90.0000005 << true << -90.0 << southernmost;
     QTest::newRow("beyond the south pole") << -95.0 << false << -90.0 << southernmost;
 }
