@@ -1,9 +1,9 @@
 #include <KRGeoLocation/KRGeoPosition.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestXml.h"
 
 #include <QDebug>
-#include <QDomDocument>
 #include <QRandomGenerator>
 #include <QUrlQuery>
 #include <QtTest>
@@ -18,13 +18,6 @@ constexpr double kmPerDegree = 6370.0 * 3.141592653589793 / 180.0;
 bool isNear(double value, double expected, double tolerance = 1e-9)
 {
     return std::abs(value - expected) < tolerance;
-}
-
-QDomElement element(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    return document.documentElement();
 }
 
 } // namespace
@@ -154,13 +147,13 @@ void tst_KRGeoPosition::fromXml_data()
 void tst_KRGeoPosition::fromXml()
 {
     QFETCH(QByteArray, xml);
-    QTEST(KRGeoPosition::fromXml(element(xml)), "expected");
+    QTEST(KRGeoPosition::fromXml(KRTestXml::element(xml)), "expected");
 }
 
 void tst_KRGeoPosition::xmlReadsBack()
 {
     for (const KRGeoPosition &position : {KRGeoPosition(53.14118, 8.21467), KRGeoPosition(-1.0 / 3.0, 1e-7)}) {
-        QDomElement parent = element("<p/>");
+        QDomElement parent = KRTestXml::element("<p/>");
         position.writeToXml(parent);
         const KRGeoPosition readBack = KRGeoPosition::fromXml(parent);
         QCOMPARE(readBack.latitude().decimalDegrees(), position.latitude().decimalDegrees());
@@ -170,7 +163,7 @@ void tst_KRGeoPosition::xmlReadsBack()
 
 void tst_KRGeoPosition::invalidIsNotWritten()
 {
-    QDomElement parent = element("<p latitude='1'/>");
+    QDomElement parent = KRTestXml::element("<p latitude='1'/>");
     KRGeoPosition().writeToXml(parent);
     KRGeoPosition::null().writeToXml(parent);
     KRGeoPosition(53.0, 361.0).writeToXml(parent);
