@@ -13,7 +13,8 @@ class QImage;
  * A maximum below the minimum is the empty range: that is how the range (0, count - 1) of no items looks. Every
  * parallel loop runs over the parts of such a range.
  */
-class KRCORE_EXPORT KRIntRange : public KRRange<int> {
+class KRCORE_EXPORT KRIntRange : public KRRange<int>
+{
 public:
     using KRRange<int>::KRRange;
 

@@ -5,8 +5,7 @@
 
 KRGPXTrackSmoothing::KRGPXTrackSmoothing(QPointF *points, int count, double weight, int steps)
     : m_points(points), m_count(count), m_weight(weight), m_fixPoints(estimateFixPoints(count, steps))
-{
-}
+{ }
 
 int KRGPXTrackSmoothing::estimateFixPoints(int count, int steps) const
 {

@@ -11,7 +11,8 @@
  * The array belongs to the caller, who keeps it alive; nothing is allocated. The first and the last point never
  * move. Coordinates may have any unit.
  */
-class KRGEOLOCATION_EXPORT KRGPXTrackSmoothing {
+class KRGEOLOCATION_EXPORT KRGPXTrackSmoothing
+{
 public:
     /**
      * @param points the array, changed by run()

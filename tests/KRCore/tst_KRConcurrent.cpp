@@ -30,7 +30,8 @@ QList<int> firstNumbers(int count)
 }
 
 /// Gives the global pool another size until the end of the scope.
-class PoolSize {
+class PoolSize
+{
 public:
     explicit PoolSize(int threads) { QThreadPool::globalInstance()->setMaxThreadCount(threads); }
     ~PoolSize() { QThreadPool::globalInstance()->setMaxThreadCount(QThread::idealThreadCount()); }
@@ -38,7 +39,8 @@ public:
 };
 
 /// Makes the global pool count @p threads more as active until the end of the scope.
-class BusyThreads {
+class BusyThreads
+{
 public:
     explicit BusyThreads(int threads) : m_threads(threads)
     {
@@ -58,7 +60,8 @@ private:
 
 } // namespace
 
-class tst_KRConcurrent : public QObject {
+class tst_KRConcurrent : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -9,7 +9,8 @@
 #include <algorithm>
 #include <limits>
 
-class tst_KRIntRange : public QObject {
+class tst_KRIntRange : public QObject
+{
     Q_OBJECT
 
 private slots:

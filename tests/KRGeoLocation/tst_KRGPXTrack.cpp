@@ -1,12 +1,12 @@
 #include <KRGeoLocation/KRGPXTrack.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestXml.h"
 
 #include <KRCore/KRXMLLoader.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 
 #include <QDir>
-#include <QDomDocument>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
@@ -17,16 +17,9 @@ namespace {
 
 const QDir noDir = QDir(QString());
 
-QDomElement element(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    return document.documentElement();
-}
-
 KRGPXTrack read(const QByteArray &xml)
 {
-    return KRGPXTrack(element(xml), noDir);
+    return KRGPXTrack(KRTestXml::element(xml), noDir);
 }
 
 /// A track of one segment from comma texts.
@@ -159,7 +152,7 @@ void tst_KRGPXTrack::read()
 void tst_KRGPXTrack::readingAddsToTheTrack()
 {
     KRGPXTrack track = ::track(QStringLiteral("1,1 2,2"));
-    track.fromXml(element("<trk><trkseg/><desc>more</desc></trk>"), noDir);
+    track.fromXml(KRTestXml::element("<trk><trkseg/><desc>more</desc></trk>"), noDir);
     QCOMPARE(track.segments().size(), 2);
     QCOMPARE(track.name(), QStringLiteral("track"));
     QCOMPARE(track.description(), QStringLiteral("more"));
@@ -254,9 +247,9 @@ void tst_KRGPXTrack::queriesWithoutPoints()
 
 void tst_KRGPXTrack::body()
 {
-    QDomElement root = element("<root/>");
+    QDomElement root = KRTestXml::element("<root/>");
     KRGPXTrack track = ::track(QStringLiteral("8,53 9,54"), PolygonTrackShape);
-    track.fromXml(element("<trk><trkseg/></trk>"), noDir);
+    track.fromXml(KRTestXml::element("<trk><trkseg/></trk>"), noDir);
     track.addEnclave(KRGPXTrack());
     track.toXml(root, noDir);
     QCOMPARE(childrenOf(root.firstChildElement(QStringLiteral("trk"))),
@@ -269,7 +262,7 @@ void tst_KRGPXTrack::body()
 
 void tst_KRGPXTrack::descriptionIsLost()
 {
-    QDomElement root = element("<root/>");
+    QDomElement root = KRTestXml::element("<root/>");
     ::read("<trk><name>a</name><desc>gone</desc></trk>").toXml(root, noDir);
     const KRGPXTrack again(root.firstChildElement(), noDir);
     QCOMPARE(again.name(), QStringLiteral("a"));
@@ -282,7 +275,7 @@ void tst_KRGPXTrack::enclavesComeBack()
     KRGPXTrack island = track(square(1), PolygonTrackShape);
     island.addEnclave(track(square(0.5), PolygonTrackShape));
     lake.addEnclave(island);
-    QDomElement root = element("<root/>");
+    QDomElement root = KRTestXml::element("<root/>");
     lake.toXml(root, noDir);
     const KRGPXTrack again(root.firstChildElement(), noDir);
     QCOMPARE(again, lake);
@@ -295,7 +288,7 @@ void tst_KRGPXTrack::externalFile()
     const QDir dir(folder.path());
     KRGPXTrack lake = track(square(2), PolygonTrackShape);
     lake.addEnclave(track(square(1), PolygonTrackShape));
-    QDomElement root = element("<root/>");
+    QDomElement root = KRTestXml::element("<root/>");
     lake.toXml(root, dir);
     const QDomElement trk = root.firstChildElement(QStringLiteral("trk"));
     QCOMPARE(childrenOf(trk), QStringLiteral("include=track.gps;"));
@@ -341,7 +334,7 @@ void tst_KRGPXTrack::include()
               "<x><trk><name>nested</name><include>two.gps</include></trk></x>");
     writeFile(folder.filePath(QStringLiteral("broken.gps")), "<x><trk><name>broken</name><trkseg><trkpt/></trkseg>");
     writeFile(folder.filePath(QStringLiteral("empty.gps")), "<x/>");
-    const KRGPXTrack track(element(xml), QDir(folder.path()));
+    const KRGPXTrack track(KRTestXml::element(xml), QDir(folder.path()));
     QTEST(track.name(), "name");
     QTEST(track.countPoints(), "points");
 }
@@ -352,10 +345,10 @@ void tst_KRGPXTrack::includeRegistersTheFile()
     const QDir dir(folder.path());
     writeFile(folder.filePath(QStringLiteral("mine.gps")),
               "<x><trk><shape>auto</shape><trkseg><compressedPoints>1,1 2,2 1,1</compressedPoints></trkseg></trk></x>");
-    const KRGPXTrack track(element("<trk><include>mine.gps</include></trk>"), dir);
+    const KRGPXTrack track(KRTestXml::element("<trk><include>mine.gps</include></trk>"), dir);
     QVERIFY(track.hasShape(PolygonTrackShape));
 
-    QDomElement root = element("<root/>");
+    QDomElement root = KRTestXml::element("<root/>");
     track.toXml(root, dir);
     QCOMPARE(childrenOf(root.firstChildElement()), QStringLiteral("include=mine.gps;"));
     QCOMPARE(dir.entryList(QDir::Files), QStringList{QStringLiteral("mine.gps")});
@@ -365,7 +358,7 @@ void tst_KRGPXTrack::missingIncludeIsRegistered()
 {
     const QTemporaryDir folder;
     const QDir dir(folder.path());
-    const KRGPXTrack track(element("<trk><name>outer</name><include>gone.gps</include></trk>"), dir);
+    const KRGPXTrack track(KRTestXml::element("<trk><name>outer</name><include>gone.gps</include></trk>"), dir);
     QCOMPARE(KRGPXTrackFileRegistry::instance().fileName(KRGPXTrackFileRegistryKey(track, dir)),
              QStringLiteral("gone.gps"));
 }
@@ -377,7 +370,7 @@ void tst_KRGPXTrack::currentDirectoryIsADirectory()
     writeFile(folder.filePath(QStringLiteral("mine.gps")), "<x><trk><trkseg><trkpt/></trkseg></trk></x>");
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(folder.path()));
-    const KRGPXTrack track(element("<trk><include>mine.gps</include></trk>"), QDir(QDir::currentPath()));
+    const KRGPXTrack track(KRTestXml::element("<trk><include>mine.gps</include></trk>"), QDir(QDir::currentPath()));
     QVERIFY(QDir::setCurrent(before));
     QCOMPARE(track.countPoints(), 1);
 }

@@ -1,8 +1,8 @@
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestXml.h"
 
-#include <QDomDocument>
 #include <QtTest>
 
 #include <cmath>
@@ -11,13 +11,6 @@
 namespace {
 
 const QDateTime noon(QDate(2024, 5, 1), QTime(12, 0), Qt::UTC);
-
-QDomElement element(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    return document.documentElement();
-}
 
 /// Degrees without the tolerance that comparing positions has.
 bool liesExactlyAt(const KRGPXTrackPoint &point, double latitude, double longitude)
@@ -68,7 +61,7 @@ void tst_KRGPXTrackPoint::readCoordinates()
     QFETCH(QByteArray, xml);
     QFETCH(double, latitude);
     QFETCH(double, longitude);
-    QVERIFY(liesExactlyAt(KRGPXTrackPoint(element(xml)), latitude, longitude));
+    QVERIFY(liesExactlyAt(KRGPXTrackPoint(KRTestXml::element(xml)), latitude, longitude));
 }
 
 void tst_KRGPXTrackPoint::readElevation_data()
@@ -85,17 +78,18 @@ void tst_KRGPXTrackPoint::readElevation_data()
 void tst_KRGPXTrackPoint::readElevation()
 {
     QFETCH(QByteArray, text);
-    QTEST(KRGPXTrackPoint(element("<trkpt><ele>" + text + "</ele></trkpt>")).elevation(), "expected");
+    QTEST(KRGPXTrackPoint(KRTestXml::element("<trkpt><ele>" + text + "</ele></trkpt>")).elevation(), "expected");
 }
 
 void tst_KRGPXTrackPoint::readTheRest()
 {
-    const KRGPXTrackPoint full(element("<trkpt lat=\"1\" lon=\"2\"><time> 2024-05-01T14:00:00.5+02:00\n</time>"
-                                       "<desc>first</desc><desc>second</desc></trkpt>"));
+    const KRGPXTrackPoint full(
+        KRTestXml::element("<trkpt lat=\"1\" lon=\"2\"><time> 2024-05-01T14:00:00.5+02:00\n</time>"
+                           "<desc>first</desc><desc>second</desc></trkpt>"));
     QCOMPARE(full.timeStamp(), noon.addMSecs(500));
     QCOMPARE(full.description(), QStringLiteral("first"));
 
-    const KRGPXTrackPoint bare(element("<trkpt><x><time>2024-05-01T12:00:00Z</time></x></trkpt>"));
+    const KRGPXTrackPoint bare(KRTestXml::element("<trkpt><x><time>2024-05-01T12:00:00Z</time></x></trkpt>"));
     QVERIFY(!bare.timeStamp().isValid());
     QCOMPARE(bare.elevation(), 0);
     QVERIFY(bare.description().isEmpty());
@@ -121,7 +115,7 @@ void tst_KRGPXTrackPoint::writeXml_data()
 void tst_KRGPXTrackPoint::writeXml()
 {
     QFETCH(KRGPXTrackPoint, point);
-    QDomElement trkseg = element("<trkseg/>");
+    QDomElement trkseg = KRTestXml::element("<trkseg/>");
     point.toXml(trkseg);
     QCOMPARE(trkseg.childNodes().size(), 1);
     const QDomElement trkpt = trkseg.firstChildElement(QStringLiteral("trkpt"));

@@ -1,10 +1,10 @@
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestXml.h"
 
 #include <KRCore/KRIntRange.h>
 
-#include <QDomDocument>
 #include <QThread>
 #include <QtTest>
 
@@ -15,13 +15,6 @@
 namespace {
 
 const QDateTime noon(QDate(2024, 5, 1), QTime(12, 0), Qt::UTC);
-
-QDomElement element(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    return document.documentElement();
-}
 
 /// Points that all differ, from the equator northwards.
 KRGPXTrackSegment segmentOf(int count)
@@ -79,7 +72,7 @@ void tst_KRGPXTrackSegment::read_data()
 void tst_KRGPXTrackSegment::read()
 {
     QFETCH(QByteArray, xml);
-    QTEST(positionsOf(KRGPXTrackSegment(element(xml))), "expected");
+    QTEST(positionsOf(KRGPXTrackSegment(KRTestXml::element(xml))), "expected");
 }
 
 void tst_KRGPXTrackSegment::decodeTrackPoints_data()
@@ -106,7 +99,7 @@ void tst_KRGPXTrackSegment::decodeTrackPoints()
 
 void tst_KRGPXTrackSegment::writeAndReadBack()
 {
-    QDomElement trk = element("<trk/>");
+    QDomElement trk = KRTestXml::element("<trk/>");
     const KRGPXTrackSegment segment(QList<KRGPXTrackPoint>{
         KRGPXTrackPoint(KRGeoPosition(53.12345678, -8.5), -4, QDateTime(), QStringLiteral("lost")),
         KRGPXTrackPoint(KRGeoPosition(53.2, 8.6), 0, QDateTime(), QString())});
@@ -185,7 +178,7 @@ void tst_KRGPXTrackSegment::emptySegment()
     QCOMPARE(empty.firstPoint(), KRGeoPosition::null());
     QCOMPARE(empty.lastPoint(), KRGeoPosition());
 
-    QDomElement trk = element("<trk/>");
+    QDomElement trk = KRTestXml::element("<trk/>");
     empty.toXml(trk);
     const QDomElement trkseg = trk.firstChildElement(QStringLiteral("trkseg"));
     QVERIFY(!trkseg.firstChildElement(QStringLiteral("compressedPoints")).isNull());
@@ -195,7 +188,7 @@ void tst_KRGPXTrackSegment::emptySegment()
 void tst_KRGPXTrackSegment::timeStamps()
 {
     const KRGPXTrackSegment segment(
-        element("<trkseg><trkpt><time>2024-05-01T12:00:00Z</time></trkpt><trkpt/></trkseg>"));
+        KRTestXml::element("<trkseg><trkpt><time>2024-05-01T12:00:00Z</time></trkpt><trkpt/></trkseg>"));
     QCOMPARE(segment.allTimeStamps(), (QList<QDateTime>{noon, QDateTime()}));
 }
 

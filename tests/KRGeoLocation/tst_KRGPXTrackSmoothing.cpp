@@ -37,7 +37,8 @@ QList<int> movedPoints(const std::vector<QPointF> &before, const std::vector<QPo
 
 } // namespace
 
-class tst_KRGPXTrackSmoothing : public QObject {
+class tst_KRGPXTrackSmoothing : public QObject
+{
     Q_OBJECT
 
 private slots:
