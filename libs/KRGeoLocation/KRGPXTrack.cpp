@@ -1,5 +1,6 @@
 #include "KRGPXTrack.h"
 
+#include "KRGPXStreamReader.h"
 #include "KRGPXTrackFileRegistry.h"
 #include "KRGPXTrackImpl.h"
 #include "KRGPXVocabulary.h"
@@ -39,6 +40,8 @@ KRGPXTrack::KRGPXTrack(const QString &name, const QString &description, const QL
                        const KRGPXTrackShape &shape)
     : d(new KRGPXTrackImpl(name, description, segments, shape))
 { }
+
+KRGPXTrack::KRGPXTrack(const QSharedDataPointer<KRGPXTrackImpl> &impl) : d(impl) { }
 
 KRGPXTrack::KRGPXTrack(const KRGPXTrack &other) = default;
 KRGPXTrack::KRGPXTrack(KRGPXTrack &&other) noexcept = default;
@@ -188,7 +191,7 @@ void KRGPXTrack::fromXml(const QDomElement &trk, const QDir &dir)
             readEnclaves(child);
         }
     }
-    replaceAutoShape();
+    d->replaceAutoShape();
     // Intended: also when the file could not be read, so that its name stays with the track.
     if (hasInclude)
         KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(*this, dir), includedFile);
@@ -227,18 +230,19 @@ void KRGPXTrack::saveAsGpxFile(const QFileInfo &file) const
 
 void KRGPXTrack::includeFile(const QFileInfo &file)
 {
-    const QDomElement root = KRXMLLoader::loadDocumentElement(file);
-    fromXml(root.firstChildElement(KRGPXVocabulary::trackElement), QDir(QString()));
+    QSharedDataPointer<KRGPXTrackImpl> merged = d;
+    const KRGPXStreamResult result = KRGPXStreamReader::readFile(
+        file, nullptr, [&](KRGPXStreamReader &reader) { return reader.readFirstTrack(merged.data()); });
+    if (result == StreamWasRead) {
+        d = merged;
+    } else if (result == StreamNeedsDom) {
+        const QDomElement root = KRXMLLoader::loadDocumentElement(file);
+        fromXml(root.firstChildElement(KRGPXVocabulary::trackElement), QDir(QString()));
+    }
 }
 
 void KRGPXTrack::readEnclaves(const QDomElement &enclaves)
 {
     for (QDomElement child = enclaves.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
         d->addEnclave(KRGPXTrack(child, QDir(QString())));
-}
-
-void KRGPXTrack::replaceAutoShape()
-{
-    if (hasShape(AutoTrackShape))
-        setShape(naturalShape());
 }

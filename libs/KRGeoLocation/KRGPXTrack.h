@@ -96,9 +96,12 @@ public:
     void saveAsGpxFile(const QFileInfo &file) const;
 
 private:
+    friend class KRGPXStreamReader;
+
+    explicit KRGPXTrack(const QSharedDataPointer<KRGPXTrackImpl> &impl);
+
     void includeFile(const QFileInfo &file);
     void readEnclaves(const QDomElement &enclaves);
-    void replaceAutoShape();
 
     QSharedDataPointer<KRGPXTrackImpl> d;
 };

@@ -1,5 +1,6 @@
 #include "KRGPXTrackFile.h"
 
+#include "KRGPXStreamReader.h"
 #include "KRGPXVocabulary.h"
 
 #include <KRCore/KRXMLLoader.h>
@@ -8,19 +9,53 @@
 #include <QDomElement>
 #include <QFileInfo>
 
+namespace {
+
+/// Keeps the valid ones of the tracks of a file, and gives each a name.
+class TrackCollector
+{
+public:
+    explicit TrackCollector(const QFileInfo &file) : m_baseName(file.baseName()) { }
+
+    void take(const KRGPXTrack &track)
+    {
+        // Counts the invalid tracks too, so that names do not depend on what else is in the file.
+        ++m_number;
+        if (!track.isValid())
+            return;
+        m_tracks.append(track);
+        if (track.name().isEmpty())
+            m_tracks.last().setName(QStringLiteral("%1 %2").arg(m_baseName, QString::number(m_number)));
+    }
+
+    QList<KRGPXTrack> tracks() const { return m_tracks; }
+
+private:
+    const QString m_baseName;
+    int m_number = 0;
+    QList<KRGPXTrack> m_tracks;
+};
+
+QList<KRGPXTrack> tracksOfDom(const QFileInfo &file, KRErrorHistory *history)
+{
+    TrackCollector collector(file);
+    const QDomElement root = KRXMLLoader::loadDocumentElement(file, history);
+    for (QDomElement trk = root.firstChildElement(KRGPXVocabulary::trackElement); !trk.isNull();
+         trk = trk.nextSiblingElement(KRGPXVocabulary::trackElement))
+        collector.take(KRGPXTrack(trk, QDir(QString())));
+    return collector.tracks();
+}
+
+} // namespace
+
 KRGPXTrackFile::KRGPXTrackFile(const QFileInfo &file, KRErrorHistory *history)
 {
-    const QDomElement root = KRXMLLoader::loadDocumentElement(file, history);
-    // Counts the invalid tracks too, so that names do not depend on what else is in the file.
-    int number = 0;
-    for (QDomElement trk = root.firstChildElement(KRGPXVocabulary::trackElement); !trk.isNull();
-         trk = trk.nextSiblingElement(KRGPXVocabulary::trackElement)) {
-        ++number;
-        KRGPXTrack track(trk, QDir(QString()));
-        if (!track.isValid())
-            continue;
-        if (track.name().isEmpty())
-            track.setName(QStringLiteral("%1 %2").arg(file.baseName(), QString::number(number)));
-        m_tracks.append(track);
-    }
+    TrackCollector collector(file);
+    const KRGPXStreamResult result = KRGPXStreamReader::readFile(file, history, [&](KRGPXStreamReader &reader) {
+        return reader.readTracks([&](const KRGPXTrack &track) { collector.take(track); });
+    });
+    if (result == StreamWasRead)
+        m_tracks = collector.tracks();
+    else if (result == StreamNeedsDom)
+        m_tracks = tracksOfDom(file, history);
 }

@@ -116,6 +116,12 @@ bool KRGPXTrackImpl::setEnclaves(const QList<KRGPXTrack> &enclaves)
     return KRValue::replaceIfDifferent(m_enclaves, enclaves);
 }
 
+void KRGPXTrackImpl::replaceAutoShape()
+{
+    if (m_shape == AutoTrackShape)
+        m_shape = KRGPXTrack::autoDetectShape(m_segments);
+}
+
 void KRGPXTrackImpl::buildXmlBody(QDomElement &trk) const
 {
     KRXMLBuilder::buildDomElement(trk, KRGPXVocabulary::nameElement, m_name);

@@ -42,6 +42,9 @@ public:
     void addSegment(const KRGPXTrackSegment &segment) { m_segments.append(segment); }
     void addEnclave(const KRGPXTrack &enclave) { m_enclaves.append(enclave); }
 
+    /// An auto shape becomes the one detected; any other stays.
+    void replaceAutoShape();
+
     void buildXmlBody(QDomElement &trk) const;
 
 private:

@@ -27,12 +27,17 @@ double KRXMLParser::doubleText(const QDomNode &node, const QString &childName, d
     return isNumber ? value : defaultValue;
 }
 
+QDateTime KRXMLParser::dateTime(const QString &text, Qt::DateFormat format, const QDateTime &defaultValue)
+{
+    // A blank at the end would turn UTC into local time, one in front makes the text unreadable.
+    const QDateTime time = QDateTime::fromString(text.trimmed(), format);
+    return time.isValid() ? time : defaultValue;
+}
+
 QDateTime KRXMLParser::dateTimeText(const QDomNode &node, const QString &childName, Qt::DateFormat format,
                                     const QDateTime &defaultValue)
 {
-    // A blank at the end would turn UTC into local time, one in front makes the text unreadable.
-    const QDateTime time = QDateTime::fromString(text(node, childName, QString()).trimmed(), format);
-    return time.isValid() ? time : defaultValue;
+    return dateTime(text(node, childName, QString()), format, defaultValue);
 }
 
 QColor KRXMLParser::readColor(const QString &text, KRColorByteOrder order)

@@ -31,7 +31,9 @@ public:
     static QString text(const QDomNode &node, const QString &childName, const QString &defaultValue);
     /// The child's text as a double, or @p defaultValue.
     static double doubleText(const QDomNode &node, const QString &childName, double defaultValue);
-    /// The child's text, blanks around it removed, as a time stamp, or @p defaultValue.
+    /// The text, blanks around it removed, as a time stamp, or @p defaultValue when it is none.
+    static QDateTime dateTime(const QString &text, Qt::DateFormat format, const QDateTime &defaultValue);
+    /// The child's text as a time stamp, or @p defaultValue.
     static QDateTime dateTimeText(const QDomNode &node, const QString &childName, Qt::DateFormat format,
                                   const QDateTime &defaultValue);
 

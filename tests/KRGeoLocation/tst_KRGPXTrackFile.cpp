@@ -3,10 +3,23 @@
 #include "KRTestRegistry.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRXMLGuard.h>
 
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QtTest>
+
+namespace {
+
+QFileInfo write(const QTemporaryDir &folder, const QString &fileName, const QByteArray &bytes)
+{
+    QFile file(folder.filePath(fileName));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("The test cannot write its file.");
+    return QFileInfo(file);
+}
+
+} // namespace
 
 class tst_KRGPXTrackFile : public QObject
 {
@@ -15,8 +28,11 @@ class tst_KRGPXTrackFile : public QObject
 private slots:
     void tracksAndTheirNames_data();
     void tracksAndTheirNames();
+    void readableAsDomOnly_data();
+    void readableAsDomOnly();
     void unreadable_data();
     void unreadable();
+    void brokenAndTooLargeForADom();
 };
 
 void tst_KRGPXTrackFile::tracksAndTheirNames_data()
@@ -45,18 +61,38 @@ void tst_KRGPXTrackFile::tracksAndTheirNames()
     QFETCH(QByteArray, xml);
     QFETCH(QStringList, expected);
     const QTemporaryDir folder;
-    QFile file(folder.filePath(fileName));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("<gpx>" + xml + "</gpx>");
-    file.close();
-
     KRErrorHistory history;
-    const KRGPXTrackFile trackFile(QFileInfo(file), &history);
+    const KRGPXTrackFile trackFile(write(folder, fileName, "<gpx>" + xml + "</gpx>"), &history);
     QStringList names;
     for (const KRGPXTrack &track : trackFile.tracks())
         names.append(track.name());
     QCOMPARE(names, expected);
     QCOMPARE(trackFile.isValid(), !expected.isEmpty());
+    QVERIFY(history.isEmpty());
+}
+
+void tst_KRGPXTrackFile::readableAsDomOnly_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QString>("name");
+    const auto track = [](const QByteArray &name) { return "<gpx><trk>" + name + "<trkseg/></trk></gpx>"; };
+    QTest::newRow("carriage returns") << track("<name>a\r\nb</name>") << QStringLiteral("a\r\nb");
+    QTest::newRow("attribute twice") << track("<name a='1' a='2'>a</name>") << QStringLiteral("a");
+    QTest::newRow("undeclared entity") << track("<name>a&nbsp;b</name>") << QStringLiteral("ab");
+    QTest::newRow("control character") << track("<name>a\x01</name>") << QStringLiteral("a\x01");
+    QTest::newRow("bad UTF-8") << track("<name>a\xE4</name>") << QStringLiteral("a\uFFFD");
+    QTest::newRow("declared entity") << "<!DOCTYPE gpx [<!ENTITY e 'abc'>]>" + track("<name>&e;</name>")
+                                     << QStringLiteral("abc");
+}
+
+void tst_KRGPXTrackFile::readableAsDomOnly()
+{
+    QFETCH(QByteArray, xml);
+    const QTemporaryDir folder;
+    KRErrorHistory history;
+    const KRGPXTrackFile trackFile(write(folder, QStringLiteral("dom.gpx"), xml), &history);
+    QCOMPARE(trackFile.tracks().size(), 1);
+    QTEST(trackFile.tracks().first().name(), "name");
     QVERIFY(history.isEmpty());
 }
 
@@ -74,17 +110,27 @@ void tst_KRGPXTrackFile::unreadable()
 {
     QFETCH(QByteArray, xml);
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("broken.gpx")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(xml);
-    file.close();
-
+    const QFileInfo file = write(folder, QStringLiteral("broken.gpx"), xml);
     KRErrorHistory history;
-    QVERIFY(!KRGPXTrackFile(QFileInfo(file), &history).isValid());
+    QVERIFY(!KRGPXTrackFile(file, &history).isValid());
     QCOMPARE(history.entries().size(), 1);
-    QCOMPARE(history.entries().first().fileName, file.fileName());
+    QCOMPARE(history.entries().first().fileName, file.filePath());
     QTEST(history.entries().first().line, "line");
     QVERIFY(!history.entries().first().reason.isEmpty());
+}
+
+void tst_KRGPXTrackFile::brokenAndTooLargeForADom()
+{
+    const QTemporaryDir folder;
+    const QByteArray xml = "<gpx>\n<trk><trkseg/></trk>\n";
+    const QFileInfo info = write(folder, QStringLiteral("large.gpx"), xml);
+    // The rest of the file is a hole of zero bytes.
+    QVERIFY(QFile::resize(info.filePath(), KRXMLGuard::maximumBytes + 1));
+    KRErrorHistory history;
+    QVERIFY(!KRGPXTrackFile(info, &history).isValid());
+    QCOMPARE(history.entries().size(), 1);
+    QCOMPARE(history.entries().first().fileName, info.filePath());
+    QCOMPARE(history.entries().first().line, 3);
 }
 
 static const KRTestRegistration<tst_KRGPXTrackFile> registration;

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "KRGeoLocationExport.h"
+
+#include <QIODevice>
+
+/**
+ * Passes the bytes of a device on to QXmlStreamReader, and ends where a single token grows beyond measure.
+ *
+ * The reader keeps a token in memory until it is complete, and compares each attribute of a tag with all others of
+ * it: fifty thousand take many seconds. Both would be over only after the damage is done.
+ */
+class KRGEOLOCATION_EXPORT KRGPXGuardedDevice : public QIODevice
+{
+public:
+    static constexpr qint64 maximumTokenBytes = 64 << 20;
+    /// Quotation marks in one token, twice the number of its attributes if it is a tag.
+    static constexpr qint64 maximumTokenQuotes = 10000;
+
+    /// Reads from @p source, which is open and stays with the caller.
+    explicit KRGPXGuardedDevice(QIODevice *source);
+
+    bool isSequential() const override { return true; }
+    /// Of the source.
+    qint64 size() const override { return m_source->size(); }
+    /// Whether the device ended before its source did.
+    bool hasRefused() const { return m_hasRefused; }
+    /// Whether a carriage return has passed, which the reader turns into a line feed or drops.
+    bool hasCarriageReturns() const { return m_hasCarriageReturns; }
+
+    /// To be called whenever the reader has completed a token.
+    void startToken()
+    {
+        m_tokenBytes = 0;
+        m_tokenQuotes = 0;
+    }
+
+protected:
+    qint64 readData(char *bytes, qint64 maximumSize) override;
+    qint64 writeData(const char *bytes, qint64 size) override;
+
+private:
+    QIODevice *const m_source;
+    qint64 m_tokenBytes = 0;
+    qint64 m_tokenQuotes = 0;
+    bool m_hasRefused = false;
+    bool m_hasCarriageReturns = false;
+};

@@ -1,0 +1,366 @@
+#include "KRGPXStreamReader.h"
+
+#include "KRGPXTrackImpl.h"
+#include "KRGPXVocabulary.h"
+
+#include <KRCore/KRFileHandler.h>
+#include <KRCore/KRMath.h>
+#include <KRCore/KRXMLGuard.h>
+#include <KRXML/KRXMLParser.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <charconv>
+
+namespace {
+
+/// Comparisons of attributes with each other that QXmlStreamReader may spend on a file: about a second.
+constexpr qint64 maximumAttributePairs = 100000000;
+
+/**
+ * The number that QString::toDouble() reads, several times as fast for plain decimals.
+ *
+ * Both round correctly, so the results are the same to the last bit.
+ */
+double toDouble(const QStringRef &text, double defaultValue)
+{
+    constexpr int mostCharacters = 32;
+    const int size = text.size();
+    if (size <= mostCharacters) {
+        char characters[mostCharacters];
+        const QChar *const source = text.constData();
+        int plain = 0;
+        while (plain < size) {
+            const ushort unicode = source[plain].unicode();
+            const bool isSign = unicode == '-' && plain == 0;
+            if (!isSign && unicode != '.' && (unicode < '0' || unicode > '9'))
+                break;
+            characters[plain++] = char(unicode);
+        }
+        double value = 0.0;
+        if (plain == size) {
+            const std::from_chars_result result = std::from_chars(characters, characters + size, value);
+            if (result.ec == std::errc() && result.ptr == characters + size)
+                return value;
+        }
+    }
+    bool isNumber = false;
+    const double value = text.toDouble(&isNumber);
+    return isNumber ? value : defaultValue;
+}
+
+/// The number that @p count digits stand for, -1 if one of them is none.
+int digits(const QChar *source, int count)
+{
+    int value = 0;
+    for (int i = 0; i < count; ++i) {
+        const ushort unicode = source[i].unicode();
+        if (unicode < '0' || unicode > '9')
+            return -1;
+        value = value * 10 + (unicode - '0');
+    }
+    return value;
+}
+
+/// Exactly "2024-05-01T12:00:00Z", the way in which nearly all files write times; invalid for any other text.
+QDateTime plainUtcTime(const QString &text)
+{
+    const auto isAt = [&](int index, char character) { return text.at(index) == QLatin1Char(character); };
+    if (text.size() != 20 || !isAt(4, '-') || !isAt(7, '-') || !isAt(10, 'T') || !isAt(13, ':') || !isAt(16, ':')
+        || !isAt(19, 'Z'))
+        return QDateTime();
+    const QChar *const source = text.constData();
+    const QDate date(digits(source, 4), digits(source + 5, 2), digits(source + 8, 2));
+    const QTime time(digits(source + 11, 2), digits(source + 14, 2), digits(source + 17, 2));
+    // QDate knows a year -1, and QDateTime takes an invalid time for midnight.
+    return date.isValid() && date.year() > 0 && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
+}
+
+/// Names that QXmlStreamReader and QDom agree on; it takes nearly any character, and QDom not all that XML allows.
+bool isPlainName(const QStringRef &name)
+{
+    return std::all_of(name.cbegin(), name.cend(), [](QChar character) {
+        const ushort unicode = character.unicode();
+        return (unicode >= 'a' && unicode <= 'z') || (unicode >= 'A' && unicode <= 'Z')
+               || (unicode >= '0' && unicode <= '9') || unicode == ':' || unicode == '_' || unicode == '-'
+               || unicode == '.';
+    });
+}
+
+QDateTime toDateTime(const QString &text)
+{
+    const QDateTime time = plainUtcTime(text);
+    return time.isValid() ? time : KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
+}
+
+} // namespace
+
+KRGPXStreamReader::KRGPXStreamReader(QIODevice *device) : m_device(device), m_xml(&m_device)
+{
+    // As QDom reads it: an element "gpx:trk" is another one than "trk".
+    m_xml.setNamespaceProcessing(false);
+}
+
+KRGPXStreamResult KRGPXStreamReader::readFile(const QFileInfo &file, KRErrorHistory *history,
+                                              const std::function<bool(KRGPXStreamReader &)> &read)
+{
+    QFile source(file.filePath());
+    if (!KRFileHandler::openForReading(source, history, maximumFileBytes))
+        return StreamUnreadable;
+    KRGPXStreamReader reader(&source);
+    if (read(reader))
+        return reader.isDomPreferable() ? StreamNeedsDom : StreamWasRead;
+    if (source.size() <= KRXMLGuard::maximumBytes)
+        return StreamNeedsDom;
+    KRErrorHistory::Entry entry = reader.error();
+    entry.fileName = file.filePath();
+    KRErrorHistory::report(history, entry);
+    return StreamUnreadable;
+}
+
+bool KRGPXStreamReader::readTracks(const std::function<void(const KRGPXTrack &)> &takeTrack)
+{
+    return readDocument([&] {
+        QSharedDataPointer<KRGPXTrackImpl> track(new KRGPXTrackImpl);
+        readTrack(track.data());
+        takeTrack(KRGPXTrack(track));
+    });
+}
+
+bool KRGPXStreamReader::readFirstTrack(KRGPXTrackImpl *track)
+{
+    bool isFirst = true;
+    return readDocument([&] {
+        if (isFirst)
+            readTrack(track);
+        else
+            skipElement();
+        isFirst = false;
+    });
+}
+
+bool KRGPXStreamReader::isDomPreferable() const
+{
+    return m_differsFromDom && m_nodes <= KRXMLGuard::maximumNodes && m_device.size() <= KRXMLGuard::maximumBytes;
+}
+
+KRErrorHistory::Entry KRGPXStreamReader::error() const
+{
+    KRErrorHistory::Entry entry;
+    entry.line = int(m_xml.lineNumber());
+    entry.column = int(m_xml.columnNumber()) + 1;
+    if (m_device.hasRefused())
+        entry.reason = QCoreApplication::translate("KRGPXStreamReader", "Ein Text oder ein Element ist zu groß.");
+    else if (m_xml.error() == QXmlStreamReader::CustomError)
+        entry.reason = m_xml.errorString();
+    else
+        entry.reason =
+            QCoreApplication::translate("KRGPXStreamReader", "Kein lesbares XML: %1").arg(m_xml.errorString());
+    return entry;
+}
+
+QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
+{
+    const QXmlStreamReader::TokenType token = m_xml.readNext();
+    m_device.startToken();
+    switch (token) {
+    case QXmlStreamReader::StartElement:
+        ++m_depth;
+        return checkTag() ? token : QXmlStreamReader::Invalid;
+    case QXmlStreamReader::Characters:
+        ++m_nodes;
+        return token;
+    case QXmlStreamReader::ProcessingInstruction:
+        // QDom is stricter in their names, and takes the encoding from any that begins like an XML declaration.
+        m_differsFromDom = true;
+        return token;
+    case QXmlStreamReader::EndElement:
+        --m_depth;
+        return token;
+    case QXmlStreamReader::DTD:
+    case QXmlStreamReader::EntityReference:
+        m_xml.raiseError(
+            QCoreApplication::translate("KRGPXStreamReader", "Große Dateien mit Dokumenttyp werden nicht gelesen."));
+        return QXmlStreamReader::Invalid;
+    default:
+        return token;
+    }
+}
+
+/// False when the tag goes beyond a limit.
+bool KRGPXStreamReader::checkTag()
+{
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    m_nodes += 1 + attributes.size();
+    m_attributePairs += qint64(attributes.size()) * attributes.size();
+    m_differsFromDom =
+        m_differsFromDom || !isPlainName(m_xml.qualifiedName())
+        || !std::all_of(attributes.cbegin(), attributes.cend(),
+                        [](const QXmlStreamAttribute &attribute) { return isPlainName(attribute.qualifiedName()); });
+    if (m_depth > KRXMLGuard::maximumDepth)
+        m_xml.raiseError(
+            QCoreApplication::translate("KRGPXStreamReader", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
+                .arg(KRXMLGuard::maximumDepth));
+    else if (m_attributePairs > maximumAttributePairs)
+        m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente haben zu viele Attribute."));
+    else if (m_elements > maximumElements)
+        m_xml.raiseError(
+            QCoreApplication::translate("KRGPXStreamReader", "Die Datei hat mehr als %1 Punkte.").arg(maximumElements));
+    return !m_xml.hasError();
+}
+
+/// Moves to the next child of the current element; false behind the last one, at the end of the current element.
+bool KRGPXStreamReader::nextChild()
+{
+    for (;;) {
+        switch (nextToken()) {
+        case QXmlStreamReader::StartElement:
+            return true;
+        case QXmlStreamReader::EndElement:
+        case QXmlStreamReader::EndDocument:
+        case QXmlStreamReader::Invalid:
+            return false;
+        default:
+            break;
+        }
+    }
+}
+
+void KRGPXStreamReader::skipElement()
+{
+    const int depthOfParent = m_depth - 1;
+    while (m_depth > depthOfParent && !m_xml.atEnd())
+        nextToken();
+}
+
+/// The text of the current element with all that is nested in it, as QDomElement::text() gives it.
+const QString &KRGPXStreamReader::readText()
+{
+    m_text.resize(0);
+    int run = 0; // where the text since the last markup begins
+    const int depthOfParent = m_depth - 1;
+    while (m_depth > depthOfParent && !m_xml.atEnd()) {
+        const bool isCharacters = nextToken() == QXmlStreamReader::Characters;
+        if (!isCharacters || m_xml.isCDATA())
+            dropBlanks(run);
+        if (isCharacters)
+            m_text.append(m_xml.text());
+        if (!isCharacters || m_xml.isCDATA())
+            run = m_text.size();
+        if (m_text.size() > KRGPXGuardedDevice::maximumTokenBytes)
+            m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", "Ein Text ist zu lang."));
+    }
+    return m_text;
+}
+
+/// The same as a text of its own, without the memory that readText() keeps.
+QString KRGPXStreamReader::textToKeep()
+{
+    readText();
+    if (m_device.hasCarriageReturns() && m_text.contains(QLatin1Char('\n')))
+        m_differsFromDom = true;
+    return QString(m_text.constData(), m_text.size());
+}
+
+/// QDom drops text between two pieces of markup that is nothing but white space, no-break spaces included.
+void KRGPXStreamReader::dropBlanks(int begin)
+{
+    if (std::all_of(m_text.cbegin() + begin, m_text.cend(), [](QChar character) { return character.isSpace(); }))
+        m_text.resize(begin);
+}
+
+/// Calls @p readTrackElement at each "trk" directly below the document element. False when the document is broken.
+bool KRGPXStreamReader::readDocument(const std::function<void()> &readTrackElement)
+{
+    if (nextChild()) {
+        while (nextChild()) {
+            if (isAt(KRGPXVocabulary::trackElement))
+                readTrackElement();
+            else
+                skipElement();
+        }
+    }
+    // The document goes on behind its last element, and so may its faults.
+    while (!m_xml.atEnd())
+        nextToken();
+    return !m_xml.hasError();
+}
+
+void KRGPXStreamReader::readTrack(KRGPXTrackImpl *track)
+{
+    ++m_elements;
+    while (nextChild()) {
+        if (isAt(KRGPXVocabulary::nameElement))
+            track->setName(textToKeep());
+        else if (isAt(KRGPXVocabulary::descriptionElement))
+            track->setDescription(textToKeep());
+        else if (isAt(KRGPXVocabulary::segmentElement))
+            track->addSegment(readSegment());
+        else if (isAt(KRGPXVocabulary::shapeElement))
+            track->setShape(KRGPXTrackShape(readText()));
+        else if (isAt(KRGPXVocabulary::enclavesElement))
+            readEnclaves(track);
+        else
+            skipElement();
+    }
+    track->replaceAutoShape();
+}
+
+void KRGPXStreamReader::readEnclaves(KRGPXTrackImpl *track)
+{
+    while (nextChild()) {
+        QSharedDataPointer<KRGPXTrackImpl> enclave(new KRGPXTrackImpl);
+        readTrack(enclave.data());
+        track->addEnclave(KRGPXTrack(enclave));
+    }
+}
+
+KRGPXTrackSegment KRGPXStreamReader::readSegment()
+{
+    ++m_elements;
+    KRGPXTrackSegment segment;
+    while (nextChild()) {
+        if (isAt(KRGPXVocabulary::pointElement))
+            readPoint(&segment);
+        else if (isAt(KRGPXVocabulary::compressedPointsElement))
+            segment.appendCompressed(readText());
+        else
+            skipElement();
+    }
+    return segment;
+}
+
+/// Of children with the same name the first one counts.
+void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
+{
+    ++m_elements;
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    const double latitude =
+        toDouble(attributes.value(KRGPXVocabulary::latitudeAttribute), KRGPXVocabulary::missingCoordinate);
+    const double longitude =
+        toDouble(attributes.value(KRGPXVocabulary::longitudeAttribute), KRGPXVocabulary::missingCoordinate);
+    double elevation = 0.0;
+    QDateTime timeStamp;
+    QString description;
+    bool hasElevation = false;
+    bool hasTimeStamp = false;
+    bool hasDescription = false;
+    while (nextChild()) {
+        if (!hasElevation && isAt(KRGPXVocabulary::elevationElement)) {
+            hasElevation = true;
+            elevation = toDouble(QStringRef(&readText()), 0.0);
+        } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
+            hasTimeStamp = true;
+            timeStamp = toDateTime(readText());
+        } else if (!hasDescription && isAt(KRGPXVocabulary::descriptionElement)) {
+            hasDescription = true;
+            description = textToKeep();
+        } else {
+            skipElement();
+        }
+    }
+    segment->append(latitude, longitude, KRMath::toInt(elevation), timeStamp, description);
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "KRGPXGuardedDevice.h"
+#include "KRGPXTrack.h"
+
+#include <KRCore/KRErrorHistory.h>
+
+#include <QXmlStreamReader>
+
+#include <functional>
+
+class KRGPXTrackImpl;
+class QFileInfo;
+
+/// How reading a file as a stream has ended.
+enum KRGPXStreamResult : int {
+    StreamWasRead = 0,
+    StreamUnreadable = 1, ///< the reason is reported
+    StreamNeedsDom = 2, ///< to be read as a DOM, which decides whether the file is readable
+};
+
+/**
+ * Reads tracks while it parses, without ever having a DOM of the file in memory.
+ *
+ * What comes out equals what KRGPXTrack reads from the DOM of the same file, for every file that QXmlStreamReader
+ * takes for well-formed. QDom reads some that it does not (duplicate attributes, undeclared entities, control
+ * characters), and documents with a document type, which may hold entity bombs, are not read here at all. So a
+ * failure of this class says no more than that the DOM has to decide.
+ *
+ * Nothing of a document counts unless it was read to its end. Elements nest up to the depth of KRXMLGuard.
+ */
+class KRGEOLOCATION_EXPORT KRGPXStreamReader
+{
+public:
+    static constexpr qint64 maximumFileBytes = qint64(4) << 30;
+    /// Points, segments and tracks together: less than a QList holds.
+    static constexpr int maximumElements = 50000000;
+
+    /// Reads from @p device, which is open and stays with the caller.
+    explicit KRGPXStreamReader(QIODevice *device);
+
+    /// Opens the file and lets @p read do the rest; what that filled counts only when the answer is StreamWasRead.
+    static KRGPXStreamResult readFile(const QFileInfo &file, KRErrorHistory *history,
+                                      const std::function<bool(KRGPXStreamReader &)> &read);
+
+    /// Hands over one track after the other, valid or not, that lies directly below the document element. False when
+    /// the document is not readable: then none of them counts.
+    bool readTracks(const std::function<void(const KRGPXTrack &)> &takeTrack);
+    /// Adds the first track directly below the document element to what @p track already holds.
+    bool readFirstTrack(KRGPXTrackImpl *track);
+
+    /// Whether a document that was read may read otherwise as a DOM. QDom is stricter in names, and keeps carriage
+    /// returns. False for one that KRXMLGuard would refuse as too large.
+    bool isDomPreferable() const;
+    /// Where and why reading has failed; without the name of the file.
+    KRErrorHistory::Entry error() const;
+
+private:
+    Q_DISABLE_COPY(KRGPXStreamReader)
+
+    QXmlStreamReader::TokenType nextToken();
+    bool nextChild();
+    bool isAt(const QString &elementName) const { return m_xml.qualifiedName() == elementName; }
+    bool checkTag();
+    void skipElement();
+    const QString &readText();
+    QString textToKeep();
+    void dropBlanks(int begin);
+
+    bool readDocument(const std::function<void()> &readTrackElement);
+    void readTrack(KRGPXTrackImpl *track);
+    void readEnclaves(KRGPXTrackImpl *track);
+    KRGPXTrackSegment readSegment();
+    void readPoint(KRGPXTrackSegment *segment);
+
+    KRGPXGuardedDevice m_device;
+    QXmlStreamReader m_xml;
+    QString m_text; // of the element read last; kept for its memory
+    qint64 m_attributePairs = 0;
+    int m_depth = 0;
+    int m_elements = 0;
+    qint64 m_nodes = 0; // as KRXMLGuard counts them
+    bool m_differsFromDom = false;
+};
