@@ -1,6 +1,7 @@
 #include "KRTrackSelectionFactory.h"
 
 #include "KRTrackSelectionFactoryGPXFile.h"
+#include "KRTrackSelectionFactoryKmlFile.h"
 
 #include <KRCore/KRLogger.h>
 #include <KRGUIWidgets/KRRequestDiskAccess.h>
@@ -11,6 +12,7 @@
 KRTrackSelectionFactory::KRTrackSelectionFactory()
 {
     m_factories.push_back(std::make_unique<KRTrackSelectionFactoryGPXFile>());
+    m_factories.push_back(std::make_unique<KRTrackSelectionFactoryKmlFile>());
 }
 
 KRTrackSelectionFactory::~KRTrackSelectionFactory() = default;
