@@ -1,0 +1,500 @@
+#include "KRGPXTrackRenderer.h"
+
+#include "KRGPXConfiguredTrack.h"
+#include "KRGPXMarkerShape.h"
+#include "KRGPXTrack.h"
+#include "KRGPXTrackConfiguration.h"
+#include "KRGPXTrackDisplayOptions.h"
+#include "KRGPXTrackRendererDashes.h"
+#include "KRGPXTrackShape.h"
+#include "KRGPXTrackSmoothing.h"
+#include "KRGeoPositionList.h"
+
+#include <KRCore/KRConcurrent.h>
+#include <KRCore/KRMath.h>
+
+#include <QPainter>
+#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <memory>
+
+namespace {
+
+// pixels at rendering factor 1, by which neighbouring points of a path differ at least (Manhattan distance)
+constexpr double minimumStep = 4.0;
+
+// pixels at rendering factor 1
+constexpr double shortestArrow = 10.0;
+constexpr double longestArrow = 100.0;
+
+// degrees between an arrow's shaft and each of its barbs
+constexpr double barbAngle = 30.0;
+
+// Pixels beyond are no places on any map, and their distances no numbers to draw with.
+constexpr double farthestPixel = 1e12;
+constexpr double widestLine = 32767.0;
+
+bool isFinite(const QPointF &point)
+{
+    return std::isfinite(point.x()) && std::isfinite(point.y());
+}
+
+bool isPixel(const QPointF &point)
+{
+    return std::abs(point.x()) <= farthestPixel && std::abs(point.y()) <= farthestPixel;
+}
+
+// 0, which QPainter draws as a hairline, for negative widths and what is no number
+double drawableWidth(double width)
+{
+    return width > 0.0 ? std::min(width, widestLine) : 0.0;
+}
+
+void setAntialiasing(QPainter *painter)
+{
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::HighQualityAntialiasing);
+    QT_WARNING_POP
+}
+
+// Other devices than images may be larger or elsewhere than their width and height tell.
+bool surelyMissesDevice(const QPainter *painter, const QRectF &bounds)
+{
+    const auto *const image = dynamic_cast<const QImage *>(painter->device());
+    return image && !painter->deviceTransform().mapRect(bounds).intersects(image->rect());
+}
+
+// A recorder without a fix may have written "nan", which has no place on any map.
+KRGeoPositionList withoutGaps(const KRGeoPositionList &positions)
+{
+    const auto isGap = [](const KRGeoPosition &position) { return !isFinite(position.toPointF()); };
+    if (std::none_of(positions.begin(), positions.end(), isGap))
+        return positions;
+    KRGeoPositionList kept;
+    std::remove_copy_if(positions.begin(), positions.end(), std::back_inserter(kept), isGap);
+    return kept;
+}
+
+KRGPXTrackRenderer::AlphaTable croppingTable(int opacity)
+{
+    KRGPXTrackRenderer::AlphaTable table;
+    for (int alpha = 0; alpha < int(table.size()); ++alpha)
+        table[std::size_t(alpha)] = uchar(opacity + (alpha * (255 - opacity)) / 255);
+    return table;
+}
+
+} // namespace
+
+KRGPXTrackRenderer::KRGPXTrackRenderer(const KRGPXTrackSelection &selection, const QSize &targetImageSize,
+                                       double renderingFactor)
+    : m_selection(selection), m_targetImageSize(targetImageSize), m_renderingFactor(renderingFactor)
+{ }
+
+KRGPXTrackRenderer::~KRGPXTrackRenderer() = default;
+
+QImage KRGPXTrackRenderer::render(TrackRenderOption option) const
+{
+    return paintImage(option, true).convertToFormat(QImage::Format_ARGB32);
+}
+
+QImage KRGPXTrackRenderer::renderQuickAndDirty(TrackRenderOption option) const
+{
+    return paintImage(option, false);
+}
+
+QImage KRGPXTrackRenderer::renderForeground() const
+{
+    return renderQuickAndDirty(OpaqueRender);
+}
+
+QImage KRGPXTrackRenderer::paintImage(TrackRenderOption option, bool antialiased) const
+{
+    QImage image(m_targetImageSize, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    if (antialiased)
+        setAntialiasing(&painter);
+    renderWith(painter, option);
+    painter.end();
+    return image;
+}
+
+void KRGPXTrackRenderer::renderWith(QPainter &painter, TrackRenderOption option) const
+{
+    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks)
+        drawTrack(&painter, track, option);
+}
+
+void KRGPXTrackRenderer::drawTrack(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const
+{
+    const KRGPXTrackShape shape = track.effectiveShape();
+    if (shape == PolygonTrackShape)
+        drawPolygon(painter, track, option);
+    else if (shape == PointTrackShape)
+        drawPoint(painter, track, option);
+    else
+        drawLine(painter, track, option);
+}
+
+QImage KRGPXTrackRenderer::crop(const QImage &map) const
+{
+    const int opacity = qBound(0, m_selection.effectiveCroppingOpacity(), 255);
+    if (opacity == 255 || map.isNull())
+        return map;
+    // only its alpha counts, which a conversion out of the premultiplied format would leave as it is
+    const QImage mask = paintImage(OpaqueRender, true);
+    const AlphaTable table = croppingTable(opacity);
+
+    QImage image = map.convertToFormat(QImage::Format_ARGB32);
+    uchar *const pixels = image.bits(); // detaches from the map here, once
+    const QList<KRIntRange> bands = KRIntRange::rowsOfImage(image).splitEvenlyForCpuCores();
+    KRConcurrent::blockingMap(bands, [&](const KRIntRange &rows) {
+        // an image object of its own for each thread, since access for writing counts in the object
+        QImage view(pixels, image.width(), image.height(), image.bytesPerLine(), image.format());
+        mergeCropping(view, mask, rows, table);
+    });
+    return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+void KRGPXTrackRenderer::mergeCropping(QImage &image, const QImage &mask, const KRIntRange &rows,
+                                       const AlphaTable &table) const
+{
+    const KRIntRange columns = KRIntRange::columnsOfImage(image);
+    const int maskedColumns = std::min(mask.width(), image.width());
+    const auto setAlpha = [](QRgb *pixel, uchar alpha) { *pixel = (*pixel & RGB_MASK) | (QRgb(alpha) << 24); };
+    for (int y = rows.minimum(); y <= rows.maximum(); ++y) {
+        QRgb *const line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        int x = columns.minimum();
+        if (y < mask.height()) {
+            const QRgb *const maskLine = reinterpret_cast<const QRgb *>(mask.constScanLine(y));
+            for (; x < maskedColumns; ++x)
+                setAlpha(line + x, table[std::size_t(qAlpha(maskLine[x]))]);
+        }
+        for (; x <= columns.maximum(); ++x)
+            setAlpha(line + x, table[0]);
+    }
+}
+
+QPointF KRGPXTrackRenderer::aroundTheWorldOffset() const
+{
+    return projectPosition(KRGeoPosition(0.0, 180.0)) - projectPosition(KRGeoPosition(0.0, -180.0));
+}
+
+KRIntRange KRGPXTrackRenderer::visibleShifts(QPainter *painter) const
+{
+    const double world = aroundTheWorldOffset().x();
+    const int worldWidth = std::isfinite(world) ? KRMath::toInt(world) : 0;
+    const QPaintDevice *const device = painter->device();
+    const int count = device && worldWidth > 0 ? device->width() / worldWidth : 0;
+    return KRIntRange(-count - 1, count + 1);
+}
+
+// Without a world width the copies would all lie on each other, so only the first one is drawn.
+void KRGPXTrackRenderer::drawAroundTheWorld(QPainter *painter, const QRectF &bounds,
+                                            const std::function<void()> &draw) const
+{
+    const QPointF world = aroundTheWorldOffset();
+    const KRIntRange shifts = isFinite(world) && !world.isNull() ? visibleShifts(painter) : KRIntRange(0, 0);
+    for (int shift = shifts.minimum(); shift <= shifts.maximum(); ++shift) {
+        painter->save();
+        if (shift != 0)
+            painter->translate(shift * world);
+        if (!surelyMissesDevice(painter, bounds))
+            draw();
+        painter->restore();
+    }
+}
+
+double KRGPXTrackRenderer::detectAngleOfPath(const QPainterPath &path) const
+{
+    // Intended: a plain mean of angles, although angles on both sides of 0 average to the opposite direction.
+    double sum = 0.0;
+    for (const double percent : {0.95, 0.96, 0.97, 0.98, 0.99})
+        sum += path.angleAtPercent(percent);
+    return sum / 5.0;
+}
+
+QPointF KRGPXTrackRenderer::carthesian(double distance, double angle) const
+{
+    const double theta = qDegreesToRadians(180.0 - angle);
+    return QPointF(distance * std::cos(theta), distance * std::sin(theta));
+}
+
+QPointF KRGPXTrackRenderer::movePolar(const QPointF &point, double distance, double angle) const
+{
+    return point + carthesian(distance, angle);
+}
+
+QColor KRGPXTrackRenderer::lineColor(const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    return adaptColor(configuration.lineColor(), option);
+}
+
+QColor KRGPXTrackRenderer::fillColor(const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    return adaptColor(configuration.fillColor(), option);
+}
+
+QColor KRGPXTrackRenderer::adaptColor(const QColor &color, TrackRenderOption option) const
+{
+    QColor adapted = color;
+    if (option == OpaqueRender)
+        adapted.setAlpha(255);
+    return adapted;
+}
+
+QPen KRGPXTrackRenderer::solidPenFromTrack(const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    const KRDistance width =
+        option == StyledRender ? configuration.lineWidth() : configuration.haloWidth() + configuration.lineWidth();
+    return QPen(QBrush(lineColor(configuration, option)), drawableWidth(scale(width.toDouble())), Qt::SolidLine,
+                Qt::RoundCap, Qt::RoundJoin);
+}
+
+QPen KRGPXTrackRenderer::penFromTrack(const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    QPen pen = solidPenFromTrack(configuration, option);
+    if (option == StyledRender)
+        configuration.penStyle().modifyPen(pen);
+    return pen;
+}
+
+QBrush KRGPXTrackRenderer::brushFromTrack(const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    return QBrush(fillColor(configuration, option), Qt::SolidPattern);
+}
+
+QPainterPath KRGPXTrackRenderer::createPainterPath(const KRGPXConfiguredTrack &track) const
+{
+    const int strength = track.smoothingStrength();
+    const int steps = track.smoothingSteps();
+    QPainterPath path = createPainterPath(track.track(), strength, steps);
+    // Intended: a natural polygon comes closed by its points and gets no join there.
+    if (track.naturalShape() == LineStringTrackShape && track.effectiveShape() == PolygonTrackShape)
+        path.closeSubpath();
+    const QList<KRGPXTrack> enclaves = track.track().enclaves();
+    for (const KRGPXTrack &enclave : enclaves)
+        path.addPath(createPainterPath(enclave, strength, steps));
+    return path;
+}
+
+QPainterPath KRGPXTrackRenderer::createPainterPath(const KRGPXTrack &track, int smoothingStrength,
+                                                   int smoothingSteps) const
+{
+    std::vector<QPointF> points = projectedPoints(track);
+    if (smoothingStrength != 100)
+        KRGPXTrackSmoothing(points.data(), int(points.size()), smoothingStrength / 100.0, smoothingSteps).run();
+    return thinnedPath(points);
+}
+
+std::vector<QPointF> KRGPXTrackRenderer::projectedPoints(const KRGPXTrack &track) const
+{
+    Chunks chunks;
+    Ranges ranges;
+    QList<int> chunkNumbers;
+    int pointCount = 0;
+    const Chunks allChunks = KRConcurrent::blockingMapped(track.chunkedPoints(), withoutGaps);
+    for (const KRGeoPositionList &chunk : allChunks) {
+        if (chunk.isEmpty())
+            continue;
+        chunkNumbers.append(chunks.size());
+        chunks.append(chunk);
+        ranges.append(KRIntRange(pointCount, pointCount + chunk.size() - 1));
+        pointCount += chunk.size();
+    }
+
+    bool crossed = false;
+    const std::unique_ptr<QPointF[]> offsets(
+        createDateLineCrossingOffsets(chunks, chunkNumbers, pointCount, ranges, &crossed));
+    auto points = std::vector<QPointF>(std::size_t(pointCount));
+    QPointF *const target = points.data();
+    KRConcurrent::blockingMap(chunkNumbers, [&](int c) { projectPointsPP(c, chunks, ranges, target); });
+    if (crossed)
+        KRConcurrent::blockingMap(chunkNumbers, [&](int c) { shiftProjected(c, offsets.get(), ranges, target); });
+    return points;
+}
+
+void KRGPXTrackRenderer::projectPointsPP(int c, const Chunks &chunks, const Ranges &ranges, QPointF *points) const
+{
+    QPointF *point = points + ranges.at(c).minimum();
+    for (const KRGeoPosition &position : chunks.at(c))
+        *point++ = projectPosition(position);
+}
+
+void KRGPXTrackRenderer::shiftProjected(int c, const QPointF *offsets, const Ranges &ranges, QPointF *points) const
+{
+    for (int k = ranges.at(c).minimum(); k <= ranges.at(c).maximum(); ++k)
+        points[k] += offsets[k];
+}
+
+int KRGPXTrackRenderer::checkDateLineCrossing(const KRGeoPosition &a, const KRGeoPosition &b) const
+{
+    const bool startsInTheEast = a.isInEasternHemisphere();
+    if (startsInTheEast == b.isInEasternHemisphere() || a.longitude() == b.longitude())
+        return 0;
+    if (a.isEastOf(b) == startsInTheEast)
+        return 0; // over the prime meridian
+    return startsInTheEast ? 1 : -1;
+}
+
+void KRGPXTrackRenderer::checkDateLineCrossings(int c, const Chunks &chunks, const Ranges &ranges, int *crossings) const
+{
+    const KRGeoPositionList &chunk = chunks.at(c);
+    int *crossing = crossings + ranges.at(c).minimum();
+    *crossing++ = c == 0 ? 0 : checkDateLineCrossing(chunks.at(c - 1).last(), chunk.first());
+    for (int k = 1; k < chunk.size(); ++k)
+        *crossing++ = checkDateLineCrossing(chunk.at(k - 1), chunk.at(k));
+}
+
+QPointF *KRGPXTrackRenderer::createDateLineCrossingOffsets(const Chunks &chunks, const QList<int> &chunkNumbers,
+                                                           int pointCount, const Ranges &ranges, bool *crossed) const
+{
+    std::vector<int> crossings(std::size_t(pointCount), 0);
+    int *const target = crossings.data();
+    KRConcurrent::blockingMap(chunkNumbers, [&](int c) { checkDateLineCrossings(c, chunks, ranges, target); });
+
+    const QPointF world = aroundTheWorldOffset();
+    auto offsets = std::make_unique<QPointF[]>(std::size_t(pointCount));
+    int running = 0;
+    for (std::size_t k = 0; k < crossings.size(); ++k) {
+        if (crossings[k] != 0) {
+            running += crossings[k];
+            *crossed = true;
+        }
+        if (running != 0)
+            offsets[k] = running * world;
+    }
+    return offsets.release();
+}
+
+QPainterPath KRGPXTrackRenderer::thinnedPath(const std::vector<QPointF> &points) const
+{
+    const auto first = std::find_if(points.begin(), points.end(), isPixel);
+    if (first == points.end())
+        return QPainterPath();
+
+    QPainterPath path(*first);
+    QPointF lastInPath = *first;
+    QPointF lastOfAll = *first;
+    const double threshold = scale(minimumStep);
+    for (auto point = first + 1; point != points.end(); ++point) {
+        if (!isPixel(*point))
+            continue;
+        lastOfAll = *point;
+        if ((lastInPath - *point).manhattanLength() > threshold) {
+            path.lineTo(*point);
+            lastInPath = *point;
+        }
+    }
+    if (path.isEmpty())
+        return QPainterPath();
+    path.lineTo(lastOfAll);
+    return path;
+}
+
+// Where a path may leave marks: beside its pen, an arrow head and the soft edge of antialiasing.
+QRectF KRGPXTrackRenderer::paintedBounds(const QPainterPath &path, const QPen &pen) const
+{
+    const double margin = pen.widthF() + scale(longestArrow) + 2.0;
+    return path.controlPointRect().adjusted(-margin, -margin, margin, margin);
+}
+
+void KRGPXTrackRenderer::drawLine(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const
+{
+    const QPainterPath path = createPainterPath(track);
+    if (path.isEmpty()) {
+        drawPoint(painter, track, option);
+        return;
+    }
+    const KRGPXTrackConfiguration configuration = track.configuration();
+    const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
+    drawAroundTheWorld(painter, paintedBounds(path, penFromTrack(configuration, option)), [&] {
+        drawPath(painter, path, configuration, option);
+        if (hasArrow)
+            drawArrowHead(painter, path, configuration, option);
+    });
+}
+
+void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const KRGPXConfiguredTrack &track,
+                                     TrackRenderOption option) const
+{
+    const QPainterPath path = createPainterPath(track);
+    if (path.isEmpty()) {
+        drawPoint(painter, track, option);
+        return;
+    }
+    const KRGPXTrackConfiguration configuration = track.configuration();
+    drawAroundTheWorld(painter, paintedBounds(path, penFromTrack(configuration, option)),
+                       [&] { drawPolygon(painter, path, configuration, option); });
+}
+
+void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const QPainterPath &path,
+                                     const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    painter->save();
+    if (option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption))
+        painter->fillPath(path, brushFromTrack(configuration, option));
+    drawPath(painter, path, configuration, option);
+    painter->restore();
+}
+
+void KRGPXTrackRenderer::drawPath(QPainter *painter, const QPainterPath &path,
+                                  const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    if (option != OpaqueRender && !configuration.hasDrawOption(StrokeDisplayOption))
+        return;
+    painter->save();
+    painter->setPen(penFromTrack(configuration, option));
+    painter->setBrush(Qt::NoBrush);
+    KRGPXTrackRendererDashes::drawPath(painter, path);
+    painter->restore();
+}
+
+void KRGPXTrackRenderer::drawArrowHead(QPainter *painter, const QPainterPath &path,
+                                       const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
+{
+    const double angle = detectAngleOfPath(path);
+    const QPointF start = path.elementAt(0);
+    const QPointF tip = path.currentPosition();
+    const double halfDistance = std::hypot(tip.x() - start.x(), tip.y() - start.y()) * 0.5;
+    const double length = scale(qBound(shortestArrow, halfDistance, longestArrow));
+
+    painter->save();
+    painter->setPen(solidPenFromTrack(configuration, option));
+    painter->drawLine(tip, movePolar(tip, length, angle + barbAngle));
+    painter->drawLine(tip, movePolar(tip, length, angle - barbAngle));
+    painter->restore();
+}
+
+void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const
+{
+    const KRGPXTrackConfiguration configuration = track.configuration();
+    const bool strokes = option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption);
+    const bool fills = option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption);
+    if (!strokes && !fills)
+        return;
+    const KRGeoPositionList positions = track.drawingPoints();
+    // Most projections give a position without valid angles a pixel all the same.
+    if (positions.isEmpty() || !positions.first().latitude().isValid() || !positions.first().longitude().isValid())
+        return;
+    const QPointF centre = projectPosition(positions.first());
+    if (!isPixel(centre))
+        return;
+
+    const QPen pen = strokes ? penFromTrack(configuration, option) : QPen(Qt::transparent);
+    const double size = drawableWidth(scale(configuration.lineWidth().toDouble()));
+    const double reach = size + pen.widthF() + 2.0;
+    painter->save();
+    painter->setPen(pen);
+    painter->setBrush(fills ? brushFromTrack(configuration, option) : QBrush(Qt::transparent));
+    drawAroundTheWorld(painter, QRectF(centre, QSizeF()).adjusted(-reach, -reach, reach, reach),
+                       [&] { configuration.markerShape().draw(painter, centre, size, size); });
+    painter->restore();
+}
