@@ -13,7 +13,6 @@ private slots:
     void describe_data();
     void describe();
     void nullIsExact();
-    void arithmetic();
 };
 
 void tst_KRDistance::describe_data()
@@ -42,12 +41,6 @@ void tst_KRDistance::nullIsExact()
     QVERIFY(KRDistance(-0.0).isNull());
     QVERIFY(!KRDistance(1e-300).isNull());
     QVERIFY(KRDistance(10.0) != KRDistance(10.0000001));
-}
-
-void tst_KRDistance::arithmetic()
-{
-    QCOMPARE((KRDistance(2.5) + 4.0).toDouble(), 6.5);
-    QCOMPARE((KRDistance(2.5) * -2.0).toDouble(), -5.0);
 }
 
 static const KRTestRegistration<tst_KRDistance> registration;

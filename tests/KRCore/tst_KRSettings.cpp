@@ -39,7 +39,6 @@ private slots:
     void init();
     void keepsValues_data();
     void keepsValues();
-    void itemTellsWhetherItChanged();
     void reportsWhatItCannotSave();
 
 private:
@@ -78,15 +77,6 @@ void tst_KRSettings::keepsValues()
     read.loadAll();
     QCOMPARE(read.isVisible.value(), true);
     QCOMPARE(read.name.value(), QStringLiteral("Ort"));
-}
-
-void tst_KRSettings::itemTellsWhetherItChanged()
-{
-    PlaceSettings settings;
-    QVERIFY(!settings.isVisible.setValue(true));
-    QVERIFY(settings.isVisible.setValue(false));
-    QVERIFY(!settings.isVisible.setValue(false));
-    QCOMPARE(settings.isVisible.defaultValue(), true);
 }
 
 void tst_KRSettings::reportsWhatItCannotSave()

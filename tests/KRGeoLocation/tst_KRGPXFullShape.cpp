@@ -14,7 +14,6 @@ class tst_KRGPXFullShape : public QObject
 private slots:
     void normalized_data();
     void normalized();
-    void settersTellWhetherAnythingChanged();
     void describesItself();
 };
 
@@ -42,18 +41,6 @@ void tst_KRGPXFullShape::normalized()
     QCOMPARE(normalized.trackShape().value(), trackShape);
     shape.normalize();
     QVERIFY(shape == normalized);
-}
-
-void tst_KRGPXFullShape::settersTellWhetherAnythingChanged()
-{
-    KRGPXFullShape shape;
-    QVERIFY(!shape.setTrackShape(UnknownTrackShape));
-    QVERIFY(shape.setTrackShape(PointTrackShape));
-    QVERIFY(!shape.setMarkerShape(NoMarkerShape));
-    QVERIFY(shape.setMarkerShape(XMarkerShape));
-    QVERIFY(shape == KRGPXFullShape(PointTrackShape, XMarkerShape));
-    QVERIFY(!(shape == KRGPXFullShape(PointTrackShape, DiskMarkerShape)));
-    QVERIFY(!(shape == KRGPXFullShape(HopTrackShape, XMarkerShape)));
 }
 
 void tst_KRGPXFullShape::describesItself()

@@ -49,7 +49,6 @@ private slots:
     void multipliesAlpha_data();
     void multipliesAlpha();
     void haloBecomesVisible();
-    void drawOptions();
     void debugText();
 };
 
@@ -299,15 +298,6 @@ void tst_KRGPXTrackConfiguration::haloBecomesVisible()
     QVERIFY(!without.wouldChangeHaloToVisibleAgainst(with));
     QVERIFY(!withOther.wouldChangeHaloToVisibleAgainst(with));
     QVERIFY(!without.wouldChangeHaloToVisibleAgainst(without));
-}
-
-void tst_KRGPXTrackConfiguration::drawOptions()
-{
-    KRGPXTrackConfiguration configuration;
-    QVERIFY(configuration.hasDrawOption(AllDisplayOptions));
-    QVERIFY(configuration.hasDrawOption(StrokeDisplayOption));
-    QVERIFY(!configuration.hasDrawOption(FillDisplayOption));
-    QVERIFY(!configuration.hasDrawOption(NoDisplayOption));
 }
 
 void tst_KRGPXTrackConfiguration::debugText()

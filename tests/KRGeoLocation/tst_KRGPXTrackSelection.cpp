@@ -169,6 +169,10 @@ void tst_KRGPXTrackSelection::configurationsOfTheSelection()
     QVERIFY(selection.setConfiguration(configuration)); // the first one still differs
     QVERIFY(!selection.setConfiguration(configuration));
     QCOMPARE(selection.configuration(0), configuration);
+
+    configuration.setLineWidth(1.0);
+    QVERIFY(selection.setConfiguration(configuration)); // for all of them, not only up to the first change
+    QCOMPARE(selection.configuration(1), configuration);
 }
 
 void tst_KRGPXTrackSelection::indicesOutsideAreIgnored()
