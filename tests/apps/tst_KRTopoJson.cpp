@@ -1,0 +1,83 @@
+#include "KRTopoJson.h"
+
+#include "KRTestRegistry.h"
+
+#include <QtTest>
+
+class tst_KRTopoJson : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void decodesQuantisedArcs();
+    void joinsArcsOfNeighbours();
+    void dropsPolygonsWithUnknownArcs();
+    void unreadable_data();
+    void unreadable();
+
+private:
+    static KRTopoJson twoSquares();
+};
+
+/// West and east square of 10 degrees; arc 0 is the line between them from south to north.
+KRTopoJson tst_KRTopoJson::twoSquares()
+{
+    return KRTopoJson::parse(R"({
+        "type": "Topology",
+        "transform": {"scale": [0.1, 0.5], "translate": [-10, 40]},
+        "arcs": [[[100, 0], [0, 20]], [[100, 20], [-100, 0], [0, -20], [100, 0]], [[100, 20], [100, 0], [0, -20], [-100, 0]]],
+        "objects": {"countries": {"type": "GeometryCollection", "geometries": [
+            {"type": "Polygon", "arcs": [[0, 1]], "properties": {"name": "West"}},
+            {"type": "MultiPolygon", "arcs": [[[2, 0]], [[7, 0]]], "properties": {"name": "East"}},
+            {"type": "Polygon", "arcs": [[-9, 0]], "properties": {"name": "Broken"}},
+            {"type": "Point", "coordinates": [1, 2]}
+        ]}}})");
+}
+
+void tst_KRTopoJson::decodesQuantisedArcs()
+{
+    KRTopoJson topology = twoSquares();
+    QCOMPARE(topology.arcs().size(), 3);
+    QCOMPARE(topology.arcs().at(1), QPolygonF({{0, 50}, {-10, 50}, {-10, 40}, {0, 40}}));
+    topology.transformPoints([](const QPointF &point) { return QPointF(point.y(), 2.0 * point.x()); });
+    QCOMPARE(topology.arcs().at(1), QPolygonF({{50, 0}, {50, -20}, {40, -20}, {40, 0}}));
+}
+
+void tst_KRTopoJson::joinsArcsOfNeighbours()
+{
+    const KRTopoJson topology = twoSquares();
+    QCOMPARE(topology.points({0, 1}), QPolygonF({{0, 40}, {0, 50}, {-10, 50}, {-10, 40}, {0, 40}}));
+    QCOMPARE(topology.points({~2, ~0}), QPolygonF({{0, 40}, {10, 40}, {10, 50}, {0, 50}, {0, 40}}));
+}
+
+void tst_KRTopoJson::dropsPolygonsWithUnknownArcs()
+{
+    const QVector<KRTopoJson::Feature> features = twoSquares().features(QStringLiteral("countries"));
+    QCOMPARE(features.size(), 2);
+    QCOMPARE(features.at(0).name, QStringLiteral("West"));
+    QCOMPARE(features.at(1).name, QStringLiteral("East"));
+    QCOMPARE(features.at(1).polygons.size(), 1);
+    QVERIFY(twoSquares().features(QStringLiteral("rivers")).isEmpty());
+}
+
+void tst_KRTopoJson::unreadable_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("no JSON") << QByteArray("<svg/>");
+    QTest::newRow("other JSON") << QByteArray("[1, 2]");
+    QTest::newRow("cut off") << QByteArray(R"({"transform": {"scale": [1, 1], "translate": [0, 0]}, "arcs": [[[1,)");
+    QTest::newRow("not quantised") << QByteArray(R"({"arcs": [[[1, 1], [2, 2]]]})");
+}
+
+void tst_KRTopoJson::unreadable()
+{
+    QFETCH(QByteArray, json);
+    const KRTopoJson topology = KRTopoJson::parse(json);
+    QVERIFY(!topology.isValid());
+    QVERIFY(topology.features(QStringLiteral("countries")).isEmpty());
+}
+
+static const KRTestRegistration<tst_KRTopoJson> registration;
+
+#include "tst_KRTopoJson.moc"
