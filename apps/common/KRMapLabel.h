@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+
+class QPainter;
+
+/**
+ * A name on the map: centred lines of text with a light halo.
+ *
+ * All lengths are pixels; the halo grows with the letters.
+ */
+class KRMapLabel
+{
+public:
+    KRMapLabel() = default;
+    /// @p text may have several lines, separated by "\n".
+    KRMapLabel(const QString &text, double letterHeight, const QColor &color);
+
+    const QString &text() const { return m_text; }
+    QSizeF size() const;
+    QRectF box() const;
+
+    void setText(const QString &text) { m_text = text; }
+    /// At least one pixel.
+    void setLetterHeight(double letterHeight);
+    /// Capitals with some space between them, as for the names of areas.
+    void setCapitals();
+    void moveCenter(const QPointF &center) { m_center = center; }
+
+    void paint(QPainter *painter) const;
+
+private:
+    QString m_text;
+    QFont m_font;
+    QColor m_color;
+    QPointF m_center;
+};
