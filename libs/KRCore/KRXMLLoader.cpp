@@ -10,10 +10,77 @@
 
 namespace {
 
+ushort codeOf(char byte)
+{
+    return uchar(byte);
+}
+
+ushort codeOf(QChar character)
+{
+    return character.unicode();
+}
+
+/// Whether @p ascii stands at @p place of the bytes or characters.
+template <typename Text>
+bool standsAt(const Text &xml, int place, const char *ascii)
+{
+    for (; *ascii != '\0'; ++ascii, ++place) {
+        if (place >= xml.size() || codeOf(xml.at(place)) != uchar(*ascii))
+            return false;
+    }
+    return true;
+}
+
+/// The code that the reference "&#8364;" or "&#x20AC;" at @p place stands for, 0 if there is none; @p end is where its
+/// semicolon stands.
+template <typename Text>
+uint codeOfReference(const Text &xml, int place, int *end)
+{
+    constexpr int mostDigits = 8;
+    const bool isHexadecimal = standsAt(xml, place, "&#x");
+    const int digits = place + (isHexadecimal ? 3 : 2);
+    int length = 0;
+    while (length <= mostDigits && digits + length < xml.size() && codeOf(xml.at(digits + length)) != ';')
+        ++length;
+    *end = digits + length;
+    return standsAt(xml, *end, ";") ? xml.mid(digits, length).toUInt(nullptr, isHexadecimal ? 16 : 10) : 0;
+}
+
+/**
+ * Writes each character reference beyond U+FFFF as the references of its two surrogates.
+ *
+ * QXmlSimpleReader keeps the lower 16 bits of a reference, which makes another character of "&#x1F600;".
+ */
+template <typename Text>
+Text withSurrogateReferences(const Text &xml)
+{
+    Text result;
+    int copied = 0;
+    bool isCData = false;
+    for (int i = 0; i < xml.size(); ++i) {
+        if (isCData) {
+            isCData = !standsAt(xml, i, "]]>");
+        } else if (standsAt(xml, i, "<![CDATA[")) {
+            isCData = true;
+        } else if (standsAt(xml, i, "&#")) {
+            int end = 0;
+            const uint code = codeOfReference(xml, i, &end);
+            if (!QChar::requiresSurrogates(code) || code > QChar::LastValidCodePoint)
+                continue;
+            const Text opening = xml.mid(i, 2);
+            result += xml.mid(copied, i - copied) + opening + Text::number(QChar::highSurrogate(code)) + xml.mid(end, 1)
+                      + opening + Text::number(QChar::lowSurrogate(code));
+            copied = end;
+        }
+    }
+    return copied == 0 ? xml : result + xml.mid(copied);
+}
+
 /// Of a text as bytes or as characters.
 template <typename Text>
-QDomElement documentElement(const Text &xml, const QString &fileName, KRErrorHistory *history)
+QDomElement documentElement(const Text &source, const QString &fileName, KRErrorHistory *history)
 {
+    const Text xml = withSurrogateReferences(source);
     KRErrorHistory::Entry refusal;
     refusal.fileName = fileName;
     if (xml.trimmed().isEmpty()) {

@@ -45,6 +45,11 @@ void tst_KRXMLLoader::readsWhatIsWellFormed_data()
                                       << umlaut;
     QTest::newRow("entity of its own") << QByteArray("<!DOCTYPE r [<!ENTITY e \"abc\">]><r>&e;</r>")
                                        << QStringLiteral("abc");
+    const QString smile = QStringLiteral("\U0001F600");
+    QTest::newRow("references beyond U+FFFF")
+        << QByteArray("<r>&#x1F600;&#128512;&#xE4;</r>") << smile + smile + QStringLiteral("ä");
+    QTest::newRow("no references in CDATA")
+        << QByteArray("<r><![CDATA[&#x1F600;]]]>]&#x1F600;</r>") << QStringLiteral("&#x1F600;]]") + smile;
     QTest::newRow("as deep as allowed") << nested(KRXMLGuard::maximumDepth) << QString();
 }
 
@@ -90,8 +95,8 @@ void tst_KRXMLLoader::refusesWithReason()
 void tst_KRXMLLoader::decodedTextKeepsItsCharacters()
 {
     KRErrorHistory history;
-    const auto xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>ü€</r>");
-    QCOMPARE(KRXMLLoader::parseDocumentElement(xml, QString(), &history).text(), QStringLiteral("ü€"));
+    const auto xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>ü€&#x1F600;</r>");
+    QCOMPARE(KRXMLLoader::parseDocumentElement(xml, QString(), &history).text(), QStringLiteral("ü€\U0001F600"));
     QVERIFY(history.isEmpty());
 }
 

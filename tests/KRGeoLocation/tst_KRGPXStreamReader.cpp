@@ -324,6 +324,7 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
     QTest::newRow("a blank in CDATA is text") << track("<name><![CDATA[ ]]>a <![CDATA[\t]]></name>");
     QTest::newRow("adjoining CDATA") << track("<name><![CDATA[a]]><![CDATA[]]><![CDATA[ b]]></name>");
     QTest::newRow("entities") << track("<name>&lt;&gt;&amp;&quot;&apos;&#228;&#xE4;&#10;</name>");
+    QTest::newRow("references beyond U+FFFF") << track("<name>&#x1F600;&#128512;</name>");
     QTest::newRow("line feeds stay") << track("<name>a\nb\n</name>");
     QTest::newRow("carriage returns between elements") << track("\r\n<name>a</name>\r\n<trkseg>\r</trkseg>\r\n");
     QTest::newRow("attributes on lines of their own") << QByteArray("<gpx\r\n a='1'\r\n b='2'><trk\r/></gpx>");
