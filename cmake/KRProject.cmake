@@ -21,6 +21,7 @@ find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent Lingui
 include(KRWarnings)
 include(KRLibrary)
 include(KRTest)
+include(KRTranslations)
 
 configure_package_config_file(
     "${CMAKE_CURRENT_LIST_DIR}/KRGeoLocationConfig.cmake.in"

@@ -32,4 +32,30 @@
         <translation>N</translation>
     </message>
 </context>
+<context>
+    <name>KRRouteDocument</name>
+    <message>
+        <source>Das ist kein Routendokument.</source>
+        <translation>This is no route document.</translation>
+    </message>
+    <message>
+        <source>Der Ordner für die Strecken kann nicht angelegt werden.</source>
+        <translation>The folder for the tracks cannot be created.</translation>
+    </message>
+    <message>
+        <source>Die Strecke kann nicht gespeichert werden.</source>
+        <translation>The track cannot be saved.</translation>
+    </message>
+</context>
+<context>
+    <name>KRRouteImport</name>
+    <message>
+        <source>Dieses Dateiformat wird nicht unterstützt (lesbar sind %1).</source>
+        <translation>This file format is not supported (readable are %1).</translation>
+    </message>
+    <message>
+        <source>Die Datei enthält keine Strecke.</source>
+        <translation>The file holds no track.</translation>
+    </message>
+</context>
 </TS>

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStringList>
+
+class QCoreApplication;
+
+/**
+ * What every program on this library does at its start.
+ */
+class KRHostApplication
+{
+public:
+    /// Before the application object: lets a program without any display draw all the same. Unless it is verbose,
+    /// log messages of the libraries and of Qt stay away from the error output, which is the program's own.
+    static void prepare(bool isVerbose);
+
+    /// After it: names and version, and the language of the user: German for German locales, else English.
+    static void setup(QCoreApplication &application, const QString &name);
+};

@@ -1,0 +1,142 @@
+#include "KRMapArea.h"
+
+#include <KRGeoLocation/KRGPXTrackElement.h>
+#include <KRGeoLocation/KRGeoPosition.h>
+#include <KRGeoLocation/KRGeoPositionList.h>
+
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double marginAroundPlace = 0.25; // degrees
+constexpr double smallestExtension = 0.004; // degrees, some hundred metres
+constexpr double shareOfMargin = 0.1;
+
+/// Degrees from west to east, across the date line where west is the larger number.
+double widthOf(const KRLongitudeRange &range)
+{
+    const double width = range.east().decimalDegrees() - range.west().decimalDegrees();
+    return width < 0.0 ? width + 360.0 : width;
+}
+
+KRGeoPosition readPosition(const QString &text)
+{
+    const KRGeoPosition position = KRGeoPosition::parse(text);
+    return position.isValid() ? position : KRGeoPosition::fromString(text);
+}
+
+} // namespace
+
+void KRMapArea::add(const KRGPXTrackElement &track)
+{
+    double previousLongitude = 720.0;
+    const QList<KRGeoPositionList> chunks = track.chunkedPoints();
+    for (const KRGeoPositionList &chunk : chunks) {
+        for (const KRGeoPosition &position : chunk) {
+            if (!position.isValid())
+                continue;
+            const double longitude = KRLongitude::safeLongitude(position.longitude().decimalDegrees()).decimalDegrees();
+            addPosition(position.latitude().decimalDegrees(), longitude);
+            if (previousLongitude < 720.0)
+                cross(previousLongitude, longitude);
+            previousLongitude = longitude;
+        }
+    }
+}
+
+int KRMapArea::stripAt(double longitude)
+{
+    return std::clamp(static_cast<int>((longitude + 180.0) * 10.0), 0, stripCount - 1);
+}
+
+void KRMapArea::addPosition(double latitude, double longitude)
+{
+    m_south = std::min(m_south, latitude);
+    m_north = std::max(m_north, latitude);
+    Strip &strip = m_strips[static_cast<std::size_t>(stripAt(longitude))];
+    strip.west = std::min(strip.west, longitude);
+    strip.east = std::max(strip.east, longitude);
+    strip.isCrossed = true;
+}
+
+void KRMapArea::cross(double fromLongitude, double toLongitude)
+{
+    const int from = stripAt(fromLongitude);
+    const int to = stripAt(toLongitude);
+    if (from == to)
+        return;
+    const bool goesEast = KRLongitude(toLongitude).isEastOf(KRLongitude(fromLongitude));
+    const int step = goesEast ? 1 : stripCount - 1;
+    for (int strip = from; strip != to; strip = (strip + step) % stripCount)
+        m_strips[static_cast<std::size_t>(strip)].isCrossed = true;
+}
+
+KRLongitudeRange KRMapArea::coveredLongitudes() const
+{
+    // The widest run of strips that nothing crosses; a run may go on across the date line.
+    int widest = 0;
+    int endOfWidest = 0;
+    int run = 0;
+    for (int i = 0; i < 2 * stripCount; ++i) {
+        run = m_strips[static_cast<std::size_t>(i % stripCount)].isCrossed ? 0 : run + 1;
+        if (run > widest) {
+            widest = run;
+            endOfWidest = i % stripCount;
+        }
+    }
+    if (widest == 0)
+        return KRLongitudeRange(KRLongitude(-180.0), KRLongitude(180.0));
+    const int first = (endOfWidest + 1) % stripCount;
+    const int last = (endOfWidest + stripCount - widest) % stripCount;
+    return KRLongitudeRange(KRLongitude(m_strips[static_cast<std::size_t>(first)].west),
+                            KRLongitude(m_strips[static_cast<std::size_t>(last)].east));
+}
+
+KRGeoPositionRect KRMapArea::covered() const
+{
+    if (m_south > m_north)
+        return KRGeoPositionRect();
+    const KRLatitude south(std::clamp(m_south, -90.0, 90.0));
+    const KRLatitude north(std::clamp(m_north, -90.0, 90.0));
+    return KRGeoPositionRect(KRLatitudeRange(south, north), coveredLongitudes());
+}
+
+KRGeoPositionRect KRMapArea::padded() const
+{
+    const KRGeoPositionRect area = covered();
+    if (!area.isValid())
+        return area;
+
+    const double width = widthOf(area.longitudeRange());
+    const double height = area.north().decimalDegrees() - area.south().decimalDegrees();
+    const double extension = std::max(width, height);
+    double margin = extension * shareOfMargin;
+    if (extension < smallestExtension)
+        margin = extension > 0.0 ? smallestExtension / 2.0 : marginAroundPlace;
+
+    const KRLatitude south(std::clamp(area.south().decimalDegrees() - margin, -maximumLatitude, maximumLatitude));
+    const KRLatitude north(std::clamp(area.north().decimalDegrees() + margin, -maximumLatitude, maximumLatitude));
+    KRLongitudeRange longitudes(KRLongitude(-180.0), KRLongitude(180.0));
+    if (width + 2.0 * margin < 360.0) {
+        longitudes = KRLongitudeRange(KRLongitude::safeLongitude(area.west().decimalDegrees() - margin),
+                                      KRLongitude::safeLongitude(area.east().decimalDegrees() + margin));
+    }
+    return KRGeoPositionRect(KRLatitudeRange(south, north), longitudes);
+}
+
+KRGeoPositionRect KRMapArea::parse(const QString &text)
+{
+    const QStringList corners = text.split(QRegularExpression(QStringLiteral("\\s*\\.\\.\\s*")));
+    if (corners.size() != 2)
+        return KRGeoPositionRect();
+    const KRGeoPosition northWest = readPosition(corners.at(0));
+    const KRGeoPosition southEast = readPosition(corners.at(1));
+    const KRGeoPositionRect area(KRLatitudeRange(southEast.latitude(), northWest.latitude()),
+                                 KRLongitudeRange(northWest.longitude(), southEast.longitude()));
+    const bool isEmpty = area.north() == area.south() || area.west() == area.east();
+    return area.isValid() && !isEmpty ? area : KRGeoPositionRect();
+}

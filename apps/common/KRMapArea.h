@@ -1,0 +1,53 @@
+#pragma once
+
+#include <KRGeoLocation/KRGeoPositionRect.h>
+
+#include <array>
+
+class KRGPXTrackElement;
+class QString;
+
+/**
+ * The part of the world that tracks cover, across the date line where that is the shorter way.
+ *
+ * KRGeoPositionRect grows by numbers and spans nearly the whole world once positions lie on both sides of the
+ * date line. This class marks instead which tenths of a degree of longitude are crossed, takes the shorter way
+ * from each position to the next as the track renderer does, and leaves out the widest stretch without any.
+ */
+class KRMapArea
+{
+public:
+    /// How far the map reaches to the north and to the south, in degrees of latitude: where it is a square.
+    static constexpr double maximumLatitude = 85.0511;
+
+    /// Adds all valid positions of a track, joined to one line.
+    void add(const KRGPXTrackElement &track);
+
+    /// The area without any margin; not valid when there was no valid position.
+    KRGeoPositionRect covered() const;
+
+    /// The area to show: a tenth of its larger side more on all sides, a quarter of a degree around a single place.
+    KRGeoPositionRect padded() const;
+
+    /// "N53.5 E8.0 .. N53.0 E9.0": north-western and south-eastern corner. Not valid when it cannot be read, or
+    /// when the first corner does not lie north of the second.
+    static KRGeoPositionRect parse(const QString &text);
+
+private:
+    /// The outermost longitudes that were seen within one tenth of a degree, in degrees.
+    struct Strip {
+        double west = 720.0;
+        double east = -720.0;
+        bool isCrossed = false;
+    };
+    static constexpr int stripCount = 3600;
+
+    static int stripAt(double longitude);
+    void addPosition(double latitude, double longitude);
+    void cross(double fromLongitude, double toLongitude);
+    KRLongitudeRange coveredLongitudes() const;
+
+    std::array<Strip, stripCount> m_strips{};
+    double m_south = 720.0;
+    double m_north = -720.0;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "KRRenderOptions.h"
+#include "KRRouteImport.h"
+
+#include <QCoreApplication>
+
+/**
+ * Does what the options ask for: reads the files, then draws or prints.
+ *
+ * Results go to the standard output, everything else to the standard error output.
+ */
+class KRRenderProgram
+{
+    Q_DECLARE_TR_FUNCTIONS(KRRenderProgram)
+
+public:
+    enum ExitCode : int {
+        AllDone = 0,
+        SomethingLeftOut = 1, ///< some or all of the input could not be read or drawn
+        WrongUsage = 2, ///< wrong options, or the output cannot be written
+    };
+
+    explicit KRRenderProgram(const KRRenderOptions &options) : m_options(options) { }
+
+    int run();
+
+private:
+    void readRoutes();
+    int draw();
+    int write(const QImage &picture);
+    KRGPXTrackSelection selection() const;
+    int countOfUndrawn(const KRGPXTrackSelection &selection);
+    void say(const QString &message) const;
+    void showProgress(const QString &message) const;
+
+    KRRenderOptions m_options;
+    KRRouteImport m_import;
+};

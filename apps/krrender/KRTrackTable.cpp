@@ -1,0 +1,141 @@
+#include "KRTrackTable.h"
+
+#include "KRTrackFigures.h"
+
+#include <KRCore/KRErrorHistory.h>
+#include <KRGeoLocation/KRGPXTrackShape.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+QString utcText(const QDateTime &time)
+{
+    return time.isValid() ? time.toUTC().toString(Qt::ISODate) : QString();
+}
+
+QString shapeKey(const KRGPXConfiguredTrack &track)
+{
+    const KRGPXTrackShape shape = track.effectiveShape();
+    return shape.enumToStringTable().encodeCSV(shape.value());
+}
+
+QString degrees(const KRGeoArc &angle)
+{
+    return QString::number(angle.decimalDegrees(), 'f', 5);
+}
+
+QString areaText(const KRGeoPositionRect &area)
+{
+    if (!area.isValid())
+        return QString();
+    return QStringLiteral("%1 %2 .. %3 %4")
+        .arg(degrees(area.north()), degrees(area.west()), degrees(area.south()), degrees(area.east()));
+}
+
+QJsonValue positionValue(const KRGeoPosition &position)
+{
+    if (!position.isValid())
+        return QJsonValue::Null;
+    return QJsonObject{{QStringLiteral("latitude"), position.latitude().decimalDegrees()},
+                       {QStringLiteral("longitude"), position.longitude().decimalDegrees()}};
+}
+
+QJsonValue areaValue(const KRGeoPositionRect &area)
+{
+    if (!area.isValid())
+        return QJsonValue::Null;
+    return QJsonObject{{QStringLiteral("south"), area.south().decimalDegrees()},
+                       {QStringLiteral("west"), area.west().decimalDegrees()},
+                       {QStringLiteral("north"), area.north().decimalDegrees()},
+                       {QStringLiteral("east"), area.east().decimalDegrees()}};
+}
+
+QJsonValue timeValue(const QDateTime &time)
+{
+    return time.isValid() ? QJsonValue(utcText(time)) : QJsonValue(QJsonValue::Null);
+}
+
+QJsonObject trackValue(const KRGPXConfiguredTrack &track)
+{
+    const KRTrackFigures figures(track);
+    return QJsonObject{
+        {QStringLiteral("name"), track.name()},
+        {QStringLiteral("description"), track.description()},
+        {QStringLiteral("shape"), shapeKey(track)},
+        {QStringLiteral("segments"), figures.segmentCount()},
+        {QStringLiteral("points"), figures.pointCount()},
+        {QStringLiteral("lengthKm"), figures.lengthKm()},
+        {QStringLiteral("first"), positionValue(figures.firstPosition())},
+        {QStringLiteral("last"), positionValue(figures.lastPosition())},
+        {QStringLiteral("from"), timeValue(figures.from())},
+        {QStringLiteral("to"), timeValue(figures.to())},
+        {QStringLiteral("boundingBox"), areaValue(figures.boundingBox())},
+    };
+}
+
+/// The rows as one text: columns as wide as their widest cell, numbers to the right.
+QString aligned(const QList<QStringList> &rows, const QList<int> &numberColumns)
+{
+    QList<int> widths;
+    for (const QStringList &row : rows) {
+        for (int column = 0; column < row.size(); ++column) {
+            if (widths.size() <= column)
+                widths.append(0);
+            widths[column] = std::max(widths.at(column), row.at(column).size());
+        }
+    }
+    QString text;
+    for (const QStringList &row : rows) {
+        QString line;
+        for (int column = 0; column < row.size(); ++column) {
+            const QString &cell = row.at(column);
+            line += numberColumns.contains(column) ? cell.rightJustified(widths.at(column))
+                                                   : cell.leftJustified(widths.at(column));
+            line += QLatin1String("  ");
+        }
+        while (line.endsWith(QLatin1Char(' ')))
+            line.chop(1);
+        text += line + QLatin1Char('\n');
+    }
+    return text;
+}
+
+} // namespace
+
+QString KRTrackTable::toText() const
+{
+    QList<QStringList> rows{{tr("Nr."), tr("Name"), tr("Form"), tr("Segmente"), tr("Punkte"), tr("Länge (km)"),
+                             tr("von"), tr("bis"), tr("Ausschnitt (NW .. SO)")}};
+    for (int i = 0; i < m_tracks.size(); ++i) {
+        const KRGPXConfiguredTrack &track = m_tracks.at(i);
+        const KRTrackFigures figures(track);
+        rows.append({QString::number(i + 1), track.name().simplified(), shapeKey(track),
+                     QString::number(figures.segmentCount()), QString::number(figures.pointCount()),
+                     QString::number(figures.lengthKm(), 'f', 2), utcText(figures.from()), utcText(figures.to()),
+                     areaText(figures.boundingBox())});
+    }
+    return aligned(rows, {0, 3, 4, 5});
+}
+
+QByteArray KRTrackTable::toJson(const KRErrorHistory &problems) const
+{
+    QJsonArray tracks;
+    for (const KRGPXConfiguredTrack &track : m_tracks)
+        tracks.append(trackValue(track));
+
+    QJsonArray problemValues;
+    for (const KRErrorHistory::Entry &problem : problems.entries()) {
+        problemValues.append(QJsonObject{{QStringLiteral("file"), problem.fileName},
+                                         {QStringLiteral("line"), problem.line},
+                                         {QStringLiteral("column"), problem.column},
+                                         {QStringLiteral("reason"), problem.reason}});
+    }
+    const QJsonObject root{{QStringLiteral("tracks"), tracks}, {QStringLiteral("problems"), problemValues}};
+    return QJsonDocument(root).toJson();
+}

@@ -1,0 +1,15 @@
+#include "KRHostApplication.h"
+#include "KRRenderProgram.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+
+int main(int argc, char *argv[])
+{
+    const auto isVerboseOption = [](const char *argument) { return qstrcmp(argument, "--verbose") == 0; };
+    KRHostApplication::prepare(std::any_of(argv, argv + argc, isVerboseOption));
+    QGuiApplication application(argc, argv);
+    KRHostApplication::setup(application, QStringLiteral("krrender"));
+    return KRRenderProgram(KRRenderOptions(QCoreApplication::arguments())).run();
+}

@@ -1,0 +1,103 @@
+#include "KRRouteImport.h"
+#include "KRTrackFigures.h"
+
+#include "KRTestRegistry.h"
+
+#include <KRGeoLocation/KRGPXConfiguredTrack.h>
+
+#include <QLoggingCategory>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sys/stat.h>
+
+namespace {
+
+const QByteArray tour = "<gpx><trk><name>Tour</name>"
+                        "<trkseg><trkpt lat=\"53\" lon=\"8\"><time>2025-05-01T10:00:00Z</time></trkpt>"
+                        "<trkpt lat=\"54\" lon=\"8\"/></trkseg>"
+                        "<trkseg><trkpt lat=\"0\" lon=\"0\"/><trkpt lat=\"54\" lon=\"9\"/>"
+                        "<trkpt lat=\"55\" lon=\"9\"><time>2025-05-01T09:00:00Z</time></trkpt></trkseg>"
+                        "</trk></gpx>";
+
+} // namespace
+
+class tst_KRRouteImport : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QLoggingCategory::setFilterRules(QStringLiteral("kr.*=false")); }
+    void cleanupTestCase() { QLoggingCategory::setFilterRules(QString()); }
+    void readsWhatItCanAndExplainsTheRest();
+    void figures();
+
+private:
+    QString write(const QString &name, const QByteArray &content);
+
+    QTemporaryDir m_dir;
+};
+
+QString tst_KRRouteImport::write(const QString &name, const QByteArray &content)
+{
+    QFile file(m_dir.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+void tst_KRRouteImport::readsWhatItCanAndExplainsTheRest()
+{
+    const QString good = write(QStringLiteral("Straße 100%.gpx"), tour);
+    const QString upperCase = write(QStringLiteral("again.GPX"), tour);
+    const QString broken = write(QStringLiteral("broken.gpx"), "<gpx>\n<trk><trkseg></gpx>");
+    const QString empty = write(QStringLiteral("empty.gpx"), QByteArray());
+    const QString trackless = write(QStringLiteral("trackless.gpx"), "<gpx><wpt lat=\"1\" lon=\"2\"/></gpx>");
+    const QString foreign = write(QStringLiteral("notes.txt"), "notes");
+    const QString missing = m_dir.filePath(QStringLiteral("missing.gpx"));
+    const QString fifo = m_dir.filePath(QStringLiteral("fifo.gpx"));
+    QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const QStringList useless{broken, empty, trackless, foreign, missing, fifo, m_dir.path()};
+
+    KRRouteImport import;
+    int lastNumber = 0;
+    import.setProgressFunction([&lastNumber](const QString &, int number, int count) {
+        QCOMPARE(number, lastNumber + 1);
+    QCOMPARE(count, 9);
+    lastNumber = number;
+});
+import.read(QStringList{good} + useless + QStringList{upperCase});
+
+QCOMPARE(lastNumber, 9);
+QCOMPARE(import.tracks().size(), 2);
+QStringList explained;
+QSet<QString> reasons;
+for (const KRErrorHistory::Entry &problem : import.problems().entries()) {
+    explained.append(problem.fileName);
+    reasons.insert(problem.reason);
+}
+QCOMPARE(explained, useless);
+QCOMPARE(reasons.size(), useless.size());
+QCOMPARE(import.problems().entries().at(0).line, 2);
+}
+
+void tst_KRRouteImport::figures()
+{
+    KRRouteImport import;
+    import.read({write(QStringLiteral("figures.gpx"), tour)});
+    QCOMPARE(import.tracks().size(), 1);
+    const KRTrackFigures figures(import.tracks().at(0));
+    QCOMPARE(figures.segmentCount(), 2);
+    QCOMPARE(figures.pointCount(), 5);
+    // Two degrees of latitude; neither the gap between the segments nor the point without position count.
+    QVERIFY(qAbs(figures.lengthKm() - 2.0 * 111.1774733520461) < 1e-6);
+    QCOMPARE(figures.firstPosition(), KRGeoPosition(53.0, 8.0));
+    QCOMPARE(figures.lastPosition(), KRGeoPosition(55.0, 9.0));
+    QCOMPARE(figures.from(), QDateTime(QDate(2025, 5, 1), QTime(9, 0), Qt::UTC));
+    QCOMPARE(figures.to(), QDateTime(QDate(2025, 5, 1), QTime(10, 0), Qt::UTC));
+    QCOMPARE(figures.boundingBox().south().decimalDegrees(), 53.0);
+}
+
+static const KRTestRegistration<tst_KRRouteImport> registration;
+
+#include "tst_KRRouteImport.moc"

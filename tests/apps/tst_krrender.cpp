@@ -1,0 +1,380 @@
+#include "KRTestRegistry.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QImageReader>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// Runs the program as a user does and looks at its exit code, its words and its pictures.
+class tst_krrender : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void drawsASampleOntoTheMap();
+    void picturesInManyForms_data();
+    void picturesInManyForms();
+    void nameOfThePictureWithoutOption();
+    void writesToStandardOutput();
+    void overlayIsTransparent();
+    void scaleDrawsTheSameLarger();
+    void lookIsApplied();
+    void cropFadesTheMapOutside();
+    void pictureAsMap();
+    void ferryCrossesTheDateLine();
+    void tableAndJson();
+    void wrongUsage_data();
+    void wrongUsage();
+    void badInput_data();
+    void badInput();
+    void goodFilesAreDrawnBesideBadOnes();
+    void outputThatCannotBeWritten();
+    void languageFollowsTheLocale();
+
+private:
+    struct Outcome {
+        int exitCode = -1;
+        QByteArray out;
+        QString err;
+    };
+    Outcome run(const QStringList &arguments, const QString &locale = QStringLiteral("de_DE.UTF-8")) const;
+    QString path(const QString &name) const { return m_dir->filePath(name); }
+    QString write(const QString &name, const QByteArray &content) const;
+    static QString sample(const QString &name) { return QStringLiteral(KR_SAMPLES_DIR "/") + name; }
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+namespace {
+
+const QString tour = QStringLiteral("oldenburg-radtour.gpx");
+
+/// How many pixels are nearly of that colour.
+int countOf(const QImage &picture, const QColor &color)
+{
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor pixel = picture.pixelColor(x, y);
+            if (qAbs(pixel.red() - color.red()) + qAbs(pixel.green() - color.green())
+                    + qAbs(pixel.blue() - color.blue()) + qAbs(pixel.alpha() - color.alpha())
+                < 24)
+                ++count;
+        }
+    }
+    return count;
+}
+
+} // namespace
+
+void tst_krrender::init()
+{
+    m_dir = std::make_unique<QTemporaryDir>();
+}
+
+tst_krrender::Outcome tst_krrender::run(const QStringList &arguments, const QString &locale) const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("LANGUAGE"));
+    environment.insert(QStringLiteral("LC_ALL"), locale);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(m_dir->path());
+    process.start(QStringLiteral(KR_KRRENDER), arguments);
+    Outcome outcome;
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
+        return outcome;
+    outcome.exitCode = process.exitCode();
+    outcome.out = process.readAllStandardOutput();
+    outcome.err = QString::fromUtf8(process.readAllStandardError());
+    return outcome;
+}
+
+QString tst_krrender::write(const QString &name, const QByteArray &content) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+void tst_krrender::drawsASampleOntoTheMap()
+{
+    const Outcome outcome =
+        run({QStringLiteral("--line-color"), QStringLiteral("#d00000"), QStringLiteral("--halo"), QStringLiteral("8"),
+             QStringLiteral("-o"), path(QStringLiteral("map.png")), sample(tour)});
+    QCOMPARE(outcome.exitCode, 0);
+    QCOMPARE(outcome.err, QString());
+    const QImage picture(path(QStringLiteral("map.png")));
+    QCOMPARE(picture.size(), QSize(1600, 1200));
+    QVERIFY(countOf(picture, QColor(0xd0, 0, 0)) > 5000);
+    QCOMPARE(countOf(picture, QColor(0, 0, 0, 0)), 0);
+}
+
+void tst_krrender::picturesInManyForms_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("format");
+    QTest::newRow("PNG") << QStringLiteral("a.png") << QByteArray("png");
+    QTest::newRow("upper case") << QStringLiteral("a.PNG") << QByteArray("png");
+    QTest::newRow("JPEG") << QStringLiteral("Straße.jpg") << QByteArray("jpeg");
+    QTest::newRow("WebP") << QStringLiteral("a.b.webp") << QByteArray("webp");
+}
+
+void tst_krrender::picturesInManyForms()
+{
+    QFETCH(QString, name);
+    const Outcome outcome =
+        run({QStringLiteral("-o"), path(name), QStringLiteral("--size"), QStringLiteral("300x200"), sample(tour)});
+    QCOMPARE(outcome.exitCode, 0);
+    QImageReader reader(path(name));
+    reader.setDecideFormatFromContent(true);
+    QTEST(reader.format(), "format");
+    QCOMPARE(reader.read().size(), QSize(300, 200));
+}
+
+void tst_krrender::nameOfThePictureWithoutOption()
+{
+    QCOMPARE(run({QStringLiteral("--size"), QStringLiteral("40x30"), sample(tour)}).exitCode, 0);
+    QVERIFY(QFile::exists(path(QStringLiteral("oldenburg-radtour.png"))));
+}
+
+void tst_krrender::writesToStandardOutput()
+{
+    const Outcome outcome = run({QStringLiteral("-o"), QStringLiteral("-"), QStringLiteral("--size"),
+                                 QStringLiteral("64x48"), QStringLiteral("--verbose"), sample(tour)});
+    QCOMPARE(outcome.exitCode, 0);
+    QCOMPARE(QImage::fromData(outcome.out, "png").size(), QSize(64, 48));
+    QVERIFY(QDir(m_dir->path()).isEmpty());
+}
+
+void tst_krrender::overlayIsTransparent()
+{
+    const QString picture = path(QStringLiteral("overlay.png"));
+    QCOMPARE(run({QStringLiteral("--no-map"), QStringLiteral("-o"), picture, sample(tour)}).exitCode, 0);
+    const QImage overlay(picture);
+    QCOMPARE(overlay.pixelColor(2, 2).alpha(), 0);
+    QVERIFY(countOf(overlay, QColor(0, 0, 0, 0)) > overlay.width() * overlay.height() / 2);
+    QVERIFY(countOf(overlay, QColor(0xff, 0x91, 0x00)) > 5000);
+}
+
+void tst_krrender::scaleDrawsTheSameLarger()
+{
+    const QStringList common{QStringLiteral("--no-map"), sample(tour)};
+    QCOMPARE(run(QStringList{QStringLiteral("-o"), path(QStringLiteral("1.png")), QStringLiteral("--size"),
+                             QStringLiteral("800x600")}
+                 + common)
+                 .exitCode,
+             0);
+    QCOMPARE(run(QStringList{QStringLiteral("-o"), path(QStringLiteral("2.png")), QStringLiteral("--size"),
+                             QStringLiteral("1600x1200"), QStringLiteral("--scale"), QStringLiteral("2")}
+                 + common)
+                 .exitCode,
+             0);
+    const QColor line(0xff, 0x91, 0x00);
+    const int once = countOf(QImage(path(QStringLiteral("1.png"))), line);
+    const int twice = countOf(QImage(path(QStringLiteral("2.png"))), line);
+    QVERIFY2(twice > 3 * once && twice < 6 * once, qPrintable(QStringLiteral("%1 %2").arg(once).arg(twice)));
+}
+
+void tst_krrender::lookIsApplied()
+{
+    const QString picture = path(QStringLiteral("look.png"));
+    const Outcome outcome = run({QStringLiteral("--no-map"), QStringLiteral("--shape"), QStringLiteral("polygon"),
+                                 QStringLiteral("--display"), QStringLiteral("fill"), QStringLiteral("--fill-color"),
+                                 QStringLiteral("#800000ff"), QStringLiteral("-o"), picture,
+                                 sample(QStringLiteral("zwischenahner-meer-ufer.gpx"))});
+    QCOMPARE(outcome.exitCode, 0);
+    const QImage filled(picture);
+    QVERIFY(countOf(filled, QColor(0, 0, 255, 128)) > 50000);
+    // The lake in the middle is an enclave.
+    QCOMPARE(filled.pixelColor(filled.rect().center()).alpha(), 0);
+}
+
+void tst_krrender::cropFadesTheMapOutside()
+{
+    const QString picture = path(QStringLiteral("crop.png"));
+    QCOMPARE(
+        run({QStringLiteral("--crop"), QStringLiteral("60"), QStringLiteral("-o"), picture, sample(tour)}).exitCode, 0);
+    const QImage cropped(picture);
+    QCOMPARE(cropped.pixelColor(1, 1).alpha(), 60);
+    QVERIFY(countOf(cropped, QColor(0xff, 0x91, 0x00)) > 5000);
+}
+
+void tst_krrender::pictureAsMap()
+{
+    QImage ground(200, 100, QImage::Format_RGB32);
+    ground.fill(Qt::green);
+    QVERIFY(ground.save(path(QStringLiteral("ground.png"))));
+    const QString picture = path(QStringLiteral("map.png"));
+    const Outcome outcome =
+        run({QStringLiteral("--map"), path(QStringLiteral("ground.png")), QStringLiteral("-o"), picture, sample(tour)});
+    QCOMPARE(outcome.exitCode, 0);
+    const QImage map(picture);
+    QCOMPARE(map.size(), ground.size());
+    QVERIFY(countOf(map, Qt::green) > 3000);
+
+    write(QStringLiteral("broken.png"), "not a picture");
+    const Outcome broken =
+        run({QStringLiteral("--map"), path(QStringLiteral("broken.png")), QStringLiteral("-o"), picture, sample(tour)});
+    QCOMPARE(broken.exitCode, 1);
+    QVERIFY(broken.err.contains(QLatin1String("broken.png")));
+}
+
+void tst_krrender::ferryCrossesTheDateLine()
+{
+    const QString picture = path(QStringLiteral("ferry.png"));
+    QCOMPARE(run({QStringLiteral("--no-map"), QStringLiteral("-o"), picture,
+                  sample(QStringLiteral("fiji-samoa-faehre.gpx"))})
+                 .exitCode,
+             0);
+    const QImage ferry(picture);
+    // One line from the lower left to the upper right, with nothing in the other corners.
+    const QColor line(0xff, 0x91, 0x00);
+    const int w = ferry.width();
+    const int h = ferry.height();
+    QVERIFY(countOf(ferry.copy(0, h / 2, w / 4, h / 2), line) > 100);
+    QVERIFY(countOf(ferry.copy(3 * w / 4, 0, w / 4, h / 2), line) > 100);
+    QCOMPARE(countOf(ferry.copy(0, 0, w / 4, h / 4), line), 0);
+    QCOMPARE(countOf(ferry.copy(3 * w / 4, 3 * h / 4, w / 4, h / 4), line), 0);
+}
+
+void tst_krrender::tableAndJson()
+{
+    const QStringList files{sample(tour), path(QStringLiteral("missing.gpx"))};
+    const Outcome table = run(QStringList{QStringLiteral("--list")} + files);
+    QCOMPARE(table.exitCode, 1);
+    const QStringList lines = QString::fromUtf8(table.out).trimmed().split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 2);
+    QVERIFY(lines.at(1).contains(QLatin1String("308")));
+
+    const Outcome json = run(QStringList{QStringLiteral("--json")} + files);
+    QCOMPARE(json.exitCode, 1);
+    const QJsonObject root = QJsonDocument::fromJson(json.out).object();
+    QCOMPARE(root.value(QStringLiteral("problems")).toArray().size(), 1);
+    const QJsonObject track = root.value(QStringLiteral("tracks")).toArray().at(0).toObject();
+    QCOMPARE(track.value(QStringLiteral("segments")).toInt(), 2);
+    QCOMPARE(track.value(QStringLiteral("points")).toInt(), 308);
+    QCOMPARE(track.value(QStringLiteral("shape")).toString(), QStringLiteral("polygon"));
+    const double lengthKm = track.value(QStringLiteral("lengthKm")).toDouble();
+    QVERIFY(lengthKm > 55.0 && lengthKm < 57.0);
+    QVERIFY(track.value(QStringLiteral("from")).toString().endsWith(QLatin1Char('Z')));
+    QVERIFY(QDir(m_dir->path()).isEmpty());
+}
+
+void tst_krrender::wrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("named");
+    const auto row = [](const char *name, const QString &arguments, const char *named) {
+        QTest::newRow(name) << arguments.split(QLatin1Char(' ')) << QString::fromUtf8(named);
+    };
+    QTest::newRow("no file") << QStringList() << QStringLiteral("Datei");
+    row("unknown option", QStringLiteral("--frobnicate x.gpx"), "frobnicate");
+    row("size", QStringLiteral("--size 100 x.gpx"), "--size");
+    row("size without extent", QStringLiteral("--size 0x100 x.gpx"), "--size");
+    row("size beyond any painter", QStringLiteral("--size 99999x99999 x.gpx"), "--size");
+    row("scale", QStringLiteral("--scale 0 x.gpx"), "--scale");
+    row("scale that is no number", QStringLiteral("--scale nan x.gpx"), "--scale");
+    row("area", QStringLiteral("--area N53 x.gpx"), "--area");
+    row("colour", QStringLiteral("--line-color reddish x.gpx"), "--line-color");
+    row("width", QStringLiteral("--line-width -1 x.gpx"), "--line-width");
+    row("marker", QStringLiteral("--marker heart x.gpx"), "--marker");
+    row("shape", QStringLiteral("--shape blob x.gpx"), "--shape");
+    row("display", QStringLiteral("--display stroke,blur x.gpx"), "--display");
+    row("pen", QStringLiteral("--pen-style wavy x.gpx"), "--pen-style");
+    row("smoothing", QStringLiteral("--smoothing 101 x.gpx"), "--smoothing");
+    row("render", QStringLiteral("--render fancy x.gpx"), "--render");
+    row("crop", QStringLiteral("--crop 256 x.gpx"), "--crop");
+    row("two grounds", QStringLiteral("--no-map --map y.png x.gpx"), "--no-map");
+    row("unknown format", QStringLiteral("-o x.bmp x.gpx"), "x.bmp");
+    row("over the input", QStringLiteral("-o ./x.png x.png"), "x.png");
+}
+
+void tst_krrender::wrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, named);
+    const Outcome outcome = run(arguments);
+    QCOMPARE(outcome.exitCode, 2);
+    QVERIFY2(outcome.err.contains(named), qPrintable(outcome.err));
+    QVERIFY(outcome.out.isEmpty());
+    QVERIFY(QDir(m_dir->path()).isEmpty());
+}
+
+void tst_krrender::badInput_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    const QByteArray head = "<gpx><trk><trkseg>";
+    const QByteArray tail = "</trkseg></trk></gpx>";
+    QTest::newRow("truncated") << QByteArray(head + "<trkpt lat=\"1\"") << QStringLiteral("x.gpx:1:");
+    QTest::newRow("no XML") << QByteArray("hello") << QStringLiteral("x.gpx:1:");
+    QTest::newRow("empty") << QByteArray() << QStringLiteral("leer");
+    QTest::newRow("no track") << QByteArray("<gpx/>") << QStringLiteral("keine Strecke");
+    QTest::newRow("deep") << QByteArray("<gpx>").repeated(100000) << QStringLiteral("256");
+    QTest::newRow("no position") << head + "<trkpt lat=\"nan\" lon=\"inf\"/><trkpt lat=\"1e300\" lon=\"-1e300\"/>"
+                                        + tail
+                                 << QStringLiteral("keine Position");
+    QTest::newRow("no point") << head + tail << QStringLiteral("keine Position");
+    QTest::newRow("entities") << QByteArray("<!DOCTYPE g [<!ENTITY a \"" + QByteArray(4000, 'x')
+                                            + "\">]><gpx><trk><name>" + QByteArray("&a;").repeated(20000)
+                                            + "</name></trk></gpx>")
+                              << QStringLiteral("Entitäten");
+}
+
+void tst_krrender::badInput()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, reason);
+    const Outcome outcome = run({write(QStringLiteral("x.gpx"), content)});
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY2(outcome.err.contains(reason), qPrintable(outcome.err));
+    QVERIFY2(outcome.err.startsWith(QLatin1String("krrender: ")), qPrintable(outcome.err));
+    QVERIFY(!QFile::exists(path(QStringLiteral("x.png"))));
+}
+
+void tst_krrender::goodFilesAreDrawnBesideBadOnes()
+{
+    const QString picture = path(QStringLiteral("both.png"));
+    const Outcome outcome = run({QStringLiteral("-o"), picture, write(QStringLiteral("bad.gpx"), "<gpx"), sample(tour),
+                                 path(QStringLiteral("missing.gpx"))});
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY(outcome.err.contains(QLatin1String("bad.gpx")));
+    QVERIFY(outcome.err.contains(QLatin1String("missing.gpx")));
+    QVERIFY(!QImage(picture).isNull());
+}
+
+void tst_krrender::outputThatCannotBeWritten()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder.png")));
+    for (const QString &output : {path(QStringLiteral("folder.png")), path(QStringLiteral("missing/map.png"))}) {
+        const Outcome outcome =
+            run({QStringLiteral("-o"), output, QStringLiteral("--size"), QStringLiteral("64x48"), sample(tour)});
+        QCOMPARE(outcome.exitCode, 2);
+        QVERIFY2(outcome.err.contains(output), qPrintable(outcome.err));
+    }
+}
+
+void tst_krrender::languageFollowsTheLocale()
+{
+    const QStringList arguments{path(QStringLiteral("missing.gpx"))};
+    QVERIFY(run(arguments, QStringLiteral("de_AT.UTF-8")).err.contains(QStringLiteral("nicht gefunden")));
+    const QString english = run(arguments, QStringLiteral("fr_FR.UTF-8")).err;
+    QVERIFY2(english.contains(QLatin1String("not found")), qPrintable(english));
+    const Outcome help = run({QStringLiteral("--help")}, QStringLiteral("en_GB.UTF-8"));
+    QCOMPARE(help.exitCode, 0);
+    QVERIFY(help.out.contains("--line-color"));
+    for (const QString &umlaut : {QStringLiteral("ä"), QStringLiteral("ö"), QStringLiteral("ü"), QStringLiteral("ß")})
+        QVERIFY2(!QString::fromUtf8(help.out).contains(umlaut), help.out.constData());
+}
+
+static const KRTestRegistration<tst_krrender> registration;
+
+#include "tst_krrender.moc"

@@ -1,0 +1,176 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_GB" sourcelanguage="de_DE">
+<context>
+    <name>KRGPXBeelineCreator</name>
+    <message>
+        <source>Fluglinie</source>
+        <translation>Flight line</translation>
+    </message>
+</context>
+<context>
+    <name>KRGPXStreamReader</name>
+    <message>
+        <source>Ein Text oder ein Element ist zu groß.</source>
+        <translation>A text or an element is too large.</translation>
+    </message>
+    <message>
+        <source>Kein lesbares XML: %1</source>
+        <translation>No readable XML: %1</translation>
+    </message>
+    <message>
+        <source>Große Dateien mit Dokumenttyp werden nicht gelesen.</source>
+        <translation>Large files with a document type are not read.</translation>
+    </message>
+    <message>
+        <source>Die Elemente sind tiefer als %1 Ebenen geschachtelt.</source>
+        <translation>The elements are nested more than %1 levels deep.</translation>
+    </message>
+    <message>
+        <source>Die Elemente haben zu viele Attribute.</source>
+        <translation>The elements have too many attributes.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Punkte.</source>
+        <translation>The file has more than %1 points.</translation>
+    </message>
+    <message>
+        <source>Ein Text ist zu lang.</source>
+        <translation>A text is too long.</translation>
+    </message>
+</context>
+<context>
+    <name>KRGPXTrackShape</name>
+    <message>
+        <source>unbekannt</source>
+        <translation>unknown</translation>
+    </message>
+    <message>
+        <source>Punkt</source>
+        <translation>Point</translation>
+    </message>
+    <message>
+        <source>Fluglinie</source>
+        <translation>Flight line</translation>
+    </message>
+    <message>
+        <source>Pfeil</source>
+        <translation>Arrow</translation>
+    </message>
+    <message>
+        <source>Strecke</source>
+        <translation>Line</translation>
+    </message>
+    <message>
+        <source>Fläche</source>
+        <translation>Area</translation>
+    </message>
+    <message>
+        <source>Automatisch erkannt</source>
+        <translation>Detected automatically</translation>
+    </message>
+    <message>
+        <source>Wir wissen die Form nicht.</source>
+        <translation>We do not know the shape.</translation>
+    </message>
+    <message>
+        <source>Ein Punkt kann als verschiedene vorgefertigte Formen gezeichnet werden.</source>
+        <translation>A point can be drawn as one of several ready-made shapes.</translation>
+    </message>
+    <message>
+        <source>Die beiden Punkt werden als Fluglinie betrachtet.</source>
+        <translation>The two points are regarded as a flight line.</translation>
+    </message>
+    <message>
+        <source>Alle Punkte werden zu einer Strecke verbunden.</source>
+        <translation>All points are joined to a line.</translation>
+    </message>
+    <message>
+        <source>Alle Punkte werden als Außenlinie einer Fläche betrachtet.</source>
+        <translation>All points are regarded as the outline of an area.</translation>
+    </message>
+    <message>
+        <source>Die Form wird automatisch erkannt.</source>
+        <translation>The shape is detected automatically.</translation>
+    </message>
+</context>
+<context>
+    <name>KRLatitude</name>
+    <message>
+        <source>S</source>
+        <comment>short for &apos;south&apos;</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>N</source>
+        <comment>short for &apos;north&apos;</comment>
+        <translation>N</translation>
+    </message>
+</context>
+<context>
+    <name>KRLongitude</name>
+    <message>
+        <source>W</source>
+        <comment>short for &apos;west&apos;</comment>
+        <translation>W</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <comment>short for &apos;east&apos;</comment>
+        <translation>E</translation>
+    </message>
+</context>
+<context>
+    <name>KROsmScaleRenderer</name>
+    <message>
+        <source>%1 m</source>
+        <translation>%1 m</translation>
+    </message>
+    <message>
+        <source>%1 km</source>
+        <translation>%1 km</translation>
+    </message>
+</context>
+<context>
+    <name>KRTrackSelectionFactoryKmlFile</name>
+    <message>
+        <source>Das Archiv enthält keinen Eintrag „*.kml“.</source>
+        <translation>The archive holds no entry &quot;*.kml&quot;.</translation>
+    </message>
+    <message>
+        <source>Die Datei enthält keinen KML-Text.</source>
+        <translation>The file holds no KML text.</translation>
+    </message>
+    <message>
+        <source>Das Dokument hat kein Element „%1“.</source>
+        <translation>The document has no element &quot;%1&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>%1° %2′ %3″ Süd</source>
+        <comment>Coordinate / Nautical Bearing  Latitude  Breite</comment>
+        <translation>%1° %2′ %3″ South</translation>
+    </message>
+    <message>
+        <source>%1° %2′ %3″ Nord</source>
+        <comment>Coordinate / Nautical Bearing  Latitude  Breite</comment>
+        <translation>%1° %2′ %3″ North</translation>
+    </message>
+    <message>
+        <source>%1° %2′ %3″ West</source>
+        <comment>Coordinate / Nautilal Bearing   Longitude/Länge</comment>
+        <translation>%1° %2′ %3″ West</translation>
+    </message>
+    <message>
+        <source>%1° %2′ %3″ Ost</source>
+        <comment>Coordinate / Nautilal Bearing   Longitude/Länge</comment>
+        <translation>%1° %2′ %3″ East</translation>
+    </message>
+    <message>
+        <source>Datei für Route öffnen</source>
+        <translation>Open route file</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,252 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_GB" sourcelanguage="de_DE">
+<context>
+    <name>KRRenderOptions</name>
+    <message>
+        <source>Es fehlt eine Datei.</source>
+        <translation>A file is missing.</translation>
+    </message>
+    <message>
+        <source>Zeichnet Routen auf eine Landkarte.</source>
+        <translation>Draws routes onto a map.</translation>
+    </message>
+    <message>
+        <source>Routen (GPX), eine oder mehrere.</source>
+        <translation>Routes (GPX), one or more.</translation>
+    </message>
+    <message>
+        <source>Bilddatei: PNG, JPEG oder WebP nach der Endung; „-“ schreibt PNG auf die Standardausgabe. Ohne Angabe heißt das Bild wie die erste Datei und liegt im aktuellen Ordner.</source>
+        <translation>Picture file: PNG, JPEG or WebP by its suffix; &quot;-&quot; writes PNG to standard output. By default the picture is named after the first file and lies in the current folder.</translation>
+    </message>
+    <message>
+        <source>Größe des Bildes in Pixeln (1600x1200).</source>
+        <translation>Size of the picture in pixels (1600x1200).</translation>
+    </message>
+    <message>
+        <source>Vergrößert Linien und Schrift, zum Beispiel 2 für hohe Auflösung.</source>
+        <translation>Enlarges lines and lettering, for example 2 for high density.</translation>
+    </message>
+    <message>
+        <source>Ausschnitt von der Nordwest- zur Südostecke, zum Beispiel „N53.5 E8.0 .. N53.0 E9.0“. Ohne Angabe der, in dem die Routen liegen.</source>
+        <translation>Area from its north-western to its south-eastern corner, for example &quot;N53.5 E8.0 .. N53.0 E9.0&quot;. By default the one that the routes cover.</translation>
+    </message>
+    <message>
+        <source>Linienfarbe: #RRGGBB, #AARRGGBB oder ein Name.</source>
+        <translation>Line colour: #RRGGBB, #AARRGGBB or a name.</translation>
+    </message>
+    <message>
+        <source>Linienbreite in Pixeln.</source>
+        <translation>Line width in pixels.</translation>
+    </message>
+    <message>
+        <source>Füllfarbe von Flächen und Markern.</source>
+        <translation>Fill colour of areas and markers.</translation>
+    </message>
+    <message>
+        <source>Breite des Hofes um die Linien in Pixeln, 0 für keinen.</source>
+        <translation>Width of the halo around the lines in pixels, 0 for none.</translation>
+    </message>
+    <message>
+        <source>Marker für Punkte: disk, circle, x, block, rhombus, star6, star9, star12; arrow für Pfeile an Strecken.</source>
+        <translation>Marker of points: disk, circle, x, block, rhombus, star6, star9, star12; arrow for arrow heads on lines.</translation>
+    </message>
+    <message>
+        <source>Form: auto, point, linestring, polygon oder hop.</source>
+        <translation>Shape: auto, point, linestring, polygon or hop.</translation>
+    </message>
+    <message>
+        <source>Was von Flächen und Markern gezeichnet wird: stroke, fill oder stroke,fill.</source>
+        <translation>What is drawn of areas and markers: stroke, fill or stroke,fill.</translation>
+    </message>
+    <message>
+        <source>Linienart: solid, dash, dot, dashdot oder dashdotdot.</source>
+        <translation>Pen style: solid, dash, dot, dashdot or dashdotdot.</translation>
+    </message>
+    <message>
+        <source>Glättet Strecken: Stärke von 100 (gar nicht) bis 0 (ganz gerade), nach einem Komma die Zahl der Abschnitte.</source>
+        <translation>Smooths lines: strength from 100 (not at all) to 0 (quite straight), after a comma the number of stretches.</translation>
+    </message>
+    <message>
+        <source>Zeichenart: styled, opaque oder halo.</source>
+        <translation>Way of drawing: styled, opaque or halo.</translation>
+    </message>
+    <message>
+        <source>Deckkraft der Karte außerhalb der Routen, 0 bis 255.</source>
+        <translation>Opacity of the map outside the routes, 0 to 255.</translation>
+    </message>
+    <message>
+        <source>Ein Bild als Karte des Ausschnitts.</source>
+        <translation>A picture as the map of the area.</translation>
+    </message>
+    <message>
+        <source>Keine Karte, durchsichtiger Grund.</source>
+        <translation>No map, transparent ground.</translation>
+    </message>
+    <message>
+        <source>Gibt eine Tabelle der Routen aus, statt zu zeichnen.</source>
+        <translation>Prints a table of the routes instead of drawing them.</translation>
+    </message>
+    <message>
+        <source>Gibt dasselbe als JSON aus.</source>
+        <translation>Prints the same as JSON.</translation>
+    </message>
+    <message>
+        <source>Meldet nur Fehler.</source>
+        <translation>Reports errors only.</translation>
+    </message>
+    <message>
+        <source>Meldet jeden Schritt.</source>
+        <translation>Reports every step.</translation>
+    </message>
+    <message>
+        <source>Zeigt diese Hilfe.</source>
+        <translation>Shows this help.</translation>
+    </message>
+    <message>
+        <source>Zeigt die Version.</source>
+        <translation>Shows the version.</translation>
+    </message>
+    <message>
+        <source>--size: „%1“ ist keine Größe wie 1600x1200.</source>
+        <translation>--size: &quot;%1&quot; is no size such as 1600x1200.</translation>
+    </message>
+    <message>
+        <source>--scale: „%1“ ist keine Zahl über 0 und bis %2.</source>
+        <translation>--scale: &quot;%1&quot; is no number above 0 and up to %2.</translation>
+    </message>
+    <message>
+        <source>--area: „%1“ ist kein Ausschnitt wie „N53.5 E8.0 .. N53.0 E9.0“.</source>
+        <translation>--area: &quot;%1&quot; is no area such as &quot;N53.5 E8.0 .. N53.0 E9.0&quot;.</translation>
+    </message>
+    <message>
+        <source>--render: „%1“ ist keine Zeichenart (styled, opaque, halo).</source>
+        <translation>--render: &quot;%1&quot; is no way of drawing (styled, opaque, halo).</translation>
+    </message>
+    <message>
+        <source>--crop: „%1“ ist keine Deckkraft von 0 bis 255.</source>
+        <translation>--crop: &quot;%1&quot; is no opacity from 0 to 255.</translation>
+    </message>
+    <message>
+        <source>--map und --no-map schließen einander aus.</source>
+        <translation>--map and --no-map exclude each other.</translation>
+    </message>
+    <message>
+        <source>„%1“ endet auf kein Bildformat (png, jpg, jpeg, webp).</source>
+        <translation>&quot;%1&quot; does not end in a picture format (png, jpg, jpeg, webp).</translation>
+    </message>
+    <message>
+        <source>„%1“ wird gelesen und nicht überschrieben.</source>
+        <translation>&quot;%1&quot; is read and will not be overwritten.</translation>
+    </message>
+</context>
+<context>
+    <name>KRRenderProgram</name>
+    <message>
+        <source>„krrender --help“ nennt alle Möglichkeiten.</source>
+        <translation>&quot;krrender --help&quot; lists all options.</translation>
+    </message>
+    <message>
+        <source>%1/%2 %3 wird gelesen</source>
+        <translation>%1/%2 reading %3</translation>
+    </message>
+    <message>
+        <source>Die Strecke „%1“ hat keine Position.</source>
+        <translation>The track &quot;%1&quot; has no position.</translation>
+    </message>
+    <message>
+        <source>Es gibt nichts zu zeichnen.</source>
+        <translation>There is nothing to draw.</translation>
+    </message>
+    <message>
+        <source>Die Karte wird gezeichnet</source>
+        <translation>Drawing the map</translation>
+    </message>
+    <message>
+        <source>in %1 ms gezeichnet</source>
+        <translation>drawn in %1 ms</translation>
+    </message>
+    <message>
+        <source>Das Bild kann nicht als %1 gespeichert werden.</source>
+        <translation>The picture cannot be saved as %1.</translation>
+    </message>
+    <message>
+        <source>Die Standardausgabe nimmt das Bild nicht an.</source>
+        <translation>Standard output does not take the picture.</translation>
+    </message>
+    <message>
+        <source>%1 Strecken, in %2 ms gelesen</source>
+        <translation>%1 tracks, read in %2 ms</translation>
+    </message>
+</context>
+<context>
+    <name>KRTrackLook</name>
+    <message>
+        <source>„%1“ ist keine Farbe (#RRGGBB, #AARRGGBB oder ein Name wie „red“).</source>
+        <translation>&quot;%1&quot; is no colour (#RRGGBB, #AARRGGBB or a name such as &quot;red&quot;).</translation>
+    </message>
+    <message>
+        <source>„%1“ ist keine Breite in Pixeln (0 bis %2).</source>
+        <translation>&quot;%1&quot; is no width in pixels (0 to %2).</translation>
+    </message>
+    <message>
+        <source>„%1“ ist kein Marker (%2).</source>
+        <translation>&quot;%1&quot; is no marker (%2).</translation>
+    </message>
+    <message>
+        <source>„%1“ ist keine Form (%2).</source>
+        <translation>&quot;%1&quot; is no shape (%2).</translation>
+    </message>
+    <message>
+        <source>„%1“ ist keine Darstellung (%2, auch beides mit Komma).</source>
+        <translation>&quot;%1&quot; is no display (%2, or both with a comma).</translation>
+    </message>
+    <message>
+        <source>„%1“ ist keine Linienart (%2).</source>
+        <translation>&quot;%1&quot; is no pen style (%2).</translation>
+    </message>
+    <message>
+        <source>„%1“ ist keine Glättung (Stärke 0 bis 100, wobei 100 nichts ändert, und nach einem Komma die Zahl der Abschnitte).</source>
+        <translation>&quot;%1&quot; is no smoothing (strength 0 to 100, where 100 changes nothing, and after a comma the number of stretches).</translation>
+    </message>
+</context>
+<context>
+    <name>KRTrackTable</name>
+    <message>
+        <source>Nr.</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>Shape</translation>
+    </message>
+    <message>
+        <source>Segmente</source>
+        <translation>Segments</translation>
+    </message>
+    <message>
+        <source>Punkte</source>
+        <translation>Points</translation>
+    </message>
+    <message>
+        <source>Länge (km)</source>
+        <translation>Length (km)</translation>
+    </message>
+    <message>
+        <source>von</source>
+        <translation>from</translation>
+    </message>
+    <message>
+        <source>bis</source>
+        <translation>to</translation>
+    </message>
+    <message>
+        <source>Ausschnitt (NW .. SO)</source>
+        <translation>Area (NW .. SE)</translation>
+    </message>
+</context>
+</TS>
