@@ -1,0 +1,76 @@
+#include "KRGpxWriter.h"
+
+#include "KRExchangeText.h"
+
+#include <KRGeoLocation/KRGPXConfiguredTrack.h>
+#include <KRGeoLocation/KRGPXConfiguredTrackList.h>
+#include <KRGeoLocation/KRGPXTrack.h>
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRXML/KRXMLBuilder.h>
+
+#include <QXmlStreamWriter>
+
+namespace {
+
+/// An empty text gives no element.
+void writeText(QXmlStreamWriter &xml, const QString &name, const QString &text)
+{
+    if (!text.isEmpty())
+        xml.writeTextElement(name, KRXMLBuilder::readableText(text));
+}
+
+} // namespace
+
+QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks)
+{
+    QByteArray bytes;
+    QXmlStreamWriter xml(&bytes);
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(1);
+    xml.writeStartDocument();
+    xml.writeDefaultNamespace(QStringLiteral("http://www.topografix.com/GPX/1/1"));
+    xml.writeStartElement(QStringLiteral("http://www.topografix.com/GPX/1/1"), QStringLiteral("gpx"));
+    xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
+    xml.writeAttribute(QStringLiteral("creator"), QStringLiteral("KRGeoLocation"));
+    for (const KRGPXConfiguredTrack &track : tracks)
+        writeTrack(xml, track.track());
+    xml.writeEndDocument();
+    return bytes;
+}
+
+void KRGpxWriter::writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track)
+{
+    xml.writeStartElement(QStringLiteral("trk"));
+    writeText(xml, QStringLiteral("name"), track.name());
+    writeText(xml, QStringLiteral("desc"), track.description());
+    const QList<KRGPXTrackSegment> segments = track.segments();
+    for (const KRGPXTrackSegment &segment : segments)
+        writeSegment(xml, segment);
+    xml.writeEndElement();
+
+    const QList<KRGPXTrack> enclaves = track.enclaves();
+    for (const KRGPXTrack &enclave : enclaves)
+        writeTrack(xml, enclave);
+}
+
+void KRGpxWriter::writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
+{
+    xml.writeStartElement(QStringLiteral("trkseg"));
+    const QList<KRGPXTrackPoint> points = segment.trackPoints();
+    for (const KRGPXTrackPoint &point : points) {
+        const KRGeoPosition position = point.position();
+        if (!KRExchangeText::isExchangeable(position))
+            continue;
+        xml.writeStartElement(QStringLiteral("trkpt"));
+        xml.writeAttribute(QStringLiteral("lat"), KRExchangeText::degrees(position.latitude()));
+        xml.writeAttribute(QStringLiteral("lon"), KRExchangeText::degrees(position.longitude()));
+        if (point.elevation() != 0)
+            xml.writeTextElement(QStringLiteral("ele"), QString::number(point.elevation()));
+        if (point.timeStamp().isValid())
+            xml.writeTextElement(QStringLiteral("time"), KRExchangeText::utc(point.timeStamp()));
+        writeText(xml, QStringLiteral("desc"), point.description());
+        xml.writeEndElement();
+    }
+    xml.writeEndElement();
+}

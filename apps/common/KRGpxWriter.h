@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QByteArray>
+
+class KRGPXConfiguredTrackList;
+class KRGPXTrack;
+class KRGPXTrackSegment;
+class QXmlStreamWriter;
+
+/**
+ * Writes tracks as plain GPX 1.1, for other programs to read.
+ *
+ * Points go out with elevations where they are not 0, and times in UTC. Positions outside the globe are left out, for
+ * GPX knows no such points. Enclaves become tracks of their own behind the track that holds them.
+ */
+class KRGpxWriter
+{
+public:
+    static QByteArray write(const KRGPXConfiguredTrackList &tracks);
+
+private:
+    static void writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track);
+    static void writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment);
+};

@@ -1,0 +1,203 @@
+#include "KRKmlWriter.h"
+
+#include "KRExchangeText.h"
+
+#include <KRCore/KRDistance.h>
+#include <KRGeoLocation/KRGPXConfiguredTrack.h>
+#include <KRGeoLocation/KRGPXConfiguredTrackList.h>
+#include <KRGeoLocation/KRGPXTrack.h>
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRXML/KRXMLBuilder.h>
+
+#include <QColor>
+#include <QXmlStreamWriter>
+
+#include <algorithm>
+
+namespace {
+
+const QString kmlNamespace = QStringLiteral("http://www.opengis.net/kml/2.2");
+const QString gxNamespace = QStringLiteral("http://www.google.com/kml/ext/2.2");
+constexpr double pixelsPerKmlWidth = 6.0;
+
+/// aabbggrr, the order of KML.
+QString kmlColor(const QColor &color)
+{
+    const auto hex = [](int value) { return QStringLiteral("%1").arg(value, 2, 16, QLatin1Char('0')); };
+    return hex(color.alpha()) + hex(color.blue()) + hex(color.green()) + hex(color.red());
+}
+
+/// Longitude, latitude, and the elevation where there is one.
+QString tuple(const KRGeoPosition &position, int elevation, QLatin1Char separator)
+{
+    QString text =
+        KRExchangeText::degrees(position.longitude()) + separator + KRExchangeText::degrees(position.latitude());
+    if (elevation != 0)
+        text += separator + QString::number(elevation);
+    return text;
+}
+
+/// A round trip is an area by its shape, but nothing of it is lost only as a line.
+bool isArea(const KRGPXConfiguredTrack &track)
+{
+    return track.effectiveShape() == PolygonTrackShape
+           && (track.hasDrawOption(FillDisplayOption) || !track.track().enclaves().isEmpty());
+}
+
+QList<KRGPXTrackPoint> exchangeablePoints(const KRGPXTrackSegment &segment)
+{
+    QList<KRGPXTrackPoint> points = segment.trackPoints();
+    points.erase(
+        std::remove_if(points.begin(), points.end(),
+                       [](const KRGPXTrackPoint &point) { return !KRExchangeText::isExchangeable(point.position()); }),
+        points.end());
+    return points;
+}
+
+QString coordinates(const QList<KRGPXTrackPoint> &points)
+{
+    QString text;
+    for (const KRGPXTrackPoint &point : points)
+        text += tuple(point.position(), point.elevation(), QLatin1Char(',')) + QLatin1Char('\n');
+    return text.trimmed();
+}
+
+/// All points of the track as a ring that ends where it starts.
+QList<KRGPXTrackPoint> ring(const KRGPXTrack &track)
+{
+    QList<KRGPXTrackPoint> points;
+    const QList<KRGPXTrackSegment> segments = track.segments();
+    for (const KRGPXTrackSegment &segment : segments)
+        points += exchangeablePoints(segment);
+    if (!points.isEmpty() && points.first().position() != points.last().position())
+        points.append(points.first());
+    return points;
+}
+
+void writeBoundary(QXmlStreamWriter &xml, const QString &name, const KRGPXTrack &track)
+{
+    xml.writeStartElement(kmlNamespace, name);
+    xml.writeStartElement(kmlNamespace, QStringLiteral("LinearRing"));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), coordinates(ring(track)));
+    xml.writeEndElement();
+    xml.writeEndElement();
+}
+
+void writeTimedTrack(QXmlStreamWriter &xml, const QList<KRGPXTrackPoint> &points)
+{
+    xml.writeStartElement(gxNamespace, QStringLiteral("Track"));
+    for (const KRGPXTrackPoint &point : points)
+        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(point.timeStamp()));
+    for (const KRGPXTrackPoint &point : points) {
+        const QString elevation = point.elevation() == 0 ? QStringLiteral(" 0") : QString();
+        xml.writeTextElement(gxNamespace, QStringLiteral("coord"),
+                             tuple(point.position(), point.elevation(), QLatin1Char(' ')) + elevation);
+    }
+    xml.writeEndElement();
+}
+
+} // namespace
+
+QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QString &name)
+{
+    QByteArray bytes;
+    QXmlStreamWriter xml(&bytes);
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(1);
+    xml.writeStartDocument();
+    xml.writeDefaultNamespace(kmlNamespace);
+    xml.writeNamespace(gxNamespace, QStringLiteral("gx"));
+    xml.writeStartElement(kmlNamespace, QStringLiteral("kml"));
+    xml.writeStartElement(kmlNamespace, QStringLiteral("Document"));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("name"), KRXMLBuilder::readableText(name));
+    const auto styleId = [](int index) { return QStringLiteral("track-%1").arg(index + 1); };
+    for (int i = 0; i < tracks.size(); ++i)
+        writeStyle(xml, tracks.at(i).configuration(), styleId(i));
+    for (int i = 0; i < tracks.size(); ++i)
+        writePlacemark(xml, tracks.at(i), styleId(i));
+    xml.writeEndDocument();
+    return bytes;
+}
+
+void KRKmlWriter::writeStyle(QXmlStreamWriter &xml, const KRGPXTrackConfiguration &configuration, const QString &id)
+{
+    const bool isStroked = configuration.hasDrawOption(StrokeDisplayOption);
+    const bool isFilled = configuration.hasDrawOption(FillDisplayOption);
+    xml.writeStartElement(kmlNamespace, QStringLiteral("Style"));
+    xml.writeAttribute(QStringLiteral("id"), id);
+    xml.writeStartElement(kmlNamespace, QStringLiteral("IconStyle"));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("color"), kmlColor(configuration.lineColor()));
+    xml.writeEndElement();
+    xml.writeStartElement(kmlNamespace, QStringLiteral("LineStyle"));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("color"), kmlColor(configuration.lineColor()));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("width"),
+                         QString::number(configuration.lineWidth().toDouble() / pixelsPerKmlWidth));
+    xml.writeEndElement();
+    xml.writeStartElement(kmlNamespace, QStringLiteral("PolyStyle"));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("color"), kmlColor(configuration.fillColor()));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("fill"), QString::number(isFilled ? 1 : 0));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("outline"), QString::number(isStroked ? 1 : 0));
+    xml.writeEndElement();
+    xml.writeEndElement();
+}
+
+void KRKmlWriter::writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track, const QString &styleId)
+{
+    xml.writeStartElement(kmlNamespace, QStringLiteral("Placemark"));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("name"), KRXMLBuilder::readableText(track.name()));
+    if (!track.description().isEmpty())
+        xml.writeTextElement(kmlNamespace, QStringLiteral("description"),
+                             KRXMLBuilder::readableText(track.description()));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("styleUrl"), QLatin1Char('#') + styleId);
+    if (track.effectiveShape() == PointTrackShape)
+        writePoint(xml, track);
+    else if (isArea(track))
+        writePolygon(xml, track.track());
+    else
+        writeLines(xml, track.track());
+    xml.writeEndElement();
+}
+
+void KRKmlWriter::writePoint(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track)
+{
+    const KRGeoPositionList positions = track.drawingPoints();
+    if (positions.isEmpty() || !KRExchangeText::isExchangeable(positions.first()))
+        return;
+    xml.writeStartElement(kmlNamespace, QStringLiteral("Point"));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), tuple(positions.first(), 0, QLatin1Char(',')));
+    xml.writeEndElement();
+}
+
+void KRKmlWriter::writePolygon(QXmlStreamWriter &xml, const KRGPXTrack &track)
+{
+    xml.writeStartElement(kmlNamespace, QStringLiteral("Polygon"));
+    writeBoundary(xml, QStringLiteral("outerBoundaryIs"), track);
+    const QList<KRGPXTrack> enclaves = track.enclaves();
+    for (const KRGPXTrack &enclave : enclaves)
+        writeBoundary(xml, QStringLiteral("innerBoundaryIs"), enclave);
+    xml.writeEndElement();
+}
+
+void KRKmlWriter::writeLines(QXmlStreamWriter &xml, const KRGPXTrack &track)
+{
+    const QList<KRGPXTrackSegment> segments = track.segments();
+    const bool isMany = segments.size() > 1;
+    if (isMany)
+        xml.writeStartElement(kmlNamespace, QStringLiteral("MultiGeometry"));
+    for (const KRGPXTrackSegment &segment : segments) {
+        const QList<KRGPXTrackPoint> points = exchangeablePoints(segment);
+        const bool isTimed = !points.isEmpty()
+                             && std::all_of(points.cbegin(), points.cend(),
+                                            [](const KRGPXTrackPoint &point) { return point.timeStamp().isValid(); });
+        if (isTimed) {
+            writeTimedTrack(xml, points);
+        } else if (!points.isEmpty()) {
+            xml.writeStartElement(kmlNamespace, QStringLiteral("LineString"));
+            xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), coordinates(points));
+            xml.writeEndElement();
+        }
+    }
+    if (isMany)
+        xml.writeEndElement();
+}

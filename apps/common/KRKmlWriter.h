@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+
+class KRGPXConfiguredTrack;
+class KRGPXConfiguredTrackList;
+class KRGPXTrack;
+class KRGPXTrackConfiguration;
+class QString;
+class QXmlStreamWriter;
+
+/**
+ * Writes configured tracks as KML 2.2, for earth viewers to show.
+ *
+ * One placemark per track with a style of its own. Areas become polygons with their enclaves as inner boundaries,
+ * points become points; of a line every segment becomes a line string, or a gx:Track where all of its points have
+ * times. Line widths in pixels are divided by six, as the KML importer multiplies them.
+ */
+class KRKmlWriter
+{
+public:
+    /// @param name of the document
+    static QByteArray write(const KRGPXConfiguredTrackList &tracks, const QString &name);
+
+private:
+    static void writeStyle(QXmlStreamWriter &xml, const KRGPXTrackConfiguration &configuration, const QString &id);
+    static void writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track, const QString &styleId);
+    static void writePoint(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track);
+    static void writePolygon(QXmlStreamWriter &xml, const KRGPXTrack &track);
+    static void writeLines(QXmlStreamWriter &xml, const KRGPXTrack &track);
+};

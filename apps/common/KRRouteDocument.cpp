@@ -1,0 +1,141 @@
+#include "KRRouteDocument.h"
+
+#include "KRTrackKeeper.h"
+
+#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRXMLLoader.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
+#include <KRXML/KRXMLBuilder.h>
+#include <KRXML/KRXMLParser.h>
+
+#include <QDomDocument>
+#include <QFileInfo>
+
+namespace {
+
+const QString rootElement = QStringLiteral("routes");
+const QString selectionElement = QStringLiteral("selection");
+const QString tracksElement = QStringLiteral("gpxtrack");
+const QString trackElement = QStringLiteral("configuredTrack");
+const QString keptElement = QStringLiteral("kept");
+const QString folderAttribute = QStringLiteral("folder");
+const QString numberAttribute = QStringLiteral("number");
+
+/// Where the track files of a new document lie.
+QDir folderBeside(const QFileInfo &file)
+{
+    return QDir(file.absoluteDir().filePath(file.completeBaseName() + QStringLiteral(".tracks")));
+}
+
+QHash<int, QDomElement> keptByNumber(const QDomElement &root)
+{
+    QHash<int, QDomElement> kept;
+    for (QDomElement element = root.firstChildElement(keptElement); !element.isNull();
+         element = element.nextSiblingElement(keptElement))
+        kept.insert(KRXMLParser::intAttribute(element, numberAttribute, -1), element);
+    return kept;
+}
+
+void report(KRErrorHistory *history, const QString &fileName, const QString &reason)
+{
+    KRErrorHistory::Entry entry;
+    entry.fileName = fileName;
+    entry.reason = reason;
+    KRErrorHistory::report(history, entry);
+}
+
+} // namespace
+
+bool KRRouteDocument::isDocument(const QFileInfo &file)
+{
+    return file.suffix().compare(suffix(), Qt::CaseInsensitive) == 0;
+}
+
+bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
+{
+    const QDomElement root = KRXMLLoader::loadDocumentElement(file, history);
+    if (root.isNull())
+        return false;
+    if (root.tagName() != rootElement) {
+        report(history, file.filePath(), tr("Das ist kein Routendokument."));
+        return false;
+    }
+    // A name alone: the folder lies beside the document, wherever that comes from.
+    const QString folderName = QFileInfo(root.attribute(folderAttribute)).fileName();
+    const QDir folder = folderName.isEmpty() ? QDir(QString()) : QDir(file.absoluteDir().filePath(folderName));
+    const QDomElement element = root.firstChildElement(selectionElement);
+    const KRGPXTrackSelection read(element, folder);
+
+    KRGPXConfiguredTrackList tracks = read.tracks();
+    const QHash<int, QDomElement> kept = keptByNumber(root);
+    QDomElement configuredTrack = element.firstChildElement(tracksElement).firstChildElement(trackElement);
+    for (int i = 0; i < tracks.size(); ++i, configuredTrack = configuredTrack.nextSiblingElement(trackElement))
+        tracks[i] = restoredTrack(tracks.at(i), configuredTrack, kept.value(i), folder, history);
+    m_selection = KRGPXTrackSelection(tracks);
+    m_selection.setCroppingOpacity(read.nominalCroppingOpacity());
+    return true;
+}
+
+KRGPXConfiguredTrack KRRouteDocument::restoredTrack(const KRGPXConfiguredTrack &track,
+                                                    const QDomElement &configuredTrack, const QDomElement &kept,
+                                                    const QDir &folder, KRErrorHistory *history) const
+{
+    const QString fileName = KRXMLParser::text(configuredTrack.firstChildElement(QStringLiteral("trk")),
+                                               QStringLiteral("include"), QString());
+    KRGPXTrack restored = KRTrackKeeper::restored(track.track(), kept);
+    if (!fileName.isEmpty()) {
+        const QFileInfo file(folder, fileName);
+        if (!restored.isValid() && KRXMLLoader::loadDocumentElement(file, history).isNull())
+            restored.setName(fileName);
+        KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(restored, folder), fileName);
+    }
+    KRGPXConfiguredTrack result = track;
+    result.setTrack(restored);
+    return result;
+}
+
+bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
+{
+    const QDir folder = folderBeside(file);
+    if (!m_selection.isEmpty() && !folder.mkpath(QStringLiteral("."))) {
+        report(history, folder.path(), tr("Der Ordner für die Strecken kann nicht angelegt werden."));
+        return false;
+    }
+    QDomDocument document;
+    QDomElement root = KRXMLBuilder::buildRootElement(document, rootElement);
+    root.setAttribute(folderAttribute, folder.dirName());
+    QDomElement selection = KRXMLBuilder::buildDomElement(root, selectionElement);
+    m_selection.toXml(selection, folder);
+
+    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
+    for (int i = 0; i < tracks.size(); ++i) {
+        QDomElement kept = KRXMLBuilder::buildDomElement(root, keptElement);
+        kept.setAttribute(numberAttribute, i);
+        if (!KRTrackKeeper::keep(tracks.at(i).track(), kept))
+            root.removeChild(kept);
+    }
+    // The track files first: a document must not name what is not there.
+    return writeMissingTrackFiles(folder, history) && KRXMLBuilder::saveUTF8(document, file, history);
+}
+
+bool KRRouteDocument::writeMissingTrackFiles(const QDir &folder, KRErrorHistory *history) const
+{
+    KRGPXTrackFileRegistry &registry = KRGPXTrackFileRegistry::instance();
+    bool isComplete = true;
+    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        // A track without a segment stands for a file that could not be read, and that is left alone.
+        if (!track.track().isValid())
+            continue;
+        const KRGPXTrackFileRegistryKey key(track.track(), folder);
+        const QFileInfo trackFile = registry.createFileInfo(key, registry.fileName(key));
+        if (!trackFile.exists())
+            registry.saveTrackInFile(key, trackFile);
+        if (!QFileInfo::exists(trackFile.filePath())) {
+            report(history, trackFile.filePath(), tr("Die Strecke kann nicht gespeichert werden."));
+            isComplete = false;
+        }
+    }
+    return isComplete;
+}

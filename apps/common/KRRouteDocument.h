@@ -1,0 +1,46 @@
+#pragma once
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QString>
+
+class KRErrorHistory;
+class QDomElement;
+class QFileInfo;
+
+/**
+ * A route document: tracks with their looks and the cropping opacity, in one XML file and a folder beside it.
+ *
+ * The folder holds one file per track, which is written once and again only when it is missing. Whatever the XML of
+ * the library leaves out is kept as well, so that times and descriptions survive any number of saves. A track file
+ * that cannot be read leaves an empty track with the name of the file in its place: saving keeps the reference and
+ * does not touch the file. GUI thread only.
+ */
+class KRRouteDocument
+{
+    Q_DECLARE_TR_FUNCTIONS(KRRouteDocument)
+
+public:
+    /// Without the dot.
+    static QString suffix() { return QStringLiteral("krroute"); }
+    /// Goes by the suffix alone, in any case.
+    static bool isDocument(const QFileInfo &file);
+
+    const KRGPXTrackSelection &selection() const { return m_selection; }
+    void setSelection(const KRGPXTrackSelection &selection) { m_selection = selection; }
+
+    /// False when the file is no document. Track files that cannot be read are reported as well, but are no failure.
+    bool load(const QFileInfo &file, KRErrorHistory *history);
+
+    /// False when the document or one of its track files cannot be written; the old document is whole then.
+    bool save(const QFileInfo &file, KRErrorHistory *history) const;
+
+private:
+    KRGPXConfiguredTrack restoredTrack(const KRGPXConfiguredTrack &track, const QDomElement &configuredTrack,
+                                       const QDomElement &kept, const QDir &folder, KRErrorHistory *history) const;
+    bool writeMissingTrackFiles(const QDir &folder, KRErrorHistory *history) const;
+
+    KRGPXTrackSelection m_selection;
+};
