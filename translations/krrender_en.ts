@@ -12,14 +12,6 @@
         <translation>Draws routes onto a map.</translation>
     </message>
     <message>
-        <source>Routen (GPX), eine oder mehrere.</source>
-        <translation>Routes (GPX), one or more.</translation>
-    </message>
-    <message>
-        <source>Bilddatei: PNG, JPEG oder WebP nach der Endung; „-“ schreibt PNG auf die Standardausgabe. Ohne Angabe heißt das Bild wie die erste Datei und liegt im aktuellen Ordner.</source>
-        <translation>Picture file: PNG, JPEG or WebP by its suffix; &quot;-&quot; writes PNG to standard output. By default the picture is named after the first file and lies in the current folder.</translation>
-    </message>
-    <message>
         <source>Größe des Bildes in Pixeln (1600x1200).</source>
         <translation>Size of the picture in pixels (1600x1200).</translation>
     </message>
@@ -132,12 +124,52 @@
         <translation>--map and --no-map exclude each other.</translation>
     </message>
     <message>
-        <source>„%1“ endet auf kein Bildformat (png, jpg, jpeg, webp).</source>
-        <translation>&quot;%1&quot; does not end in a picture format (png, jpg, jpeg, webp).</translation>
-    </message>
-    <message>
         <source>„%1“ wird gelesen und nicht überschrieben.</source>
         <translation>&quot;%1&quot; is read and will not be overwritten.</translation>
+    </message>
+    <message>
+        <source>Bilddatei: PNG, JPEG oder WebP nach der Endung; „-“ schreibt PNG auf die Standardausgabe. Ohne Angabe heißt das Bild wie die erste Datei und liegt im aktuellen Ordner. Mit der Endung gpx, kml oder kmz werden die Routen für andere Programme geschrieben.</source>
+        <translation>Picture file: PNG, JPEG or WebP by its suffix; &quot;-&quot; writes PNG to standard output. By default the picture is named after the first file and lies in the current folder. With the suffix gpx, kml or kmz the routes are written for other programs.</translation>
+    </message>
+    <message>
+        <source>Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute) und einen Ordner mit ihren Strecken daneben.</source>
+        <translation>Saves the routes with their looks as a route document (.krroute), and a folder with their tracks beside it.</translation>
+    </message>
+    <message>
+        <source>Zeichnet die Fluglinie zwischen zwei Orten, zum Beispiel „Oldenburg .. Sydney“ oder „N53.1 E8.2 .. S33.9 E151.2“; auch mehrmals.</source>
+        <translation>Draws the flight line between two places, for example &quot;Oldenburg .. Sydney&quot; or &quot;N53.1 E8.2 .. S33.9 E151.2&quot;; may be repeated.</translation>
+    </message>
+    <message>
+        <source>Gibt jeder Route eine eigene, gut unterscheidbare Farbe.</source>
+        <translation>Gives each route a colour of its own, easy to tell from the others.</translation>
+    </message>
+    <message>
+        <source>Kein Maßstab auf der Karte.</source>
+        <translation>No scale bar on the map.</translation>
+    </message>
+    <message>
+        <source>Keine Quellenangabe auf der Karte.</source>
+        <translation>No credit of the map data on the map.</translation>
+    </message>
+    <message>
+        <source>Nennt die Orte, die mit Namen bekannt sind.</source>
+        <translation>Lists the places that are known by name.</translation>
+    </message>
+    <message>
+        <source>Routen (GPX, KML, KMZ oder ein Routendokument), eine oder mehrere.</source>
+        <translation>Routes (GPX, KML, KMZ or a route document), one or more.</translation>
+    </message>
+    <message>
+        <source>--beeline: „%1“ nennt nicht zwei Orte wie „Oldenburg .. Sydney“.</source>
+        <translation>--beeline: &quot;%1&quot; does not name two places such as &quot;Oldenburg .. Sydney&quot;.</translation>
+    </message>
+    <message>
+        <source>„%1“ endet nicht auf „.%2“.</source>
+        <translation>&quot;%1&quot; does not end in &quot;.%2&quot;.</translation>
+    </message>
+    <message>
+        <source>„%1“ hat keine bekannte Endung (png, jpg, jpeg, webp, gpx, kml, kmz).</source>
+        <translation>&quot;%1&quot; has no known suffix (png, jpg, jpeg, webp, gpx, kml, kmz).</translation>
     </message>
 </context>
 <context>
@@ -167,16 +199,24 @@
         <translation>drawn in %1 ms</translation>
     </message>
     <message>
-        <source>Das Bild kann nicht als %1 gespeichert werden.</source>
-        <translation>The picture cannot be saved as %1.</translation>
-    </message>
-    <message>
         <source>Die Standardausgabe nimmt das Bild nicht an.</source>
         <translation>Standard output does not take the picture.</translation>
     </message>
     <message>
         <source>%1 Strecken, in %2 ms gelesen</source>
         <translation>%1 tracks, read in %2 ms</translation>
+    </message>
+    <message>
+        <source>Es gibt nichts zu schreiben.</source>
+        <translation>There is nothing to write.</translation>
+    </message>
+    <message>
+        <source>Das ist kein lesbares Bild.</source>
+        <translation>This is no readable picture.</translation>
+    </message>
+    <message>
+        <source>Das Ergebnis kann nicht als %1 geschrieben werden.</source>
+        <translation>The result cannot be written as %1.</translation>
     </message>
 </context>
 <context>
@@ -247,6 +287,14 @@
     <message>
         <source>Ausschnitt (NW .. SO)</source>
         <translation>Area (NW .. SE)</translation>
+    </message>
+    <message>
+        <source>Breite</source>
+        <translation>Latitude</translation>
+    </message>
+    <message>
+        <source>Länge</source>
+        <translation>Longitude</translation>
     </message>
 </context>
 </TS>

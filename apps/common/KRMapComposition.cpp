@@ -2,28 +2,13 @@
 
 #include "KRBaseMap.h"
 #include "KRHaloPainter.h"
+#include "KRMapFurniture.h"
 #include "KRMapTrackRenderer.h"
+#include "KRSamplePlaces.h"
 
-#include <KRGeoLocation/KRGeoPositionSamples.h>
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include <QPainter>
-
-namespace {
-
-/// The only places that the base map knows by name.
-QVector<KRBaseMapPlace> samplePlaces()
-{
-    QVector<KRBaseMapPlace> places;
-    const KRGeoPositionSamples *const samples = KRGeoPositionSamples::instance();
-    for (int i = OldenburgSample; i <= PassauSample; ++i) {
-        const auto sample = static_cast<KRGeoPositionSamplesEnum>(i);
-        places.append({samples->name(sample), samples->position(sample)});
-    }
-    return places;
-}
-
-} // namespace
 
 KRMapComposition::KRMapComposition(const KRGPXTrackSelection &selection, const KRGeoPositionRect &area,
                                    const QSize &size, double factor)
@@ -45,6 +30,11 @@ QImage KRMapComposition::render() const
     QPainter painter(&map);
     KRHaloPainter::paint(painter, m_selection, projection, m_size, m_factor);
     painter.drawImage(0, 0, renderer.render(m_renderOption));
+    painter.end();
+    if (m_ground != Ground::None && m_hasScaleBar)
+        KRMapFurniture::paintScaleBar(&map, projection, m_factor);
+    if (m_ground != Ground::None && m_hasAttribution)
+        KRMapFurniture::paintAttribution(&map, m_factor);
     return map;
 }
 
@@ -65,7 +55,7 @@ QImage KRMapComposition::renderGround(const KRMapProjection &projection) const
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(QRectF(northWest, southEast), m_picture);
     } else {
-        KRBaseMap(samplePlaces()).paint(&painter, m_size, projection, m_factor);
+        KRBaseMap(KRSamplePlaces::all()).paint(&painter, m_size, projection, m_factor);
     }
     return ground;
 }

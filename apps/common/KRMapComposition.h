@@ -10,7 +10,7 @@
 class KRMapProjection;
 
 /**
- * Puts a map picture together: ground, crop, halos, tracks, from bottom to top.
+ * Puts a map picture together: ground, crop, halos, tracks, scale bar and credit, from bottom to top.
  *
  * The ground is the world base map unless a picture takes its place or there shall be none. The selection's
  * cropping opacity makes the ground translucent outside the tracks.
@@ -35,6 +35,9 @@ public:
     /// With Ground::Picture the picture is laid over the area exactly, whatever its own size is.
     void setGround(Ground ground, const QImage &picture = QImage());
     void setRenderOption(TrackRenderOption option) { m_renderOption = option; }
+    /// Both are painted unless they are switched off or there is no ground.
+    void setScaleBar(bool isPainted) { m_hasScaleBar = isPainted; }
+    void setAttribution(bool isPainted) { m_hasAttribution = isPainted; }
 
     QImage render() const;
 
@@ -48,4 +51,6 @@ private:
     Ground m_ground = Ground::BaseMap;
     QImage m_picture;
     TrackRenderOption m_renderOption = StyledRender;
+    bool m_hasScaleBar = true;
+    bool m_hasAttribution = true;
 };

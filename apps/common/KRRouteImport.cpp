@@ -1,5 +1,7 @@
 #include "KRRouteImport.h"
 
+#include "KRRouteDocument.h"
+
 #include <KRCore/KRFileHandler.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
@@ -21,6 +23,10 @@ void KRRouteImport::read(const QStringList &fileNames)
 
 void KRRouteImport::readFile(const QString &fileName)
 {
+    if (KRRouteDocument::isDocument(QFileInfo(fileName))) {
+        readDocument(fileName);
+        return;
+    }
     const KRTrackSelectionFactory *const factory = KRTrackSelectionFactory::instance();
     const QUrl url = QUrl::fromLocalFile(QFileInfo(fileName).absoluteFilePath());
     if (factory->supportsFile(url)) {
@@ -33,6 +39,15 @@ void KRRouteImport::readFile(const QString &fileName)
     explain(fileName);
 }
 
+void KRRouteImport::readDocument(const QString &fileName)
+{
+    KRRouteDocument document;
+    if (!document.load(QFileInfo(fileName), &m_problems))
+        return;
+    m_tracks += document.selection().tracks();
+    m_croppingOpacity = document.selection().nominalCroppingOpacity();
+}
+
 void KRRouteImport::explain(const QString &fileName)
 {
     QFile file(fileName);
@@ -42,8 +57,11 @@ void KRRouteImport::explain(const QString &fileName)
 
     const KRTrackSelectionFactory *const factory = KRTrackSelectionFactory::instance();
     if (!factory->supportsFile(QUrl::fromLocalFile(fileName))) {
-        addProblem(fileName, tr("Dieses Dateiformat wird nicht unterstützt (lesbar sind %1).")
-                                 .arg(factory->supportedFileFormats().join(QStringLiteral(", "))));
+        const QStringList formats =
+            factory->supportedFileFormats() + QStringList(QStringLiteral("*.") + KRRouteDocument::suffix());
+        addProblem(
+            fileName,
+            tr("Dieses Dateiformat wird nicht unterstützt (lesbar sind %1).").arg(formats.join(QStringLiteral(", "))));
         return;
     }
     // The importers tell nothing: read once more what failed, for its reason.

@@ -9,7 +9,8 @@
 #include <functional>
 
 /**
- * Reads route files through the library's importers and says of each file that gives nothing why it does.
+ * Reads route files through the library's importers, and route documents, and says of each file that gives nothing
+ * why it does.
  *
  * GUI thread only, like the importers.
  */
@@ -27,15 +28,19 @@ public:
     void read(const QStringList &fileNames);
 
     const KRGPXConfiguredTrackList &tracks() const { return m_tracks; }
+    /// That of the last document read, 255 when there was none.
+    int croppingOpacity() const { return m_croppingOpacity; }
     /// One entry or more for each file that gave nothing.
     const KRErrorHistory &problems() const { return m_problems; }
 
 private:
     void readFile(const QString &fileName);
+    void readDocument(const QString &fileName);
     void explain(const QString &fileName);
     void addProblem(const QString &fileName, const QString &reason);
 
     KRGPXConfiguredTrackList m_tracks;
+    int m_croppingOpacity = 255;
     KRErrorHistory m_problems;
     ProgressFunction m_progress;
 };

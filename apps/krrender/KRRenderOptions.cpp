@@ -1,13 +1,78 @@
 #include "KRRenderOptions.h"
 
+#include "KRExchangeFile.h"
 #include "KRMapArea.h"
 #include "KRPictureFile.h"
+#include "KRRouteDocument.h"
+#include "KRSamplePlaces.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QRegularExpression>
 
 namespace {
+
+/// An option with its names, the name of its value (empty for a mere switch) and its description.
+struct OptionText {
+    const char *names;
+    const char *value;
+    const char *description;
+};
+
+constexpr OptionText optionTexts[] = {
+    {"o,output", "FILE",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Bilddatei: PNG, JPEG oder WebP nach der Endung; „-“ schreibt PNG auf die Standardausgabe. "
+                       "Ohne Angabe heißt das Bild wie die erste Datei und liegt im aktuellen Ordner. Mit der Endung "
+                       "gpx, kml oder kmz werden die Routen für andere Programme geschrieben.")},
+    {"save", "DOCUMENT",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute) und einen Ordner mit "
+                       "ihren Strecken daneben.")},
+    {"size", "WxH", QT_TRANSLATE_NOOP("KRRenderOptions", "Größe des Bildes in Pixeln (1600x1200).")},
+    {"scale", "FACTOR",
+     QT_TRANSLATE_NOOP("KRRenderOptions", "Vergrößert Linien und Schrift, zum Beispiel 2 für hohe Auflösung.")},
+    {"area", "NW .. SE",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Ausschnitt von der Nordwest- zur Südostecke, zum Beispiel „N53.5 E8.0 .. N53.0 E9.0“. Ohne "
+                       "Angabe der, in dem die Routen liegen.")},
+    {"beeline", "FROM .. TO",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Zeichnet die Fluglinie zwischen zwei Orten, zum Beispiel „Oldenburg .. Sydney“ oder „N53.1 "
+                       "E8.2 .. S33.9 E151.2“; auch mehrmals.")},
+    {"line-color", "COLOR", QT_TRANSLATE_NOOP("KRRenderOptions", "Linienfarbe: #RRGGBB, #AARRGGBB oder ein Name.")},
+    {"line-width", "PIXELS", QT_TRANSLATE_NOOP("KRRenderOptions", "Linienbreite in Pixeln.")},
+    {"fill-color", "COLOR", QT_TRANSLATE_NOOP("KRRenderOptions", "Füllfarbe von Flächen und Markern.")},
+    {"palette", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Gibt jeder Route eine eigene, gut unterscheidbare Farbe.")},
+    {"halo", "PIXELS", QT_TRANSLATE_NOOP("KRRenderOptions", "Breite des Hofes um die Linien in Pixeln, 0 für keinen.")},
+    {"marker", "NAME",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Marker für Punkte: disk, circle, x, block, rhombus, star6, star9, star12; arrow für Pfeile an "
+                       "Strecken.")},
+    {"shape", "NAME", QT_TRANSLATE_NOOP("KRRenderOptions", "Form: auto, point, linestring, polygon oder hop.")},
+    {"display", "NAMES",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Was von Flächen und Markern gezeichnet wird: stroke, fill oder stroke,fill.")},
+    {"pen-style", "NAME",
+     QT_TRANSLATE_NOOP("KRRenderOptions", "Linienart: solid, dash, dot, dashdot oder dashdotdot.")},
+    {"smoothing", "STRENGTH[,STEPS]",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Glättet Strecken: Stärke von 100 (gar nicht) bis 0 (ganz gerade), nach einem Komma die Zahl "
+                       "der Abschnitte.")},
+    {"render", "NAME", QT_TRANSLATE_NOOP("KRRenderOptions", "Zeichenart: styled, opaque oder halo.")},
+    {"crop", "OPACITY", QT_TRANSLATE_NOOP("KRRenderOptions", "Deckkraft der Karte außerhalb der Routen, 0 bis 255.")},
+    {"map", "FILE", QT_TRANSLATE_NOOP("KRRenderOptions", "Ein Bild als Karte des Ausschnitts.")},
+    {"no-map", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Keine Karte, durchsichtiger Grund.")},
+    {"no-scale-bar", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Kein Maßstab auf der Karte.")},
+    {"no-attribution", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Keine Quellenangabe auf der Karte.")},
+    {"list", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Gibt eine Tabelle der Routen aus, statt zu zeichnen.")},
+    {"json", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Gibt dasselbe als JSON aus.")},
+    {"places", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Nennt die Orte, die mit Namen bekannt sind.")},
+    {"quiet", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Meldet nur Fehler.")},
+    {"verbose", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Meldet jeden Schritt.")},
+    {"h,help", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Zeigt diese Hilfe.")},
+    {"v,version", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Zeigt die Version.")},
+};
 
 constexpr int largestSidePx = 32767; // QPainter's raster engine ends there
 constexpr double largestScale = 20.0;
@@ -46,9 +111,11 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
     m_isQuiet = parser.isSet(QStringLiteral("quiet"));
     m_isVerbose = parser.isSet(QStringLiteral("verbose"));
     readTask(parser);
-    if (m_task == Task::PrintHelp || m_task == Task::PrintVersion)
+    if (m_task == Task::PrintHelp || m_task == Task::PrintVersion || m_task == Task::PrintPlaces)
         return;
-    if (m_inputs.isEmpty())
+    m_usesPalette = parser.isSet(QStringLiteral("palette"));
+    readBeelines(parser.values(QStringLiteral("beeline")));
+    if (m_inputs.isEmpty() && m_beelines.isEmpty())
         complain(tr("Es fehlt eine Datei."));
     readLook(parser);
     readPicture(parser);
@@ -59,55 +126,13 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
 void KRRenderOptions::declare(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(tr("Zeichnet Routen auf eine Landkarte."));
-    parser.addPositionalArgument(QStringLiteral("FILE"), tr("Routen (GPX), eine oder mehrere."),
+    parser.addPositionalArgument(QStringLiteral("FILE"),
+                                 tr("Routen (GPX, KML, KMZ oder ein Routendokument), eine oder mehrere."),
                                  QStringLiteral("FILE..."));
-    const auto option = [&parser](const QStringList &names, const QString &description, const QString &value) {
-        parser.addOption(QCommandLineOption(names, description, value));
-    };
-    const auto flag = [&parser](const QStringList &names, const QString &description) {
-        parser.addOption(QCommandLineOption(names, description));
-    };
-    option({QStringLiteral("o"), QStringLiteral("output")},
-           tr("Bilddatei: PNG, JPEG oder WebP nach der Endung; „-“ schreibt PNG auf die Standardausgabe. Ohne Angabe "
-              "heißt das Bild wie die erste Datei und liegt im aktuellen Ordner."),
-           QStringLiteral("FILE"));
-    option({QStringLiteral("size")}, tr("Größe des Bildes in Pixeln (1600x1200)."), QStringLiteral("WxH"));
-    option({QStringLiteral("scale")}, tr("Vergrößert Linien und Schrift, zum Beispiel 2 für hohe Auflösung."),
-           QStringLiteral("FACTOR"));
-    option({QStringLiteral("area")},
-           tr("Ausschnitt von der Nordwest- zur Südostecke, zum Beispiel „N53.5 E8.0 .. N53.0 E9.0“. Ohne Angabe der, "
-              "in dem die Routen liegen."),
-           QStringLiteral("NW .. SE"));
-    option({QStringLiteral("line-color")}, tr("Linienfarbe: #RRGGBB, #AARRGGBB oder ein Name."),
-           QStringLiteral("COLOR"));
-    option({QStringLiteral("line-width")}, tr("Linienbreite in Pixeln."), QStringLiteral("PIXELS"));
-    option({QStringLiteral("fill-color")}, tr("Füllfarbe von Flächen und Markern."), QStringLiteral("COLOR"));
-    option({QStringLiteral("halo")}, tr("Breite des Hofes um die Linien in Pixeln, 0 für keinen."),
-           QStringLiteral("PIXELS"));
-    option(
-        {QStringLiteral("marker")},
-        tr("Marker für Punkte: disk, circle, x, block, rhombus, star6, star9, star12; arrow für Pfeile an Strecken."),
-        QStringLiteral("NAME"));
-    option({QStringLiteral("shape")}, tr("Form: auto, point, linestring, polygon oder hop."), QStringLiteral("NAME"));
-    option({QStringLiteral("display")},
-           tr("Was von Flächen und Markern gezeichnet wird: stroke, fill oder stroke,fill."), QStringLiteral("NAMES"));
-    option({QStringLiteral("pen-style")}, tr("Linienart: solid, dash, dot, dashdot oder dashdotdot."),
-           QStringLiteral("NAME"));
-    option({QStringLiteral("smoothing")},
-           tr("Glättet Strecken: Stärke von 100 (gar nicht) bis 0 (ganz gerade), nach einem Komma die Zahl der "
-              "Abschnitte."),
-           QStringLiteral("STRENGTH[,STEPS]"));
-    option({QStringLiteral("render")}, tr("Zeichenart: styled, opaque oder halo."), QStringLiteral("NAME"));
-    option({QStringLiteral("crop")}, tr("Deckkraft der Karte außerhalb der Routen, 0 bis 255."),
-           QStringLiteral("OPACITY"));
-    option({QStringLiteral("map")}, tr("Ein Bild als Karte des Ausschnitts."), QStringLiteral("FILE"));
-    flag({QStringLiteral("no-map")}, tr("Keine Karte, durchsichtiger Grund."));
-    flag({QStringLiteral("list")}, tr("Gibt eine Tabelle der Routen aus, statt zu zeichnen."));
-    flag({QStringLiteral("json")}, tr("Gibt dasselbe als JSON aus."));
-    flag({QStringLiteral("quiet")}, tr("Meldet nur Fehler."));
-    flag({QStringLiteral("verbose")}, tr("Meldet jeden Schritt."));
-    flag({QStringLiteral("h"), QStringLiteral("help")}, tr("Zeigt diese Hilfe."));
-    flag({QStringLiteral("v"), QStringLiteral("version")}, tr("Zeigt die Version."));
+    for (const OptionText &option : optionTexts) {
+        const QStringList names = QString::fromLatin1(option.names).split(QLatin1Char(','));
+        parser.addOption(QCommandLineOption(names, tr(option.description), QString::fromLatin1(option.value)));
+    }
 }
 
 void KRRenderOptions::readTask(const QCommandLineParser &parser)
@@ -116,10 +141,26 @@ void KRRenderOptions::readTask(const QCommandLineParser &parser)
         m_task = Task::PrintHelp;
     else if (parser.isSet(QStringLiteral("version")))
         m_task = Task::PrintVersion;
+    else if (parser.isSet(QStringLiteral("places")))
+        m_task = Task::PrintPlaces;
     else if (parser.isSet(QStringLiteral("json")))
         m_task = Task::PrintJson;
     else if (parser.isSet(QStringLiteral("list")))
         m_task = Task::PrintTable;
+}
+
+void KRRenderOptions::readBeelines(const QStringList &texts)
+{
+    static const QRegularExpression separator(QStringLiteral("\\s*\\.\\.\\s*"));
+    for (const QString &text : texts) {
+        const QStringList ends = text.split(separator);
+        const KRBaseMapPlace from = KRSamplePlaces::find(ends.first());
+        const KRBaseMapPlace to = KRSamplePlaces::find(ends.last());
+        if (ends.size() == 2 && from.position.isValid() && to.position.isValid())
+            m_beelines.append({from, to});
+        else
+            complain(tr("--beeline: „%1“ nennt nicht zwei Orte wie „Oldenburg .. Sydney“.").arg(text));
+    }
 }
 
 void KRRenderOptions::readLook(const QCommandLineParser &parser)
@@ -145,67 +186,84 @@ void KRRenderOptions::readLook(const QCommandLineParser &parser)
 
 void KRRenderOptions::readPicture(const QCommandLineParser &parser)
 {
-    const auto valueOf = [&parser](const char *name) { return parser.value(QLatin1String(name)); };
-    const auto isSet = [&parser](const char *name) { return parser.isSet(QLatin1String(name)); };
-
-    if (isSet("size")) {
-        m_size = readSize(valueOf("size"));
-        if (!m_size)
-            complain(tr("--size: „%1“ ist keine Größe wie 1600x1200.").arg(valueOf("size")));
-    } else if (!isSet("map")) {
+    const QString sizeText = parser.value(QStringLiteral("size"));
+    if (!sizeText.isEmpty())
+        m_size = readSize(sizeText);
+    else if (!parser.isSet(QStringLiteral("map")))
         m_size = QSize(1600, 1200);
-    }
-    if (isSet("scale")) {
+    if (parser.isSet(QStringLiteral("size")) && !m_size)
+        complain(tr("--size: „%1“ ist keine Größe wie 1600x1200.").arg(sizeText));
+
+    if (parser.isSet(QStringLiteral("scale"))) {
+        const QString text = parser.value(QStringLiteral("scale"));
         bool isNumber = false;
-        m_scale = valueOf("scale").toDouble(&isNumber);
+        m_scale = text.toDouble(&isNumber);
         if (!isNumber || !(m_scale > 0.0) || m_scale > largestScale)
-            complain(tr("--scale: „%1“ ist keine Zahl über 0 und bis %2.")
-                         .arg(valueOf("scale"), QString::number(largestScale)));
+            complain(tr("--scale: „%1“ ist keine Zahl über 0 und bis %2.").arg(text, QString::number(largestScale)));
     }
-    if (isSet("area")) {
-        m_area = KRMapArea::parse(valueOf("area"));
-        if (!m_area.isValid())
-            complain(tr("--area: „%1“ ist kein Ausschnitt wie „N53.5 E8.0 .. N53.0 E9.0“.").arg(valueOf("area")));
-    }
-    if (isSet("render")) {
-        const int index =
-            QStringList{QStringLiteral("styled"), QStringLiteral("opaque"), QStringLiteral("halo")}.indexOf(
-                valueOf("render"));
+    if (parser.isSet(QStringLiteral("render"))) {
+        const QString text = parser.value(QStringLiteral("render"));
+        const int index = QStringLiteral("styled,opaque,halo").split(QLatin1Char(',')).indexOf(text);
         m_renderOption = static_cast<TrackRenderOption>(std::max(index, 0));
         if (index < 0)
-            complain(tr("--render: „%1“ ist keine Zeichenart (styled, opaque, halo).").arg(valueOf("render")));
+            complain(tr("--render: „%1“ ist keine Zeichenart (styled, opaque, halo).").arg(text));
     }
-    if (isSet("crop")) {
+    readArea(parser);
+    readGround(parser);
+}
+
+void KRRenderOptions::readArea(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(QStringLiteral("area")))
+        return;
+    const QString text = parser.value(QStringLiteral("area"));
+    m_area = KRMapArea::parse(text);
+    if (!m_area.isValid())
+        complain(tr("--area: „%1“ ist kein Ausschnitt wie „N53.5 E8.0 .. N53.0 E9.0“.").arg(text));
+}
+
+void KRRenderOptions::readGround(const QCommandLineParser &parser)
+{
+    m_hasScaleBar = !parser.isSet(QStringLiteral("no-scale-bar"));
+    m_hasAttribution = !parser.isSet(QStringLiteral("no-attribution"));
+    if (parser.isSet(QStringLiteral("crop"))) {
+        const QString text = parser.value(QStringLiteral("crop"));
         bool isNumber = false;
-        m_croppingOpacity = valueOf("crop").toInt(&isNumber);
+        m_croppingOpacity = text.toInt(&isNumber);
         if (!isNumber || *m_croppingOpacity < 0 || *m_croppingOpacity > 255)
-            complain(tr("--crop: „%1“ ist keine Deckkraft von 0 bis 255.").arg(valueOf("crop")));
+            complain(tr("--crop: „%1“ ist keine Deckkraft von 0 bis 255.").arg(text));
     }
-    if (isSet("map") && isSet("no-map"))
+    const bool hasPicture = parser.isSet(QStringLiteral("map"));
+    const bool hasNone = parser.isSet(QStringLiteral("no-map"));
+    if (hasPicture && hasNone)
         complain(tr("--map und --no-map schließen einander aus."));
-    m_mapFile = valueOf("map");
-    if (isSet("map"))
+    m_mapFile = parser.value(QStringLiteral("map"));
+    if (hasPicture)
         m_ground = KRMapComposition::Ground::Picture;
-    else if (isSet("no-map"))
+    else if (hasNone)
         m_ground = KRMapComposition::Ground::None;
 }
 
 void KRRenderOptions::readOutput(const QCommandLineParser &parser)
 {
+    m_document = parser.value(QStringLiteral("save"));
     m_output = parser.value(QStringLiteral("output"));
-    if (!parser.isSet(QStringLiteral("output")) && !m_inputs.isEmpty())
-        m_output = QFileInfo(m_inputs.first()).completeBaseName() + QStringLiteral(".png");
-    if (writesToStandardOutput())
-        return;
-    if (KRPictureFile::formatOf(m_output).isEmpty()) {
-        complain(tr("„%1“ endet auf kein Bildformat (png, jpg, jpeg, webp).").arg(m_output));
-        return;
+    // Who only wants to save needs no picture.
+    if (m_output.isEmpty() && m_document.isEmpty()) {
+        const QString first =
+            m_inputs.isEmpty() ? m_beelines.value(0).from.name : QFileInfo(m_inputs.first()).completeBaseName();
+        m_output = first + QStringLiteral(".png");
     }
-    QStringList read = m_inputs;
-    if (!m_mapFile.isEmpty())
-        read.append(m_mapFile);
+    if (!m_document.isEmpty() && !KRRouteDocument::isDocument(QFileInfo(m_document)))
+        complain(tr("„%1“ endet nicht auf „.%2“.").arg(m_document, KRRouteDocument::suffix()));
+    const bool isKnown = m_output.isEmpty() || writesToStandardOutput() || !KRPictureFile::formatOf(m_output).isEmpty()
+                         || !KRExchangeFile::formatOf(m_output).isEmpty();
+    if (!isKnown)
+        complain(tr("„%1“ hat keine bekannte Endung (png, jpg, jpeg, webp, gpx, kml, kmz).").arg(m_output));
+
+    const QStringList read = m_inputs + QStringList(m_mapFile);
     for (const QString &input : read) {
-        if (isSameFile(QFileInfo(input), QFileInfo(m_output)))
+        if (!m_output.isEmpty() && isSameFile(QFileInfo(input), QFileInfo(m_output)))
             complain(tr("„%1“ wird gelesen und nicht überschrieben.").arg(m_output));
     }
 }

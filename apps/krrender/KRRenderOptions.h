@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KRBaseMapPlace.h"
 #include "KRMapComposition.h"
 #include "KRTrackLook.h"
 
@@ -22,9 +23,16 @@ public:
         Draw,
         PrintTable,
         PrintJson,
+        PrintPlaces,
         PrintHelp,
         PrintVersion,
         Complain, ///< problem() says about what
+    };
+
+    /// A flight line between two places.
+    struct Beeline {
+        KRBaseMapPlace from;
+        KRBaseMapPlace to;
     };
 
     /// @param arguments the program's name first
@@ -35,7 +43,10 @@ public:
     QString helpText() const { return m_helpText; }
 
     QStringList inputs() const { return m_inputs; }
-    /// Path of the picture, "-" for the standard output.
+    QList<Beeline> beelines() const { return m_beelines; }
+    /// Path of the route document to write, empty for none.
+    QString document() const { return m_document; }
+    /// Path of the picture or of the exchange file, "-" for a picture on the standard output, empty for none.
     QString output() const { return m_output; }
     bool writesToStandardOutput() const { return m_output == QLatin1String("-"); }
 
@@ -45,16 +56,22 @@ public:
     /// Not valid when the tracks decide.
     KRGeoPositionRect area() const { return m_area; }
     KRTrackLook look() const { return m_look; }
+    bool usesPalette() const { return m_usesPalette; }
     TrackRenderOption renderOption() const { return m_renderOption; }
     std::optional<int> croppingOpacity() const { return m_croppingOpacity; }
     KRMapComposition::Ground ground() const { return m_ground; }
     QString mapFile() const { return m_mapFile; }
+    bool hasScaleBar() const { return m_hasScaleBar; }
+    bool hasAttribution() const { return m_hasAttribution; }
     bool isQuiet() const { return m_isQuiet; }
     bool isVerbose() const { return m_isVerbose; }
 
 private:
     static void declare(QCommandLineParser &parser);
     void readTask(const QCommandLineParser &parser);
+    void readBeelines(const QStringList &texts);
+    void readArea(const QCommandLineParser &parser);
+    void readGround(const QCommandLineParser &parser);
     void readOutput(const QCommandLineParser &parser);
     void readPicture(const QCommandLineParser &parser);
     void readLook(const QCommandLineParser &parser);
@@ -64,15 +81,20 @@ private:
     QString m_problem;
     QString m_helpText;
     QStringList m_inputs;
+    QList<Beeline> m_beelines;
+    QString m_document;
     QString m_output;
     std::optional<QSize> m_size;
     double m_scale = 1.0;
     KRGeoPositionRect m_area;
     KRTrackLook m_look;
+    bool m_usesPalette = false;
     TrackRenderOption m_renderOption = StyledRender;
     std::optional<int> m_croppingOpacity;
     KRMapComposition::Ground m_ground = KRMapComposition::Ground::BaseMap;
     QString m_mapFile;
+    bool m_hasScaleBar = true;
+    bool m_hasAttribution = true;
     bool m_isQuiet = false;
     bool m_isVerbose = false;
 };

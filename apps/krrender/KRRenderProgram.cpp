@@ -1,22 +1,29 @@
 #include "KRRenderProgram.h"
 
+#include "KRExchangeFile.h"
 #include "KRMapArea.h"
 #include "KRPictureFile.h"
+#include "KRRouteDocument.h"
+#include "KRTrackPalette.h"
 #include "KRTrackTable.h"
 
 #include <KRCore/KRFileHandler.h>
+#include <KRGeoLocation/KRGPXBeelineCreator.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QImageReader>
+#include <QImage>
 #include <QTextStream>
 
+#include <algorithm>
 #include <cstdio>
 #include <unistd.h>
 
 namespace {
+
+constexpr qint64 largestPictureBytes = qint64(1) << 30;
 
 bool writeToStandardOutput(const QByteArray &bytes)
 {
@@ -45,6 +52,8 @@ int KRRenderProgram::run()
     case KRRenderOptions::Task::PrintVersion:
         printLine(stdout, QStringLiteral("krrender ") + QCoreApplication::applicationVersion());
         return AllDone;
+    case KRRenderOptions::Task::PrintPlaces:
+        return writeToStandardOutput(KRTrackTable::placesText().toLocal8Bit()) ? AllDone : WrongUsage;
     case KRRenderOptions::Task::PrintTable:
     case KRRenderOptions::Task::PrintJson:
     case KRRenderOptions::Task::Draw:
@@ -52,15 +61,60 @@ int KRRenderProgram::run()
     }
 
     readRoutes();
-    if (m_options.task() == KRRenderOptions::Task::Draw)
-        return draw();
+    const KRGPXTrackSelection tracks = selection();
+    switch (m_options.task()) {
+    case KRRenderOptions::Task::PrintTable:
+        return print(KRTrackTable(tracks.tracks()).toText().toLocal8Bit());
+    case KRRenderOptions::Task::PrintJson:
+        return print(KRTrackTable(tracks.tracks()).toJson(m_import.problems()));
+    default:
+        return writeFiles(tracks);
+    }
+}
 
-    const KRTrackTable table(selection().tracks());
-    const QByteArray bytes = m_options.task() == KRRenderOptions::Task::PrintJson ? table.toJson(m_import.problems())
-                                                                                  : table.toText().toLocal8Bit();
-    if (!writeToStandardOutput(bytes))
-        return WrongUsage;
+int KRRenderProgram::print(const QByteArray &bytes) const
+{
+    return writeToStandardOutput(bytes) ? codeOfImport() : WrongUsage;
+}
+
+int KRRenderProgram::codeOfImport() const
+{
     return m_import.problems().isEmpty() ? AllDone : SomethingLeftOut;
+}
+
+int KRRenderProgram::writeFiles(const KRGPXTrackSelection &tracks)
+{
+    int code = codeOfImport();
+    if (!m_options.document().isEmpty())
+        code = std::max(code, save(tracks));
+    const QByteArray exchangeFormat = KRExchangeFile::formatOf(m_options.output());
+    if (!exchangeFormat.isEmpty())
+        code = std::max(code, exchange(tracks, exchangeFormat));
+    else if (!m_options.output().isEmpty())
+        code = std::max(code, draw(tracks));
+    return code;
+}
+
+int KRRenderProgram::save(const KRGPXTrackSelection &tracks) const
+{
+    KRRouteDocument document;
+    document.setSelection(tracks);
+    KRErrorHistory history;
+    if (document.save(QFileInfo(m_options.document()), &history))
+        return AllDone;
+    for (const KRErrorHistory::Entry &problem : history.entries())
+        printLine(stderr, QStringLiteral("krrender: ") + problem.toString());
+    return WrongUsage;
+}
+
+int KRRenderProgram::exchange(const KRGPXTrackSelection &tracks, const QByteArray &format)
+{
+    if (tracks.isEmpty()) {
+        printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu schreiben."));
+        return SomethingLeftOut;
+    }
+    const QString name = QFileInfo(m_options.output()).completeBaseName();
+    return write(KRExchangeFile::encode(tracks.tracks(), format, name), format);
 }
 
 void KRRenderProgram::readRoutes()
@@ -80,12 +134,21 @@ void KRRenderProgram::readRoutes()
 KRGPXTrackSelection KRRenderProgram::selection() const
 {
     KRGPXConfiguredTrackList tracks = m_import.tracks();
+    const QList<KRRenderOptions::Beeline> beelines = m_options.beelines();
+    for (const KRRenderOptions::Beeline &beeline : beelines) {
+        const KRGPXBeelineCreator creator(beeline.from.position, beeline.to.position);
+        const QString name = beeline.from.name + QStringLiteral(" – ") + beeline.to.name;
+        tracks.append(
+            KRGPXConfiguredTrack(creator.createBeeline(name), KRGPXTrackConfiguration::currentDefaultConfiguration()));
+    }
     const KRTrackLook look = m_options.look();
-    for (KRGPXConfiguredTrack &track : tracks)
-        track.setConfiguration(look.appliedTo(track.configuration()));
+    for (int i = 0; i < tracks.size(); ++i) {
+        const KRGPXTrackConfiguration configuration = tracks.at(i).configuration();
+        tracks[i].setConfiguration(
+            look.appliedTo(m_options.usesPalette() ? KRTrackPalette::appliedTo(configuration, i) : configuration));
+    }
     KRGPXTrackSelection selection(tracks);
-    if (m_options.croppingOpacity())
-        selection.setCroppingOpacity(*m_options.croppingOpacity());
+    selection.setCroppingOpacity(m_options.croppingOpacity().value_or(m_import.croppingOpacity()));
     return selection;
 }
 
@@ -104,9 +167,8 @@ int KRRenderProgram::countOfUndrawn(const KRGPXTrackSelection &selection)
     return count;
 }
 
-int KRRenderProgram::draw()
+int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
 {
-    const KRGPXTrackSelection tracks = selection();
     const int undrawn = countOfUndrawn(tracks);
 
     KRGeoPositionRect area = m_options.area();
@@ -121,15 +183,9 @@ int KRRenderProgram::draw()
         return SomethingLeftOut;
     }
 
-    QImage mapPicture;
-    if (m_options.ground() == KRMapComposition::Ground::Picture) {
-        QImageReader reader(m_options.mapFile());
-        mapPicture = reader.read();
-        if (mapPicture.isNull()) {
-            printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.mapFile(), reader.errorString()));
-            return SomethingLeftOut;
-        }
-    }
+    const QImage mapPicture = readMapPicture();
+    if (mapPicture.isNull() && m_options.ground() == KRMapComposition::Ground::Picture)
+        return SomethingLeftOut;
 
     QElapsedTimer timer;
     timer.start();
@@ -137,26 +193,39 @@ int KRRenderProgram::draw()
     KRMapComposition composition(tracks, area, m_options.size().value_or(mapPicture.size()), m_options.scale());
     composition.setGround(m_options.ground(), mapPicture);
     composition.setRenderOption(m_options.renderOption());
+    composition.setScaleBar(m_options.hasScaleBar());
+    composition.setAttribution(m_options.hasAttribution());
     const QImage picture = composition.render();
     if (m_options.isVerbose())
         say(tr("in %1 ms gezeichnet").arg(timer.elapsed()));
 
-    const int code = write(picture);
-    if (code != AllDone)
-        return code;
-    return undrawn == 0 && m_import.problems().isEmpty() ? AllDone : SomethingLeftOut;
-}
-
-int KRRenderProgram::write(const QImage &picture)
-{
-    showProgress(QString());
     const QByteArray format =
         m_options.writesToStandardOutput() ? QByteArrayLiteral("png") : KRPictureFile::formatOf(m_options.output());
-    const QByteArray bytes = KRPictureFile::encode(picture, format);
+    return std::max<int>(write(KRPictureFile::encode(picture, format), format),
+                         undrawn == 0 ? AllDone : SomethingLeftOut);
+}
+
+QImage KRRenderProgram::readMapPicture() const
+{
+    if (m_options.ground() != KRMapComposition::Ground::Picture)
+        return QImage();
+    KRErrorHistory history;
+    const QByteArray bytes = KRFileHandler::readAll(QFileInfo(m_options.mapFile()), &history, largestPictureBytes);
+    const QImage picture = QImage::fromData(bytes);
+    if (picture.isNull()) {
+        const QString reason = history.isEmpty() ? tr("Das ist kein lesbares Bild.") : history.entries().first().reason;
+        printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.mapFile(), reason));
+    }
+    return picture;
+}
+
+int KRRenderProgram::write(const QByteArray &bytes, const QByteArray &format)
+{
+    showProgress(QString());
     KRErrorHistory history;
     QString problem;
     if (bytes.isNull())
-        problem = tr("Das Bild kann nicht als %1 gespeichert werden.").arg(QString::fromLatin1(format));
+        problem = tr("Das Ergebnis kann nicht als %1 geschrieben werden.").arg(QString::fromLatin1(format));
     else if (!m_options.writesToStandardOutput())
         KRFileHandler::writeAll(QFileInfo(m_options.output()), bytes, &history);
     else if (!writeToStandardOutput(bytes))

@@ -27,8 +27,14 @@ public:
 
 private:
     void readRoutes();
-    int draw();
-    int write(const QImage &picture);
+    int codeOfImport() const;
+    int print(const QByteArray &bytes) const;
+    int writeFiles(const KRGPXTrackSelection &tracks);
+    int save(const KRGPXTrackSelection &tracks) const;
+    int exchange(const KRGPXTrackSelection &tracks, const QByteArray &format);
+    int draw(const KRGPXTrackSelection &tracks);
+    QImage readMapPicture() const;
+    int write(const QByteArray &bytes, const QByteArray &format);
     KRGPXTrackSelection selection() const;
     int countOfUndrawn(const KRGPXTrackSelection &selection);
     void say(const QString &message) const;

@@ -1,5 +1,6 @@
 #include "KRTrackTable.h"
 
+#include "KRSamplePlaces.h"
 #include "KRTrackFigures.h"
 
 #include <KRCore/KRErrorHistory.h>
@@ -107,6 +108,15 @@ QString aligned(const QList<QStringList> &rows, const QList<int> &numberColumns)
 }
 
 } // namespace
+
+QString KRTrackTable::placesText()
+{
+    QList<QStringList> rows{{tr("Name"), tr("Breite"), tr("Länge")}};
+    const QVector<KRBaseMapPlace> places = KRSamplePlaces::all();
+    for (const KRBaseMapPlace &place : places)
+        rows.append({place.name, degrees(place.position.latitude()), degrees(place.position.longitude())});
+    return aligned(rows, {1, 2});
+}
 
 QString KRTrackTable::toText() const
 {

@@ -172,3 +172,34 @@ void KRZIP::Closer::operator()(zip *archive) const
     // Unlike closing it, discarding an archive never writes.
     zip_discard(archive);
 }
+
+QByteArray KRZIP::pack(const QString &name, const QByteArray &content)
+{
+    zip_error error;
+    zip_error_init(&error);
+    zip_source *const bytes = zip_source_buffer_create(nullptr, 0, 1, &error);
+    zip *const archive = bytes ? zip_open_from_source(bytes, ZIP_TRUNCATE, &error) : nullptr;
+    if (!archive) {
+        zip_source_free(bytes);
+        return QByteArray();
+    }
+    // The archive gives the source back when it is closed only if somebody else holds it too.
+    zip_source_keep(bytes);
+    zip_source *const entry = zip_source_buffer(archive, content.constData(), zip_uint64_t(content.size()), 0);
+    const bool isAdded =
+        zip_file_add(archive, name.toUtf8().constData(), entry, ZIP_FL_ENC_UTF_8) >= 0 && zip_close(archive) == 0;
+    QByteArray packed;
+    if (!isAdded) {
+        zip_discard(archive);
+    } else if (zip_source_open(bytes) == 0) {
+        std::array<char, 65536> piece;
+        for (zip_int64_t count = 1; count > 0;) {
+            count = zip_source_read(bytes, piece.data(), piece.size());
+            if (count > 0)
+                packed.append(piece.data(), int(count));
+        }
+        zip_source_close(bytes);
+    }
+    zip_source_free(bytes);
+    return packed;
+}

@@ -13,7 +13,7 @@ class QByteArray;
 struct zip;
 
 /**
- * Reads ZIP archives of unknown origin, entry by entry and into memory only.
+ * Reads ZIP archives of unknown origin, entry by entry and into memory only; packs small ones.
  *
  * Entries are known by their names, which are nothing but texts here: no name is ever taken for a path, and nothing is
  * written to disk. Entries may be stored or deflated; encrypted ones are refused, and so is an archive in which two
@@ -47,6 +47,9 @@ public:
     /// The inflated bytes, checked against their checksum; not null for an entry that is empty.
     QByteArray fileContent(const QString &name) const;
     void close();
+
+    /// The bytes of an archive with one deflated entry; a null array when memory runs out.
+    static QByteArray pack(const QString &name, const QByteArray &content);
 
 private:
     struct Closer {

@@ -36,6 +36,12 @@ private slots:
     void goodFilesAreDrawnBesideBadOnes();
     void outputThatCannotBeWritten();
     void languageFollowsTheLocale();
+    void furnitureStandsOnEveryMap();
+    void beelinesAndPlaces();
+    void paletteTellsTracksApart();
+    void documentIsDrawnTheSame();
+    void exchangeFilesComeBack_data();
+    void exchangeFilesComeBack();
 
 private:
     struct Outcome {
@@ -373,6 +379,102 @@ void tst_krrender::languageFollowsTheLocale()
     QVERIFY(help.out.contains("--line-color"));
     for (const QString &umlaut : {QStringLiteral("ä"), QStringLiteral("ö"), QStringLiteral("ü"), QStringLiteral("ß")})
         QVERIFY2(!QString::fromUtf8(help.out).contains(umlaut), help.out.constData());
+}
+
+void tst_krrender::furnitureStandsOnEveryMap()
+{
+    const auto picture = [this](const QStringList &options) {
+        const QString name = path(QStringLiteral("map.png"));
+        const Outcome outcome = run(options + QStringList{QStringLiteral("-o"), name, sample(tour)});
+        return outcome.exitCode == 0 ? QImage(name) : QImage();
+    };
+    const QImage plain = picture({QStringLiteral("--no-scale-bar"), QStringLiteral("--no-attribution")});
+    const QImage both = picture({});
+    const QImage barOnly = picture({QStringLiteral("--no-attribution")});
+    const QImage none = picture({QStringLiteral("--no-map")});
+    const QRect left(0, 1100, 800, 100);
+    const QRect right(800, 1100, 800, 100);
+    QVERIFY(both.copy(left) != plain.copy(left));
+    QVERIFY(both.copy(right) != plain.copy(right));
+    QCOMPARE(barOnly.copy(left), both.copy(left));
+    QCOMPARE(barOnly.copy(right), plain.copy(right));
+    QCOMPARE(countOf(none.copy(left), QColor(0, 0, 0, 0)), 800 * 100);
+}
+
+void tst_krrender::beelinesAndPlaces()
+{
+    const Outcome places = run({QStringLiteral("--places")});
+    QCOMPARE(places.exitCode, 0);
+    QVERIFY(places.out.contains("Greenich"));
+
+    const Outcome json =
+        run({QStringLiteral("--json"), QStringLiteral("--beeline"), QStringLiteral("oldenburg .. Sydney"),
+             QStringLiteral("--beeline"), QStringLiteral("N53.1 E8.2..53,0,0N;9,0,0E")});
+    QCOMPARE(json.exitCode, 0);
+    const QJsonArray tracks = QJsonDocument::fromJson(json.out).object().value(QStringLiteral("tracks")).toArray();
+    QCOMPARE(tracks.size(), 2);
+    QCOMPARE(tracks.at(0).toObject().value(QStringLiteral("name")).toString(), QStringLiteral("Oldenburg – Sydney"));
+    QVERIFY(tracks.at(0).toObject().value(QStringLiteral("points")).toInt() > 20);
+    QCOMPARE(tracks.at(1).toObject().value(QStringLiteral("points")).toInt(), 2);
+    QCOMPARE(run({QStringLiteral("--beeline"), QStringLiteral("Oldenburg .. Atlantis")}).exitCode, 2);
+    QCOMPARE(run({QStringLiteral("--beeline"), QStringLiteral("Oldenburg")}).exitCode, 2);
+}
+
+void tst_krrender::paletteTellsTracksApart()
+{
+    const QString picture = path(QStringLiteral("palette.png"));
+    QCOMPARE(run({QStringLiteral("--no-map"), QStringLiteral("--palette"), QStringLiteral("-o"), picture, sample(tour),
+                  sample(QStringLiteral("zwischenahner-meer-ufer.gpx"))})
+                 .exitCode,
+             0);
+    const QImage colors(picture);
+    QVERIFY(countOf(colors, QColor(0x00, 0x72, 0xb2)) > 1000);
+    QVERIFY(countOf(colors, QColor(0xd5, 0x5e, 0x00)) > 500);
+}
+
+void tst_krrender::documentIsDrawnTheSame()
+{
+    const QString document = path(QStringLiteral("Reise.krroute"));
+    const QString first = path(QStringLiteral("first.png"));
+    const QString second = path(QStringLiteral("second.png"));
+    QCOMPARE(run({QStringLiteral("--save"), document, QStringLiteral("-o"), first, QStringLiteral("--crop"),
+                  QStringLiteral("90"), QStringLiteral("--halo"), QStringLiteral("7"), sample(tour),
+                  sample(QStringLiteral("zwischenahner-meer-ufer.gpx"))})
+                 .exitCode,
+             0);
+    QCOMPARE(run({QStringLiteral("-o"), second, document}).exitCode, 0);
+    QCOMPARE(QImage(second), QImage(first));
+
+    // A damaged track file: the rest is drawn, and the file is named.
+    QVERIFY(QFile::remove(path(QStringLiteral("Reise.tracks/track.gps"))));
+    const Outcome damaged = run({QStringLiteral("-o"), second, document});
+    QCOMPARE(damaged.exitCode, 1);
+    QVERIFY2(damaged.err.contains(QLatin1String("track.gps")), qPrintable(damaged.err));
+    QVERIFY(QImage(second) != QImage(first));
+}
+
+void tst_krrender::exchangeFilesComeBack_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("GPX") << QStringLiteral("out.gpx");
+}
+
+void tst_krrender::exchangeFilesComeBack()
+{
+    QFETCH(QString, name);
+    const QString coast = sample(QStringLiteral("nordseekueste-10000.gpx"));
+    QCOMPARE(run({QStringLiteral("-o"), path(name), coast}).exitCode, 0);
+    const auto track = [this](const QString &file) {
+        const Outcome json = run({QStringLiteral("--json"), file});
+        return QJsonDocument::fromJson(json.out).object().value(QStringLiteral("tracks")).toArray().at(0).toObject();
+    };
+    const QJsonObject before = track(coast);
+    const QJsonObject after = track(path(name));
+    for (const char *key : {"name", "points", "first", "last"})
+        QCOMPARE(after.value(QLatin1String(key)), before.value(QLatin1String(key)));
+    QVERIFY(
+        qAbs(after.value(QStringLiteral("lengthKm")).toDouble() - before.value(QStringLiteral("lengthKm")).toDouble())
+        < 1e-3);
 }
 
 static const KRTestRegistration<tst_krrender> registration;

@@ -1,0 +1,73 @@
+#include "KRMapFurniture.h"
+
+#include "KRTestRegistry.h"
+
+#include <KRGeoLocation/KRMapProjection.h>
+#include <KRGeoLocation/KROsmScaleRenderer.h>
+
+#include <QImage>
+#include <QtTest>
+
+class tst_KRMapFurniture : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void barIsRightAlongTheMiddle_data();
+    void barIsRightAlongTheMiddle();
+    void smallPicturesGetSmallFurniture();
+};
+
+void tst_KRMapFurniture::barIsRightAlongTheMiddle_data()
+{
+    QTest::addColumn<double>("latitude");
+    QTest::addColumn<double>("west");
+    QTest::addColumn<double>("width"); // of the area, degrees
+    QTest::addColumn<double>("factor");
+    QTest::newRow("city") << 53.14 << 8.1 << 0.2 << 1.0;
+    QTest::newRow("country") << 51.0 << 6.0 << 9.0 << 1.0;
+    QTest::newRow("high density") << 51.0 << 6.0 << 9.0 << 2.0;
+    QTest::newRow("far north") << 70.0 << 20.0 << 20.0 << 1.0;
+    QTest::newRow("far south") << -60.0 << -60.0 << 25.0 << 1.0;
+    QTest::newRow("equator") << 0.0 << 30.0 << 20.0 << 1.0;
+    QTest::newRow("across the date line") << -17.0 << 175.0 << 12.0 << 1.0;
+}
+
+void tst_KRMapFurniture::barIsRightAlongTheMiddle()
+{
+    QFETCH(double, latitude);
+    QFETCH(double, west);
+    QFETCH(double, width);
+    QFETCH(double, factor);
+    const KRGeoPositionRect area(KRLatitudeRange(KRLatitude(latitude - 0.01), KRLatitude(latitude + 0.01)),
+                                 KRLongitudeRange(KRLongitude(west), KRLongitude::safeLongitude(west + width)));
+    const QImage picture(1600, 1200, QImage::Format_ARGB32_Premultiplied);
+    const KRMapProjection projection(area, picture.size());
+    const double scale = KRMapFurniture::pixelsPerKilometre(picture, projection) / factor;
+    const KROsmScaleRenderer bar(KRDistance(scale), picture.size() / factor);
+    const double length = bar.strokeLength(factor);
+    QVERIFY(bar.shownKilometers() <= 500.0 && length > 50.0);
+
+    // The distance between the places under the ends of the bar, were it in the middle of the picture.
+    const int middle = picture.height() / 2;
+    const int left = int((picture.width() - length) / 2.0);
+    const KRGeoPosition from = projection.convert(QPoint(left, middle));
+    const KRGeoPosition to = projection.convert(QPoint(left + int(length), middle));
+    const double kilometres = from.normalized().distance(to.normalized());
+    const double tolerance = 0.01 * length + 2.0;
+    QVERIFY2(qAbs(kilometres - bar.shownKilometers()) * scale * factor < tolerance,
+             qPrintable(QStringLiteral("%1 km for %2 km").arg(kilometres).arg(bar.shownKilometers())));
+}
+
+void tst_KRMapFurniture::smallPicturesGetSmallFurniture()
+{
+    QImage small(200, 120, QImage::Format_ARGB32_Premultiplied);
+    small.fill(Qt::red);
+    KRMapFurniture::paintAttribution(&small, 1.0);
+    for (int y = 0; y < small.height(); ++y)
+        QCOMPARE(small.pixel(90, y), QColor(Qt::red).rgba());
+}
+
+static const KRTestRegistration<tst_KRMapFurniture> registration;
+
+#include "tst_KRMapFurniture.moc"
