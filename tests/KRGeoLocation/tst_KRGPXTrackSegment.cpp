@@ -82,7 +82,7 @@ void tst_KRGPXTrackSegment::decodeTrackPoints_data()
     QTest::newRow("white space around and between") << QStringLiteral("\n 8.2,53.1\n\t 9.5,53.6,12,1700000000 \n")
                                                     << QStringLiteral("8.2,53.1 9.5,53.6,12,1700000000000");
     QTest::newRow("no-break spaces separate nothing")
-        << QStringLiteral("8,53\u00a0 9,54") << QStringLiteral("8.,53. 9.,54.");
+        << QStringLiteral("8,53\u00a0 8,53\u00a09,54") << QStringLiteral("8.,53. 8.,0.,54");
     QTest::newRow("a blank behind the comma makes two points")
         << QStringLiteral("8, 53") << QStringLiteral("8.,0. 53.,0.");
     QTest::newRow("null points vanish") << QStringLiteral("0,0 x 0,0,100 , 1e-9,0 0,0.1")
