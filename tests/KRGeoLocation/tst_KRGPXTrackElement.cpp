@@ -1,4 +1,5 @@
 #include <KRGeoLocation/KRGPXTrackElement.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include "KRTestRegistry.h"
 
@@ -10,24 +11,14 @@ const QDateTime morning(QDate(2024, 5, 1), QTime(8, 0), Qt::UTC);
 const QDateTime noon(QDate(2024, 5, 1), QTime(12, 0), Qt::UTC);
 const QDateTime evening(QDate(2024, 5, 1), QTime(20, 0), Qt::UTC);
 
-/// Answers with what it was given.
-class Element : public KRGPXTrackElement
+KRGPXTrackSegment segmentAt(const QList<KRGeoPosition> &positions)
 {
-public:
-    Element(const KRGeoPositionList &points, const QList<QDateTime> &timeStamps)
-        : m_points(points), m_timeStamps(timeStamps)
-    { }
-
-    KRGeoPositionList allPoints() const override { return m_points; }
-    QList<KRGeoPositionList> chunkedPoints() const override { return {m_points}; }
-    KRGeoPosition firstPoint() const override { return m_points.value(0); }
-    KRGeoPosition lastPoint() const override { return m_points.value(m_points.size() - 1); }
-    QList<QDateTime> allTimeStamps() const override { return m_timeStamps; }
-
-private:
-    const KRGeoPositionList m_points;
-    const QList<QDateTime> m_timeStamps;
-};
+    KRGPXTrackSegment segment;
+    for (const KRGeoPosition &position : positions)
+        segment.append(position.latitude().decimalDegrees(), position.longitude().decimalDegrees(), 0, QDateTime(),
+                       QString());
+    return segment;
+}
 
 } // namespace
 
@@ -70,11 +61,12 @@ void tst_KRGPXTrackElement::derivedFromThePoints()
 {
     const KRGeoPosition bremen(53.1, 8.8);
     const KRGeoPosition cuxhaven(53.9, 8.7);
-    QVERIFY(!Element({}, {}).isSinglePoint());
-    QVERIFY(Element({bremen}, {}).isSinglePoint());
-    QVERIFY(!Element({bremen, bremen}, {}).isSinglePoint());
-    QVERIFY(!Element({}, {}).boundingBox().isValid());
-    QCOMPARE(Element({bremen, cuxhaven}, {}).boundingBox(), KRGeoPositionRect::spawn(bremen, cuxhaven));
+    // The body of the base, which counts positions.
+    QVERIFY(!segmentAt({}).KRGPXTrackElement::isSinglePoint());
+    QVERIFY(segmentAt({bremen}).KRGPXTrackElement::isSinglePoint());
+    QVERIFY(!segmentAt({bremen, bremen}).KRGPXTrackElement::isSinglePoint());
+    QVERIFY(!segmentAt({}).boundingBox().isValid());
+    QCOMPARE(segmentAt({bremen, cuxhaven}).boundingBox(), KRGeoPositionRect::spawn(bremen, cuxhaven));
 }
 
 void tst_KRGPXTrackElement::timeFrame_data()
@@ -96,7 +88,10 @@ void tst_KRGPXTrackElement::timeFrame_data()
 void tst_KRGPXTrackElement::timeFrame()
 {
     QFETCH(QList<QDateTime>, timeStamps);
-    const KRRange<QDateTime> frame = Element({}, timeStamps).timeFrame();
+    KRGPXTrackSegment segment;
+    for (const QDateTime &timeStamp : timeStamps)
+        segment.append(53.1, 8.8, 0, timeStamp, QString());
+    const KRRange<QDateTime> frame = segment.timeFrame();
     QTEST(frame.minimum(), "minimum");
     QTEST(frame.maximum(), "maximum");
     QTEST(frame.isValid(), "isValid");

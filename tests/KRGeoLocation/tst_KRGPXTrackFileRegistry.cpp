@@ -31,13 +31,11 @@ class tst_KRGPXTrackFileRegistry : public QObject
 private slots:
     void unchangedTrackKeepsItsFile();
     void tracksGetTheirOwnFiles();
-    void registeredFileIsNotWritten();
     void failedWriteKeepsTheName();
     void savingFromSeveralThreads();
     void sameDirectory_data();
     void sameDirectory();
     void keys();
-    void instanceIsTheSingleton();
 };
 
 void tst_KRGPXTrackFileRegistry::unchangedTrackKeepsItsFile()
@@ -73,18 +71,6 @@ void tst_KRGPXTrackFileRegistry::tracksGetTheirOwnFiles()
 
     const QDomElement root = KRXMLLoader::loadDocumentElement(QFileInfo(dir, QStringLiteral("track_1.gps")));
     QCOMPARE(KRGPXTrack(root.firstChildElement(), QDir(QString())), renamed);
-}
-
-void tst_KRGPXTrackFileRegistry::registeredFileIsNotWritten()
-{
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
-    KRGPXTrackFileRegistry registry;
-    const KRGPXTrackFileRegistryKey key(track(QStringLiteral("8,53")), dir);
-    registry.registerFile(key, QStringLiteral("old.gps"));
-    registry.registerFile(key, QStringLiteral("mine.gps"));
-    QCOMPARE(registry.createAssignedFile(key), QStringLiteral("mine.gps"));
-    QVERIFY(filesIn(dir).isEmpty());
 }
 
 void tst_KRGPXTrackFileRegistry::failedWriteKeepsTheName()
@@ -152,11 +138,6 @@ void tst_KRGPXTrackFileRegistry::keys()
     QVERIFY(KRGPXTrackFileRegistryKey(points, QDir(QDir::currentPath())).isValid());
     QVERIFY(key != KRGPXTrackFileRegistryKey(points, QDir(QStringLiteral("/elsewhere"))));
     QVERIFY(key != KRGPXTrackFileRegistryKey(track(QStringLiteral("8,53 9,55")), somewhere));
-}
-
-void tst_KRGPXTrackFileRegistry::instanceIsTheSingleton()
-{
-    QCOMPARE(&KRGPXTrackFileRegistry::instance(), KRSingleton<KRGPXTrackFileRegistry>::instance());
 }
 
 static const KRTestRegistration<tst_KRGPXTrackFileRegistry> registration;

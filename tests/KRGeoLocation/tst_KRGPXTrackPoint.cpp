@@ -6,7 +6,6 @@
 #include <QtTest>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -28,11 +27,8 @@ class tst_KRGPXTrackPoint : public QObject
     Q_OBJECT
 
 private slots:
-    void readCoordinates_data();
-    void readCoordinates();
-    void readElevation_data();
-    void readElevation();
-    void readTheRest();
+    void read_data();
+    void read();
     void writeXml_data();
     void writeXml();
     void toKml_data();
@@ -44,55 +40,35 @@ private slots:
     void asElement();
 };
 
-void tst_KRGPXTrackPoint::readCoordinates_data()
+void tst_KRGPXTrackPoint::read_data()
 {
+    const auto elevation = [](const QByteArray &text) { return "<trkpt><ele>" + text + "</ele></trkpt>"; };
     QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::newRow("both") << QByteArray("<trkpt lat=\"53.14\" lon=\"-8.21\"/>") << 53.14 << -8.21;
-    QTest::newRow("none") << QByteArray("<trkpt/>") << 1.0 << 1.0;
-    QTest::newRow("no longitude") << QByteArray("<trkpt lat=\"53.14\"/>") << 53.14 << 1.0;
-    QTest::newRow("decimal comma") << QByteArray("<trkpt lat=\"53,14\" lon=\"8\"/>") << 1.0 << 8.0;
-    QTest::newRow("any number is taken") << QByteArray("<trkpt lat=\"1e3\" lon=\" -700 \"/>") << 1000.0 << -700.0;
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("both coordinates") << QByteArray("<trkpt lat='53.14' lon='-8.21'/>")
+                                      << QStringLiteral("-8.21,53.14");
+    QTest::newRow("none") << QByteArray("<trkpt/>") << QStringLiteral("1.,1.");
+    QTest::newRow("no longitude") << QByteArray("<trkpt lat='53.14'/>") << QStringLiteral("1.,53.14");
+    QTest::newRow("decimal comma") << QByteArray("<trkpt lat='53,14' lon='8'/>") << QStringLiteral("8.,1.");
+    QTest::newRow("any number is taken") << QByteArray("<trkpt lat='1e3' lon=' -700 '/>")
+                                         << QStringLiteral("-700.,1000.");
+    QTest::newRow("elevations are cut") << elevation("12.9") << QStringLiteral("1.,1.,12");
+    QTest::newRow("toward zero") << elevation("-3.7") << QStringLiteral("1.,1.,-3");
+    QTest::newRow("elevation not a number") << elevation("nan") << QStringLiteral("1.,1.");
+    QTest::newRow("elevation beyond an int") << elevation("1e20") << QStringLiteral("1.,1.,2147483647");
+    QTest::newRow("time with blanks, a fraction and an offset")
+        << QByteArray("<trkpt><time> 2024-05-01T14:00:00.5+02:00\n</time></trkpt>")
+        << QStringLiteral("1.,1.,0,1714564800500");
+    QTest::newRow("only own children count")
+        << QByteArray("<trkpt><x><ele>3</ele></x></trkpt>") << QStringLiteral("1.,1.");
+    QTest::newRow("the first of its name")
+        << QByteArray("<trkpt><ele>3</ele><ele>4</ele></trkpt>") << QStringLiteral("1.,1.,3");
 }
 
-void tst_KRGPXTrackPoint::readCoordinates()
+void tst_KRGPXTrackPoint::read()
 {
     QFETCH(QByteArray, xml);
-    QFETCH(double, latitude);
-    QFETCH(double, longitude);
-    QVERIFY(liesExactlyAt(KRGPXTrackPoint(KRTestXml::element(xml)), latitude, longitude));
-}
-
-void tst_KRGPXTrackPoint::readElevation_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("cut") << QByteArray("12.9") << 12;
-    QTest::newRow("cut toward zero") << QByteArray("-3.7") << -3;
-    QTest::newRow("no number") << QByteArray("high") << 0;
-    QTest::newRow("not a number") << QByteArray("nan") << 0;
-    QTest::newRow("too high for an int") << QByteArray("1e20") << std::numeric_limits<int>::max();
-}
-
-void tst_KRGPXTrackPoint::readElevation()
-{
-    QFETCH(QByteArray, text);
-    QTEST(KRGPXTrackPoint(KRTestXml::element("<trkpt><ele>" + text + "</ele></trkpt>")).elevation(), "expected");
-}
-
-void tst_KRGPXTrackPoint::readTheRest()
-{
-    const KRGPXTrackPoint full(
-        KRTestXml::element("<trkpt lat=\"1\" lon=\"2\"><time> 2024-05-01T14:00:00.5+02:00\n</time>"
-                           "<desc>first</desc><desc>second</desc></trkpt>"));
-    QCOMPARE(full.timeStamp(), noon.addMSecs(500));
-    QCOMPARE(full.description(), QStringLiteral("first"));
-
-    const KRGPXTrackPoint bare(KRTestXml::element("<trkpt><x><time>2024-05-01T12:00:00Z</time></x></trkpt>"));
-    QVERIFY(!bare.timeStamp().isValid());
-    QCOMPARE(bare.elevation(), 0);
-    QVERIFY(bare.description().isEmpty());
+    QTEST(KRGPXTrackPoint(KRTestXml::element(xml)).toKml(), "expected");
 }
 
 void tst_KRGPXTrackPoint::writeXml_data()

@@ -42,8 +42,6 @@ class tst_KRGPXTrackSmoothing : public QObject
     Q_OBJECT
 
 private slots:
-    void estimateFixPoints_data();
-    void estimateFixPoints();
     void movedPoints_data();
     void movedPoints();
     void pullsTowardTheChord_data();
@@ -52,25 +50,6 @@ private slots:
     void pointOnBothAnchors();
 };
 
-void tst_KRGPXTrackSmoothing::estimateFixPoints_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("fewer steps than points") << 10 << 3 << 3;
-    QTest::newRow("more steps than points") << 3 << 10 << 3;
-    QTest::newRow("no steps") << 10 << 0 << 1;
-    QTest::newRow("negative steps") << 10 << -4 << 1;
-    QTest::newRow("no points") << 0 << 5 << 1;
-}
-
-void tst_KRGPXTrackSmoothing::estimateFixPoints()
-{
-    QFETCH(int, count);
-    QFETCH(int, steps);
-    QTEST(KRGPXTrackSmoothing(nullptr, 0, 1, 1).estimateFixPoints(count, steps), "expected");
-}
-
 void tst_KRGPXTrackSmoothing::movedPoints_data()
 {
     QTest::addColumn<int>("count");
@@ -78,6 +57,7 @@ void tst_KRGPXTrackSmoothing::movedPoints_data()
     QTest::addColumn<int>("steps");
     QTest::addColumn<QList<int>>("expected");
     QTest::newRow("one step: all but the ends") << 10 << 0.5 << 1 << QList<int>{1, 2, 3, 4, 5, 6, 7, 8};
+    QTest::newRow("less than one step is one") << 4 << 0.5 << -3 << QList<int>{1, 2};
     QTest::newRow("three steps: anchors at 2, 5 and 9") << 10 << 0.5 << 3 << QList<int>{1, 3, 4, 6, 7, 8};
     QTest::newRow("half as many steps as points: anchors are the odd ones") << 8 << 0.5 << 4 << QList<int>{2, 4, 6};
     QTest::newRow("more than half as many steps") << 10 << 0.5 << 6 << QList<int>{};
