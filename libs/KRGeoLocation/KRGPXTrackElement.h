@@ -44,8 +44,8 @@ public:
 
 protected:
     KRGPXTrackElement() = default;
-    KRGPXTrackElement(const KRGPXTrackElement &other) = default;
-    KRGPXTrackElement(KRGPXTrackElement &&other) noexcept = default;
-    KRGPXTrackElement &operator=(const KRGPXTrackElement &other) = default;
-    KRGPXTrackElement &operator=(KRGPXTrackElement &&other) noexcept = default;
+    KRGPXTrackElement(const KRGPXTrackElement &) = default;
+    KRGPXTrackElement(KRGPXTrackElement &&) noexcept = default;
+    KRGPXTrackElement &operator=(const KRGPXTrackElement &) = default;
+    KRGPXTrackElement &operator=(KRGPXTrackElement &&) noexcept = default;
 };
