@@ -1,0 +1,215 @@
+#include "KRXmlStream.h"
+
+#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRFileHandler.h>
+#include <KRCore/KRXMLGuard.h>
+#include <KRCore/KRXMLLoader.h>
+#include <KRXML/KRXMLBuilder.h>
+
+#include <QBuffer>
+#include <QDomDocument>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+
+// The time that QXmlStreamReader takes for a tag, and that the DOM takes for its text, grows with the square of its
+// attributes. Each of these sums of squares stands for about a second.
+constexpr qint64 maximumAttributePairs = 100000000;
+constexpr qint64 maximumDomAttributePairs = 10000000;
+constexpr qint64 maximumFileBytes = qint64(4) << 30;
+constexpr int longestDeclaration = 200; // bytes
+
+QStringRef withoutPrefix(const QStringRef &qualifiedName)
+{
+    return qualifiedName.mid(qualifiedName.indexOf(QLatin1Char(':')) + 1);
+}
+
+/// A text whose declaration can be read byte by byte cannot be in the UTF-16 that some programs claim in it.
+QByteArray withoutWrongEncoding(const QByteArray &xml)
+{
+    static const QRegularExpression claim(
+        QStringLiteral("encoding\\s*=\\s*[\"'](utf-?16|utf-?32|ucs-?[24])[a-z_-]*[\"']"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QByteArray beginning = xml.left(longestDeclaration);
+    const QString declaration = QString::fromLatin1(beginning.left(std::max(0, beginning.indexOf("?>"))));
+    const QRegularExpressionMatch match = claim.match(declaration);
+    if (!match.hasMatch())
+        return xml;
+    QByteArray corrected = xml;
+    return corrected.replace(match.capturedStart(), match.capturedLength(), QByteArray(match.capturedLength(), ' '));
+}
+
+qint64 attributePairs(const QDomElement &element)
+{
+    const qint64 count = element.attributes().count();
+    qint64 pairs = count * count;
+    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
+        pairs += attributePairs(child);
+    return pairs;
+}
+
+} // namespace
+
+bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHistory *history, const Reader &reader)
+{
+    QBuffer buffer;
+    buffer.setData(withoutWrongEncoding(xml));
+    buffer.open(QIODevice::ReadOnly);
+    KRXmlStream stream(&buffer);
+    if (stream.readDocument(reader))
+        return true;
+    if (stream.reportRefusal(fileName, history))
+        return false;
+    return readMended(KRXMLLoader::parseDocumentElement(buffer.data(), fileName, history), fileName, history, reader);
+}
+
+bool KRXmlStream::read(const QFileInfo &file, KRErrorHistory *history, const Reader &reader, const Filter &filter)
+{
+    QFile source(file.filePath());
+    if (!KRFileHandler::openForReading(source, history, maximumFileBytes))
+        return false;
+    const std::unique_ptr<QIODevice> filtered = filter ? filter(&source) : nullptr;
+    KRXmlStream stream(filtered ? filtered.get() : &source);
+    if (stream.readDocument(reader))
+        return true;
+    if (stream.reportRefusal(file.filePath(), history))
+        return false;
+    return readMended(KRXMLLoader::loadDocumentElement(file, history), file.filePath(), history, reader);
+}
+
+/// False when nobody has refused the document.
+bool KRXmlStream::reportRefusal(const QString &fileName, KRErrorHistory *history) const
+{
+    if (!m_refusal.isNull())
+        KRErrorHistory::report(history, {fileName, line(), 0, m_refusal});
+    return !m_refusal.isNull();
+}
+
+/// Reads the XML that the builder makes of a DOM, which is free of all that the stream does not take.
+bool KRXmlStream::readMended(const QDomElement &root, const QString &fileName, KRErrorHistory *history,
+                             const Reader &reader)
+{
+    if (root.isNull())
+        return false;
+    if (attributePairs(root) > maximumDomAttributePairs) {
+        KRErrorHistory::report(history, {fileName, 0, 0, tr("Die Elemente haben zu viele Attribute.")});
+        return false;
+    }
+    QDomDocument document;
+    document.appendChild(document.importNode(root, true));
+    QBuffer buffer;
+    buffer.setData(KRXMLBuilder::toText(document).toUtf8());
+    buffer.open(QIODevice::ReadOnly);
+    KRXmlStream stream(&buffer);
+    stream.m_hasLines = false;
+    if (stream.readDocument(reader))
+        return true;
+    if (stream.reportRefusal(fileName, history))
+        return false;
+    KRErrorHistory::report(
+        history, {fileName, 0, 0, tr("Das Dokument wird nicht verstanden: %1").arg(stream.m_xml.errorString())});
+    return false;
+}
+
+KRXmlStream::KRXmlStream(QIODevice *device) : m_device(device), m_xml(&m_device)
+{
+    m_xml.setNamespaceProcessing(false);
+}
+
+QStringRef KRXmlStream::name() const
+{
+    return withoutPrefix(m_xml.qualifiedName());
+}
+
+QString KRXmlStream::attribute(const char *attributeName) const
+{
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    for (const QXmlStreamAttribute &attribute : attributes) {
+        if (withoutPrefix(attribute.qualifiedName()) == QLatin1String(attributeName))
+            return attribute.value().toString();
+    }
+    return QString();
+}
+
+void KRXmlStream::refuse(const QString &reason)
+{
+    m_refusal = reason;
+    m_xml.raiseError(reason);
+}
+
+bool KRXmlStream::readNextChild()
+{
+    for (;;) {
+        switch (readToken()) {
+        case QXmlStreamReader::StartElement:
+            return true;
+        case QXmlStreamReader::EndElement:
+        case QXmlStreamReader::EndDocument:
+        case QXmlStreamReader::Invalid:
+            return false;
+        default:
+            break;
+        }
+    }
+}
+
+void KRXmlStream::skipElement()
+{
+    const int depthOfParent = m_depth - 1;
+    while (m_depth > depthOfParent && !m_xml.atEnd())
+        readToken();
+}
+
+QString KRXmlStream::readText()
+{
+    QString text;
+    readText([&text](const QStringRef &piece) { text.append(piece); });
+    return text;
+}
+
+void KRXmlStream::readText(const std::function<void(const QStringRef &)> &take)
+{
+    const int depthOfParent = m_depth - 1;
+    while (m_depth > depthOfParent && !m_xml.atEnd()) {
+        if (readToken() == QXmlStreamReader::Characters)
+            take(m_xml.text());
+    }
+}
+
+/// False when the document is broken anywhere, also behind what the reader has looked at.
+bool KRXmlStream::readDocument(const Reader &reader)
+{
+    if (readNextChild())
+        reader(*this);
+    while (!m_xml.atEnd())
+        readToken();
+    return !m_xml.hasError();
+}
+
+/// Errors are raised without a reason here, since the DOM that reads the document then has one of its own.
+QXmlStreamReader::TokenType KRXmlStream::readToken()
+{
+    const QXmlStreamReader::TokenType token = m_xml.readNext();
+    m_device.startToken();
+    if (token == QXmlStreamReader::StartElement) {
+        ++m_depth;
+        checkTag();
+    } else if (token == QXmlStreamReader::EndElement) {
+        --m_depth;
+    } else if (token == QXmlStreamReader::DTD || token == QXmlStreamReader::EntityReference) {
+        m_xml.raiseError();
+    }
+    return m_xml.hasError() ? QXmlStreamReader::Invalid : token;
+}
+
+void KRXmlStream::checkTag()
+{
+    const qint64 count = m_xml.attributes().size();
+    m_attributePairs += count * count;
+    if (m_depth > KRXMLGuard::maximumDepth || m_attributePairs > maximumAttributePairs)
+        m_xml.raiseError();
+}

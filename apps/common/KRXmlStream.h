@@ -1,0 +1,81 @@
+#pragma once
+
+#include <KRGeoLocation/KRGPXGuardedDevice.h>
+
+#include <QCoreApplication>
+#include <QXmlStreamReader>
+
+#include <functional>
+#include <memory>
+
+class KRErrorHistory;
+class QDomElement;
+class QFileInfo;
+
+/**
+ * Reads XML of unknown origin element by element, in the depth and sizes that KRXMLGuard allows.
+ *
+ * Prefixes need not be declared; name() and attribute() leave them away. QXmlStreamReader refuses some of what other
+ * programs let pass (undeclared entities, duplicate attributes, control characters), and documents with a document
+ * type are not read here as they may hold entity bombs. Therefore documents are read with read(), which asks the DOM
+ * where the stream fails.
+ */
+class KRXmlStream
+{
+    Q_DECLARE_TR_FUNCTIONS(KRXmlStream)
+
+public:
+    /// Reads the children of the document element, at which the stream stands; called a second time, with all to be
+    /// read again, when the DOM has to help.
+    using Reader = std::function<void(KRXmlStream &stream)>;
+    using Filter = std::function<std::unique_ptr<QIODevice>(QIODevice *file)>;
+
+    /// False when the document cannot be read; the reason is reported then. @p fileName only names it in the report.
+    static bool read(const QByteArray &xml, const QString &fileName, KRErrorHistory *history, const Reader &reader);
+    /// The same for a file, which is not held in memory. What @p filter makes of the opened file is what is read.
+    static bool read(const QFileInfo &file, KRErrorHistory *history, const Reader &reader,
+                     const Filter &filter = Filter());
+
+    /// Reads from @p device, which is open and stays with the caller.
+    explicit KRXmlStream(QIODevice *device);
+
+    /// Without prefix.
+    QStringRef name() const;
+    /// With the prefix that the document uses.
+    QStringRef qualifiedName() const { return m_xml.qualifiedName(); }
+    bool isAt(const char *elementName) const { return name() == QLatin1String(elementName); }
+    QXmlStreamAttributes attributes() const { return m_xml.attributes(); }
+    /// Of the element that has just been entered, whatever its prefix; empty when there is none.
+    QString attribute(const char *attributeName) const;
+    /// Where the start tag of the current element ends, counted from 1; 0 for a text that the DOM has made.
+    int line() const { return m_hasLines ? int(m_xml.lineNumber()) : 0; }
+
+    /// Ends reading: the document is not read, for this reason, which is for users.
+    void refuse(const QString &reason);
+
+    /// Moves to the next child of the current element. False behind the last one, where the parent becomes current.
+    bool readNextChild();
+    void skipElement();
+    /// The text of the current element with that of all elements in it; moves behind the element.
+    QString readText();
+    /// The same piece by piece, for long texts.
+    void readText(const std::function<void(const QStringRef &piece)> &take);
+
+private:
+    Q_DISABLE_COPY(KRXmlStream)
+
+    bool reportRefusal(const QString &fileName, KRErrorHistory *history) const;
+    static bool readMended(const QDomElement &root, const QString &fileName, KRErrorHistory *history,
+                           const Reader &reader);
+
+    bool readDocument(const Reader &reader);
+    QXmlStreamReader::TokenType readToken();
+    void checkTag();
+
+    KRGPXGuardedDevice m_device;
+    QXmlStreamReader m_xml;
+    QString m_refusal;
+    qint64 m_attributePairs = 0;
+    int m_depth = 0;
+    bool m_hasLines = true;
+};

@@ -1,0 +1,86 @@
+#include "KRImportReport.h"
+
+#include "KRTestRegistry.h"
+
+#include <QtTest>
+
+class tst_KRImportReport : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void summary();
+    void countsMoreThanItKeeps();
+    void adds();
+    void everyKindHasTexts();
+};
+
+void tst_KRImportReport::summary()
+{
+    KRImportReport report(QStringLiteral("a/b.kml"));
+    QVERIFY(report.isEmpty());
+    QCOMPARE(report.summary(), QString());
+
+    report.add(KRImportReport::NetworkLink, 12, QStringLiteral(" the\nweather "));
+    for (int line = 1; line <= 3; ++line)
+        report.add(KRImportReport::GroundOverlay, line);
+    QVERIFY(!report.isEmpty());
+    QCOMPARE(report.summary(), QStringLiteral("3 Bodenüberlagerungen, 1 Netzwerkverweis nicht gezeichnet"));
+    QCOMPARE(report.count(KRImportReport::GroundOverlay), 3);
+    QCOMPARE(report.kinds(), (QList<KRImportReport::Kind>{KRImportReport::GroundOverlay, KRImportReport::NetworkLink}));
+
+    // In the order in which they were met, the name as one line.
+    QCOMPARE(report.items().first().line, 12);
+    QCOMPARE(KRImportReport::describe(report.items().first()), QStringLiteral("1 Netzwerkverweis „the weather“"));
+    QCOMPARE(KRImportReport::describe(report.items().last()), QStringLiteral("1 Bodenüberlagerung"));
+}
+
+void tst_KRImportReport::countsMoreThanItKeeps()
+{
+    KRImportReport report;
+    const int count = 10 * KRImportReport::maximumItems;
+    for (int line = 1; line <= count; ++line)
+        report.add(KRImportReport::UnreadablePosition, line);
+    report.add(KRImportReport::Tour, count + 1);
+    QCOMPARE(report.count(KRImportReport::UnreadablePosition), count);
+    QCOMPARE(report.count(KRImportReport::Tour), 1);
+    QCOMPARE(report.items().size(), KRImportReport::maximumItems);
+}
+
+void tst_KRImportReport::adds()
+{
+    KRImportReport report(QStringLiteral("a.kmz"));
+    report.add(KRImportReport::OtherDocument, 0, QStringLiteral("b.kml"));
+    KRImportReport other(QStringLiteral("doc.kml"));
+    other.add(KRImportReport::OtherDocument, 0);
+    other.add(KRImportReport::Model, 7);
+    other.add(KRImportReport::UnreadablePosition, 8, QStringLiteral("L"), 3);
+    QCOMPARE(KRImportReport::describe(other.items().last()), QStringLiteral("3 unlesbare Positionen „L“"));
+    report += other;
+    QCOMPARE(report.fileName(), QStringLiteral("a.kmz"));
+    QCOMPARE(report.summary(),
+             QStringLiteral("3 unlesbare Positionen, 1 Modell, 2 weitere KML-Dokumente nicht gezeichnet"));
+    QCOMPARE(report.items().size(), 4);
+}
+
+void tst_KRImportReport::everyKindHasTexts()
+{
+    QSet<QString> keys;
+    QSet<QString> summaries;
+    for (int number = 0; number <= KRImportReport::OtherDocument; ++number) {
+        const auto kind = static_cast<KRImportReport::Kind>(number);
+        KRImportReport report;
+        report.add(kind, 1);
+        keys.insert(KRImportReport::key(kind));
+        summaries.insert(report.summary());
+        report.add(kind, 2);
+        summaries.insert(report.summary());
+    }
+    QVERIFY(!keys.contains(QString()));
+    QCOMPARE(keys.size(), KRImportReport::OtherDocument + 1);
+    QCOMPARE(summaries.size(), 2 * (KRImportReport::OtherDocument + 1));
+}
+
+static const KRTestRegistration<tst_KRImportReport> registration;
+
+#include "tst_KRImportReport.moc"
