@@ -1,0 +1,46 @@
+#include "KRKmlFigure.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int mostPositionsForImporter = 100000;
+
+} // namespace
+
+KRKmlStyle::Use KRKmlFigure::use() const
+{
+    switch (geometry) {
+    case Point:
+        return KRKmlStyle::UseForPoint;
+    case Line:
+        return parts.first().isClosed() ? KRKmlStyle::UseForClosedLine : KRKmlStyle::UseForLine;
+    case NamedShape:
+    case Area:
+        break;
+    }
+    return KRKmlStyle::UseForArea;
+}
+
+bool KRKmlFigure::isCompletedLater() const
+{
+    const bool hasTimes =
+        std::any_of(parts.cbegin(), parts.cend(), [](const KRKmlCoordinates &part) { return part.hasTimes(); });
+    return hasTimes || (geometry != Area && parts.size() > 1) || parts.first().count() > mostPositionsForImporter;
+}
+
+QList<KRGPXTrackSegment> KRKmlFigure::segments() const
+{
+    QList<KRGPXTrackSegment> segments;
+    for (const KRKmlCoordinates &part : geometry == Area ? parts.mid(0, 1) : parts)
+        segments.append(part.toSegment());
+    return segments;
+}
+
+QList<KRGPXTrack> KRKmlFigure::holes() const
+{
+    QList<KRGPXTrack> holes;
+    for (int i = 1; i < parts.size(); ++i)
+        holes.append(KRGPXTrack(name, description, {parts.at(i).toSegment()}, PolygonTrackShape));
+    return holes;
+}

@@ -1,0 +1,81 @@
+#include "KRKmlImport.h"
+
+#include "KRKmlPreparation.h"
+#include "KRKmzArchive.h"
+
+#include <KRCore/KRFileHandler.h>
+#include <KRCore/KRLogger.h>
+#include <KRCore/KRXMLGuard.h>
+#include <KRGeoLocation/KRTrackSelectionFactoryKmlFile.h>
+
+#include <algorithm>
+
+namespace {
+
+/// Some archivers fill documents up with zero bytes; the importer reads up to the first one as well. In UTF-16 every
+/// other byte is zero from the start.
+QByteArray upToZeroByte(const QByteArray &kml)
+{
+    const int end = kml.indexOf('\0');
+    return end > 3 ? kml.left(end) : kml;
+}
+
+} // namespace
+
+KRKmlImport::KRKmlImport(const QFileInfo &file) : m_file(file), m_report(file.filePath()) { }
+
+bool KRKmlImport::supportsFile(const QFileInfo &file)
+{
+    return KRTrackSelectionFactoryKmlFile().supportsFile(file);
+}
+
+KRGPXConfiguredTrackList KRKmlImport::read(KRErrorHistory *history)
+{
+    const KRTrackSelectionFactoryKmlFile importer;
+    // As the factory logs the choice of an importer, which is made here without it.
+    KRLogger::instance()->logOSM(
+        QStringLiteral("ACTION:useFactory VALUE:%1").arg(importer.supportedFileFormats().join(QLatin1Char(','))));
+
+    const QByteArray kml = readDocument(history);
+    KRKmlPreparation preparation(m_file.filePath());
+    if (kml.isNull() || !preparation.read(upToZeroByte(kml), history))
+        return {};
+
+    KRGPXConfiguredTrackList tracks;
+    int count = 0;
+    for (int first = 0; first < preparation.figures().size(); first += count) {
+        const KRGPXConfiguredTrackList part =
+            importer.decode(preparation.document(first, &count), m_file.fileName(), history);
+        for (int i = 0; i < std::min(part.size(), count); ++i)
+            tracks.append(completed(part.at(i), preparation.figures().at(first + i)));
+    }
+    m_report += preparation.report();
+    return tracks;
+}
+
+QByteArray KRKmlImport::readDocument(KRErrorHistory *history)
+{
+    if (m_file.suffix().compare(QLatin1String("kmz"), Qt::CaseInsensitive) == 0)
+        return KRKmzArchive::read(m_file, history, &m_report);
+    return KRFileHandler::readAll(m_file, history, KRXMLGuard::maximumBytes);
+}
+
+KRGPXConfiguredTrack KRKmlImport::completed(const KRGPXConfiguredTrack &track, const KRKmlFigure &figure)
+{
+    const bool hasHoles = figure.geometry == KRKmlFigure::Area && figure.parts.size() > 1;
+    if (!hasHoles && !figure.isCompletedLater())
+        return track;
+
+    KRGPXTrack complete = track.track();
+    if (figure.isCompletedLater())
+        complete = KRGPXTrack(track.name(), track.description(), figure.segments(), complete.shape());
+    if (hasHoles) {
+        const QList<KRGPXTrack> holes = figure.holes();
+        for (const KRGPXTrack &hole : holes)
+            complete.addEnclave(hole);
+    }
+    // All points may suggest another shape than the first one does.
+    KRGPXTrackConfiguration configuration = track.configuration();
+    configuration.setTrackShape(AutoTrackShape);
+    return KRGPXConfiguredTrack(complete, configuration);
+}

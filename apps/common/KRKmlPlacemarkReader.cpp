@@ -1,0 +1,209 @@
+#include "KRKmlPlacemarkReader.h"
+
+#include "KRKmlCoordinatesReader.h"
+#include "KRXmlStream.h"
+
+#include <algorithm>
+
+namespace {
+
+QDateTime toDateTime(const QString &text)
+{
+    return QDateTime::fromString(text.trimmed(), Qt::ISODate);
+}
+
+/// Elements of a placemark that hold no geometry of it, but perhaps something that looks like one.
+bool isAside(const KRXmlStream &stream)
+{
+    return stream.isAt("ExtendedData") || stream.isAt("Metadata") || stream.isAt("Region") || stream.isAt("LookAt")
+           || stream.isAt("Camera") || stream.isAt("BalloonStyle");
+}
+
+void closeRings(QList<KRKmlCoordinates> *rings)
+{
+    for (KRKmlCoordinates &ring : *rings)
+        ring.close();
+}
+
+} // namespace
+
+QList<KRKmlFigure> KRKmlPlacemarkReader::read()
+{
+    const int line = m_stream.line();
+    while (m_stream.readNextChild())
+        readChild();
+    for (KRKmlFigure &figure : m_figures) {
+        figure.name = m_name;
+        figure.description = m_description;
+        figure.look = m_look;
+        if (figure.geometry == KRKmlFigure::NamedShape)
+            figure.shape = m_shape;
+        if (figure.geometry == KRKmlFigure::Point && m_time.isValid())
+            figure.parts.first().setTime(m_time);
+    }
+    reportFailures(line);
+    return m_nestedFigures + m_figures;
+}
+
+void KRKmlPlacemarkReader::readChild()
+{
+    if (m_stream.isAt("name")) {
+        m_name = m_stream.readText().trimmed();
+    } else if (m_stream.isAt("description")) {
+        m_description = m_stream.readText().trimmed();
+    } else if (m_stream.isAt("styleUrl")) {
+        m_look.reference = m_stream.readText().trimmed();
+    } else if (KRKmlStyleTable::isStyle(m_stream)) {
+        const KRKmlLook look = KRKmlStyleTable::readLook(m_stream);
+        if (!look.reference.isEmpty())
+            m_look.reference = look.reference;
+        m_look.style.override(look.style);
+    } else if (m_stream.isAt("TimeStamp")) {
+        while (m_stream.readNextChild())
+            m_time = toDateTime(m_stream.readText());
+    } else if (m_stream.isAt("shape")) {
+        m_shape = m_stream.readText();
+    } else {
+        readGeometry();
+    }
+}
+
+/// Reads the current element, whatever it is.
+void KRKmlPlacemarkReader::readGeometry()
+{
+    const int line = m_stream.line();
+    if (m_stream.isAt("Polygon")) {
+        readPolygon();
+    } else if (m_stream.isAt("Track")) {
+        Rings segments;
+        readTrack(&segments);
+        addFigure(KRKmlFigure::Line, segments, line);
+    } else if (m_stream.isAt("MultiTrack")) {
+        Rings segments;
+        while (m_stream.readNextChild()) {
+            if (m_stream.isAt("Track"))
+                readTrack(&segments);
+            else
+                m_stream.skipElement();
+        }
+        addFigure(KRKmlFigure::Line, segments, line);
+    } else if (m_stream.isAt("Point") || m_stream.isAt("LineString") || m_stream.isAt("LinearRing")
+               || m_stream.isAt("coordinates")) {
+        const KRKmlFigure::Geometry geometry = m_stream.isAt("Point")         ? KRKmlFigure::Point
+                                               : m_stream.isAt("coordinates") ? KRKmlFigure::NamedShape
+                                                                              : KRKmlFigure::Line;
+        KRKmlCoordinates coordinates;
+        collectCoordinates(&coordinates);
+        addFigure(geometry, {coordinates}, line);
+    } else if (m_stream.isAt("Model")) {
+        m_linesOfModels.append(line);
+        m_stream.skipElement();
+    } else if (m_stream.isAt("Placemark")) {
+        m_nestedFigures += KRKmlPlacemarkReader(m_stream, m_report).read();
+    } else if (isAside(m_stream)) {
+        m_stream.skipElement();
+    } else {
+        while (m_stream.readNextChild())
+            readGeometry();
+    }
+}
+
+void KRKmlPlacemarkReader::readPolygon()
+{
+    const int line = m_stream.line();
+    Rings outlines;
+    Rings holes;
+    while (m_stream.readNextChild())
+        collectRings(m_stream.isAt("innerBoundaryIs") ? &holes : &outlines);
+    closeRings(&outlines);
+    closeRings(&holes);
+    // What is no ring encloses nothing.
+    const auto firstRing = std::stable_partition(holes.begin(), holes.end(),
+                                                 [](const KRKmlCoordinates &hole) { return !hole.isClosed(); });
+    holes.erase(holes.begin(), firstRing);
+
+    if (outlines.isEmpty())
+        addFigure(KRKmlFigure::Area, {}, line);
+    for (int i = 0; i < outlines.size(); ++i)
+        addFigure(KRKmlFigure::Area, Rings{outlines.at(i)} + (i == 0 ? holes : Rings()), line);
+}
+
+/// Times and positions belong together in their order, however they are mixed.
+void KRKmlPlacemarkReader::readTrack(Rings *segments)
+{
+    QList<QDateTime> times;
+    QStringList positions;
+    while (m_stream.readNextChild()) {
+        if (m_stream.isAt("when"))
+            times.append(toDateTime(m_stream.readText()));
+        else if (m_stream.isAt("coord"))
+            positions.append(m_stream.readText());
+        else
+            m_stream.skipElement();
+    }
+    KRKmlCoordinates segment;
+    for (int i = 0; i < positions.size(); ++i)
+        segment.appendTrackPosition(positions.at(i), times.value(i));
+    segments->append(segment);
+}
+
+/// Reads all "coordinates" in the current element, which may be one itself.
+void KRKmlPlacemarkReader::collectCoordinates(KRKmlCoordinates *coordinates)
+{
+    if (!m_stream.isAt("coordinates")) {
+        while (m_stream.readNextChild())
+            collectCoordinates(coordinates);
+        return;
+    }
+    KRKmlCoordinatesReader reader(coordinates);
+    m_stream.readText([&reader](const QStringRef &piece) { reader.read(piece); });
+    reader.finish();
+}
+
+/// The same with each "coordinates" apart.
+void KRKmlPlacemarkReader::collectRings(Rings *rings)
+{
+    if (m_stream.isAt("coordinates")) {
+        rings->append(KRKmlCoordinates());
+        collectCoordinates(&rings->last());
+        return;
+    }
+    while (m_stream.readNextChild())
+        collectRings(rings);
+}
+
+void KRKmlPlacemarkReader::addFigure(KRKmlFigure::Geometry geometry, const QList<KRKmlCoordinates> &parts, int line)
+{
+    KRKmlFigure figure;
+    figure.geometry = geometry;
+    int unreadableCount = 0;
+    for (const KRKmlCoordinates &part : parts) {
+        unreadableCount += part.unreadableCount();
+        if (!part.isEmpty())
+            figure.parts.append(part);
+    }
+    // Holes without an outline are no area.
+    if (figure.parts.isEmpty() || (geometry == KRKmlFigure::Area && parts.first().isEmpty())) {
+        m_linesWithoutPosition.append(line);
+        return;
+    }
+    if (unreadableCount > 0)
+        m_unreadablePositions.append({KRImportReport::UnreadablePosition, line, QString(), unreadableCount});
+    m_figures.append(figure);
+}
+
+void KRKmlPlacemarkReader::reportFailures(int line)
+{
+    for (const int place : std::as_const(m_linesOfModels))
+        m_report.add(KRImportReport::Model, place, m_name);
+    for (const KRImportReport::Item &positions : std::as_const(m_unreadablePositions))
+        m_report.add(positions.kind, positions.line, m_name, positions.count);
+    if (m_figures.isEmpty() && !m_linesWithoutPosition.isEmpty()) {
+        m_report.add(KRImportReport::PlacemarkWithoutPosition, line, m_name);
+    } else if (m_figures.isEmpty() && m_linesOfModels.isEmpty()) {
+        m_report.add(KRImportReport::PlacemarkWithoutGeometry, line, m_name);
+    } else {
+        for (const int place : std::as_const(m_linesWithoutPosition))
+            m_report.add(KRImportReport::GeometryWithoutPosition, place, m_name);
+    }
+}
