@@ -1,0 +1,213 @@
+#include "KRGpxPreparation.h"
+
+#include "KRGpxPointSkimmer.h"
+#include "KRXmlStream.h"
+
+#include <KRCore/KRMath.h>
+
+#include <cmath>
+
+namespace {
+
+const QString trackElement = QStringLiteral("trk");
+const QString nameElement = QStringLiteral("name");
+const QString segmentElement = QStringLiteral("trkseg");
+const QString trackPointElement = QStringLiteral("trkpt");
+const QString compressedPointsElement = QStringLiteral("compressedPoints");
+const QString wayPointElement = QStringLiteral("wpt");
+const QString routeElement = QStringLiteral("rte");
+const QString routePointElement = QStringLiteral("rtept");
+
+/// A number that is one, not finite for anything else.
+double toDouble(const QString &text)
+{
+    bool isNumber = false;
+    const double value = text.toDouble(&isNumber);
+    return isNumber ? value : std::nan("");
+}
+
+/// Not valid when the latitude or the longitude is missing, no number or not on the globe.
+KRGeoPosition readPosition(const KRXmlStream &stream)
+{
+    const double latitude = toDouble(stream.attribute("lat"));
+    const double longitude = toDouble(stream.attribute("lon"));
+    const bool isOnGlobe = std::abs(latitude) <= 90.0 && std::abs(longitude) <= 360.0;
+    return isOnGlobe ? KRGeoPosition(latitude, longitude) : KRGeoPosition();
+}
+
+/// A "wpt" or an "rtept".
+struct GpxPoint {
+    KRGeoPosition position; // not valid when it could not be read
+    int elevation = 0;
+    QDateTime time;
+    QString name;
+    QString comment;
+    QString description;
+
+    KRGPXTrackPoint toTrackPoint() const { return KRGPXTrackPoint(position, elevation, time, description); }
+};
+
+GpxPoint readPoint(KRXmlStream &stream, const KRGpxNames &names)
+{
+    GpxPoint point;
+    // Intended: a device that knows no position writes (0, 0), which is not valid either.
+    point.position = readPosition(stream);
+    while (stream.readNextChild()) {
+        const QStringRef name = names.name(stream);
+        if (name == QLatin1String("ele"))
+            point.elevation = KRMath::toInt(toDouble(stream.readText()));
+        else if (name == QLatin1String("time"))
+            point.time = QDateTime::fromString(stream.readText().trimmed(), Qt::ISODate);
+        else if (name == QLatin1String("name"))
+            point.name = stream.readText().trimmed();
+        else if (name == QLatin1String("cmt"))
+            point.comment = stream.readText().trimmed();
+        else if (name == QLatin1String("desc"))
+            point.description = stream.readText().trimmed();
+        else
+            stream.skipElement();
+    }
+    return point;
+}
+
+QString firstNonEmpty(const QString &a, const QString &b)
+{
+    return a.isEmpty() ? b : a;
+}
+
+} // namespace
+
+bool KRGpxPreparation::hasPosition(const KRXmlStream &stream)
+{
+    // Unlike in a way point, (0, 0) in a record is left to the importer.
+    return readPosition(stream).latitude().isValid();
+}
+
+bool KRGpxPreparation::read(KRErrorHistory *history)
+{
+    const auto skim = [](QIODevice *file) { return std::make_unique<KRGpxPointSkimmer>(file); };
+    return KRXmlStream::read(
+        m_file, history, [this](KRXmlStream &stream) { readDocument(stream); }, skim);
+}
+
+void KRGpxPreparation::readDocument(KRXmlStream &stream)
+{
+    *this = KRGpxPreparation(m_file);
+    m_names = KRGpxNames(stream);
+    while (stream.readNextChild()) {
+        if (m_names.isAt(stream, trackElement))
+            readTrack(stream);
+        else if (m_names.isAt(stream, wayPointElement))
+            readWayPoint(stream);
+        else if (m_names.isAt(stream, routeElement))
+            readRoute(stream);
+        else
+            stream.skipElement();
+    }
+}
+
+void KRGpxPreparation::readTrack(KRXmlStream &stream)
+{
+    const int line = stream.line();
+    m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
+    QString name;
+    bool hasSegment = false;
+    PointCount count;
+    while (stream.readNextChild()) {
+        if (m_names.isAt(stream, segmentElement)) {
+            hasSegment = true;
+            readSegment(stream, &count);
+        } else if (m_names.isAt(stream, nameElement)) {
+            name = stream.readText();
+        } else {
+            stream.skipElement();
+        }
+    }
+    if (hasSegment)
+        ++m_countOfOwnTracks;
+    m_needsRewriting = m_needsRewriting || count.unreadable > 0;
+    report(KRImportReport::TrackWithoutPosition, line, name, count);
+}
+
+void KRGpxPreparation::readSegment(KRXmlStream &stream, PointCount *count)
+{
+    m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
+    while (stream.readNextChild()) {
+        if (m_names.isAt(stream, trackPointElement)) {
+            m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
+            count->add(hasPosition(stream), stream.line());
+            stream.skipElement();
+        } else if (m_names.isAt(stream, compressedPointsElement)) {
+            if (!stream.readText().trimmed().isEmpty())
+                ++count->readable;
+        } else {
+            stream.skipElement();
+        }
+    }
+}
+
+void KRGpxPreparation::readWayPoint(KRXmlStream &stream)
+{
+    const int line = stream.line();
+    const GpxPoint point = readPoint(stream, m_names);
+    ++m_wayPointNumber;
+    if (!point.position.isValid()) {
+        m_report.add(KRImportReport::WayPointWithoutPosition, line, point.name);
+        return;
+    }
+    const QString name = firstNonEmpty(point.name, tr("Wegpunkt %1").arg(m_wayPointNumber));
+    m_wayPoints.append(KRGPXTrack(name, firstNonEmpty(point.description, point.comment),
+                                  {KRGPXTrackSegment(point.toTrackPoint())}, PointTrackShape));
+}
+
+void KRGpxPreparation::readRoute(KRXmlStream &stream)
+{
+    const int line = stream.line();
+    QString name;
+    QString comment;
+    QString description;
+    QList<KRGPXTrackPoint> points;
+    PointCount count;
+    while (stream.readNextChild()) {
+        if (m_names.isAt(stream, routePointElement)) {
+            const int pointLine = stream.line();
+            const GpxPoint point = readPoint(stream, m_names);
+            count.add(point.position.isValid(), pointLine);
+            if (point.position.isValid())
+                points.append(point.toTrackPoint());
+        } else if (m_names.isAt(stream, nameElement)) {
+            name = stream.readText().trimmed();
+        } else if (m_names.isAt(stream, QStringLiteral("cmt"))) {
+            comment = stream.readText().trimmed();
+        } else if (m_names.isAt(stream, QStringLiteral("desc"))) {
+            description = stream.readText().trimmed();
+        } else {
+            stream.skipElement();
+        }
+    }
+    ++m_routeNumber;
+    report(KRImportReport::RouteWithoutPosition, line, name, count);
+    if (points.isEmpty())
+        return;
+    m_routes.append(KRGPXTrack(firstNonEmpty(name, tr("Route %1").arg(m_routeNumber)),
+                               firstNonEmpty(description, comment), {KRGPXTrackSegment(points)}, LineStringTrackShape));
+}
+
+void KRGpxPreparation::report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count)
+{
+    if (count.readable == 0)
+        m_report.add(kindOfWhole, line, name);
+    else if (count.unreadable > 0)
+        m_report.add(KRImportReport::UnreadablePosition, count.firstUnreadableLine, name, count.unreadable);
+}
+
+void KRGpxPreparation::PointCount::add(bool isReadable, int line)
+{
+    if (isReadable) {
+        ++readable;
+        return;
+    }
+    if (unreadable == 0)
+        firstUnreadableLine = line;
+    ++unreadable;
+}

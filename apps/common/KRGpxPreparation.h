@@ -1,0 +1,66 @@
+#pragma once
+
+#include "KRGpxNames.h"
+#include "KRImportReport.h"
+
+#include <KRGeoLocation/KRGPXTrack.h>
+
+#include <QFileInfo>
+
+class KRErrorHistory;
+class KRXmlStream;
+
+/**
+ * Finds in a GPX file what the importer passes over: way points ("wpt"), which become tracks of one point, and routes
+ * ("rte"), which become lines. Tracks, routes and way points without a readable position go to the report.
+ *
+ * The importer does not know prefixed elements, and it reads a latitude or a longitude that is no number as 1 degree.
+ * Such files need to be rewritten before it gets them.
+ */
+class KRGpxPreparation
+{
+    Q_DECLARE_TR_FUNCTIONS(KRGpxPreparation)
+
+public:
+    explicit KRGpxPreparation(const QFileInfo &file) : m_file(file), m_report(file.filePath()) { }
+
+    /// Whether the current element has a latitude and a longitude, of a place on the globe; (0, 0) is one.
+    static bool hasPosition(const KRXmlStream &stream);
+
+    /// False when the file cannot be read; the reason is reported then.
+    bool read(KRErrorHistory *history);
+
+    /// The way points, then the routes, each in the order of the file.
+    QList<KRGPXTrack> tracks() const { return m_wayPoints + m_routes; }
+    /// How many tracks the importer should find, those without a position included.
+    int countOfOwnTracks() const { return m_countOfOwnTracks; }
+    bool needsRewriting() const { return m_needsRewriting; }
+    const KRImportReport &report() const { return m_report; }
+
+private:
+    /// The points of a track or a route.
+    struct PointCount {
+        int readable = 0;
+        int unreadable = 0;
+        int firstUnreadableLine = 0;
+
+        void add(bool isReadable, int line);
+    };
+
+    void readDocument(KRXmlStream &stream);
+    void readTrack(KRXmlStream &stream);
+    void readSegment(KRXmlStream &stream, PointCount *count);
+    void readWayPoint(KRXmlStream &stream);
+    void readRoute(KRXmlStream &stream);
+    void report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count);
+
+    QFileInfo m_file;
+    KRGpxNames m_names;
+    QList<KRGPXTrack> m_wayPoints;
+    QList<KRGPXTrack> m_routes;
+    int m_countOfOwnTracks = 0;
+    bool m_needsRewriting = false;
+    int m_wayPointNumber = 0; // of all in the file, also those that are left out
+    int m_routeNumber = 0;
+    KRImportReport m_report;
+};
