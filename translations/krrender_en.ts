@@ -171,6 +171,18 @@
         <source>„%1“ hat keine bekannte Endung (png, jpg, jpeg, webp, gpx, kml, kmz).</source>
         <translation>&quot;%1&quot; has no known suffix (png, jpg, jpeg, webp, gpx, kml, kmz).</translation>
     </message>
+    <message>
+        <source>Liest aus GPX nur Strecken und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.</source>
+        <translation>Reads only tracks from GPX and only simple placemarks from KML, and does not tell what is missing.</translation>
+    </message>
+    <message>
+        <source>Macht jeden Abschnitt zu einer eigenen Route, ohne Linie über die Pausen.</source>
+        <translation>Makes each segment a route of its own, without a line across the pauses.</translation>
+    </message>
+    <message>
+        <source>Endet mit 1, wenn etwas in einer Datei nicht gezeichnet werden kann.</source>
+        <translation>Exits with 1 when something in a file cannot be drawn.</translation>
+    </message>
 </context>
 <context>
     <name>KRRenderProgram</name>

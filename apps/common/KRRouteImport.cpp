@@ -1,10 +1,14 @@
 #include "KRRouteImport.h"
 
+#include "KRGpxImport.h"
+#include "KRKmlImport.h"
 #include "KRRouteDocument.h"
+#include "KRSegmentSplitter.h"
 
 #include <KRCore/KRFileHandler.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
+#include <KRGeoLocation/KRTrackSelectionFactoryKmlFile.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -27,16 +31,19 @@ void KRRouteImport::readFile(const QString &fileName)
         readDocument(fileName);
         return;
     }
-    const KRTrackSelectionFactory *const factory = KRTrackSelectionFactory::instance();
-    const QUrl url = QUrl::fromLocalFile(QFileInfo(fileName).absoluteFilePath());
-    if (factory->supportsFile(url)) {
-        const KRGPXConfiguredTrackList tracks = factory->createConfiguredTrackList(url);
-        if (tracks.isValid()) {
-            m_tracks += tracks;
-            return;
-        }
-    }
-    explain(fileName);
+    const QFileInfo file(fileName);
+    const bool isSupported = KRTrackSelectionFactory::instance()->supportsFile(QUrl::fromLocalFile(fileName));
+    const int knownProblems = m_problems.entries().size();
+    KRGPXConfiguredTrackList tracks;
+    if (!m_isPlain && KRGpxImport::supportsFile(file))
+        tracks = readCompletely(KRGpxImport(file));
+    else if (!m_isPlain && KRKmlImport::supportsFile(file))
+        tracks = readCompletely(KRKmlImport(file));
+    else if (isSupported)
+        tracks = readPlainly(file);
+    addTracks(tracks);
+    if (tracks.isEmpty() && m_problems.entries().size() == knownProblems)
+        explain(fileName, isSupported);
 }
 
 void KRRouteImport::readDocument(const QString &fileName)
@@ -44,31 +51,55 @@ void KRRouteImport::readDocument(const QString &fileName)
     KRRouteDocument document;
     if (!document.load(QFileInfo(fileName), &m_problems))
         return;
-    m_tracks += document.selection().tracks();
+    addTracks(document.selection().tracks());
     m_croppingOpacity = document.selection().nominalCroppingOpacity();
 }
 
-void KRRouteImport::explain(const QString &fileName)
+template <typename Import>
+KRGPXConfiguredTrackList KRRouteImport::readCompletely(Import &&import)
+{
+    const KRGPXConfiguredTrackList tracks = import.read(&m_problems);
+    if (!import.report().isEmpty())
+        m_reports.append(import.report());
+    return tracks;
+}
+
+KRGPXConfiguredTrackList KRRouteImport::readPlainly(const QFileInfo &file)
+{
+    const KRGPXConfiguredTrackList tracks =
+        KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(file.absoluteFilePath()));
+    if (!tracks.isEmpty())
+        return tracks;
+    // The importers tell nothing: read once more what failed, for its reason.
+    if (KRKmlImport::supportsFile(file)) {
+        const KRTrackSelectionFactoryKmlFile importer;
+        importer.decode(importer.readFile(file, &m_problems), file.filePath(), &m_problems);
+    } else {
+        const KRGPXTrackFile reading(file, &m_problems);
+    }
+    return tracks;
+}
+
+void KRRouteImport::addTracks(const KRGPXConfiguredTrackList &tracks)
+{
+    m_tracks += m_splitsSegments ? KRSegmentSplitter::split(tracks) : tracks;
+}
+
+/// Called for a file that gave no track and no reason.
+void KRRouteImport::explain(const QString &fileName, bool isSupported)
 {
     QFile file(fileName);
     if (!KRFileHandler::openForReading(file, &m_problems, std::numeric_limits<qint64>::max()))
         return;
-    file.close();
-
-    const KRTrackSelectionFactory *const factory = KRTrackSelectionFactory::instance();
-    if (!factory->supportsFile(QUrl::fromLocalFile(fileName))) {
-        const QStringList formats =
-            factory->supportedFileFormats() + QStringList(QStringLiteral("*.") + KRRouteDocument::suffix());
-        addProblem(
-            fileName,
-            tr("Dieses Dateiformat wird nicht unterstützt (lesbar sind %1).").arg(formats.join(QStringLiteral(", "))));
+    if (isSupported) {
+        addProblem(fileName, tr("Die Datei enthält keine Strecke."));
         return;
     }
-    // The importers tell nothing: read once more what failed, for its reason.
-    const int known = m_problems.entries().size();
-    const KRGPXTrackFile reading(QFileInfo(fileName), &m_problems);
-    if (m_problems.entries().size() == known)
-        addProblem(fileName, tr("Die Datei enthält keine Strecke."));
+    const QStringList formats = KRTrackSelectionFactory::instance()->supportedFileFormats()
+                                + QStringList(QStringLiteral("*.") + KRRouteDocument::suffix());
+    addProblem(
+        fileName,
+        tr("Dieses Dateiformat wird nicht unterstützt (lesbar sind %1).").arg(formats.join(QStringLiteral(", "))));
 }
 
 void KRRouteImport::addProblem(const QString &fileName, const QString &reason)

@@ -40,6 +40,13 @@ constexpr OptionText optionTexts[] = {
      QT_TRANSLATE_NOOP("KRRenderOptions",
                        "Zeichnet die Fluglinie zwischen zwei Orten, zum Beispiel „Oldenburg .. Sydney“ oder „N53.1 "
                        "E8.2 .. S33.9 E151.2“; auch mehrmals.")},
+    {"plain", "",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Liest aus GPX nur Strecken und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.")},
+    {"split-segments", "",
+     QT_TRANSLATE_NOOP("KRRenderOptions", "Macht jeden Abschnitt zu einer eigenen Route, ohne Linie über die Pausen.")},
+    {"strict", "",
+     QT_TRANSLATE_NOOP("KRRenderOptions", "Endet mit 1, wenn etwas in einer Datei nicht gezeichnet werden kann.")},
     {"line-color", "COLOR", QT_TRANSLATE_NOOP("KRRenderOptions", "Linienfarbe: #RRGGBB, #AARRGGBB oder ein Name.")},
     {"line-width", "PIXELS", QT_TRANSLATE_NOOP("KRRenderOptions", "Linienbreite in Pixeln.")},
     {"fill-color", "COLOR", QT_TRANSLATE_NOOP("KRRenderOptions", "Füllfarbe von Flächen und Markern.")},
@@ -108,6 +115,9 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
         return;
     }
     m_inputs = parser.positionalArguments();
+    m_isPlain = parser.isSet(QStringLiteral("plain"));
+    m_splitsSegments = parser.isSet(QStringLiteral("split-segments"));
+    m_isStrict = parser.isSet(QStringLiteral("strict"));
     m_isQuiet = parser.isSet(QStringLiteral("quiet"));
     m_isVerbose = parser.isSet(QStringLiteral("verbose"));
     readTask(parser);

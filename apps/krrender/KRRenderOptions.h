@@ -43,6 +43,11 @@ public:
     QString helpText() const { return m_helpText; }
 
     QStringList inputs() const { return m_inputs; }
+    /// Whether files go to the importers as they are.
+    bool isPlain() const { return m_isPlain; }
+    bool splitsSegments() const { return m_splitsSegments; }
+    /// Whether it is a failure when something in a file cannot be drawn.
+    bool isStrict() const { return m_isStrict; }
     QList<Beeline> beelines() const { return m_beelines; }
     /// Path of the route document to write, empty for none.
     QString document() const { return m_document; }
@@ -81,6 +86,9 @@ private:
     QString m_problem;
     QString m_helpText;
     QStringList m_inputs;
+    bool m_isPlain = false;
+    bool m_splitsSegments = false;
+    bool m_isStrict = false;
     QList<Beeline> m_beelines;
     QString m_document;
     QString m_output;

@@ -66,7 +66,7 @@ int KRRenderProgram::run()
     case KRRenderOptions::Task::PrintTable:
         return print(KRTrackTable(tracks.tracks()).toText().toLocal8Bit());
     case KRRenderOptions::Task::PrintJson:
-        return print(KRTrackTable(tracks.tracks()).toJson(m_import.problems()));
+        return print(KRTrackTable(tracks.tracks()).toJson(m_import.problems(), m_import.reports()));
     default:
         return writeFiles(tracks);
     }
@@ -79,7 +79,8 @@ int KRRenderProgram::print(const QByteArray &bytes) const
 
 int KRRenderProgram::codeOfImport() const
 {
-    return m_import.problems().isEmpty() ? AllDone : SomethingLeftOut;
+    const bool isIncomplete = m_options.isStrict() && !m_import.reports().isEmpty();
+    return m_import.problems().isEmpty() && !isIncomplete ? AllDone : SomethingLeftOut;
 }
 
 int KRRenderProgram::writeFiles(const KRGPXTrackSelection &tracks)
@@ -124,11 +125,28 @@ void KRRenderProgram::readRoutes()
     m_import.setProgressFunction([this](const QString &fileName, int number, int count) {
         showProgress(tr("%1/%2 %3 wird gelesen").arg(QString::number(number), QString::number(count), fileName));
     });
+    m_import.setPlain(m_options.isPlain());
+    m_import.setSplitSegments(m_options.splitsSegments());
     m_import.read(m_options.inputs());
     for (const KRErrorHistory::Entry &problem : m_import.problems().entries())
         printLine(stderr, QStringLiteral("krrender: ") + problem.toString());
+    for (const KRImportReport &report : m_import.reports())
+        printReport(report);
     if (m_options.isVerbose())
         say(tr("%1 Strecken, in %2 ms gelesen").arg(m_import.tracks().size()).arg(timer.elapsed()));
+}
+
+void KRRenderProgram::printReport(const KRImportReport &report) const
+{
+    const QString fileName = QStringLiteral("krrender: ") + report.fileName();
+    say(QStringLiteral("%1: %2").arg(fileName, report.summary()));
+    if (!m_options.isVerbose())
+        return;
+    for (const KRImportReport::Item &item : report.items()) {
+        const QString place =
+            item.line > 0 ? QStringLiteral("%1:%2").arg(fileName, QString::number(item.line)) : fileName;
+        say(QStringLiteral("%1: %2").arg(place, KRImportReport::describe(item)));
+    }
 }
 
 KRGPXTrackSelection KRRenderProgram::selection() const

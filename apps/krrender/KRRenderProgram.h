@@ -27,6 +27,7 @@ public:
 
 private:
     void readRoutes();
+    void printReport(const KRImportReport &report) const;
     int codeOfImport() const;
     int print(const QByteArray &bytes) const;
     int writeFiles(const KRGPXTrackSelection &tracks);

@@ -1,5 +1,6 @@
 #include "KRTrackTable.h"
 
+#include "KRImportReport.h"
 #include "KRSamplePlaces.h"
 #include "KRTrackFigures.h"
 
@@ -107,6 +108,15 @@ QString aligned(const QList<QStringList> &rows, const QList<int> &numberColumns)
     return text;
 }
 
+/// Line and column are 0 where they are not known.
+QJsonObject problemObject(const QString &fileName, int line, int column, const QString &reason)
+{
+    return {{QStringLiteral("file"), fileName},
+            {QStringLiteral("line"), line},
+            {QStringLiteral("column"), column},
+            {QStringLiteral("reason"), reason}};
+}
+
 } // namespace
 
 QString KRTrackTable::placesText()
@@ -133,18 +143,23 @@ QString KRTrackTable::toText() const
     return aligned(rows, {0, 3, 4, 5});
 }
 
-QByteArray KRTrackTable::toJson(const KRErrorHistory &problems) const
+QByteArray KRTrackTable::toJson(const KRErrorHistory &problems, const QList<KRImportReport> &reports) const
 {
     QJsonArray tracks;
     for (const KRGPXConfiguredTrack &track : m_tracks)
         tracks.append(trackValue(track));
 
     QJsonArray problemValues;
-    for (const KRErrorHistory::Entry &problem : problems.entries()) {
-        problemValues.append(QJsonObject{{QStringLiteral("file"), problem.fileName},
-                                         {QStringLiteral("line"), problem.line},
-                                         {QStringLiteral("column"), problem.column},
-                                         {QStringLiteral("reason"), problem.reason}});
+    for (const KRErrorHistory::Entry &problem : problems.entries())
+        problemValues.append(problemObject(problem.fileName, problem.line, problem.column, problem.reason));
+    for (const KRImportReport &report : reports) {
+        for (const KRImportReport::Item &item : report.items()) {
+            QJsonObject problem = problemObject(report.fileName(), item.line, 0, KRImportReport::describe(item));
+            problem.insert(QStringLiteral("kind"), KRImportReport::key(item.kind));
+            problem.insert(QStringLiteral("name"), item.name);
+            problem.insert(QStringLiteral("count"), item.count);
+            problemValues.append(problem);
+        }
     }
     const QJsonObject root{{QStringLiteral("tracks"), tracks}, {QStringLiteral("problems"), problemValues}};
     return QJsonDocument(root).toJson();

@@ -6,6 +6,7 @@
 #include <QString>
 
 class KRErrorHistory;
+class KRImportReport;
 
 /**
  * Tells of tracks in numbers, one after the other: as a table for people or as JSON for programs.
@@ -25,9 +26,10 @@ public:
 
     /**
      * An object with "tracks" and "problems" (file, line, column, reason). Coordinates are decimal degrees,
-     * lengths kilometres, times ISO 8601 in UTC; what a track does not have is null.
+     * lengths kilometres, times ISO 8601 in UTC; what a track does not have is null. Problems out of a report, parts
+     * of a file that are not drawn, also have a kind, a name and a count.
      */
-    QByteArray toJson(const KRErrorHistory &problems) const;
+    QByteArray toJson(const KRErrorHistory &problems, const QList<KRImportReport> &reports) const;
 
 private:
     KRGPXConfiguredTrackList m_tracks;

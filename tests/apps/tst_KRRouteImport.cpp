@@ -30,6 +30,9 @@ private slots:
     void initTestCase() { QLoggingCategory::setFilterRules(QStringLiteral("kr.*=false")); }
     void cleanupTestCase() { QLoggingCategory::setFilterRules(QString()); }
     void readsWhatItCanAndExplainsTheRest();
+    void plainOrComplete();
+    void explainsPlainFiles();
+    void splitsSegments();
     void figures();
 
 private:
@@ -52,7 +55,7 @@ void tst_KRRouteImport::readsWhatItCanAndExplainsTheRest()
     const QString upperCase = write(QStringLiteral("again.GPX"), tour);
     const QString broken = write(QStringLiteral("broken.gpx"), "<gpx>\n<trk><trkseg></gpx>");
     const QString empty = write(QStringLiteral("empty.gpx"), QByteArray());
-    const QString trackless = write(QStringLiteral("trackless.gpx"), "<gpx><wpt lat=\"1\" lon=\"2\"/></gpx>");
+    const QString trackless = write(QStringLiteral("trackless.gpx"), "<gpx><metadata/></gpx>");
     const QString foreign = write(QStringLiteral("notes.txt"), "notes");
     const QString missing = m_dir.filePath(QStringLiteral("missing.gpx"));
     const QString fifo = m_dir.filePath(QStringLiteral("fifo.gpx"));
@@ -79,6 +82,64 @@ for (const KRErrorHistory::Entry &problem : import.problems().entries()) {
 QCOMPARE(explained, useless);
 QCOMPARE(reasons.size(), useless.size());
 QCOMPARE(import.problems().entries().at(0).line, 2);
+}
+
+void tst_KRRouteImport::plainOrComplete()
+{
+    const QStringList files{
+        write(QStringLiteral("way points.gpx"), "<gpx><wpt lat=\"1\" lon=\"2\"/><trk><name>T</name><trkseg>"
+                                                "<trkpt lat=\"1\" lon=\"2\"/></trkseg></trk><rte/></gpx>"),
+        write(QStringLiteral("two points.kml"), "<kml><Document><Placemark><MultiGeometry><Point><coordinates>8,53"
+                                                "</coordinates></Point><Point><coordinates>9,54</coordinates></Point>"
+                                                "</MultiGeometry></Placemark><NetworkLink/></Document></kml>")};
+    KRRouteImport complete;
+    complete.read(files);
+    QCOMPARE(complete.tracks().size(), 4);
+    QCOMPARE(complete.reports().size(), 2);
+    QCOMPARE(complete.reports().at(0).fileName(), files.at(0));
+    QCOMPARE(complete.reports().at(0).count(KRImportReport::RouteWithoutPosition), 1);
+    QCOMPARE(complete.reports().at(1).fileName(), files.at(1));
+    QCOMPARE(complete.reports().at(1).count(KRImportReport::NetworkLink), 1);
+    QVERIFY(complete.problems().isEmpty());
+
+    KRRouteImport plain;
+    plain.setPlain(true);
+    plain.read(files);
+    QCOMPARE(plain.tracks().size(), 2);
+    QVERIFY(plain.reports().isEmpty());
+    QVERIFY(plain.problems().isEmpty());
+}
+
+void tst_KRRouteImport::explainsPlainFiles()
+{
+    // Without a "Document" the importer finds nothing, but all of it is read otherwise.
+    const QByteArray point = "<Placemark><Point><coordinates>8,53</coordinates></Point></Placemark>";
+    const QString loose = write(QStringLiteral("loose.kml"), "<kml>" + point + "</kml>");
+    const QString broken = write(QStringLiteral("broken.kml"), "<kml>\n<Document>" + point);
+    KRRouteImport plain;
+    plain.setPlain(true);
+    plain.read({loose, broken});
+    QCOMPARE(plain.tracks().size(), 0);
+    QCOMPARE(plain.problems().entries().size(), 2);
+    QCOMPARE(plain.problems().entries().first().fileName, loose);
+    QCOMPARE(plain.problems().entries().last().fileName, broken);
+    QCOMPARE(plain.problems().entries().last().line, 2);
+
+    KRRouteImport complete;
+    complete.read({loose, broken});
+    QCOMPARE(complete.tracks().size(), 1);
+    QCOMPARE(complete.problems().entries().size(), 1);
+    QCOMPARE(complete.problems().entries().first().fileName, broken);
+}
+
+void tst_KRRouteImport::splitsSegments()
+{
+    KRRouteImport import;
+    import.setSplitSegments(true);
+    import.read({write(QStringLiteral("pauses.gpx"), tour)});
+    QCOMPARE(import.tracks().size(), 2);
+    QCOMPARE(import.tracks().last().name(), QStringLiteral("Tour (2)"));
+    QCOMPARE(import.tracks().last().track().countPoints(), 3);
 }
 
 void tst_KRRouteImport::figures()

@@ -34,6 +34,8 @@ private slots:
     void badInput_data();
     void badInput();
     void goodFilesAreDrawnBesideBadOnes();
+    void tellsWhatItDoesNotDraw();
+    void plainFilesAndSplitSegments();
     void outputThatCannotBeWritten();
     void languageFollowsTheLocale();
     void furnitureStandsOnEveryMap();
@@ -327,8 +329,8 @@ void tst_krrender::badInput_data()
     QTest::newRow("deep") << QByteArray("<gpx>").repeated(100000) << QStringLiteral("256");
     QTest::newRow("no position") << head + "<trkpt lat=\"nan\" lon=\"inf\"/><trkpt lat=\"1e300\" lon=\"-1e300\"/>"
                                         + tail
-                                 << QStringLiteral("keine Position");
-    QTest::newRow("no point") << head + tail << QStringLiteral("keine Position");
+                                 << QStringLiteral("Strecke ohne lesbare Position");
+    QTest::newRow("no point") << head + tail << QStringLiteral("Strecke ohne lesbare Position");
     QTest::newRow("entities") << QByteArray("<!DOCTYPE g [<!ENTITY a \"" + QByteArray(4000, 'x')
                                             + "\">]><gpx><trk><name>" + QByteArray("&a;").repeated(20000)
                                             + "</name></trk></gpx>")
@@ -344,6 +346,51 @@ void tst_krrender::badInput()
     QVERIFY2(outcome.err.contains(reason), qPrintable(outcome.err));
     QVERIFY2(outcome.err.startsWith(QLatin1String("krrender: ")), qPrintable(outcome.err));
     QVERIFY(!QFile::exists(path(QStringLiteral("x.png"))));
+}
+
+void tst_krrender::tellsWhatItDoesNotDraw()
+{
+    const QString file = write(QStringLiteral("x.kml"), "<kml><NetworkLink><name>n</name></NetworkLink>\n"
+                                                        "<Placemark><Point><coordinates>8,53</coordinates></Point>"
+                                                        "</Placemark>\n<GroundOverlay/><GroundOverlay/></kml>");
+    const QStringList list{QStringLiteral("--list"), file};
+    const Outcome german = run(list);
+    QCOMPARE(german.exitCode, 0);
+    QCOMPARE(german.err,
+             QStringLiteral("krrender: %1: 2 Bodenüberlagerungen, 1 Netzwerkverweis nicht gezeichnet\n").arg(file));
+    const Outcome english = run(list, QStringLiteral("en_US.UTF-8"));
+    QCOMPARE(english.err, QStringLiteral("krrender: %1: 2 ground overlays, 1 network link not drawn\n").arg(file));
+    QCOMPARE(run(list + QStringList{QStringLiteral("--quiet")}).err, QString());
+
+    const Outcome verbose = run(list + QStringList{QStringLiteral("--verbose"), QStringLiteral("--strict")});
+    QCOMPARE(verbose.exitCode, 1);
+    QVERIFY2(verbose.err.contains(file + QStringLiteral(":1: 1 Netzwerkverweis „n“\n")), qPrintable(verbose.err));
+    QCOMPARE(verbose.err.count(file + QStringLiteral(":3: 1 Bodenüberlagerung\n")), 2);
+
+    const Outcome json = run({QStringLiteral("--json"), QStringLiteral("--quiet"), file});
+    const QJsonObject root = QJsonDocument::fromJson(json.out).object();
+    QCOMPARE(root.value(QStringLiteral("tracks")).toArray().size(), 1);
+    const QJsonArray problems = root.value(QStringLiteral("problems")).toArray();
+    QCOMPARE(problems.size(), 3);
+    const QJsonObject link = problems.at(0).toObject();
+    QCOMPARE(link.value(QStringLiteral("kind")).toString(), QStringLiteral("networkLink"));
+    QCOMPARE(link.value(QStringLiteral("name")).toString(), QStringLiteral("n"));
+    QCOMPARE(link.value(QStringLiteral("line")).toInt(), 1);
+    QCOMPARE(link.value(QStringLiteral("file")).toString(), file);
+}
+
+void tst_krrender::plainFilesAndSplitSegments()
+{
+    const QByteArray point = "<trkpt lat=\"53\" lon=\"8\"/><trkpt lat=\"54\" lon=\"9\"/>";
+    const QString file = write(QStringLiteral("x.gpx"), "<gpx><wpt lat=\"1\" lon=\"2\"/><trk><trkseg>" + point
+                                                            + "</trkseg><trkseg>" + point + "</trkseg></trk></gpx>");
+    const auto trackCount = [&](const QStringList &options) {
+        const Outcome outcome = run(QStringList{QStringLiteral("--json"), file} + options);
+        return QJsonDocument::fromJson(outcome.out).object().value(QStringLiteral("tracks")).toArray().size();
+    };
+    QCOMPARE(trackCount({}), 2);
+    QCOMPARE(trackCount({QStringLiteral("--plain")}), 1);
+    QCOMPARE(trackCount({QStringLiteral("--split-segments")}), 3);
 }
 
 void tst_krrender::goodFilesAreDrawnBesideBadOnes()
