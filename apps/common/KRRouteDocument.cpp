@@ -37,14 +37,6 @@ QHash<int, QDomElement> keptByNumber(const QDomElement &root)
     return kept;
 }
 
-void report(KRErrorHistory *history, const QString &fileName, const QString &reason)
-{
-    KRErrorHistory::Entry entry;
-    entry.fileName = fileName;
-    entry.reason = reason;
-    KRErrorHistory::report(history, entry);
-}
-
 } // namespace
 
 bool KRRouteDocument::isDocument(const QFileInfo &file)
@@ -58,7 +50,7 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
     if (root.isNull())
         return false;
     if (root.tagName() != rootElement) {
-        report(history, file.filePath(), tr("Das ist kein Routendokument."));
+        KRErrorHistory::report(history, file.filePath(), tr("Das ist kein Routendokument."));
         return false;
     }
     // A name alone: the folder lies beside the document, wherever that comes from.
@@ -99,7 +91,7 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 {
     const QDir folder = folderBeside(file);
     if (!m_selection.isEmpty() && !folder.mkpath(QStringLiteral("."))) {
-        report(history, folder.path(), tr("Der Ordner für die Strecken kann nicht angelegt werden."));
+        KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Strecken kann nicht angelegt werden."));
         return false;
     }
     QDomDocument document;
@@ -133,7 +125,7 @@ bool KRRouteDocument::writeMissingTrackFiles(const QDir &folder, KRErrorHistory 
         if (!trackFile.exists())
             registry.saveTrackInFile(key, trackFile);
         if (!QFileInfo::exists(trackFile.filePath())) {
-            report(history, trackFile.filePath(), tr("Die Strecke kann nicht gespeichert werden."));
+            KRErrorHistory::report(history, trackFile.filePath(), tr("Die Strecke kann nicht gespeichert werden."));
             isComplete = false;
         }
     }

@@ -92,20 +92,12 @@ void KRRouteImport::explain(const QString &fileName, bool isSupported)
     if (!KRFileHandler::openForReading(file, &m_problems, std::numeric_limits<qint64>::max()))
         return;
     if (isSupported) {
-        addProblem(fileName, tr("Die Datei enthält keine Strecke."));
+        KRErrorHistory::report(&m_problems, fileName, tr("Die Datei enthält keine Strecke."));
         return;
     }
     const QStringList formats = KRTrackSelectionFactory::instance()->supportedFileFormats()
                                 + QStringList(QStringLiteral("*.") + KRRouteDocument::suffix());
-    addProblem(
-        fileName,
+    KRErrorHistory::report(
+        &m_problems, fileName,
         tr("Dieses Dateiformat wird nicht unterstützt (lesbar sind %1).").arg(formats.join(QStringLiteral(", "))));
-}
-
-void KRRouteImport::addProblem(const QString &fileName, const QString &reason)
-{
-    KRErrorHistory::Entry problem;
-    problem.fileName = fileName;
-    problem.reason = reason;
-    KRErrorHistory::report(&m_problems, problem);
 }

@@ -55,7 +55,6 @@ private:
     KRGPXConfiguredTrackList readPlainly(const QFileInfo &file);
     void addTracks(const KRGPXConfiguredTrackList &tracks);
     void explain(const QString &fileName, bool isSupported);
-    void addProblem(const QString &fileName, const QString &reason);
 
     KRGPXConfiguredTrackList m_tracks;
     int m_croppingOpacity = 255;

@@ -48,54 +48,44 @@ const QStringList &penStyleKeys()
 
 } // namespace
 
-QString KRTrackLook::readColor(const QString &text, QColor *color) const
+QString KRTrackLook::addColor(const QString &text, bool (KRGPXTrackConfiguration::*set)(const QColor &))
 {
-    color->setNamedColor(text);
-    return color->isValid() ? QString()
-                            : tr("„%1“ ist keine Farbe (#RRGGBB, #AARRGGBB oder ein Name wie „red“).").arg(text);
+    const QColor color(text);
+    if (!color.isValid())
+        return tr("„%1“ ist keine Farbe (#RRGGBB, #AARRGGBB oder ein Name wie „red“).").arg(text);
+    m_changes.emplace_back([color, set](KRGPXTrackConfiguration &configuration) { (configuration.*set)(color); });
+    return QString();
 }
 
-QString KRTrackLook::readWidth(const QString &text, double *width) const
+QString KRTrackLook::addWidth(const QString &text, bool (KRGPXTrackConfiguration::*set)(const KRDistance &))
 {
     bool isNumber = false;
-    *width = text.toDouble(&isNumber);
-    return isNumber && *width >= 0.0 && *width <= widestPx
-               ? QString()
-               : tr("„%1“ ist keine Breite in Pixeln (0 bis %2).").arg(text, QString::number(widestPx));
+    const double width = text.toDouble(&isNumber);
+    if (!isNumber || !(width >= 0.0) || width > widestPx)
+        return tr("„%1“ ist keine Breite in Pixeln (0 bis %2).").arg(text, QString::number(widestPx));
+    m_changes.emplace_back(
+        [width, set](KRGPXTrackConfiguration &configuration) { (configuration.*set)(KRDistance(width)); });
+    return QString();
 }
 
 QString KRTrackLook::setLineColor(const QString &text)
 {
-    QColor color;
-    const QString problem = readColor(text, &color);
-    m_changes.emplace_back([color](KRGPXTrackConfiguration &configuration) { configuration.setLineColor(color); });
-    return problem;
+    return addColor(text, &KRGPXTrackConfiguration::setLineColor);
 }
 
 QString KRTrackLook::setLineWidth(const QString &text)
 {
-    double width = 0.0;
-    const QString problem = readWidth(text, &width);
-    m_changes.emplace_back(
-        [width](KRGPXTrackConfiguration &configuration) { configuration.setLineWidth(KRDistance(width)); });
-    return problem;
+    return addWidth(text, &KRGPXTrackConfiguration::setLineWidth);
 }
 
 QString KRTrackLook::setFillColor(const QString &text)
 {
-    QColor color;
-    const QString problem = readColor(text, &color);
-    m_changes.emplace_back([color](KRGPXTrackConfiguration &configuration) { configuration.setFillColor(color); });
-    return problem;
+    return addColor(text, &KRGPXTrackConfiguration::setFillColor);
 }
 
 QString KRTrackLook::setHaloWidth(const QString &text)
 {
-    double width = 0.0;
-    const QString problem = readWidth(text, &width);
-    m_changes.emplace_back(
-        [width](KRGPXTrackConfiguration &configuration) { configuration.setHaloWidth(KRDistance(width)); });
-    return problem;
+    return addWidth(text, &KRGPXTrackConfiguration::setHaloWidth);
 }
 
 QString KRTrackLook::setMarkerShape(const QString &text)

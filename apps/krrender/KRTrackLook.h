@@ -34,8 +34,8 @@ public:
 private:
     using Change = std::function<void(KRGPXTrackConfiguration &)>;
 
-    QString readColor(const QString &text, QColor *color) const;
-    QString readWidth(const QString &text, double *width) const;
+    QString addColor(const QString &text, bool (KRGPXTrackConfiguration::*set)(const QColor &));
+    QString addWidth(const QString &text, bool (KRGPXTrackConfiguration::*set)(const KRDistance &));
 
     std::vector<Change> m_changes;
 };

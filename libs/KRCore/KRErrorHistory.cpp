@@ -18,3 +18,11 @@ void KRErrorHistory::report(KRErrorHistory *history, const Entry &entry)
     if (history)
         history->m_entries.append(entry);
 }
+
+void KRErrorHistory::report(KRErrorHistory *history, const QString &fileName, const QString &reason)
+{
+    Entry entry;
+    entry.fileName = fileName;
+    entry.reason = reason;
+    report(history, entry);
+}

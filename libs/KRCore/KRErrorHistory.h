@@ -12,7 +12,8 @@
  * nothing hands in a history; whoever loads or saves adds an entry. Each entry also goes to the logging
  * category "kr.io" as one warning, with or without a history. Not for use from several threads at once.
  */
-class KRCORE_EXPORT KRErrorHistory {
+class KRCORE_EXPORT KRErrorHistory
+{
 public:
     struct Entry {
         QString fileName; ///< as it was given, with its path
@@ -26,6 +27,8 @@ public:
 
     /// Logs the entry and adds it to @p history unless that is null.
     static void report(KRErrorHistory *history, const Entry &entry);
+    /// The same where no place in the file is to blame.
+    static void report(KRErrorHistory *history, const QString &fileName, const QString &reason);
 
     const QList<Entry> &entries() const { return m_entries; }
     bool isEmpty() const { return m_entries.isEmpty(); }

@@ -32,14 +32,6 @@ QString refusal(const QFileInfo &file, qint64 maximumSize)
     return QString();
 }
 
-void report(KRErrorHistory *history, const QString &fileName, const QString &reason)
-{
-    KRErrorHistory::Entry entry;
-    entry.fileName = fileName;
-    entry.reason = reason;
-    KRErrorHistory::report(history, entry);
-}
-
 } // namespace
 
 bool KRFileHandler::openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize)
@@ -50,7 +42,7 @@ bool KRFileHandler::openForReading(QFile &file, KRErrorHistory *history, qint64 
                      .arg(file.errorString());
     if (reason.isEmpty())
         return true;
-    report(history, file.fileName(), reason);
+    KRErrorHistory::report(history, file.fileName(), reason);
     return false;
 }
 
@@ -63,11 +55,11 @@ QByteArray KRFileHandler::readAll(const QFileInfo &file, KRErrorHistory *history
     // One byte more than allowed: the file may have grown since its size was asked for.
     QByteArray bytes = source.read(maximumSize + 1);
     if (source.error() != QFileDevice::NoError) {
-        report(history, file.filePath(), source.errorString());
+        KRErrorHistory::report(history, file.filePath(), source.errorString());
         return QByteArray();
     }
     if (bytes.size() > maximumSize) {
-        report(history, file.filePath(), tooLarge(maximumSize));
+        KRErrorHistory::report(history, file.filePath(), tooLarge(maximumSize));
         return QByteArray();
     }
     return bytes.isNull() ? QByteArray("") : bytes;
@@ -98,7 +90,7 @@ QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *h
         reason = source.errorString();
     if (reason.isEmpty())
         return lines;
-    report(history, file.filePath(), reason);
+    KRErrorHistory::report(history, file.filePath(), reason);
     return QStringList();
 }
 
@@ -107,6 +99,6 @@ bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRE
     QSaveFile target(file.filePath());
     if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit())
         return true;
-    report(history, file.filePath(), target.errorString());
+    KRErrorHistory::report(history, file.filePath(), target.errorString());
     return false;
 }

@@ -15,7 +15,8 @@
  * The first call may come from any thread.
  */
 template <typename T>
-class Q_DECL_EXPORT KRSingleton {
+class Q_DECL_EXPORT KRSingleton
+{
 public:
     /// Never null, always the same object.
     static T *instance()

@@ -17,7 +17,8 @@ class QFileInfo;
  * A name is given out once per directory and process, also when no file came of it. May be called from
  * several threads.
  */
-class KRCORE_EXPORT KRUniqueFilenameMaker : public KRSingleton<KRUniqueFilenameMaker> {
+class KRCORE_EXPORT KRUniqueFilenameMaker : public KRSingleton<KRUniqueFilenameMaker>
+{
 public:
     /**
      * A free name in the directory of @p proposal, derived from its name. The file is not created.

@@ -15,7 +15,18 @@ namespace {
 class CountingHandler : public QXmlDefaultHandler
 {
 public:
-    explicit CountingHandler(qint64 maximumCharacters) : m_charactersLeft(maximumCharacters) { }
+    /// @param references how many there can be at most: the ampersands of the text
+    CountingHandler(qint64 maximumCharacters, qint64 references)
+        : m_charactersLeft(maximumCharacters), m_references(references)
+    { }
+
+    bool internalEntityDecl(const QString & /*name*/, const QString &value) override
+    {
+        // Before anything is expanded: the reader hands a text over only once it is complete.
+        if (m_references * value.size() > KRXMLGuard::maximumExpansion)
+            return refuseExpansion();
+        return true;
+    }
 
     bool startElement(const QString &, const QString &, const QString &, const QXmlAttributes &attributes) override
     {
@@ -56,9 +67,12 @@ private:
         if (m_nodes > KRXMLGuard::maximumNodes)
             return refuse(QCoreApplication::translate("KRXMLGuard", "Das Dokument hat mehr als %1 Knoten.")
                               .arg(KRXMLGuard::maximumNodes));
-        if (m_charactersLeft < 0)
-            return refuse(QCoreApplication::translate("KRXMLGuard", "Die Entitäten des Dokuments werden zu lang."));
-        return true;
+        return m_charactersLeft >= 0 || refuseExpansion();
+    }
+
+    bool refuseExpansion()
+    {
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Die Entitäten des Dokuments werden zu lang."));
     }
 
     bool refuse(const QString &refusal)
@@ -78,6 +92,7 @@ private:
     }
 
     qint64 m_charactersLeft;
+    qint64 m_references;
     int m_nodes = 0;
     int m_depth = 0;
     QString m_refusal;
@@ -86,12 +101,13 @@ private:
     int m_column = 0;
 };
 
-bool passes(const QXmlInputSource &source, qint64 size, KRErrorHistory::Entry *refusal)
+bool passes(const QXmlInputSource &source, qint64 size, qint64 references, KRErrorHistory::Entry *refusal)
 {
-    CountingHandler handler(size + KRXMLGuard::maximumExpansion);
+    CountingHandler handler(size + KRXMLGuard::maximumExpansion, references);
     QXmlSimpleReader reader;
     reader.setContentHandler(&handler);
     reader.setErrorHandler(&handler);
+    reader.setDeclHandler(&handler);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
     if (reader.parse(&source, false))
@@ -108,14 +124,14 @@ bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
 {
     QXmlInputSource source;
     source.setData(xml);
-    return passes(source, xml.size(), refusal);
+    return passes(source, xml.size(), xml.count('&'), refusal);
 }
 
 bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
 {
     QXmlInputSource source;
     source.setData(xml);
-    return passes(source, xml.size(), refusal);
+    return passes(source, xml.size(), xml.count(QLatin1Char('&')), refusal);
 }
 
 QT_WARNING_POP

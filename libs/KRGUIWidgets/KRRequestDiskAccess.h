@@ -21,9 +21,8 @@ enum KRDiskAccessMode : int {
 class KRGUIWIDGETS_EXPORT KRRequestDiskAccess : public KRSingleton<KRRequestDiskAccess>
 {
 public:
-    using OpenFileNameFunction =
-        std::function<QString(KRDiskAccessMode mode, const QString &title, const QString &directory,
-                              const QString &filter)>;
+    using OpenFileNameFunction = std::function<QString(KRDiskAccessMode mode, const QString &title,
+                                                       const QString &directory, const QString &filter)>;
 
     /**
      * The path of an existing file, or an empty text when the user cancelled.

@@ -6,7 +6,8 @@
 
 #include <limits>
 
-class tst_KRMath : public QObject {
+class tst_KRMath : public QObject
+{
     Q_OBJECT
 
 private slots:

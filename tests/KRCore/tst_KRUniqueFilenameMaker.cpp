@@ -6,7 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-class tst_KRUniqueFilenameMaker : public QObject {
+class tst_KRUniqueFilenameMaker : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -5,7 +5,8 @@
 
 #include <QtTest>
 
-class tst_KRXMLBuilder : public QObject {
+class tst_KRXMLBuilder : public QObject
+{
     Q_OBJECT
 
 private slots:

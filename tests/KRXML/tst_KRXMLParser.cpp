@@ -17,7 +17,8 @@ QDomElement element(const QByteArray &xml)
 
 } // namespace
 
-class tst_KRXMLParser : public QObject {
+class tst_KRXMLParser : public QObject
+{
     Q_OBJECT
 
 private slots:

@@ -9,7 +9,8 @@
 #include <memory>
 
 /// The test classes of one test program, by name.
-class KRTestRegistry {
+class KRTestRegistry
+{
 public:
     using Maker = std::function<std::unique_ptr<QObject>()>;
 
@@ -27,7 +28,8 @@ private:
 
 /// A namespace-scope object of this type enters @p Test into the registry of the program.
 template <typename Test>
-class KRTestRegistration {
+class KRTestRegistration
+{
 public:
     KRTestRegistration()
     {
