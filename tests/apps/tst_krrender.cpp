@@ -44,6 +44,8 @@ private slots:
     void documentIsDrawnTheSame();
     void exchangeFilesComeBack_data();
     void exchangeFilesComeBack();
+    void otherProgramsReadExchangeFiles_data();
+    void otherProgramsReadExchangeFiles();
 
 private:
     struct Outcome {
@@ -504,6 +506,8 @@ void tst_krrender::exchangeFilesComeBack_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("GPX") << QStringLiteral("out.gpx");
+    QTest::newRow("KML") << QStringLiteral("out.kml");
+    QTest::newRow("KMZ") << QStringLiteral("out.kmz");
 }
 
 void tst_krrender::exchangeFilesComeBack()
@@ -522,6 +526,42 @@ void tst_krrender::exchangeFilesComeBack()
     QVERIFY(
         qAbs(after.value(QStringLiteral("lengthKm")).toDouble() - before.value(QStringLiteral("lengthKm")).toDouble())
         < 1e-3);
+}
+
+void tst_krrender::otherProgramsReadExchangeFiles_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("expected");
+    const auto words = [](const char *text) { return QString::fromLatin1(text).split(QLatin1Char(' ')); };
+    QTest::newRow("GPSBabel reads GPX") << QStringLiteral("out.gpx") << QStringLiteral("gpsbabel")
+                                        << words("-t -i gpx -f out.gpx -o unicsv -F -")
+                                        << QByteArray("308,53.138500,8.216000");
+    QTest::newRow("GPSBabel reads KML") << QStringLiteral("out.kml") << QStringLiteral("gpsbabel")
+                                        << words("-t -i kml -f out.kml -o unicsv -F -")
+                                        << QByteArray("308,53.138500,8.216000");
+    QTest::newRow("GDAL reads GPX") << QStringLiteral("out.gpx") << QStringLiteral("ogrinfo")
+                                    << words("-ro -al -so out.gpx track_points") << QByteArray("Feature Count: 308");
+    QTest::newRow("GDAL reads KML") << QStringLiteral("out.kml") << QStringLiteral("ogrinfo")
+                                    << words("-ro -al out.kml") << QByteArray("LINESTRING Z (8.216 53.1385 5");
+}
+
+void tst_krrender::otherProgramsReadExchangeFiles()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, program);
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, expected);
+    if (QStandardPaths::findExecutable(program).isEmpty())
+        QSKIP("the other program is not installed");
+    QCOMPARE(run({QStringLiteral("-o"), path(name), sample(tour)}).exitCode, 0);
+    QProcess other;
+    other.setWorkingDirectory(m_dir->path());
+    other.start(program, arguments);
+    QVERIFY(other.waitForFinished(60000));
+    const QByteArray out = other.readAllStandardOutput();
+    QVERIFY2(out.contains(expected), out.right(400).constData());
 }
 
 static const KRTestRegistration<tst_krrender> registration;
