@@ -211,10 +211,6 @@
         <translation>drawn in %1 ms</translation>
     </message>
     <message>
-        <source>Die Standardausgabe nimmt das Bild nicht an.</source>
-        <translation>Standard output does not take the picture.</translation>
-    </message>
-    <message>
         <source>%1 Strecken, in %2 ms gelesen</source>
         <translation>%1 tracks, read in %2 ms</translation>
     </message>
@@ -229,6 +225,10 @@
     <message>
         <source>Das Ergebnis kann nicht als %1 geschrieben werden.</source>
         <translation>The result cannot be written as %1.</translation>
+    </message>
+    <message>
+        <source>Die Standardausgabe nimmt das Ergebnis nicht an.</source>
+        <translation>Standard output does not take the result.</translation>
     </message>
 </context>
 <context>

@@ -23,6 +23,11 @@ double widthOf(const KRLongitudeRange &range)
     return width < 0.0 ? width + 360.0 : width;
 }
 
+KRLatitude onMap(const KRLatitude &latitude)
+{
+    return std::clamp(latitude.decimalDegrees(), -KRMapArea::maximumLatitude, KRMapArea::maximumLatitude);
+}
+
 KRGeoPosition readPosition(const QString &text)
 {
     const KRGeoPosition position = KRGeoPosition::parse(text);
@@ -118,8 +123,8 @@ KRGeoPositionRect KRMapArea::padded() const
     if (extension < smallestExtension)
         margin = extension > 0.0 ? smallestExtension / 2.0 : marginAroundPlace;
 
-    const KRLatitude south(std::clamp(area.south().decimalDegrees() - margin, -maximumLatitude, maximumLatitude));
-    const KRLatitude north(std::clamp(area.north().decimalDegrees() + margin, -maximumLatitude, maximumLatitude));
+    const KRLatitude south = onMap(area.south().decimalDegrees() - margin);
+    const KRLatitude north = onMap(area.north().decimalDegrees() + margin);
     KRLongitudeRange longitudes(KRLongitude(-180.0), KRLongitude(180.0));
     if (width + 2.0 * margin < 360.0) {
         longitudes = KRLongitudeRange(KRLongitude::safeLongitude(area.west().decimalDegrees() - margin),
@@ -137,6 +142,10 @@ KRGeoPositionRect KRMapArea::parse(const QString &text)
     const KRGeoPosition southEast = readPosition(corners.at(1));
     const KRGeoPositionRect area(KRLatitudeRange(southEast.latitude(), northWest.latitude()),
                                  KRLongitudeRange(northWest.longitude(), southEast.longitude()));
-    const bool isEmpty = area.north() == area.south() || area.west() == area.east();
-    return area.isValid() && !isEmpty ? area : KRGeoPositionRect();
+    if (!area.isValid())
+        return KRGeoPositionRect();
+    // The poles lie beyond any map.
+    const KRLatitudeRange latitudes(onMap(area.south()), onMap(area.north()));
+    const bool isEmpty = latitudes.north() == latitudes.south() || area.west() == area.east();
+    return isEmpty ? KRGeoPositionRect() : KRGeoPositionRect(latitudes, area.longitudeRange());
 }

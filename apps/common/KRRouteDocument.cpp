@@ -12,6 +12,8 @@
 #include <QDomDocument>
 #include <QFileInfo>
 
+#include <cmath>
+
 namespace {
 
 const QString rootElement = QStringLiteral("routes");
@@ -21,12 +23,8 @@ const QString trackElement = QStringLiteral("configuredTrack");
 const QString keptElement = QStringLiteral("kept");
 const QString folderAttribute = QStringLiteral("folder");
 const QString numberAttribute = QStringLiteral("number");
-
-/// Where the track files of a new document lie.
-QDir folderBeside(const QFileInfo &file)
-{
-    return QDir(file.absoluteDir().filePath(file.completeBaseName() + QStringLiteral(".tracks")));
-}
+const QString lineWidthAttribute = QStringLiteral("lineWidth");
+const QString haloWidthAttribute = QStringLiteral("haloWidth");
 
 QHash<int, QDomElement> keptByNumber(const QDomElement &root)
 {
@@ -37,11 +35,37 @@ QHash<int, QDomElement> keptByNumber(const QDomElement &root)
     return kept;
 }
 
+/// The XML of configurations cuts widths to whole pixels; says whether there was anything to keep.
+bool keepWidths(const KRGPXTrackConfiguration &configuration, QDomElement &kept)
+{
+    const double line = configuration.lineWidth().toDouble();
+    const double halo = configuration.haloWidth().toDouble();
+    if (line == std::trunc(line) && halo == std::trunc(halo))
+        return false;
+    kept.setAttribute(lineWidthAttribute, line);
+    kept.setAttribute(haloWidthAttribute, halo);
+    return true;
+}
+
+KRGPXTrackConfiguration withKeptWidths(KRGPXTrackConfiguration configuration, const QDomElement &kept)
+{
+    const double line = KRXMLParser::doubleAttribute(kept, lineWidthAttribute, configuration.lineWidth().toDouble());
+    const double halo = KRXMLParser::doubleAttribute(kept, haloWidthAttribute, configuration.haloWidth().toDouble());
+    configuration.setLineWidth(line);
+    configuration.setHaloWidth(halo);
+    return configuration;
+}
+
 } // namespace
 
 bool KRRouteDocument::isDocument(const QFileInfo &file)
 {
     return file.suffix().compare(suffix(), Qt::CaseInsensitive) == 0;
+}
+
+QDir KRRouteDocument::trackFolder(const QFileInfo &file)
+{
+    return QDir(file.absoluteDir().filePath(file.completeBaseName() + QStringLiteral(".tracks")));
 }
 
 bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
@@ -84,12 +108,13 @@ KRGPXConfiguredTrack KRRouteDocument::restoredTrack(const KRGPXConfiguredTrack &
     }
     KRGPXConfiguredTrack result = track;
     result.setTrack(restored);
+    result.setConfiguration(withKeptWidths(track.configuration(), kept));
     return result;
 }
 
 bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 {
-    const QDir folder = folderBeside(file);
+    const QDir folder = trackFolder(file);
     if (!m_selection.isEmpty() && !folder.mkpath(QStringLiteral("."))) {
         KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Strecken kann nicht angelegt werden."));
         return false;
@@ -104,7 +129,8 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
     for (int i = 0; i < tracks.size(); ++i) {
         QDomElement kept = KRXMLBuilder::buildDomElement(root, keptElement);
         kept.setAttribute(numberAttribute, i);
-        if (!KRTrackKeeper::keep(tracks.at(i).track(), kept))
+        const bool isTrackKept = KRTrackKeeper::keep(tracks.at(i).track(), kept);
+        if (!keepWidths(tracks.at(i).configuration(), kept) && !isTrackKept)
             root.removeChild(kept);
     }
     // The track files first: a document must not name what is not there.

@@ -28,6 +28,9 @@ public:
     /// Goes by the suffix alone, in any case.
     static bool isDocument(const QFileInfo &file);
 
+    /// Where a document that is saved to @p file has its track files.
+    static QDir trackFolder(const QFileInfo &file);
+
     const KRGPXTrackSelection &selection() const { return m_selection; }
     void setSelection(const KRGPXTrackSelection &selection) { m_selection = selection; }
 

@@ -7,6 +7,7 @@
 #include "KRSamplePlaces.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -89,6 +90,18 @@ bool isSameFile(const QFileInfo &a, const QFileInfo &b)
     if (a.exists() && b.exists())
         return a.canonicalFilePath() == b.canonicalFilePath();
     return a.absoluteFilePath() == b.absoluteFilePath();
+}
+
+/// Whether writing to the one destroys the other: the input itself or, of a document, one of its track files.
+bool isReadFrom(const QString &output, const QString &input)
+{
+    if (output.isEmpty() || input.isEmpty())
+        return false;
+    const QFileInfo target(output);
+    const QDir tracks = KRRouteDocument::trackFolder(QFileInfo(input));
+    const bool isTrackFile = KRRouteDocument::isDocument(QFileInfo(input)) && tracks.exists() && target.exists()
+                             && QFileInfo(target.canonicalFilePath()).dir().canonicalPath() == tracks.canonicalPath();
+    return isTrackFile || isSameFile(QFileInfo(input), target);
 }
 
 /// Width and height out of "1600x1200"; not set when it is nothing of the kind.
@@ -273,8 +286,12 @@ void KRRenderOptions::readOutput(const QCommandLineParser &parser)
 
     const QStringList read = m_inputs + QStringList(m_mapFile);
     for (const QString &input : read) {
-        if (!m_output.isEmpty() && isSameFile(QFileInfo(input), QFileInfo(m_output)))
+        // A document may be saved over itself.
+        const bool isDocument = KRRouteDocument::isDocument(QFileInfo(input));
+        if (isReadFrom(m_output, input))
             complain(tr("„%1“ wird gelesen und nicht überschrieben.").arg(m_output));
+        if (!isDocument && isReadFrom(m_document, input))
+            complain(tr("„%1“ wird gelesen und nicht überschrieben.").arg(m_document));
     }
 }
 

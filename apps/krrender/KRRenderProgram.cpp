@@ -74,7 +74,10 @@ int KRRenderProgram::run()
 
 int KRRenderProgram::print(const QByteArray &bytes) const
 {
-    return writeToStandardOutput(bytes) ? codeOfImport() : WrongUsage;
+    if (writeToStandardOutput(bytes))
+        return codeOfImport();
+    printLine(stderr, QStringLiteral("krrender: ") + tr("Die Standardausgabe nimmt das Ergebnis nicht an."));
+    return WrongUsage;
 }
 
 int KRRenderProgram::codeOfImport() const
@@ -98,6 +101,10 @@ int KRRenderProgram::writeFiles(const KRGPXTrackSelection &tracks)
 
 int KRRenderProgram::save(const KRGPXTrackSelection &tracks) const
 {
+    if (tracks.isEmpty()) {
+        printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu schreiben."));
+        return SomethingLeftOut;
+    }
     KRRouteDocument document;
     document.setSelection(tracks);
     KRErrorHistory history;
@@ -196,7 +203,7 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
             covered.add(track);
         area = covered.padded();
     }
-    if (!area.isValid()) {
+    if (!area.isValid() || tracks.isEmpty()) {
         printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu zeichnen."));
         return SomethingLeftOut;
     }
@@ -247,7 +254,7 @@ int KRRenderProgram::write(const QByteArray &bytes, const QByteArray &format)
     else if (!m_options.writesToStandardOutput())
         KRFileHandler::writeAll(QFileInfo(m_options.output()), bytes, &history);
     else if (!writeToStandardOutput(bytes))
-        problem = tr("Die Standardausgabe nimmt das Bild nicht an.");
+        problem = tr("Die Standardausgabe nimmt das Ergebnis nicht an.");
     if (!history.isEmpty())
         problem = history.entries().first().reason;
     if (problem.isEmpty()) {

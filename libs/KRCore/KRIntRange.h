@@ -10,8 +10,8 @@ class QImage;
 /**
  * A run of indexes, both ends belonging to it.
  *
- * A maximum below the minimum is the empty range: that is how the range (0, count - 1) of no items looks. Every
- * parallel loop runs over the parts of such a range.
+ * A maximum below the minimum is the empty range: that is how the range (0, count - 1) of no items looks. A
+ * default-constructed range is (0, 0), which holds one index. Every parallel loop runs over the parts of a range.
  */
 class KRCORE_EXPORT KRIntRange : public KRRange<int>
 {

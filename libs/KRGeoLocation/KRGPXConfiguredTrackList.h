@@ -16,6 +16,8 @@ class KRGEOLOCATION_EXPORT KRGPXConfiguredTrackList : public QList<KRGPXConfigur
 public:
     using QList::QList;
     KRGPXConfiguredTrackList();
+    /// Implicit, as the operations inherited from QList return one.
+    KRGPXConfiguredTrackList(const QList<KRGPXConfiguredTrack> &tracks) : QList(tracks) { }
     explicit KRGPXConfiguredTrackList(const KRGPXConfiguredTrack &track);
     /// From the child elements @p name of @p parent; files that they name lie in @p dir.
     KRGPXConfiguredTrackList(const QDomElement &parent, const QString &name, const QDir &dir);

@@ -35,7 +35,8 @@ public:
     virtual QList<QDateTime> allTimeStamps() const = 0;
 
     KRGeoPositionRect boundingBox() const;
-    /// From the earliest to the latest time stamp. Intended: an invalid one counts, as earlier than any other.
+    /// From the earliest to the latest time stamp. Intended: an invalid one counts, as earlier than any
+    /// other, unless it comes before the first valid one.
     KRRange<QDateTime> timeFrame() const;
 
     /// Reads no more than seven decimals, without a decimal point no more than seven characters; 0 when unreadable.

@@ -34,6 +34,7 @@ void KRGPXTrackFileRegistry::registerFile(const KRGPXTrackFileRegistryKey &key, 
 {
     const QMutexLocker locker(&m_mutex);
     m_files.insert(key, fileName);
+    m_fileNames.insert(createFileInfo(key, fileName).absoluteFilePath());
 }
 
 QString KRGPXTrackFileRegistry::createAssignedFile(const KRGPXTrackFileRegistryKey &key)
@@ -45,7 +46,11 @@ QString KRGPXTrackFileRegistry::createAssignedFile(const KRGPXTrackFileRegistryK
 
     const QFileInfo proposal = createFileInfo(key, proposedFileName);
     m_dirs.insert(key.dir());
-    const QFileInfo file = KRUniqueFilenameMaker::instance()->makeUniqueFileNameInSafeContainer(proposal, m_dirs);
+    QFileInfo file;
+    do {
+        file = KRUniqueFilenameMaker::instance()->makeUniqueFileNameInSafeContainer(proposal, m_dirs);
+        // A registered file may be gone from the disk: its name still is that of another track.
+    } while (m_fileNames.contains(file.absoluteFilePath()));
     saveTrackInFile(key, file);
     registerFile(key, file.fileName());
     return file.fileName();

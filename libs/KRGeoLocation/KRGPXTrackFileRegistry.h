@@ -42,6 +42,7 @@ private:
     Q_DISABLE_COPY(KRGPXTrackFileRegistry)
 
     QHash<KRGPXTrackFileRegistryKey, QString> m_files;
+    QSet<QString> m_fileNames; // all that m_files holds, with their paths
     QSet<QDir> m_dirs;
     mutable QRecursiveMutex m_mutex;
 };

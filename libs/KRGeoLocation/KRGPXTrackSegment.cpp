@@ -13,6 +13,19 @@
 
 namespace {
 
+/// How many points one text holds at most: readers refuse texts above 64 MB, and a point takes up to 60 bytes.
+constexpr int pointsPerText = 1000000;
+
+/// One per line, from @p first up to but without @p end.
+QString commaTexts(const QList<KRGPXTrackPoint> &points, int first, int end)
+{
+    QStringList texts;
+    texts.reserve(end - first);
+    for (int i = first; i < end; ++i)
+        texts.append(points.at(i).toKml());
+    return texts.join(QLatin1Char('\n'));
+}
+
 /// The white space of ASCII alone: a no-break space belongs to the number next to it.
 bool isSeparator(QChar character)
 {
@@ -116,15 +129,17 @@ void KRGPXTrackSegment::appendCompressed(const QString &text)
 
 QString KRGPXTrackSegment::toKml() const
 {
-    QStringList texts;
-    texts.reserve(count());
-    for (const KRGPXTrackPoint &point : m_trackPoints)
-        texts.append(point.toKml());
-    return texts.join(QLatin1Char('\n'));
+    return commaTexts(m_trackPoints, 0, count());
 }
 
 void KRGPXTrackSegment::toXml(QDomElement &parent) const
 {
     QDomElement trkseg = KRXMLBuilder::buildDomElement(parent, KRGPXVocabulary::segmentElement);
-    KRXMLBuilder::buildDomElement(trkseg, KRGPXVocabulary::compressedPointsElement, toKml());
+    int first = 0;
+    do {
+        const int end = std::min(first + pointsPerText, count());
+        KRXMLBuilder::buildDomElement(trkseg, KRGPXVocabulary::compressedPointsElement,
+                                      commaTexts(m_trackPoints, first, end));
+        first = end;
+    } while (first < count());
 }

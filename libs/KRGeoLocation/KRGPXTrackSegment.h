@@ -33,8 +33,8 @@ public:
     int count() const { return m_trackPoints.size(); }
 
     KRGeoPositionList allPoints() const override;
-    /// On the main thread one chunk per processor core, none for an empty segment; on any other thread exactly one
-    /// chunk, gathered there.
+    /// On the main thread at most one chunk per processor core, none for an empty segment; on any other thread exactly
+    /// one chunk, gathered there.
     QList<KRGeoPositionList> chunkedPoints() const override;
     bool isSinglePoint() const override { return count() == 1; }
     /// (0, 0) for an empty segment.
@@ -59,7 +59,8 @@ public:
 
     /// The comma texts of the points, one per line. Intended: descriptions are dropped.
     QString toKml() const;
-    /// Appends a "trkseg" with one "compressedPoints", which holds toKml(); never "trkpt".
+    /// Appends a "trkseg" with one "compressedPoints", which holds toKml(), or several from a million points on; never
+    /// "trkpt".
     void toXml(QDomElement &parent) const;
 
 private:

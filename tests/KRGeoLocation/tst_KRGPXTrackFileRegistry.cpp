@@ -31,6 +31,7 @@ class tst_KRGPXTrackFileRegistry : public QObject
 private slots:
     void unchangedTrackKeepsItsFile();
     void tracksGetTheirOwnFiles();
+    void nameOfALostFileIsNotGivenAway();
     void failedWriteKeepsTheName();
     void savingFromSeveralThreads();
     void sameDirectory_data();
@@ -71,6 +72,18 @@ void tst_KRGPXTrackFileRegistry::tracksGetTheirOwnFiles()
 
     const QDomElement root = KRXMLLoader::loadDocumentElement(QFileInfo(dir, QStringLiteral("track_1.gps")));
     QCOMPARE(KRGPXTrack(root.firstChildElement(), QDir(QString())), renamed);
+}
+
+void tst_KRGPXTrackFileRegistry::nameOfALostFileIsNotGivenAway()
+{
+    const QTemporaryDir folder;
+    const QDir dir(folder.path());
+    KRGPXTrackFileRegistry registry;
+    const KRGPXTrackFileRegistryKey lost(track(QStringLiteral("8,53")), dir);
+    registry.registerFile(lost, QStringLiteral("track.gps"));
+    const KRGPXTrackFileRegistryKey fresh(track(QStringLiteral("9,54")), dir);
+    QCOMPARE(registry.createAssignedFile(fresh), QStringLiteral("track_1.gps"));
+    QCOMPARE(registry.createAssignedFile(lost), QStringLiteral("track.gps"));
 }
 
 void tst_KRGPXTrackFileRegistry::failedWriteKeepsTheName()

@@ -42,6 +42,7 @@ private slots:
     void decodeTrackPoints_data();
     void decodeTrackPoints();
     void writeAndReadBack();
+    void longTextsAreParted();
     void chunksOnTheMainThread_data();
     void chunksOnTheMainThread();
     void chunksOnAnotherThread();
@@ -116,6 +117,19 @@ void tst_KRGPXTrackSegment::writeAndReadBack()
     QVERIFY(again.trackPoints().first().description().isEmpty());
     // Seven decimals come back, although ten are written.
     QCOMPARE(again.firstPoint().latitude().decimalDegrees(), 53.1234567);
+}
+
+void tst_KRGPXTrackSegment::longTextsAreParted()
+{
+    QList<KRGPXTrackPoint> points;
+    const KRGPXTrackPoint point(KRGeoPosition(53.0, 8.0), 0, QDateTime(), QString());
+    for (int i = 0; i < 1000001; ++i)
+        points.append(point);
+    QDomDocument document;
+    QDomElement trk = document.appendChild(document.createElement(QStringLiteral("trk"))).toElement();
+    KRGPXTrackSegment(points).toXml(trk);
+    QCOMPARE(trk.firstChildElement().elementsByTagName(QStringLiteral("compressedPoints")).size(), 2);
+    QCOMPARE(KRGPXTrackSegment(trk.firstChildElement()).count(), 1000001);
 }
 
 void tst_KRGPXTrackSegment::chunksOnTheMainThread_data()

@@ -127,6 +127,8 @@ void tst_KRMapArea::parse_data()
     QTest::newRow("no blanks around the dots") << QStringLiteral("N53.5 E8.0..N53.0 E9.0") << true;
     QTest::newRow("degrees, minutes, seconds") << QStringLiteral("53,30,0N;8,0,0E .. 53,0,0N;9,0,0E") << true;
     QTest::newRow("over the date line") << QStringLiteral("S10 E170 .. S20 W170") << true;
+    QTest::newRow("from pole to pole") << QStringLiteral("N90 W180 .. S90 E180") << true;
+    QTest::newRow("nothing but a pole") << QStringLiteral("N90 E8 .. N86 E9") << false;
     QTest::newRow("corners the wrong way round") << QStringLiteral("N53.0 E8.0 .. N53.5 E9.0") << false;
     QTest::newRow("no width") << QStringLiteral("N53.5 E8.0 .. N53.0 E8.0") << false;
     QTest::newRow("one corner") << QStringLiteral("N53.5 E8.0") << false;
@@ -138,7 +140,9 @@ void tst_KRMapArea::parse_data()
 void tst_KRMapArea::parse()
 {
     QFETCH(QString, text);
-    QTEST(KRMapArea::parse(text).isValid(), "isValid");
+    const KRGeoPositionRect area = KRMapArea::parse(text);
+    QTEST(area.isValid(), "isValid");
+    QVERIFY(!area.isValid() || area.north().decimalDegrees() <= KRMapArea::maximumLatitude);
 }
 
 static const KRTestRegistration<tst_KRMapArea> registration;

@@ -107,6 +107,7 @@ void tst_KRRouteDocument::nothingIsLostInManyRounds()
     KRGPXTrackConfiguration look = KRGPXTrackConfiguration::defaultValue();
     look.setLineColor(QColor(QStringLiteral("#80123456")));
     look.setTrackShape(LineStringTrackShape);
+    look.setLineWidth(7.5);
     KRGPXTrackSelection selection;
     selection.addTrack(KRGPXConfiguredTrack(tour(), look));
     selection.addTrack(KRGPXConfiguredTrack(point(53.0, 8.0, 0, QDateTime(), QStringLiteral("Bank")), look));
@@ -119,6 +120,7 @@ void tst_KRRouteDocument::nothingIsLostInManyRounds()
         QCOMPARE(selection.nominalCroppingOpacity(), 77);
         const KRGPXTrack track = selection.value(0).track();
         QCOMPARE(selection.value(0).configuration().lineColor().rgba(), look.lineColor().rgba());
+        QCOMPARE(selection.value(0).configuration().lineWidth().toDouble(), 7.5);
         QCOMPARE(track.name(), QStringLiteral("Tour"));
         QCOMPARE(track.description(), QStringLiteral("Am Fluss\nentlang"));
         QCOMPARE(track.segments().size(), 2);

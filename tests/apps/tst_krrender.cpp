@@ -494,6 +494,12 @@ void tst_krrender::documentIsDrawnTheSame()
     QCOMPARE(run({QStringLiteral("-o"), second, document}).exitCode, 0);
     QCOMPARE(QImage(second), QImage(first));
 
+    // Neither through a link over a track file of the document, nor empty over what is there.
+    QVERIFY(QFile::link(path(QStringLiteral("Reise.tracks/track.gps")), path(QStringLiteral("link.png"))));
+    QCOMPARE(run({QStringLiteral("-o"), path(QStringLiteral("link.png")), document}).exitCode, 2);
+    QCOMPARE(run({QStringLiteral("--save"), document, path(QStringLiteral("missing.gpx"))}).exitCode, 1);
+    QCOMPARE(run({QStringLiteral("-o"), second, document}).exitCode, 0);
+
     // A damaged track file: the rest is drawn, and the file is named.
     QVERIFY(QFile::remove(path(QStringLiteral("Reise.tracks/track.gps"))));
     const Outcome damaged = run({QStringLiteral("-o"), second, document});
