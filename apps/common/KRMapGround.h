@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+class KRMapProjection;
+class QPainter;
+class QSize;
+
+/**
+ * What lies under the tracks of a map: an embedded map, tiles from a file or from the net.
+ *
+ * A ground belongs to the thread that made it; paint() and credit() may be called from any other thread at the same
+ * time, as long as the ground lives.
+ */
+class KRMapGround : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit KRMapGround(QObject *parent = nullptr) : QObject(parent) { }
+
+    /// Fills the rectangle of that size at (0, 0), and nothing else, with what is at hand. What is still missing is
+    /// fetched meanwhile and announced by changed(). @p factor is the paint scale, 1.0 for a normal screen.
+    virtual void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) = 0;
+
+    /// Whom the map is owed to, one line of plain text; empty where the credit of the library says it.
+    virtual QString credit() const { return QString(); }
+
+signals:
+    /// More or better can be painted than before. Comes in the thread of the ground, a few times a second at most.
+    void changed();
+};
