@@ -59,6 +59,6 @@ void KRHostApplication::setup(QCoreApplication &application, const QString &name
         return;
     }
     initializeTranslations();
-    for (const char *part : {"krcore_en", "krgeolocation_en", "krmaphost_en", "krrender_en"})
+    for (const char *part : {"krcore_en", "krgeolocation_en", "krmaphost_en", "krrender_en", "krroutes_en"})
         install(application, QLatin1String(part), QStringLiteral(":/translations"));
 }
