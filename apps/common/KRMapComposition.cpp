@@ -3,6 +3,7 @@
 #include "KRBaseMap.h"
 #include "KRHaloPainter.h"
 #include "KRMapFurniture.h"
+#include "KRMapGround.h"
 #include "KRMapTrackRenderer.h"
 #include "KRSamplePlaces.h"
 
@@ -34,7 +35,7 @@ QImage KRMapComposition::render() const
     if (m_ground != Ground::None && m_hasScaleBar)
         KRMapFurniture::paintScaleBar(&map, projection, m_factor);
     if (m_ground != Ground::None && m_hasAttribution)
-        KRMapFurniture::paintAttribution(&map, m_factor);
+        paintCredits(&map);
     return map;
 }
 
@@ -54,8 +55,19 @@ QImage KRMapComposition::renderGround(const KRMapProjection &projection) const
             projection.getPixelCoordinateByMapCoordinate(m_area.south().decimalDegrees(), eastLongitude);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(QRectF(northWest, southEast), m_picture);
+    } else if (m_mapGround != nullptr) {
+        m_mapGround->paint(&painter, m_size, projection, m_factor);
     } else {
         KRBaseMap(KRSamplePlaces::all()).paint(&painter, m_size, projection, m_factor);
     }
     return ground;
+}
+
+void KRMapComposition::paintCredits(QImage *map) const
+{
+    KRMapFurniture::paintAttribution(map, m_factor);
+    if (m_ground != Ground::BaseMap || m_mapGround == nullptr)
+        return;
+    QPainter painter(map);
+    KRMapFurniture::paintCredit(&painter, m_size, m_mapGround->credit(), m_factor);
 }

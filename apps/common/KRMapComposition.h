@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QSize>
 
+class KRMapGround;
 class KRMapProjection;
 
 /**
@@ -34,6 +35,8 @@ public:
 
     /// With Ground::Picture the picture is laid over the area exactly, whatever its own size is.
     void setGround(Ground ground, const QImage &picture = QImage());
+    /// Takes the place of the base map, and is not owned; what it shows and its credit are those of render()'s time.
+    void setMapGround(KRMapGround *ground) { m_mapGround = ground; }
     void setRenderOption(TrackRenderOption option) { m_renderOption = option; }
     /// Both are painted unless they are switched off or there is no ground.
     void setScaleBar(bool isPainted) { m_hasScaleBar = isPainted; }
@@ -43,6 +46,7 @@ public:
 
 private:
     QImage renderGround(const KRMapProjection &projection) const;
+    void paintCredits(QImage *map) const;
 
     KRGPXTrackSelection m_selection;
     KRGeoPositionRect m_area;
@@ -50,6 +54,7 @@ private:
     double m_factor;
     Ground m_ground = Ground::BaseMap;
     QImage m_picture;
+    KRMapGround *m_mapGround = nullptr;
     TrackRenderOption m_renderOption = StyledRender;
     bool m_hasScaleBar = true;
     bool m_hasAttribution = true;

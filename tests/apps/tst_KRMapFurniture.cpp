@@ -1,11 +1,13 @@
 #include "KRMapFurniture.h"
 
+#include "KRTestPicture.h"
 #include "KRTestRegistry.h"
 
 #include <KRGeoLocation/KRMapProjection.h>
 #include <KRGeoLocation/KROsmScaleRenderer.h>
 
 #include <QImage>
+#include <QPainter>
 #include <QtTest>
 
 class tst_KRMapFurniture : public QObject
@@ -16,6 +18,8 @@ private slots:
     void barIsRightAlongTheMiddle_data();
     void barIsRightAlongTheMiddle();
     void smallPicturesGetSmallFurniture();
+    void creditStandsAboveTheAttribution_data();
+    void creditStandsAboveTheAttribution();
 };
 
 void tst_KRMapFurniture::barIsRightAlongTheMiddle_data()
@@ -66,6 +70,45 @@ void tst_KRMapFurniture::smallPicturesGetSmallFurniture()
     KRMapFurniture::paintAttribution(&small, 1.0);
     for (int y = 0; y < small.height(); ++y)
         QCOMPARE(small.pixel(90, y), QColor(Qt::red).rgba());
+}
+
+void tst_KRMapFurniture::creditStandsAboveTheAttribution_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<int>("lines");
+    const QString brief = QStringLiteral("Kacheln der Stadt");
+    const QString lengthy = QStringLiteral("Kacheln, die viele Leute mit vielen Namen gemacht haben ").repeated(3);
+    QTest::newRow("one line") << QSize(1600, 1200) << brief << 1.0 << 1;
+    QTest::newRow("high density") << QSize(1600, 1200) << brief << 2.0 << 1;
+    QTest::newRow("small picture") << QSize(300, 200) << brief << 1.0 << 1;
+    QTest::newRow("several lines") << QSize(1600, 1200) << lengthy << 1.0 << 2;
+}
+
+void tst_KRMapFurniture::creditStandsAboveTheAttribution()
+{
+    QFETCH(QSize, size);
+    QFETCH(QString, text);
+    QFETCH(double, factor);
+    QFETCH(int, lines);
+    QImage attribution(size, QImage::Format_ARGB32_Premultiplied);
+    attribution.fill(Qt::white);
+    QImage credit = attribution;
+    KRMapFurniture::paintAttribution(&attribution, factor);
+    QPainter painter(&credit);
+    KRMapFurniture::paintCredit(&painter, size, text, factor);
+    painter.end();
+
+    const QRect below = KRTestPicture::boundsOfPainted(attribution);
+    const QRect above = KRTestPicture::boundsOfPainted(credit);
+    QVERIFY(above.bottom() < below.top() && below.top() - above.bottom() < below.height());
+    QVERIFY(qAbs(above.right() - below.right()) <= 2);
+    QVERIFY(above.left() >= 0);
+    QVERIFY(qAbs(double(above.height()) / below.height() - lines) < 0.4);
+    // Letters of the same size, whole within their box.
+    const QRect letters = KRTestPicture::boundsOfDark(credit);
+    QVERIFY(above.adjusted(1, 1, -1, -1).contains(letters));
 }
 
 static const KRTestRegistration<tst_KRMapFurniture> registration;
