@@ -19,7 +19,7 @@ constexpr QColor letterColor(0, 0, 0, 180);
 // Pixels of a normal screen, after the attribution's box.
 constexpr double creditLetters = 32.0;
 constexpr double creditMargin = 10.0;
-constexpr double creditPadding = 10.0;
+constexpr double creditPadding = 10.0; // to the left and to the right, a quarter of it above and below
 constexpr double creditDistance = 6.0;
 
 /// The factor, or less where the credit would take more than half of the picture's width.
@@ -70,7 +70,7 @@ void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const QSt
     const QRectF letters = metrics.boundingRect(room, layout, text);
     if (text.isEmpty() || letters.isEmpty())
         return;
-    QRectF box = letters.adjusted(-padding, 0.0, padding, 0.0);
+    QRectF box = letters.adjusted(-padding, -padding / 4.0, padding, padding / 4.0);
     const QRectF attribution = KRCopyrightRenderer().copyrightRect(QRect(QPoint(), size), fitting);
     box.moveBottomRight(QPointF(size.width() - margin, attribution.top() - creditDistance * fitting));
 
@@ -82,6 +82,6 @@ void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const QSt
     const double radius = metrics.height() / 2.0;
     painter->drawRoundedRect(box, radius, radius);
     painter->setPen(letterColor);
-    painter->drawText(box.adjusted(padding, 0.0, -padding, 0.0), layout, text);
+    painter->drawText(box.adjusted(padding, padding / 4.0, -padding, -padding / 4.0), layout, text);
     painter->restore();
 }

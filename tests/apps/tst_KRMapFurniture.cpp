@@ -105,7 +105,7 @@ void tst_KRMapFurniture::creditStandsAboveTheAttribution()
     QVERIFY(above.bottom() < below.top() && below.top() - above.bottom() < below.height());
     QVERIFY(qAbs(above.right() - below.right()) <= 2);
     QVERIFY(above.left() >= 0);
-    QVERIFY(qAbs(double(above.height()) / below.height() - lines) < 0.4);
+    QVERIFY(qAbs(double(above.height()) / below.height() - lines) < 0.25);
     // Letters of the same size, whole within their box.
     const QRect letters = KRTestPicture::boundsOfDark(credit);
     QVERIFY(above.adjusted(1, 1, -1, -1).contains(letters));
