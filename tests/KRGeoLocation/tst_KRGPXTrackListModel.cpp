@@ -1,0 +1,230 @@
+#include <KRGeoLocation/KRGPXTrackListModel.h>
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+
+#include "KRTestRegistry.h"
+
+#include <QAbstractItemModelTester>
+#include <QDataStream>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+
+using Mime = std::unique_ptr<QMimeData>;
+Q_DECLARE_METATYPE(QList<int>)
+
+class tst_KRGPXTrackListModel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void showsNamesAndDescriptions();
+    void drops_data();
+    void drops();
+    void survivesAnyPayload_data();
+    void survivesAnyPayload();
+    void refusesOtherData();
+    void moves();
+    void resetsOnlyForNewTracks();
+    void announcesChangedConfigurations();
+
+private:
+    QString names() const;
+    Mime dragged(const QList<int> &rows) const;
+
+    std::unique_ptr<KRGPXTrackListModel> m_model; // with the tracks A to E
+    std::unique_ptr<QAbstractItemModelTester> m_tester;
+};
+
+namespace {
+
+KRGPXConfiguredTrack track(const QString &name)
+{
+    const KRGPXTrack points(name, QStringLiteral("way of ") + name, {}, AutoTrackShape);
+    KRGPXTrackConfiguration configuration;
+    configuration.setTrackShape(LineStringTrackShape);
+    return KRGPXConfiguredTrack(points, configuration);
+}
+
+} // namespace
+
+void tst_KRGPXTrackListModel::init()
+{
+    KRGPXConfiguredTrackList tracks;
+    for (const char *name : {"A", "B", "C", "D", "E"})
+        tracks += track(QLatin1String(name));
+    m_tester.reset();
+    m_model = std::make_unique<KRGPXTrackListModel>();
+    m_tester = std::make_unique<QAbstractItemModelTester>(m_model.get(),
+                                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
+    m_model->setSelection(KRGPXTrackSelection(tracks));
+}
+
+QString tst_KRGPXTrackListModel::names() const
+{
+    QString names;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        names += m_model->index(row, 0).data().toString();
+    return names;
+}
+
+Mime tst_KRGPXTrackListModel::dragged(const QList<int> &rows) const
+{
+    QModelIndexList indexes;
+    for (int row : rows)
+        indexes << m_model->index(row, 0) << m_model->index(row, 1); // as a table view does
+    return Mime(m_model->mimeData(indexes));
+}
+
+void tst_KRGPXTrackListModel::showsNamesAndDescriptions()
+{
+    const QModelIndex first = m_model->index(1, 0);
+    const QModelIndex second = m_model->index(1, 1);
+    QCOMPARE(first.data(), QVariant(QStringLiteral("B")));
+    QVERIFY(!second.data().isValid());
+    QCOMPARE(second.data(Qt::EditRole), QVariant(QStringLiteral("B")));
+    QCOMPARE(second.data(Qt::ToolTipRole), QVariant(QStringLiteral("way of B")));
+    QCOMPARE(m_model->headerData(0, Qt::Horizontal), QVariant(QStringLiteral("Name")));
+    QVERIFY(!m_model->headerData(1, Qt::Horizontal).isValid());
+    QCOMPARE(m_model->headerData(2, Qt::Vertical), QVariant(3));
+    QVERIFY(!m_model->setData(first, QStringLiteral("X")));
+    QCOMPARE(m_model->flags(QModelIndex()), Qt::ItemFlags(Qt::ItemIsDropEnabled));
+    QVERIFY(m_model->flags(first).testFlag(Qt::ItemIsDragEnabled));
+    QCOMPARE(m_model->trackAt(first).name(), QStringLiteral("B"));
+    QVERIFY(m_model->trackAt(-1) == KRGPXConfiguredTrack());
+    QVERIFY(m_model->trackAt(5) == KRGPXConfiguredTrack());
+}
+
+void tst_KRGPXTrackListModel::drops_data()
+{
+    QTest::addColumn<QList<int>>("rows");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("parentRow");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<int>("selected");
+    QTest::newRow("first row before the last") << QList<int>{0} << 4 << 0 << -1 << "BCDEA" << 4;
+    QTest::newRow("upwards between rows") << QList<int>{3, 4} << 1 << 0 << -1 << "ADEBC" << 1;
+    QTest::newRow("onto a row") << QList<int>{4} << -1 << -1 << 2 << "ABECD" << 2;
+    QTest::newRow("onto itself") << QList<int>{2} << -1 << -1 << 2 << "ABCDE" << 2;
+    QTest::newRow("into the empty area") << QList<int>{1} << -1 << -1 << -1 << "ACDEB" << 4;
+    QTest::newRow("below the last row") << QList<int>{1} << 5 << 0 << -1 << "ACDEB" << 4;
+    QTest::newRow("several to the end") << QList<int>{0, 1} << -1 << -1 << -1 << "CDEAB" << 4;
+    QTest::newRow("all to the end") << QList<int>{4, 3, 2, 1, 0} << 5 << 0 << -1 << "EDCBA" << 4;
+    QTest::newRow("several downwards, rows as dragged") << QList<int>{0, 1} << 2 << 0 << -1 << "BADCE" << 2;
+}
+
+void tst_KRGPXTrackListModel::drops()
+{
+    QFETCH(QList<int>, rows);
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(int, parentRow);
+    QSignalSpy selected(m_model.get(), &KRGPXTrackListModel::pleaseSelectTrack);
+    QSignalSpy resets(m_model.get(), &KRGPXTrackListModel::modelReset);
+    const Mime data = dragged(rows);
+    QVERIFY(m_model->dropMimeData(data.get(), Qt::MoveAction, row, column, m_model->index(parentRow, 0)));
+    QTEST(names(), "expected");
+    QCOMPARE(selected.count(), 1);
+    QTEST(selected.first().first().toInt(), "selected");
+    QVERIFY(resets.isEmpty());
+}
+
+void tst_KRGPXTrackListModel::survivesAnyPayload_data()
+{
+    QTest::addColumn<QStringList>("rows");
+    QTest::addColumn<int>("cutBytes");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("nothing") << QStringList() << 0 << "ABCDE";
+    QTest::newRow("no number") << QStringList{QStringLiteral("x"), QString(), QStringLiteral("1")} << 0 << "ACDEB";
+    QTest::newRow("rows that there are not")
+        << QStringList{QStringLiteral("-1"), QStringLiteral("5"), QStringLiteral("99999999999")} << 0 << "ABCDE";
+    QTest::newRow("cut off") << QStringList{QStringLiteral("2"), QStringLiteral("1")} << 1 << "ABDEC";
+}
+
+void tst_KRGPXTrackListModel::survivesAnyPayload()
+{
+    QFETCH(QStringList, rows);
+    QFETCH(int, cutBytes);
+    QByteArray payload;
+    QDataStream stream(&payload, QIODevice::WriteOnly);
+    for (const QString &row : std::as_const(rows))
+        stream << row;
+    payload.chop(cutBytes);
+    QMimeData data;
+    data.setData(QStringLiteral("application/gpxtrack"), payload);
+    QVERIFY(m_model->dropMimeData(&data, Qt::MoveAction, -1, -1, QModelIndex()));
+    QTEST(names(), "expected");
+}
+
+void tst_KRGPXTrackListModel::refusesOtherData()
+{
+    QSignalSpy selected(m_model.get(), &KRGPXTrackListModel::pleaseSelectTrack);
+    const Mime data = dragged({0});
+    QMimeData text;
+    text.setText(QStringLiteral("0"));
+    QVERIFY(!m_model->dropMimeData(&text, Qt::MoveAction, -1, -1, QModelIndex()));
+    QVERIFY(!m_model->dropMimeData(nullptr, Qt::MoveAction, -1, -1, QModelIndex()));
+    QVERIFY(!m_model->dropMimeData(data.get(), Qt::CopyAction, -1, -1, QModelIndex()));
+    QVERIFY(m_model->dropMimeData(data.get(), Qt::IgnoreAction, -1, -1, QModelIndex()));
+    QCOMPARE(names(), QStringLiteral("ABCDE"));
+    m_model->setSelection(KRGPXTrackSelection());
+    QVERIFY(m_model->dropMimeData(data.get(), Qt::MoveAction, -1, -1, QModelIndex()));
+    QVERIFY(selected.isEmpty());
+}
+
+void tst_KRGPXTrackListModel::moves()
+{
+    QSignalSpy changes(m_model.get(), &KRGPXTrackListModel::dataChanged);
+    m_model->moveTrack(3, 1);
+    QCOMPARE(names(), QStringLiteral("ADBCE"));
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.first().at(0).toModelIndex(), m_model->index(1, 0));
+    QCOMPARE(changes.first().at(1).toModelIndex(), m_model->index(3, 1));
+    m_model->moveTrack(2, 2);
+    m_model->moveTrack(7, 0);
+    QCOMPARE(changes.count(), 1);
+    m_model->moveTrack(0, 9);
+    QCOMPARE(names(), QStringLiteral("DBCEA"));
+    QCOMPARE(changes.last().at(1).toModelIndex(), m_model->index(4, 1));
+}
+
+void tst_KRGPXTrackListModel::resetsOnlyForNewTracks()
+{
+    QSignalSpy resets(m_model.get(), &KRGPXTrackListModel::modelReset);
+    m_model->setSelection(KRGPXTrackSelection(m_model->tracks()));
+    m_model->remove(QModelIndex());
+    QVERIFY(resets.isEmpty());
+    m_model->addTracks(KRGPXConfiguredTrackList({track(QStringLiteral("F")), track(QStringLiteral("G"))}));
+    m_model->remove(m_model->index(1, 1));
+    QCOMPARE(names(), QStringLiteral("ACDEFG"));
+    QCOMPARE(resets.count(), 2);
+    m_model->setSelection(KRGPXTrackSelection(KRGPXConfiguredTrackList(track(QStringLiteral("Z")))));
+    QCOMPARE(names(), QStringLiteral("Z"));
+    QCOMPARE(resets.count(), 3);
+}
+
+void tst_KRGPXTrackListModel::announcesChangedConfigurations()
+{
+    KRGPXTrackConfiguration red = m_model->trackAt(2).configuration();
+    QSignalSpy changes(m_model.get(), &KRGPXTrackListModel::dataChanged);
+    m_model->setConfiguration(2, red);
+    QVERIFY(changes.isEmpty());
+    red.setLineColor(Qt::red);
+    m_model->setConfiguration(m_model->index(2, 1), red);
+    m_model->setConfiguration(5, red);
+    m_model->setConfiguration(QModelIndex(), red);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.first().at(0).toModelIndex(), m_model->index(2, 0));
+    QCOMPARE(changes.first().at(1).toModelIndex(), m_model->index(2, 1));
+    m_model->setConfigurationToAll(red);
+    QCOMPARE(changes.count(), 5); // row 2 has it already
+    QCOMPARE(m_model->trackAt(4).lineColor(), QColor(Qt::red));
+}
+
+static const KRTestRegistration<tst_KRGPXTrackListModel> registration;
+
+#include "tst_KRGPXTrackListModel.moc"
