@@ -1,6 +1,8 @@
 #include "KRTrackFigures.h"
 
+#include "KRClimbCounter.h"
 #include "KRMapArea.h"
+#include "KRSpeedometer.h"
 
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXTrack.h>
@@ -9,32 +11,63 @@
 
 KRTrackFigures::KRTrackFigures(const KRGPXConfiguredTrack &track)
 {
+    KRClimbCounter climb;
+    KRSpeedometer speed;
     const QList<KRGPXTrackSegment> segments = track.track().segments();
     m_segmentCount = segments.size();
-    for (const KRGPXTrackSegment &segment : segments) {
-        KRGeoPosition previous;
-        const QList<KRGPXTrackPoint> points = segment.trackPoints();
-        m_pointCount += points.size();
-        for (const KRGPXTrackPoint &point : points) {
-            const QDateTime time = point.timeStamp();
-            if (time.isValid() && (!m_from.isValid() || time < m_from))
-                m_from = time;
-            if (time.isValid() && (!m_to.isValid() || time > m_to))
-                m_to = time;
-
-            const KRGeoPosition position = point.position();
-            if (!position.isValid())
-                continue;
-            if (previous.isValid())
-                m_lengthKm += previous.distance(position);
-            if (!m_firstPosition.isValid())
-                m_firstPosition = position;
-            m_lastPosition = position;
-            previous = position;
-        }
-    }
+    for (const KRGPXTrackSegment &segment : segments)
+        addSegment(segment, climb, speed);
+    m_climbMetres = climb.climbMetres();
+    m_descentMetres = climb.descentMetres();
+    m_averageSpeedKmh = speed.averageKmh();
+    m_maximumSpeedKmh = speed.maximumKmh();
 
     KRMapArea area;
     area.add(track);
     m_boundingBox = area.covered();
+}
+
+void KRTrackFigures::addSegment(const KRGPXTrackSegment &segment, KRClimbCounter &climb, KRSpeedometer &speed)
+{
+    KRGeoPosition previous;
+    const QList<KRGPXTrackPoint> points = segment.trackPoints();
+    m_pointCount += points.size();
+    for (const KRGPXTrackPoint &point : points) {
+        const QDateTime time = point.timeStamp();
+        addTime(time);
+        if (point.elevation() != 0) {
+            addElevation(point.elevation());
+            climb.add(point.elevation());
+        }
+        const KRGeoPosition position = point.position();
+        if (!position.isValid())
+            continue;
+        if (previous.isValid())
+            m_lengthKm += previous.distance(position);
+        if (!m_firstPosition.isValid())
+            m_firstPosition = position;
+        m_lastPosition = position;
+        previous = position;
+        if (time.isValid())
+            speed.add(time.toMSecsSinceEpoch(), m_lengthKm);
+    }
+    climb.startAnew();
+    speed.startAnew();
+}
+
+void KRTrackFigures::addTime(const QDateTime &time)
+{
+    if (!time.isValid())
+        return;
+    if (!m_from.isValid() || time < m_from)
+        m_from = time;
+    if (!m_to.isValid() || time > m_to)
+        m_to = time;
+}
+
+void KRTrackFigures::addElevation(int metres)
+{
+    const bool isFirst = !hasElevation();
+    m_lowestMetres = isFirst ? metres : qMin(m_lowestMetres, metres);
+    m_highestMetres = isFirst ? metres : qMax(m_highestMetres, metres);
 }

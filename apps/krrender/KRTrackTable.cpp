@@ -63,6 +63,11 @@ QJsonValue timeValue(const QDateTime &time)
     return time.isValid() ? QJsonValue(utcText(time)) : QJsonValue(QJsonValue::Null);
 }
 
+QJsonValue knownValue(bool isKnown, double value)
+{
+    return isKnown ? QJsonValue(value) : QJsonValue(QJsonValue::Null);
+}
+
 QJsonObject trackValue(const KRGPXConfiguredTrack &track)
 {
     const KRTrackFigures figures(track);
@@ -73,6 +78,10 @@ QJsonObject trackValue(const KRGPXConfiguredTrack &track)
         {QStringLiteral("segments"), figures.segmentCount()},
         {QStringLiteral("points"), figures.pointCount()},
         {QStringLiteral("lengthKm"), figures.lengthKm()},
+        {QStringLiteral("climbMetres"), knownValue(figures.hasElevation(), figures.climbMetres())},
+        {QStringLiteral("descentMetres"), knownValue(figures.hasElevation(), figures.descentMetres())},
+        {QStringLiteral("averageKmh"), knownValue(figures.hasSpeed(), figures.averageSpeedKmh())},
+        {QStringLiteral("maximumKmh"), knownValue(figures.hasSpeed(), figures.maximumSpeedKmh())},
         {QStringLiteral("first"), positionValue(figures.firstPosition())},
         {QStringLiteral("last"), positionValue(figures.lastPosition())},
         {QStringLiteral("from"), timeValue(figures.from())},
@@ -131,16 +140,17 @@ QString KRTrackTable::placesText()
 QString KRTrackTable::toText() const
 {
     QList<QStringList> rows{{tr("Nr."), tr("Name"), tr("Form"), tr("Segmente"), tr("Punkte"), tr("Länge (km)"),
-                             tr("von"), tr("bis"), tr("Ausschnitt (NW .. SO)")}};
+                             tr("Anstieg (m)"), tr("von"), tr("bis"), tr("Ausschnitt (NW .. SO)")}};
     for (int i = 0; i < m_tracks.size(); ++i) {
         const KRGPXConfiguredTrack &track = m_tracks.at(i);
         const KRTrackFigures figures(track);
         rows.append({QString::number(i + 1), track.name().simplified(), shapeKey(track),
                      QString::number(figures.segmentCount()), QString::number(figures.pointCount()),
-                     QString::number(figures.lengthKm(), 'f', 2), utcText(figures.from()), utcText(figures.to()),
-                     areaText(figures.boundingBox())});
+                     QString::number(figures.lengthKm(), 'f', 2),
+                     figures.hasElevation() ? QString::number(figures.climbMetres()) : QString(),
+                     utcText(figures.from()), utcText(figures.to()), areaText(figures.boundingBox())});
     }
-    return aligned(rows, {0, 3, 4, 5});
+    return aligned(rows, {0, 3, 4, 5, 6});
 }
 
 QByteArray KRTrackTable::toJson(const KRErrorHistory &problems, const QList<KRImportReport> &reports) const

@@ -26,8 +26,8 @@ public:
 
     /**
      * An object with "tracks" and "problems" (file, line, column, reason). Coordinates are decimal degrees,
-     * lengths kilometres, times ISO 8601 in UTC; what a track does not have is null. Problems out of a report, parts
-     * of a file that are not drawn, also have a kind, a name and a count.
+     * lengths kilometres, elevations metres, speeds kilometres an hour, times ISO 8601 in UTC; what a track does not
+     * have is null. Problems out of a report, parts of a file that are not drawn, also have a kind, a name and a count.
      */
     QByteArray toJson(const KRErrorHistory &problems, const QList<KRImportReport> &reports) const;
 

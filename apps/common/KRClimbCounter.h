@@ -1,0 +1,31 @@
+#pragma once
+
+/**
+ * Adds up how far a way goes up and down, from elevations in whole metres, one after the other.
+ *
+ * Receivers waver by some metres even at rest, which would add up to hundreds of metres an hour. A turn from up to
+ * down or back therefore counts only once the way has left the turning point by five metres: about what receivers
+ * waver, and less than what a walker calls a climb. Beyond that a climb counts in full, from turn to turn.
+ */
+class KRClimbCounter
+{
+public:
+    static constexpr int smallestTurnMetres = 5;
+
+    void add(int elevationMetres);
+    /// What comes next does not begin where the way has ended so far.
+    void startAnew();
+
+    int climbMetres() const { return m_climbMetres + (m_extreme > m_turn ? m_extreme - m_turn : 0); }
+    int descentMetres() const { return m_descentMetres + (m_extreme < m_turn ? m_turn - m_extreme : 0); }
+
+private:
+    void countToExtreme();
+
+    int m_climbMetres = 0;
+    int m_descentMetres = 0;
+    bool m_hasStarted = false;
+    /// Where the way has turned last, and how far it has come since; both are equal while it has not left that place.
+    int m_turn = 0;
+    int m_extreme = 0;
+};
