@@ -1,0 +1,151 @@
+#include "KRTrackEditing.h"
+
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+
+KRGPXTrack withEnclaves(KRGPXTrack track, const QList<KRGPXTrack> &enclaves)
+{
+    for (const KRGPXTrack &enclave : enclaves)
+        track.addEnclave(enclave);
+    return track;
+}
+
+/// Draws @p changed as @p track, of which it is made.
+KRGPXConfiguredTrack drawnAs(const KRGPXConfiguredTrack &track, const KRGPXTrack &changed)
+{
+    KRGPXTrackConfiguration configuration = track.configuration();
+    if (configuration.trackShape() == track.naturalShape())
+        configuration.setTrackShape(AutoTrackShape);
+    return KRGPXConfiguredTrack(changed, configuration);
+}
+
+KRGPXConfiguredTrack part(const KRGPXConfiguredTrack &track, int number, const QList<KRGPXTrackSegment> &segments)
+{
+    const QString name =
+        track.name().isEmpty() ? QString() : QStringLiteral("%1 (%2)").arg(track.name(), QString::number(number));
+    return drawnAs(track, KRGPXTrack(name, track.description(), segments, track.track().shape()));
+}
+
+/// "Tour" for "Tour (1)" and "Tour (2)"; else the name of the first that has one.
+QString joinedName(const QString &first, const QString &second)
+{
+    static const QRegularExpression number(QStringLiteral(" \\(\\d+\\)$"));
+    const auto stem = [](QString name) { return name.remove(number); };
+    if (first != second && stem(first) == stem(second))
+        return stem(first);
+    return first.isEmpty() ? second : first;
+}
+
+QString joinedDescription(const QString &first, const QString &second)
+{
+    if (first == second || second.isEmpty())
+        return first;
+    return first.isEmpty() ? second : first + QLatin1Char('\n') + second;
+}
+
+/// @p segments up to the point with this number and from it on.
+struct CutSegments {
+    QList<KRGPXTrackSegment> before;
+    QList<KRGPXTrackSegment> after;
+};
+
+CutSegments cut(const QList<KRGPXTrackSegment> &segments, int pointNumber)
+{
+    CutSegments parts;
+    int firstNumber = 0;
+    for (const KRGPXTrackSegment &segment : segments) {
+        const int index = pointNumber - firstNumber;
+        const int lastIndex = segment.count() - 1;
+        firstNumber += segment.count();
+        if (index > 0 && index < lastIndex) {
+            const QList<KRGPXTrackPoint> points = segment.trackPoints();
+            parts.before.append(KRGPXTrackSegment(points.mid(0, index + 1)));
+            parts.after.append(KRGPXTrackSegment(points.mid(index)));
+        } else if (index > 0) {
+            parts.before.append(segment);
+        } else {
+            parts.after.append(segment);
+        }
+    }
+    return parts;
+}
+
+} // namespace
+
+KRGPXConfiguredTrack KRTrackEditing::renamed(const KRGPXConfiguredTrack &track, const QString &name)
+{
+    KRGPXTrack changed = track.track();
+    changed.setName(name);
+    KRGPXConfiguredTrack result = track;
+    result.setTrack(changed);
+    return result;
+}
+
+KRGPXConfiguredTrack KRTrackEditing::reversed(const KRGPXConfiguredTrack &track)
+{
+    QList<KRGPXTrackSegment> segments = track.track().segments();
+    std::reverse(segments.begin(), segments.end());
+    for (KRGPXTrackSegment &segment : segments) {
+        QList<KRGPXTrackPoint> points = segment.trackPoints();
+        std::reverse(points.begin(), points.end());
+        segment = KRGPXTrackSegment(points);
+    }
+    const KRGPXTrack changed(track.name(), track.description(), segments, track.track().shape());
+    return drawnAs(track, withEnclaves(changed, track.track().enclaves()));
+}
+
+KRGPXConfiguredTrackList KRTrackEditing::split(const KRGPXConfiguredTrack &track, int pointNumber)
+{
+    const bool isInside = pointNumber > 0 && pointNumber < track.track().countPoints() - 1;
+    if (!isInside || !track.track().enclaves().isEmpty())
+        return KRGPXConfiguredTrackList(track);
+    const CutSegments parts = cut(track.track().segments(), pointNumber);
+    KRGPXConfiguredTrackList tracks;
+    tracks.append(part(track, 1, parts.before));
+    tracks.append(part(track, 2, parts.after));
+    return tracks;
+}
+
+int KRTrackEditing::nearestPoint(const KRGPXConfiguredTrack &track, const KRGeoPosition &position)
+{
+    if (!position.isValid())
+        return -1;
+    int nearest = -1;
+    double shortestKm = 0.0;
+    int number = 0;
+    const QList<KRGPXTrackSegment> segments = track.track().segments();
+    for (const KRGPXTrackSegment &segment : segments) {
+        const KRGeoPositionList points = segment.allPoints();
+        for (const KRGeoPosition &point : points) {
+            const double distanceKm = point.isValid() ? point.distance(position) : -1.0;
+            if (distanceKm >= 0.0 && (nearest < 0 || distanceKm < shortestKm)) {
+                nearest = number;
+                shortestKm = distanceKm;
+            }
+            ++number;
+        }
+    }
+    return nearest;
+}
+
+KRGPXConfiguredTrack KRTrackEditing::joined(const KRGPXConfiguredTrack &first, const KRGPXConfiguredTrack &second)
+{
+    QList<KRGPXTrackSegment> segments = first.track().segments();
+    QList<KRGPXTrackSegment> following = second.track().segments();
+    const bool isConnected = !segments.isEmpty() && segments.last().isValid() && !following.isEmpty()
+                             && following.first().isValid()
+                             && segments.last().trackPoints().last() == following.first().trackPoints().first();
+    if (isConnected)
+        segments.last() = KRGPXTrackSegment(segments.last().trackPoints() + following.takeFirst().trackPoints().mid(1));
+    segments += following;
+
+    const KRGPXTrack way(joinedName(first.name(), second.name()),
+                         joinedDescription(first.description(), second.description()), segments, first.track().shape());
+    return drawnAs(first, withEnclaves(way, first.track().enclaves() + second.track().enclaves()));
+}

@@ -1,0 +1,235 @@
+#include "KRTrackSimplifier.h"
+
+#include "KRTestRegistry.h"
+
+#include <KRGeoLocation/KRGPXBeelineCreator.h>
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+constexpr double metresPerDegree = 111177.4733520461; // on the sphere of 6370 km
+
+struct Place {
+    double x;
+    double y;
+};
+
+KRGPXTrackSegment spawnSegment(const QVector<Place> &metres, double longitude, double latitude)
+{
+    const double scale = std::cos(latitude * 3.14159265358979 / 180.0);
+    KRGPXTrackSegment segment;
+    for (const Place &place : metres) {
+        const double eastern = longitude + place.x / metresPerDegree / scale;
+        segment.append(latitude + place.y / metresPerDegree, eastern > 180.0 ? eastern - 360.0 : eastern,
+                       segment.count() + 1, QDateTime::fromSecsSinceEpoch(segment.count(), Qt::UTC),
+                       QString::number(segment.count()));
+    }
+    return segment;
+}
+
+KRGPXConfiguredTrack configured(const QList<KRGPXTrackSegment> &segments)
+{
+    return KRGPXConfiguredTrack(KRGPXTrack(QStringLiteral("T"), QStringLiteral("D"), segments, LineStringTrackShape),
+                                KRGPXTrackConfiguration());
+}
+
+KRGPXConfiguredTrack spawnTrack(const QVector<Place> &metres, double longitude = 8.0, double latitude = 53.0)
+{
+    return configured({spawnSegment(metres, longitude, latitude)});
+}
+
+QString numbersLeft(const KRGPXConfiguredTrack &track)
+{
+    QStringList numbers;
+    for (const KRGPXTrackSegment &segment : track.track().segments()) {
+        for (const KRGPXTrackPoint &point : segment.trackPoints())
+            numbers.append(point.description());
+    }
+    return numbers.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+class tst_KRTrackSimplifier : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void leavesOut_data();
+    void leavesOut();
+    void metresAnywhere_data();
+    void metresAnywhere();
+    void staysWithinTolerance();
+    void keepsRings();
+    void keepsFlightLine();
+    void keepsSegmentsAndOddPoints();
+    void manyPoints_data();
+    void manyPoints();
+};
+
+void tst_KRTrackSimplifier::leavesOut_data()
+{
+    QTest::addColumn<double>("tolerance");
+    QTest::addColumn<QString>("left");
+    QTest::newRow("none: only what lies on the line") << 0.0 << QStringLiteral("0 2 3 4 7");
+    QTest::newRow("negative is none") << -5.0 << QStringLiteral("0 2 3 4 7");
+    QTest::newRow("below the bump") << 9.0 << QStringLiteral("0 3 4 7");
+    QTest::newRow("above the bump") << 11.0 << QStringLiteral("0 4 7");
+    QTest::newRow("above everything") << 1e9 << QStringLiteral("0 7");
+}
+
+void tst_KRTrackSimplifier::leavesOut()
+{
+    QFETCH(double, tolerance);
+    // Along a line with a bump of 10 metres, then round a corner.
+    const KRGPXConfiguredTrack track =
+        spawnTrack({{0, 0}, {50, 0}, {100, 0}, {150, 10}, {1000, 0}, {1000, 10.5}, {1000, 500}, {1000, 1000}});
+    const KRTrackSimplifier simplifier(track);
+    const KRGPXConfiguredTrack simplified = simplifier.simplified(tolerance);
+    QTEST(numbersLeft(simplified), "left");
+    QCOMPARE(simplifier.countPoints(tolerance), simplified.track().countPoints());
+    QCOMPARE(simplifier.countAllPoints(), 8);
+    QVERIFY(simplified.configuration() == track.configuration());
+    // Points are left as they were.
+    QVERIFY(simplified.track().segments().first().trackPoints().last()
+            == track.track().segments().first().trackPoints().last());
+}
+
+void tst_KRTrackSimplifier::metresAnywhere_data()
+{
+    QTest::addColumn<double>("longitude");
+    QTest::addColumn<double>("latitude");
+    QTest::newRow("equator") << 8.0 << 0.5;
+    QTest::newRow("north") << 8.0 << 80.0;
+    QTest::newRow("south") << -70.0 << -55.0;
+    QTest::newRow("date line") << 179.9995 << 53.0;
+}
+
+void tst_KRTrackSimplifier::metresAnywhere()
+{
+    QFETCH(double, longitude);
+    QFETCH(double, latitude);
+    // A bump of 10 metres is one of 10 metres everywhere, in either direction.
+    for (const QVector<Place> &places : {QVector<Place>{{0, 0}, {50, 10}, {100, 0}}, {{0, 0}, {10, 50}, {0, 100}}}) {
+        const KRTrackSimplifier simplifier(spawnTrack(places, longitude, latitude));
+        QCOMPARE(simplifier.countPoints(9.9), 3);
+        QCOMPARE(simplifier.countPoints(10.1), 2);
+    }
+}
+
+void tst_KRTrackSimplifier::staysWithinTolerance()
+{
+    QVector<Place> walk;
+    double direction = 0.0;
+    for (int i = 0; i < 3000; ++i) {
+        direction += std::sin(i * 0.37) + std::cos(i * 0.011);
+        const Place last = walk.isEmpty() ? Place{0, 0} : walk.last();
+        walk.append({last.x + 10 * std::cos(direction), last.y + 10 * std::sin(direction)});
+    }
+    const KRTrackSimplifier simplifier(spawnTrack(walk));
+    int countBefore = simplifier.countAllPoints();
+    for (const double tolerance : {1.0, 5.0, 20.0, 100.0}) {
+        const QStringList left = numbersLeft(simplifier.simplified(tolerance)).split(QLatin1Char(' '));
+        QVERIFY(left.size() < countBefore);
+        countBefore = left.size();
+        int next = 0;
+        for (int i = 0; i < walk.size() - 1; ++i) {
+            if (i == left.at(next).toInt())
+                ++next;
+            const Place from = walk.at(left.at(next - 1).toInt());
+            const Place to = walk.at(left.at(next).toInt());
+            const double dx = to.x - from.x;
+            const double dy = to.y - from.y;
+            const Place at = walk.at(i);
+            const double square = dx * dx + dy * dy;
+            const double part =
+                square > 0 ? qBound(0.0, ((at.x - from.x) * dx + (at.y - from.y) * dy) / square, 1.0) : 0.0;
+            const double away = std::hypot(at.x - from.x - part * dx, at.y - from.y - part * dy);
+            QVERIFY2(away < tolerance * 1.01, qPrintable(QString::number(away)));
+        }
+    }
+}
+
+void tst_KRTrackSimplifier::keepsRings()
+{
+    QVector<Place> circle;
+    for (int i = 0; i <= 36; ++i)
+        circle.append({100 * std::cos(i % 36 * 0.1745329), 100 * std::sin(i % 36 * 0.1745329)});
+    KRGPXTrack area = spawnTrack(circle).track();
+    area.addEnclave(KRGPXTrack(QStringLiteral("E"), QString(), {spawnSegment(circle, 8.0, 53.0)}, PolygonTrackShape));
+    const KRTrackSimplifier simplifier(KRGPXConfiguredTrack(area, KRGPXTrackConfiguration()));
+    const KRGPXConfiguredTrack simplified = simplifier.simplified(1e6);
+    QCOMPARE(simplified.track().countPoints(), 4);
+    QVERIFY(simplified.naturalShape() == PolygonTrackShape);
+    QCOMPARE(simplified.track().enclaves().value(0).countPoints(), 4);
+    QCOMPARE(simplified.track().enclaves().value(0).name(), QStringLiteral("E"));
+    QCOMPARE(simplifier.countPoints(1e6), 8);
+    QCOMPARE(simplifier.countPoints(1.0), 74);
+}
+
+void tst_KRTrackSimplifier::keepsFlightLine()
+{
+    // Its points lie on one great circle, but maps join them by straight lines.
+    const KRGPXTrack flight =
+        KRGPXBeelineCreator(KRGeoPosition(53.0, 8.0), KRGeoPosition(40.7, -74.0)).createBeeline(QString());
+    const KRGPXConfiguredTrack track(flight, KRGPXTrackConfiguration());
+    QCOMPARE(KRTrackSimplifier(track).countPoints(100.0), flight.countPoints());
+}
+
+void tst_KRTrackSimplifier::keepsSegmentsAndOddPoints()
+{
+    KRGPXTrackSegment odd = spawnSegment({{0, 0}, {50, 0}, {100, 0}}, 8.0, 53.0);
+    odd.append(720.0, 720.0, 0, QDateTime(), QStringLiteral("nowhere"));
+    odd.append(95.0, 8.0, 0, QDateTime(), QStringLiteral("beyond the pole"));
+    const KRGPXConfiguredTrack track = configured({odd, KRGPXTrackSegment(), spawnSegment({{0, 0}}, 9.0, 53.0)});
+    const KRGPXConfiguredTrack simplified = KRTrackSimplifier(track).simplified(10.0);
+    QCOMPARE(simplified.track().segments().size(), 3);
+    QVERIFY(numbersLeft(simplified).contains(QStringLiteral("nowhere")));
+    QVERIFY(numbersLeft(simplified).contains(QStringLiteral("beyond the pole")));
+    QCOMPARE(KRTrackSimplifier(KRGPXConfiguredTrack()).countPoints(1.0), 0);
+}
+
+void tst_KRTrackSimplifier::manyPoints_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("zigzag") << 0;
+    QTest::newRow("one place") << 1;
+    QTest::newRow("straight") << 2;
+    QTest::newRow("growing zigzag") << 3;
+}
+
+void tst_KRTrackSimplifier::manyPoints()
+{
+    // With time n² each of these would take minutes.
+    QFETCH(int, kind);
+    QVector<Place> places;
+    for (int i = 0; i < 100000; ++i) {
+        const double side = i % 2;
+        switch (kind) {
+        case 0:
+            places.append({i * 30.0, side * 20.0});
+            break;
+        case 1:
+            places.append({0.0, 0.0});
+            break;
+        case 2:
+            places.append({i * 0.1, i * 0.2});
+            break;
+        default:
+            places.append({i * 0.1, side * i * 0.001});
+        }
+    }
+    const KRTrackSimplifier simplifier(spawnTrack(places));
+    QVERIFY(simplifier.countPoints(1e5) < 5);
+    if (kind == 0)
+        QVERIFY(simplifier.countPoints(1.0) > 99000);
+}
+
+static const KRTestRegistration<tst_KRTrackSimplifier> registration;
+
+#include "tst_KRTrackSimplifier.moc"
