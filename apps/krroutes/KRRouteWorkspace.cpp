@@ -1,0 +1,215 @@
+#include "KRRouteWorkspace.h"
+
+#include <KRRouteDocument.h>
+
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
+
+#include <QFileInfo>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// A track that stands for an unreadable file keeps the name of that file: it shall be referred to after the next save.
+void registerUnreadableFiles(const KRGPXTrackSelection &selection, const QDir &folder)
+{
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        if (!track.track().isValid() && QFileInfo(folder, track.name()).isFile())
+            KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(track.track(), folder),
+                                                            track.name());
+    }
+}
+
+} // namespace
+
+KRRouteWorkspace::KRRouteWorkspace(QObject *parent) : QObject(parent)
+{
+    connect(&m_undoStack, &QUndoStack::cleanChanged, this, &KRRouteWorkspace::documentChanged);
+    // A drop moves its rows one by one and tells at its end; other moves are adopted when control returns.
+    connect(&m_model, &KRGPXTrackListModel::pleaseSelectTrack, this, &KRRouteWorkspace::adoptOrderOfModel);
+    connect(&m_model, &KRGPXTrackListModel::dataChanged, this, [this] {
+        if (!m_isUpdatingModel)
+            m_adoptionTimer.start();
+    });
+    m_adoptionTimer.setSingleShot(true);
+    connect(&m_adoptionTimer, &QTimer::timeout, this, &KRRouteWorkspace::adoptOrderOfModel);
+}
+
+void KRRouteWorkspace::addTracks(const KRGPXConfiguredTrackList &tracks, const QString &text)
+{
+    replaceTracks(m_selection.count(), 0, tracks, text);
+}
+
+void KRRouteWorkspace::replaceTracks(int row, int count, const KRGPXConfiguredTrackList &tracks, const QString &text)
+{
+    KRGPXTrackSelection changed = upToDateSelection();
+    const KRGPXConfiguredTrackList old = changed.tracks();
+    if (row < 0 || count < 0 || row + count > old.size())
+        return;
+    changed.setTracks(old.mid(0, row) + tracks + old.mid(row + count));
+    push(changed, text);
+}
+
+void KRRouteWorkspace::removeTrack(int row)
+{
+    KRGPXTrackSelection changed = upToDateSelection();
+    changed.removeAt(row);
+    push(changed, tr("„%1“ löschen").arg(m_selection.value(row).name()));
+}
+
+void KRRouteWorkspace::moveTrack(int from, int to)
+{
+    KRGPXTrackSelection changed = upToDateSelection();
+    changed.moveTrack(from, to);
+    push(changed, tr("Reihenfolge ändern"));
+}
+
+void KRRouteWorkspace::setConfiguration(int row, const KRGPXTrackConfiguration &configuration)
+{
+    KRGPXTrackSelection changed = upToDateSelection();
+    changed.setConfiguration(row, configuration);
+    push(changed, tr("Aussehen von „%1“ ändern").arg(m_selection.value(row).name()),
+         KRSelectionChange::ConfigurationChange, row);
+}
+
+void KRRouteWorkspace::setConfigurationToAll(const KRGPXTrackConfiguration &configuration)
+{
+    KRGPXTrackSelection changed = upToDateSelection();
+    changed.setConfiguration(configuration);
+    push(changed, tr("Aussehen aller Routen ändern"), KRSelectionChange::AllConfigurationsChange);
+}
+
+void KRRouteWorkspace::setCroppingOpacity(int opacity)
+{
+    KRGPXTrackSelection changed = upToDateSelection();
+    changed.setCroppingOpacity(opacity);
+    push(changed, tr("Deckkraft des Umlands ändern"), KRSelectionChange::CroppingChange);
+}
+
+void KRRouteWorkspace::startNew()
+{
+    replaceDocument(KRGPXTrackSelection(), QString());
+}
+
+bool KRRouteWorkspace::open(const QString &fileName, KRErrorHistory *history)
+{
+    KRRouteDocument document;
+    if (!document.load(QFileInfo(fileName), history))
+        return false;
+    replaceDocument(document.selection(), fileName);
+    return true;
+}
+
+bool KRRouteWorkspace::save(const QString &fileName, KRErrorHistory *history)
+{
+    KRRouteDocument document;
+    document.setSelection(upToDateSelection());
+    if (!document.save(QFileInfo(fileName), history))
+        return false;
+    m_fileName = fileName;
+    m_undoStack.setClean();
+    emit documentChanged();
+    return true;
+}
+
+bool KRRouteWorkspace::recover(const QString &recoveryFile, const QString &fileName, KRErrorHistory *history)
+{
+    KRRouteDocument document;
+    if (!document.load(QFileInfo(recoveryFile), history))
+        return false;
+    if (!fileName.isEmpty())
+        registerUnreadableFiles(document.selection(), KRRouteDocument::trackFolder(QFileInfo(fileName)));
+    replaceDocument(document.selection(), fileName);
+    m_undoStack.resetClean();
+    return true;
+}
+
+KRGPXTrackSelection KRRouteWorkspace::upToDateSelection()
+{
+    adoptOrderOfModel();
+    return m_selection;
+}
+
+void KRRouteWorkspace::push(const KRGPXTrackSelection &selection, const QString &text, KRSelectionChange::Kind kind,
+                            int row)
+{
+    if (selection == m_selection)
+        return;
+    const auto apply = [this](const KRGPXTrackSelection &shown) { show(shown); };
+    m_undoStack.push(new KRSelectionChange(m_selection, selection, text, apply, kind, row));
+}
+
+void KRRouteWorkspace::show(const KRGPXTrackSelection &selection)
+{
+    m_selection = selection;
+    updateModel();
+    emit selectionChanged();
+}
+
+void KRRouteWorkspace::replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName)
+{
+    m_undoStack.clear();
+    m_fileName = fileName;
+    show(selection);
+    emit documentReplaced();
+    emit documentChanged();
+}
+
+void KRRouteWorkspace::updateModel()
+{
+    const QScopedValueRollback<bool> guard(m_isUpdatingModel, true);
+    const KRGPXConfiguredTrackList wanted = m_selection.tracks();
+    if (wanted.size() == m_model.rowCount()) {
+        moveInModel(wanted);
+        configureInModel(wanted);
+    }
+    m_model.setSelection(m_selection); // resets the model unless it shows these tracks by now
+}
+
+/// Where one move makes the model equal it does without a reset.
+void KRRouteWorkspace::moveInModel(const KRGPXConfiguredTrackList &wanted)
+{
+    const KRGPXConfiguredTrackList shown = m_model.tracks();
+    int first = 0;
+    while (first < shown.size() && shown.at(first) == wanted.at(first))
+        ++first;
+    int last = shown.size() - 1;
+    while (last > first && shown.at(last) == wanted.at(last))
+        --last;
+    if (first >= last)
+        return;
+    for (const auto &[from, to] : {std::make_pair(first, last), std::make_pair(last, first)}) {
+        KRGPXConfiguredTrackList moved = shown;
+        moved.moveTrack(from, to);
+        if (moved == wanted) {
+            m_model.moveTrack(from, to);
+            return;
+        }
+    }
+}
+
+/// Where the tracks are the same their looks change without a reset.
+void KRRouteWorkspace::configureInModel(const KRGPXConfiguredTrackList &wanted)
+{
+    const KRGPXConfiguredTrackList shown = m_model.tracks();
+    const auto isSameTrack = [](const KRGPXConfiguredTrack &a, const KRGPXConfiguredTrack &b) {
+        return a.track() == b.track();
+    };
+    if (!std::equal(shown.cbegin(), shown.cend(), wanted.cbegin(), wanted.cend(), isSameTrack))
+        return;
+    for (int row = 0; row < wanted.size(); ++row)
+        m_model.setConfiguration(row, wanted.configuration(row));
+}
+
+void KRRouteWorkspace::adoptOrderOfModel()
+{
+    if (m_isUpdatingModel)
+        return;
+    KRGPXTrackSelection changed = m_selection;
+    changed.setTracks(m_model.tracks());
+    push(changed, tr("Reihenfolge ändern"));
+}

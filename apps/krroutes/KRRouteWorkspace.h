@@ -1,0 +1,79 @@
+#pragma once
+
+#include "KRSelectionChange.h"
+
+#include <KRGeoLocation/KRGPXTrackListModel.h>
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+
+#include <QObject>
+#include <QTimer>
+#include <QUndoStack>
+
+class KRErrorHistory;
+
+/**
+ * The route document that the user works on: its tracks, the file it belongs to and an undo step for every change.
+ *
+ * The list model shows the tracks to the views. It is touched only where it differs from them, so that rows keep their
+ * widgets and the selection; what a view moves in it by drag and drop becomes a step as well. GUI thread only.
+ */
+class KRRouteWorkspace : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit KRRouteWorkspace(QObject *parent = nullptr);
+
+    KRGPXTrackListModel *model() { return &m_model; }
+    QUndoStack *undoStack() { return &m_undoStack; }
+    KRGPXTrackSelection selection() const { return m_selection; }
+
+    /// Of the document; empty before it is saved for the first time.
+    QString fileName() const { return m_fileName; }
+    /// Whether there is anything that the file of the document does not hold.
+    bool isModified() const { return !m_undoStack.isClean(); }
+
+    /// @p text names the step for the user. Nothing happens, here and below, where nothing would change.
+    void addTracks(const KRGPXConfiguredTrackList &tracks, const QString &text);
+    /// Puts @p tracks where @p count tracks from @p row on are.
+    void replaceTracks(int row, int count, const KRGPXConfiguredTrackList &tracks, const QString &text);
+    void removeTrack(int row);
+    void moveTrack(int from, int to);
+    /// Quick repetitions for one track make one step.
+    void setConfiguration(int row, const KRGPXTrackConfiguration &configuration);
+    void setConfigurationToAll(const KRGPXTrackConfiguration &configuration);
+    void setCroppingOpacity(int opacity);
+
+    /// Without tracks, file and steps.
+    void startNew();
+    /// False, with everything as it was, when the file is no document; see KRRouteDocument::load().
+    bool open(const QString &fileName, KRErrorHistory *history);
+    /// The document belongs to this file from now on. False when it could not be written; then it stays modified.
+    bool save(const QString &fileName, KRErrorHistory *history);
+    /// Opens @p recoveryFile as the unsaved state of the document @p fileName, which is not read.
+    bool recover(const QString &recoveryFile, const QString &fileName, KRErrorHistory *history);
+
+signals:
+    void selectionChanged(); ///< tracks, looks or cropping
+    void documentChanged(); ///< file name or modified mark
+    void documentReplaced(); ///< another document; the tracks have nothing to do with those before
+
+private:
+    /// With what a view has just moved in the model.
+    KRGPXTrackSelection upToDateSelection();
+    void push(const KRGPXTrackSelection &selection, const QString &text,
+              KRSelectionChange::Kind kind = KRSelectionChange::UniqueChange, int row = -1);
+    void show(const KRGPXTrackSelection &selection);
+    void replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName);
+    void updateModel();
+    void moveInModel(const KRGPXConfiguredTrackList &wanted);
+    void configureInModel(const KRGPXConfiguredTrackList &wanted);
+    void adoptOrderOfModel();
+
+    KRGPXTrackListModel m_model;
+    QTimer m_adoptionTimer;
+    QUndoStack m_undoStack;
+    KRGPXTrackSelection m_selection;
+    QString m_fileName;
+    bool m_isUpdatingModel = false;
+};

@@ -1,0 +1,253 @@
+#include "KRRouteWorkspace.h"
+
+#include "KRTestRegistry.h"
+
+#include <KRCore/KRErrorHistory.h>
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+KRGPXConfiguredTrack track(const QString &name)
+{
+    const KRGPXTrackSegment segment({KRGPXTrackPoint(KRGeoPosition(53.1, 8.2), 4, QDateTime(), QString()),
+                                     KRGPXTrackPoint(KRGeoPosition(53.2, 8.3), 5, QDateTime(), QString())});
+    return KRGPXConfiguredTrack(KRGPXTrack(name, QString(), {segment}, LineStringTrackShape),
+                                KRGPXTrackConfiguration::defaultValue());
+}
+
+KRGPXConfiguredTrackList tracks(const QString &letters)
+{
+    KRGPXConfiguredTrackList list;
+    for (const QChar letter : letters)
+        list.append(track(letter));
+    return list;
+}
+
+QString letters(const KRGPXConfiguredTrackList &list)
+{
+    QString names;
+    for (const KRGPXConfiguredTrack &shown : list)
+        names += shown.name();
+    return names;
+}
+
+KRGPXTrackConfiguration withWidth(double width)
+{
+    KRGPXTrackConfiguration configuration = track(QString()).configuration();
+    configuration.setLineWidth(width);
+    return configuration;
+}
+
+} // namespace
+
+class tst_KRRouteWorkspace : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void everyEditIsUndone_data();
+    void everyEditIsUndone();
+    void editsOfNothingAreNoSteps();
+    void rowsSurviveWhereTheyCan();
+    void dropIsOneStep();
+    void moveInTheModelComesBeforeTheNextEdit();
+    void quickRepetitionsMerge();
+    void wayBackLeavesNoStep();
+    void savedStateIsNotModified();
+    void failedSaveStaysModified();
+    void brokenDocumentLeavesEverything();
+
+private:
+    QString shown() const
+    {
+        const QString names = letters(m_workspace->selection().tracks());
+        return names == letters(m_workspace->model()->tracks()) ? names : QStringLiteral("model differs");
+    }
+
+    std::unique_ptr<KRRouteWorkspace> m_workspace;
+};
+
+static const KRTestRegistration<tst_KRRouteWorkspace> registration;
+
+using Edit = std::function<void(KRRouteWorkspace *)>;
+Q_DECLARE_METATYPE(Edit)
+
+void tst_KRRouteWorkspace::init()
+{
+    m_workspace = std::make_unique<KRRouteWorkspace>();
+    m_workspace->addTracks(tracks(QStringLiteral("ABCD")), QStringLiteral("hinzufügen"));
+}
+
+void tst_KRRouteWorkspace::everyEditIsUndone_data()
+{
+    QTest::addColumn<Edit>("edit");
+    QTest::addColumn<QString>("names");
+    QTest::newRow("add") << Edit([](auto *w) { w->addTracks(tracks(QStringLiteral("EF")), QString()); }) << "ABCDEF";
+    QTest::newRow("replace") << Edit([](auto *w) { w->replaceTracks(1, 2, tracks(QStringLiteral("X")), QString()); })
+                             << "AXD";
+    QTest::newRow("rename") << Edit([](auto *w) { w->replaceTracks(0, 1, tracks(QStringLiteral("X")), QString()); })
+                            << "XBCD";
+    QTest::newRow("remove") << Edit([](auto *w) { w->removeTrack(3); }) << "ABC";
+    QTest::newRow("move down") << Edit([](auto *w) { w->moveTrack(0, 2); }) << "BCAD";
+    QTest::newRow("move up") << Edit([](auto *w) { w->moveTrack(3, 1); }) << "ADBC";
+    QTest::newRow("look of one") << Edit([](auto *w) { w->setConfiguration(2, withWidth(3.0)); }) << "ABCD";
+    QTest::newRow("look of all") << Edit([](auto *w) { w->setConfigurationToAll(withWidth(3.0)); }) << "ABCD";
+    QTest::newRow("cropping") << Edit([](auto *w) { w->setCroppingOpacity(40); }) << "ABCD";
+}
+
+void tst_KRRouteWorkspace::everyEditIsUndone()
+{
+    QFETCH(Edit, edit);
+    QFETCH(QString, names);
+    const KRGPXTrackSelection before = m_workspace->selection();
+    QSignalSpy changes(m_workspace.get(), &KRRouteWorkspace::selectionChanged);
+
+    edit(m_workspace.get());
+    const KRGPXTrackSelection after = m_workspace->selection();
+    QVERIFY(after != before);
+    QCOMPARE(shown(), names);
+    QCOMPARE(changes.count(), 1);
+
+    m_workspace->undoStack()->undo();
+    QVERIFY(m_workspace->selection() == before);
+    QVERIFY(m_workspace->model()->tracks() == before.tracks());
+    m_workspace->undoStack()->redo();
+    QVERIFY(m_workspace->selection() == after);
+    QVERIFY(m_workspace->model()->tracks() == after.tracks());
+    QCOMPARE(changes.count(), 3);
+}
+
+void tst_KRRouteWorkspace::editsOfNothingAreNoSteps()
+{
+    m_workspace->removeTrack(4);
+    m_workspace->moveTrack(1, 1);
+    m_workspace->replaceTracks(3, 2, tracks(QStringLiteral("X")), QString());
+    m_workspace->replaceTracks(-1, 1, tracks(QStringLiteral("X")), QString());
+    m_workspace->setConfiguration(0, withWidth(10.0));
+    m_workspace->setCroppingOpacity(255);
+    QCOMPARE(m_workspace->undoStack()->count(), 1);
+    QCOMPARE(shown(), QStringLiteral("ABCD"));
+}
+
+void tst_KRRouteWorkspace::rowsSurviveWhereTheyCan()
+{
+    QSignalSpy resets(m_workspace->model(), &QAbstractItemModel::modelReset);
+    QSignalSpy changes(m_workspace->model(), &QAbstractItemModel::dataChanged);
+    m_workspace->setConfiguration(2, withWidth(3.0));
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes.first().at(0).value<QModelIndex>().row(), 2);
+    m_workspace->moveTrack(0, 3);
+    m_workspace->undoStack()->undo();
+    m_workspace->undoStack()->undo();
+    QCOMPARE(resets.count(), 0);
+    m_workspace->removeTrack(0);
+    QCOMPARE(resets.count(), 1);
+}
+
+void tst_KRRouteWorkspace::dropIsOneStep()
+{
+    KRGPXTrackListModel *const model = m_workspace->model();
+    const std::unique_ptr<QMimeData> dragged(model->mimeData({model->index(0, 0), model->index(1, 0)}));
+    QVERIFY(model->dropMimeData(dragged.get(), Qt::MoveAction, model->rowCount(), 0, QModelIndex()));
+    QCOMPARE(m_workspace->undoStack()->count(), 2);
+    QCOMPARE(shown(), QStringLiteral("CDAB"));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_workspace->undoStack()->count(), 2);
+    m_workspace->undoStack()->undo();
+    QCOMPARE(shown(), QStringLiteral("ABCD"));
+}
+
+void tst_KRRouteWorkspace::moveInTheModelComesBeforeTheNextEdit()
+{
+    m_workspace->model()->moveTrack(0, 3);
+    m_workspace->removeTrack(0);
+    QCOMPARE(shown(), QStringLiteral("CDA"));
+    m_workspace->undoStack()->undo();
+    m_workspace->undoStack()->undo();
+    QCOMPARE(shown(), QStringLiteral("ABCD"));
+
+    m_workspace->model()->moveTrack(0, 3);
+    QTRY_COMPARE(m_workspace->undoStack()->count(), 2);
+    QCOMPARE(shown(), QStringLiteral("BCDA"));
+}
+
+void tst_KRRouteWorkspace::quickRepetitionsMerge()
+{
+    for (int width = 1; width < 10; ++width)
+        m_workspace->setConfiguration(1, withWidth(width));
+    QCOMPARE(m_workspace->undoStack()->count(), 2);
+    m_workspace->setConfiguration(2, withWidth(3.0));
+    QCOMPARE(m_workspace->undoStack()->count(), 3);
+    QTest::qWait(1100);
+    m_workspace->setConfiguration(2, withWidth(4.0));
+    QCOMPARE(m_workspace->undoStack()->count(), 4);
+    m_workspace->undoStack()->setIndex(1);
+    QCOMPARE(m_workspace->selection().value(1).lineWidth().toDouble(), 10.0);
+}
+
+void tst_KRRouteWorkspace::wayBackLeavesNoStep()
+{
+    m_workspace->setCroppingOpacity(100);
+    m_workspace->setCroppingOpacity(255);
+    QCOMPARE(m_workspace->undoStack()->count(), 1);
+}
+
+void tst_KRRouteWorkspace::savedStateIsNotModified()
+{
+    const QTemporaryDir dir;
+    const QString file = dir.filePath(QStringLiteral("Reise.krroute"));
+    m_workspace->setCroppingOpacity(100);
+    QVERIFY(m_workspace->isModified());
+    QVERIFY(m_workspace->save(file, nullptr));
+    QVERIFY(!m_workspace->isModified());
+    // Nothing merges with a step that has been saved.
+    m_workspace->setCroppingOpacity(99);
+    QVERIFY(m_workspace->isModified());
+    m_workspace->undoStack()->undo();
+    QVERIFY(!m_workspace->isModified());
+
+    KRRouteWorkspace other;
+    QSignalSpy replaced(&other, &KRRouteWorkspace::documentReplaced);
+    QVERIFY(other.open(file, nullptr));
+    QVERIFY(other.selection() == m_workspace->selection());
+    QCOMPARE(other.fileName(), file);
+    QVERIFY(!other.isModified());
+    QVERIFY(!other.undoStack()->canUndo());
+    other.startNew();
+    QVERIFY(other.selection().isEmpty());
+    QCOMPARE(replaced.count(), 2);
+}
+
+void tst_KRRouteWorkspace::failedSaveStaysModified()
+{
+    const QTemporaryDir dir;
+    QFile inTheWay(dir.filePath(QStringLiteral("Reise.tracks")));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    KRErrorHistory history;
+    QVERIFY(!m_workspace->save(dir.filePath(QStringLiteral("Reise.krroute")), &history));
+    QVERIFY(!history.isEmpty());
+    QVERIFY(m_workspace->isModified());
+    QVERIFY(m_workspace->fileName().isEmpty());
+}
+
+void tst_KRRouteWorkspace::brokenDocumentLeavesEverything()
+{
+    const QTemporaryDir dir;
+    QFile broken(dir.filePath(QStringLiteral("Kaputt.krroute")));
+    QVERIFY(broken.open(QIODevice::WriteOnly));
+    broken.write("<routes><selection");
+    broken.close();
+    KRErrorHistory history;
+    QVERIFY(!m_workspace->open(broken.fileName(), &history));
+    QVERIFY(history.entries().first().line > 0);
+    QCOMPARE(shown(), QStringLiteral("ABCD"));
+    QVERIFY(m_workspace->undoStack()->canUndo());
+}
+
+#include "tst_KRRouteWorkspace.moc"
