@@ -16,7 +16,7 @@ class QFileInfo;
  * The folder holds one file per track, which is written once and again only when it is missing. Whatever the XML of
  * the library leaves out is kept as well, so that times and descriptions survive any number of saves. A track file
  * that cannot be read leaves an empty track with the name of the file in its place: saving keeps the reference and
- * does not touch the file. GUI thread only.
+ * does not touch the file. Belongs to the GUI thread; only save() may run in another one, on an object of its own.
  */
 class KRRouteDocument
 {

@@ -1,0 +1,90 @@
+#include "KRAutosave.h"
+
+#include "KRRouteWorkspace.h"
+
+#include <KRRouteDocument.h>
+
+#include <KRCore/KRErrorHistory.h>
+
+#include <QFileInfo>
+#include <QtConcurrent>
+
+namespace {
+
+QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileName)
+{
+    KRRouteDocument document;
+    document.setSelection(selection);
+    KRErrorHistory history;
+    if (document.save(QFileInfo(fileName), &history))
+        return QString();
+    return history.isEmpty() ? fileName : history.entries().first().toString();
+}
+
+} // namespace
+
+KRAutosave::KRAutosave(KRRouteWorkspace *workspace, const QDir &place, QObject *parent)
+    : QObject(parent), m_workspace(workspace), m_folder(KRRecoveryFolder::create(place))
+{
+    m_thread.setMaxThreadCount(1);
+    m_timer.setSingleShot(true);
+    setDelay(1000);
+    connect(&m_timer, &QTimer::timeout, this, &KRAutosave::startWriting);
+    connect(&m_writing, &QFutureWatcher<QString>::finished, this, &KRAutosave::finishWriting);
+    connect(workspace, &KRRouteWorkspace::selectionChanged, this, &KRAutosave::scheduleWriting);
+    connect(workspace, &KRRouteWorkspace::documentChanged, this, &KRAutosave::scheduleWriting);
+}
+
+KRAutosave::~KRAutosave()
+{
+    m_writing.waitForFinished();
+    if (m_folder)
+        m_folder->discard();
+}
+
+void KRAutosave::adopt(std::unique_ptr<KRRecoveryFolder> folder)
+{
+    m_writing.waitForFinished();
+    if (m_folder)
+        m_folder->discard();
+    m_folder = std::move(folder);
+}
+
+void KRAutosave::scheduleWriting()
+{
+    if (!m_workspace->isModified() && !m_writing.isRunning()) {
+        m_timer.stop();
+        if (m_folder)
+            m_folder->removeWork();
+        return;
+    }
+    // Not started anew: a long series of quick changes must not put it off for ever.
+    if (!m_timer.isActive())
+        m_timer.start();
+}
+
+void KRAutosave::startWriting()
+{
+    if (m_writing.isRunning()) {
+        scheduleWriting();
+        return;
+    }
+    if (!m_folder || !m_folder->setDocumentFile(m_workspace->fileName())) {
+        emit failed(tr("Der Ordner für ungesicherte Änderungen kann nicht beschrieben werden."));
+        return;
+    }
+    m_writing.setFuture(
+        QtConcurrent::run(&m_thread, writeDocument, m_workspace->selection(), m_folder->recoveryFile()));
+}
+
+void KRAutosave::finishWriting()
+{
+    const QString reason = m_writing.result();
+    if (reason.isEmpty())
+        emit written();
+    else
+        emit failed(reason);
+    // It may have been saved meanwhile.
+    if (!m_workspace->isModified())
+        m_folder->removeWork();
+}

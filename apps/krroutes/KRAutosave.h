@@ -1,0 +1,51 @@
+#pragma once
+
+#include "KRRecoveryFolder.h"
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QThreadPool>
+#include <QTimer>
+
+class KRRouteWorkspace;
+
+/**
+ * Writes the unsaved work of a workspace aside, a second after a change, so that a crash loses no more.
+ *
+ * Writing runs in a thread of its own. Each track is written once; later changes of its look cost as much as a small
+ * document. What was written is removed as soon as the document is saved, and the whole folder when the object ends.
+ * GUI thread only.
+ */
+class KRAutosave : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Runs until something is wrong with @p place; then it says so at the first change.
+    KRAutosave(KRRouteWorkspace *workspace, const QDir &place, QObject *parent = nullptr);
+    /// Waits for what is being written.
+    ~KRAutosave() override;
+
+    /// How long after a change it is written, so that a series of changes is written once.
+    void setDelay(int delayMs) { m_timer.setInterval(delayMs); }
+
+    /// From now on work is kept in the folder that a crashed program has left and the workspace has just recovered.
+    void adopt(std::unique_ptr<KRRecoveryFolder> folder);
+
+signals:
+    void written(); ///< what has changed until a second ago survives a crash
+    void failed(const QString &reason);
+
+private:
+    void scheduleWriting();
+    void startWriting();
+    void finishWriting();
+
+    KRRouteWorkspace *m_workspace;
+    std::unique_ptr<KRRecoveryFolder> m_folder;
+    QTimer m_timer;
+    QThreadPool m_thread; ///< not that of all, which draws
+    QFutureWatcher<QString> m_writing; ///< the reason of a failure, empty without one
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDateTime>
+#include <QDir>
+#include <QLockFile>
+
+#include <memory>
+#include <vector>
+
+/**
+ * The folder in which one running program keeps its unsaved work.
+ *
+ * A lock beside it ends with the process, however that ends: a folder without one has been left behind. As long as an
+ * object lives nobody else gets at its folder.
+ */
+class KRRecoveryFolder
+{
+public:
+    /// Where the folders of all running programs of this user lie.
+    static QDir standardPlace();
+    /// A new one, empty; null when it cannot be made.
+    static std::unique_ptr<KRRecoveryFolder> create(const QDir &place);
+    /// Those that hold work and that no running program owns, the newest first. What is empty is cleared away.
+    static std::vector<std::unique_ptr<KRRecoveryFolder>> leftBehind(const QDir &place);
+
+    /// Keeps what is in the folder.
+    ~KRRecoveryFolder() = default;
+
+    /// Where the unsaved work belongs.
+    QString recoveryFile() const;
+    bool holdsWork() const;
+    QDateTime lastChange() const;
+
+    /// The document of which this is the unsaved state; empty when it has never been saved.
+    QString documentFile() const;
+    /// False when that cannot be written.
+    bool setDocumentFile(const QString &fileName);
+
+    /// Track files that have been written once are kept for the next time.
+    void removeWork();
+    /// The folder is gone afterwards, with all that is in it.
+    void discard();
+
+private:
+    Q_DISABLE_COPY(KRRecoveryFolder)
+    KRRecoveryFolder(const QDir &place, const QString &name);
+
+    QString documentFileRecord() const;
+
+    QDir m_dir;
+    QLockFile m_lock;
+};
