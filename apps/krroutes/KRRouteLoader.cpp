@@ -1,0 +1,91 @@
+#include "KRRouteLoader.h"
+
+#include "KRImportReportDialog.h"
+#include "KRRouteWorkspace.h"
+
+#include <KRRouteDocument.h>
+#include <KRRouteImport.h>
+
+#include <KRGeoLocation/KRTrackSelectionFactory.h>
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QProgressDialog>
+
+namespace {
+
+/// While it lives the pointer says that the program is busy.
+class WaitCursor
+{
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+
+private:
+    Q_DISABLE_COPY(WaitCursor)
+};
+
+} // namespace
+
+KRRouteLoader::KRRouteLoader(KRRouteWorkspace *workspace, QWidget *window)
+    : QObject(window), m_workspace(workspace), m_window(window)
+{ }
+
+QStringList KRRouteLoader::nameFilters()
+{
+    const QString documents = QStringLiteral("*.") + KRRouteDocument::suffix();
+    const QString exchange = KRTrackSelectionFactory::instance()->supportedFileFormats().join(QLatin1Char(' '));
+    return {tr("Alle lesbaren Dateien (%1)").arg(documents + QLatin1Char(' ') + exchange),
+            tr("Routendokumente (%1)").arg(documents), tr("Routen anderer Programme (%1)").arg(exchange),
+            tr("Alle Dateien (*)")};
+}
+
+bool KRRouteLoader::import(const QStringList &fileNames)
+{
+    constexpr int patienceMs = 400;
+    QProgressDialog progress(tr("Dateien werden gelesen …"), tr("Abbrechen"), 0, fileNames.size(), m_window);
+    progress.setWindowTitle(tr("Routen öffnen"));
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(patienceMs);
+
+    KRRouteImport import;
+    for (int i = 0; i < fileNames.size(); ++i) {
+        progress.setLabelText(tr("„%1“ wird gelesen …").arg(QFileInfo(fileNames.at(i)).fileName()));
+        progress.setValue(i);
+        if (progress.wasCanceled())
+            return false;
+        const WaitCursor cursor;
+        import.read({fileNames.at(i)});
+    }
+    progress.setValue(fileNames.size());
+
+    const int count = import.tracks().size();
+    m_workspace->addTracks(import.tracks(),
+                           count == 1 ? tr("Route hinzufügen") : tr("%1 Routen hinzufügen").arg(count));
+    report(import.problems(), import.reports());
+    return count > 0;
+}
+
+bool KRRouteLoader::openDocument(const QString &fileName)
+{
+    KRErrorHistory problems;
+    const bool isOpen = [&] {
+        const WaitCursor cursor;
+        return m_workspace->open(fileName, &problems);
+    }();
+    if (isOpen) {
+        report(problems, {});
+        return true;
+    }
+    const QString reason = problems.isEmpty() ? QString() : problems.entries().first().toString();
+    QMessageBox::critical(m_window, tr("Dokument öffnen"),
+                          tr("„%1“ kann nicht geöffnet werden.\n\n%2").arg(QFileInfo(fileName).fileName(), reason));
+    return false;
+}
+
+void KRRouteLoader::report(const KRErrorHistory &problems, const QList<KRImportReport> &reports)
+{
+    if (!problems.isEmpty() || !reports.isEmpty())
+        KRImportReportDialog(problems, reports, m_window).exec();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class KRErrorHistory;
+class KRImportReport;
+class KRRouteWorkspace;
+class QWidget;
+
+/**
+ * Reads route files into a workspace, with a progress dialog that can be cancelled, and tells the user what of them
+ * is not drawn.
+ */
+class KRRouteLoader : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p window carries the dialogs.
+    KRRouteLoader(KRRouteWorkspace *workspace, QWidget *window);
+
+    /// Name filters for a file dialog: all that can be read, then each kind.
+    static QStringList nameFilters();
+
+    /// Adds the tracks of the files, one undo step for all; nothing when the user cancels. False when none came.
+    bool import(const QStringList &fileNames);
+    /// Opens a route document instead of the one that is open. False, with a message, when it cannot be read.
+    bool openDocument(const QString &fileName);
+
+private:
+    void report(const KRErrorHistory &problems, const QList<KRImportReport> &reports);
+
+    KRRouteWorkspace *m_workspace;
+    QWidget *m_window;
+};

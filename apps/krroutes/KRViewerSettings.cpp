@@ -1,0 +1,45 @@
+#include "KRViewerSettings.h"
+
+#include <QFileInfo>
+
+KRViewerSettings::KRViewerSettings()
+    : m_windowGeometry(QStringLiteral("viewer/windowGeometry"), QByteArray()),
+      m_windowState(QStringLiteral("viewer/windowState"), QByteArray()),
+      m_recentFiles(QStringLiteral("viewer/recentFiles"), QStringList()),
+      m_lastFolder(QStringLiteral("viewer/lastFolder"), QString())
+{
+    load(m_windowGeometry);
+    load(m_windowState);
+    load(m_recentFiles);
+    load(m_lastFolder);
+}
+
+void KRViewerSettings::setWindow(const QByteArray &geometry, const QByteArray &state)
+{
+    m_windowGeometry.setValue(geometry);
+    m_windowState.setValue(state);
+    save(m_windowGeometry);
+    save(m_windowState);
+}
+
+void KRViewerSettings::addRecentFile(const QString &fileName)
+{
+    const QString path = QFileInfo(fileName).absoluteFilePath();
+    QStringList files = recentFiles();
+    files.removeAll(path);
+    files.prepend(path);
+    m_recentFiles.setValue(files.mid(0, maximumRecentFiles));
+    save(m_recentFiles);
+}
+
+void KRViewerSettings::clearRecentFiles()
+{
+    m_recentFiles.setValue(QStringList());
+    save(m_recentFiles);
+}
+
+void KRViewerSettings::setLastFolder(const QString &folder)
+{
+    if (m_lastFolder.setValue(folder))
+        save(m_lastFolder);
+}
