@@ -25,12 +25,6 @@ const KRMapProjection &wholeWorld()
     return projection;
 }
 
-KRGeoPosition toPosition(const QPointF &world)
-{
-    const double x = world.x() - std::floor(world.x());
-    return KRGeoPosition(wholeWorld().normalizedToLatitude(world.y()), wholeWorld().normalizedToLongitude(x));
-}
-
 double onMap(double latitude)
 {
     return std::clamp(latitude, -KRMapArea::maximumLatitude, KRMapArea::maximumLatitude);
@@ -41,6 +35,12 @@ double onMap(double latitude)
 QPointF KRMapViewport::toWorld(double latitude, double longitude)
 {
     return QPointF(wholeWorld().longitudeToNormalized(longitude), wholeWorld().latitudeToNormalized(latitude));
+}
+
+KRGeoPosition KRMapViewport::toPosition(const QPointF &world)
+{
+    const double x = world.x() - std::floor(world.x());
+    return KRGeoPosition(wholeWorld().normalizedToLatitude(world.y()), wholeWorld().normalizedToLongitude(x));
 }
 
 KRMapViewport::KRMapViewport() : m_worldWidth(initialWorldWidth)

@@ -63,6 +63,8 @@ public:
 
     /// Latitude and longitude to world coordinates, without a limit to the latitude.
     static QPointF toWorld(double latitude, double longitude);
+    /// The longitude lies in -180 ... 180.
+    static KRGeoPosition toPosition(const QPointF &world);
 
 private:
     double smallestWorldWidth() const;
