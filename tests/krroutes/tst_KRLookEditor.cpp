@@ -1,0 +1,225 @@
+#include <KRColorButton.h>
+#include <KRFullShapeChooser.h>
+#include <KRLookEditor.h>
+#include <KRTestRegistry.h>
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QLabel>
+#include <QSlider>
+#include <QSpinBox>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+/// The control that a label with this text leads to.
+template <typename Control>
+Control *controlFor(const QWidget &widget, const QString &text)
+{
+    for (const QLabel *label : widget.findChildren<QLabel *>()) {
+        if (label->text().remove(QLatin1Char('&')) == text)
+            return qobject_cast<Control *>(label->buddy());
+    }
+    return nullptr;
+}
+
+template <typename Button>
+Button *buttonWith(const QWidget &widget, const QString &text)
+{
+    for (Button *button : widget.findChildren<Button *>()) {
+        if (button->text().remove(QLatin1Char('&')) == text)
+            return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class tst_KRLookEditor : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void offersShapes_data();
+    void offersShapes();
+    void choosesByKeyAndClick();
+    void switchesOptions();
+    void announcesEveryStep();
+    void triesColors();
+    void keepsWhatIsNotShown();
+    void editsLookWithoutTrack();
+
+private:
+    void show(const KRGPXTrackConfiguration &configuration, const KRGPXTrackShape &naturalShape);
+    KRGPXTrackConfiguration announced() const;
+
+    std::unique_ptr<KRLookEditor> m_editor;
+    std::unique_ptr<QSignalSpy> m_spy;
+    KRFullShapeChooser *m_chooser = nullptr;
+};
+
+static const KRTestRegistration<tst_KRLookEditor> registration;
+
+void tst_KRLookEditor::init()
+{
+    m_editor = std::make_unique<KRLookEditor>();
+    m_spy = std::make_unique<QSignalSpy>(m_editor.get(), &KRLookEditor::configurationChanged);
+    m_chooser = m_editor->findChild<KRFullShapeChooser *>();
+    m_editor->resize(300, 600);
+    m_editor->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_editor.get()));
+}
+
+void tst_KRLookEditor::cleanup()
+{
+    m_spy.reset();
+    m_editor.reset();
+}
+
+void tst_KRLookEditor::show(const KRGPXTrackConfiguration &configuration, const KRGPXTrackShape &naturalShape)
+{
+    m_editor->setConfiguration(configuration, naturalShape);
+    QCOMPARE(m_spy->count(), 0);
+}
+
+KRGPXTrackConfiguration tst_KRLookEditor::announced() const
+{
+    return m_spy->isEmpty() ? KRGPXTrackConfiguration() : m_spy->last().first().value<KRGPXTrackConfiguration>();
+}
+
+void tst_KRLookEditor::offersShapes_data()
+{
+    QTest::addColumn<int>("natural");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<bool>("canFill");
+    QTest::newRow("line: area, line, arrow") << int(LineStringTrackShape) << 3 << QStringLiteral("Strecke") << false;
+    QTest::newRow("area: nine markers, area") << int(PolygonTrackShape) << 10 << QStringLiteral("Fläche") << true;
+    QTest::newRow("point: nine markers") << int(PointTrackShape) << 9 << QStringLiteral("Punkt") << true;
+    QTest::newRow("empty track") << int(UnknownTrackShape) << 0 << QStringLiteral("unbekannt") << false;
+}
+
+void tst_KRLookEditor::offersShapes()
+{
+    QFETCH(int, natural);
+    QFETCH(QString, label);
+    const KRGPXTrackShape shape(static_cast<KRGPXTrackShapeEnum>(natural));
+    KRGPXTrackConfiguration configuration;
+    configuration.setTrackShape(shape);
+    show(configuration, shape);
+    QTEST(m_chooser->model()->rowCount(), "count");
+    QTEST(buttonWith<QCheckBox>(*m_editor, tr("Fläche füllen"))->isEnabled(), "canFill");
+    const QList<QLabel *> labels = m_editor->findChildren<QLabel *>();
+    QVERIFY(std::any_of(labels.begin(), labels.end(), [&](const QLabel *text) { return text->text() == label; }));
+    // All tiles are in sight.
+    for (int row = 0; row < m_chooser->model()->rowCount(); ++row)
+        QVERIFY(m_chooser->viewport()->rect().contains(m_chooser->visualRect(m_chooser->model()->index(row, 0))));
+}
+
+void tst_KRLookEditor::choosesByKeyAndClick()
+{
+    KRGPXTrackConfiguration configuration;
+    configuration.setTrackShape(LineStringTrackShape);
+    show(configuration, LineStringTrackShape);
+    QCOMPARE(m_chooser->currentIndex().row(), 1);
+    m_chooser->setFocus();
+    QTest::keyClick(m_chooser, Qt::Key_Right);
+    QCOMPARE(m_spy->count(), 1);
+    QVERIFY(announced().trackShape() == LineStringTrackShape);
+    QVERIFY(announced().markerShape() == ArrowMarkerShape);
+
+    const QRect area = m_chooser->visualRect(m_chooser->model()->index(0, 0));
+    QTest::mouseClick(m_chooser->viewport(), Qt::LeftButton, Qt::NoModifier, area.center());
+    QCOMPARE(m_spy->count(), 2);
+    QVERIFY(announced().trackShape() == PolygonTrackShape);
+    // The area that it has become can be turned into a line again.
+    m_editor->setConfiguration(announced(), LineStringTrackShape);
+    QCOMPARE(m_chooser->model()->rowCount(), 3);
+}
+
+void tst_KRLookEditor::switchesOptions()
+{
+    KRGPXTrackConfiguration configuration;
+    configuration.setTrackShape(PolygonTrackShape);
+    show(configuration, LineStringTrackShape);
+    QLabel *const warning = m_editor->findChild<QLabel *>(QStringLiteral("warningLabel"));
+    QVERIFY(!warning->isVisible());
+    QTest::mouseClick(buttonWith<QCheckBox>(*m_editor, tr("Linie zeichnen")), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(8, 8));
+    QVERIFY(announced().currentDisplayOptions() == NoDisplayOption);
+    QVERIFY(warning->isVisible());
+    QTest::keyClick(buttonWith<QCheckBox>(*m_editor, tr("Fläche füllen")), Qt::Key_Space);
+    QVERIFY(announced().currentDisplayOptions() == FillDisplayOption);
+    QVERIFY(!warning->isVisible());
+    // A line that is only filled could not be seen, so it is drawn.
+    m_chooser->setCurrentIndex(m_chooser->model()->index(1, 0));
+    QVERIFY(announced().trackShape() == LineStringTrackShape);
+    QVERIFY(announced().hasDrawOption(StrokeDisplayOption));
+    QVERIFY(!warning->isVisible());
+}
+
+void tst_KRLookEditor::announcesEveryStep()
+{
+    show(KRGPXTrackConfiguration(), LineStringTrackShape);
+    QWidget *const width = controlFor<QWidget>(*m_editor, tr("Breite:"));
+    QTest::keyClick(width->findChild<QSlider *>(), Qt::Key_Right);
+    QCOMPARE(announced().lineWidth().toDouble(), 11.0);
+    QCOMPARE(width->findChild<QSpinBox *>()->value(), 11);
+    QSpinBox *const typed = width->findChild<QSpinBox *>();
+    typed->selectAll();
+    QTest::keyClicks(typed, QStringLiteral("250"));
+    QCOMPARE(m_spy->count(), 4);
+    QCOMPARE(announced().lineWidth().toDouble(), 250.0);
+
+    QTest::keyClick(controlFor<QWidget>(*m_editor, tr("Glättung:"))->findChild<QSpinBox *>(), Qt::Key_PageUp);
+    QCOMPARE(announced().smoothingStrength(), 90);
+    QTest::keyClick(controlFor<QSpinBox>(*m_editor, tr("Feste Punkte:")), Qt::Key_Up);
+    QCOMPARE(announced().smoothingSteps(), 2);
+}
+
+void tst_KRLookEditor::triesColors()
+{
+    KRGPXTrackConfiguration configuration;
+    configuration.setLineColor(Qt::blue);
+    show(configuration, LineStringTrackShape);
+    auto *const button = controlFor<KRColorButton>(*m_editor, tr("Linienfarbe:"));
+    for (const bool isAccepted : {false, true}) {
+        QTest::keyClick(button, Qt::Key_Space);
+        const QPointer<QColorDialog> dialog = button->findChild<QColorDialog *>();
+        QVERIFY(dialog && dialog->isVisible());
+        dialog->setCurrentColor(QColor(1, 2, 3, 64));
+        QCOMPARE(announced().lineColor(), QColor(1, 2, 3, 64));
+        QTest::keyClick(dialog, isAccepted ? Qt::Key_Return : Qt::Key_Escape);
+        QCOMPARE(announced().lineColor(), isAccepted ? QColor(1, 2, 3, 64) : QColor(Qt::blue));
+        QTRY_VERIFY(!dialog);
+    }
+    QVERIFY(button->toolTip().contains(QStringLiteral("25 %")));
+}
+
+void tst_KRLookEditor::keepsWhatIsNotShown()
+{
+    KRGPXTrackConfiguration configuration;
+    configuration.setLineWidth(7.7);
+    configuration.setSmoothingStrength(-40);
+    configuration.setPenStyle(Qt::NoPen);
+    configuration.setTrackShape(HopTrackShape);
+    configuration.setCurrentDisplayOptions(AllDisplayOptions);
+    show(configuration, LineStringTrackShape);
+    QTest::keyClick(controlFor<QWidget>(*m_editor, tr("Hof:"))->findChild<QSpinBox *>(), Qt::Key_Up);
+    configuration.setHaloWidth(1.0);
+    QVERIFY(announced() == configuration);
+}
+
+void tst_KRLookEditor::editsLookWithoutTrack()
+{
+    show(KRGPXTrackConfiguration(), AutoTrackShape);
+    m_chooser->setCurrentIndex(m_chooser->model()->index(2, 0));
+    QVERIFY(announced().markerShape() == Star6MarkerShape);
+    QVERIFY(announced().trackShape() == AutoTrackShape);
+}
+
+#include "tst_KRLookEditor.moc"
