@@ -16,9 +16,9 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Xml Concurrent LinguistTools)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Svg Xml Concurrent LinguistTools)
 if(KR_BUILD_APPS)
-    find_package(Qt5 5.15 REQUIRED COMPONENTS Network PrintSupport Sql Svg)
+    find_package(Qt5 5.15 REQUIRED COMPONENTS Network PrintSupport Sql)
 endif()
 
 include(KRWarnings)

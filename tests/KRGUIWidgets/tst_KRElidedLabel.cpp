@@ -1,0 +1,88 @@
+#include <KRGUIWidgets/KRElidedLabel.h>
+
+#include "KRTestRegistry.h"
+
+#include <QtTest>
+
+class tst_KRElidedLabel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shortens_data();
+    void shortens();
+    void everyLineFits();
+    void blinksInTheColorsOfThePalette();
+};
+
+void tst_KRElidedLabel::shortens_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("wordWrap");
+    QTest::addColumn<int>("widthInCharacters");
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<int>("expectedLines");
+    QTest::addColumn<bool>("isElided");
+    const QString words = QStringLiteral("along the river and back");
+    QTest::newRow("fits") << words << true << 40 << 3 << 1 << false;
+    QTest::newRow("wraps") << words << true << 14 << 3 << 2 << false;
+    QTest::newRow("no wrap wanted") << words << false << 14 << 3 << 1 << true;
+    QTest::newRow("last line shortened") << words << true << 8 << 2 << 2 << true;
+    QTest::newRow("lower than a line") << words << true << 8 << 0 << 1 << true;
+    QTest::newRow("one long word breaks") << QString(30, QLatin1Char('x')) << true << 12 << 9 << 3 << false;
+    QTest::newRow("line breaks do not count") << QStringLiteral("a\nb\n\nc") << true << 20 << 3 << 1 << false;
+    QTest::newRow("nothing") << QString() << true << 20 << 3 << 1 << false;
+}
+
+void tst_KRElidedLabel::shortens()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, wordWrap);
+    QFETCH(int, widthInCharacters);
+    QFETCH(int, lines);
+    KRElidedLabel label(text);
+    label.setWordWrap(wordWrap);
+    const QFontMetrics metrics = label.fontMetrics();
+    label.resize(widthInCharacters * metrics.horizontalAdvance(QLatin1Char('x')), lines * metrics.lineSpacing() + 2);
+    QTEST(label.visibleLines().count(), "expectedLines");
+    QTEST(label.visibleLines().last().endsWith(QChar(0x2026)), "isElided");
+    QCOMPARE(label.text(), text);
+}
+
+void tst_KRElidedLabel::everyLineFits()
+{
+    KRElidedLabel label(QStringLiteral("<b>Hin</b> & zurück: Donaudampfschifffahrtsgesellschaft, Nordwestbahnhof"));
+    label.setWordWrap(true);
+    for (int width = 20; width < 600; width += 7) {
+        label.resize(width, 3 * label.fontMetrics().lineSpacing());
+        const QStringList lines = label.visibleLines();
+        QVERIFY(lines.count() <= 3);
+        for (const QString &line : lines)
+            QVERIFY2(label.fontMetrics().horizontalAdvance(line) <= width, qPrintable(line));
+    }
+    label.resize(2000, 20);
+    QCOMPARE(label.visibleLines(), QStringList(label.text())); // markup is text
+}
+
+void tst_KRElidedLabel::blinksInTheColorsOfThePalette()
+{
+    KRElidedLabel label(QStringLiteral("x"));
+    QPalette palette;
+    palette.setColor(QPalette::Window, Qt::white);
+    palette.setColor(QPalette::Highlight, Qt::blue);
+    label.setPalette(palette);
+    label.resize(60, 30);
+    const auto corner = [&label] { return label.grab().toImage().pixelColor(58, 28); };
+    const QImage normal = label.grab().toImage();
+    label.setAnimationState(2);
+    QCOMPARE(corner(), QColor(Qt::blue));
+    label.setAnimationState(1);
+    QCOMPARE(corner().blue(), 255);
+    QVERIFY(corner().red() > 100 && corner().red() < 155);
+    label.setAnimationState(0);
+    QCOMPARE(label.grab().toImage(), normal);
+}
+
+static const KRTestRegistration<tst_KRElidedLabel> registration;
+
+#include "tst_KRElidedLabel.moc"
