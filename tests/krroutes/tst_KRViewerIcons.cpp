@@ -1,0 +1,45 @@
+#include <KRViewerIcons.h>
+
+#include "KRTestPicture.h"
+#include "KRTestRegistry.h"
+
+#include <QAction>
+#include <QDirIterator>
+#include <QIcon>
+#include <QtTest>
+
+class tst_KRViewerIcons : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyIconCanBeSeen();
+    void setsIconsOfActions();
+};
+
+void tst_KRViewerIcons::everyIconCanBeSeen()
+{
+    const QImage program = KRViewerIcons::applicationIcon().pixmap(64).toImage();
+    QVERIFY(!program.isNull());
+    int count = 0;
+    for (QDirIterator files(QStringLiteral(":/icons")); files.hasNext(); ++count) {
+        files.next();
+        const QImage image = KRViewerIcons::icon(files.fileInfo().baseName()).pixmap(16).toImage();
+        const QRect ink = KRTestPicture::boundsOf(image, [](const QColor &color) { return color.alpha() > 100; });
+        QVERIFY2(ink.width() >= 7 && ink.height() >= 4, qPrintable(files.filePath()));
+    }
+    QVERIFY(count > 30);
+}
+
+void tst_KRViewerIcons::setsIconsOfActions()
+{
+    QAction action;
+    KRViewerIcons::setIcon(&action, QStringLiteral("ico_open"));
+    QVERIFY(!action.icon().isNull());
+    KRViewerIcons::setIcon(&action, QStringLiteral("ico_fit_map")); // from the library
+    QVERIFY(!action.icon().isNull());
+}
+
+static const KRTestRegistration<tst_KRViewerIcons> registration;
+
+#include "tst_KRViewerIcons.moc"
