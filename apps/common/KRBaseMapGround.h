@@ -14,6 +14,7 @@ public:
     explicit KRBaseMapGround(QObject *parent = nullptr);
 
     void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
+    bool isVector() const override { return true; }
 
 private:
     const KRBaseMap m_map;

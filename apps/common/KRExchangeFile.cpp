@@ -10,7 +10,7 @@
 QByteArray KRExchangeFile::formatOf(const QString &fileName)
 {
     const QByteArray suffix = QFileInfo(fileName).suffix().toLower().toLatin1();
-    return suffix == "gpx" || suffix == "kml" || suffix == "kmz" ? suffix : QByteArray();
+    return formats().contains(suffix) ? suffix : QByteArray();
 }
 
 QByteArray KRExchangeFile::encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 class KRGPXConfiguredTrackList;
@@ -11,7 +12,9 @@ class KRGPXConfiguredTrackList;
 class KRExchangeFile
 {
 public:
-    /// The format that the suffix stands for ("gpx", "kml", "kmz"), empty for any other.
+    static QList<QByteArray> formats() { return {"gpx", "kml", "kmz"}; }
+
+    /// The format of formats() that the suffix stands for, empty for any other.
     static QByteArray formatOf(const QString &fileName);
 
     /// @param format one of formatOf(); @p name is that of the KML document. Null when it fails.

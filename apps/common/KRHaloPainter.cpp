@@ -25,8 +25,8 @@ const Band bands[] = {
     {darkTint, darkTint, 0.0},
 };
 
-/// The tracks that get this band, drawn with its full width and without transparency.
-KRGPXTrackSelection tracksOf(const Band &band, const KRGPXTrackSelection &selection)
+/// The tracks that get this band, drawn with its full width in that colour.
+KRGPXTrackSelection tracksOf(const Band &band, const KRGPXTrackSelection &selection, const QColor &color)
 {
     KRGPXTrackSelection result;
     const KRGPXConfiguredTrackList tracks = selection.tracks();
@@ -34,9 +34,7 @@ KRGPXTrackSelection tracksOf(const Band &band, const KRGPXTrackSelection &select
         if (track.haloWidth().isNull() || KRHaloPainter::tintFor(track.lineColor()) != band.tint)
             continue;
         KRGPXTrackConfiguration configuration = track.configuration();
-        QColor opaque = configuration.lineColor();
-        opaque.setAlpha(255);
-        configuration.setLineColor(opaque);
+        configuration.setLineColor(color);
         configuration.setHaloWidth(configuration.haloWidth() + KRDistance(band.extraWidth));
         configuration.setCurrentDisplayOptions(KRGPXTrackDisplayOptions(StrokeDisplayOption));
         track.setConfiguration(configuration);
@@ -58,7 +56,7 @@ void KRHaloPainter::paint(QPainter &painter, const KRGPXTrackSelection &selectio
                           const QSize &size, double factor)
 {
     for (const Band &band : bands) {
-        const KRGPXTrackSelection tracks = tracksOf(band, selection);
+        const KRGPXTrackSelection tracks = tracksOf(band, selection, Qt::black);
         if (tracks.isEmpty())
             continue;
         QImage halo = KRMapTrackRenderer(tracks, projection, size, factor)
@@ -70,4 +68,12 @@ void KRHaloPainter::paint(QPainter &painter, const KRGPXTrackSelection &selectio
         tinting.end();
         painter.drawImage(0, 0, halo);
     }
+}
+
+void KRHaloPainter::paintShapes(QPainter &painter, const KRGPXTrackSelection &selection,
+                                const KRMapProjection &projection, const QSize &size, double factor)
+{
+    for (const Band &band : bands)
+        KRMapTrackRenderer(tracksOf(band, selection, band.color), projection, size, factor)
+            .renderWith(painter, HaloRender);
 }

@@ -19,6 +19,9 @@ public:
     /// @param size of the picture in pixels; @p factor multiplies all widths
     static void paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
                       const QSize &size, double factor);
+    /// The same as lines instead of images; where bands lie on each other they are less translucent.
+    static void paintShapes(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
+                            const QSize &size, double factor);
 
     /// The colour of the band around a line of the given colour.
     static QColor tintFor(const QColor &lineColor);

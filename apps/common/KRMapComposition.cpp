@@ -1,11 +1,9 @@
 #include "KRMapComposition.h"
 
-#include "KRBaseMap.h"
 #include "KRHaloPainter.h"
 #include "KRMapFurniture.h"
 #include "KRMapGround.h"
 #include "KRMapTrackRenderer.h"
-#include "KRSamplePlaces.h"
 
 #include <KRGeoLocation/KRMapProjection.h>
 
@@ -16,58 +14,64 @@ KRMapComposition::KRMapComposition(const KRGPXTrackSelection &selection, const K
     : m_selection(selection), m_area(area), m_size(size), m_factor(factor)
 { }
 
-void KRMapComposition::setGround(Ground ground, const QImage &picture)
-{
-    m_ground = ground;
-    m_picture = picture;
-}
-
 QImage KRMapComposition::render() const
 {
     const KRMapProjection projection(m_area, m_size);
     const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
 
-    QImage map = renderer.crop(renderGround(projection)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage map = renderer.crop(groundImage(projection)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&map);
     KRHaloPainter::paint(painter, m_selection, projection, m_size, m_factor);
     painter.drawImage(0, 0, renderer.render(m_renderOption));
-    painter.end();
-    if (m_ground != Ground::None && m_hasScaleBar)
-        KRMapFurniture::paintScaleBar(&map, projection, m_factor);
-    if (m_ground != Ground::None && m_hasAttribution)
-        paintCredits(&map);
+    paintFurniture(&painter, projection);
     return map;
 }
 
-QImage KRMapComposition::renderGround(const KRMapProjection &projection) const
+void KRMapComposition::paint(QPainter *painter) const
+{
+    const KRMapProjection projection(m_area, m_size);
+    const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
+
+    painter->save();
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::LosslessImageRendering);
+    painter->setClipRect(QRect(QPoint(), m_size), Qt::IntersectClip);
+    paintGround(painter, projection);
+    KRHaloPainter::paintShapes(*painter, m_selection, projection, m_size, m_factor);
+    renderer.renderWith(*painter, m_renderOption);
+    paintFurniture(painter, projection);
+    painter->restore();
+}
+
+QImage KRMapComposition::groundImage(const KRMapProjection &projection) const
 {
     QImage ground(m_size, QImage::Format_ARGB32_Premultiplied);
     ground.fill(Qt::transparent);
-    if (m_ground == Ground::None)
-        return ground;
-
-    QPainter painter(&ground);
-    if (m_ground == Ground::Picture) {
-        const QPointF northWest = projection.projectate(m_area.northWest());
-        const double eastLongitude =
-            m_area.east().decimalDegrees() + (m_area.longitudeRange().crossesDateLine() ? 360.0 : 0.0);
-        const QPointF southEast =
-            projection.getPixelCoordinateByMapCoordinate(m_area.south().decimalDegrees(), eastLongitude);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(QRectF(northWest, southEast), m_picture);
-    } else if (m_mapGround != nullptr) {
-        m_mapGround->paint(&painter, m_size, projection, m_factor);
-    } else {
-        KRBaseMap(KRSamplePlaces::all()).paint(&painter, m_size, projection, m_factor);
+    if (m_ground) {
+        QPainter painter(&ground);
+        m_ground->paint(&painter, m_size, projection, m_factor);
     }
     return ground;
 }
 
-void KRMapComposition::paintCredits(QImage *map) const
+void KRMapComposition::paintGround(QPainter *painter, const KRMapProjection &projection) const
 {
-    KRMapFurniture::paintAttribution(map, m_factor);
-    if (m_ground != Ground::BaseMap || m_mapGround == nullptr)
+    if (!m_ground)
         return;
-    QPainter painter(map);
-    KRMapFurniture::paintCredit(&painter, m_size, m_mapGround->credit(), m_factor);
+    const bool isCropped = m_selection.effectiveCroppingOpacity() < 255;
+    if (m_ground->isVector() && !isCropped) {
+        m_ground->paint(painter, m_size, projection, m_factor);
+        return;
+    }
+    const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
+    painter->drawImage(0, 0, renderer.crop(groundImage(projection)));
+}
+
+void KRMapComposition::paintFurniture(QPainter *painter, const KRMapProjection &projection) const
+{
+    if (m_ground && m_hasScaleBar)
+        KRMapFurniture::paintScaleBar(painter, m_size, projection, m_factor);
+    if (m_ground && m_hasAttribution) {
+        KRMapFurniture::paintAttribution(painter, m_size, m_factor);
+        KRMapFurniture::paintCredit(painter, m_size, m_ground->credit(), m_factor);
+    }
 }

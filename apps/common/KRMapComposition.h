@@ -9,22 +9,17 @@
 
 class KRMapGround;
 class KRMapProjection;
+class QPainter;
 
 /**
- * Puts a map picture together: ground, crop, halos, tracks, scale bar and credit, from bottom to top.
+ * Puts a map together: ground, crop, halos, tracks, scale bar and credit, from bottom to top.
  *
- * The ground is the world base map unless a picture takes its place or there shall be none. The selection's
- * cropping opacity makes the ground translucent outside the tracks.
+ * The selection's cropping opacity makes the ground translucent outside the tracks. A composition is a value; several
+ * threads may draw one at once, as long as its ground lives.
  */
 class KRMapComposition
 {
 public:
-    enum class Ground {
-        BaseMap,
-        Picture,
-        None,
-    };
-
     /**
      * @param area to be seen at least; the map shows more where the picture has other proportions
      * @param size of the picture in pixels
@@ -33,10 +28,11 @@ public:
     KRMapComposition(const KRGPXTrackSelection &selection, const KRGeoPositionRect &area, const QSize &size,
                      double factor);
 
-    /// With Ground::Picture the picture is laid over the area exactly, whatever its own size is.
-    void setGround(Ground ground, const QImage &picture = QImage());
-    /// Takes the place of the base map, and is not owned; what it shows and its credit are those of render()'s time.
-    void setMapGround(KRMapGround *ground) { m_mapGround = ground; }
+    QSize size() const { return m_size; }
+    double factor() const { return m_factor; }
+
+    /// Not owned; without one, which is how it starts, the tracks stand alone.
+    void setGround(KRMapGround *ground) { m_ground = ground; }
     void setRenderOption(TrackRenderOption option) { m_renderOption = option; }
     /// Both are painted unless they are switched off or there is no ground.
     void setScaleBar(bool isPainted) { m_hasScaleBar = isPainted; }
@@ -44,17 +40,24 @@ public:
 
     QImage render() const;
 
+    /**
+     * Paints the same onto any device, into the rectangle of the size at (0, 0) in the painter's own coordinates.
+     *
+     * Whatever is made of lines, areas and text stays so; a ground that is not, or is cropped, is painted as one
+     * image of the size.
+     */
+    void paint(QPainter *painter) const;
+
 private:
-    QImage renderGround(const KRMapProjection &projection) const;
-    void paintCredits(QImage *map) const;
+    QImage groundImage(const KRMapProjection &projection) const;
+    void paintGround(QPainter *painter, const KRMapProjection &projection) const;
+    void paintFurniture(QPainter *painter, const KRMapProjection &projection) const;
 
     KRGPXTrackSelection m_selection;
     KRGeoPositionRect m_area;
     QSize m_size;
     double m_factor;
-    Ground m_ground = Ground::BaseMap;
-    QImage m_picture;
-    KRMapGround *m_mapGround = nullptr;
+    KRMapGround *m_ground = nullptr;
     TrackRenderOption m_renderOption = StyledRender;
     bool m_hasScaleBar = true;
     bool m_hasAttribution = true;

@@ -5,8 +5,9 @@
 #include <KRGeoLocation/KROsmScaleRenderer.h>
 
 #include <QFontMetricsF>
-#include <QImage>
 #include <QPainter>
+#include <QRect>
+#include <QSize>
 
 #include <algorithm>
 #include <cmath>
@@ -21,19 +22,34 @@ constexpr double creditLetters = 32.0;
 constexpr double creditMargin = 10.0;
 constexpr double creditPadding = 10.0; // to the left and to the right, a quarter of it above and below
 constexpr double creditDistance = 6.0;
+constexpr int creditLayout = Qt::AlignHCenter | Qt::TextWordWrap;
+
+/// In pixels, not in points: a page has other points than a screen, and the same pixels.
+QFont creditFont(double factor)
+{
+    QFont font = KRCopyrightRenderer().copyrightFont(1.0);
+    font.setPixelSize(std::max(1, qRound(creditLetters * factor)));
+    return font;
+}
 
 /// The factor, or less where the credit would take more than half of the picture's width.
-double fittingFactor(const QSize &pictureSize, double factor)
+double fittingFactor(const QSize &size, double factor)
 {
     const double widthAtOne = KRCopyrightRenderer().copyrightTextSize(1.0).width();
-    return std::min(factor, pictureSize.width() / (2.0 * widthAtOne));
+    return std::min(factor, size.width() / (2.0 * widthAtOne));
+}
+
+KROsmScaleRenderer scaleRenderer(const QSize &size, const KRMapProjection &projection, double factor)
+{
+    // The renderer thinks in the pixels of a normal screen and multiplies its lengths by the factor.
+    return KROsmScaleRenderer(KRDistance(KRMapFurniture::pixelsPerKilometre(size, projection) / factor), size / factor);
 }
 
 } // namespace
 
-double KRMapFurniture::pixelsPerKilometre(const QImage &picture, const KRMapProjection &projection)
+double KRMapFurniture::pixelsPerKilometre(const QSize &size, const KRMapProjection &projection)
 {
-    const QPoint middle = picture.rect().center();
+    const QPoint middle = QRect(QPoint(), size).center();
     const KRGeoPosition position = projection.convert(middle);
     const KRGeoPosition next = projection.convert(middle + QPoint(1, 0));
     const double degreesPerPixel = next.longitude().decimalDegrees() - position.longitude().decimalDegrees();
@@ -41,47 +57,59 @@ double KRMapFurniture::pixelsPerKilometre(const QImage &picture, const KRMapProj
     return std::isfinite(pixels) && pixels > 0.0 ? pixels : 0.0;
 }
 
-void KRMapFurniture::paintScaleBar(QImage *picture, const KRMapProjection &projection, double factor)
+void KRMapFurniture::paintScaleBar(QPainter *painter, const QSize &size, const KRMapProjection &projection,
+                                   double factor)
 {
-    const double fitting = fittingFactor(picture->size(), factor);
-    // The renderer thinks in the pixels of a normal screen and multiplies its lengths by the factor.
-    const KROsmScaleRenderer renderer(KRDistance(pixelsPerKilometre(*picture, projection) / fitting),
-                                      picture->size() / fitting);
-    renderer.renderScale(picture, fitting);
+    const double fitting = fittingFactor(size, factor);
+    scaleRenderer(size, projection, fitting).paintScale(painter, QRect(QPoint(), size), fitting);
 }
 
-void KRMapFurniture::paintAttribution(QImage *picture, double factor)
+void KRMapFurniture::paintAttribution(QPainter *painter, const QSize &size, double factor)
 {
-    KRCopyrightRenderer().renderCopyRight(picture, fittingFactor(picture->size(), factor));
+    KRCopyrightRenderer().paintCopyRight(painter, QRect(QPoint(), size), fittingFactor(size, factor));
 }
 
-void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const QString &text, double factor)
+QRectF KRMapFurniture::scaleBarBox(const QSize &size, const KRMapProjection &projection, double factor)
+{
+    const double fitting = fittingFactor(size, factor);
+    return scaleRenderer(size, projection, fitting).scaleBox(QRect(QPoint(), size), fitting);
+}
+
+QRectF KRMapFurniture::attributionBox(const QSize &size, double factor)
+{
+    return KRCopyrightRenderer().copyrightRect(QRect(QPoint(), size), fittingFactor(size, factor));
+}
+
+QRectF KRMapFurniture::creditBox(const QSize &size, const QString &text, double factor)
 {
     const double fitting = fittingFactor(size, factor);
     const double margin = creditMargin * fitting;
     const double padding = creditPadding * fitting;
-    // In pixels, not in points: a page has other points than a screen, and the same pixels.
-    QFont font = KRCopyrightRenderer().copyrightFont(1.0);
-    font.setPixelSize(std::max(1, qRound(creditLetters * fitting)));
-    const QFontMetricsF metrics(font);
-
     const QRectF room(0.0, 0.0, size.width() - 2.0 * (margin + padding), size.height());
-    constexpr int layout = Qt::AlignHCenter | Qt::TextWordWrap;
-    const QRectF letters = metrics.boundingRect(room, layout, text);
+    const QRectF letters = QFontMetricsF(creditFont(fitting)).boundingRect(room, creditLayout, text);
     if (text.isEmpty() || letters.isEmpty())
-        return;
+        return QRectF();
     QRectF box = letters.adjusted(-padding, -padding / 4.0, padding, padding / 4.0);
-    const QRectF attribution = KRCopyrightRenderer().copyrightRect(QRect(QPoint(), size), fitting);
-    box.moveBottomRight(QPointF(size.width() - margin, attribution.top() - creditDistance * fitting));
+    box.moveBottomRight(QPointF(size.width() - margin, attributionBox(size, factor).top() - creditDistance * fitting));
+    return box;
+}
 
+void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const QString &text, double factor)
+{
+    const QRectF box = creditBox(size, text, factor);
+    if (box.isEmpty())
+        return;
+    const double fitting = fittingFactor(size, factor);
+    const double padding = creditPadding * fitting;
+    const QFont font = creditFont(fitting);
     painter->save();
     painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter->setFont(font);
     painter->setPen(Qt::NoPen);
     painter->setBrush(boxColor);
-    const double radius = metrics.height() / 2.0;
+    const double radius = QFontMetricsF(font).height() / 2.0;
     painter->drawRoundedRect(box, radius, radius);
     painter->setPen(letterColor);
-    painter->drawText(box.adjusted(padding, padding / 4.0, -padding, -padding / 4.0), layout, text);
+    painter->drawText(box.adjusted(padding, padding / 4.0, -padding, -padding / 4.0), creditLayout, text);
     painter->restore();
 }

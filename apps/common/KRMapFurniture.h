@@ -1,24 +1,31 @@
 #pragma once
 
 class KRMapProjection;
-class QImage;
 class QPainter;
+class QRectF;
 class QSize;
 class QString;
 
 /**
  * Paints what stands at the lower edge of a map picture: the scale bar on the left, the credit on the right.
+ *
+ * The picture has the size in pixels and lies at (0, 0) of the painter, whatever the device is.
  */
 class KRMapFurniture
 {
 public:
     /// The bar is right along the middle row of the picture; elsewhere the scale of the map is another.
-    static void paintScaleBar(QImage *picture, const KRMapProjection &projection, double factor);
-    static void paintAttribution(QImage *picture, double factor);
+    static void paintScaleBar(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor);
+    static void paintAttribution(QPainter *painter, const QSize &size, double factor);
     /// Whom the ground is owed to, above the place of the attribution and in its look; long texts take several lines.
-    /// @p size is that of the picture; nothing is painted for an empty text.
+    /// Nothing is painted for an empty text.
     static void paintCredit(QPainter *painter, const QSize &size, const QString &text, double factor);
 
+    /// Where they are painted, for others to keep away from.
+    static QRectF scaleBarBox(const QSize &size, const KRMapProjection &projection, double factor);
+    static QRectF attributionBox(const QSize &size, double factor);
+    static QRectF creditBox(const QSize &size, const QString &text, double factor);
+
     /// Pixels of the picture that a kilometre covers along its middle row; 0 where the picture shows no place.
-    static double pixelsPerKilometre(const QImage &picture, const KRMapProjection &projection);
+    static double pixelsPerKilometre(const QSize &size, const KRMapProjection &projection);
 };

@@ -23,6 +23,9 @@ public:
     /// fetched meanwhile and announced by changed(). @p factor is the paint scale, 1.0 for a normal screen.
     virtual void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) = 0;
 
+    /// Whether it is painted as lines, areas and text, which documents keep as such; other grounds become one image.
+    virtual bool isVector() const { return false; }
+
     /// Whom the map is owed to, one line of plain text; empty where the credit of the library says it.
     virtual QString credit() const { return QString(); }
 

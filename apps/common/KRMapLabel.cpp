@@ -1,7 +1,10 @@
 #include "KRMapLabel.h"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
+#include <QPen>
 #include <QStringList>
 #include <QTextLayout>
 #include <QTextLine>
@@ -12,6 +15,7 @@ namespace {
 constexpr QColor haloColor(255, 254, 250, 110);
 constexpr QPointF haloDirections[] = {{1.0, 0.0},  {0.7, 0.7},   {0.0, 1.0},  {-0.7, 0.7},
                                       {-1.0, 0.0}, {-0.7, -0.7}, {0.0, -1.0}, {0.7, -0.7}};
+constexpr QColor outlineColor(255, 254, 250, 190); ///< what that comes to, drawn once
 constexpr double haloWidthPerLetterHeight = 0.13;
 constexpr double spacingOfCapitals = 108.0; ///< percent
 
@@ -50,6 +54,7 @@ void KRMapLabel::setCapitals()
 
 void KRMapLabel::paint(QPainter *painter) const
 {
+    const QPaintEngine::Type engine = painter->paintEngine()->type();
     const double haloWidth = haloWidthPerLetterHeight * m_font.pixelSize();
     double y = box().top();
     for (const QString &text : m_text.split(QLatin1Char('\n'))) {
@@ -58,11 +63,24 @@ void KRMapLabel::paint(QPainter *painter) const
         const QTextLine line = layout.createLine();
         layout.endLayout();
         const QPointF position(m_center.x() - line.naturalTextWidth() / 2.0, y);
-        painter->setPen(haloColor);
-        for (const QPointF &direction : haloDirections)
-            layout.draw(painter, position + haloWidth * direction);
-        painter->setPen(m_color);
-        layout.draw(painter, position);
+        QPainterPath letters;
+        if (engine == QPaintEngine::Raster) {
+            painter->setPen(haloColor);
+            for (const QPointF &direction : haloDirections)
+                layout.draw(painter, position + haloWidth * direction);
+        } else {
+            // Text that is there nine times cannot be searched or copied.
+            letters.addText(position + QPointF(0.0, line.ascent()), m_font, text);
+            painter->strokePath(letters,
+                                QPen(outlineColor, 2.5 * haloWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        }
+        if (engine == QPaintEngine::SVG) {
+            // As text it would lose its capitals and their spacing, which Qt does not write.
+            painter->fillPath(letters, m_color);
+        } else {
+            painter->setPen(m_color);
+            layout.draw(painter, position);
+        }
         y += QFontMetricsF(m_font).lineSpacing();
     }
 }

@@ -1,14 +1,33 @@
 #include "KRPictureFile.h"
 
+#include "KRMapComposition.h"
+
+#include <KRCore/KRMath.h>
+#include <KRXML/KRXMLBuilder.h>
+
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int photoQuality = 92; // per cent; below, thin coloured lines on a plain ground get visible fringes
+constexpr double pixelsPerInch = 96.0;
+constexpr double pointsPerInch = 72.0;
+constexpr double largestPagePoints = 14400.0; // ISO 32000-1, annex C.2
+
+QString creator()
+{
+    return QCoreApplication::applicationName() + QLatin1Char(' ') + QCoreApplication::applicationVersion();
+}
 
 QImage onWhite(const QImage &picture)
 {
@@ -19,25 +38,73 @@ QImage onWhite(const QImage &picture)
     return opaque;
 }
 
+bool writePicture(QBuffer *buffer, const QImage &picture, const QByteArray &format)
+{
+    QImageWriter writer(buffer, format);
+    const bool isPhotoFormat = format == "jpeg";
+    if (isPhotoFormat || format == "webp")
+        writer.setQuality(photoQuality);
+    return writer.write(isPhotoFormat ? onWhite(picture) : picture);
+}
+
+bool writeSvg(QBuffer *buffer, const KRMapComposition &map, const QString &title)
+{
+    QSvgGenerator generator;
+    generator.setOutputDevice(buffer);
+    generator.setSize(map.size());
+    generator.setViewBox(QRect(QPoint(), map.size()));
+    generator.setResolution(std::max(1, KRMath::toInt(pixelsPerInch * map.factor())));
+    generator.setTitle(KRXMLBuilder::readableText(title).toHtmlEscaped()); // Qt writes it as it is
+    generator.setDescription(creator());
+    QPainter painter;
+    if (!painter.begin(&generator))
+        return false;
+    map.paint(&painter);
+    return painter.end();
+}
+
+bool writePdf(QBuffer *buffer, const KRMapComposition &map, const QString &title)
+{
+    const int largestSide = std::max(map.size().width(), map.size().height());
+    const double resolution = std::max(pixelsPerInch * map.factor(), largestSide * pointsPerInch / largestPagePoints);
+    const QSizeF points = (QSizeF(map.size()) * pointsPerInch / resolution).expandedTo(QSizeF(1.0, 1.0));
+
+    QPdfWriter writer(buffer);
+    writer.setTitle(title);
+    writer.setCreator(creator());
+    writer.setResolution(std::max(1, KRMath::toInt(resolution)));
+    writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
+    writer.setPageMargins(QMarginsF(0.0, 0.0, 0.0, 0.0));
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return false;
+    // Pages are whole points wide and high.
+    painter.scale(double(writer.width()) / map.size().width(), double(writer.height()) / map.size().height());
+    map.paint(&painter);
+    return painter.end();
+}
+
 } // namespace
 
 QByteArray KRPictureFile::formatOf(const QString &fileName)
 {
-    const QString suffix = QFileInfo(fileName).suffix().toLower();
-    if (suffix == QLatin1String("png") || suffix == QLatin1String("webp"))
-        return suffix.toLatin1();
-    if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
+    const QByteArray suffix = QFileInfo(fileName).suffix().toLower().toLatin1();
+    if (suffix == "jpg")
         return QByteArrayLiteral("jpeg");
-    return QByteArray();
+    return formats().contains(suffix) ? suffix : QByteArray();
 }
 
-QByteArray KRPictureFile::encode(const QImage &picture, const QByteArray &format)
+QByteArray KRPictureFile::encode(const KRMapComposition &map, const QByteArray &format, const QString &title)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    QImageWriter writer(&buffer, format);
-    const bool isPhotoFormat = format == "jpeg";
-    if (isPhotoFormat || format == "webp")
-        writer.setQuality(photoQuality);
-    return writer.write(isPhotoFormat ? onWhite(picture) : picture) ? bytes : QByteArray();
+    buffer.open(QIODevice::WriteOnly);
+    bool isWritten = false;
+    if (format == "svg")
+        isWritten = writeSvg(&buffer, map, title);
+    else if (format == "pdf")
+        isWritten = writePdf(&buffer, map, title);
+    else
+        isWritten = writePicture(&buffer, map.render(), format);
+    return isWritten ? bytes : QByteArray();
 }

@@ -1,19 +1,27 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
-class QImage;
+class KRMapComposition;
 
 /**
- * Turns pictures into the bytes of picture files.
+ * Turns maps into the bytes of picture files.
+ *
+ * SVG and PDF hold lines, areas and text. A pixel of the map is a unit of the drawing there, and 96 of them, times the
+ * factor of the map, are an inch; only maps of more than five metres come out smaller in PDF, which knows no larger
+ * pages.
  */
 class KRPictureFile
 {
 public:
-    /// The format that the suffix stands for ("png", "jpeg", "webp"), empty for any other.
+    static QList<QByteArray> formats() { return {"png", "jpeg", "webp", "svg", "pdf"}; }
+
+    /// The format of formats() that the suffix stands for, empty for any other.
     static QByteArray formatOf(const QString &fileName);
 
     /// Encodes in a format of formatOf(). Formats without transparency get a white ground. Null when it fails.
-    static QByteArray encode(const QImage &picture, const QByteArray &format);
+    /// SVG and PDF carry the title.
+    static QByteArray encode(const KRMapComposition &map, const QByteArray &format, const QString &title);
 };

@@ -23,9 +23,14 @@ struct OptionText {
 constexpr OptionText optionTexts[] = {
     {"o,output", "FILE",
      QT_TRANSLATE_NOOP("KRRenderOptions",
-                       "Bilddatei: PNG, JPEG oder WebP nach der Endung; „-“ schreibt PNG auf die Standardausgabe. "
-                       "Ohne Angabe heißt das Bild wie die erste Datei und liegt im aktuellen Ordner. Mit der Endung "
-                       "gpx, kml oder kmz werden die Routen für andere Programme geschrieben.")},
+                       "Bilddatei: PNG, JPEG, WebP, SVG oder PDF nach der Endung; „-“ schreibt PNG auf die "
+                       "Standardausgabe. Ohne Angabe steht das Bild mit dem Namen der ersten Datei im aktuellen "
+                       "Ordner. Mit der Endung gpx, kml oder kmz werden statt eines Bildes die Routen geschrieben, so "
+                       "dass andere Programme sie lesen.")},
+    {"format", "NAME",
+     QT_TRANSLATE_NOOP("KRRenderOptions",
+                       "Format der Ausgabe anstatt dem der Endung: png, jpeg, webp, svg, pdf, gpx, kml oder kmz; "
+                       "auch mit „-“.")},
     {"save", "DOCUMENT",
      QT_TRANSLATE_NOOP("KRRenderOptions",
                        "Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute) und einen Ordner mit "
@@ -102,6 +107,15 @@ bool isReadFrom(const QString &output, const QString &input)
     const bool isTrackFile = KRRouteDocument::isDocument(QFileInfo(input)) && tracks.exists() && target.exists()
                              && QFileInfo(target.canonicalFilePath()).dir().canonicalPath() == tracks.canonicalPath();
     return isTrackFile || isSameFile(QFileInfo(input), target);
+}
+
+/// What "-o" writes, as suffixes.
+QString formatNames()
+{
+    QStringList names;
+    for (const QByteArray &format : KRPictureFile::formats() + KRExchangeFile::formats())
+        names.append(QString::fromLatin1(format));
+    return names.join(QStringLiteral(", "));
 }
 
 /// Width and height out of "1600x1200"; not set when it is nothing of the kind.
@@ -262,9 +276,9 @@ void KRRenderOptions::readGround(const QCommandLineParser &parser)
         complain(tr("--map und --no-map schließen einander aus."));
     m_mapFile = parser.value(QStringLiteral("map"));
     if (hasPicture)
-        m_ground = KRMapComposition::Ground::Picture;
+        m_ground = Ground::Picture;
     else if (hasNone)
-        m_ground = KRMapComposition::Ground::None;
+        m_ground = Ground::None;
 }
 
 void KRRenderOptions::readOutput(const QCommandLineParser &parser)
@@ -275,15 +289,38 @@ void KRRenderOptions::readOutput(const QCommandLineParser &parser)
     if (m_output.isEmpty() && m_document.isEmpty()) {
         const QString first =
             m_inputs.isEmpty() ? m_beelines.value(0).from.name : QFileInfo(m_inputs.first()).completeBaseName();
-        m_output = first + QStringLiteral(".png");
+        m_output = first + QLatin1Char('.') + parser.value(QStringLiteral("format"));
+        if (!parser.isSet(QStringLiteral("format")))
+            m_output += QLatin1String("png");
     }
     if (!m_document.isEmpty() && !KRRouteDocument::isDocument(QFileInfo(m_document)))
-        complain(tr("„%1“ endet nicht auf „.%2“.").arg(m_document, KRRouteDocument::suffix()));
-    const bool isKnown = m_output.isEmpty() || writesToStandardOutput() || !KRPictureFile::formatOf(m_output).isEmpty()
-                         || !KRExchangeFile::formatOf(m_output).isEmpty();
-    if (!isKnown)
-        complain(tr("„%1“ hat keine bekannte Endung (png, jpg, jpeg, webp, gpx, kml, kmz).").arg(m_output));
+        complain(tr("--save: „%1“ endet nicht auf „.%2“; Bilder, GPX und KML schreibt „-o“.")
+                     .arg(m_document, KRRouteDocument::suffix()));
+    readFormat(parser);
+    protectInputs();
+}
 
+void KRRenderOptions::readFormat(const QCommandLineParser &parser)
+{
+    const QString text = parser.value(QStringLiteral("format"));
+    const QString name = text.isEmpty() ? m_output : QStringLiteral("x.") + text;
+    m_format = KRPictureFile::formatOf(name);
+    if (m_format.isEmpty())
+        m_format = KRExchangeFile::formatOf(name);
+    if (!parser.isSet(QStringLiteral("format"))) {
+        if (writesToStandardOutput())
+            m_format = QByteArrayLiteral("png");
+        else if (KRRouteDocument::isDocument(QFileInfo(m_output)))
+            complain(tr("„%1“ ist ein Routendokument; das schreibt „--save“.").arg(m_output));
+        else if (!m_output.isEmpty() && m_format.isEmpty())
+            complain(tr("„%1“ hat keine bekannte Endung (%2).").arg(m_output, formatNames()));
+    } else if (m_format.isEmpty()) {
+        complain(tr("--format: „%1“ ist kein bekanntes Format (%2).").arg(text, formatNames()));
+    }
+}
+
+void KRRenderOptions::protectInputs()
+{
     const QStringList read = m_inputs + QStringList(m_mapFile);
     for (const QString &input : read) {
         // A document may be saved over itself.

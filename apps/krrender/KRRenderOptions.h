@@ -1,10 +1,13 @@
 #pragma once
 
 #include "KRBaseMapPlace.h"
-#include "KRMapComposition.h"
 #include "KRTrackLook.h"
 
+#include <KRGeoLocation/KRGPXTrackRenderer.h>
+#include <KRGeoLocation/KRGeoPositionRect.h>
+
 #include <QCoreApplication>
+#include <QSize>
 #include <QStringList>
 
 #include <optional>
@@ -29,6 +32,13 @@ public:
         Complain, ///< problem() says about what
     };
 
+    /// What the tracks are drawn onto.
+    enum class Ground {
+        BaseMap,
+        Picture,
+        None,
+    };
+
     /// A flight line between two places.
     struct Beeline {
         KRBaseMapPlace from;
@@ -51,8 +61,10 @@ public:
     QList<Beeline> beelines() const { return m_beelines; }
     /// Path of the route document to write, empty for none.
     QString document() const { return m_document; }
-    /// Path of the picture or of the exchange file, "-" for a picture on the standard output, empty for none.
+    /// Path of the picture or of the exchange file, "-" for the standard output, empty for none.
     QString output() const { return m_output; }
+    /// One of KRPictureFile or of KRExchangeFile.
+    QByteArray format() const { return m_format; }
     bool writesToStandardOutput() const { return m_output == QLatin1String("-"); }
 
     /// Size of the picture in its own pixels; not set where the picture of --map decides.
@@ -64,7 +76,7 @@ public:
     bool usesPalette() const { return m_usesPalette; }
     TrackRenderOption renderOption() const { return m_renderOption; }
     std::optional<int> croppingOpacity() const { return m_croppingOpacity; }
-    KRMapComposition::Ground ground() const { return m_ground; }
+    Ground ground() const { return m_ground; }
     QString mapFile() const { return m_mapFile; }
     bool hasScaleBar() const { return m_hasScaleBar; }
     bool hasAttribution() const { return m_hasAttribution; }
@@ -78,6 +90,8 @@ private:
     void readArea(const QCommandLineParser &parser);
     void readGround(const QCommandLineParser &parser);
     void readOutput(const QCommandLineParser &parser);
+    void readFormat(const QCommandLineParser &parser);
+    void protectInputs();
     void readPicture(const QCommandLineParser &parser);
     void readLook(const QCommandLineParser &parser);
     void complain(const QString &problem);
@@ -92,6 +106,7 @@ private:
     QList<Beeline> m_beelines;
     QString m_document;
     QString m_output;
+    QByteArray m_format;
     std::optional<QSize> m_size;
     double m_scale = 1.0;
     KRGeoPositionRect m_area;
@@ -99,7 +114,7 @@ private:
     bool m_usesPalette = false;
     TrackRenderOption m_renderOption = StyledRender;
     std::optional<int> m_croppingOpacity;
-    KRMapComposition::Ground m_ground = KRMapComposition::Ground::BaseMap;
+    Ground m_ground = Ground::BaseMap;
     QString m_mapFile;
     bool m_hasScaleBar = true;
     bool m_hasAttribution = true;

@@ -1,8 +1,11 @@
 #include "KRRenderProgram.h"
 
+#include "KRBaseMapGround.h"
 #include "KRExchangeFile.h"
 #include "KRMapArea.h"
+#include "KRMapComposition.h"
 #include "KRPictureFile.h"
+#include "KRPictureGround.h"
 #include "KRRouteDocument.h"
 #include "KRTrackPalette.h"
 #include "KRTrackTable.h"
@@ -91,9 +94,8 @@ int KRRenderProgram::writeFiles(const KRGPXTrackSelection &tracks)
     int code = codeOfImport();
     if (!m_options.document().isEmpty())
         code = std::max(code, save(tracks));
-    const QByteArray exchangeFormat = KRExchangeFile::formatOf(m_options.output());
-    if (!exchangeFormat.isEmpty())
-        code = std::max(code, exchange(tracks, exchangeFormat));
+    if (KRExchangeFile::formats().contains(m_options.format()))
+        code = std::max(code, exchange(tracks));
     else if (!m_options.output().isEmpty())
         code = std::max(code, draw(tracks));
     return code;
@@ -115,14 +117,21 @@ int KRRenderProgram::save(const KRGPXTrackSelection &tracks) const
     return WrongUsage;
 }
 
-int KRRenderProgram::exchange(const KRGPXTrackSelection &tracks, const QByteArray &format)
+int KRRenderProgram::exchange(const KRGPXTrackSelection &tracks)
 {
     if (tracks.isEmpty()) {
         printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu schreiben."));
         return SomethingLeftOut;
     }
-    const QString name = QFileInfo(m_options.output()).completeBaseName();
-    return write(KRExchangeFile::encode(tracks.tracks(), format, name), format);
+    const QString name =
+        m_options.writesToStandardOutput() ? tracks.value(0).name() : QFileInfo(m_options.output()).completeBaseName();
+    return write(KRExchangeFile::encode(tracks.tracks(), m_options.format(), title(tracks)));
+}
+
+QString KRRenderProgram::title(const KRGPXTrackSelection &tracks) const
+{
+    return m_options.writesToStandardOutput() ? tracks.value(0).name()
+                                              : QFileInfo(m_options.output()).completeBaseName();
 }
 
 void KRRenderProgram::readRoutes()
@@ -209,30 +218,40 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     }
 
     const QImage mapPicture = readMapPicture();
-    if (mapPicture.isNull() && m_options.ground() == KRMapComposition::Ground::Picture)
+    if (mapPicture.isNull() && m_options.ground() == KRRenderOptions::Ground::Picture)
         return SomethingLeftOut;
 
     QElapsedTimer timer;
     timer.start();
     showProgress(tr("Die Karte wird gezeichnet"));
     KRMapComposition composition(tracks, area, m_options.size().value_or(mapPicture.size()), m_options.scale());
-    composition.setGround(m_options.ground(), mapPicture);
+    const std::unique_ptr<KRMapGround> ground = createGround(mapPicture, area);
+    composition.setGround(ground.get());
     composition.setRenderOption(m_options.renderOption());
     composition.setScaleBar(m_options.hasScaleBar());
     composition.setAttribution(m_options.hasAttribution());
-    const QImage picture = composition.render();
+    const QByteArray bytes = KRPictureFile::encode(composition, m_options.format(), title(tracks));
     if (m_options.isVerbose())
         say(tr("in %1 ms gezeichnet").arg(timer.elapsed()));
+    return std::max<int>(write(bytes), undrawn == 0 ? AllDone : SomethingLeftOut);
+}
 
-    const QByteArray format =
-        m_options.writesToStandardOutput() ? QByteArrayLiteral("png") : KRPictureFile::formatOf(m_options.output());
-    return std::max<int>(write(KRPictureFile::encode(picture, format), format),
-                         undrawn == 0 ? AllDone : SomethingLeftOut);
+std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture, const KRGeoPositionRect &area) const
+{
+    switch (m_options.ground()) {
+    case KRRenderOptions::Ground::BaseMap:
+        return std::make_unique<KRBaseMapGround>();
+    case KRRenderOptions::Ground::Picture:
+        return std::make_unique<KRPictureGround>(picture, area);
+    case KRRenderOptions::Ground::None:
+        break;
+    }
+    return nullptr;
 }
 
 QImage KRRenderProgram::readMapPicture() const
 {
-    if (m_options.ground() != KRMapComposition::Ground::Picture)
+    if (m_options.ground() != KRRenderOptions::Ground::Picture)
         return QImage();
     KRErrorHistory history;
     const QByteArray bytes = KRFileHandler::readAll(QFileInfo(m_options.mapFile()), &history, largestPictureBytes);
@@ -244,13 +263,13 @@ QImage KRRenderProgram::readMapPicture() const
     return picture;
 }
 
-int KRRenderProgram::write(const QByteArray &bytes, const QByteArray &format)
+int KRRenderProgram::write(const QByteArray &bytes)
 {
     showProgress(QString());
     KRErrorHistory history;
     QString problem;
     if (bytes.isNull())
-        problem = tr("Das Ergebnis kann nicht als %1 geschrieben werden.").arg(QString::fromLatin1(format));
+        problem = tr("Das Ergebnis kann nicht als %1 geschrieben werden.").arg(QString::fromLatin1(m_options.format()));
     else if (!m_options.writesToStandardOutput())
         KRFileHandler::writeAll(QFileInfo(m_options.output()), bytes, &history);
     else if (!writeToStandardOutput(bytes))

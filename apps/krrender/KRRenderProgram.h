@@ -5,6 +5,10 @@
 
 #include <QCoreApplication>
 
+#include <memory>
+
+class KRMapGround;
+
 /**
  * Does what the options ask for: reads the files, then draws or prints.
  *
@@ -32,10 +36,12 @@ private:
     int print(const QByteArray &bytes) const;
     int writeFiles(const KRGPXTrackSelection &tracks);
     int save(const KRGPXTrackSelection &tracks) const;
-    int exchange(const KRGPXTrackSelection &tracks, const QByteArray &format);
+    int exchange(const KRGPXTrackSelection &tracks);
     int draw(const KRGPXTrackSelection &tracks);
+    QString title(const KRGPXTrackSelection &tracks) const;
+    std::unique_ptr<KRMapGround> createGround(const QImage &picture, const KRGeoPositionRect &area) const;
     QImage readMapPicture() const;
-    int write(const QByteArray &bytes, const QByteArray &format);
+    int write(const QByteArray &bytes);
     KRGPXTrackSelection selection() const;
     int countOfUndrawn(const KRGPXTrackSelection &selection);
     void say(const QString &message) const;

@@ -33,25 +33,33 @@ QRectF KRCopyrightRenderer::copyrightRect(const QRect &area, double factor) cons
 
 void KRCopyrightRenderer::renderCopyRight(QImage *image, double factor) const
 {
-    if (!image || image->isNull() || !KRMapCaption::isUsableFactor(factor))
+    if (!image || image->isNull())
         return;
-    const QRectF box = copyrightRect(image->rect(), factor);
     QPainter painter(image);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.setFont(copyrightFont(factor));
+    paintCopyRight(&painter, image->rect(), factor);
+    painter.end();
+}
 
+void KRCopyrightRenderer::paintCopyRight(QPainter *painter, const QRect &area, double factor) const
+{
+    if (!KRMapCaption::isUsableFactor(factor))
+        return;
+    const QRectF box = copyrightRect(area, factor);
+    painter->save();
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter->setFont(KRMapCaption::fontFor(*painter, factor));
     if (factor < KRMapCaption::smallestReadableFactor) {
         const int y = KRMath::toInt(box.center().y());
-        painter.fillRect(box, KRMapCaption::semiOpaqueWhite);
-        painter.setPen(QPen(KRMapCaption::semiOpaqueBlack, 1.0, Qt::DashDotLine));
-        painter.drawLine(KRMath::toInt(box.center().x()), y, KRMath::toInt(box.right()), y);
+        painter->fillRect(box, KRMapCaption::semiOpaqueWhite);
+        painter->setPen(QPen(KRMapCaption::semiOpaqueBlack, 1.0, Qt::DashDotLine));
+        painter->drawLine(KRMath::toInt(box.center().x()), y, KRMath::toInt(box.right()), y);
     } else {
         const double radius = box.height() * 0.5;
-        painter.setBrush(KRMapCaption::semiOpaqueWhite);
-        painter.setPen(KRMapCaption::semiOpaqueWhite);
-        painter.drawRoundedRect(box, radius, radius);
-        painter.setPen(KRMapCaption::semiOpaqueBlack);
-        painter.drawText(box, Qt::AlignHCenter | Qt::AlignVCenter, copyrightText());
+        painter->setBrush(KRMapCaption::semiOpaqueWhite);
+        painter->setPen(KRMapCaption::semiOpaqueWhite);
+        painter->drawRoundedRect(box, radius, radius);
+        painter->setPen(KRMapCaption::semiOpaqueBlack);
+        painter->drawText(box, Qt::AlignHCenter | Qt::AlignVCenter, copyrightText());
     }
-    painter.end();
+    painter->restore();
 }

@@ -8,6 +8,7 @@
 #include <QString>
 
 class QImage;
+class QPainter;
 class QRect;
 
 /**
@@ -31,4 +32,6 @@ public:
 
     /// Below a factor of 0.1 a dash-dotted line stands for the text. Nothing is painted onto a null image.
     void renderCopyRight(QImage *image, double factor) const;
+    /// The same onto any device, for a picture that fills the rectangle.
+    void paintCopyRight(QPainter *painter, const QRect &area, double factor) const;
 };

@@ -65,7 +65,9 @@ void setAntialiasing(QPainter *painter)
 bool surelyMissesDevice(const QPainter *painter, const QRectF &bounds)
 {
     const auto *const image = dynamic_cast<const QImage *>(painter->device());
-    return image && !painter->deviceTransform().mapRect(bounds).intersects(image->rect());
+    if (image && !painter->deviceTransform().mapRect(bounds).intersects(image->rect()))
+        return true;
+    return painter->hasClipping() && !painter->clipBoundingRect().intersects(bounds);
 }
 
 // A recorder without a fix may have written "nan", which has no place on any map.

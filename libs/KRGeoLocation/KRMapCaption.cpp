@@ -1,6 +1,8 @@
 #include "KRMapCaption.h"
 
 #include <QFontMetrics>
+#include <QImage>
+#include <QPainter>
 
 #include <cmath>
 
@@ -11,6 +13,14 @@ QFont KRMapCaption::font(double factor)
     if (pointSize > 0.0)
         result.setPointSizeF(pointSize);
     return result;
+}
+
+QFont KRMapCaption::fontFor(const QPainter &painter, double factor)
+{
+    // Text is measured for images; paper and files have other points to the inch.
+    const double imageDpi = QImage(1, 1, QImage::Format_Mono).logicalDpiY();
+    const int deviceDpi = painter.device()->logicalDpiY();
+    return font(deviceDpi > 0 ? factor * imageDpi / deviceDpi : factor);
 }
 
 QSizeF KRMapCaption::size(const QString &text, double factor)

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QSizeF>
 
+class QPainter;
 class QString;
 
 /**
@@ -23,6 +24,8 @@ inline const QColor semiOpaqueBlack(0, 0, 0, 180);
 
 /// 24 points at factor 1.
 QFont font(double factor);
+/// The same for painting onto any device: as many units of the painter high as pixels on an image.
+QFont fontFor(const QPainter &painter, double factor);
 /// What the text takes with the space around it. Measured at factor 1 and scaled, so that it grows evenly.
 QSizeF size(const QString &text, double factor);
 

@@ -97,38 +97,57 @@ double KROsmScaleRenderer::maximumPaintFactor() const
     return hasScale() ? maximumKilometers() / shownKilometers() : 0.0;
 }
 
-void KROsmScaleRenderer::renderScale(QImage *image, double factor) const
+KROsmScaleRenderer::Layout KROsmScaleRenderer::layout(const QRect &area, double factor) const
 {
-    if (!image || image->isNull() || !hasScale() || !KRMapCaption::isUsableFactor(factor))
-        return;
-    QRectF bar = strokeRect(image->rect(), factor);
-    QRectF label = textRect(image->rect(), factor);
-    QRectF box = bar.united(label);
-    box.setLeft(0.0);
-    if (box.right() > image->width() / 3) {
+    Layout result{strokeRect(area, factor), textRect(area, factor), QRectF()};
+    result.box = result.bar.united(result.label);
+    result.box.setLeft(0.0);
+    if (result.box.right() > area.width() / 3) {
         // Room for the attribution text, which stands in the opposite corner.
-        const double rise = 1.5 * box.height();
-        for (QRectF *const rect : {&bar, &label, &box})
+        const double rise = 1.5 * result.box.height();
+        for (QRectF *const rect : {&result.bar, &result.label, &result.box})
             rect->translate(0.0, -rise);
     }
+    return result;
+}
 
-    QPainter painter(image);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.setFont(textFont(factor));
-    if (factor < KRMapCaption::smallestReadableFactor) {
-        painter.fillRect(box, KRMapCaption::semiOpaqueWhite);
-        painter.setPen(QPen(KRMapCaption::semiOpaqueBlack, 1.0, Qt::DashDotLine));
-        painter.drawLine(QLineF(box.center().x(), label.center().y(), box.right(), label.center().y()));
+QRectF KROsmScaleRenderer::scaleBox(const QRect &area, double factor) const
+{
+    return hasScale() && KRMapCaption::isUsableFactor(factor) ? layout(area, factor).box : QRectF();
+}
+
+void KROsmScaleRenderer::renderScale(QImage *image, double factor) const
+{
+    if (!image || image->isNull())
         return;
+    QPainter painter(image);
+    paintScale(&painter, image->rect(), factor);
+}
+
+void KROsmScaleRenderer::paintScale(QPainter *painter, const QRect &area, double factor) const
+{
+    if (!hasScale() || !KRMapCaption::isUsableFactor(factor))
+        return;
+    const Layout place = layout(area, factor);
+    painter->save();
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter->setFont(KRMapCaption::fontFor(*painter, factor));
+    if (factor < KRMapCaption::smallestReadableFactor) {
+        painter->fillRect(place.box, KRMapCaption::semiOpaqueWhite);
+        painter->setPen(QPen(KRMapCaption::semiOpaqueBlack, 1.0, Qt::DashDotLine));
+        const double y = place.label.center().y();
+        painter->drawLine(QLineF(place.box.center().x(), y, place.box.right(), y));
+    } else {
+        // Intended: half the negative height of the label, so that the corners stay square.
+        const double radius = place.label.height() / 2.0;
+        painter->setBrush(KRMapCaption::semiOpaqueWhite);
+        painter->setPen(KRMapCaption::semiOpaqueWhite);
+        painter->drawRoundedRect(place.box, radius, radius);
+        painter->setPen(KRMapCaption::semiOpaqueBlack);
+        painter->drawText(place.label, Qt::AlignHCenter | Qt::AlignVCenter, scaleText());
+        drawBar(painter, place.bar, barHeight(factor));
     }
-    // Intended: half the negative height of the label, so that the corners stay square.
-    const double radius = label.height() / 2.0;
-    painter.setBrush(KRMapCaption::semiOpaqueWhite);
-    painter.setPen(KRMapCaption::semiOpaqueWhite);
-    painter.drawRoundedRect(box, radius, radius);
-    painter.setPen(KRMapCaption::semiOpaqueBlack);
-    painter.drawText(label, Qt::AlignHCenter | Qt::AlignVCenter, scaleText());
-    drawBar(&painter, bar, barHeight(factor));
+    painter->restore();
 }
 
 bool KROsmScaleRenderer::hasScale() const

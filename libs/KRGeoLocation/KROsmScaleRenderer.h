@@ -12,6 +12,7 @@
 #include <QString>
 
 class QImage;
+class QPainter;
 class QRect;
 
 /**
@@ -46,10 +47,22 @@ public:
     /// The paint factor that makes the bar as long as it may ever be at factor 1; 0 without a scale.
     double maximumPaintFactor() const;
 
+    /// The box around bar and label of a picture that fills the rectangle.
+    QRectF scaleBox(const QRect &area, double factor) const;
+
     /// Below a factor of 0.1 a dash-dotted line stands for bar and label. Nothing is painted onto a null image.
     void renderScale(QImage *image, double factor) const;
+    /// The same onto any device, for a picture that fills the rectangle.
+    void paintScale(QPainter *painter, const QRect &area, double factor) const;
 
 private:
+    /// Where everything goes; bar and label have negative heights.
+    struct Layout {
+        QRectF bar;
+        QRectF label;
+        QRectF box;
+    };
+    Layout layout(const QRect &area, double factor) const;
     bool hasScale() const;
     /// What the longest bar that is allowed would stand for.
     double maximumKilometers() const;

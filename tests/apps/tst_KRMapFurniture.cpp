@@ -45,10 +45,10 @@ void tst_KRMapFurniture::barIsRightAlongTheMiddle()
     QFETCH(double, factor);
     const KRGeoPositionRect area(KRLatitudeRange(KRLatitude(latitude - 0.01), KRLatitude(latitude + 0.01)),
                                  KRLongitudeRange(KRLongitude(west), KRLongitude::safeLongitude(west + width)));
-    const QImage picture(1600, 1200, QImage::Format_ARGB32_Premultiplied);
-    const KRMapProjection projection(area, picture.size());
+    const QSize picture(1600, 1200);
+    const KRMapProjection projection(area, picture);
     const double scale = KRMapFurniture::pixelsPerKilometre(picture, projection) / factor;
-    const KROsmScaleRenderer bar(KRDistance(scale), picture.size() / factor);
+    const KROsmScaleRenderer bar(KRDistance(scale), picture / factor);
     const double length = bar.strokeLength(factor);
     QVERIFY(bar.shownKilometers() <= 500.0 && length > 50.0);
 
@@ -67,7 +67,9 @@ void tst_KRMapFurniture::smallPicturesGetSmallFurniture()
 {
     QImage small(200, 120, QImage::Format_ARGB32_Premultiplied);
     small.fill(Qt::red);
-    KRMapFurniture::paintAttribution(&small, 1.0);
+    QPainter painter(&small);
+    KRMapFurniture::paintAttribution(&painter, small.size(), 1.0);
+    painter.end();
     for (int y = 0; y < small.height(); ++y)
         QCOMPARE(small.pixel(90, y), QColor(Qt::red).rgba());
 }
@@ -95,8 +97,10 @@ void tst_KRMapFurniture::creditStandsAboveTheAttribution()
     QImage attribution(size, QImage::Format_ARGB32_Premultiplied);
     attribution.fill(Qt::white);
     QImage credit = attribution;
-    KRMapFurniture::paintAttribution(&attribution, factor);
-    QPainter painter(&credit);
+    QPainter painter(&attribution);
+    KRMapFurniture::paintAttribution(&painter, size, factor);
+    painter.end();
+    painter.begin(&credit);
     KRMapFurniture::paintCredit(&painter, size, text, factor);
     painter.end();
 

@@ -22,6 +22,8 @@ private slots:
     void picturesInManyForms();
     void nameOfThePictureWithoutOption();
     void writesToStandardOutput();
+    void formatComesFromSuffixOrOption_data();
+    void formatComesFromSuffixOrOption();
     void overlayIsTransparent();
     void scaleDrawsTheSameLarger();
     void lookIsApplied();
@@ -164,6 +166,40 @@ void tst_krrender::writesToStandardOutput()
     QVERIFY(QDir(m_dir->path()).isEmpty());
 }
 
+void tst_krrender::formatComesFromSuffixOrOption_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QByteArray>("start");
+    QTest::newRow("SVG") << QStringLiteral("a.svg") << QString() << QByteArray("<?xml");
+    QTest::newRow("PDF") << QStringLiteral("a.PDF") << QString() << QByteArray("%PDF-");
+    QTest::newRow("SVG to the standard output") << QStringLiteral("-") << QStringLiteral("svg") << QByteArray("<?xml");
+    QTest::newRow("KML to the standard output") << QStringLiteral("-") << QStringLiteral("kml") << QByteArray("<?xml");
+    QTest::newRow("any name") << QStringLiteral("map.bin") << QStringLiteral("pdf") << QByteArray("%PDF-");
+    QTest::newRow("no name") << QString() << QStringLiteral("jpg") << QByteArray("\xff\xd8\xff");
+}
+
+void tst_krrender::formatComesFromSuffixOrOption()
+{
+    QFETCH(QString, output);
+    QFETCH(QString, format);
+    QStringList arguments{QStringLiteral("--size"), QStringLiteral("300x200"), sample(tour)};
+    if (!output.isEmpty())
+        arguments << QStringLiteral("-o") << output;
+    if (!format.isEmpty())
+        arguments << QStringLiteral("--format") << format;
+    const Outcome outcome = run(arguments);
+    QCOMPARE(outcome.exitCode, 0);
+    QByteArray bytes = outcome.out;
+    if (output != QLatin1String("-")) {
+        QFile file(path(output.isEmpty() ? QStringLiteral("oldenburg-radtour.jpg") : output));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        bytes = file.readAll();
+    }
+    QFETCH(QByteArray, start);
+    QCOMPARE(bytes.left(start.size()), start);
+}
+
 void tst_krrender::overlayIsTransparent()
 {
     const QString picture = path(QStringLiteral("overlay.png"));
@@ -304,6 +340,9 @@ void tst_krrender::wrongUsage_data()
     row("crop", QStringLiteral("--crop 256 x.gpx"), "--crop");
     row("two grounds", QStringLiteral("--no-map --map y.png x.gpx"), "--no-map");
     row("unknown format", QStringLiteral("-o x.bmp x.gpx"), "x.bmp");
+    row("unknown format by option", QStringLiteral("-o - --format bmp x.gpx"), "bmp");
+    row("document as a picture", QStringLiteral("-o x.krroute x.gpx"), "--save");
+    row("picture as a document", QStringLiteral("--save x.png x.gpx"), "-o");
     row("over the input", QStringLiteral("-o ./x.png x.png"), "x.png");
 }
 

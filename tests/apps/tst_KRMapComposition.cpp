@@ -1,0 +1,180 @@
+#include "KRBaseMapGround.h"
+#include "KRMapComposition.h"
+#include "KRPictureFile.h"
+#include "KRTestPicture.h"
+#include "KRTestRegistry.h"
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+
+#include <QPainter>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QSvgRenderer>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_KRMapComposition : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void documentsLookLikeThePicture_data();
+    void documentsLookLikeThePicture();
+    void paintsIntoAnyCorner();
+};
+
+namespace {
+
+const QColor areaColor(0x20, 0x60, 0xc0, 0x60);
+
+KRGPXConfiguredTrack track(const KRGeoPositionList &positions, const KRGPXTrackShape &shape, const QColor &lineColor)
+{
+    KRGPXTrackConfiguration configuration;
+    configuration.setLineColor(lineColor);
+    configuration.setFillColor(areaColor);
+    configuration.setLineWidth(KRDistance(5.0));
+    configuration.setHaloWidth(KRDistance(6.0));
+    configuration.setTrackShape(shape);
+    configuration.setCurrentDisplayOptions(KRGPXTrackDisplayOptions(QStringLiteral("stroke,fill")));
+    KRGPXTrackSegment segment;
+    for (const KRGeoPosition &position : positions)
+        segment.append(position.latitude().decimalDegrees(), position.longitude().decimalDegrees(), 0, QDateTime(),
+                       QString());
+    return KRGPXConfiguredTrack(KRGPXTrack(QStringLiteral("track"), QString(), {segment}, shape), configuration);
+}
+
+/// An area, a dashed line across the date line, and a place.
+KRGPXTrackSelection tracks()
+{
+    KRGPXConfiguredTrack line = track({{-10.0, 172.0}, {-18.0, -176.0}}, LineStringTrackShape, Qt::darkRed);
+    KRGPXTrackConfiguration dashed = line.configuration();
+    dashed.setPenStyle(KRPenStyle(Qt::DashLine));
+    line.setConfiguration(dashed);
+    KRGPXTrackSelection selection;
+    selection.addTrack(track({{-16.0, 171.0}, {-20.0, 172.0}, {-19.0, 179.0}}, PolygonTrackShape, Qt::darkBlue));
+    selection.addTrack(line);
+    selection.addTrack(track({{-12.0, -179.0}}, PointTrackShape, Qt::magenta));
+    return selection;
+}
+
+const KRGeoPositionRect fijiArea(KRLatitudeRange(KRLatitude(-21.0), KRLatitude(-9.0)),
+                                 KRLongitudeRange(KRLongitude(170.0), KRLongitude(-175.0)));
+
+QImage onWhite(const QSize &size, const std::function<void(QPainter *painter)> &paint)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paint(&painter);
+    return image;
+}
+
+/// Null when the program that draws pages is missing.
+QImage drawnPage(const QByteArray &pdf, const QSize &size)
+{
+    QProcess program;
+    program.start(QStringLiteral("pdftoppm"),
+                  {QStringLiteral("-png"), QStringLiteral("-scale-to-x"), QString::number(size.width()),
+                   QStringLiteral("-scale-to-y"), QString::number(size.height()), QStringLiteral("-")});
+    program.write(pdf);
+    program.closeWriteChannel();
+    return program.waitForFinished(60000) ? QImage::fromData(program.readAllStandardOutput()) : QImage();
+}
+
+QImage drawn(const QByteArray &bytes, const QByteArray &format, const QSize &size)
+{
+    if (format == "pdf")
+        return drawnPage(bytes, size);
+    QSvgRenderer renderer(bytes);
+    return renderer.isValid() ? onWhite(size, [&](QPainter *painter) { renderer.render(painter); }) : QImage();
+}
+
+/// In levels of a colour channel, without what edges that are softened otherwise come to: both are made smaller.
+double meanDifference(const QImage &a, const QImage &b)
+{
+    const auto blurred = [](const QImage &image) {
+        return image.scaled(image.size() / 4, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGB32);
+    };
+    const QImage first = blurred(a);
+    const QImage second = blurred(b);
+    double sum = 0.0;
+    for (int y = 0; y < first.height(); ++y) {
+        for (int x = 0; x < first.width(); ++x) {
+            const QColor p = first.pixelColor(x, y);
+            const QColor q = second.pixelColor(x, y);
+            sum += qAbs(p.red() - q.red()) + qAbs(p.green() - q.green()) + qAbs(p.blue() - q.blue());
+        }
+    }
+    return sum / 3.0 / (first.width() * first.height());
+}
+
+} // namespace
+
+void tst_KRMapComposition::documentsLookLikeThePicture_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    QTest::addColumn<int>("croppingOpacity");
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<bool>("hasGround");
+    for (const char *format : {"svg", "pdf"}) {
+        const auto row = [format](const char *name, int croppingOpacity, double factor, bool hasGround) {
+            QTest::addRow("%s %s", format, name) << QByteArray(format) << croppingOpacity << factor << hasGround;
+        };
+        row("map", 255, 1.0, true);
+        row("cropped map", 60, 1.0, true);
+        row("high density", 255, 2.0, true);
+        row("tracks alone", 255, 1.5, false);
+    }
+}
+
+void tst_KRMapComposition::documentsLookLikeThePicture()
+{
+    QFETCH(QByteArray, format);
+    QFETCH(int, croppingOpacity);
+    QFETCH(double, factor);
+    QFETCH(bool, hasGround);
+    if (format == "pdf" && QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+        QSKIP("the program that draws pages is not installed");
+    KRGPXTrackSelection selection = tracks();
+    selection.setCroppingOpacity(croppingOpacity);
+    const QSize size(901, 602);
+    KRMapComposition map(selection, fijiArea, size, factor);
+    KRBaseMapGround ground;
+    map.setGround(hasGround ? &ground : nullptr);
+
+    const QImage picture = onWhite(size, [&](QPainter *painter) { painter->drawImage(0, 0, map.render()); });
+    const QByteArray bytes = KRPictureFile::encode(map, format, QStringLiteral("Fähre <1>"));
+    const QImage document = drawn(bytes, format, size);
+    QCOMPARE(document.size(), size);
+    const double difference = meanDifference(document, picture);
+    QVERIFY2(difference < (hasGround ? 1.2 : 0.2), qPrintable(QString::number(difference)));
+    // It holds lines and no picture of them.
+    const bool hasImage = bytes.contains(format == "pdf" ? "/Subtype /Image" : "<image");
+    QCOMPARE(hasImage, croppingOpacity < 255);
+    if (format == "pdf" && hasGround)
+        QVERIFY(bytes.contains("/FontFile2"));
+}
+
+void tst_KRMapComposition::paintsIntoAnyCorner()
+{
+    const QSize size(300, 200);
+    KRMapComposition map(tracks(), fijiArea, size, 1.0);
+    KRBaseMapGround ground;
+    map.setGround(&ground);
+    const QImage sheet = onWhite(QSize(900, 700), [&](QPainter *painter) {
+        painter->translate(100.0, 50.0);
+        painter->scale(2.0, 2.0);
+        map.paint(painter);
+        QCOMPARE(painter->transform().m11(), 2.0);
+        QVERIFY(!painter->hasClipping());
+    });
+    QCOMPARE(KRTestPicture::boundsOfPainted(sheet), QRect(QPoint(100, 50), 2 * size));
+    const QImage cut =
+        sheet.copy(QRect(QPoint(100, 50), 2 * size)).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QVERIFY(meanDifference(cut, map.render()) < 1.5);
+}
+
+static const KRTestRegistration<tst_KRMapComposition> registration;
+
+#include "tst_KRMapComposition.moc"
