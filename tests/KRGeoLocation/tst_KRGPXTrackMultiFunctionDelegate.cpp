@@ -1,0 +1,195 @@
+#include <KRGeoLocation/KRGPXTrackMultiFunctionDelegate.h>
+
+#include <KRGUIWidgets/KRElidedLabel.h>
+#include <KRGeoLocation/KRGPXTrackMultiFunctionDelegateWidget.h>
+
+#include "KRTestRegistry.h"
+
+#include <QListView>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QToolButton>
+#include <QtTest>
+
+#include <memory>
+
+using RowWidget = KRGPXTrackMultiFunctionDelegateWidget;
+
+class tst_KRGPXTrackMultiFunctionDelegate : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void laysOutTheButtons_data();
+    void laysOutTheButtons();
+    void escapesNamesInFormattedToolTips();
+    void tellsWhichButtonWasClicked_data();
+    void tellsWhichButtonWasClicked();
+    void rowMayBeRemovedByItsOwnButton();
+    void followsTheModel();
+    void blinks();
+    void forgetsClosedRows();
+
+private:
+    RowWidget *rowWidget(int row) const;
+    QToolButton *button(int row, int number) const { return rowWidget(row)->findChildren<QToolButton *>().at(number); }
+    QString labelText(int row) const { return rowWidget(row)->findChild<KRElidedLabel *>()->text(); }
+
+    std::unique_ptr<QStandardItemModel> m_model; // with the rows A to D
+    std::unique_ptr<QListView> m_view;
+    KRGPXTrackMultiFunctionDelegate *m_delegate = nullptr; // belongs to the view
+};
+
+void tst_KRGPXTrackMultiFunctionDelegate::init()
+{
+    m_model = std::make_unique<QStandardItemModel>();
+    for (const char *name : {"A", "B", "C", "D"})
+        m_model->appendRow(new QStandardItem(QLatin1String(name)));
+    m_view = std::make_unique<QListView>();
+    m_view->setModel(m_model.get());
+    m_delegate = new KRGPXTrackMultiFunctionDelegate(m_view.get(), AllTrackEditOptions);
+    m_view->setItemDelegate(m_delegate);
+    m_view->resize(300, 300);
+    m_view->show();
+    QTRY_VERIFY(rowWidget(3) != nullptr); // as soon as it has been painted
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::cleanup()
+{
+    m_view.reset();
+    m_model.reset();
+}
+
+RowWidget *tst_KRGPXTrackMultiFunctionDelegate::rowWidget(int row) const
+{
+    return qobject_cast<RowWidget *>(m_view->indexWidget(m_model->index(row, 0)));
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::laysOutTheButtons_data()
+{
+    QTest::addColumn<int>("options");
+    QTest::addColumn<QStringList>("toolTips");
+    const QString edit = QStringLiteral("A bearbeiten");
+    const QString remove = QStringLiteral("A löschen");
+    const QString zoom = QStringLiteral("<b>Zoome auf</b> A");
+    const QString mark = QStringLiteral("<b>Markiere</b> A");
+    QTest::newRow("none") << 0 << QStringList();
+    QTest::newRow("all, not in the order of their bits") << 15 << QStringList{edit, remove, zoom, mark};
+    QTest::newRow("mark and edit") << 9 << QStringList{edit, mark};
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::laysOutTheButtons()
+{
+    QFETCH(int, options);
+    RowWidget row(m_model->index(0, 0), KRGPXTrackEditOptions(options), nullptr);
+    row.resize(row.sizeHint());
+    row.show();
+    QStringList toolTips;
+    int right = row.findChild<KRElidedLabel *>()->geometry().right();
+    const QList<QToolButton *> buttons = row.findChildren<QToolButton *>();
+    for (const QToolButton *toolButton : buttons) {
+        toolTips += toolButton->toolTip();
+        QVERIFY(toolButton->x() > right);
+        QVERIFY(!toolButton->icon().isNull());
+        right = toolButton->geometry().right();
+    }
+    QTEST(toolTips, "toolTips");
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::escapesNamesInFormattedToolTips()
+{
+    m_model->item(0)->setText(QStringLiteral("<i>1</i> & 2"));
+    const RowWidget row(m_model->index(0, 0), AllTrackEditOptions, nullptr);
+    const QList<QToolButton *> buttons = row.findChildren<QToolButton *>();
+    QCOMPARE(buttons.at(0)->toolTip(), QStringLiteral("<i>1</i> & 2 bearbeiten"));
+    QCOMPARE(buttons.at(2)->toolTip(), QStringLiteral("<b>Zoome auf</b> &lt;i&gt;1&lt;/i&gt; &amp; 2"));
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::tellsWhichButtonWasClicked_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QString>("signal");
+    QTest::addColumn<bool>("isQueued");
+    QTest::newRow("edit") << 0 << QStringLiteral("editItem(int)") << false;
+    QTest::newRow("delete") << 1 << QStringLiteral("deleteItem(int)") << true;
+    QTest::newRow("zoom") << 2 << QStringLiteral("zoomToItem(int)") << true;
+    QTest::newRow("mark") << 3 << QStringLiteral("addItem(int)") << false;
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::tellsWhichButtonWasClicked()
+{
+    QFETCH(int, number);
+    QFETCH(QString, signal);
+    QFETCH(bool, isQueued);
+    QSignalSpy clicked(m_delegate, qPrintable(QLatin1Char('2') + signal));
+    QTest::mouseClick(button(2, number), Qt::LeftButton);
+    QCOMPARE(clicked.count(), isQueued ? 0 : 1);
+    QTRY_COMPARE(clicked.count(), 1);
+    QCOMPARE(clicked.first().first().toInt(), 2);
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::rowMayBeRemovedByItsOwnButton()
+{
+    connect(m_delegate, &KRGPXTrackMultiFunctionDelegate::deleteItem, m_model.get(),
+            [this](int row) { m_model->removeRow(row); });
+    QTest::mouseClick(button(1, 1), Qt::LeftButton);
+    QTRY_COMPARE(m_model->rowCount(), 3);
+    QCOMPARE(m_model->item(1)->text(), QStringLiteral("C"));
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::followsTheModel()
+{
+    QSignalSpy changes(m_model.get(), &QStandardItemModel::dataChanged);
+    const QSignalBlocker blocker(m_model.get()); // one announcement for all, as below
+    for (int row = 0; row < 4; ++row)
+        m_model->item(row)->setText(QStringLiteral("new"));
+    QVERIFY(changes.isEmpty());
+    for (int row = 0; row < 4; ++row)
+        rowWidget(row)->modelDataChanged(m_model->index(1, 0), m_model->index(2, 0));
+    QCOMPARE(labelText(0) + labelText(1) + labelText(2) + labelText(3), QStringLiteral("AnewnewD"));
+    QCOMPARE(button(1, 0)->toolTip(), QStringLiteral("B bearbeiten")); // as it was made
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::blinks()
+{
+    auto *const label = rowWidget(2)->findChild<KRElidedLabel *>();
+    m_delegate->animate(2);
+    QVERIFY(rowWidget(2)->isBlinking());
+    QVERIFY(label->animationState() != 0);
+    QCOMPARE(rowWidget(1)->findChild<KRElidedLabel *>()->animationState(), 0);
+    QTRY_VERIFY_WITH_TIMEOUT(!rowWidget(2)->isBlinking(), 3000);
+    QCOMPARE(label->animationState(), 0);
+    m_delegate->animate(99);
+}
+
+void tst_KRGPXTrackMultiFunctionDelegate::forgetsClosedRows()
+{
+    const QPointer<RowWidget> closed = rowWidget(0);
+    m_view->closePersistentEditor(m_model->index(0, 0));
+    m_delegate->animate(0);
+    QVERIFY(!closed || !closed->isBlinking());
+
+    const QPointer<RowWidget> reset = rowWidget(1);
+    m_view->reset(); // hands in an invalid index
+    m_delegate->animate(1);
+    QVERIFY(!reset || !reset->isBlinking());
+
+    QTRY_VERIFY(rowWidget(2) != nullptr);
+    delete rowWidget(2);
+    m_delegate->animate(2);
+
+    auto other = std::make_unique<QListView>();
+    other->setModel(m_model.get());
+    other->setItemDelegate(m_delegate);
+    std::unique_ptr<QWidget> editor(
+        m_delegate->createEditor(other.get(), QStyleOptionViewItem(), m_model->index(3, 0)));
+    editor.release();
+    other.reset(); // with the editor, and without a word to the delegate
+    m_delegate->animate(3);
+}
+
+static const KRTestRegistration<tst_KRGPXTrackMultiFunctionDelegate> registration;
+
+#include "tst_KRGPXTrackMultiFunctionDelegate.moc"
