@@ -42,6 +42,10 @@ public:
     { }
 
     QPointF projectPosition(const KRGeoPosition &position) const override { return m_projection.projectate(position); }
+    void projectPositions(const KRGeoPositionSpan &positions, QPointF *pixels) const override
+    {
+        m_projection.projectate(positions, pixels);
+    }
 
 private:
     KRMapProjection m_projection;

@@ -3,6 +3,7 @@
 #include <KRGeoLocation/KRGPXTrackElement.h>
 #include <KRGeoLocation/KRGeoPosition.h>
 #include <KRGeoLocation/KRGeoPositionList.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -38,19 +39,21 @@ KRGeoPosition readPosition(const QString &text)
 
 void KRMapArea::add(const KRGPXTrackElement &track)
 {
-    double previousLongitude = 720.0;
-    const QList<KRGeoPositionList> chunks = track.chunkedPoints();
-    for (const KRGeoPositionList &chunk : chunks) {
-        for (const KRGeoPosition &position : chunk) {
-            if (!position.isValid())
+    double previousLongitude = KRGeoArc::invalidDegrees;
+    track.visitPositions([&](const KRGeoPositionSpan &positions) {
+        for (int i = 0; i < positions.count; ++i) {
+            const KRLatitude latitude = positions.latitudes[i];
+            const KRLongitude ownLongitude = positions.longitudes[i];
+            const bool isNowhere = latitude.isNull() && ownLongitude.isNull();
+            if (!latitude.isValid() || !ownLongitude.isValid() || isNowhere)
                 continue;
-            const double longitude = KRLongitude::safeLongitude(position.longitude().decimalDegrees()).decimalDegrees();
-            addPosition(position.latitude().decimalDegrees(), longitude);
-            if (previousLongitude < 720.0)
+            const double longitude = KRLongitude::safeLongitude(positions.longitudes[i]).decimalDegrees();
+            addPosition(positions.latitudes[i], longitude);
+            if (previousLongitude < KRGeoArc::invalidDegrees)
                 cross(previousLongitude, longitude);
             previousLongitude = longitude;
         }
-    }
+    });
 }
 
 int KRMapArea::stripAt(double longitude)

@@ -9,3 +9,8 @@ QPointF KRMapTrackRenderer::projectPosition(const KRGeoPosition &position) const
 {
     return m_projection.projectate(position);
 }
+
+void KRMapTrackRenderer::projectPositions(const KRGeoPositionSpan &positions, QPointF *pixels) const
+{
+    m_projection.projectate(positions, pixels);
+}

@@ -12,6 +12,7 @@ public:
                        double factor);
 
     QPointF projectPosition(const KRGeoPosition &position) const override;
+    void projectPositions(const KRGeoPositionSpan &positions, QPointF *pixels) const override;
 
 private:
     KRMapProjection m_projection;

@@ -1,5 +1,8 @@
 #include "KRMath.h"
 
+#include <QString>
+
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -19,4 +22,32 @@ int KRMath::toInt(double value)
     if (value >= highest)
         return highest;
     return static_cast<int>(value);
+}
+
+double KRMath::toDouble(const QStringRef &text, double defaultValue)
+{
+    // Both ways round correctly, so the results do not differ.
+    constexpr int mostCharacters = 32;
+    const int size = text.size();
+    if (size <= mostCharacters) {
+        char characters[mostCharacters];
+        const QChar *const source = text.constData();
+        int plain = 0;
+        while (plain < size) {
+            const ushort unicode = source[plain].unicode();
+            const bool isSign = unicode == '-' && plain == 0;
+            if (!isSign && unicode != '.' && (unicode < '0' || unicode > '9'))
+                break;
+            characters[plain++] = char(unicode);
+        }
+        double value = 0.0;
+        if (plain == size) {
+            const std::from_chars_result result = std::from_chars(characters, characters + size, value);
+            if (result.ec == std::errc() && result.ptr == characters + size)
+                return value;
+        }
+    }
+    bool isNumber = false;
+    const double value = text.toDouble(&isNumber);
+    return isNumber ? value : defaultValue;
 }

@@ -2,6 +2,8 @@
 
 #include "KRCoreExport.h"
 
+class QStringRef;
+
 /// Number helpers that more than one class needs.
 namespace KRMath {
 
@@ -10,5 +12,9 @@ KRCORE_EXPORT bool epsilonEqual(double a, double b, double epsilon);
 
 /// Truncates toward zero. Beyond the range of int it gives the nearest int, for NaN 0.
 KRCORE_EXPORT int toInt(double value);
+
+/// The number that QString::toDouble() reads, to the last bit, but several times as fast for plain decimals;
+/// @p defaultValue where there is none.
+KRCORE_EXPORT double toDouble(const QStringRef &text, double defaultValue);
 
 } // namespace KRMath

@@ -66,6 +66,11 @@ QList<QDateTime> KRGPXConfiguredTrack::allTimeStamps() const
     return m_track.allTimeStamps();
 }
 
+void KRGPXConfiguredTrack::visitPositions(const PositionVisitor &visit) const
+{
+    m_track.visitPositions(visit);
+}
+
 KRGPXTrackShape KRGPXConfiguredTrack::effectiveShape() const
 {
     const KRGPXTrackShape configured = m_configuration.trackShape();

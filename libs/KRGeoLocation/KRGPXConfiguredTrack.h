@@ -51,6 +51,7 @@ public:
     KRGeoPosition firstPoint() const override;
     KRGeoPosition lastPoint() const override;
     QList<QDateTime> allTimeStamps() const override;
+    void visitPositions(const PositionVisitor &visit) const override;
 
     /// What the points suggest, whatever is configured.
     KRGPXTrackShape naturalShape() const { return m_track.naturalShape(); }

@@ -13,44 +13,11 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <charconv>
 
 namespace {
 
 /// Comparisons of attributes with each other that QXmlStreamReader may spend on a file: about a second.
 constexpr qint64 maximumAttributePairs = 100000000;
-
-/**
- * The number that QString::toDouble() reads, several times as fast for plain decimals.
- *
- * Both round correctly, so the results are the same to the last bit.
- */
-double toDouble(const QStringRef &text, double defaultValue)
-{
-    constexpr int mostCharacters = 32;
-    const int size = text.size();
-    if (size <= mostCharacters) {
-        char characters[mostCharacters];
-        const QChar *const source = text.constData();
-        int plain = 0;
-        while (plain < size) {
-            const ushort unicode = source[plain].unicode();
-            const bool isSign = unicode == '-' && plain == 0;
-            if (!isSign && unicode != '.' && (unicode < '0' || unicode > '9'))
-                break;
-            characters[plain++] = char(unicode);
-        }
-        double value = 0.0;
-        if (plain == size) {
-            const std::from_chars_result result = std::from_chars(characters, characters + size, value);
-            if (result.ec == std::errc() && result.ptr == characters + size)
-                return value;
-        }
-    }
-    bool isNumber = false;
-    const double value = text.toDouble(&isNumber);
-    return isNumber ? value : defaultValue;
-}
 
 /// The number that @p count digits stand for, -1 if one of them is none.
 int digits(const QChar *source, int count)
@@ -206,10 +173,16 @@ bool KRGPXStreamReader::checkTag()
                 .arg(KRXMLGuard::maximumDepth));
     else if (m_attributePairs > maximumAttributePairs)
         m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente haben zu viele Attribute."));
-    else if (m_elements > maximumElements)
+    else
+        checkElements();
+    return !m_xml.hasError();
+}
+
+void KRGPXStreamReader::checkElements()
+{
+    if (m_elements > maximumElements)
         m_xml.raiseError(
             QCoreApplication::translate("KRGPXStreamReader", "Die Datei hat mehr als %1 Punkte.").arg(maximumElements));
-    return !m_xml.hasError();
 }
 
 /// Moves to the next child of the current element; false behind the last one, at the end of the current element.
@@ -326,11 +299,20 @@ KRGPXTrackSegment KRGPXStreamReader::readSegment()
         if (isAt(KRGPXVocabulary::pointElement))
             readPoint(&segment);
         else if (isAt(KRGPXVocabulary::compressedPointsElement))
-            segment.appendCompressed(readText());
+            readCompressedPoints(&segment);
         else
             skipElement();
     }
+    segment.squeeze();
     return segment;
+}
+
+void KRGPXStreamReader::readCompressedPoints(KRGPXTrackSegment *segment)
+{
+    const int countBefore = segment->count();
+    segment->appendCompressed(readText());
+    m_elements += segment->count() - countBefore;
+    checkElements();
 }
 
 /// Of children with the same name the first one counts.
@@ -339,9 +321,9 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
     ++m_elements;
     const QXmlStreamAttributes attributes = m_xml.attributes();
     const double latitude =
-        toDouble(attributes.value(KRGPXVocabulary::latitudeAttribute), KRGPXVocabulary::missingCoordinate);
+        KRMath::toDouble(attributes.value(KRGPXVocabulary::latitudeAttribute), KRGPXVocabulary::missingCoordinate);
     const double longitude =
-        toDouble(attributes.value(KRGPXVocabulary::longitudeAttribute), KRGPXVocabulary::missingCoordinate);
+        KRMath::toDouble(attributes.value(KRGPXVocabulary::longitudeAttribute), KRGPXVocabulary::missingCoordinate);
     double elevation = 0.0;
     QDateTime timeStamp;
     QString description;
@@ -351,7 +333,7 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
     while (nextChild()) {
         if (!hasElevation && isAt(KRGPXVocabulary::elevationElement)) {
             hasElevation = true;
-            elevation = toDouble(QStringRef(&readText()), 0.0);
+            elevation = KRMath::toDouble(QStringRef(&readText()), 0.0);
         } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
             hasTimeStamp = true;
             timeStamp = toDateTime(readText());

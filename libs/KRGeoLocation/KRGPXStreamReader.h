@@ -62,6 +62,7 @@ private:
     bool nextChild();
     bool isAt(const QString &elementName) const { return m_xml.qualifiedName() == elementName; }
     bool checkTag();
+    void checkElements();
     void skipElement();
     const QString &readText();
     QString textToKeep();
@@ -71,6 +72,7 @@ private:
     void readTrack(KRGPXTrackImpl *track);
     void readEnclaves(KRGPXTrackImpl *track);
     KRGPXTrackSegment readSegment();
+    void readCompressedPoints(KRGPXTrackSegment *segment);
     void readPoint(KRGPXTrackSegment *segment);
 
     KRGPXGuardedDevice m_device;

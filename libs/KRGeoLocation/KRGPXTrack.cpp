@@ -129,6 +129,11 @@ QList<QDateTime> KRGPXTrack::allTimeStamps() const
     return d->allTimeStamps();
 }
 
+void KRGPXTrack::visitPositions(const PositionVisitor &visit) const
+{
+    d->visitPositions(visit);
+}
+
 bool KRGPXTrack::isValid() const
 {
     return d->isValid();

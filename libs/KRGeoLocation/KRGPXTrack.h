@@ -62,6 +62,7 @@ public:
     /// Of the last segment; a default position when there is none or it is empty.
     KRGeoPosition lastPoint() const override;
     QList<QDateTime> allTimeStamps() const override;
+    void visitPositions(const PositionVisitor &visit) const override;
 
     bool isValid() const;
     bool hasShape(const KRGPXTrackShape &shape) const;

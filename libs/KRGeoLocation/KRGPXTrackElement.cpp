@@ -1,15 +1,36 @@
 #include "KRGPXTrackElement.h"
 
+#include "KRGeoPositionSpan.h"
+
+#include <KRCore/KRMath.h>
+
 #include <QString>
+
+#include <vector>
 
 bool KRGPXTrackElement::isSinglePoint() const
 {
     return allPoints().size() == 1;
 }
 
+void KRGPXTrackElement::visitPositions(const PositionVisitor &visit) const
+{
+    const KRGeoPositionList positions = allPoints();
+    std::vector<double> latitudes;
+    std::vector<double> longitudes;
+    for (const KRGeoPosition &position : positions) {
+        const QPointF degrees = position.toPointF();
+        latitudes.push_back(degrees.y());
+        longitudes.push_back(degrees.x());
+    }
+    visit({latitudes.data(), longitudes.data(), positions.size()});
+}
+
 KRGeoPositionRect KRGPXTrackElement::boundingBox() const
 {
-    return allPoints().boundingBox();
+    KRGeoPositionRect box;
+    visitPositions([&](const KRGeoPositionSpan &positions) { box.expandTo(positions); });
+    return box;
 }
 
 KRRange<QDateTime> KRGPXTrackElement::timeFrame() const
@@ -28,8 +49,6 @@ double KRGPXTrackElement::safeDouble(const QString &text)
 
 double KRGPXTrackElement::safeDouble(const QStringRef &text)
 {
-    bool isNumber = false;
     // Intended: without a decimal point indexOf() gives -1, which leaves seven characters.
-    const double value = text.left(text.indexOf(QLatin1Char('.')) + 8).toDouble(&isNumber);
-    return isNumber ? value : 0.0;
+    return KRMath::toDouble(text.left(text.indexOf(QLatin1Char('.')) + 8), 0.0);
 }

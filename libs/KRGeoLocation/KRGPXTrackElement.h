@@ -9,8 +9,11 @@
 #include <QDateTime>
 #include <QList>
 
+#include <functional>
+
 class QString;
 class QStringRef;
+struct KRGeoPositionSpan;
 
 /**
  * Whatever can be drawn as part of a track, from a single point to a selection of tracks.
@@ -21,6 +24,8 @@ class QStringRef;
 class KRGEOLOCATION_EXPORT KRGPXTrackElement
 {
 public:
+    using PositionVisitor = std::function<void(const KRGeoPositionSpan &)>;
+
     virtual ~KRGPXTrackElement() = default;
 
     /// All positions, in track order.
@@ -33,6 +38,9 @@ public:
     virtual KRGeoPosition lastPoint() const = 0;
     /// One entry per point, in point order; invalid for a point without a time.
     virtual QList<QDateTime> allTimeStamps() const = 0;
+    /// Hands over allPoints() piece by piece as columns, which saves building positions where an element keeps them
+    /// that way. The columns stay in place during the call only. This body goes through allPoints().
+    virtual void visitPositions(const PositionVisitor &visit) const;
 
     KRGeoPositionRect boundingBox() const;
     /// From the earliest to the latest time stamp. Intended: an invalid one counts, as earlier than any

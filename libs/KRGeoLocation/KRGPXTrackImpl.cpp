@@ -1,6 +1,7 @@
 #include "KRGPXTrackImpl.h"
 
 #include "KRGPXVocabulary.h"
+#include "KRGeoPositionSpan.h"
 
 #include <KRCore/KRValue.h>
 #include <KRXML/KRXMLBuilder.h>
@@ -28,8 +29,10 @@ KRGeoPositionList KRGPXTrackImpl::allPoints() const
     constexpr int roomForLargeTracks = 1000000;
     KRGeoPositionList positions;
     positions.reserve(roomForLargeTracks);
-    for (const KRGPXTrackSegment &segment : m_segments)
-        positions += segment.allPoints();
+    visitPositions([&](const KRGeoPositionSpan &span) {
+        for (int i = 0; i < span.count; ++i)
+            positions.append(span.at(i));
+    });
     return positions;
 }
 
@@ -62,6 +65,12 @@ QList<QDateTime> KRGPXTrackImpl::allTimeStamps() const
     for (const KRGPXTrackSegment &segment : m_segments)
         timeStamps += segment.allTimeStamps();
     return timeStamps;
+}
+
+void KRGPXTrackImpl::visitPositions(const PositionVisitor &visit) const
+{
+    for (const KRGPXTrackSegment &segment : m_segments)
+        segment.visitPositions(visit);
 }
 
 bool KRGPXTrackImpl::isEnclave(const KRGPXTrackImpl &other) const

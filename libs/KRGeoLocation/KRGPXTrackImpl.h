@@ -28,6 +28,7 @@ public:
     KRGeoPosition firstPoint() const override;
     KRGeoPosition lastPoint() const override;
     QList<QDateTime> allTimeStamps() const override;
+    void visitPositions(const PositionVisitor &visit) const override;
 
     bool isValid() const { return !m_segments.isEmpty(); }
     bool isEnclave(const KRGPXTrackImpl &other) const;

@@ -1,21 +1,8 @@
 #include "KRGPXTrackPoint.h"
 
+#include "KRGPXCommaText.h"
 #include "KRGPXTrackPointImpl.h"
-
-#include <QVector>
-
-namespace {
-
-/// In local time; invalid where the milliseconds that QDateTime keeps would not fit into 64 bits.
-QDateTime timeOfSeconds(qint64 secondsSinceEpoch)
-{
-    constexpr qint64 mostSeconds = 9223372036854775;
-    if (secondsSinceEpoch > mostSeconds || secondsSinceEpoch < -mostSeconds)
-        return QDateTime();
-    return QDateTime::fromSecsSinceEpoch(secondsSinceEpoch);
-}
-
-} // namespace
+#include "KRGPXTrackSegment.h"
 
 KRGPXTrackPoint::KRGPXTrackPoint() : d(new KRGPXTrackPointImpl) { }
 
@@ -39,11 +26,10 @@ KRGPXTrackPoint KRGPXTrackPoint::decodeKml(const QString &text)
 
 KRGPXTrackPoint KRGPXTrackPoint::decodeKml(const QStringRef &text)
 {
-    const QVector<QStringRef> fields = text.split(QLatin1Char(','));
-    const KRGeoPosition position(safeDouble(fields.value(1)), safeDouble(fields.value(0)));
-    const int elevation = fields.value(2).toInt();
-    const QDateTime timeStamp = fields.size() > 3 ? timeOfSeconds(fields.at(3).toLongLong()) : QDateTime();
-    return KRGPXTrackPoint(position, elevation, timeStamp, QString());
+    const KRGPXCommaText fields = KRGPXCommaText::decode(text);
+    const bool hasTime = fields.milliseconds != KRGPXTrackSegment::noTime;
+    return KRGPXTrackPoint(KRGeoPosition(fields.latitude, fields.longitude), fields.elevation,
+                           hasTime ? QDateTime::fromMSecsSinceEpoch(fields.milliseconds) : QDateTime(), QString());
 }
 
 KRGeoPosition KRGPXTrackPoint::position() const

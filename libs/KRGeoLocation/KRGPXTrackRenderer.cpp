@@ -18,8 +18,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -70,15 +70,46 @@ bool surelyMissesDevice(const QPainter *painter, const QRectF &bounds)
     return painter->hasClipping() && !painter->clipBoundingRect().intersects(bounds);
 }
 
+// Fewer points are projected sooner than they are handed to another thread.
+constexpr int pointsWorthSplitting = 4096;
+
 // A recorder without a fix may have written "nan", which has no place on any map.
-KRGeoPositionList withoutGaps(const KRGeoPositionList &positions)
+void appendRunsWithoutGaps(const KRGeoPositionSpan &positions, QList<KRGeoPositionSpan> *runs)
 {
-    const auto isGap = [](const KRGeoPosition &position) { return !isFinite(position.toPointF()); };
-    if (std::none_of(positions.begin(), positions.end(), isGap))
-        return positions;
-    KRGeoPositionList kept;
-    std::remove_copy_if(positions.begin(), positions.end(), std::back_inserter(kept), isGap);
-    return kept;
+    const auto isGap = [&](int i) {
+        return !std::isfinite(positions.latitudes[i]) || !std::isfinite(positions.longitudes[i]);
+    };
+    for (int begin = 0, end = 0; begin < positions.count; begin = end + 1) {
+        for (end = begin; end < positions.count && !isGap(end);)
+            ++end;
+        if (end > begin)
+            runs->append(positions.mid(begin, end - begin));
+    }
+}
+
+QList<KRGeoPositionSpan> chunksOf(const KRGeoPositionSpan &positions)
+{
+    QList<KRGeoPositionSpan> chunks;
+    if (positions.count < pointsWorthSplitting) {
+        appendRunsWithoutGaps(positions, &chunks);
+        return chunks;
+    }
+    const QList<KRIntRange> ranges = KRIntRange(0, positions.count - 1).splitEvenlyForCpuCores();
+    for (const KRIntRange &range : ranges)
+        appendRunsWithoutGaps(positions.mid(range.minimum(), range.lastIndexEvenIfUnvalid() - range.minimum()),
+                              &chunks);
+    return chunks;
+}
+
+// 1 for a step eastwards over longitude 180, -1 for one westwards, else 0
+int dateLineCrossing(const KRLongitude &from, const KRLongitude &to)
+{
+    const bool startsInTheEast = from.isInEasternHemisphere();
+    if (startsInTheEast == to.isInEasternHemisphere() || from == to)
+        return 0;
+    if (from.isEastOf(to) == startsInTheEast)
+        return 0; // over the prime meridian
+    return startsInTheEast ? 1 : -1;
 }
 
 KRGPXTrackRenderer::AlphaTable croppingTable(int opacity)
@@ -97,6 +128,17 @@ KRGPXTrackRenderer::KRGPXTrackRenderer(const KRGPXTrackSelection &selection, con
 { }
 
 KRGPXTrackRenderer::~KRGPXTrackRenderer() = default;
+
+void KRGPXTrackRenderer::projectPositions(const KRGeoPositionSpan &positions, QPointF *pixels) const
+{
+    // one record for all of them, as long as projectPosition() keeps no copy
+    KRGeoPosition position;
+    for (int i = 0; i < positions.count; ++i) {
+        position.setLatitude(positions.latitudes[i]);
+        position.setLongitude(positions.longitudes[i]);
+        pixels[i] = projectPosition(position);
+    }
+}
 
 QImage KRGPXTrackRenderer::render(TrackRenderOption option) const
 {
@@ -298,18 +340,18 @@ QPainterPath KRGPXTrackRenderer::createPainterPath(const KRGPXTrack &track, int 
 
 std::vector<QPointF> KRGPXTrackRenderer::projectedPoints(const KRGPXTrack &track) const
 {
+    // The segments keep the columns that the chunks point into.
+    const QList<KRGPXTrackSegment> segments = track.segments();
     Chunks chunks;
+    for (const KRGPXTrackSegment &segment : segments)
+        chunks += chunksOf(segment.positions());
     Ranges ranges;
     QList<int> chunkNumbers;
     int pointCount = 0;
-    const Chunks allChunks = KRConcurrent::blockingMapped(track.chunkedPoints(), withoutGaps);
-    for (const KRGeoPositionList &chunk : allChunks) {
-        if (chunk.isEmpty())
-            continue;
-        chunkNumbers.append(chunks.size());
-        chunks.append(chunk);
-        ranges.append(KRIntRange(pointCount, pointCount + chunk.size() - 1));
-        pointCount += chunk.size();
+    for (const KRGeoPositionSpan &chunk : std::as_const(chunks)) {
+        chunkNumbers.append(chunkNumbers.size());
+        ranges.append(KRIntRange(pointCount, pointCount + chunk.count - 1));
+        pointCount += chunk.count;
     }
 
     bool crossed = false;
@@ -325,9 +367,7 @@ std::vector<QPointF> KRGPXTrackRenderer::projectedPoints(const KRGPXTrack &track
 
 void KRGPXTrackRenderer::projectPointsPP(int c, const Chunks &chunks, const Ranges &ranges, QPointF *points) const
 {
-    QPointF *point = points + ranges.at(c).minimum();
-    for (const KRGeoPosition &position : chunks.at(c))
-        *point++ = projectPosition(position);
+    projectPositions(chunks.at(c), points + ranges.at(c).minimum());
 }
 
 void KRGPXTrackRenderer::shiftProjected(int c, const QPointF *offsets, const Ranges &ranges, QPointF *points) const
@@ -338,21 +378,20 @@ void KRGPXTrackRenderer::shiftProjected(int c, const QPointF *offsets, const Ran
 
 int KRGPXTrackRenderer::checkDateLineCrossing(const KRGeoPosition &a, const KRGeoPosition &b) const
 {
-    const bool startsInTheEast = a.isInEasternHemisphere();
-    if (startsInTheEast == b.isInEasternHemisphere() || a.longitude() == b.longitude())
-        return 0;
-    if (a.isEastOf(b) == startsInTheEast)
-        return 0; // over the prime meridian
-    return startsInTheEast ? 1 : -1;
+    return dateLineCrossing(a.longitude(), b.longitude());
 }
 
 void KRGPXTrackRenderer::checkDateLineCrossings(int c, const Chunks &chunks, const Ranges &ranges, int *crossings) const
 {
-    const KRGeoPositionList &chunk = chunks.at(c);
+    const KRGeoPositionSpan &chunk = chunks.at(c);
+    const KRGeoPositionSpan before = c == 0 ? chunk.mid(0, 1) : chunks.at(c - 1);
     int *crossing = crossings + ranges.at(c).minimum();
-    *crossing++ = c == 0 ? 0 : checkDateLineCrossing(chunks.at(c - 1).last(), chunk.first());
-    for (int k = 1; k < chunk.size(); ++k)
-        *crossing++ = checkDateLineCrossing(chunk.at(k - 1), chunk.at(k));
+    KRLongitude from = before.longitudes[before.count - 1];
+    for (int k = 0; k < chunk.count; ++k) {
+        const KRLongitude to = chunk.longitudes[k];
+        *crossing++ = dateLineCrossing(from, to);
+        from = to;
+    }
 }
 
 QPointF *KRGPXTrackRenderer::createDateLineCrossingOffsets(const Chunks &chunks, const QList<int> &chunkNumbers,

@@ -3,6 +3,7 @@
 #include "KRGPXTrackSelection.h"
 #include "KRGeoLocationExport.h"
 #include "KRGeoPosition.h"
+#include "KRGeoPositionSpan.h"
 
 #include <KRCore/KRIntRange.h>
 
@@ -22,7 +23,6 @@
 class KRGPXConfiguredTrack;
 class KRGPXTrack;
 class KRGPXTrackConfiguration;
-class KRGeoPositionList;
 class QPainter;
 
 /// How tracks are drawn. Every other number is taken as HaloRender.
@@ -61,6 +61,8 @@ public:
 
     /// The pixel of a position in the target image.
     virtual QPointF projectPosition(const KRGeoPosition &position) const = 0;
+    /// The pixels of all @p positions, as projectPosition() gives them. This body calls it; a subclass may be faster.
+    virtual void projectPositions(const KRGeoPositionSpan &positions, QPointF *pixels) const;
 
     QSize targetImageSize() const { return m_targetImageSize; }
     double renderingFactor() const { return m_renderingFactor; }
@@ -110,8 +112,8 @@ public:
     int checkDateLineCrossing(const KRGeoPosition &a, const KRGeoPosition &b) const;
 
 protected:
-    // Chunk c of the points has the indices ranges[c] in the arrays of all points.
-    using Chunks = QList<KRGeoPositionList>;
+    // Chunk c of the points, a run of finite ones, has the indices ranges[c] in the arrays of all points.
+    using Chunks = QList<KRGeoPositionSpan>;
     using Ranges = QList<KRIntRange>;
 
     void projectPointsPP(int c, const Chunks &chunks, const Ranges &ranges, QPointF *points) const;

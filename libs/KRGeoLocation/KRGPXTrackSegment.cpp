@@ -1,5 +1,7 @@
 #include "KRGPXTrackSegment.h"
 
+#include "KRGPXCommaText.h"
+#include "KRGPXTrackPointColumns.h"
 #include "KRGPXVocabulary.h"
 
 #include <KRCore/KRConcurrent.h>
@@ -16,16 +18,6 @@ namespace {
 /// How many points one text holds at most: readers refuse texts above 64 MB, and a point takes up to 60 bytes.
 constexpr int pointsPerText = 1000000;
 
-/// One per line, from @p first up to but without @p end.
-QString commaTexts(const QList<KRGPXTrackPoint> &points, int first, int end)
-{
-    QStringList texts;
-    texts.reserve(end - first);
-    for (int i = first; i < end; ++i)
-        texts.append(points.at(i).toKml());
-    return texts.join(QLatin1Char('\n'));
-}
-
 /// The white space of ASCII alone: a no-break space belongs to the number next to it.
 bool isSeparator(QChar character)
 {
@@ -33,40 +25,89 @@ bool isSeparator(QChar character)
     return unicode == ' ' || (unicode >= '\t' && unicode <= '\r');
 }
 
+/// Reads comma texts separated by white space and hands over those that are no null points.
+template <typename Taker>
+void forEachCommaText(const QString &text, const Taker &take)
+{
+    auto end = text.cbegin();
+    while (end != text.cend()) {
+        const auto begin = std::find_if_not(end, text.cend(), isSeparator);
+        end = std::find_if(begin, text.cend(), isSeparator);
+        const auto point = KRGPXCommaText::decode(text.midRef(int(begin - text.cbegin()), int(end - begin)));
+        if (point.latitude != 0.0 || point.longitude != 0.0)
+            take(point);
+    }
+}
+
 } // namespace
 
-KRGPXTrackSegment::KRGPXTrackSegment(const QList<KRGPXTrackPoint> &points) : m_trackPoints(points) { }
+KRGPXTrackSegment::KRGPXTrackSegment() : d(new KRGPXTrackPointColumns) { }
 
-KRGPXTrackSegment::KRGPXTrackSegment(const KRGPXTrackPoint &point) : m_trackPoints({point}) { }
+KRGPXTrackSegment::KRGPXTrackSegment(const QList<KRGPXTrackPoint> &points) : KRGPXTrackSegment()
+{
+    d->reserve(points.size());
+    for (const KRGPXTrackPoint &point : points)
+        append(point);
+    d->squeeze();
+}
 
-KRGPXTrackSegment::KRGPXTrackSegment(const QDomElement &trkseg)
+KRGPXTrackSegment::KRGPXTrackSegment(const KRGPXTrackPoint &point) : KRGPXTrackSegment()
+{
+    append(point);
+}
+
+KRGPXTrackSegment::KRGPXTrackSegment(const QDomElement &trkseg) : KRGPXTrackSegment()
 {
     for (QDomElement child = trkseg.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
         if (child.tagName() == KRGPXVocabulary::compressedPointsElement)
             appendCompressed(child.text());
         else if (child.tagName() == KRGPXVocabulary::pointElement)
-            m_trackPoints.append(KRGPXTrackPoint(child));
+            append(KRGPXTrackPoint(child));
     }
+    d->squeeze();
 }
+
+KRGPXTrackSegment::KRGPXTrackSegment(const KRGPXTrackSegment &other) = default;
+KRGPXTrackSegment::KRGPXTrackSegment(KRGPXTrackSegment &&other) noexcept = default;
+KRGPXTrackSegment &KRGPXTrackSegment::operator=(const KRGPXTrackSegment &other) = default;
+KRGPXTrackSegment &KRGPXTrackSegment::operator=(KRGPXTrackSegment &&other) noexcept = default;
+KRGPXTrackSegment::~KRGPXTrackSegment() = default;
 
 QList<KRGPXTrackPoint> KRGPXTrackSegment::decodeTrackPoints(const QString &text)
 {
-    QList<KRGPXTrackPoint> points;
-    auto end = text.cbegin();
-    while (end != text.cend()) {
-        const auto begin = std::find_if_not(end, text.cend(), isSeparator);
-        end = std::find_if(begin, text.cend(), isSeparator);
-        const KRGPXTrackPoint point =
-            KRGPXTrackPoint::decodeKml(text.midRef(int(begin - text.cbegin()), int(end - begin)));
-        if (!point.isNull())
-            points.append(point);
-    }
-    return points;
+    return decodeKml(text).trackPoints();
 }
 
 KRGPXTrackSegment KRGPXTrackSegment::decodeKml(const QString &text)
 {
-    return KRGPXTrackSegment(decodeTrackPoints(text));
+    KRGPXTrackSegment segment;
+    segment.appendCompressed(text);
+    segment.squeeze();
+    return segment;
+}
+
+QList<KRGPXTrackPoint> KRGPXTrackSegment::trackPoints() const
+{
+    QList<KRGPXTrackPoint> points;
+    points.reserve(count());
+    for (int i = 0; i < count(); ++i)
+        points.append(d->point(i));
+    return points;
+}
+
+KRGPXTrackPoint KRGPXTrackSegment::trackPoint(int index) const
+{
+    return d->point(index);
+}
+
+int KRGPXTrackSegment::count() const
+{
+    return d->count();
+}
+
+KRGeoPositionSpan KRGPXTrackSegment::positions() const
+{
+    return d->positions();
 }
 
 KRGeoPositionList KRGPXTrackSegment::allPoints() const
@@ -85,21 +126,31 @@ QList<KRGeoPositionList> KRGPXTrackSegment::chunkedPoints() const
 
 KRGeoPosition KRGPXTrackSegment::firstPoint() const
 {
-    return isValid() ? m_trackPoints.first().position() : KRGPXTrackPoint().position();
+    return isValid() ? d->positions().at(0) : KRGPXTrackPoint().position();
 }
 
 KRGeoPosition KRGPXTrackSegment::lastPoint() const
 {
-    return isValid() ? m_trackPoints.last().position() : KRGeoPosition();
+    return isValid() ? d->positions().at(count() - 1) : KRGeoPosition();
 }
 
 QList<QDateTime> KRGPXTrackSegment::allTimeStamps() const
 {
     QList<QDateTime> timeStamps;
     timeStamps.reserve(count());
-    for (const KRGPXTrackPoint &point : m_trackPoints)
-        timeStamps.append(point.timeStamp());
+    for (int i = 0; i < count(); ++i)
+        timeStamps.append(d->timeStamp(i));
     return timeStamps;
+}
+
+void KRGPXTrackSegment::visitPositions(const PositionVisitor &visit) const
+{
+    visit(d->positions());
+}
+
+bool KRGPXTrackSegment::operator==(const KRGPXTrackSegment &other) const
+{
+    return d == other.d || *d == *other.d;
 }
 
 bool KRGPXTrackSegment::weAreaRunningInMainThread() const
@@ -109,27 +160,47 @@ bool KRGPXTrackSegment::weAreaRunningInMainThread() const
 
 KRGeoPositionList KRGPXTrackSegment::collectBlock(const KRIntRange &range) const
 {
+    const KRGeoPositionSpan columns = d->positions();
     KRGeoPositionList positions;
     positions.reserve(range.lastIndexEvenIfUnvalid() - range.minimum());
     for (int i = range.minimum(); i < range.lastIndexEvenIfUnvalid(); ++i)
-        positions.append(m_trackPoints.at(i).position());
+        positions.append(columns.at(i));
     return positions;
+}
+
+void KRGPXTrackSegment::append(const KRGPXTrackPoint &point)
+{
+    const QPointF degrees = point.position().toPointF();
+    d->append(degrees.y(), degrees.x(), point.elevation(), point.timeStamp(), point.description());
 }
 
 void KRGPXTrackSegment::append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
                                const QString &description)
 {
-    m_trackPoints.append(KRGPXTrackPoint(KRGeoPosition(latitude, longitude), elevation, timeStamp, description));
+    d->append(latitude, longitude, elevation, timeStamp, description);
+}
+
+void KRGPXTrackSegment::append(double latitude, double longitude, int elevation, qint64 milliseconds)
+{
+    d->append(latitude, longitude, elevation, milliseconds);
 }
 
 void KRGPXTrackSegment::appendCompressed(const QString &text)
 {
-    m_trackPoints += decodeTrackPoints(text);
+    KRGPXTrackPointColumns *const columns = d.data();
+    forEachCommaText(text, [&](const KRGPXCommaText &point) {
+        columns->appendWithLocalTime(point.latitude, point.longitude, point.elevation, point.milliseconds);
+    });
+}
+
+void KRGPXTrackSegment::squeeze()
+{
+    d->squeeze();
 }
 
 QString KRGPXTrackSegment::toKml() const
 {
-    return commaTexts(m_trackPoints, 0, count());
+    return commaTexts(0, count());
 }
 
 void KRGPXTrackSegment::toXml(QDomElement &parent) const
@@ -138,8 +209,17 @@ void KRGPXTrackSegment::toXml(QDomElement &parent) const
     int first = 0;
     do {
         const int end = std::min(first + pointsPerText, count());
-        KRXMLBuilder::buildDomElement(trkseg, KRGPXVocabulary::compressedPointsElement,
-                                      commaTexts(m_trackPoints, first, end));
+        KRXMLBuilder::buildDomElement(trkseg, KRGPXVocabulary::compressedPointsElement, commaTexts(first, end));
         first = end;
     } while (first < count());
+}
+
+/// One per line, from @p first up to but without @p end.
+QString KRGPXTrackSegment::commaTexts(int first, int end) const
+{
+    QStringList texts;
+    texts.reserve(end - first);
+    for (int i = first; i < end; ++i)
+        texts.append(d->point(i).toKml());
+    return texts.join(QLatin1Char('\n'));
 }

@@ -1,36 +1,51 @@
 #pragma once
 
 #include "KRGPXTrackPoint.h"
+#include "KRGeoPositionSpan.h"
 
+#include <QSharedDataPointer>
+
+#include <limits>
+
+class KRGPXTrackPointColumns;
 class KRIntRange;
 
 /**
  * One unbroken run of track points, the "trkseg" of GPX. A segment without points is not valid.
  *
- * Copies share their points. All queries may run in several threads at once. Nothing throws.
+ * Implicitly shared: copies share their points, which are kept as columns of plain numbers. Points and positions are
+ * made on demand: ask for all of them once, not in a loop. All queries may run in several threads at once. A
+ * moved-from segment may only be assigned or destroyed. Nothing throws.
  */
 class KRGEOLOCATION_EXPORT KRGPXTrackSegment : public KRGPXTrackElement
 {
 public:
-    KRGPXTrackSegment() = default;
+    /// Stands for "no time" where a time is a number of milliseconds.
+    static constexpr qint64 noTime = std::numeric_limits<qint64>::min();
+
+    KRGPXTrackSegment();
     explicit KRGPXTrackSegment(const QList<KRGPXTrackPoint> &points);
     explicit KRGPXTrackSegment(const KRGPXTrackPoint &point);
     /// Reads a "trkseg": the points of all "trkpt" and "compressedPoints" children, in document order.
     explicit KRGPXTrackSegment(const QDomElement &trkseg);
-    KRGPXTrackSegment(const KRGPXTrackSegment &other) = default;
-    KRGPXTrackSegment(KRGPXTrackSegment &&other) noexcept = default;
-    KRGPXTrackSegment &operator=(const KRGPXTrackSegment &other) = default;
-    KRGPXTrackSegment &operator=(KRGPXTrackSegment &&other) noexcept = default;
-    ~KRGPXTrackSegment() override = default;
+    KRGPXTrackSegment(const KRGPXTrackSegment &other);
+    KRGPXTrackSegment(KRGPXTrackSegment &&other) noexcept;
+    KRGPXTrackSegment &operator=(const KRGPXTrackSegment &other);
+    KRGPXTrackSegment &operator=(KRGPXTrackSegment &&other) noexcept;
+    ~KRGPXTrackSegment() override;
 
-    void swap(KRGPXTrackSegment &other) noexcept { m_trackPoints.swap(other.m_trackPoints); }
+    void swap(KRGPXTrackSegment &other) noexcept { d.swap(other.d); }
 
     /// Reads comma texts separated by white space, see KRGPXTrackPoint::decodeKml(). Null points are left out.
     static QList<KRGPXTrackPoint> decodeTrackPoints(const QString &text);
     static KRGPXTrackSegment decodeKml(const QString &text);
 
-    QList<KRGPXTrackPoint> trackPoints() const { return m_trackPoints; }
-    int count() const { return m_trackPoints.size(); }
+    QList<KRGPXTrackPoint> trackPoints() const;
+    /// The point with the index @p index, which must exist.
+    KRGPXTrackPoint trackPoint(int index) const;
+    int count() const;
+    /// The columns, in place as long as this segment or a copy of it exists unchanged.
+    KRGeoPositionSpan positions() const;
 
     KRGeoPositionList allPoints() const override;
     /// On the main thread at most one chunk per processor core, none for an empty segment; on any other thread exactly
@@ -42,20 +57,26 @@ public:
     /// A default position for an empty segment.
     KRGeoPosition lastPoint() const override;
     QList<QDateTime> allTimeStamps() const override;
+    void visitPositions(const PositionVisitor &visit) const override;
 
     bool isValid() const { return count() > 0; }
-    bool operator==(const KRGPXTrackSegment &other) const { return m_trackPoints == other.m_trackPoints; }
+    bool operator==(const KRGPXTrackSegment &other) const;
     bool operator!=(const KRGPXTrackSegment &other) const { return !(*this == other); }
     bool weAreaRunningInMainThread() const;
 
     /// The positions of the points with the indexes @p range, all of which must exist.
     KRGeoPositionList collectBlock(const KRIntRange &range) const;
 
+    void append(const KRGPXTrackPoint &point);
     /// How readers add points one by one: decimal degrees, whole metres.
     void append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
                 const QString &description);
+    /// The same without a description; the time in milliseconds since 1970, in UTC, or noTime.
+    void append(double latitude, double longitude, int elevation, qint64 milliseconds);
     /// Adds what decodeTrackPoints() reads.
     void appendCompressed(const QString &text);
+    /// To be called behind the last point that is added: gives back the memory kept for further ones.
+    void squeeze();
 
     /// The comma texts of the points, one per line. Intended: descriptions are dropped.
     QString toKml() const;
@@ -64,7 +85,9 @@ public:
     void toXml(QDomElement &parent) const;
 
 private:
-    QList<KRGPXTrackPoint> m_trackPoints;
+    QString commaTexts(int first, int end) const;
+
+    QSharedDataPointer<KRGPXTrackPointColumns> d;
 };
 
 Q_DECLARE_SHARED(KRGPXTrackSegment)

@@ -107,6 +107,12 @@ QList<QDateTime> KRGPXTrackSelection::allTimeStamps() const
     return timeStamps;
 }
 
+void KRGPXTrackSelection::visitPositions(const PositionVisitor &visit) const
+{
+    for (const KRGPXConfiguredTrack &track : m_tracks)
+        track.visitPositions(visit);
+}
+
 KRGPXTrackSelection KRGPXTrackSelection::reduceToTrackNumber(int index) const
 {
     KRGPXTrackSelection selection = *this;

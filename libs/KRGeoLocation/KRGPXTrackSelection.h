@@ -45,6 +45,7 @@ public:
     /// Intended: unlike firstPoint() this searches, for the last track that has a valid one.
     KRGeoPosition lastPoint() const override;
     QList<QDateTime> allTimeStamps() const override;
+    void visitPositions(const PositionVisitor &visit) const override;
 
     /// The selection with no track but this one; with all of them where there is no such track.
     KRGPXTrackSelection reduceToTrackNumber(int index) const;

@@ -1,7 +1,13 @@
 #include "KRGeoPositionRect.h"
 
+#include "KRGeoPositionSpan.h"
+
 #include <QDebug>
 #include <QUrlQuery>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
 
 KRGeoPositionRect::KRGeoPositionRect(const KRGeoPosition &a, const KRGeoPosition &b)
     : m_latitudeRange(a.latitude(), b.latitude()), m_longitudeRange(a.longitude(), b.longitude())
@@ -113,6 +119,34 @@ void KRGeoPositionRect::expandTo(const KRGeoPositionRect &other)
     m_latitudeRange.expandTo(other.south());
     m_longitudeRange.expandTo(other.east());
     m_longitudeRange.expandTo(other.west());
+}
+
+void KRGeoPositionRect::expandTo(const KRGeoPositionSpan &positions)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double fullTurn = 360.0;
+    double south = infinity;
+    double north = -infinity;
+    double west = infinity;
+    double east = -infinity;
+    for (int i = 0; i < positions.count; ++i) {
+        // The rule of KRGeoPosition::isValid() without its objects, which would take most of the time.
+        const double latitude = positions.latitudes[i];
+        const double longitude = positions.longitudes[i];
+        if (std::abs(latitude) <= fullTurn && std::abs(longitude) <= fullTurn
+            && (latitude != 0.0 || longitude != 0.0)) {
+            south = std::min(south, latitude);
+            north = std::max(north, latitude);
+            west = std::min(west, longitude);
+            east = std::max(east, longitude);
+        }
+    }
+    if (south > north)
+        return;
+    m_latitudeRange.expandTo(south);
+    m_latitudeRange.expandTo(north);
+    m_longitudeRange.expandTo(west);
+    m_longitudeRange.expandTo(east);
 }
 
 void KRGeoPositionRect::blowUp(double degrees)

@@ -7,6 +7,7 @@
 
 class QDebug;
 class QUrlQuery;
+struct KRGeoPositionSpan;
 
 /**
  * An area on the map: a latitude range and a longitude range, in decimal degrees. It may cross the date line.
@@ -69,6 +70,8 @@ public:
 
     void expandTo(const KRGeoPosition &position);
     void expandTo(const KRGeoPositionRect &other);
+    /// Expands to each of the positions.
+    void expandTo(const KRGeoPositionSpan &positions);
     /// Moves all four sides outwards, at most to the poles and the date line.
     void blowUp(double degrees);
 

@@ -1,5 +1,7 @@
 #include "KRMapProjection.h"
 
+#include "KRGeoPositionSpan.h"
+
 #include <KRCore/KRMath.h>
 
 #include <cmath>
@@ -69,23 +71,29 @@ void KRMapProjection::adjustMapData(const KRGeoPositionRect &area)
     m_yOffset = m_worldSize * top;
 }
 
-QPointF KRMapProjection::projectate(const KRGeoPosition &position) const
-{
-    const QPointF degrees = position.toPointF();
-    return toPixel(degrees.y(), degrees.x());
-}
-
-QPointF KRMapProjection::getPixelCoordinateByMapCoordinate(double latitude, double longitude) const
-{
-    return toPixel(latitude, longitude);
-}
-
 inline QPointF KRMapProjection::toPixel(double latitude, double longitude) const
 {
     const double x = toNormalizedX(longitude) * m_worldSize - m_xOffset;
     const double y = toNormalizedY(latitude) * m_worldSize - m_yOffset;
     // Intended: cut toward zero, not rounded and not the floor.
     return QPointF(KRMath::toInt(x), KRMath::toInt(y));
+}
+
+QPointF KRMapProjection::projectate(const KRGeoPosition &position) const
+{
+    const QPointF degrees = position.toPointF();
+    return toPixel(degrees.y(), degrees.x());
+}
+
+void KRMapProjection::projectate(const KRGeoPositionSpan &positions, QPointF *pixels) const
+{
+    for (int i = 0; i < positions.count; ++i)
+        pixels[i] = toPixel(positions.latitudes[i], positions.longitudes[i]);
+}
+
+QPointF KRMapProjection::getPixelCoordinateByMapCoordinate(double latitude, double longitude) const
+{
+    return toPixel(latitude, longitude);
 }
 
 KRGeoPosition KRMapProjection::convert(const QPoint &pixel) const

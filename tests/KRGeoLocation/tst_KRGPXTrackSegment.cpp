@@ -6,6 +6,7 @@
 #include <KRCore/KRIntRange.h>
 
 #include <QThread>
+#include <QTimeZone>
 #include <QtTest>
 
 #include <algorithm>
@@ -47,10 +48,14 @@ private slots:
     void chunksOnTheMainThread();
     void chunksOnAnotherThread();
     void collectBlock();
+    void boundingBox_data();
+    void boundingBox();
     void emptySegment();
-    void timeStamps();
+    void keepsWhateverPointsHold();
     void appending();
     void equality();
+    void equalityOfTimes_data();
+    void equalityOfTimes();
 };
 
 void tst_KRGPXTrackSegment::read_data()
@@ -182,6 +187,29 @@ void tst_KRGPXTrackSegment::collectBlock()
     QVERIFY(segment.collectBlock(KRIntRange(3, 2)).isEmpty());
 }
 
+void tst_KRGPXTrackSegment::boundingBox_data()
+{
+    QTest::addColumn<QString>("coordinates");
+    QTest::addColumn<KRGeoPositionRect>("expected");
+    const KRGeoPositionRect bremen(KRGeoPosition(53.0, 8.0), KRGeoPosition(54.0, 9.0));
+    QTest::newRow("corners of different points") << QStringLiteral("9,53 8,54") << bremen;
+    QTest::newRow("other worlds and no numbers do not count")
+        << QStringLiteral("9,53 361,0 0,-361 nan,1 8,54") << bremen;
+    QTest::newRow("no date line") << QStringLiteral("170,1 -170,1")
+                                  << KRGeoPositionRect(KRGeoPosition(1.0, -170.0), KRGeoPosition(1.0, 170.0));
+    QTest::newRow("a corner without a position")
+        << QStringLiteral("0,1 1,0") << KRGeoPositionRect(KRGeoPosition(0.0, 0.0), KRGeoPosition(1.0, 1.0));
+    QTest::newRow("none") << QStringLiteral("400,400") << KRGeoPositionRect();
+}
+
+void tst_KRGPXTrackSegment::boundingBox()
+{
+    QFETCH(QString, coordinates);
+    const KRGPXTrackSegment segment = KRGPXTrackSegment::decodeKml(coordinates);
+    QTEST(segment.boundingBox(), "expected");
+    QCOMPARE(segment.boundingBox(), segment.allPoints().boundingBox());
+}
+
 void tst_KRGPXTrackSegment::emptySegment()
 {
     const KRGPXTrackSegment empty;
@@ -199,11 +227,40 @@ void tst_KRGPXTrackSegment::emptySegment()
     QVERIFY(!KRGPXTrackSegment(trkseg).isValid());
 }
 
-void tst_KRGPXTrackSegment::timeStamps()
+void tst_KRGPXTrackSegment::keepsWhateverPointsHold()
 {
-    const KRGPXTrackSegment segment(
-        KRTestXml::element("<trkseg><trkpt><time>2024-05-01T12:00:00Z</time></trkpt><trkpt/></trkseg>"));
-    QCOMPARE(segment.allTimeStamps(), (QList<QDateTime>{noon, QDateTime()}));
+    const QDate day(2024, 5, 1);
+    const QList<QDateTime> times{QDateTime(),
+                                 noon,
+                                 QDateTime(day, QTime(12, 0), Qt::LocalTime),
+                                 QDateTime(day, QTime(12, 0), Qt::OffsetFromUTC, 7200),
+                                 QDateTime(),
+                                 QDateTime(day, QTime(12, 0), Qt::OffsetFromUTC, -12600),
+                                 QDateTime(day, QTime(12, 0), QTimeZone("Europe/Berlin")),
+                                 QDateTime(QDate(), QTime(), Qt::UTC),
+                                 QDateTime::fromMSecsSinceEpoch(-1, Qt::UTC),
+                                 noon.addMSecs(1)};
+    QList<KRGPXTrackPoint> points;
+    for (int i = 0; i < 1000; ++i) {
+        const KRGeoPosition position(i % 7 == 0 ? 1e300 * i : i / 3.0, i % 5 == 0 ? -0.0 : -i / 7.0);
+        points.append(KRGPXTrackPoint(position, i % 11 == 3 ? -i : 0, times.at(i * i % times.size()),
+                                      i % 13 == 5 ? QString::number(i) : QString()));
+    }
+    const KRGPXTrackSegment segment(points);
+    QCOMPARE(segment.count(), points.size());
+    for (int i = 0; i < points.size(); ++i) {
+        const KRGPXTrackPoint point = segment.trackPoint(i);
+        QCOMPARE(point.position().toPointF().x(), points.at(i).position().toPointF().x());
+        QCOMPARE(point.position().toPointF().y(), points.at(i).position().toPointF().y());
+        QCOMPARE(point.elevation(), points.at(i).elevation());
+        QCOMPARE(point.timeStamp(), points.at(i).timeStamp());
+        QCOMPARE(point.timeStamp().timeSpec(), points.at(i).timeStamp().timeSpec());
+        QCOMPARE(point.timeStamp().offsetFromUtc(), points.at(i).timeStamp().offsetFromUtc());
+        QCOMPARE(point.timeStamp().isValid(), points.at(i).timeStamp().isValid());
+        QCOMPARE(point.description(), points.at(i).description());
+        QCOMPARE(segment.allTimeStamps().at(i), points.at(i).timeStamp());
+    }
+    QCOMPARE(KRGPXTrackSegment(segment.trackPoints()), segment);
 }
 
 void tst_KRGPXTrackSegment::appending()
@@ -229,6 +286,30 @@ void tst_KRGPXTrackSegment::equality()
     nowhere.append(std::nan(""), 8.0, 0, noon, QString());
     const KRGPXTrackSegment copy = nowhere;
     QVERIFY(copy == nowhere);
+}
+
+void tst_KRGPXTrackSegment::equalityOfTimes_data()
+{
+    QTest::addColumn<QDateTime>("a");
+    QTest::addColumn<QDateTime>("b");
+    QTest::newRow("one instant in two zones") << noon << noon.toOffsetFromUtc(3600);
+    QTest::newRow("in local time") << noon << noon.toLocalTime();
+    QTest::newRow("other instants, same clock") << noon << QDateTime(noon.date(), noon.time(), Qt::OffsetFromUTC, 3600);
+    QTest::newRow("no time and 1970") << QDateTime() << QDateTime::fromMSecsSinceEpoch(0, Qt::UTC);
+    QTest::newRow("no time and a local one") << QDateTime() << noon.toLocalTime();
+}
+
+void tst_KRGPXTrackSegment::equalityOfTimes()
+{
+    QFETCH(QDateTime, a);
+    QFETCH(QDateTime, b);
+    const auto segmentWith = [](const QDateTime &time) {
+        return KRGPXTrackSegment(KRGPXTrackPoint(KRGeoPosition(53.0, 8.0), 0, time, QString()));
+    };
+    QCOMPARE(segmentWith(a) == segmentWith(b), a == b);
+    // Comma text gives local times, kept in another way than those of points.
+    const KRGPXTrackSegment read = KRGPXTrackSegment::decodeKml(QStringLiteral("8,53,0,1714564800"));
+    QCOMPARE(read == segmentWith(a), noon == a);
 }
 
 static const KRTestRegistration<tst_KRGPXTrackSegment> registration;

@@ -1,0 +1,174 @@
+#include "KRGPXTrackPointColumns.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr qint64 noTime = KRGPXTrackSegment::noTime;
+// Among the milliseconds: the time lies in the side table.
+constexpr qint64 unusualTime = noTime + 1;
+
+// Zones are seconds east of Greenwich, or this.
+constexpr int localZone = std::numeric_limits<int>::min();
+constexpr int utcZone = 0;
+
+/// Columns end with the last value that is not the usual one.
+template <typename Value>
+void put(QVector<Value> &column, int index, Value value, Value usualValue)
+{
+    if (value == usualValue)
+        return;
+    if (column.size() < index)
+        column.insert(column.size(), index - column.size(), usualValue);
+    column.append(value);
+}
+
+template <typename Value>
+Value valueAt(const QVector<QPair<int, Value>> &sideTable, int index)
+{
+    const auto entry = std::lower_bound(sideTable.cbegin(), sideTable.cend(), index,
+                                        [](const QPair<int, Value> &left, int right) { return left.first < right; });
+    return entry != sideTable.cend() && entry->first == index ? entry->second : Value();
+}
+
+bool isNoTime(const QDateTime &timeStamp)
+{
+    return timeStamp.isNull() && timeStamp.timeSpec() == Qt::LocalTime;
+}
+
+} // namespace
+
+KRGeoPositionSpan KRGPXTrackPointColumns::positions() const
+{
+    return {m_latitudes.constData(), m_longitudes.constData(), count()};
+}
+
+QDateTime KRGPXTrackPointColumns::timeStamp(int index) const
+{
+    const qint64 milliseconds = m_times.value(index, noTime);
+    if (milliseconds == noTime)
+        return QDateTime();
+    if (milliseconds == unusualTime)
+        return valueAt(m_unusualTimes, index);
+    const int zone = zoneAt(index);
+    return zone == localZone ? QDateTime::fromMSecsSinceEpoch(milliseconds)
+                             : QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::OffsetFromUTC, zone);
+}
+
+QString KRGPXTrackPointColumns::description(int index) const
+{
+    return valueAt(m_descriptions, index);
+}
+
+KRGPXTrackPoint KRGPXTrackPointColumns::point(int index) const
+{
+    return KRGPXTrackPoint(positions().at(index), elevation(index), timeStamp(index), description(index));
+}
+
+bool KRGPXTrackPointColumns::operator==(const KRGPXTrackPointColumns &other) const
+{
+    const auto areEqualAngles = [](double a, double b) { return KRGeoArc(a) == KRGeoArc(b); };
+    return count() == other.count()
+           && std::equal(m_latitudes.cbegin(), m_latitudes.cend(), other.m_latitudes.cbegin(), areEqualAngles)
+           && std::equal(m_longitudes.cbegin(), m_longitudes.cend(), other.m_longitudes.cbegin(), areEqualAngles)
+           && m_elevations == other.m_elevations && hasEqualTimes(other) && m_descriptions == other.m_descriptions;
+}
+
+void KRGPXTrackPointColumns::reserve(int count)
+{
+    m_latitudes.reserve(count);
+    m_longitudes.reserve(count);
+}
+
+void KRGPXTrackPointColumns::append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
+                                    const QString &description)
+{
+    const int index = count();
+    const bool hasFixedOffset = timeStamp.timeSpec() == Qt::UTC || timeStamp.timeSpec() == Qt::OffsetFromUTC;
+    const qint64 milliseconds = timeStamp.isValid() && hasFixedOffset ? timeStamp.toMSecsSinceEpoch() : noTime;
+    if (milliseconds > unusualTime) {
+        appendTime(index, milliseconds, timeStamp.offsetFromUtc());
+    } else if (!isNoTime(timeStamp)) {
+        appendTime(index, unusualTime, utcZone);
+        m_unusualTimes.append({index, timeStamp});
+    }
+    if (!description.isEmpty())
+        m_descriptions.append({index, description});
+    put(m_elevations, index, elevation, 0);
+    m_latitudes.append(latitude);
+    m_longitudes.append(longitude);
+}
+
+void KRGPXTrackPointColumns::append(double latitude, double longitude, int elevation, qint64 milliseconds)
+{
+    const int index = count();
+    appendTime(index, milliseconds, utcZone);
+    put(m_elevations, index, elevation, 0);
+    m_latitudes.append(latitude);
+    m_longitudes.append(longitude);
+}
+
+void KRGPXTrackPointColumns::appendWithLocalTime(double latitude, double longitude, int elevation, qint64 milliseconds)
+{
+    const int index = count();
+    appendTime(index, milliseconds, localZone);
+    put(m_elevations, index, elevation, 0);
+    m_latitudes.append(latitude);
+    m_longitudes.append(longitude);
+}
+
+void KRGPXTrackPointColumns::squeeze()
+{
+    m_latitudes.squeeze();
+    m_longitudes.squeeze();
+    m_elevations.squeeze();
+    m_times.squeeze();
+    m_zones.squeeze();
+    m_unusualTimes.squeeze();
+    m_descriptions.squeeze();
+}
+
+void KRGPXTrackPointColumns::appendTime(int index, qint64 milliseconds, int zone)
+{
+    put(m_times, index, milliseconds, noTime);
+    const int zoneBefore = m_zones.isEmpty() ? utcZone : m_zones.last().second;
+    if (zone != zoneBefore && milliseconds > unusualTime)
+        m_zones.append({index, zone});
+}
+
+int KRGPXTrackPointColumns::zoneAt(int index) const
+{
+    const auto next = std::upper_bound(m_zones.cbegin(), m_zones.cend(), index,
+                                       [](int left, const QPair<int, int> &right) { return left < right.first; });
+    return next == m_zones.cbegin() ? utcZone : (next - 1)->second;
+}
+
+bool KRGPXTrackPointColumns::hasEqualTimes(const KRGPXTrackPointColumns &other) const
+{
+    if (m_times == other.m_times && m_zones == other.m_zones && m_unusualTimes.isEmpty()
+        && other.m_unusualTimes.isEmpty())
+        return true;
+    const int end = std::max(m_times.size(), other.m_times.size());
+    for (int i = 0; i < end; ++i) {
+        if (!hasEqualTime(i, other))
+            return false;
+    }
+    return true;
+}
+
+/// Comparing QDateTime takes microseconds for local times, and is left to times that need it.
+bool KRGPXTrackPointColumns::hasEqualTime(int index, const KRGPXTrackPointColumns &other) const
+{
+    const qint64 milliseconds = m_times.value(index, noTime);
+    const qint64 otherMilliseconds = other.m_times.value(index, noTime);
+    const int zone = zoneAt(index);
+    const int otherZone = other.zoneAt(index);
+    const bool areNumbers = milliseconds > unusualTime && otherMilliseconds > unusualTime;
+    const bool isLocal = zone == localZone || otherZone == localZone;
+    if (milliseconds == otherMilliseconds && milliseconds != unusualTime && (zone == otherZone || !areNumbers))
+        return true;
+    if (areNumbers && !isLocal)
+        return milliseconds == otherMilliseconds;
+    return timeStamp(index) == other.timeStamp(index);
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "KRGPXTrackSegment.h"
+
+#include <QDateTime>
+#include <QPair>
+#include <QSharedData>
+#include <QString>
+#include <QVector>
+
+/**
+ * The points that the copies of a KRGPXTrackSegment share, one array for each of their properties.
+ *
+ * A point takes 28 bytes, or 16 where none has an elevation or a time: the arrays of what is often missing end with
+ * the last point that has it. What few points have lies in side tables, ordered by index. Whatever a KRGPXTrackPoint
+ * can hold comes out as it went in. Indexes must exist.
+ */
+class KRGPXTrackPointColumns : public QSharedData
+{
+public:
+    int count() const { return m_latitudes.size(); }
+    /// In place until the columns are changed or destroyed.
+    KRGeoPositionSpan positions() const;
+    int elevation(int index) const { return m_elevations.value(index, 0); }
+    QDateTime timeStamp(int index) const;
+    QString description(int index) const;
+    KRGPXTrackPoint point(int index) const;
+
+    /// Point by point as KRGPXTrackPoint compares.
+    bool operator==(const KRGPXTrackPointColumns &other) const;
+
+    void reserve(int count);
+    void append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
+                const QString &description);
+    /// A point with a time in UTC, in milliseconds since 1970, or KRGPXTrackSegment::noTime.
+    void append(double latitude, double longitude, int elevation, qint64 milliseconds);
+    /// The same with a time that is given back as local time.
+    void appendWithLocalTime(double latitude, double longitude, int elevation, qint64 milliseconds);
+    /// Gives back the memory kept for further points.
+    void squeeze();
+
+private:
+    template <typename Value>
+    using SideTable = QVector<QPair<int, Value>>;
+
+    void appendTime(int index, qint64 milliseconds, int zone);
+    int zoneAt(int index) const;
+    bool hasEqualTimes(const KRGPXTrackPointColumns &other) const;
+    bool hasEqualTime(int index, const KRGPXTrackPointColumns &other) const;
+
+    QVector<double> m_latitudes;
+    QVector<double> m_longitudes;
+    QVector<int> m_elevations;
+    QVector<qint64> m_times; // milliseconds since 1970
+    SideTable<int> m_zones; // from which point on times count in which zone; in UTC before the first entry
+    SideTable<QDateTime> m_unusualTimes; // what milliseconds and a zone cannot tell
+    SideTable<QString> m_descriptions;
+};
