@@ -113,9 +113,8 @@ KRGeoPositionRect KRMapArea::covered() const
     return KRGeoPositionRect(KRLatitudeRange(south, north), coveredLongitudes());
 }
 
-KRGeoPositionRect KRMapArea::padded() const
+KRGeoPositionRect KRMapArea::padded(const KRGeoPositionRect &area)
 {
-    const KRGeoPositionRect area = covered();
     if (!area.isValid())
         return area;
 

@@ -27,7 +27,8 @@ public:
     KRGeoPositionRect covered() const;
 
     /// The area to show: a tenth of its larger side more on all sides, a quarter of a degree around a single place.
-    KRGeoPositionRect padded() const;
+    KRGeoPositionRect padded() const { return padded(covered()); }
+    static KRGeoPositionRect padded(const KRGeoPositionRect &area);
 
     /// "N53.5 E8.0 .. N53.0 E9.0": north-western and south-eastern corner. Not valid when it cannot be read, or
     /// when the first corner does not lie north of the second.

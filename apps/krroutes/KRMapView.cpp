@@ -1,0 +1,440 @@
+#include "KRMapView.h"
+
+#include <KRMapArea.h>
+#include <KRMapFurniture.h>
+#include <KRMapGround.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QLineF>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <QTouchEvent>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace {
+
+// Pixels.
+constexpr int marginAroundWindow = 96; ///< drawn as well, so that a moved map has something to show at once
+constexpr double clickTolerance = 5.0;
+constexpr double markerRadius = 7.0;
+
+constexpr double zoomStep = 2.0;
+constexpr double wheelUnitsPerDoubling = 240.0; ///< two notches of a common wheel
+constexpr double shareOfArrowKey = 0.25;
+/// The letters of scale bar and credit are made for large pictures.
+constexpr double furnitureFactor = 0.5;
+
+constexpr QColor markerColor(214, 30, 60);
+
+bool hasSameScale(const KRMapViewport &a, const KRMapViewport &b)
+{
+    return a.devicePixelRatio() == b.devicePixelRatio() && std::abs(a.worldWidth() / b.worldWidth() - 1.0) < 1e-9;
+}
+
+void paintPicture(QPainter *painter, const KRMapPicture &picture, const KRMapViewport &viewport)
+{
+    if (picture.image.isNull())
+        return;
+    const QRectF rect = viewport.rectOf(picture.viewport);
+    if (!hasSameScale(viewport, picture.viewport)) {
+        painter->drawImage(rect, picture.image);
+        return;
+    }
+    painter->save();
+    painter->translate(rect.topLeft());
+    painter->scale(1.0 / viewport.devicePixelRatio(), 1.0 / viewport.devicePixelRatio());
+    painter->drawImage(0, 0, picture.image);
+    painter->restore();
+}
+
+} // namespace
+
+KRMapView::KRMapView(QWidget *parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setMinimumSize(120, 90);
+    setAccessibleName(tr("Karte"));
+    setAccessibleDescription(
+        tr("Pfeiltasten verschieben die Karte, Plus und Minus ändern den Maßstab, Pos1 zeigt alle Strecken."));
+    m_viewport = m_viewport.resized(size(), devicePixelRatioF());
+
+    connect(&m_thread, &KRMapDrawingThread::pickerMade, this, &KRMapView::takePicker);
+    connect(&m_thread, &KRMapDrawingThread::groundDrawn, this, [this](const KRMapPicture &picture) {
+        m_groundPicture = picture;
+        update();
+    });
+    connect(&m_thread, &KRMapDrawingThread::tracksDrawn, this, [this](const KRMapPicture &picture) {
+        m_tracksPicture = picture;
+        update();
+    });
+    connect(&m_thread, &KRMapDrawingThread::taskDone, this, [this](int number) { m_doneTaskNumber = number; });
+}
+
+KRMapView::~KRMapView() = default;
+
+void KRMapView::setTracks(const KRGPXTrackSelection &selection)
+{
+    m_selection = selection;
+    ++m_selectionNumber;
+    requestDrawing();
+}
+
+void KRMapView::setGround(KRMapGround *ground)
+{
+    disconnect(m_groundChanges);
+    m_ground = ground;
+    m_thread.setGround(ground);
+    const auto redraw = [this] {
+        ++m_groundNumber;
+        requestDrawing();
+    };
+    if (ground != nullptr)
+        m_groundChanges = connect(ground, &KRMapGround::changed, this, redraw);
+    redraw();
+}
+
+void KRMapView::setCurrentTrack(int row)
+{
+    if (m_currentRow == row)
+        return;
+    m_currentRow = row;
+    requestDrawing();
+}
+
+void KRMapView::setMarker(const KRGeoPosition &position)
+{
+    m_marker = position;
+    update();
+}
+
+void KRMapView::setViewport(const KRMapViewport &viewport)
+{
+    m_wish.isOpen = false;
+    changeViewport(viewport.resized(size(), devicePixelRatioF()));
+}
+
+bool KRMapView::isUpToDate() const
+{
+    return m_doneTaskNumber == m_taskNumber;
+}
+
+KRTrackPicker::Hit KRMapView::hitAt(const QPoint &pixel) const
+{
+    if (m_pickerNumber == m_selectionNumber)
+        return m_picker.hitAt(pixel, m_viewport, clickTolerance);
+    KRTrackPicker::Hit beside;
+    beside.position = m_viewport.positionAt(pixel);
+    return beside;
+}
+
+QSize KRMapView::sizeHint() const
+{
+    return QSize(800, 600);
+}
+
+void KRMapView::showAll()
+{
+    showTrack(-1);
+}
+
+void KRMapView::showTrack(int row)
+{
+    m_wish = {true, row};
+    fulfilWish();
+}
+
+void KRMapView::zoomIn()
+{
+    zoomAbout(rect().center(), zoomStep);
+}
+
+void KRMapView::zoomOut()
+{
+    zoomAbout(rect().center(), 1.0 / zoomStep);
+}
+
+void KRMapView::changeViewport(const KRMapViewport &viewport)
+{
+    if (viewport == m_viewport)
+        return;
+    m_viewport = viewport;
+    requestDrawing();
+    update();
+    emit viewportChanged();
+    if (underMouse())
+        hover(mapFromGlobal(QCursor::pos()));
+}
+
+void KRMapView::zoomAbout(const QPointF &pixel, double factor)
+{
+    m_wish.isOpen = false;
+    changeViewport(m_viewport.zoomed(factor, pixel));
+}
+
+void KRMapView::requestDrawing()
+{
+    m_thread.draw({++m_taskNumber, m_viewport.grown(marginAroundWindow), m_groundNumber, m_selection, m_selectionNumber,
+                   m_currentRow});
+}
+
+// A window that was not seen yet has not got its size, so that the wish stays open for another one.
+void KRMapView::fulfilWish()
+{
+    if (!m_wish.isOpen || m_pickerNumber != m_selectionNumber)
+        return;
+    m_wish.isOpen = !m_wasPainted;
+    if (m_wish.row >= 0 && !m_selection.isValidRow(m_wish.row))
+        return;
+    KRGeoPositionRect area = m_wish.row >= 0 ? m_picker.areaOf(m_wish.row) : m_picker.area();
+    area = area.isValid() ? KRMapArea::padded(area) : KRGeoPositionRect::europeanUnion();
+    changeViewport(m_viewport.fitted(area, 0));
+}
+
+void KRMapView::takePicker(const KRTrackPicker &picker, int selectionNumber)
+{
+    m_picker = picker;
+    m_pickerNumber = selectionNumber;
+    fulfilWish();
+}
+
+void KRMapView::hover(const QPoint &pixel)
+{
+    const KRTrackPicker::Hit hit = hitAt(pixel);
+    setCursor(m_isDragged ? Qt::ClosedHandCursor : hit.isValid() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    emit positionHovered(m_viewport.positionAt(pixel));
+}
+
+bool KRMapView::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+        touchEvent(static_cast<QTouchEvent *>(event));
+        return true;
+    case QEvent::NativeGesture: {
+        const auto *const gesture = static_cast<QNativeGestureEvent *>(event);
+        if (gesture->gestureType() != Qt::ZoomNativeGesture)
+            break;
+        zoomAbout(gesture->localPos(), 1.0 + gesture->value());
+        return true;
+    }
+    case QEvent::ToolTip: {
+        const auto *const help = static_cast<QHelpEvent *>(event);
+        showToolTip(help->pos(), help->globalPos());
+        return true;
+    }
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+// One finger is what the left button is; two move and scale the map.
+void KRMapView::touchEvent(QTouchEvent *event)
+{
+    event->accept();
+    const QList<QTouchEvent::TouchPoint> points = event->touchPoints();
+    if (points.size() > 1) {
+        const QLineF before(points.at(0).lastPos(), points.at(1).lastPos());
+        const QLineF now(points.at(0).pos(), points.at(1).pos());
+        m_isPressed = false;
+        m_wish.isOpen = false;
+        const double factor = before.length() > 0.0 ? now.length() / before.length() : 1.0;
+        changeViewport(m_viewport.zoomed(factor, before.center()).panned(now.center() - before.center()));
+        return;
+    }
+    const QPoint pixel = points.isEmpty() ? m_draggedTo : points.first().pos().toPoint();
+    if (event->type() == QEvent::TouchBegin)
+        press(pixel);
+    else if (event->type() == QEvent::TouchUpdate)
+        dragTo(pixel);
+    else
+        release(pixel, true);
+}
+
+void KRMapView::showToolTip(const QPoint &pixel, const QPoint &globalPosition)
+{
+    const KRTrackPicker::Hit hit = hitAt(pixel);
+    const QString name = hit.isValid() ? m_selection.tracks().at(hit.row).name() : QString();
+    QToolTip::showText(globalPosition, name.toHtmlEscaped(), this);
+}
+
+void KRMapView::paintEvent(QPaintEvent *)
+{
+    m_wasPainted = true;
+    if (m_viewport.devicePixelRatio() != devicePixelRatioF())
+        changeViewport(m_viewport.resized(size(), devicePixelRatioF()));
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    paintPicture(&painter, m_groundPicture, m_viewport);
+    paintPicture(&painter, m_tracksPicture, m_viewport);
+    paintMarker(&painter);
+    paintFurniture(&painter);
+    paintFocusFrame(&painter);
+}
+
+void KRMapView::paintMarker(QPainter *painter) const
+{
+    if (!m_marker.isValid())
+        return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(markerColor);
+    painter->setPen(QPen(Qt::white, 2.5));
+    QPointF pixel = m_viewport.pixelOf(m_marker);
+    pixel.rx() -= m_viewport.worldWidth() * std::floor((pixel.x() + markerRadius) / m_viewport.worldWidth());
+    for (; pixel.x() < width() + markerRadius; pixel.rx() += m_viewport.worldWidth())
+        painter->drawEllipse(pixel, markerRadius, markerRadius);
+    painter->restore();
+}
+
+void KRMapView::paintFurniture(QPainter *painter) const
+{
+    const QSize size = m_viewport.deviceSize();
+    const double factor = furnitureFactor * m_viewport.devicePixelRatio();
+    painter->save();
+    painter->scale(1.0 / m_viewport.devicePixelRatio(), 1.0 / m_viewport.devicePixelRatio());
+    KRMapFurniture::paintScaleBar(painter, size, m_viewport.projection(), factor);
+    KRMapFurniture::paintAttribution(painter, size, factor);
+    if (m_ground != nullptr)
+        KRMapFurniture::paintCredit(painter, size, m_ground->credit(), factor);
+    painter->restore();
+}
+
+void KRMapView::paintFocusFrame(QPainter *painter) const
+{
+    if (!hasFocus())
+        return;
+    painter->setPen(QPen(palette().color(QPalette::Highlight), 2.0));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0));
+}
+
+void KRMapView::resizeEvent(QResizeEvent *)
+{
+    changeViewport(m_viewport.resized(size(), devicePixelRatioF()));
+    fulfilWish();
+}
+
+void KRMapView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    press(event->pos());
+}
+
+void KRMapView::mouseMoveEvent(QMouseEvent *event)
+{
+    dragTo(event->pos());
+    hover(event->pos());
+}
+
+void KRMapView::mouseReleaseEvent(QMouseEvent *event)
+{
+    release(event->pos(), event->button() == Qt::LeftButton);
+    hover(event->pos());
+}
+
+void KRMapView::press(const QPoint &pixel)
+{
+    m_isPressed = true;
+    m_isDragged = false;
+    m_draggedTo = pixel;
+}
+
+void KRMapView::dragTo(const QPoint &pixel)
+{
+    const QPoint way = pixel - m_draggedTo;
+    if (!m_isPressed || (!m_isDragged && way.manhattanLength() < QApplication::startDragDistance()))
+        return;
+    m_isDragged = true;
+    m_draggedTo = pixel;
+    m_wish.isOpen = false;
+    changeViewport(m_viewport.panned(way));
+}
+
+void KRMapView::release(const QPoint &pixel, bool isClick)
+{
+    const bool wasClicked = m_isPressed && !m_isDragged && isClick;
+    m_isPressed = false;
+    m_isDragged = false;
+    if (!wasClicked)
+        return;
+    const KRTrackPicker::Hit hit = hitAt(pixel);
+    if (hit.isValid())
+        emit trackClicked(hit.row);
+    else if (hit.position.isValid())
+        emit positionClicked(hit.position);
+}
+
+void KRMapView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        zoomAbout(event->localPos(), zoomStep);
+}
+
+void KRMapView::wheelEvent(QWheelEvent *event)
+{
+    const QPoint turn = event->angleDelta();
+    if (std::abs(turn.x()) > 2 * std::abs(turn.y()))
+        changeViewport(m_viewport.panned(QPointF(turn.x() / 2.0, 0.0)));
+    else
+        zoomAbout(event->position(), std::exp2(turn.y() / wheelUnitsPerDoubling));
+    event->accept();
+}
+
+void KRMapView::keyPressEvent(QKeyEvent *event)
+{
+    const double step = shareOfArrowKey * qMin(width(), height());
+    const auto pan = [&](double x, double y) {
+        m_wish.isOpen = false;
+        changeViewport(m_viewport.panned(QPointF(x, y)));
+    };
+    const bool isPlain = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+    switch (isPlain ? event->key() : 0) {
+    case Qt::Key_Left:
+        return pan(step, 0.0);
+    case Qt::Key_Right:
+        return pan(-step, 0.0);
+    case Qt::Key_Up:
+        return pan(0.0, step);
+    case Qt::Key_Down:
+        return pan(0.0, -step);
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: // the same key without Shift on many keyboards
+        return zoomIn();
+    case Qt::Key_Minus:
+        return zoomOut();
+    case Qt::Key_Home:
+        return showAll();
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void KRMapView::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() != QContextMenuEvent::Keyboard) {
+        const KRTrackPicker::Hit hit = hitAt(event->pos());
+        emit trackContextMenuRequested(hit.row, hit.position, event->globalPos());
+        return;
+    }
+    const int row = m_selection.isValidRow(m_currentRow) ? m_currentRow : -1;
+    emit trackContextMenuRequested(row, m_viewport.center(), mapToGlobal(rect().center()));
+}
+
+void KRMapView::leaveEvent(QEvent *)
+{
+    emit positionHovered(KRGeoPosition());
+}

@@ -1,0 +1,483 @@
+#include <KRMapGround.h>
+#include <KRMapView.h>
+#include <KRTestRegistry.h>
+
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+
+#include <QAtomicInt>
+#include <QContextMenuEvent>
+#include <QPainter>
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QTouchDevice>
+#include <QWheelEvent>
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+constexpr QColor groundColor(90, 160, 90);
+constexpr QColor lineColor(255, 145, 0);
+
+/// One colour; waits for a permit before it paints when it is told to.
+class PlainGround : public KRMapGround
+{
+public:
+    void paint(QPainter *painter, const QSize &size, const KRMapProjection &, double) override
+    {
+        if (isSlow.loadAcquire() != 0)
+            permits.acquire();
+        paintings.ref();
+        painter->fillRect(QRect(QPoint(), size), groundColor);
+    }
+
+    QAtomicInt isSlow;
+    QAtomicInt paintings;
+    QSemaphore permits;
+};
+
+KRGPXConfiguredTrack lineOf(const QList<KRGeoPosition> &positions, double width = 10.0)
+{
+    QList<KRGPXTrackPoint> points;
+    for (const KRGeoPosition &position : positions)
+        points.append(KRGPXTrackPoint(position, 0, QDateTime(), QString()));
+    KRGPXTrackConfiguration look = KRGPXTrackConfiguration::defaultValue();
+    look.setLineColor(lineColor);
+    look.setLineWidth(width);
+    const KRGPXTrack track(QStringLiteral("Strecke"), QString(), {KRGPXTrackSegment(points)}, LineStringTrackShape);
+    return KRGPXConfiguredTrack(track, look);
+}
+
+/// From west to east in the north, and from north to south in the east.
+KRGPXTrackSelection twoTracks()
+{
+    return KRGPXTrackSelection(
+        KRGPXConfiguredTrackList{lineOf({{53.2, 7.5}, {53.2, 8.5}}), lineOf({{53.1, 8.8}, {52.8, 8.8}})});
+}
+
+QPoint pixelOf(const KRMapView &view, double latitude, double longitude)
+{
+    return view.viewport().pixelOf(KRGeoPosition(latitude, longitude)).toPoint();
+}
+
+bool isNear(const QColor &a, const QColor &b)
+{
+    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue()) < 12;
+}
+
+/// The view of a person who has opened two tracks.
+class ShownView : public KRMapView
+{
+public:
+    ShownView()
+    {
+        resize(800, 600);
+        setGround(&ground);
+        setTracks(twoTracks());
+        showAll();
+        show();
+        isReady = QTest::qWaitForWindowActive(this) && wait();
+        setFocus();
+    }
+    ~ShownView() override
+    {
+        ground.permits.release(1000);
+        setGround(nullptr);
+    }
+
+    bool wait()
+    {
+        return QTest::qWaitFor([this] { return isUpToDate(); });
+    }
+    QColor colorAt(const QPoint &pixel) { return grab().toImage().pixelColor(pixel); }
+
+    PlainGround ground;
+    bool isReady = false;
+};
+
+void turnWheel(QWidget *widget, const QPoint &pixel, int turn)
+{
+    QWheelEvent event(pixel, widget->mapToGlobal(pixel), QPoint(), QPoint(0, turn), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
+}
+
+void moveWithButton(QWidget *widget, const QPoint &pixel)
+{
+    QMouseEvent event(QEvent::MouseMove, pixel, widget->mapToGlobal(pixel), Qt::NoButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+} // namespace
+
+class tst_KRMapView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void showsGroundAndTracks();
+    void clicksTellWhatLiesThere();
+    void contextMenuByMouseAndKey();
+    void pointerTellsThePosition();
+    void dragMovesTheMap();
+    void oldPictureFollowsMeanwhile();
+    void wheelZoomsAboutThePointer();
+    void doubleClickZoomsIn();
+    void fingersPinch();
+    void keys_data();
+    void keys();
+    void showsWhatIsAskedFor();
+    void drawsOnlyWhatChanged();
+    void lastRequestWins();
+    void cropsTheGround();
+    void worldRepeats();
+    void marksAPosition();
+    void drawsEveryPixelOfADenseScreen();
+    void groundMayBeDeletedOnceReplaced();
+};
+
+static const KRTestRegistration<tst_KRMapView> registration;
+
+void tst_KRMapView::showsGroundAndTracks()
+{
+    ShownView view;
+    QVERIFY(view.isReady);
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.8)), lineColor));
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.0)), groundColor));
+
+    const QPoint besideLine = pixelOf(view, 53.2, 8.0) + QPoint(0, 8);
+    QVERIFY(isNear(view.colorAt(besideLine), groundColor));
+    view.setCurrentTrack(0);
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
+    QVERIFY(view.colorAt(besideLine).blue() > groundColor.blue() + 40);
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.8) + QPoint(8, 0)), groundColor));
+    view.setCurrentTrack(-1);
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(besideLine), groundColor));
+}
+
+void tst_KRMapView::clicksTellWhatLiesThere()
+{
+    ShownView view;
+    QSignalSpy trackClicked(&view, &KRMapView::trackClicked);
+    QSignalSpy positionClicked(&view, &KRMapView::positionClicked);
+    QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, pixelOf(view, 52.9, 8.8));
+    QCOMPARE(trackClicked.takeFirst().first().toInt(), 1);
+    QVERIFY(positionClicked.isEmpty());
+    const QPoint beside = pixelOf(view, 52.9, 8.0);
+    QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, beside);
+    QVERIFY(trackClicked.isEmpty());
+    const auto position = positionClicked.takeFirst().first().value<KRGeoPosition>();
+    QCOMPARE(view.viewport().pixelOf(position).toPoint(), beside);
+    QTest::mouseClick(&view, Qt::RightButton, Qt::NoModifier, beside);
+    QVERIFY(trackClicked.isEmpty() && positionClicked.isEmpty());
+
+    // Rows of tracks that were not looked through yet would be wrong.
+    KRGPXTrackSelection swapped = twoTracks();
+    swapped.moveTrack(0, 1);
+    view.setTracks(swapped);
+    QVERIFY(!view.hitAt(pixelOf(view, 52.9, 8.8)).isValid());
+    QVERIFY(view.wait());
+    QCOMPARE(view.hitAt(pixelOf(view, 52.9, 8.8)).row, 0);
+}
+
+void tst_KRMapView::contextMenuByMouseAndKey()
+{
+    ShownView view;
+    view.setCurrentTrack(1);
+    QSignalSpy requested(&view, &KRMapView::trackContextMenuRequested);
+    const auto ask = [&](QContextMenuEvent::Reason reason, const QPoint &pixel) {
+        QContextMenuEvent event(reason, pixel, view.mapToGlobal(pixel));
+        QApplication::sendEvent(&view, &event);
+        return requested.takeFirst();
+    };
+    const QPoint onTrack = pixelOf(view, 53.2, 8.0);
+    const QVariantList byMouse = ask(QContextMenuEvent::Mouse, onTrack);
+    QCOMPARE(byMouse.at(0).toInt(), 0);
+    QVERIFY(byMouse.at(1).value<KRGeoPosition>().distance(KRGeoPosition(53.2, 8.0)) < 1.0);
+    QCOMPARE(byMouse.at(2).toPoint(), view.mapToGlobal(onTrack));
+    QCOMPARE(ask(QContextMenuEvent::Mouse, pixelOf(view, 52.9, 8.0)).at(0).toInt(), -1);
+    QCOMPARE(ask(QContextMenuEvent::Keyboard, QPoint()).at(0).toInt(), 1);
+}
+
+void tst_KRMapView::pointerTellsThePosition()
+{
+    ShownView view;
+    QSignalSpy hovered(&view, &KRMapView::positionHovered);
+    QTest::mouseMove(&view, QPoint(123, 234));
+    QVERIFY(!hovered.isEmpty());
+    QCOMPARE(view.viewport().pixelOf(hovered.last().first().value<KRGeoPosition>()).toPoint(), QPoint(123, 234));
+    QTest::mouseMove(&view, pixelOf(view, 53.2, 8.0));
+    QCOMPARE(view.cursor().shape(), Qt::PointingHandCursor);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&view, &leave);
+    QVERIFY(!hovered.last().first().value<KRGeoPosition>().isValid());
+}
+
+void tst_KRMapView::dragMovesTheMap()
+{
+    ShownView view;
+    QSignalSpy clicked(&view, &KRMapView::trackClicked);
+    QSignalSpy changed(&view, &KRMapView::viewportChanged);
+    const QPoint start = pixelOf(view, 53.2, 8.0);
+    QTest::mousePress(&view, Qt::LeftButton, Qt::NoModifier, start);
+    for (int i = 1; i <= 10; ++i)
+        moveWithButton(&view, start + i * QPoint(7, 20));
+    QTest::mouseRelease(&view, Qt::LeftButton, Qt::NoModifier, start + QPoint(70, 200));
+    QVERIFY((pixelOf(view, 53.2, 8.0) - start - QPoint(70, 200)).manhattanLength() <= 1);
+    QVERIFY(clicked.isEmpty());
+    QVERIFY(changed.count() > 3);
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
+    // The button is up: the map stays.
+    const KRMapViewport viewport = view.viewport();
+    QTest::mouseMove(&view, start);
+    QVERIFY(view.viewport() == viewport);
+}
+
+void tst_KRMapView::oldPictureFollowsMeanwhile()
+{
+    ShownView view;
+    view.ground.isSlow.storeRelease(1);
+    view.setViewport(view.viewport().panned(QPointF(40.0, 30.0)));
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
+    // The margin around the window is at hand, too.
+    QVERIFY(isNear(view.colorAt(QPoint(10, 10)), groundColor));
+    view.setViewport(view.viewport().zoomed(1.7, pixelOf(view, 53.2, 7.9)));
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
+    QVERIFY(!view.isUpToDate());
+    view.ground.isSlow.storeRelease(0);
+    view.ground.permits.release(10);
+    QVERIFY(view.wait());
+}
+
+void tst_KRMapView::wheelZoomsAboutThePointer()
+{
+    ShownView view;
+    const QPoint pointer = pixelOf(view, 53.0, 8.8);
+    const double before = view.viewport().worldWidth();
+    turnWheel(&view, pointer, 120);
+    const double notch = view.viewport().worldWidth() / before;
+    QVERIFY(notch > 1.2 && notch < 2.0);
+    QVERIFY((pixelOf(view, 53.0, 8.8) - pointer).manhattanLength() <= 1);
+    // The fine steps of a touch pad come to the same.
+    for (int i = 0; i < 40; ++i)
+        turnWheel(&view, pointer, -3);
+    QVERIFY(std::abs(view.viewport().worldWidth() / before - 1.0) < 1e-9);
+    QVERIFY((pixelOf(view, 53.0, 8.8) - pointer).manhattanLength() <= 1);
+}
+
+void tst_KRMapView::doubleClickZoomsIn()
+{
+    ShownView view;
+    QSignalSpy clicked(&view, &KRMapView::trackClicked);
+    const QPoint pixel = pixelOf(view, 53.2, 8.0);
+    const double before = view.viewport().worldWidth();
+    QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, pixel);
+    QTest::mouseDClick(&view, Qt::LeftButton, Qt::NoModifier, pixel);
+    QVERIFY(view.viewport().worldWidth() > 1.5 * before);
+    QVERIFY((pixelOf(view, 53.2, 8.0) - pixel).manhattanLength() <= 1);
+    QVERIFY(clicked.count() <= 2);
+}
+
+void tst_KRMapView::fingersPinch()
+{
+    ShownView view;
+    QTouchDevice *const screen = QTest::createTouchDevice();
+    const double before = view.viewport().worldWidth();
+    QTest::touchEvent(&view, screen).press(1, QPoint(350, 300), &view).press(2, QPoint(450, 300), &view);
+    for (int i = 1; i <= 10; ++i) {
+        QTest::touchEvent(&view, screen)
+            .move(1, QPoint(350 - 10 * i, 300), &view)
+            .move(2, QPoint(450 + 10 * i, 300), &view);
+    }
+    QTest::touchEvent(&view, screen).release(1, QPoint(250, 300), &view).release(2, QPoint(550, 300), &view);
+    const double factor = view.viewport().worldWidth() / before;
+    QVERIFY2(std::abs(factor - 3.0) < 0.01, qPrintable(QString::number(factor)));
+
+    QSignalSpy clicked(&view, &KRMapView::trackClicked);
+    view.showAll();
+    const QPoint pixel = pixelOf(view, 53.2, 8.0);
+    QTest::touchEvent(&view, screen).press(1, pixel, &view);
+    QTest::touchEvent(&view, screen).release(1, pixel, &view);
+    QCOMPARE(clicked.count(), 1);
+    QTest::touchEvent(&view, screen).press(1, pixel, &view);
+    QTest::touchEvent(&view, screen).move(1, pixel + QPoint(50, 60), &view);
+    QTest::touchEvent(&view, screen).release(1, pixel + QPoint(50, 60), &view);
+    QCOMPARE(clicked.count(), 1);
+    QVERIFY((pixelOf(view, 53.2, 8.0) - pixel - QPoint(50, 60)).manhattanLength() <= 1);
+}
+
+void tst_KRMapView::keys_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifier");
+    QTest::addColumn<QPoint>("direction"); // where the middle goes
+    QTest::addColumn<int>("scale"); // 1 for larger, -1 for smaller
+    QTest::newRow("left") << int(Qt::Key_Left) << int(Qt::NoModifier) << QPoint(-1, 0) << 0;
+    QTest::newRow("right") << int(Qt::Key_Right) << int(Qt::NoModifier) << QPoint(1, 0) << 0;
+    QTest::newRow("up") << int(Qt::Key_Up) << int(Qt::NoModifier) << QPoint(0, -1) << 0;
+    QTest::newRow("down, on the keypad") << int(Qt::Key_Down) << int(Qt::KeypadModifier) << QPoint(0, 1) << 0;
+    QTest::newRow("plus") << int(Qt::Key_Plus) << int(Qt::KeypadModifier) << QPoint() << 1;
+    QTest::newRow("minus") << int(Qt::Key_Minus) << int(Qt::NoModifier) << QPoint() << -1;
+    QTest::newRow("belongs to the menu") << int(Qt::Key_Plus) << int(Qt::ControlModifier) << QPoint() << 0;
+}
+
+void tst_KRMapView::keys()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifier);
+    ShownView view;
+    const KRMapViewport before = view.viewport();
+    QTest::keyClick(&view, Qt::Key(key), Qt::KeyboardModifiers(modifier));
+    const QPointF way = before.pixelOf(view.viewport().center()) - QPointF(400.0, 300.0);
+    QTEST(QPoint(qRound(way.x() / 150.0), qRound(way.y() / 150.0)), "direction");
+    QTEST(qRound(std::log2(view.viewport().worldWidth() / before.worldWidth())), "scale");
+    QTest::keyClick(&view, Qt::Key_Home);
+    QVERIFY(view.viewport() == before);
+}
+
+void tst_KRMapView::showsWhatIsAskedFor()
+{
+    ShownView view;
+    const auto isInView = [&](double latitude, double longitude) {
+        return view.rect().contains(pixelOf(view, latitude, longitude));
+    };
+    QVERIFY(isInView(53.2, 7.5) && isInView(52.8, 8.8));
+    view.showTrack(1);
+    QVERIFY(isInView(52.8, 8.8) && isInView(53.1, 8.8) && !isInView(53.2, 7.5));
+    const KRMapViewport before = view.viewport();
+    view.showTrack(2);
+    QVERIFY(view.viewport() == before);
+
+    // The tracks of a moment ago, and on both sides of the date line.
+    view.setTracks(KRGPXTrackSelection(
+        KRGPXConfiguredTrackList{lineOf({{-18.0, 178.0}, {-17.0, -179.0}}), lineOf({{-14.0, -172.0}})}));
+    QVERIFY(view.viewport() == before);
+    view.showAll();
+    QVERIFY(view.wait());
+    QVERIFY(isInView(-18.0, 178.0) && isInView(-14.0, -172.0));
+    QVERIFY(view.viewport().worldWidth() > 10000.0);
+
+    view.setTracks(KRGPXTrackSelection());
+    view.showAll();
+    QVERIFY(view.wait());
+    QVERIFY(isInView(41.0, -9.0) && isInView(59.0, 29.0) && !isInView(20.0, 60.0));
+}
+
+void tst_KRMapView::drawsOnlyWhatChanged()
+{
+    ShownView view;
+    const int paintings = view.ground.paintings.loadAcquire();
+    KRGPXTrackSelection selection = twoTracks();
+    KRGPXTrackConfiguration look = selection.configuration(0);
+    look.setLineColor(Qt::magenta);
+    selection.setConfiguration(0, look);
+    view.setTracks(selection);
+    view.setCurrentTrack(1);
+    view.setMarker(KRGeoPosition(53.0, 8.0));
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), Qt::magenta));
+    QCOMPARE(view.ground.paintings.loadAcquire(), paintings);
+    emit view.ground.changed();
+    QVERIFY(view.wait());
+    QCOMPARE(view.ground.paintings.loadAcquire(), paintings + 1);
+}
+
+void tst_KRMapView::lastRequestWins()
+{
+    ShownView view;
+    view.ground.isSlow.storeRelease(1);
+    const int paintings = view.ground.paintings.loadAcquire();
+    for (int i = 0; i < 50; ++i)
+        view.zoomOut();
+    for (int i = 0; i < 50; ++i)
+        QTest::keyClick(&view, Qt::Key_Right);
+    view.ground.permits.release(100);
+    QVERIFY(view.wait());
+    QVERIFY(view.ground.paintings.loadAcquire() <= paintings + 2);
+    view.showAll();
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
+}
+
+void tst_KRMapView::cropsTheGround()
+{
+    ShownView view;
+    KRGPXTrackSelection selection = twoTracks();
+    selection.setCroppingOpacity(0);
+    view.setTracks(selection);
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.0)), Qt::white));
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
+    selection.setCroppingOpacity(255);
+    view.setTracks(selection);
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.0)), groundColor));
+}
+
+void tst_KRMapView::worldRepeats()
+{
+    ShownView view;
+    view.setTracks(KRGPXTrackSelection(KRGPXConfiguredTrackList{lineOf({{10.0, 150.0}, {10.0, -150.0}})}));
+    view.setViewport(KRMapViewport().resized({800, 600}, 1.0).zoomed(0.0, QPointF(400.0, 300.0)));
+    QVERIFY(view.wait());
+    const int worldWidth = qRound(view.viewport().worldWidth());
+    QVERIFY(2 * worldWidth < 800);
+    int copies = 0;
+    for (QPoint pixel = pixelOf(view, 10.0, 170.0) - QPoint(worldWidth, 0); pixel.x() < 800; pixel.rx() += worldWidth) {
+        if (pixel.x() < 0)
+            continue;
+        ++copies;
+        QVERIFY(isNear(view.colorAt(pixel), lineColor));
+        QCOMPARE(view.hitAt(pixel).row, 0);
+    }
+    QVERIFY(copies >= 2);
+}
+
+void tst_KRMapView::marksAPosition()
+{
+    ShownView view;
+    const QPoint pixel = pixelOf(view, 53.0, 8.0);
+    view.setMarker(KRGeoPosition(53.0, 8.0));
+    QVERIFY(view.colorAt(pixel).red() > 180 && view.colorAt(pixel).green() < 80);
+    view.setMarker(KRGeoPosition());
+    QVERIFY(isNear(view.colorAt(pixel), groundColor));
+}
+
+void tst_KRMapView::drawsEveryPixelOfADenseScreen()
+{
+    KRMapDrawingThread thread;
+    QSignalSpy drawn(&thread, &KRMapDrawingThread::tracksDrawn);
+    const KRGeoPositionRect area(KRGeoPosition(52.8, 7.5), KRGeoPosition(53.2, 8.8));
+    const KRMapViewport viewport = KRMapViewport().resized({300, 200}, 2.0).fitted(area, 20);
+    thread.draw({1, viewport, 0, twoTracks(), 1, -1});
+    QVERIFY(drawn.wait());
+    const KRMapPicture picture = drawn.first().first().value<KRMapPicture>();
+    QCOMPARE(picture.image.size(), QSize(600, 400));
+    // A line of 10 pixels is 20 wide here.
+    const QPoint middle = (2.0 * viewport.pixelOf(KRGeoPosition(53.2, 8.0))).toPoint();
+    QVERIFY(isNear(picture.image.pixelColor(middle + QPoint(0, 8)), lineColor));
+    QCOMPARE(picture.image.pixelColor(middle + QPoint(0, 13)).alpha(), 0);
+}
+
+void tst_KRMapView::groundMayBeDeletedOnceReplaced()
+{
+    ShownView view;
+    for (int i = 0; i < 20; ++i) {
+        PlainGround passing;
+        view.setGround(&passing);
+        view.zoomIn();
+        QTest::qWait(i % 3);
+        view.setGround(i % 2 == 0 ? nullptr : &view.ground);
+    }
+    QVERIFY(view.wait());
+    QVERIFY(isNear(view.colorAt(QPoint(400, 30)), groundColor));
+}
+
+#include "tst_KRMapView.moc"
