@@ -1,0 +1,190 @@
+#include <KRAxis.h>
+#include <KRElevationProfile.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRTestRegistry.h>
+
+#include <QtTest>
+
+#include <cmath>
+
+namespace {
+
+constexpr double kmPerDegree = 111.1774733520461; // on the sphere of 6370 km
+
+struct Point {
+    double kilometre; ///< northwards
+    int elevation;
+    int second; ///< negative: no time
+};
+
+KRElevationProfile profileOf(const QList<QList<Point>> &segments)
+{
+    QList<KRGPXTrackSegment> trackSegments;
+    for (const QList<Point> &points : segments) {
+        KRGPXTrackSegment segment;
+        for (const Point &point : points) {
+            segment.append(10.0 + point.kilometre / kmPerDegree, 8.0, point.elevation,
+                           point.second < 0 ? QDateTime() : QDateTime::fromSecsSinceEpoch(point.second, Qt::UTC),
+                           QString());
+        }
+        trackSegments.append(segment);
+    }
+    return KRElevationProfile(KRGPXTrack(QString(), QString(), trackSegments, LineStringTrackShape));
+}
+
+} // namespace
+
+class tst_KRElevationProfile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void drawable_data();
+    void drawable();
+    void nearest_data();
+    void nearest();
+    void segmentsHaveNoWayBetween();
+    void linesKeepExtremes();
+    void speedAt();
+    void axisMarks_data();
+    void axisMarks();
+};
+
+static const KRTestRegistration<tst_KRElevationProfile> registration;
+
+void tst_KRElevationProfile::drawable_data()
+{
+    QTest::addColumn<QList<double>>("kilometres");
+    QTest::addColumn<QList<int>>("elevations");
+    QTest::addColumn<bool>("hasElevation");
+    QTest::addColumn<bool>("isDrawable");
+    QTest::newRow("no points") << QList<double>{} << QList<int>{} << false << false;
+    QTest::newRow("no elevations") << QList<double>{0, 1} << QList<int>{0, 0} << false << false;
+    QTest::newRow("one point") << QList<double>{1} << QList<int>{100} << true << false;
+    QTest::newRow("one elevation") << QList<double>{0, 1} << QList<int>{0, 100} << true << false;
+    QTest::newRow("all at one place") << QList<double>{1, 1} << QList<int>{100, 120} << true << false;
+    QTest::newRow("below the sea") << QList<double>{0, 1} << QList<int>{-100, -50} << true << true;
+}
+
+void tst_KRElevationProfile::drawable()
+{
+    QFETCH(QList<double>, kilometres);
+    QFETCH(QList<int>, elevations);
+    QList<Point> points;
+    for (int i = 0; i < kilometres.size(); ++i)
+        points.append({kilometres.at(i), elevations.at(i), -1});
+    const KRElevationProfile profile = profileOf({points});
+    QTEST(profile.hasElevation(), "hasElevation");
+    QTEST(profile.isDrawable(), "isDrawable");
+    QCOMPARE(profile.lines(100).isEmpty(), !profile.isDrawable());
+}
+
+void tst_KRElevationProfile::nearest_data()
+{
+    QTest::addColumn<double>("way");
+    QTest::addColumn<int>("index");
+    QTest::newRow("before the start") << -1.0 << 0;
+    QTest::newRow("nearer to the first") << 0.9 << 0;
+    QTest::newRow("nearer to the second") << 1.1 << 1;
+    QTest::newRow("at a point") << 2.0 << 1;
+    QTest::newRow("beyond the end") << 9.0 << 2;
+}
+
+void tst_KRElevationProfile::nearest()
+{
+    QFETCH(double, way);
+    QTEST(profileOf({{{0, 100, -1}, {2, 100, -1}, {3, 100, -1}}}).nearest(way), "index");
+    QCOMPARE(KRElevationProfile().nearest(way), -1);
+}
+
+void tst_KRElevationProfile::segmentsHaveNoWayBetween()
+{
+    const KRElevationProfile profile =
+        profileOf({{{0, 100, -1}, {1, 200, -1}}, {}, {{50, 700, -1}, {51, 0, -1}, {52, 800, -1}}});
+    QVERIFY(qAbs(profile.lengthKm() - 3.0) < 1e-6);
+    QCOMPARE(profile.gaps().size(), 1);
+    QVERIFY(qAbs(profile.gaps().first() - 1.0) < 1e-6);
+    // A point without elevation is passed over.
+    QCOMPARE(profile.lines(100), (QVector<QVector<int>>{{0, 1}, {2, 4}}));
+    QCOMPARE(profile.lowest(), 100);
+    QCOMPARE(profile.highest(), 800);
+}
+
+void tst_KRElevationProfile::linesKeepExtremes()
+{
+    QList<Point> points;
+    for (int i = 0; i < 20000; ++i)
+        points.append({i * 0.001, 500 + qRound(300 * std::sin(i * 0.0021) + 40 * std::sin(i * 1.7)), -1});
+    points[7777].elevation = 2000;
+    points[12345].elevation = -50;
+    const KRElevationProfile profile = profileOf({points});
+    const QVector<QVector<int>> lines = profile.lines(400);
+    QCOMPARE(lines.size(), 1);
+    const QVector<int> line = lines.first();
+    QVERIFY(line.size() <= 4 * 401);
+    QVERIFY(std::is_sorted(line.begin(), line.end()));
+    for (const int index : {0, 7777, 12345, 19999})
+        QVERIFY(line.contains(index));
+    // In every pixel the line reaches as high and as low as all its points.
+    QVector<QPair<int, int>> all(401, {9999, -9999});
+    QVector<QPair<int, int>> drawn = all;
+    const auto take = [&](QVector<QPair<int, int>> &columns, int index) {
+        QPair<int, int> &column = columns[static_cast<int>(profile.at(index).wayKm * 400 / profile.lengthKm())];
+        column.first = qMin(column.first, profile.at(index).elevation);
+        column.second = qMax(column.second, profile.at(index).elevation);
+    };
+    for (int i = 0; i < profile.count(); ++i)
+        take(all, i);
+    for (const int index : line)
+        take(drawn, index);
+    QCOMPARE(drawn, all);
+}
+
+void tst_KRElevationProfile::speedAt()
+{
+    // A steady walk with a position each second that wavers by as much as it goes, then a rest of an hour.
+    QList<Point> points;
+    for (int i = 0; i < 100; ++i)
+        points.append({i * 0.0015 + (i % 2) * 0.0015, 100, i});
+    points.append({points.last().kilometre, 100, 3700});
+    const KRElevationProfile profile = profileOf({points, {{0, 100, 5000}}, {{0, 100, -1}, {1, 100, 6000}}});
+    QVERIFY(qAbs(profile.speedKmhAt(50) - 5.4) < 0.6);
+    QVERIFY(qAbs(profile.speedKmhAt(0) - 5.4) < 0.6);
+    QVERIFY(profile.speedKmhAt(100) < 0.01);
+    QCOMPARE(profile.speedKmhAt(101), 0.0); // alone in its segment
+    QCOMPARE(profile.speedKmhAt(102), 0.0); // without time
+    QCOMPARE(profile.speedKmhAt(103), 0.0); // alone with a time
+    QCOMPARE(profile.speedKmhAt(-1), 0.0);
+}
+
+void tst_KRElevationProfile::axisMarks_data()
+{
+    QTest::addColumn<double>("from");
+    QTest::addColumn<double>("to");
+    QTest::addColumn<bool>("endsAtMarks");
+    QTest::addColumn<QVector<double>>("marks");
+    QTest::addColumn<int>("decimals");
+    QTest::newRow("heights") << 117.0 << 388.0 << true << QVector<double>{100, 150, 200, 250, 300, 350, 400} << 0;
+    QTest::newRow("below the sea") << -7.0 << 13.0 << true << QVector<double>{-10, -5, 0, 5, 10, 15} << 0;
+    QTest::newRow("way") << 0.0 << 17.4 << false << QVector<double>{0, 5, 10, 15} << 0;
+    QTest::newRow("short way") << 0.0 << 1.19 << false << QVector<double>{0, 0.2, 0.4, 0.6, 0.8, 1.0} << 1;
+    QTest::newRow("ends at a mark") << 0.0 << 0.3 << false << QVector<double>{0, 0.05, 0.1, 0.15, 0.2, 0.25, 0.3} << 2;
+    QTest::newRow("round the world") << 0.0 << 40000.0 << false << QVector<double>{0, 10000, 20000, 30000, 40000} << 0;
+}
+
+void tst_KRElevationProfile::axisMarks()
+{
+    QFETCH(double, from);
+    QFETCH(double, to);
+    QFETCH(bool, endsAtMarks);
+    QFETCH(QVector<double>, marks);
+    const KRAxis axis(from, to, 500.0, 100.0, 60.0, endsAtMarks); // room for six marks
+    QCOMPARE(axis.marks().size(), marks.size());
+    for (int i = 0; i < marks.size(); ++i)
+        QVERIFY(qAbs(axis.marks().at(i) - marks.at(i)) < 1e-9 * (1.0 + to));
+    QTEST(axis.decimals(), "decimals");
+    QCOMPARE(axis.number(axis.pixel(to)), to);
+    QVERIFY(axis.from() <= from && axis.to() >= to);
+}
+
+#include "tst_KRElevationProfile.moc"
