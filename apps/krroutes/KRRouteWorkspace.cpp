@@ -39,6 +39,18 @@ KRRouteWorkspace::KRRouteWorkspace(QObject *parent) : QObject(parent)
     connect(&m_adoptionTimer, &QTimer::timeout, this, &KRRouteWorkspace::adoptOrderOfModel);
 }
 
+KRRouteWorkspace::~KRRouteWorkspace()
+{
+    // The stack tells when its steps go; whoever listens may be half gone itself.
+    m_undoStack.blockSignals(true);
+}
+
+bool KRRouteWorkspace::isChangedOutside() const
+{
+    const QFileInfo file(m_fileName);
+    return file.exists() && file.lastModified() != m_fileTime;
+}
+
 void KRRouteWorkspace::addTracks(const KRGPXConfiguredTrackList &tracks, const QString &text)
 {
     replaceTracks(m_selection.count(), 0, tracks, text);
@@ -110,7 +122,7 @@ bool KRRouteWorkspace::save(const QString &fileName, KRErrorHistory *history)
     document.setSelection(upToDateSelection());
     if (!document.save(QFileInfo(fileName), history))
         return false;
-    m_fileName = fileName;
+    setFile(fileName);
     m_undoStack.setClean();
     emit documentChanged();
     return true;
@@ -153,10 +165,16 @@ void KRRouteWorkspace::show(const KRGPXTrackSelection &selection)
 void KRRouteWorkspace::replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName)
 {
     m_undoStack.clear();
-    m_fileName = fileName;
+    setFile(fileName);
     show(selection);
     emit documentReplaced();
     emit documentChanged();
+}
+
+void KRRouteWorkspace::setFile(const QString &fileName)
+{
+    m_fileName = fileName.isEmpty() ? QString() : QFileInfo(fileName).absoluteFilePath();
+    m_fileTime = fileName.isEmpty() ? QDateTime() : QFileInfo(fileName).lastModified();
 }
 
 void KRRouteWorkspace::updateModel()

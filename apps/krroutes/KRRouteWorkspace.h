@@ -5,6 +5,7 @@
 #include <KRGeoLocation/KRGPXTrackListModel.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
+#include <QDateTime>
 #include <QObject>
 #include <QTimer>
 #include <QUndoStack>
@@ -23,6 +24,7 @@ class KRRouteWorkspace : public QObject
 
 public:
     explicit KRRouteWorkspace(QObject *parent = nullptr);
+    ~KRRouteWorkspace() override;
 
     KRGPXTrackListModel *model() { return &m_model; }
     QUndoStack *undoStack() { return &m_undoStack; }
@@ -32,6 +34,9 @@ public:
     QString fileName() const { return m_fileName; }
     /// Whether there is anything that the file of the document does not hold.
     bool isModified() const { return !m_undoStack.isClean(); }
+
+    /// Whether the file of the document is another one than this workspace has read or written last.
+    bool isChangedOutside() const;
 
     /// @p text names the step for the user. Nothing happens, here and below, where nothing would change.
     void addTracks(const KRGPXConfiguredTrackList &tracks, const QString &text);
@@ -65,6 +70,7 @@ private:
               KRSelectionChange::Kind kind = KRSelectionChange::UniqueChange, int row = -1);
     void show(const KRGPXTrackSelection &selection);
     void replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName);
+    void setFile(const QString &fileName);
     void updateModel();
     void moveInModel(const KRGPXConfiguredTrackList &wanted);
     void configureInModel(const KRGPXConfiguredTrackList &wanted);
@@ -75,5 +81,6 @@ private:
     QUndoStack m_undoStack;
     KRGPXTrackSelection m_selection;
     QString m_fileName;
+    QDateTime m_fileTime; ///< of the document when it was read or written; not valid without one
     bool m_isUpdatingModel = false;
 };

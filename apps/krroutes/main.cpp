@@ -1,17 +1,29 @@
 #include "KRMainWindow.h"
+#include "KRViewerIcons.h"
+#include "KRViewerOptions.h"
 
 #include <KRHostApplication.h>
 
 #include <QApplication>
+#include <QTimer>
 
 int main(int argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     KRHostApplication::prepare(false);
     const QApplication application(argc, argv);
     KRHostApplication::setup(*qApp, QStringLiteral("krroutes"));
+    QApplication::setWindowIcon(KRViewerIcons::applicationIcon());
+    const KRViewerOptions options(QCoreApplication::arguments());
+
     KRMainWindow window;
     window.show();
+    // Both may ask, which needs the event loop.
+    QTimer::singleShot(0, &window, [&window, &options] {
+        window.offerRecovery();
+        window.openFiles(options.fileNames());
+    });
     return QApplication::exec();
 }

@@ -1,25 +1,302 @@
-#include <KRMainWindow.h>
-#include <KRTestRegistry.h>
+#include "KRMainWindow.h"
 
+#include "KRAutosave.h"
+#include "KRDialogAnswer.h"
+#include "KRImportReportDialog.h"
+#include "KRTestRegistry.h"
+#include "KRViewerSettings.h"
+
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTemporaryDir>
 #include <QtTest>
+
+namespace {
+
+QString sample(const char *name)
+{
+    return QStringLiteral(KR_SAMPLES_DIR "/") + QLatin1String(name);
+}
+
+void press(QWidget *dialog, QMessageBox::StandardButton button)
+{
+    auto *const box = qobject_cast<QMessageBox *>(dialog);
+    QVERIFY(box != nullptr);
+    QTest::mouseClick(box->button(button), Qt::LeftButton);
+}
+
+/// Clicks the button whose text begins so, without its mnemonic.
+void pressText(QWidget *dialog, const QString &text)
+{
+    const QList<QPushButton *> buttons = dialog->findChildren<QPushButton *>();
+    for (QPushButton *const button : buttons) {
+        if (button->text().remove(QLatin1Char('&')).startsWith(text)) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+    QFAIL("no such button");
+}
+
+void chooseFile(QWidget *dialog, const QString &fileName)
+{
+    auto *const fileDialog = qobject_cast<QFileDialog *>(dialog);
+    QVERIFY(fileDialog != nullptr);
+    auto *const edit = fileDialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    edit->clear();
+    QTest::keyClicks(edit, fileName);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+QByteArray contentOf(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
 
 class tst_KRMainWindow : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void closesByKey();
+    void init();
+    void cleanup();
+    void opensSavesAndReopens();
+    void asksBeforeChangesAreLost();
+    void failedSaveKeepsTheChanges();
+    void doesNotOverwriteWhatOthersWrote();
+    void tellsWhatIsNotDrawn();
+    void brokenDocumentIsRefusedWithItsReason();
+    void filesAreDropped();
+    void unsavedWorkIsOfferedAfterACrash();
+
+private:
+    QString path(const QString &name) const { return m_dir->filePath(name); }
+    void makeWindow();
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
+    {
+        // Shortcuts are those of the active window, which a dialog has been until now.
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTest::keyClick(m_window.get(), key, modifiers);
+    }
+    QStringList names() const;
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<KRMainWindow> m_window;
 };
 
 static const KRTestRegistration<tst_KRMainWindow> registration;
 
-void tst_KRMainWindow::closesByKey()
+void tst_KRMainWindow::init()
 {
-    KRMainWindow window;
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
-    QVERIFY(!window.isVisible());
+    m_dir = std::make_unique<QTemporaryDir>();
+    makeWindow();
+}
+
+void tst_KRMainWindow::cleanup()
+{
+    m_window.reset();
+}
+
+void tst_KRMainWindow::makeWindow()
+{
+    m_window = std::make_unique<KRMainWindow>(QDir(path(QStringLiteral("recovery"))));
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+QStringList tst_KRMainWindow::names() const
+{
+    QStringList list;
+    const KRGPXConfiguredTrackList tracks = m_window->workspace()->selection().tracks();
+    for (const KRGPXConfiguredTrack &track : tracks)
+        list.append(track.name());
+    return list;
+}
+
+void tst_KRMainWindow::opensSavesAndReopens()
+{
+    {
+        KRDialogAnswer answers({[](QWidget *dialog) { chooseFile(dialog, sample("oldenburg-radtour.gpx")); },
+                                [this](QWidget *dialog) { chooseFile(dialog, path(QStringLiteral("Reise"))); }});
+        key(Qt::Key_O);
+        QVERIFY(m_window->isWindowModified());
+        key(Qt::Key_S);
+        QVERIFY(answers.isDone());
+    }
+    QVERIFY(!m_window->isWindowModified());
+    QVERIFY(m_window->windowTitle().startsWith(QLatin1String("Reise[*]")));
+    const QStringList saved = names();
+    QVERIFY(!saved.isEmpty());
+    const QString document = path(QStringLiteral("Reise.krroute"));
+    QCOMPARE(KRViewerSettings().recentFiles().first(), document);
+
+    key(Qt::Key_N);
+    QVERIFY(names().isEmpty());
+    m_window->openFiles({document});
+    QCOMPARE(names(), saved);
+    QVERIFY(!m_window->isWindowModified());
+    key(Qt::Key_Q);
+    QVERIFY(!m_window->isVisible());
+}
+
+void tst_KRMainWindow::asksBeforeChangesAreLost()
+{
+    const QString document = path(QStringLiteral("Reise.krroute"));
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    QVERIFY(m_window->workspace()->save(document, nullptr));
+    m_window->workspace()->setCroppingOpacity(99);
+    KRDialogAnswer answers({[](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); },
+                            [](QWidget *dialog) { press(dialog, QMessageBox::Cancel); },
+                            [](QWidget *dialog) { press(dialog, QMessageBox::Save); },
+                            [](QWidget *dialog) { press(dialog, QMessageBox::Discard); }});
+    key(Qt::Key_Q);
+    QVERIFY(m_window->isVisible());
+    m_window->openFiles({document});
+    QCOMPARE(m_window->workspace()->selection().nominalCroppingOpacity(), 99);
+    QVERIFY(m_window->isWindowModified());
+    key(Qt::Key_N);
+    QVERIFY(names().isEmpty());
+    m_window->openFiles({document});
+    QCOMPARE(m_window->workspace()->selection().nominalCroppingOpacity(), 99);
+    m_window->workspace()->setCroppingOpacity(98);
+    key(Qt::Key_Q);
+    QVERIFY(!m_window->isVisible());
+    QVERIFY(answers.isDone());
+}
+
+void tst_KRMainWindow::failedSaveKeepsTheChanges()
+{
+    QFile inTheWay(path(QStringLiteral("Reise.tracks")));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    QString message;
+    KRDialogAnswer answers({[](QWidget *dialog) { press(dialog, QMessageBox::Save); },
+                            [this](QWidget *dialog) { chooseFile(dialog, path(QStringLiteral("Reise"))); },
+                            [&](QWidget *dialog) {
+                                message = qobject_cast<QMessageBox *>(dialog)->text();
+                                press(dialog, QMessageBox::Ok);
+                            }});
+    key(Qt::Key_Q);
+    QVERIFY(answers.isDone());
+    QVERIFY2(message.contains(inTheWay.fileName()), qPrintable(message));
+    QVERIFY(m_window->isVisible());
+    QVERIFY(m_window->isWindowModified());
+}
+
+void tst_KRMainWindow::doesNotOverwriteWhatOthersWrote()
+{
+    const QString document = path(QStringLiteral("Reise.krroute"));
+    QVERIFY(m_window->workspace()->save(document, nullptr));
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    QTest::qWait(20);
+    QFile other(document);
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    other.write("newer");
+    other.close();
+    {
+        KRDialogAnswer answers({[](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Return); }});
+        key(Qt::Key_S);
+        QVERIFY(answers.isDone());
+    }
+    QCOMPARE(contentOf(document), QByteArray("newer"));
+    QVERIFY(m_window->isWindowModified());
+
+    // A route of another program that the user names is not replaced by a document either.
+    const QString gpx = path(QStringLiteral("tour.gpx"));
+    QVERIFY(QFile::copy(sample("oldenburg-radtour.gpx"), gpx));
+    KRDialogAnswer answers(
+        {[&](QWidget *dialog) { chooseFile(dialog, gpx); }, [](QWidget *dialog) { press(dialog, QMessageBox::Yes); }});
+    key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(answers.isDone());
+    QCOMPARE(contentOf(gpx), contentOf(sample("oldenburg-radtour.gpx")));
+    QCOMPARE(m_window->workspace()->fileName(), gpx + QStringLiteral(".krroute"));
+}
+
+void tst_KRMainWindow::tellsWhatIsNotDrawn()
+{
+    QFile kml(path(QStringLiteral("Karte.kml")));
+    QVERIFY(kml.open(QIODevice::WriteOnly));
+    kml.write("<kml><Document><NetworkLink><name>Wetter</name></NetworkLink><Placemark><name>Ort</name><Point>"
+              "<coordinates>8.2,53.1</coordinates></Point></Placemark></Document></kml>");
+    kml.close();
+    QString text;
+    KRDialogAnswer answers({[&](QWidget *dialog) {
+        text = qobject_cast<KRImportReportDialog *>(dialog)->text();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    }});
+    m_window->openFiles({kml.fileName(), path(QStringLiteral("fehlt.gpx"))});
+    QVERIFY(answers.isDone());
+    QCOMPARE(names(), QStringList(QStringLiteral("Ort")));
+    QVERIFY2(text.contains(QLatin1String("Wetter")) && text.contains(QLatin1String("fehlt.gpx")), qPrintable(text));
+}
+
+void tst_KRMainWindow::brokenDocumentIsRefusedWithItsReason()
+{
+    QFile broken(path(QStringLiteral("Kaputt.krroute")));
+    QVERIFY(broken.open(QIODevice::WriteOnly));
+    broken.write("<routes>\n<selection");
+    broken.close();
+    QString message;
+    KRDialogAnswer answers({[&](QWidget *dialog) {
+        message = qobject_cast<QMessageBox *>(dialog)->text();
+        press(dialog, QMessageBox::Ok);
+    }});
+    m_window->openFiles({broken.fileName()});
+    QVERIFY(answers.isDone());
+    QVERIFY2(message.contains(broken.fileName() + QStringLiteral(":2:")), qPrintable(message));
+    QVERIFY(m_window->workspace()->fileName().isEmpty());
+}
+
+void tst_KRMainWindow::filesAreDropped()
+{
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(sample("oldenburg-radtour.gpx")),
+                   QUrl::fromLocalFile(sample("zwischenahner-meer-ufer.gpx"))});
+    QDragEnterEvent entering(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window.get(), &entering);
+    QVERIFY(entering.isAccepted());
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_window.get(), &drop);
+    QTRY_VERIFY(!names().isEmpty());
+    QCOMPARE(m_window->workspace()->undoStack()->count(), 1);
+    QVERIFY(m_window->workspace()->undoStack()->undoText().contains(QString::number(names().size())));
+}
+
+void tst_KRMainWindow::unsavedWorkIsOfferedAfterACrash()
+{
+    const QDir place(path(QStringLiteral("recovery")));
+    {
+        // A folder of which nobody holds the lock any more.
+        const std::unique_ptr<KRRecoveryFolder> folder = KRRecoveryFolder::create(place);
+        KRRouteWorkspace crashed;
+        crashed.addTracks(m_window->workspace()->selection().tracks(), QString());
+        crashed.setCroppingOpacity(7);
+        QVERIFY(crashed.save(folder->recoveryFile(), nullptr));
+        QVERIFY(folder->setDocumentFile(path(QStringLiteral("Reise.krroute"))));
+    }
+    {
+        KRDialogAnswer answers({[](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }});
+        m_window->offerRecovery();
+        QVERIFY(answers.isDone());
+    }
+    QVERIFY(!m_window->isWindowModified());
+    KRDialogAnswer answers({[](QWidget *dialog) { pressText(dialog, QStringLiteral("Wiederherstellen")); }});
+    m_window->offerRecovery();
+    m_window->offerRecovery();
+    QVERIFY(answers.isDone());
+    QCOMPARE(m_window->workspace()->selection().nominalCroppingOpacity(), 7);
+    QVERIFY(m_window->isWindowModified());
+    QVERIFY(m_window->windowTitle().startsWith(QLatin1String("Reise[*]")));
 }
 
 #include "tst_KRMainWindow.moc"

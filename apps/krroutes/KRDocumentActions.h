@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class KRRecentFilesMenu;
+class KRRouteLoader;
+class KRRouteWorkspace;
+class QAction;
+class QMainWindow;
+class QMenu;
+class QToolBar;
+
+/**
+ * The user's ways to start, open and save documents and to read route files, with all questions that belong to them.
+ *
+ * Nothing unsaved is given up and no file is written over unless the user says so.
+ */
+class KRDocumentActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p window carries the actions and the dialogs.
+    KRDocumentActions(KRRouteWorkspace *workspace, QMainWindow *window);
+
+    void addTo(QMenu *menu) const;
+    void addTo(QToolBar *toolBar) const;
+
+    /// A single route document is opened instead of the present one; anything else is added to it.
+    void openFiles(const QStringList &fileNames);
+    /// Asks where there are unsaved changes; false when the user wants to keep working on them.
+    bool mayLoseChanges();
+
+signals:
+    void tracksAdded(); ///< from files
+
+public slots:
+    void startNew();
+    void askForFiles();
+    /// False when nothing was saved.
+    bool save();
+    bool saveAs();
+
+private:
+    bool saveTo(const QString &fileName);
+    bool mayOverwrite(const QString &fileName, const QString &reason) const;
+
+    KRRouteWorkspace *m_workspace;
+    QMainWindow *m_window;
+    KRRouteLoader *m_loader;
+    KRRecentFilesMenu *m_recentFiles;
+    QAction *m_newAction;
+    QAction *m_openAction;
+    QAction *m_saveAction;
+    QAction *m_saveAsAction;
+};
