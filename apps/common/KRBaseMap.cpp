@@ -5,6 +5,7 @@
 #include "KRBaseMapGraticule.h"
 #include "KRBaseMapPlaceLabels.h"
 #include "KRBaseMapView.h"
+#include "KRMapGround.h"
 #include "KRMapLabel.h"
 #include "KRMapLabelBoard.h"
 #include "KRPathClipper.h"
@@ -16,7 +17,6 @@
 
 namespace {
 
-constexpr QColor paperColor(247, 247, 244);
 constexpr QColor waterColor(205, 223, 234);
 constexpr QColor landColor(246, 241, 228);
 constexpr QColor coastColor(104, 141, 168);
@@ -119,7 +119,7 @@ void KRBaseMap::paint(QPainter *painter, const QSize &size, const KRMapProjectio
     const QRectF map = view.mapRect();
     painter->save();
     painter->setClipRect(QRect(QPoint(), size), Qt::IntersectClip);
-    painter->fillRect(QRect(QPoint(), size), paperColor);
+    painter->fillRect(QRect(QPoint(), size), KRMapGround::paperColor);
     if (!map.isEmpty()) {
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setClipRect(map, Qt::IntersectClip);

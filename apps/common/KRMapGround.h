@@ -1,10 +1,18 @@
 #pragma once
 
+#include <QColor>
 #include <QObject>
+#include <QString>
 
 class KRMapProjection;
 class QPainter;
 class QSize;
+
+/// What a map lacks.
+struct KRMapGaps {
+    int count = 0; ///< of tiles, each counted once
+    QString reason; ///< for users, of the first one
+};
 
 /**
  * What lies under the tracks of a map: an embedded map, tiles from a file or from the net.
@@ -17,11 +25,19 @@ class KRMapGround : public QObject
     Q_OBJECT
 
 public:
+    /// Where no map is: beyond the Mercator square, and where nothing is known.
+    static constexpr QColor paperColor{247, 247, 244};
+
     explicit KRMapGround(QObject *parent = nullptr) : QObject(parent) { }
 
     /// Fills the rectangle of that size at (0, 0), and nothing else, with what is at hand. What is still missing is
     /// fetched meanwhile and announced by changed(). @p factor is the paint scale, 1.0 for a normal screen.
     virtual void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) = 0;
+
+    /// The same for a picture that is kept: waits for what is missing, @p timeLimitMs at most. Not to be called from
+    /// the GUI thread of a program with windows.
+    virtual KRMapGaps paintWhole(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                                 int timeLimitMs);
 
     /// Whether it is painted as lines, areas and text, which documents keep as such; other grounds become one image.
     virtual bool isVector() const { return false; }

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "KRMapGround.h"
+
+/**
+ * Paints another ground whole, for pictures that are kept, and notes what they lack.
+ */
+class KRPatientGround : public KRMapGround
+{
+    Q_OBJECT
+
+public:
+    /// @p ground is not owned and must live as long; @p timeLimitMs is for each picture.
+    KRPatientGround(KRMapGround *ground, int timeLimitMs, QObject *parent = nullptr);
+
+    void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
+    bool isVector() const override { return m_ground->isVector(); }
+    QString credit() const override { return m_ground->credit(); }
+
+    /// Of the picture painted last; to be asked in the thread that painted it.
+    KRMapGaps gaps() const { return m_gaps; }
+
+private:
+    KRMapGround *m_ground;
+    int m_timeLimitMs;
+    KRMapGaps m_gaps;
+};

@@ -1,0 +1,32 @@
+#include "KRTileDecoder.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+QImage KRTileDecoder::decode(const QByteArray &bytes, QString *problem)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    const QByteArray format = reader.format();
+    if (format != "png" && format != "jpeg" && format != "webp") {
+        *problem = tr("Eine Kachel ist weder PNG noch JPEG noch WebP.");
+        return QImage();
+    }
+    const QSize size = reader.size();
+    if (size.isEmpty() || size.width() > largestStoredSide || size.height() > largestStoredSide) {
+        *problem = tr("Eine Kachel hat eine ungewöhnliche Größe.");
+        return QImage();
+    }
+    QImage image = reader.read();
+    if (image.isNull()) {
+        *problem = tr("Eine Kachel ist beschädigt.");
+        return QImage();
+    }
+    const int side = qMin(qMax(size.width(), size.height()), largestSide);
+    if (image.size() != QSize(side, side))
+        image = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}

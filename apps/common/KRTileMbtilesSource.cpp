@@ -1,0 +1,154 @@
+#include "KRTileMbtilesSource.h"
+
+#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRFileHandler.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QSqlError>
+#include <QTextDocumentFragment>
+#include <QUuid>
+#include <QVariant>
+
+#include <limits>
+
+namespace {
+
+constexpr int longestMetadata = 4096; ///< characters of one value
+constexpr int mostMetadata = 1000; ///< rows
+constexpr int longestCredit = 300; ///< characters
+
+/// Attributions are HTML with links; images leave a sign that stands for no letter.
+QString plainText(const QString &html)
+{
+    QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
+    text.remove(QChar::ObjectReplacementCharacter);
+    return text.simplified().left(longestCredit);
+}
+
+} // namespace
+
+KRTileMbtilesSource::KRTileMbtilesSource() = default;
+
+KRTileMbtilesSource::~KRTileMbtilesSource()
+{
+    const QString name = m_database.connectionName();
+    m_query.reset();
+    m_database = QSqlDatabase();
+    QSqlDatabase::removeDatabase(name);
+}
+
+std::unique_ptr<KRTileSource> KRTileMbtilesSource::open(const QString &fileName, KRErrorHistory *history)
+{
+    QFile file(fileName);
+    if (!KRFileHandler::openForReading(file, history, std::numeric_limits<qint64>::max()))
+        return nullptr;
+    const QByteArray magic = QByteArrayLiteral("SQLite format 3\0");
+    QString problem;
+    if (file.read(magic.size()) != magic)
+        problem = tr("Das ist keine MBTiles-Datei.");
+    file.close();
+
+    std::unique_ptr<KRTileMbtilesSource> source(new KRTileMbtilesSource);
+    if (problem.isEmpty())
+        problem = source->connectTo(fileName);
+    if (problem.isEmpty())
+        return source;
+    KRErrorHistory::report(history, fileName, problem);
+    return nullptr;
+}
+
+QString KRTileMbtilesSource::connectTo(const QString &fileName)
+{
+    if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE")))
+        return tr("Auf diesem Rechner fehlt Qts Treiber für SQLite.");
+    m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QUuid::createUuid().toString());
+    m_database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=2000"));
+    m_database.setDatabaseName(QFileInfo(fileName).absoluteFilePath());
+    if (!m_database.open())
+        return tr("Die Datei kann nicht geöffnet werden: %1").arg(m_database.lastError().databaseText());
+
+    QSqlQuery schema(m_database);
+    schema.setForwardOnly(true);
+    if (!schema.exec(QStringLiteral("SELECT name, type FROM sqlite_master WHERE name IN ('tiles', 'metadata')")))
+        return tr("Die Datei kann nicht gelesen werden: %1").arg(schema.lastError().databaseText());
+    QHash<QString, QString> types;
+    while (schema.next())
+        types.insert(schema.value(0).toString(), schema.value(1).toString());
+    if (!types.contains(QStringLiteral("tiles")))
+        return tr("Das ist keine MBTiles-Datei.");
+    // A view may compute for ever, and who opens a file does not want to wait.
+    if (types.value(QStringLiteral("metadata")) == QLatin1String("table"))
+        readMetadata();
+    const QString format = m_metadata.value(QStringLiteral("format"));
+    if (format == QLatin1String("pbf") || format == QLatin1String("mvt"))
+        return tr("Die Datei enthält Vektoren und keine Bilder.");
+    m_credit = plainText(m_metadata.value(QStringLiteral("attribution")));
+
+    m_query = QSqlQuery(m_database);
+    m_query->setForwardOnly(true);
+    const bool isPrepared = m_query->prepare(
+        QStringLiteral("SELECT length(tile_data), CASE WHEN length(tile_data) <= %1 THEN tile_data END FROM tiles "
+                       "WHERE zoom_level = ? AND tile_column = ? AND tile_row = ? LIMIT 1")
+            .arg(maximumBytes));
+    return isPrepared ? QString()
+                      : tr("Die Datei kann nicht gelesen werden: %1").arg(m_query->lastError().databaseText());
+}
+
+void KRTileMbtilesSource::readMetadata()
+{
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    query.exec(QStringLiteral("SELECT name, substr(value, 1, %1) FROM metadata LIMIT %2")
+                   .arg(longestMetadata)
+                   .arg(mostMetadata));
+    while (query.next())
+        m_metadata.insert(query.value(0).toString().left(longestMetadata), query.value(1).toString());
+}
+
+bool KRTileMbtilesSource::hasNumber(const QString &key) const
+{
+    bool isNumber = false;
+    m_metadata.value(key).toInt(&isNumber);
+    return isNumber;
+}
+
+KRIntRange KRTileMbtilesSource::zoomRange()
+{
+    const QString lowest = QStringLiteral("minzoom");
+    const QString highest = QStringLiteral("maxzoom");
+    KRIntRange range(m_metadata.value(lowest).toInt(), m_metadata.value(highest).toInt());
+    if (!hasNumber(lowest) || !hasNumber(highest)) {
+        QSqlQuery query(m_database);
+        query.exec(QStringLiteral("SELECT min(zoom_level), max(zoom_level) FROM tiles"));
+        if (query.next() && !query.value(0).isNull())
+            range = KRIntRange(query.value(0).toInt(), query.value(1).toInt());
+    }
+    const int minimum = qBound(0, range.minimum(), int(KRTileKey::largestZoom));
+    return KRIntRange(minimum, qBound(minimum, range.maximum(), int(KRTileKey::largestZoom)));
+}
+
+void KRTileMbtilesSource::request(const KRTileKey &key)
+{
+    emit answered(key, read(key));
+}
+
+KRTileAnswer KRTileMbtilesSource::read(const KRTileKey &key)
+{
+    m_query->bindValue(0, key.zoom);
+    m_query->bindValue(1, key.x);
+    m_query->bindValue(2, key.rowFromSouth());
+    KRTileAnswer answer;
+    if (!m_query->exec()) {
+        answer.kind = KRTileAnswer::Failed;
+        answer.reason = tr("Die Datei kann nicht gelesen werden: %1").arg(m_query->lastError().databaseText());
+    } else if (m_query->next()) {
+        const bool isTooLarge = m_query->value(0).toLongLong() > maximumBytes;
+        answer.kind = isTooLarge ? KRTileAnswer::Failed : KRTileAnswer::Found;
+        answer.bytes = m_query->value(1).toByteArray();
+        answer.reason = isTooLarge ? tr("Eine Kachel ist zu groß.") : QString();
+    }
+    m_query->finish();
+    return answer;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "KRTileSource.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+
+#include <optional>
+
+/**
+ * Tiles in an MBTiles file: an SQLite database with the tables or views "tiles" and "metadata", rows counted from the
+ * south. It is only read.
+ */
+class KRTileMbtilesSource : public KRTileSource
+{
+    Q_OBJECT
+
+public:
+    /// Null with its reason in the history where the file is no MBTiles file or holds no pictures.
+    static std::unique_ptr<KRTileSource> open(const QString &fileName, KRErrorHistory *history);
+    ~KRTileMbtilesSource() override;
+
+    QString credit() const override { return m_credit; }
+    KRIntRange zoomRange() override;
+    void request(const KRTileKey &key) override;
+
+private:
+    KRTileMbtilesSource();
+
+    /// Why it cannot be used, empty when it can.
+    QString connectTo(const QString &fileName);
+    void readMetadata();
+    bool hasNumber(const QString &key) const;
+    KRTileAnswer read(const KRTileKey &key);
+
+    QSqlDatabase m_database;
+    std::optional<QSqlQuery> m_query; ///< prepared for one tile
+    QHash<QString, QString> m_metadata;
+    QString m_credit;
+};

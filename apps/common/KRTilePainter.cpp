@@ -1,0 +1,148 @@
+#include "KRTilePainter.h"
+
+#include "KRTileStore.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+
+namespace {
+
+/// So many levels above, a tile has less than a pixel for each of those wanted.
+constexpr int mostLevelsAbove = 8;
+
+/// The part of a coarser tile that covers the key, in pixels of its image.
+QRectF partFor(const KRTileKey &key, int levelsAbove, int imageSide)
+{
+    const int count = 1 << levelsAbove;
+    const double side = double(imageSide) / count;
+    return QRectF(side * (key.x & (count - 1)), side * (key.y & (count - 1)), side, side);
+}
+
+} // namespace
+
+KRTilePainter::KRTilePainter(KRTileStore *store, const KRTileLayout &layout)
+    : m_store(store), m_layout(layout), m_lowestZoom(store->zoomRange().value_or(KRIntRange()).minimum())
+{ }
+
+void KRTilePainter::paint(QPainter *painter, const QRect &block) const
+{
+    // All tiles of the block become one picture first: drawn one by one at fractions of pixels they would show seams.
+    const QRect tiles = m_layout.tilesOf(block);
+    int side = qMax(1, m_store->tileSide());
+    while (side / 2 >= m_layout.side())
+        side /= 2;
+    const QPointF corner = m_layout.cornerOf(tiles.left(), tiles.top());
+    const QRectF target(corner, m_layout.side() * QSizeF(tiles.size()));
+
+    painter->save();
+    painter->setClipRect(block, Qt::IntersectClip);
+    painter->setRenderHint(QPainter::SmoothPixmapTransform);
+    painter->drawImage(target, mosaic(tiles, side));
+    painter->restore();
+}
+
+KRTileKeyList KRTilePainter::wishesFor(const KRTileKeyList &keys) const
+{
+    KRTileKeyList wishes;
+    QSet<KRTileKey> known;
+    for (const KRTileKey &key : keys) {
+        const KRTileKey wish = find(key).wish;
+        if (wish.isValid() && !known.contains(wish))
+            wishes << wish;
+        known.insert(wish);
+    }
+    return wishes;
+}
+
+KRTileKeyList KRTilePainter::undecided(const KRTileKeyList &keys) const
+{
+    KRTileKeyList undecided;
+    const KRTileKeyList wishes = wishesFor(keys);
+    for (const KRTileKey &wish : wishes) {
+        if (m_store->find(wish).state == KRTileStore::Unknown)
+            undecided << wish;
+    }
+    return undecided;
+}
+
+KRMapGaps KRTilePainter::gaps(const QSet<KRTileKey> &keys) const
+{
+    KRMapGaps gaps;
+    for (const KRTileKey &key : keys) {
+        const Piece piece = find(key);
+        const bool isAbsent = !piece.wish.isValid();
+        if (isAbsent && !piece.image.isNull())
+            continue;
+        ++gaps.count;
+        if (!gaps.reason.isEmpty())
+            continue;
+        if (piece.hasFailed)
+            gaps.reason = piece.reason;
+        else if (isAbsent)
+            gaps.reason = QCoreApplication::translate("KRTilePainter", "Die Quelle hat dort keine Kacheln.");
+        else if (!m_store->problem().isEmpty())
+            gaps.reason = m_store->problem();
+        else
+            gaps.reason = QCoreApplication::translate("KRTilePainter", "Die Zeit reichte nicht.");
+    }
+    return gaps;
+}
+
+KRTilePainter::Piece KRTilePainter::find(const KRTileKey &key) const
+{
+    Piece piece;
+    for (int levels = 0; levels <= mostLevelsAbove && key.zoom - levels >= m_lowestZoom; ++levels) {
+        const KRTileKey candidate = key.ancestor(levels);
+        const KRTileStore::Entry entry = m_store->find(candidate);
+        if (entry.state == KRTileStore::Here) {
+            piece.image = entry.image;
+            piece.levelsAbove = levels;
+            break;
+        }
+        if (entry.state != KRTileStore::Absent && !piece.wish.isValid()) {
+            piece.wish = candidate;
+            piece.hasFailed = entry.state == KRTileStore::Failed;
+            piece.reason = entry.reason;
+        }
+    }
+    return piece;
+}
+
+QImage KRTilePainter::mosaic(const QRect &tiles, int side) const
+{
+    QImage image(tiles.size() * side, QImage::Format_RGB32);
+    image.fill(KRMapGround::paperColor);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (int row = tiles.top(); row <= tiles.bottom(); ++row) {
+        for (int column = tiles.left(); column <= tiles.right(); ++column) {
+            const QPoint corner = (QPoint(column, row) - tiles.topLeft()) * side;
+            paintPiece(&painter, m_layout.keyOf(column, row), QRect(corner, QSize(side, side)));
+        }
+    }
+    return image;
+}
+
+void KRTilePainter::paintPiece(QPainter *painter, const KRTileKey &key, const QRect &target) const
+{
+    const Piece piece = find(key);
+    if (piece.image.isNull())
+        return;
+    if (piece.levelsAbove == 0) {
+        // Drawing alone would skip pixels where a tile becomes much smaller.
+        const bool isSame = piece.image.size() == target.size();
+        painter->drawImage(target.topLeft(),
+                           isSame ? piece.image
+                                  : piece.image.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        return;
+    }
+    // A pixel more on all sides, so that the colours run on from one tile to the next.
+    const QRectF part = partFor(key, piece.levelsAbove, piece.image.width());
+    const QRectF source = part.adjusted(-1.0, -1.0, 1.0, 1.0).intersected(piece.image.rect());
+    const double scale = target.width() / part.width();
+    const QRectF place(target.topLeft() + scale * (source.topLeft() - part.topLeft()), scale * source.size());
+    painter->save();
+    painter->setClipRect(target);
+    painter->drawImage(place, piece.image, source);
+    painter->restore();
+}

@@ -1,0 +1,457 @@
+#include "KRTileGround.h"
+
+#include "KRTestRegistry.h"
+#include "KRTestTileServer.h"
+#include "KRTestTiles.h"
+#include "KRTileStore.h"
+
+#include <KRGeoLocation/KRMapProjection.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+Q_DECLARE_METATYPE(KRTestTileServer::Function)
+
+namespace {
+
+constexpr int longTimeMs = 20000;
+
+using Answer = KRTestTileServer::Answer;
+
+Answer good(const KRTileKey &key, int delayMs = 0)
+{
+    return {200, QByteArray(), KRTestTiles::picture(key), delayMs};
+}
+
+/// Half a degree around a place.
+KRMapProjection cityProjection(const QSize &size)
+{
+    return KRMapProjection(KRGeoPositionRect(KRLatitudeRange(53.0, 53.3), KRLongitudeRange(8.0, 8.5)), size);
+}
+
+} // namespace
+
+class tst_KRTileGround : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void tilesLieInTheirPlaces_data();
+    void tilesLieInTheirPlaces();
+    void levelSuitsThePicture_data();
+    void levelSuitsThePicture();
+    void noSeamsBetweenTiles();
+    void coarserTilesStandIn();
+    void gapsAreTold_data();
+    void gapsAreTold();
+    void staysInItsRectangle();
+    void viewerIsNotKeptWaiting();
+    void answersOfServers_data();
+    void answersOfServers();
+    void serverIsAskedPolitely();
+    void tilesAreKeptOnDisk();
+    void whatLeftTheViewIsGivenUp();
+    void silentServerEndsWithTheTime();
+    void storeForgetsTheOldest();
+
+private:
+    QString path(const QString &name) const { return m_dir->filePath(name); }
+    QString writeFolder(const KRTileKeyList &keys, int side = 256) const;
+    static KRMapGaps paintWhole(const QString &source, const KRMapProjection &projection, QImage *picture,
+                                double factor = 1.0, int timeLimitMs = longTimeMs);
+
+    QTemporaryDir m_lastingDir;
+    QString m_worldFile; ///< levels 0 to 5 as MBTiles
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+void tst_KRTileGround::initTestCase()
+{
+    m_worldFile = m_lastingDir.filePath(QStringLiteral("world.mbtiles"));
+    KRTestTiles::writeMbtiles(m_worldFile, KRTestTiles::pyramid(0, 5), {}, 64);
+}
+
+void tst_KRTileGround::init()
+{
+    m_dir = std::make_unique<QTemporaryDir>();
+    QDir(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/tiles"))
+        .removeRecursively();
+}
+
+QString tst_KRTileGround::writeFolder(const KRTileKeyList &keys, int side) const
+{
+    KRTestTiles::writeFolder(path(QStringLiteral("tiles")), keys, side);
+    return path(QStringLiteral("tiles"));
+}
+
+KRMapGaps tst_KRTileGround::paintWhole(const QString &source, const KRMapProjection &projection, QImage *picture,
+                                       double factor, int timeLimitMs)
+{
+    picture->fill(Qt::magenta);
+    KRTileGround ground(source);
+    QPainter painter(picture);
+    return ground.paintWhole(&painter, picture->size(), projection, factor, timeLimitMs);
+}
+
+void tst_KRTileGround::tilesLieInTheirPlaces_data()
+{
+    QTest::addColumn<QList<double>>("area"); // south, north, west, east
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<double>("factor");
+    QTest::newRow("world") << QList<double>{-80, 80, -180, 180} << QSize(800, 600) << 1.0;
+    QTest::newRow("several worlds") << QList<double>{-80, 80, -180, 180} << QSize(1500, 300) << 1.0;
+    QTest::newRow("across the date line") << QList<double>{-40, 10, 150, -150} << QSize(700, 900) << 1.0;
+    QTest::newRow("far north") << QList<double>{70, 84, -20, 50} << QSize(500, 700) << 1.0;
+    QTest::newRow("dense screen") << QList<double>{40, 60, 0, 20} << QSize(900, 700) << 2.0;
+    QTest::newRow("larger than one piece") << QList<double>{30, 70, -20, 40} << QSize(2500, 1400) << 1.0;
+    QTest::newRow("finer than the source") << QList<double>{50, 51, 8, 9} << QSize(500, 500) << 1.0;
+}
+
+void tst_KRTileGround::tilesLieInTheirPlaces()
+{
+    QFETCH(QList<double>, area);
+    QFETCH(QSize, size);
+    QFETCH(double, factor);
+    const KRGeoPositionRect rect(KRLatitudeRange(area.at(0), area.at(1)), KRLongitudeRange(area.at(2), area.at(3)));
+    const KRMapProjection projection(rect, size);
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    QCOMPARE(paintWhole(m_worldFile, projection, &picture, factor).count, 0);
+
+    // Every place shows the colour of its tile, all of one level, or a mixture at the borders of tiles.
+    QHash<int, int> levels;
+    int beyond = 0;
+    int count = 0;
+    for (int y = 3; y < size.height(); y += 17) {
+        for (int x = 3; x < size.width(); x += 17) {
+            const KRGeoPosition position = projection.convert(QPoint(x, y));
+            const double latitude = position.latitude().decimalDegrees();
+            const QColor pixel = picture.pixelColor(x, y);
+            if (qAbs(latitude) > 85.0) {
+                ++beyond;
+                QVERIFY(pixel == KRMapGround::paperColor || qAbs(latitude) < 85.1);
+                continue;
+            }
+            ++levels[KRTestTiles::zoomOf(pixel, latitude, position.longitude().decimalDegrees(), 5)];
+            ++count;
+        }
+    }
+    QVERIFY(count > 500 || beyond > 0);
+    QCOMPARE(levels.value(-1) * 10 < count, true);
+    levels.remove(-1);
+    QCOMPARE(levels.size(), 1);
+}
+
+void tst_KRTileGround::levelSuitsThePicture_data()
+{
+    QTest::addColumn<int>("tileSide");
+    QTest::addColumn<double>("worldSize"); // pixels
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("tiles in their own size") << 256 << 256.0 * 16 << 1.0 << 4;
+    QTest::newRow("a little enlarged") << 256 << 256.0 * 16 * 1.2 << 1.0 << 4;
+    QTest::newRow("reduced rather than much enlarged") << 256 << 256.0 * 16 * 1.3 << 1.0 << 5;
+    QTest::newRow("large tiles are for dense screens") << 512 << 512.0 * 16 << 2.0 << 4;
+    QTest::newRow("large tiles, normal screen: the letters count") << 512 << 256.0 * 16 << 1.0 << 4;
+    QTest::newRow("small tiles, dense screen: half-way") << 256 << 256.0 * 16 * 1.4142 << 2.0 << 4;
+    QTest::newRow("no finer tiles") << 256 << 256.0 * 512 << 1.0 << 6;
+}
+
+void tst_KRTileGround::levelSuitsThePicture()
+{
+    QFETCH(int, tileSide);
+    QFETCH(double, worldSize);
+    QFETCH(double, factor);
+    QFETCH(int, expected);
+    KRTileKeyList keys;
+    for (int zoom = 3; zoom <= 6; ++zoom) {
+        const KRTileKey key = KRTestTiles::keyAt(zoom, 10.0, 8.0);
+        for (int x = key.x - 1; x <= key.x + 3; ++x) {
+            for (int y = key.y - 1; y <= key.y + 1; ++y)
+                keys.append({zoom, x, y});
+        }
+    }
+    const QString source = writeFolder(keys, tileSide);
+    const QSize size(300, 200);
+    const double width = 360.0 * size.width() / worldSize;
+    const KRMapProjection projection(
+        KRGeoPositionRect(KRLatitudeRange(10.0, 10.01), KRLongitudeRange(8.0, 8.0 + width)), size);
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    paintWhole(source, projection, &picture, factor);
+    int zoom = -1;
+    for (int x = 40; zoom < 0 && x < 260; x += 31) {
+        const KRGeoPosition position = projection.convert(QPoint(x, 77));
+        zoom = KRTestTiles::zoomOf(picture.pixelColor(x, 77), position.latitude().decimalDegrees(),
+                                   position.longitude().decimalDegrees(), 6);
+    }
+    QCOMPARE(zoom, expected);
+}
+
+void tst_KRTileGround::noSeamsBetweenTiles()
+{
+    // All tiles alike: nothing else may show between them, nor between the pieces of a large picture.
+    const QString source = path(QStringLiteral("tiles"));
+    for (const KRTileKey &key : KRTestTiles::pyramid(0, 4))
+        KRTestTiles::writeFile(QStringLiteral("%1/%2/%3/%4.png").arg(source).arg(key.zoom).arg(key.x).arg(key.y),
+                               KRTestTiles::picture({3, 1, 1}, 64));
+    QImage picture(2101, 1303, QImage::Format_RGB32);
+    const KRMapProjection projection(KRGeoPositionRect(KRLatitudeRange(-60, 70), KRLongitudeRange(-170, 170)),
+                                     picture.size());
+    paintWhole(source, projection, &picture, 1.37);
+    QSet<QRgb> colors;
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto *const line = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        colors += QSet<QRgb>(line, line + picture.width());
+    }
+    QCOMPARE(colors, QSet<QRgb>{KRTestTiles::color({3, 1, 1}).rgb()});
+}
+
+void tst_KRTileGround::coarserTilesStandIn()
+{
+    KRTileKeyList keys = KRTestTiles::pyramid(0, 2);
+    const KRTileKey there = KRTestTiles::keyAt(8, 53.15, 8.1);
+    keys << there;
+    QImage picture(700, 500, QImage::Format_RGB32);
+    const KRMapProjection projection(KRGeoPositionRect(KRLatitudeRange(52.5, 53.8), KRLongitudeRange(7.0, 9.5)),
+                                     picture.size());
+    QCOMPARE(paintWhole(writeFolder(keys), projection, &picture).count, 0);
+    const QPointF inside = projection.getPixelCoordinateByMapCoordinate(53.15, 8.1);
+    QCOMPARE(picture.pixelColor(inside.toPoint()), KRTestTiles::color(there));
+    QCOMPARE(picture.pixelColor(690, 10), KRTestTiles::color(KRTestTiles::keyAt(2, 53.8, 9.5)));
+}
+
+void tst_KRTileGround::gapsAreTold_data()
+{
+    QTest::addColumn<KRTileKeyList>("keys");
+    QTest::addColumn<QByteArray>("broken"); // the tile 5/16/10
+    QTest::addColumn<bool>("isWhole");
+    QTest::addColumn<QString>("word");
+    const KRTileKey middle{5, 16, 10};
+    KRTileKeyList all = KRTestTiles::pyramid(5, 5);
+    all.removeOne(middle);
+    QTest::newRow("all there") << all << KRTestTiles::picture(middle) << true << "";
+    QTest::newRow("one damaged") << all << KRTestTiles::picture(middle).left(30) << false << "Kachel";
+    QTest::newRow("one of another kind") << all << QByteArray("<html>") << false << "weder";
+    QTest::newRow("nothing there") << KRTileKeyList{{5, 0, 0}} << QByteArray() << false << "keine Kacheln";
+}
+
+void tst_KRTileGround::gapsAreTold()
+{
+    QFETCH(KRTileKeyList, keys);
+    QFETCH(QByteArray, broken);
+    QFETCH(bool, isWhole);
+    QFETCH(QString, word);
+    const QString source = writeFolder(keys, 16);
+    if (!broken.isEmpty())
+        KRTestTiles::writeFile(source + QStringLiteral("/5/16/10.png"), broken);
+    QImage picture(700, 500, QImage::Format_RGB32);
+    const KRMapProjection projection(KRGeoPositionRect(KRLatitudeRange(40, 60), KRLongitudeRange(-5, 20)),
+                                     picture.size());
+    const KRMapGaps gaps = paintWhole(source, projection, &picture);
+    QCOMPARE(gaps.count == 0, isWhole);
+    QVERIFY2(gaps.reason.contains(word) && gaps.reason.isEmpty() == isWhole, qPrintable(gaps.reason));
+    const KRGeoPosition inMiddle(55.0, 5.0);
+    const QColor expected = isWhole ? KRTestTiles::color({5, 16, 10}) : KRMapGround::paperColor;
+    QCOMPARE(picture.pixelColor(projection.projectate(inMiddle).toPoint()), expected);
+}
+
+void tst_KRTileGround::staysInItsRectangle()
+{
+    KRTileGround ground(writeFolder(KRTestTiles::pyramid(0, 3), 32));
+    QImage image(400, 300, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    const QSize size(250, 200);
+    QPainter painter(&image);
+    painter.translate(20, 30);
+    ground.paintWhole(&painter, size,
+                      KRMapProjection(KRGeoPositionRect(KRLatitudeRange(-89, 89), KRLongitudeRange(-170, 170)), size),
+                      1.0, longTimeMs);
+    painter.end();
+    const QRect rectangle(QPoint(20, 30), size);
+    int wrong = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            wrong += (image.pixelColor(x, y) == QColor(Qt::magenta)) == rectangle.contains(x, y);
+    }
+    QCOMPARE(wrong, 0);
+}
+
+void tst_KRTileGround::viewerIsNotKeptWaiting()
+{
+    KRTestTileServer server([](const KRTileKey &key, int) { return good(key, 150); });
+    KRTileGround ground(server.address());
+    QSignalSpy changes(&ground, &KRMapGround::changed);
+    QImage picture(400, 300, QImage::Format_RGB32);
+    const KRMapProjection projection = cityProjection(picture.size());
+    const auto paint = [&] {
+        QPainter painter(&picture);
+        ground.paint(&painter, picture.size(), projection, 1.0);
+    };
+    QElapsedTimer timer;
+    timer.start();
+    paint();
+    QVERIFY(timer.elapsed() < 100);
+    QCOMPARE(picture.pixelColor(200, 150), KRMapGround::paperColor);
+
+    // The view paints anew whenever something came.
+    const auto isPainted = [&] {
+        if (changes.count() > 0) {
+            changes.clear();
+            paint();
+        }
+        const KRGeoPosition middle = projection.convert(QPoint(200, 150));
+        return KRTestTiles::zoomOf(picture.pixelColor(200, 150), middle.latitude().decimalDegrees(),
+                                   middle.longitude().decimalDegrees(), 19)
+               > 0;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isPainted(), longTimeMs);
+    QVERIFY(ground.problem().isEmpty());
+}
+
+void tst_KRTileGround::answersOfServers_data()
+{
+    using Function = KRTestTileServer::Function;
+    QTest::addColumn<Function>("function");
+    QTest::addColumn<bool>("isWhole");
+    QTest::addColumn<QString>("word"); // of the reason of the gaps
+    QTest::addColumn<int>("mostRequests"); // for one tile
+    const auto status = [](int code, const QByteArray &headers = QByteArray()) {
+        return Function([=](const KRTileKey &, int) { return Answer{code, headers, "sorry", 0}; });
+    };
+    const auto atFirst = [](int code, const QByteArray &headers) {
+        return Function([=](const KRTileKey &key, int attempt) {
+            return attempt == 1 ? Answer{code, headers, "", 0} : good(key);
+        });
+    };
+    QTest::newRow("all well") << Function([](const KRTileKey &key, int) { return good(key); }) << true << "" << 1;
+    QTest::newRow("no fine tiles") << Function([](const KRTileKey &key, int) {
+        return key.zoom > 5 ? Answer{404, "", "", 0} : good(key);
+    }) << true << "" << 1;
+    QTest::newRow("no tile at all") << status(404) << false << "keine Kacheln" << 1;
+    QTest::newRow("forbidden") << status(403) << false << "403" << 1;
+    QTest::newRow("trouble at first") << atFirst(500, "") << true << "" << 2;
+    QTest::newRow("trouble for good") << status(500) << false << "500" << 3;
+    QTest::newRow("too many requests at first") << atFirst(429, "Retry-After: 1\r\n") << true << "" << 2;
+    QTest::newRow("overloaded for good") << status(503) << false << "503" << 8;
+    QTest::newRow("a web page instead") << status(200) << false << "weder" << 1;
+    QTest::newRow("a body without end") << Function([](const KRTileKey &, int) {
+        return Answer{200, "", QByteArray(20 << 20, 'x'), 0};
+    }) << false << "groß" << 1;
+    QTest::newRow("round in circles") << status(302, "Location: /1/1/1.png\r\n") << false << "" << 40;
+}
+
+void tst_KRTileGround::answersOfServers()
+{
+    QFETCH(KRTestTileServer::Function, function);
+    QFETCH(bool, isWhole);
+    QFETCH(QString, word);
+    QFETCH(int, mostRequests);
+    KRTestTileServer server(function);
+    QImage picture(200, 150, QImage::Format_RGB32);
+    const KRMapGaps gaps = paintWhole(server.address(), cityProjection(picture.size()), &picture);
+    QCOMPARE(gaps.count == 0, isWhole);
+    QVERIFY2(gaps.reason.contains(word) && gaps.reason.isEmpty() == isWhole, qPrintable(gaps.reason));
+    QCOMPARE(picture.pixelColor(100, 75) == KRMapGround::paperColor, !isWhole);
+    for (int zoom = 0; zoom < 20; ++zoom)
+        QVERIFY(server.countOfRequests(KRTestTiles::keyAt(zoom, 53.15, 8.25)) <= mostRequests);
+}
+
+void tst_KRTileGround::serverIsAskedPolitely()
+{
+    KRTestTileServer server([](const KRTileKey &key, int) { return good(key, 20); });
+    {
+        const KRTileGround unused(server.address());
+        QTest::qWait(200);
+    }
+    QCOMPARE(server.countOfRequests(), 0);
+
+    QImage picture(1200, 900, QImage::Format_RGB32);
+    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &picture).count, 0);
+    QVERIFY(server.countOfRequests() > 15);
+    QVERIFY(server.mostAtOnce() <= 4);
+    QVERIFY(server.lastRequest().contains("\r\nUser-Agent: KRTests/"));
+    QVERIFY(!server.lastRequest().contains("Mozilla"));
+}
+
+void tst_KRTileGround::tilesAreKeptOnDisk()
+{
+    KRTestTileServer server([](const KRTileKey &key, int) {
+        Answer answer = good(key);
+        answer.headers = "Cache-Control: max-age=3600\r\nDate: "
+                         + QLocale::c()
+                               .toString(QDateTime::currentDateTimeUtc(), QStringLiteral("ddd, dd MMM yyyy hh:mm:ss"))
+                               .toLatin1()
+                         + " GMT\r\n";
+        return answer;
+    });
+    QImage picture(400, 300, QImage::Format_RGB32);
+    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &picture).count, 0);
+    const int count = server.countOfRequests();
+    QVERIFY(count > 0);
+    QImage again(picture.size(), picture.format());
+    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &again).count, 0);
+    QCOMPARE(server.countOfRequests(), count);
+    QCOMPARE(again, picture);
+}
+
+void tst_KRTileGround::whatLeftTheViewIsGivenUp()
+{
+    KRTestTileServer server([](const KRTileKey &key, int) { return good(key, 100); });
+    KRTileGround ground(server.address());
+    QImage picture(1200, 900, QImage::Format_RGB32);
+    const auto paint = [&](double west) {
+        const KRGeoPositionRect area(KRLatitudeRange(50.0, 50.1), KRLongitudeRange(west, west + 0.2));
+        QPainter painter(&picture);
+        ground.paint(&painter, picture.size(), KRMapProjection(area, picture.size()), 1.0);
+    };
+    paint(8.0);
+    QSignalSpy changes(&ground, &KRMapGround::changed);
+    QVERIFY(changes.wait(longTimeMs)); // the source was opened
+    for (int i = 0; i < 10; ++i) {
+        paint(8.0 + 5.0 * i);
+        QTest::qWait(30);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(changes.wait(600), false, longTimeMs);
+    // Ten pictures have some 300 tiles; those of the last one, and few of those before, were asked for.
+    QVERIFY2(server.countOfRequests() < 100, qPrintable(QString::number(server.countOfRequests())));
+    QVERIFY(server.countOfRequests() > 20);
+}
+
+void tst_KRTileGround::silentServerEndsWithTheTime()
+{
+    KRTestTileServer server([](const KRTileKey &, int) { return Answer{200, "", "", -1}; });
+    QImage picture(200, 150, QImage::Format_RGB32);
+    QElapsedTimer timer;
+    timer.start();
+    const KRMapGaps gaps = paintWhole(server.address(), cityProjection(picture.size()), &picture, 1.0, 500);
+    QVERIFY(gaps.count > 0);
+    QVERIFY(!gaps.reason.isEmpty());
+    QVERIFY(timer.elapsed() >= 450 && timer.elapsed() < 5000);
+}
+
+void tst_KRTileGround::storeForgetsTheOldest()
+{
+    KRTileStore store(1000); // three tiles and a bit
+    QImage tile(256, 256, QImage::Format_ARGB32_Premultiplied);
+    tile.fill(Qt::red);
+    for (int x = 0; x < 3; ++x)
+        store.insert({4, x, 0}, tile);
+    QCOMPARE(store.find({4, 0, 0}).state, KRTileStore::Here); // and so the youngest
+    store.insert({4, 3, 0}, tile);
+    QCOMPARE(store.find({4, 0, 0}).state, KRTileStore::Here);
+    QCOMPARE(store.find({4, 1, 0}).state, KRTileStore::Unknown);
+
+    store.setFailed({4, 5, 5}, QStringLiteral("reason"), 30);
+    QCOMPARE(store.find({4, 5, 5}).state, KRTileStore::Failed);
+    QTRY_COMPARE(store.find({4, 5, 5}).state, KRTileStore::Unknown);
+}
+
+static const KRTestRegistration<tst_KRTileGround> registration;
+
+#include "tst_KRTileGround.moc"
