@@ -1,0 +1,294 @@
+#include <KRTrackListView.h>
+
+#include <KRGeoLocation/KRGPXTrackListModel.h>
+#include <KRGeoLocation/KRGPXTrackMultiFunctionDelegateWidget.h>
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+
+#include "KRTestRegistry.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QtTest>
+
+#include <memory>
+
+using RowWidget = KRGPXTrackMultiFunctionDelegateWidget;
+
+class tst_KRTrackListView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void isUsedByKeys();
+    void movesTracksByKeys();
+    void movesTracksByDragging_data();
+    void movesTracksByDragging();
+    void leavesOtherDropsToTheWindow();
+    void keepsTheCurrentTrack();
+    void opensContextMenus();
+    void opensOnlyRowsNearby();
+    void sparesFocusedAndBlinkingRows();
+    void leadsByTabToTheButtonsOfTheCurrentRow();
+    void showsTheCurrentRow();
+
+private:
+    void fill(int count);
+    QString names() const;
+    RowWidget *rowWidget(int row) const;
+    int openRows() const { return m_view->viewport()->findChildren<RowWidget *>().count(); }
+    QPoint positionIn(int row, double part) const;
+
+    std::unique_ptr<KRGPXTrackListModel> m_model;
+    std::unique_ptr<KRTrackListView> m_view;
+};
+
+void tst_KRTrackListView::init()
+{
+    m_model = std::make_unique<KRGPXTrackListModel>();
+    m_view = std::make_unique<KRTrackListView>(m_model.get());
+    m_view->resize(300, 400);
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+    m_view->setFocus();
+}
+
+void tst_KRTrackListView::cleanup()
+{
+    m_view.reset();
+    m_model.reset();
+}
+
+void tst_KRTrackListView::fill(int count)
+{
+    KRGPXConfiguredTrackList tracks;
+    for (int number = 0; number < count; ++number) {
+        const QString name = count <= 26 ? QString(QChar('A' + number)) : QStringLiteral("Track %1").arg(number);
+        tracks +=
+            KRGPXConfiguredTrack(KRGPXTrack(name, QString(), {}, LineStringTrackShape), KRGPXTrackConfiguration());
+    }
+    m_model->setSelection(KRGPXTrackSelection(tracks));
+    QTRY_VERIFY(rowWidget(0) != nullptr); // as soon as it has been painted
+}
+
+QString tst_KRTrackListView::names() const
+{
+    QString names;
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        names += m_model->trackAt(row).name();
+    return names;
+}
+
+RowWidget *tst_KRTrackListView::rowWidget(int row) const
+{
+    return qobject_cast<RowWidget *>(m_view->indexWidget(m_model->index(row, 0)));
+}
+
+/// In the text of a row; 0 is its upper, 1 its lower edge.
+QPoint tst_KRTrackListView::positionIn(int row, double part) const
+{
+    const QRect rect = m_view->visualRect(m_model->index(row, 0));
+    return QPoint(rect.left() + 20, rect.top() + qRound(part * (rect.height() - 1)));
+}
+
+void tst_KRTrackListView::isUsedByKeys()
+{
+    fill(5);
+    QSignalSpy current(m_view.get(), &KRTrackListView::currentTrackChanged);
+    QSignalSpy edits(m_view.get(), &KRTrackListView::editRequested);
+    QSignalSpy zooms(m_view.get(), &KRTrackListView::zoomRequested);
+    QSignalSpy deletions(m_view.get(), &KRTrackListView::deleteRequested);
+    QTest::keyClick(m_view.get(), Qt::Key_Delete); // nothing is current yet
+    QVERIFY(deletions.isEmpty());
+    QTest::keyClick(m_view.get(), Qt::Key_Down);
+    QTest::keyClick(m_view.get(), Qt::Key_Down);
+    QTest::keyClick(m_view.get(), Qt::Key_Return);
+    QTest::keyClick(m_view.get(), Qt::Key_Space);
+    QTest::keyClick(m_view.get(), Qt::Key_Delete);
+    QTest::keyClicks(m_view.get(), QStringLiteral("d"));
+    QCOMPARE(edits, QList<QList<QVariant>>{{1}});
+    QCOMPARE(zooms, QList<QList<QVariant>>{{1}});
+    QCOMPARE(deletions, QList<QList<QVariant>>{{1}});
+    QCOMPARE(m_view->currentTrack(), 3);
+    QCOMPARE(current.last().first().toInt(), 3);
+    QTest::mouseClick(rowWidget(2), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10));
+    QCOMPARE(m_view->currentTrack(), 2);
+    QTest::mouseDClick(rowWidget(4), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10));
+    QCOMPARE(zooms.last().first().toInt(), 4);
+}
+
+void tst_KRTrackListView::movesTracksByKeys()
+{
+    fill(4);
+    m_view->selectTrack(0);
+    QTest::keyClick(m_view.get(), Qt::Key_Up, Qt::AltModifier); // it is the first already
+    QCOMPARE(names(), QStringLiteral("ABCD"));
+    QTest::keyClick(m_view.get(), Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(m_view.get(), Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(names(), QStringLiteral("BCAD"));
+    QCOMPARE(m_view->currentTrack(), 2);
+    QTest::keyClick(m_view.get(), Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(names(), QStringLiteral("BACD"));
+    QCOMPARE(m_view->currentTrack(), 1);
+}
+
+void tst_KRTrackListView::movesTracksByDragging_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("targetRow");
+    QTest::addColumn<double>("part");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("down, above a row") << 0 << 3 << 0.2 << "BCADE";
+    QTest::newRow("down, below a row") << 0 << 3 << 0.8 << "BCDAE";
+    QTest::newRow("up, above a row") << 4 << 1 << 0.2 << "AEBCD";
+    QTest::newRow("up, below a row") << 4 << 1 << 0.8 << "ABECD";
+    QTest::newRow("onto itself") << 2 << 2 << 0.9 << "ABCDE";
+    QTest::newRow("below all rows") << 1 << 4 << 3.0 << "ACDEB";
+}
+
+void tst_KRTrackListView::movesTracksByDragging()
+{
+    QFETCH(int, row);
+    QFETCH(int, targetRow);
+    QFETCH(double, part);
+    fill(5);
+    // A real drag needs a window system; this is what it ends with.
+    QTest::mouseClick(rowWidget(row), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10));
+    m_view->dropCurrentTrack(positionIn(targetRow, part));
+    QTEST(names(), "expected");
+    QCOMPARE(m_model->trackAt(m_view->currentTrack()).name(), QString(QChar('A' + row)));
+}
+
+void tst_KRTrackListView::leavesOtherDropsToTheWindow()
+{
+    fill(3);
+    m_view->selectTrack(0);
+    const std::unique_ptr<QMimeData> data(m_model->mimeData({m_model->index(0, 0)})); // of another program
+    data->setUrls({QUrl::fromLocalFile(QStringLiteral("/a.gpx"))});
+    const QPoint position = positionIn(2, 0.8);
+    QDragEnterEvent enter(position, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_view->viewport(), &enter);
+    QVERIFY(!enter.isAccepted());
+    QDragMoveEvent move(position, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_view->viewport(), &move);
+    QVERIFY(!move.isAccepted());
+    QDropEvent drop(position, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_view->viewport(), &drop);
+    QVERIFY(!drop.isAccepted());
+    QCOMPARE(names(), QStringLiteral("ABC"));
+}
+
+void tst_KRTrackListView::keepsTheCurrentTrack()
+{
+    fill(5);
+    m_view->selectTrack(2); // C
+    m_model->moveTrack(0, 4); // as when a move is undone
+    QCOMPARE(m_view->currentTrack(), 1);
+    m_model->moveTrack(1, 0);
+    QCOMPARE(m_view->currentTrack(), 0);
+    KRGPXTrackConfiguration configuration = m_model->trackAt(0).configuration();
+    configuration.setLineColor(Qt::red);
+    m_model->setConfiguration(0, configuration);
+    m_model->moveTrack(0, 3);
+    QCOMPARE(m_view->currentTrack(), 3); // BDECA
+    m_model->remove(m_model->index(0, 0));
+    QCOMPARE(m_view->currentTrack(), 2);
+    m_model->remove(m_model->index(2, 0));
+    QCOMPARE(m_view->currentTrack(), 2); // the next one, A
+    m_model->remove(m_model->index(2, 0));
+    QCOMPARE(m_view->currentTrack(), 1);
+    m_model->setSelection(KRGPXTrackSelection());
+    QCOMPARE(m_view->currentTrack(), -1);
+    fill(3);
+    QCOMPARE(m_view->currentTrack(), -1);
+}
+
+void tst_KRTrackListView::opensContextMenus()
+{
+    fill(3);
+    m_view->selectTrack(1);
+    QSignalSpy menus(m_view.get(), &KRTrackListView::contextMenuRequested);
+    QWidget *const label = rowWidget(2)->childAt(20, 10);
+    QContextMenuEvent onRow(QContextMenuEvent::Mouse, QPoint(3, 3), label->mapToGlobal(QPoint(3, 3)));
+    QApplication::sendEvent(label, &onRow);
+    const QPoint beside = positionIn(2, 3.0);
+    QContextMenuEvent besideRows(QContextMenuEvent::Mouse, beside, m_view->viewport()->mapToGlobal(beside));
+    QApplication::sendEvent(m_view->viewport(), &besideRows);
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(m_view->viewport(), &byKey);
+    QCOMPARE(menus.count(), 3);
+    QCOMPARE(menus.at(0).first().toInt(), 2);
+    QCOMPARE(menus.at(1).first().toInt(), -1);
+    QCOMPARE(menus.at(2).first().toInt(), 1);
+    QCOMPARE(menus.at(2).last().toPoint(), rowWidget(1)->mapToGlobal(rowWidget(1)->rect().center()));
+}
+
+void tst_KRTrackListView::opensOnlyRowsNearby()
+{
+    fill(10000);
+    const int rowsPerPage = m_view->viewport()->height() / rowWidget(0)->height() + 2;
+    for (int value = 0; value < m_view->verticalScrollBar()->maximum(); value += m_view->viewport()->height() * 40) {
+        m_view->verticalScrollBar()->setValue(value);
+        QCoreApplication::processEvents();
+    }
+    m_view->selectTrack(5);
+    QTest::keyClick(m_view.get(), Qt::Key_End);
+    QTRY_VERIFY(rowWidget(9999) != nullptr);
+    QTRY_VERIFY(rowWidget(0) == nullptr);
+    QVERIFY(openRows() <= 3 * rowsPerPage);
+}
+
+void tst_KRTrackListView::sparesFocusedAndBlinkingRows()
+{
+    fill(1000);
+    m_view->selectTrack(0);
+    rowWidget(0)->findChild<QToolButton *>()->setFocus();
+    m_view->blinkTrack(500);
+    QVERIFY(m_view->viewport()->rect().intersects(m_view->visualRect(m_model->index(500, 0))));
+    QVERIFY(rowWidget(500)->isBlinking());
+    m_view->verticalScrollBar()->setValue(m_view->verticalScrollBar()->maximum());
+    QTRY_VERIFY(rowWidget(999) != nullptr);
+    QTest::qWait(20);
+    QVERIFY(rowWidget(0) != nullptr);
+    QVERIFY(rowWidget(500) != nullptr);
+    m_view->setFocus();
+    QTRY_VERIFY_WITH_TIMEOUT(!rowWidget(500)->isBlinking(), 3000);
+    m_view->verticalScrollBar()->setValue(m_view->verticalScrollBar()->maximum() - 1);
+    QTRY_VERIFY(rowWidget(0) == nullptr && rowWidget(500) == nullptr);
+    m_view->blinkTrack(-1);
+    m_view->blinkTrack(1000);
+}
+
+void tst_KRTrackListView::leadsByTabToTheButtonsOfTheCurrentRow()
+{
+    fill(5);
+    m_view->selectTrack(1);
+    m_view->selectTrack(3);
+    QSignalSpy marks(m_view.get(), &KRTrackListView::markRequested);
+    for (int number = 0; number < 4; ++number)
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QCOMPARE(marks, QList<QList<QVariant>>{{3}});
+}
+
+void tst_KRTrackListView::showsTheCurrentRow()
+{
+    const auto colorOf = [this](int row) {
+        return m_view->viewport()->grab().toImage().pixelColor(positionIn(row, 0.1) + QPoint(100, 0));
+    };
+    fill(2);
+    const QColor usual = colorOf(1);
+    m_view->selectTrack(1);
+    QVERIFY(colorOf(1) != usual);
+    QCOMPARE(colorOf(0), usual);
+}
+
+static const KRTestRegistration<tst_KRTrackListView> registration;
+
+#include "tst_KRTrackListView.moc"
