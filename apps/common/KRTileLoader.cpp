@@ -62,6 +62,8 @@ void KRTileLoader::work()
     const KRTileKeyList wishes = allWishes();
     dropUnwished(wishes);
     if (!m_pauseEnd.hasExpired()) {
+        if (m_pauses >= patience)
+            giveUp(wishes);
         wakeUpIn(m_pauseEnd.remainingTime());
         return;
     }
@@ -194,12 +196,14 @@ void KRTileLoader::pause(const KRTileAnswer &answer)
     wakeUpIn(waitMs);
     m_store->setProblem(answer.reason);
     ++m_pauses;
-    if (m_pauses < patience)
-        return;
-    const KRTileKeyList wishes = allWishes();
+}
+
+void KRTileLoader::giveUp(const KRTileKeyList &wishes)
+{
+    const QString reason = m_store->problem();
     for (const KRTileKey &key : wishes) {
         if (isToBeAsked(key))
-            m_store->setFailed(key, answer.reason, waitMs);
+            m_store->setFailed(key, reason, int(m_pauseEnd.remainingTime()));
     }
 }
 

@@ -52,6 +52,7 @@ private:
     void takePicture(const KRTileKey &key, const QByteArray &bytes);
     void tryLater(const KRTileKey &key, const KRTileAnswer &answer);
     void pause(const KRTileAnswer &answer);
+    void giveUp(const KRTileKeyList &wishes);
     void wakeUpForRetries(const KRTileKeyList &wishes);
     void wakeUpIn(qint64 ms);
 

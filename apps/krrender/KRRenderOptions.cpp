@@ -75,6 +75,13 @@ constexpr OptionText optionTexts[] = {
     {"render", "NAME", QT_TRANSLATE_NOOP("KRRenderOptions", "Zeichenart: styled, opaque oder halo.")},
     {"crop", "OPACITY", QT_TRANSLATE_NOOP("KRRenderOptions", "Deckkraft der Karte außerhalb der Routen, 0 bis 255.")},
     {"map", "FILE", QT_TRANSLATE_NOOP("KRRenderOptions", "Ein Bild als Karte des Ausschnitts.")},
+    {"tiles", "SOURCE",
+     QT_TRANSLATE_NOOP(
+         "KRRenderOptions",
+         "Eine Karte aus Kacheln: eine MBTiles-Datei, ein Ordner mit Stufe/Spalte/Zeile oder eine Adresse "
+         "mit {z}, {x} und {y}. Nur mit einer Adresse wird etwas aus dem Netz geladen.")},
+    {"tiles-credit", "TEXT",
+     QT_TRANSLATE_NOOP("KRRenderOptions", "Quellenangabe der Kacheln, anstatt der in der MBTiles-Datei.")},
     {"no-map", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Keine Karte, durchsichtiger Grund.")},
     {"no-scale-bar", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Kein Maßstab auf der Karte.")},
     {"no-attribution", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Keine Quellenangabe auf der Karte.")},
@@ -271,12 +278,19 @@ void KRRenderOptions::readGround(const QCommandLineParser &parser)
             complain(tr("--crop: „%1“ ist keine Deckkraft von 0 bis 255.").arg(text));
     }
     const bool hasPicture = parser.isSet(QStringLiteral("map"));
+    const bool hasTiles = parser.isSet(QStringLiteral("tiles"));
     const bool hasNone = parser.isSet(QStringLiteral("no-map"));
-    if (hasPicture && hasNone)
-        complain(tr("--map und --no-map schließen einander aus."));
+    if (int(hasPicture) + int(hasTiles) + int(hasNone) > 1)
+        complain(tr("--map, --tiles und --no-map schließen einander aus."));
+    if (parser.isSet(QStringLiteral("tiles-credit")) && !hasTiles)
+        complain(tr("--tiles-credit braucht --tiles."));
     m_mapFile = parser.value(QStringLiteral("map"));
+    m_tiles = parser.value(QStringLiteral("tiles"));
+    m_tilesCredit = parser.value(QStringLiteral("tiles-credit")).simplified();
     if (hasPicture)
         m_ground = Ground::Picture;
+    else if (hasTiles)
+        m_ground = Ground::Tiles;
     else if (hasNone)
         m_ground = Ground::None;
 }
@@ -321,7 +335,7 @@ void KRRenderOptions::readFormat(const QCommandLineParser &parser)
 
 void KRRenderOptions::protectInputs()
 {
-    const QStringList read = m_inputs + QStringList(m_mapFile);
+    const QStringList read = m_inputs + QStringList{m_mapFile, m_tiles};
     for (const QString &input : read) {
         // A document may be saved over itself.
         const bool isDocument = KRRouteDocument::isDocument(QFileInfo(input));

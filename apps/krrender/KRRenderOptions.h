@@ -36,6 +36,7 @@ public:
     enum class Ground {
         BaseMap,
         Picture,
+        Tiles,
         None,
     };
 
@@ -78,6 +79,10 @@ public:
     std::optional<int> croppingOpacity() const { return m_croppingOpacity; }
     Ground ground() const { return m_ground; }
     QString mapFile() const { return m_mapFile; }
+    /// As KRTileSource::open() takes it.
+    QString tiles() const { return m_tiles; }
+    /// Empty where the tiles' own is good enough.
+    QString tilesCredit() const { return m_tilesCredit; }
     bool hasScaleBar() const { return m_hasScaleBar; }
     bool hasAttribution() const { return m_hasAttribution; }
     bool isQuiet() const { return m_isQuiet; }
@@ -116,6 +121,8 @@ private:
     std::optional<int> m_croppingOpacity;
     Ground m_ground = Ground::BaseMap;
     QString m_mapFile;
+    QString m_tiles;
+    QString m_tilesCredit;
     bool m_hasScaleBar = true;
     bool m_hasAttribution = true;
     bool m_isQuiet = false;

@@ -4,9 +4,11 @@
 #include "KRExchangeFile.h"
 #include "KRMapArea.h"
 #include "KRMapComposition.h"
+#include "KRPatientGround.h"
 #include "KRPictureFile.h"
 #include "KRPictureGround.h"
 #include "KRRouteDocument.h"
+#include "KRTileGround.h"
 #include "KRTrackPalette.h"
 #include "KRTrackTable.h"
 
@@ -27,6 +29,7 @@
 namespace {
 
 constexpr qint64 largestPictureBytes = qint64(1) << 30;
+constexpr int tilesTimeLimitMs = 60000;
 
 bool writeToStandardOutput(const QByteArray &bytes)
 {
@@ -224,16 +227,21 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     QElapsedTimer timer;
     timer.start();
     showProgress(tr("Die Karte wird gezeichnet"));
-    KRMapComposition composition(tracks, area, m_options.size().value_or(mapPicture.size()), m_options.scale());
     const std::unique_ptr<KRMapGround> ground = createGround(mapPicture, area);
-    composition.setGround(ground.get());
+    if (ground == nullptr && m_options.ground() != KRRenderOptions::Ground::None)
+        return SomethingLeftOut;
+    KRPatientGround patientGround(ground.get(), tilesTimeLimitMs);
+    KRMapComposition composition(tracks, area, m_options.size().value_or(mapPicture.size()), m_options.scale());
+    composition.setGround(ground == nullptr ? nullptr : &patientGround);
     composition.setRenderOption(m_options.renderOption());
     composition.setScaleBar(m_options.hasScaleBar());
     composition.setAttribution(m_options.hasAttribution());
     const QByteArray bytes = KRPictureFile::encode(composition, m_options.format(), title(tracks));
     if (m_options.isVerbose())
         say(tr("in %1 ms gezeichnet").arg(timer.elapsed()));
-    return std::max<int>(write(bytes), undrawn == 0 ? AllDone : SomethingLeftOut);
+    const bool isWhole = undrawn == 0 && patientGround.gaps().count == 0;
+    reportGaps(patientGround.gaps());
+    return std::max<int>(write(bytes), isWhole ? AllDone : SomethingLeftOut);
 }
 
 std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture, const KRGeoPositionRect &area) const
@@ -243,10 +251,32 @@ std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture
         return std::make_unique<KRBaseMapGround>();
     case KRRenderOptions::Ground::Picture:
         return std::make_unique<KRPictureGround>(picture, area);
+    case KRRenderOptions::Ground::Tiles:
+        return createTileGround();
     case KRRenderOptions::Ground::None:
         break;
     }
     return nullptr;
+}
+
+std::unique_ptr<KRMapGround> KRRenderProgram::createTileGround() const
+{
+    auto ground = std::make_unique<KRTileGround>(m_options.tiles());
+    if (!ground->problem().isEmpty()) {
+        printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.tiles(), ground->problem()));
+        return nullptr;
+    }
+    if (!m_options.tilesCredit().isEmpty())
+        ground->setCredit(m_options.tilesCredit());
+    return ground;
+}
+
+void KRRenderProgram::reportGaps(const KRMapGaps &gaps) const
+{
+    if (gaps.count == 0)
+        return;
+    const QString message = tr("Fehlende Kacheln: %1. %2").arg(QString::number(gaps.count), gaps.reason);
+    printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.tiles(), message));
 }
 
 QImage KRRenderProgram::readMapPicture() const

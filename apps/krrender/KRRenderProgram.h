@@ -8,6 +8,7 @@
 #include <memory>
 
 class KRMapGround;
+struct KRMapGaps;
 
 /**
  * Does what the options ask for: reads the files, then draws or prints.
@@ -40,6 +41,8 @@ private:
     int draw(const KRGPXTrackSelection &tracks);
     QString title(const KRGPXTrackSelection &tracks) const;
     std::unique_ptr<KRMapGround> createGround(const QImage &picture, const KRGeoPositionRect &area) const;
+    std::unique_ptr<KRMapGround> createTileGround() const;
+    void reportGaps(const KRMapGaps &gaps) const;
     QImage readMapPicture() const;
     int write(const QByteArray &bytes);
     KRGPXTrackSelection selection() const;

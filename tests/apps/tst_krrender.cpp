@@ -1,4 +1,5 @@
 #include "KRTestRegistry.h"
+#include "KRTestTiles.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -48,6 +49,9 @@ private slots:
     void exchangeFilesComeBack();
     void otherProgramsReadExchangeFiles_data();
     void otherProgramsReadExchangeFiles();
+    void tilesAsMap();
+    void missingTilesAreTold_data();
+    void missingTilesAreTold();
 
 private:
     struct Outcome {
@@ -339,6 +343,9 @@ void tst_krrender::wrongUsage_data()
     row("render", QStringLiteral("--render fancy x.gpx"), "--render");
     row("crop", QStringLiteral("--crop 256 x.gpx"), "--crop");
     row("two grounds", QStringLiteral("--no-map --map y.png x.gpx"), "--no-map");
+    row("picture and tiles", QStringLiteral("--tiles y.mbtiles --map y.png x.gpx"), "--tiles");
+    row("credit without tiles", QStringLiteral("--tiles-credit us x.gpx"), "--tiles");
+    row("tiles overwritten", QStringLiteral("--tiles ./y.png -o y.png x.gpx"), "y.png");
     row("unknown format", QStringLiteral("-o x.bmp x.gpx"), "x.bmp");
     row("unknown format by option", QStringLiteral("-o - --format bmp x.gpx"), "bmp");
     row("document as a picture", QStringLiteral("-o x.krroute x.gpx"), "--save");
@@ -607,6 +614,66 @@ void tst_krrender::otherProgramsReadExchangeFiles()
     QVERIFY(other.waitForFinished(60000));
     const QByteArray out = other.readAllStandardOutput();
     QVERIFY2(out.contains(expected), out.right(400).constData());
+}
+
+void tst_krrender::tilesAsMap()
+{
+    const QString tiles = path(QStringLiteral("world.mbtiles"));
+    KRTestTiles::writeMbtiles(tiles, KRTestTiles::pyramid(0, 3),
+                              {{QStringLiteral("attribution"), QStringLiteral("<b>Kacheln</b> der Stadt")}}, 32);
+    const auto draw = [&](const QString &name, const QStringList &more) {
+        const Outcome outcome = run(QStringList{QStringLiteral("--tiles"), tiles, QStringLiteral("--size"),
+                                                QStringLiteral("800x600"), QStringLiteral("-o"), name, sample(tour)}
+                                    + more);
+        if (outcome.exitCode != 0 || !outcome.err.isEmpty())
+            qWarning("%d %s", outcome.exitCode, qPrintable(outcome.err));
+        return QImage(path(name));
+    };
+    const QImage picture = draw(QStringLiteral("a.png"), {});
+    const QColor ground = KRTestTiles::color(KRTestTiles::keyAt(3, 53.15, 8.2));
+    QVERIFY(countOf(picture, ground) > 800 * 600 / 2);
+
+    // Its box stands above that of the library, whatever it says.
+    const QImage bare = draw(QStringLiteral("b.png"), {QStringLiteral("--no-attribution")});
+    const QImage other =
+        draw(QStringLiteral("c.png"), {QStringLiteral("--tiles-credit"), QStringLiteral("Andere Leute")});
+    QVERIFY(other != picture);
+    for (const QImage &credited : {picture, other}) {
+        int height = 0;
+        for (int y = 0; y < 600; ++y)
+            height += credited.copy(0, y, 800, 1) != bare.copy(0, y, 800, 1);
+        QVERIFY2(height > 70 && height < 95, qPrintable(QString::number(height)));
+    }
+}
+
+void tst_krrender::missingTilesAreTold_data()
+{
+    QTest::addColumn<QString>("tiles");
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<bool>("isDrawn");
+    QTest::newRow("no such file") << "none.mbtiles"
+                                  << "gefunden" << false;
+    QTest::newRow("elsewhere") << "elsewhere"
+                               << "Fehlende Kacheln: 1. Die Quelle hat dort" << true;
+    QTest::newRow("damaged") << "damaged"
+                             << "Fehlende Kacheln: 1. Eine Kachel ist" << true;
+    QTest::newRow("nobody answers") << "http://127.0.0.1:1/{z}/{x}/{y}.png"
+                                    << "nimmt keine Verbindung an" << true;
+}
+
+void tst_krrender::missingTilesAreTold()
+{
+    QFETCH(QString, tiles);
+    QFETCH(QString, word);
+    QFETCH(bool, isDrawn);
+    KRTestTiles::writeFolder(path(QStringLiteral("elsewhere")), {{3, 0, 0}});
+    KRTestTiles::writeFolder(path(QStringLiteral("damaged")), {{0, 0, 0}});
+    KRTestTiles::writeFile(path(QStringLiteral("damaged/3/4/2.png")), "no picture");
+    const Outcome outcome = run({QStringLiteral("--tiles"), tiles, QStringLiteral("--size"), QStringLiteral("300x200"),
+                                 QStringLiteral("-o"), QStringLiteral("a.png"), sample(tour)});
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY2(outcome.err.contains(tiles) && outcome.err.contains(word), qPrintable(outcome.err));
+    QCOMPARE(QImage(path(QStringLiteral("a.png"))).isNull(), !isDrawn);
 }
 
 static const KRTestRegistration<tst_krrender> registration;
