@@ -40,6 +40,9 @@ QScrollArea *spawnScrollArea(QWidget *content)
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     area->setWidget(content);
+    // What lies behind shall be seen, for example a tab.
+    area->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
     area->setMinimumWidth(content->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     return area;
 }

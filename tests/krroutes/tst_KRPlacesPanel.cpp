@@ -1,0 +1,193 @@
+#include <KRFlightLineDialog.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRGeoLocation/KRGeoLocationSettings.h>
+#include <KRGeoLocation/KRGeoPosition.h>
+#include <KRPlaceEdit.h>
+#include <KRPlacesPanel.h>
+#include <KRTestRegistry.h>
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QtTest>
+
+#include <memory>
+
+class tst_KRPlacesPanel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void clickAddsInstantly();
+    void buttonAdds();
+    void searches_data();
+    void searches();
+    void returnKeyAdds();
+    void placeByAngles_data();
+    void placeByAngles();
+    void flightLine();
+    void flightLineNeedsTwoPlaces();
+
+private:
+    void click(int row);
+
+    std::unique_ptr<KRPlacesPanel> m_panel;
+    std::unique_ptr<QSignalSpy> m_spy;
+    QListWidget *m_list = nullptr;
+    QPushButton *m_button = nullptr;
+};
+
+static const KRTestRegistration<tst_KRPlacesPanel> registration;
+
+void tst_KRPlacesPanel::init()
+{
+    KRGeoLocationSettings::instance()->setInstantlyAddLocations(true);
+    m_panel = std::make_unique<KRPlacesPanel>();
+    m_spy = std::make_unique<QSignalSpy>(m_panel.get(), &KRPlacesPanel::placeChosen);
+    m_list = m_panel->findChild<QListWidget *>();
+    m_button = m_panel->findChild<QPushButton *>();
+    m_panel->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_panel.get()));
+}
+
+void tst_KRPlacesPanel::cleanup()
+{
+    m_spy.reset();
+    m_panel.reset();
+    KRGeoLocationSettings::instance()->setInstantlyAddLocations(true);
+}
+
+void tst_KRPlacesPanel::click(int row)
+{
+    QTest::mouseClick(m_list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      m_list->visualItemRect(m_list->item(row)).center());
+}
+
+void tst_KRPlacesPanel::clickAddsInstantly()
+{
+    QVERIFY(!m_button->isVisible());
+    click(1);
+    QCOMPARE(m_spy->count(), 1);
+    QCOMPARE(m_spy->first().at(0).toString(), QStringLiteral("Bremen"));
+    QCOMPARE(m_spy->first().at(1).value<KRGeoPosition>(), KRGeoPosition(53.0792962, 8.806422));
+}
+
+void tst_KRPlacesPanel::buttonAdds()
+{
+    KRGeoLocationSettings::instance()->setInstantlyAddLocations(false);
+    QVERIFY(m_button->isVisible());
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    click(10);
+    QCOMPARE(m_spy->count(), 0);
+    QTest::mouseClick(m_button, Qt::LeftButton);
+    QCOMPARE(m_spy->count(), 1);
+    QCOMPARE(m_spy->first().at(0).toString(), QStringLiteral("Helsinki"));
+    KRGeoLocationSettings::instance()->setInstantlyAddLocations(true);
+    QVERIFY(!m_button->isVisible());
+}
+
+void tst_KRPlacesPanel::searches_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("found");
+    QTest::newRow("part of a name, in any case") << QStringLiteral("  enb") << QStringLiteral("Oldenburg");
+    QTest::newRow("several") << QStringLiteral("ne") << QStringLiteral("Sydney|New York|Polynesien");
+    QTest::newRow("coordinates") << QStringLiteral("S33.5 E150.5") << QStringLiteral("S33.5 E150.5");
+    QTest::newRow("nothing") << QStringLiteral("xyz") << QString();
+}
+
+void tst_KRPlacesPanel::searches()
+{
+    QFETCH(QString, text);
+    QTest::keyClicks(m_panel->findChild<QLineEdit *>(), text);
+    QStringList names;
+    for (int row = 0; row < m_list->count(); ++row)
+        names.append(m_list->item(row)->text());
+    QTEST(names.join(QLatin1Char('|')), "found");
+    QCOMPARE(m_list->isVisible(), !names.isEmpty());
+    QTest::keyClick(m_panel->findChild<QLineEdit *>(), Qt::Key_Return);
+    QCOMPARE(m_spy->count(), names.isEmpty() ? 0 : 1);
+}
+
+void tst_KRPlacesPanel::returnKeyAdds()
+{
+    m_list->setFocus();
+    QTest::keyClick(m_list, Qt::Key_Down);
+    QTest::keyClick(m_list, Qt::Key_Return);
+    QCOMPARE(m_spy->count(), 1);
+    // A double click is not two places more than the two clicks that it is made of.
+    QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                       m_list->visualItemRect(m_list->item(2)).center());
+    QVERIFY(m_spy->count() <= 3);
+}
+
+void tst_KRPlacesPanel::placeByAngles_data()
+{
+    QTest::addColumn<double>("latitude");
+    QTest::addColumn<double>("longitude");
+    QTest::addColumn<bool>("isValid");
+    QTest::newRow("plain") << 53.5 << 8.25 << true;
+    QTest::newRow("half a degree south and west") << -0.5 << -0.25 << true;
+    QTest::newRow("beyond the pole") << 95.0 << 8.0 << false;
+    QTest::newRow("beyond the date line") << 50.0 << 190.0 << false;
+    QTest::newRow("no place") << 0.0 << 0.0 << false;
+}
+
+void tst_KRPlacesPanel::placeByAngles()
+{
+    QFETCH(double, latitude);
+    QFETCH(double, longitude);
+    KRPlaceEdit edit{QString()};
+    edit.showPosition(KRGeoPosition(latitude, longitude));
+    QTEST(edit.position().isValid(), "isValid");
+    if (edit.position().isValid())
+        QCOMPARE(edit.position(), KRGeoPosition(latitude, longitude));
+    QVERIFY(edit.name().isEmpty());
+}
+
+void tst_KRPlacesPanel::flightLine()
+{
+    KRFlightLineDialog dialog;
+    dialog.show();
+    const QList<KRPlaceEdit *> places = dialog.findChildren<KRPlaceEdit *>();
+    QComboBox *const from = places.at(0)->findChild<QComboBox *>();
+    from->setFocus();
+    QTest::keyClicks(from, QStringLiteral("Hel"));
+    QCOMPARE(places.at(0)->name(), QStringLiteral("Helsinki"));
+    // Exactly that place, although its angles are shown rounded.
+    QCOMPARE(places.at(0)->position().latitude().decimalDegrees(), 60.169471);
+    QCOMPARE(dialog.track().name(), QStringLiteral("Helsinki – New York"));
+
+    // An angle that is touched makes it another place.
+    QTest::keyClick(places.at(0)->findChildren<QSpinBox *>().first(), Qt::Key_Up);
+    QVERIFY(places.at(0)->name().isEmpty());
+    QCOMPARE(qRound(places.at(0)->position().latitude().decimalDegrees() * 1000), 61169);
+    QTest::keyClicks(dialog.findChild<QLineEdit *>(), QStringLiteral("Reise"));
+    const KRGPXTrack track = dialog.track();
+    QCOMPARE(track.name(), QStringLiteral("Reise"));
+    QVERIFY(track.countPoints() > 10);
+    QCOMPARE(track.firstPoint(), places.at(0)->position());
+    QCOMPARE(track.lastPoint(), KRGeoPosition(40.73061, -73.935242));
+}
+
+void tst_KRPlacesPanel::flightLineNeedsTwoPlaces()
+{
+    KRFlightLineDialog dialog;
+    dialog.show();
+    QPushButton *const okButton = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+    QVERIFY(okButton->isEnabled());
+    dialog.setStart(KRGeoPosition(40.73061, -73.935242));
+    QVERIFY2(!okButton->isEnabled(), "the same place twice");
+    QVERIFY(!dialog.track().isValid());
+    dialog.setStart(KRGeoPosition(40.0, 8.0));
+    QVERIFY(okButton->isEnabled());
+    dialog.setStart(KRGeoPosition(100.0, 8.0));
+    QVERIFY(!okButton->isEnabled());
+}
+
+#include "tst_KRPlacesPanel.moc"

@@ -1,0 +1,141 @@
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRGeoLocation/KRGeoLocationSettings.h>
+#include <KRLookEditor.h>
+#include <KRPreferencesDialog.h>
+#include <KRPreferencesLook.h>
+#include <KRSimplifyDialog.h>
+#include <KRTestRegistry.h>
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QTabWidget>
+#include <QtTest>
+
+class tst_KRPreferencesDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void storesOnlyWhenAccepted_data();
+    void storesOnlyWhenAccepted();
+    void resetsLook();
+    void ordersPages();
+    void simplifies();
+};
+
+static const KRTestRegistration<tst_KRPreferencesDialog> registration;
+
+void tst_KRPreferencesDialog::init()
+{
+    KRGeoLocationSettings *const settings = KRGeoLocationSettings::instance();
+    settings->setInstantlyAddLocations(true);
+    KRGPXTrackConfiguration look;
+    look.setLineWidth(4.0);
+    look.setTrackShape(LineStringTrackShape);
+    settings->setDefaultTrackConfiguration(look);
+}
+
+void tst_KRPreferencesDialog::storesOnlyWhenAccepted_data()
+{
+    QTest::addColumn<bool>("isAccepted");
+    QTest::newRow("OK") << true;
+    QTest::newRow("Escape") << false;
+}
+
+void tst_KRPreferencesDialog::storesOnlyWhenAccepted()
+{
+    QFETCH(bool, isAccepted);
+    KRPreferencesDialog dialog;
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QTest::keyClick(dialog.findChild<QCheckBox *>(QStringLiteral("myInstantlyAddLocations")), Qt::Key_Space);
+    QSlider *const width = dialog.findChild<KRPreferencesLook *>()->findChildren<QSlider *>().first();
+    QTest::keyClick(width, Qt::Key_Right);
+    if (isAccepted)
+        QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+    else
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    QVERIFY(!dialog.isVisible());
+    const KRGeoLocationSettings *const settings = KRGeoLocationSettings::instance();
+    QCOMPARE(settings->instantlyAddLocations(), !isAccepted);
+    QCOMPARE(settings->defaultTrackConfiguration().lineWidth().toDouble(), isAccepted ? 5.0 : 4.0);
+    // The shape of one track is none for all.
+    if (isAccepted)
+        QVERIFY(settings->defaultTrackConfiguration().trackShape() == AutoTrackShape);
+}
+
+void tst_KRPreferencesDialog::resetsLook()
+{
+    KRPreferencesLook page;
+    page.readFromConfig();
+    for (QPushButton *button : page.findChildren<QPushButton *>()) {
+        if (button->text().contains(QStringLiteral("setzen")))
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QVERIFY(page.findChild<KRLookEditor *>()->configuration() == KRGPXTrackConfiguration::defaultValue());
+    QVERIFY(KRGeoLocationSettings::instance()->defaultTrackConfiguration().lineWidth() == 4.0);
+}
+
+void tst_KRPreferencesDialog::ordersPages()
+{
+    class Box : public KRPreferencesBox
+    {
+    public:
+        explicit Box(KRPreferencesType type) : KRPreferencesBox(type, QStringLiteral("Box")) { }
+        void readFromConfig() override { ++reads; }
+        void writeToConfig() override { ++writes; }
+        int reads = 0;
+        int writes = 0;
+    };
+    KRPreferencesDialog dialog;
+    auto *const general = new Box(GeneralPreferences);
+    auto *const map = new Box(MapPreferences);
+    dialog.addBox(map);
+    dialog.addBox(general);
+    const QTabWidget *const tabs = dialog.findChild<QTabWidget *>();
+    QCOMPARE(tabs->count(), 3);
+    QVERIFY(tabs->widget(0)->isAncestorOf(general));
+    QVERIFY(tabs->widget(1)->isAncestorOf(map));
+    QCOMPARE(general->reads, 1);
+    dialog.accept();
+    QCOMPARE(general->writes, 1);
+}
+
+void tst_KRPreferencesDialog::simplifies()
+{
+    KRGPXTrackSegment segment;
+    for (int i = 0; i <= 1000; ++i)
+        segment.append(10.0 + i * 0.001, 8.0 + i % 2 * 0.00005, 0, QDateTime(), QString()); // 5.5 metres aside
+    const KRGPXConfiguredTrack track(KRGPXTrack(QString(), QString(), {segment}, LineStringTrackShape),
+                                     KRGPXTrackConfiguration());
+    KRSimplifyDialog dialog(track);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QPushButton *const okButton = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+    const auto says = [&](const QString &text) {
+        const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [&](const QLabel *label) { return label->text().contains(text); });
+    };
+    QTRY_VERIFY(says(QStringLiteral(" 2.")));
+    QVERIFY(okButton->isEnabled());
+    QCOMPARE(dialog.simplified().track().countPoints(), 2);
+    // A tenth of that is too little to leave out any.
+    QSlider *const slider = dialog.findChild<QSlider *>();
+    QTest::keyClick(slider, Qt::Key_PageDown);
+    QTest::keyClick(slider, Qt::Key_PageDown);
+    QCOMPARE(dialog.findChild<QDoubleSpinBox *>()->value(), 1.0);
+    QVERIFY(!okButton->isEnabled());
+    QTest::keyClick(slider, Qt::Key_PageUp);
+    QTest::keyClick(slider, Qt::Key_PageUp);
+    QTest::mouseClick(okButton, Qt::LeftButton);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(dialog.simplified().track().countPoints(), 2);
+}
+
+#include "tst_KRPreferencesDialog.moc"
