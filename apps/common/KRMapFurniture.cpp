@@ -18,17 +18,21 @@ constexpr QColor boxColor(225, 225, 225, 180);
 constexpr QColor letterColor(0, 0, 0, 180);
 
 // Pixels of a normal screen, after the attribution's box.
-constexpr double creditLetters = 32.0;
+constexpr double creditLetters = 22.0;
+constexpr double smallestCreditLetters = 11.0; // whatever the factor is, unless the picture is tiny
 constexpr double creditMargin = 10.0;
 constexpr double creditPadding = 10.0; // to the left and to the right, a quarter of it above and below
 constexpr double creditDistance = 6.0;
+/// Of the picture; the rest is for the scale bar.
+constexpr double creditShare = 0.44;
 constexpr int creditLayout = Qt::AlignHCenter | Qt::TextWordWrap;
 
 /// In pixels, not in points: a page has other points than a screen, and the same pixels.
-QFont creditFont(double factor)
+QFont creditFont(const QSize &size, double factor)
 {
     QFont font = KRCopyrightRenderer().copyrightFont(1.0);
-    font.setPixelSize(std::max(1, qRound(creditLetters * factor)));
+    const double smallest = std::min(smallestCreditLetters, size.height() / 16.0);
+    font.setPixelSize(std::max(1, qRound(std::max(smallest, creditLetters * factor))));
     return font;
 }
 
@@ -85,8 +89,8 @@ QRectF KRMapFurniture::creditBox(const QSize &size, const QString &text, double 
     const double fitting = fittingFactor(size, factor);
     const double margin = creditMargin * fitting;
     const double padding = creditPadding * fitting;
-    const QRectF room(0.0, 0.0, size.width() - 2.0 * (margin + padding), size.height());
-    const QRectF letters = QFontMetricsF(creditFont(fitting)).boundingRect(room, creditLayout, text);
+    const QRectF room(0.0, 0.0, creditShare * size.width() - 2.0 * padding, size.height());
+    const QRectF letters = QFontMetricsF(creditFont(size, fitting)).boundingRect(room, creditLayout, text);
     if (text.isEmpty() || letters.isEmpty())
         return QRectF();
     QRectF box = letters.adjusted(-padding, -padding / 4.0, padding, padding / 4.0);
@@ -101,7 +105,7 @@ void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const QSt
         return;
     const double fitting = fittingFactor(size, factor);
     const double padding = creditPadding * fitting;
-    const QFont font = creditFont(fitting);
+    const QFont font = creditFont(size, fitting);
     painter->save();
     painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter->setFont(font);
