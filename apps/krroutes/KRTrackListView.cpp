@@ -1,5 +1,6 @@
 #include "KRTrackListView.h"
 
+#include <KRGUIWidgets/KRElidedLabel.h>
 #include <KRGeoLocation/KRGPXTrackListModel.h>
 #include <KRGeoLocation/KRGPXTrackMultiFunctionDelegate.h>
 #include <KRGeoLocation/KRGPXTrackMultiFunctionDelegateWidget.h>
@@ -20,6 +21,7 @@ using RowWidget = KRGPXTrackMultiFunctionDelegateWidget;
 
 constexpr int insertionMarkHeightPx = 2;
 constexpr int currentMarkWidthPx = 3;
+constexpr int dragDistancePx = 16;
 
 /// Of one row in ten thousand, the user wants to reach the buttons of the current one only.
 void setReachableByTab(QWidget *rowWidget, bool isReachable)
@@ -27,6 +29,12 @@ void setReachableByTab(QWidget *rowWidget, bool isReachable)
     const QList<QToolButton *> buttons = rowWidget->findChildren<QToolButton *>();
     for (QToolButton *button : buttons)
         button->setFocusPolicy(isReachable ? Qt::TabFocus : Qt::NoFocus);
+}
+
+QPixmap pictureOfName(const RowWidget *rowWidget)
+{
+    auto *const label = rowWidget->findChild<KRElidedLabel *>();
+    return label->grab(QRect(QPoint(0, 0), label->sizeHint().boundedTo(label->size())));
 }
 
 class RowDelegate : public KRGPXTrackMultiFunctionDelegate
@@ -277,9 +285,11 @@ void KRTrackListView::startDrag(Qt::DropActions supportedActions)
         return;
     auto *drag = new QDrag(this); // Qt deletes it
     drag->setMimeData(m_model->mimeData({index}));
-    if (QWidget *const rowWidget = indexWidget(index)) {
-        drag->setPixmap(rowWidget->grab());
-        drag->setHotSpot(rowWidget->mapFromGlobal(QCursor::pos()));
+    // The name, beside the pointer, so that the mark between the rows stays to be seen.
+    if (const auto *const rowWidget = qobject_cast<RowWidget *>(indexWidget(index))) {
+        const QPixmap picture = pictureOfName(rowWidget);
+        drag->setPixmap(picture);
+        drag->setHotSpot(QPoint(-dragDistancePx, qRound(picture.height() / picture.devicePixelRatio() / 2.0)));
     }
     drag->exec(supportedActions, Qt::MoveAction);
     m_insertionMark->hide();

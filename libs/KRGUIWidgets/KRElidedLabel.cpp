@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int preferredCharacters = 30;
+constexpr double highlightRadiusPx = 3.0;
 
 /// Breaks @p text into at most @p maximumLines lines; the last of them has all that is left and may be too wide.
 QStringList wrap(const QString &text, const QFont &font, int width, int maximumLines)
@@ -62,7 +63,7 @@ void KRElidedLabel::setAnimationState(int state)
 
 QStringList KRElidedLabel::visibleLines() const
 {
-    const QRect room = contentsRect();
+    const QRect room = textRect();
     const QFontMetrics metrics = fontMetrics();
     const int lineCount = wordWrap() ? qMax(1, room.height() / metrics.lineSpacing()) : 1;
     // A line break in a single line would be drawn as a box.
@@ -76,13 +77,14 @@ QSize KRElidedLabel::sizeHint() const
     const QFontMetrics metrics = fontMetrics();
     const int widest = preferredCharacters * metrics.averageCharWidth();
     const int width = qMin(metrics.horizontalAdvance(text().simplified()) + 1, widest);
-    return QSize(width, metrics.height()).grownBy(contentsMargins());
+    return QSize(width + 2 * textPaddingPx, metrics.height()).grownBy(contentsMargins());
 }
 
 QSize KRElidedLabel::minimumSizeHint() const
 {
     const QFontMetrics metrics = fontMetrics();
-    return QSize(metrics.horizontalAdvance(QChar(0x2026)), metrics.height()).grownBy(contentsMargins());
+    const int width = metrics.horizontalAdvance(QChar(0x2026)) + 2 * textPaddingPx;
+    return QSize(width, metrics.height()).grownBy(contentsMargins());
 }
 
 bool KRElidedLabel::hasHeightForWidth() const
@@ -95,17 +97,27 @@ int KRElidedLabel::heightForWidth(int width) const
     if (!wordWrap())
         return -1;
     const QMargins margins = contentsMargins();
-    const QRect bounds = fontMetrics().boundingRect(QRect(0, 0, width - margins.left() - margins.right(), 0),
-                                                    Qt::TextWordWrap, text().simplified());
+    const int textWidth = width - margins.left() - margins.right() - 2 * textPaddingPx;
+    const QRect bounds = fontMetrics().boundingRect(QRect(0, 0, textWidth, 0), Qt::TextWordWrap, text().simplified());
     return qMax(bounds.height(), fontMetrics().height()) + margins.top() + margins.bottom();
 }
 
-QColor KRElidedLabel::backgroundColor() const
+QRect KRElidedLabel::textRect() const
+{
+    return contentsRect().adjusted(textPaddingPx, 0, -textPaddingPx, 0);
+}
+
+void KRElidedLabel::paintHighlight(QPainter *painter) const
 {
     QColor color = palette().color(QPalette::Highlight);
     const int state = qBound(KRBlinkAnimation::normalState, m_animationState, KRBlinkAnimation::strongestState);
     color.setAlphaF(double(state) / KRBlinkAnimation::strongestState);
-    return color;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(color);
+    painter->drawRoundedRect(contentsRect(), highlightRadiusPx, highlightRadiusPx);
+    painter->restore();
 }
 
 void KRElidedLabel::paintEvent(QPaintEvent * /*event*/)
@@ -114,12 +126,12 @@ void KRElidedLabel::paintEvent(QPaintEvent * /*event*/)
     drawFrame(&painter);
     const bool isStrongest = m_animationState >= KRBlinkAnimation::strongestState;
     if (m_animationState != KRBlinkAnimation::normalState)
-        painter.fillRect(contentsRect(), backgroundColor());
+        paintHighlight(&painter);
 
     const QStringList lines = visibleLines();
     const int lineHeight = fontMetrics().lineSpacing();
     QRect target = style()->alignedRect(layoutDirection(), alignment(),
-                                        QSize(contentsRect().width(), lines.count() * lineHeight), contentsRect());
+                                        QSize(textRect().width(), lines.count() * lineHeight), textRect());
     const auto horizontal = QStyle::visualAlignment(layoutDirection(), alignment()) & Qt::AlignHorizontal_Mask;
     for (const QString &line : lines) {
         target.setHeight(lineHeight);

@@ -16,6 +16,9 @@ class KRGUIWIDGETS_EXPORT KRElidedLabel : public QLabel
     Q_OBJECT
 
 public:
+    /// Between the text and either side, so that the highlight does not cut it.
+    static constexpr int textPaddingPx = 4;
+
     explicit KRElidedLabel(QWidget *parent = nullptr);
     explicit KRElidedLabel(const QString &fullText, QWidget *parent = nullptr);
     ~KRElidedLabel() override;
@@ -39,7 +42,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QColor backgroundColor() const;
+    QRect textRect() const;
+    void paintHighlight(QPainter *painter) const;
 
     int m_animationState = 0;
 };
