@@ -13,38 +13,12 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
 /// Comparisons of attributes with each other that QXmlStreamReader may spend on a file: about a second.
 constexpr qint64 maximumAttributePairs = 100000000;
-
-/// The number that @p count digits stand for, -1 if one of them is none.
-int digits(const QChar *source, int count)
-{
-    int value = 0;
-    for (int i = 0; i < count; ++i) {
-        const ushort unicode = source[i].unicode();
-        if (unicode < '0' || unicode > '9')
-            return -1;
-        value = value * 10 + (unicode - '0');
-    }
-    return value;
-}
-
-/// Exactly "2024-05-01T12:00:00Z", the way in which nearly all files write times; invalid for any other text.
-QDateTime plainUtcTime(const QString &text)
-{
-    const auto isAt = [&](int index, char character) { return text.at(index) == QLatin1Char(character); };
-    if (text.size() != 20 || !isAt(4, '-') || !isAt(7, '-') || !isAt(10, 'T') || !isAt(13, ':') || !isAt(16, ':')
-        || !isAt(19, 'Z'))
-        return QDateTime();
-    const QChar *const source = text.constData();
-    const QDate date(digits(source, 4), digits(source + 5, 2), digits(source + 8, 2));
-    const QTime time(digits(source + 11, 2), digits(source + 14, 2), digits(source + 17, 2));
-    // QDate knows a year -1, and QDateTime takes an invalid time for midnight.
-    return date.isValid() && date.year() > 0 && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
-}
 
 /// Names that QXmlStreamReader and QDom agree on; it takes nearly any character, and QDom not all that XML allows.
 bool isPlainName(const QStringRef &name)
@@ -57,15 +31,11 @@ bool isPlainName(const QStringRef &name)
     });
 }
 
-QDateTime toDateTime(const QString &text)
-{
-    const QDateTime time = plainUtcTime(text);
-    return time.isValid() ? time : KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
-}
-
 } // namespace
 
-KRGPXStreamReader::KRGPXStreamReader(QIODevice *device) : m_device(device), m_xml(&m_device)
+KRGPXStreamReader::KRGPXStreamReader(QIODevice *device)
+    : m_runs(device, [this](const char *begin, const char *end) { return takeRun(begin, end); }), m_device(&m_runs),
+      m_xml(&m_device)
 {
     // As QDom reads it: an element "gpx:trk" is another one than "trk".
     m_xml.setNamespaceProcessing(false);
@@ -117,8 +87,8 @@ bool KRGPXStreamReader::isDomPreferable() const
 KRErrorHistory::Entry KRGPXStreamReader::error() const
 {
     KRErrorHistory::Entry entry;
-    entry.line = int(m_xml.lineNumber());
-    entry.column = int(m_xml.columnNumber()) + 1;
+    entry.line = int(m_xml.lineNumber()) + m_takenLines;
+    entry.column = int(m_xml.columnNumber() + (m_xml.lineNumber() == m_shiftedLine ? m_columnShift : 0)) + 1;
     if (m_device.hasRefused())
         entry.reason = QCoreApplication::translate("KRGPXStreamReader", "Ein Text oder ein Element ist zu groß.");
     else if (m_xml.error() == QXmlStreamReader::CustomError)
@@ -133,6 +103,7 @@ QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
 {
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
+    m_endOfToken = m_xml.characterOffset();
     switch (token) {
     case QXmlStreamReader::StartElement:
         ++m_depth;
@@ -295,7 +266,7 @@ KRGPXTrackSegment KRGPXStreamReader::readSegment()
 {
     ++m_elements;
     KRGPXTrackSegment segment;
-    while (nextChild()) {
+    while (nextPointOrOther(&segment)) {
         if (isAt(KRGPXVocabulary::pointElement))
             readPoint(&segment);
         else if (isAt(KRGPXVocabulary::compressedPointsElement))
@@ -345,4 +316,60 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
         }
     }
     segment->append(latitude, longitude, KRMath::toInt(elevation), timeStamp, description);
+}
+
+/// As nextChild(), but points of plain form may be added to @p segment on the way.
+bool KRGPXStreamReader::nextPointOrOther(KRGPXTrackSegment *segment)
+{
+    m_runTarget = segment;
+    const bool isAtChild = nextChild();
+    m_runTarget = nullptr;
+    return isAtChild;
+}
+
+/// Called where the XML reader needs further bytes, in the middle of reading a token.
+const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
+{
+    if (!mayRunBegin())
+        return begin;
+    const char *const endOfRun =
+        m_scanner.scan(begin, end, m_runTarget, maximumElements - m_elements, KRXMLGuard::maximumDepth - m_depth - 1);
+    m_elements += m_scanner.points();
+    m_nodes += m_scanner.nodes();
+    countLines(begin, endOfRun);
+    return endOfRun;
+}
+
+/// Whether the XML reader stands behind a token in a segment and has begun with nothing else.
+bool KRGPXStreamReader::mayRunBegin() const
+{
+    if (!m_runTarget || m_xml.characterOffset() != m_endOfToken || !m_runs.hasPassedTagEnd() || !m_runs.hasAsciiBytes())
+        return false;
+    const QStringRef encoding = m_xml.documentEncoding();
+    return encoding.isEmpty() || encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
+}
+
+void KRGPXStreamReader::countLines(const char *begin, const char *end)
+{
+    const char *lineBegin = nullptr;
+    for (const char *at = begin; at != end; ++m_takenLines, lineBegin = ++at) {
+        at = static_cast<const char *>(std::memchr(at, '\n', std::size_t(end - at)));
+        if (!at)
+            break;
+    }
+    if (lineBegin)
+        m_columnShift = end - lineBegin - m_xml.columnNumber();
+    else if (m_shiftedLine == m_xml.lineNumber())
+        m_columnShift += end - begin;
+    else
+        m_columnShift = end - begin;
+    m_shiftedLine = m_xml.lineNumber();
+}
+
+QDateTime KRGPXStreamReader::toDateTime(const QString &text)
+{
+    const QByteArray characters = text.size() <= KRGPXUtcTime::longLength ? text.toLatin1() : QByteArray();
+    const qint64 milliseconds = m_time.read(characters.constData(), characters.size());
+    return milliseconds != KRGPXTrackSegment::noTime ? QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC)
+                                                     : KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
 }

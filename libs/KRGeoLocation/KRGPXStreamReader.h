@@ -1,6 +1,8 @@
 #pragma once
 
 #include "KRGPXGuardedDevice.h"
+#include "KRGPXPointScanner.h"
+#include "KRGPXRunDevice.h"
 #include "KRGPXTrack.h"
 
 #include <KRCore/KRErrorHistory.h>
@@ -20,7 +22,8 @@ enum KRGPXStreamResult : int {
 };
 
 /**
- * Reads tracks while it parses, without ever having a DOM of the file in memory.
+ * Reads tracks while it parses, without ever having a DOM of the file in memory. Runs of plain points, of which most
+ * files consist, go past the XML reader, which reads whatever is around and between them.
  *
  * What comes out equals what KRGPXTrack reads from the DOM of the same file, for every file that QXmlStreamReader
  * takes for well-formed. QDom reads some that it does not (duplicate attributes, undeclared entities, control
@@ -74,9 +77,23 @@ private:
     KRGPXTrackSegment readSegment();
     void readCompressedPoints(KRGPXTrackSegment *segment);
     void readPoint(KRGPXTrackSegment *segment);
+    bool nextPointOrOther(KRGPXTrackSegment *segment);
+    const char *takeRun(const char *begin, const char *end);
+    bool mayRunBegin() const;
+    void countLines(const char *begin, const char *end);
+    QDateTime toDateTime(const QString &text);
 
+    KRGPXPointScanner m_scanner;
+    KRGPXRunDevice m_runs;
     KRGPXGuardedDevice m_device;
     QXmlStreamReader m_xml;
+    KRGPXTrackSegment *m_runTarget = nullptr; // while the next child of a segment is looked for
+    qint64 m_endOfToken = -1; // characters that the XML reader had read with the last token
+    // What the XML reader does not see, for its place in the file.
+    int m_takenLines = 0;
+    qint64 m_columnShift = 0;
+    qint64 m_shiftedLine = 0; // as the reader counts
+    KRGPXUtcTime m_time;
     QString m_text; // of the element read last; kept for its memory
     qint64 m_attributePairs = 0;
     int m_depth = 0;

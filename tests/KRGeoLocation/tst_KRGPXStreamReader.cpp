@@ -70,6 +70,11 @@ std::optional<QString> readAsDom(const QByteArray &xml)
     return exactTextOf(tracks);
 }
 
+/// How many bytes QXmlStreamReader asks for at once.
+constexpr int bytesPerRead = 8192;
+
+const QByteArray spelledPoint = "<trkpt lat=\"1.5\" lon=\"2\"/>";
+
 QByteArray nestedEnclaves(int count)
 {
     return "<gpx>" + QByteArray("<trk><enclaves>").repeated(count) + "<trk><trkseg/></trk>"
@@ -116,6 +121,16 @@ public:
             return xml.insert(place, anyOf({"<", ">", "&", "\"", "<!--", "]]>", "<![CDATA[", "&#1;", "&nbsp;", "<a>",
                                             "</trk>", "\xFF", "\x01", "=", "--", "<?p?>", "<!DOCTYPE gpx>"}));
         }
+    }
+
+    QByteArray wholePlainPoints(int count)
+    {
+        QByteArray points;
+        for (; count > 0; --count)
+            points += "<trkpt lat=\"" + QByteArray::number(m_random.bounded(90.0), 'f', 7) + "\" lon=\""
+                      + QByteArray::number(m_random.bounded(180.0), 'f', 15) + "\"><ele>" + number() + "</ele><time>"
+                      + time() + "</time></trkpt>\n";
+        return points;
     }
 
 private:
@@ -242,9 +257,46 @@ private:
         return "<trkpt" + latitude + longitude + ">" + sequence(5, [this] { return pointChild(); }) + "</trkpt>";
     }
 
+    /// As recorders write it, or nearly so.
+    QByteArray plainPoint()
+    {
+        const auto rarely = [&](const QByteArray &usual, const QList<QByteArray> &unusual) {
+            return below(30) == 0 ? anyOf(unusual) : usual;
+        };
+        const auto decimal = [&] {
+            return rarely(QByteArray::number(m_random.bounded(180.0), 'f', below(12)), {number()});
+        };
+        QByteArray point =
+            rarely("<trkpt", {"<trkpt ", "<trkpt\n", "<TRKPT"}) + rarely(" lat=\"", {"  lat=\"", " lat='"});
+        point += decimal() + rarely("\"", {"'", "\"\t"}) + rarely(" lon=\"", {" lon = \"", " x=\"1\" lon=\""});
+        point += decimal() + rarely("\"", {"\" ", "\" lon=\"3\""}) + rarely(">", {"/>", "/ >", ">x"});
+        for (int count = below(5); count > 0; --count) {
+            switch (below(4)) {
+            case 0:
+                point +=
+                    rarely("<ele>", {"<ele/>", "<ele >", "<ele a=\"1\">"}) + decimal() + rarely("</ele>", {"</ele >"});
+                break;
+            case 1:
+                point += "<time>" + rarely("2024-05-01T12:00:59Z", {time(), text()}) + "</time>";
+                break;
+            case 2:
+                point += "<extensions>" + rarely("<a:b>7</a:b>", {element("x", text()), "<b><c/>]]</b>", "<b></c>"})
+                         + rarely("</extensions>", {"</extensions ><desc>d</desc>"});
+                break;
+            default:
+                point += rarely("\n  ", {"\r\n", "<!-- c -->", "&#32;", "\xC3\xA4", "<desc/>"});
+            }
+        }
+        return point + "</trkpt>" + rarely("\n", {"", "x>", "\r\n", "<!-- trkpt>"});
+    }
+
     QByteArray segmentChild()
     {
-        switch (below(5)) {
+        switch (below(8)) {
+        case 5:
+        case 6:
+        case 7:
+            return sequence(9, [this] { return plainPoint(); });
         case 0:
             return element("compressedPoints",
                            anyOf({"8,53 9,54", "8,53,4,1000\n9,54", "0,0 1,1", " 8,53<!-- c -->,9 1,1",
@@ -294,8 +346,12 @@ private slots:
 
     void equalsTheDom_data();
     void equalsTheDom();
+    void equalsTheDomOnSamples();
     void equalsTheDomOnAnyDocument();
+    void equalsTheDomAcrossBlocks();
+    void placesOfErrorsDoNotDependOnRuns();
     void numbersEqualTheDom();
+    void millisecondsEqualTheDom();
     void truncatedAnywhereGivesNothing();
     void leftToTheDom_data();
     void leftToTheDom();
@@ -310,6 +366,9 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
     const QByteArray latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"
                              + track("<name>Gr\xFC\xDF"
                                      "e</name>");
+    const auto utf16 = [](const QString &text) {
+        return QTextCodec::codecForName("UTF-16BE")->makeEncoder(QTextCodec::IgnoreHeader)->fromUnicode(text);
+    };
     QTest::addColumn<QByteArray>("xml");
     QTest::newRow("no track") << QByteArray("<gpx/>");
     QTest::newRow("only children of the root") << QByteArray("<trk><x><trk/></x><trk><trkseg/></trk><g:trk/></trk>");
@@ -332,6 +391,14 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
     QTest::newRow("declared encoding") << latin;
     QTest::newRow("UTF-16") << QTextCodec::codecForName("UTF-16")->fromUnicode(
         QString::fromUtf8(track("<name>\xC3\xA4\xF0\x9F\x98\x80</name>")));
+    QTest::newRow("points in a comment") << track("<trkseg><!-- points that do not count, among them a trkpt>"
+                                                  + spelledPoint + " --></trkseg>");
+    QTest::newRow("points in CDATA") << track("<trkseg><![CDATA[ points that do not count, among them a trkpt>"
+                                              + spelledPoint + "]]></trkseg>");
+    QTest::newRow("bytes of characters that spell a point")
+        << utf16(QStringLiteral("<gpx>") + QString(bytesPerRead / 2 - 18, QLatin1Char(' '))
+                 + QStringLiteral("<trk><trkseg>"))
+               + spelledPoint + utf16(QStringLiteral("</trkseg></trk></gpx>"));
     QTest::newRow("compressed points with markup inside")
         << track("<trkseg><compressedPoints>8,53<!-- c -->4 9,<b>54</b>\n<![CDATA[ 1,1]]></compressedPoints></trkseg>");
     QTest::newRow("mixed points") << track("<trkseg><trkpt/><compressedPoints>1,1</compressedPoints><trkpt/></trkseg>");
@@ -353,6 +420,19 @@ void tst_KRGPXStreamReader::equalsTheDom()
     QVERIFY(asStream.has_value());
     QVERIFY(asDom.has_value());
     QCOMPARE(*asStream, *asDom);
+}
+
+void tst_KRGPXStreamReader::equalsTheDomOnSamples()
+{
+    const QFileInfoList files =
+        QDir(QStringLiteral(KR_SAMPLES_DIR)).entryInfoList({QStringLiteral("*.gpx")}, QDir::Files);
+    QVERIFY(!files.isEmpty());
+    for (const QFileInfo &info : files) {
+        QFile file(info.filePath());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray xml = file.readAll();
+        QVERIFY2(readAsStream(xml) && readAsStream(xml) == readAsDom(xml), qUtf8Printable(info.fileName()));
+    }
 }
 
 void tst_KRGPXStreamReader::equalsTheDomOnAnyDocument()
@@ -377,6 +457,50 @@ void tst_KRGPXStreamReader::equalsTheDomOnAnyDocument()
     QVERIFY(refusedDocuments > 200);
 }
 
+void tst_KRGPXStreamReader::equalsTheDomAcrossBlocks()
+{
+    DocumentMaker maker(20241121);
+    QByteArray body;
+    while (body.size() < 600000)
+        body += maker.wholePlainPoints(500) + "<trkpt lat='1' lon='2'/>";
+    const QByteArray xml = "<gpx><trk><trkseg>" + body + "</trkseg></trk></gpx>";
+    const std::optional<QString> asStream = readAsStream(xml);
+    QVERIFY(asStream.has_value());
+    QVERIFY(asStream == readAsDom(xml));
+}
+
+void tst_KRGPXStreamReader::placesOfErrorsDoNotDependOnRuns()
+{
+    const QByteArray point = "<trkpt lat=\"1\" lon=\"2\"><ele>3</ele></trkpt>";
+    QByteArray unusualPoint = point;
+    unusualPoint.replace('"', '\'');
+    for (const char *const between : {"", " ", "\n", "\n\n  "}) {
+        for (const char *const fault : {"</trk>", " </trk>", "\n&x;", "<a b/>", "x<trkpt lat=\"<\">"}) {
+            const auto placeOfError = [&](const QByteArray &runPoint) {
+                const QByteArray run = (runPoint + between).repeated(3);
+                QByteArray xml = "<gpx>\n<trk><trkseg>" + run + unusualPoint + run + fault;
+                QBuffer buffer(&xml);
+                buffer.open(QIODevice::ReadOnly);
+                KRGPXStreamReader reader(&buffer);
+                const bool isRead = reader.readTracks([](const KRGPXTrack &) {});
+                return isRead ? QPair<int, int>() : QPair<int, int>(reader.error().line, reader.error().column);
+            };
+            QVERIFY(placeOfError(point).first > 0);
+            QCOMPARE(placeOfError(point), placeOfError(unusualPoint));
+        }
+    }
+}
+
+void tst_KRGPXStreamReader::millisecondsEqualTheDom()
+{
+    QByteArray xml = "<gpx><trk><trkseg>";
+    for (int i = 0; i < 1000; ++i)
+        xml += "<trkpt lat=\"1\" lon=\"2\"><time>1969-12-31T23:59:59." + QByteArray::number(1000 + i).mid(1)
+               + "Z</time></trkpt>";
+    xml += "</trkseg></trk></gpx>";
+    QCOMPARE(readAsStream(xml), readAsDom(xml));
+}
+
 void tst_KRGPXStreamReader::numbersEqualTheDom()
 {
     // Texts of the characters of numbers, many of them none, and plain decimals of any length.
@@ -387,7 +511,7 @@ void tst_KRGPXStreamReader::numbersEqualTheDom()
         QByteArray number = i % 2 == 0 ? QByteArray() : QByteArray::number(random.bounded(1000)) + '.';
         for (int length = random.bounded(i % 3 == 0 ? 35 : 12); length > 0; --length)
             number += characters.at(random.bounded(characters.size() - (i % 2 == 0 ? 0 : 6)));
-        xml += "<trkpt lat='" + number + "'><ele>" + number + "</ele></trkpt>";
+        xml += "<trkpt lat=\"" + number + "\" lon=\"0\"><ele>" + number + "</ele></trkpt>";
     }
     xml += "</trkseg></trk></gpx>";
     const std::optional<QString> asStream = readAsStream(xml);
@@ -418,6 +542,9 @@ void tst_KRGPXStreamReader::leftToTheDom_data()
         "<!DOCTYPE gpx [<!ENTITY e 'a'>]><gpx><trk><name>&e;</name></trk></gpx>");
     QTest::newRow("undeclared entity") << QByteArray("<gpx><trk><name>&nbsp;</name></trk></gpx>");
     QTest::newRow("attribute twice") << QByteArray("<gpx a='1' a='2'/>");
+    const QByteArray padding(bytesPerRead - 27, 'x'); // behind which a read ends in the middle of a character
+    QTest::newRow("bad UTF-8 with a point in it")
+        << "<gpx><trk>\n<trkseg><x>" + padding + "</x>\xC3" + spelledPoint + "\xA9</trkseg></trk></gpx>";
     QTest::newRow("bad UTF-8") << QByteArray("<gpx><trk><name>\xE4</name></trk></gpx>");
 }
 

@@ -1,0 +1,88 @@
+#include "KRGPXRunDevice.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr int blockBytes = 1 << 18;
+
+// A read that gets no whole character would look like the end of the file to the XML reader.
+constexpr int fewestBytes = 1 << 12;
+
+// Reads of a few bytes each would take long, and no point that a run may follow is as short.
+constexpr int shortestRead = 32;
+
+} // namespace
+
+KRGPXRunDevice::KRGPXRunDevice(QIODevice *source, const Taker &takeRun)
+    : m_source(source), m_takeRun(takeRun), m_block(blockBytes, Qt::Uninitialized)
+{
+    open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+qint64 KRGPXRunDevice::readData(char *bytes, qint64 maximumSize)
+{
+    if (m_end - m_begin < fewestBytes)
+        fill();
+    if (m_isAtStart)
+        detectEncoding();
+    for (bool isRunOver = false; !isRunOver;) {
+        const char *const begin = m_block.constData() + m_begin;
+        const int taken = int(m_takeRun(begin, m_block.constData() + m_end) - begin);
+        m_begin += taken;
+        // A run may go on behind the block.
+        isRunOver = taken == 0 || !fill();
+    }
+    const int size = endOfTag(int(std::min<qint64>(maximumSize, m_end - m_begin)));
+    if (size == 0)
+        return m_source->atEnd() ? 0 : -1;
+    std::memcpy(bytes, m_block.constData() + m_begin, std::size_t(size));
+    m_begin += size;
+    m_lastByte = bytes[size - 1];
+    return size;
+}
+
+qint64 KRGPXRunDevice::writeData(const char * /*bytes*/, qint64 /*size*/)
+{
+    return -1;
+}
+
+/// Reads on until the block is full; false when there is nothing to add.
+bool KRGPXRunDevice::fill()
+{
+    char *const block = m_block.data();
+    std::memmove(block, block + m_begin, std::size_t(m_end - m_begin));
+    m_end -= m_begin;
+    m_begin = 0;
+    const int endBefore = m_end;
+    qint64 size = 0;
+    while (m_end < blockBytes && (size = m_source->read(block + m_end, blockBytes - m_end)) > 0)
+        m_end += int(size);
+    return m_end > endBefore;
+}
+
+void KRGPXRunDevice::detectEncoding()
+{
+    m_isAtStart = false;
+    const auto isUtf16 = [&](char byte) { return byte == 0 || byte == '\xFE' || byte == '\xFF'; };
+    const char *const block = m_block.constData();
+    m_hasAsciiBytes = m_end >= 2 && std::none_of(block, block + 2, isUtf16);
+}
+
+/// How many bytes there are up to the end of the first tag behind which points may follow; @p mostBytes if none.
+int KRGPXRunDevice::endOfTag(int mostBytes) const
+{
+    if (mostBytes <= shortestRead)
+        return mostBytes;
+    const char *const begin = m_block.constData() + m_begin;
+    const char *end = begin + mostBytes;
+    for (const char *const tag : {"trkpt>", "trkseg>"}) {
+        const std::size_t length = std::strlen(tag);
+        const char *const first = begin + shortestRead - length;
+        const char *const match = std::search(first, end, tag, tag + length);
+        if (match != end)
+            end = match + length;
+    }
+    return int(end - begin);
+}

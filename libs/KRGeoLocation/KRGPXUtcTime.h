@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <array>
+
+/**
+ * Reads times as nearly all GPX files write them, "2024-05-01T12:00:00Z" or "2024-05-01T12:00:00.000Z", to the letter.
+ *
+ * Remembers the day it has read last: neighbouring points share it.
+ */
+class KRGPXUtcTime
+{
+public:
+    static constexpr int shortLength = 20; ///< characters
+    static constexpr int longLength = 24; ///< with milliseconds
+
+    /// Milliseconds since 1970; KRGPXTrackSegment::noTime for any other form and for what is no date or time.
+    qint64 read(const char *text, int length);
+
+private:
+    qint64 readDay(const char *text);
+
+    std::array<char, 10> m_dayText{};
+    qint64 m_day = 0;
+};
