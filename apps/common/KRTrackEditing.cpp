@@ -2,6 +2,7 @@
 
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <QRegularExpression>
 
@@ -92,9 +93,11 @@ KRGPXConfiguredTrack KRTrackEditing::reversed(const KRGPXConfiguredTrack &track)
     QList<KRGPXTrackSegment> segments = track.track().segments();
     std::reverse(segments.begin(), segments.end());
     for (KRGPXTrackSegment &segment : segments) {
-        QList<KRGPXTrackPoint> points = segment.trackPoints();
-        std::reverse(points.begin(), points.end());
-        segment = KRGPXTrackSegment(points);
+        KRGPXTrackSegment backwards;
+        for (int i = segment.count() - 1; i >= 0; --i)
+            backwards.append(segment.trackPoint(i));
+        backwards.squeeze();
+        segment = backwards;
     }
     const KRGPXTrack changed(track.name(), track.description(), segments, track.track().shape());
     return drawnAs(track, withEnclaves(changed, track.track().enclaves()));
@@ -121,8 +124,9 @@ int KRTrackEditing::nearestPoint(const KRGPXConfiguredTrack &track, const KRGeoP
     int number = 0;
     const QList<KRGPXTrackSegment> segments = track.track().segments();
     for (const KRGPXTrackSegment &segment : segments) {
-        const KRGeoPositionList points = segment.allPoints();
-        for (const KRGeoPosition &point : points) {
+        const KRGeoPositionSpan points = segment.positions();
+        for (int i = 0; i < points.count; ++i) {
+            const KRGeoPosition point = points.at(i);
             const double distanceKm = point.isValid() ? point.distance(position) : -1.0;
             if (distanceKm >= 0.0 && (nearest < 0 || distanceKm < shortestKm)) {
                 nearest = number;
@@ -138,9 +142,9 @@ KRGPXConfiguredTrack KRTrackEditing::joined(const KRGPXConfiguredTrack &first, c
 {
     QList<KRGPXTrackSegment> segments = first.track().segments();
     QList<KRGPXTrackSegment> following = second.track().segments();
-    const bool isConnected = !segments.isEmpty() && segments.last().isValid() && !following.isEmpty()
-                             && following.first().isValid()
-                             && segments.last().trackPoints().last() == following.first().trackPoints().first();
+    const bool isConnected =
+        !segments.isEmpty() && segments.last().isValid() && !following.isEmpty() && following.first().isValid()
+        && segments.last().trackPoint(segments.last().count() - 1) == following.first().trackPoint(0);
     if (isConnected)
         segments.last() = KRGPXTrackSegment(segments.last().trackPoints() + following.takeFirst().trackPoints().mid(1));
     segments += following;

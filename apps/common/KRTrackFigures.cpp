@@ -30,9 +30,9 @@ KRTrackFigures::KRTrackFigures(const KRGPXConfiguredTrack &track)
 void KRTrackFigures::addSegment(const KRGPXTrackSegment &segment, KRClimbCounter &climb, KRSpeedometer &speed)
 {
     KRGeoPosition previous;
-    const QList<KRGPXTrackPoint> points = segment.trackPoints();
-    m_pointCount += points.size();
-    for (const KRGPXTrackPoint &point : points) {
+    m_pointCount += segment.count();
+    for (int i = 0; i < segment.count(); ++i) {
+        const KRGPXTrackPoint point = segment.trackPoint(i);
         const QDateTime time = point.timeStamp();
         addTime(time);
         if (point.elevation() != 0) {

@@ -2,6 +2,7 @@
 
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <algorithm>
 #include <cmath>
@@ -27,21 +28,20 @@ struct MapPoint {
 };
 
 /// Those points that have a position; the way goes on across the date line.
-std::vector<MapPoint> projected(const QList<KRGPXTrackPoint> &points)
+std::vector<MapPoint> projected(const KRGeoPositionSpan &positions)
 {
     std::vector<MapPoint> result;
-    result.reserve(static_cast<std::size_t>(points.size()));
+    result.reserve(static_cast<std::size_t>(positions.count));
     double previousLongitude = 0.0;
-    for (int i = 0; i < points.size(); ++i) {
-        const KRGeoPosition position = points.at(i).position();
-        if (!position.latitude().isValid() || !position.longitude().isValid())
+    for (int i = 0; i < positions.count; ++i) {
+        const double longitude = positions.longitudes[i];
+        if (!KRGeoArc(positions.latitudes[i]).isValid() || !KRGeoArc(longitude).isValid())
             continue;
-        const double longitude = position.longitude().decimalDegrees();
         const double unwrapped =
             result.empty() ? longitude : previousLongitude + std::remainder(longitude - previousLongitude, 360.0);
         previousLongitude = unwrapped;
         const double latitude =
-            std::clamp(position.latitude().decimalDegrees(), -outermostLatitude, outermostLatitude) * radiansPerDegree;
+            std::clamp(positions.latitudes[i], -outermostLatitude, outermostLatitude) * radiansPerDegree;
         // Spherical Mercator (Snyder 1987, eq. 7-2).
         result.push_back(
             {unwrapped * radiansPerDegree, std::asinh(std::tan(latitude)), earthRadiusMetres * std::cos(latitude), i});
@@ -112,10 +112,10 @@ std::size_t balanced(const std::vector<MapPoint> &points, const Stretch &stretch
  * Douglas and Peucker (1973), for all tolerances at once: a point is left with every tolerance below the largest
  * deviation in the stretch that it splits, and below those of the stretches around it.
  */
-std::vector<float> deviationsOf(const QList<KRGPXTrackPoint> &points, int fewestPoints)
+std::vector<float> deviationsOf(const KRGeoPositionSpan &positions, int fewestPoints)
 {
-    std::vector<float> deviations(static_cast<std::size_t>(points.size()), alwaysKept);
-    const std::vector<MapPoint> line = projected(points);
+    std::vector<float> deviations(static_cast<std::size_t>(positions.count), alwaysKept);
+    const std::vector<MapPoint> line = projected(positions);
     const auto deviationOf = [&](std::size_t i) -> float & {
         return deviations[static_cast<std::size_t>(line[i].index)];
     };
@@ -186,7 +186,7 @@ void KRTrackSimplifier::measure(const KRGPXTrack &track, bool isArea)
     const int fewestPoints = isArea || isClosed(track) ? fewestPointsOfRing : 2;
     const QList<KRGPXTrackSegment> segments = track.segments();
     for (const KRGPXTrackSegment &segment : segments)
-        m_deviations.push_back(deviationsOf(segment.trackPoints(), fewestPoints));
+        m_deviations.push_back(deviationsOf(segment.positions(), fewestPoints));
     const QList<KRGPXTrack> enclaves = track.enclaves();
     for (const KRGPXTrack &enclave : enclaves)
         measure(enclave, true);
@@ -197,13 +197,13 @@ KRGPXTrack KRTrackSimplifier::simplified(const KRGPXTrack &track, float toleranc
     QList<KRGPXTrackSegment> segments = track.segments();
     for (KRGPXTrackSegment &segment : segments) {
         const std::vector<float> &deviations = m_deviations[segmentNumber++];
-        const QList<KRGPXTrackPoint> points = segment.trackPoints();
-        QList<KRGPXTrackPoint> left;
-        for (int i = 0; i < points.size(); ++i) {
+        KRGPXTrackSegment left;
+        for (int i = 0; i < segment.count(); ++i) {
             if (deviations[static_cast<std::size_t>(i)] > tolerance)
-                left.append(points.at(i));
+                left.append(segment.trackPoint(i));
         }
-        segment = KRGPXTrackSegment(left);
+        left.squeeze();
+        segment = left;
     }
     KRGPXTrack result(track.name(), track.description(), segments, track.shape());
     const QList<KRGPXTrack> enclaves = track.enclaves();

@@ -42,8 +42,8 @@ void KRElevationProfile::add(const KRGPXTrackSegment &segment)
     const int start = count();
     double wayKm = lengthKm();
     KRGeoPosition previous;
-    const QList<KRGPXTrackPoint> points = segment.trackPoints();
-    for (const KRGPXTrackPoint &point : points) {
+    for (int i = 0; i < segment.count(); ++i) {
+        const KRGPXTrackPoint point = segment.trackPoint(i);
         const KRGeoPosition position = point.position();
         if (!position.isValid())
             continue;
