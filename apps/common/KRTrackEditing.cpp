@@ -50,6 +50,14 @@ QString joinedDescription(const QString &first, const QString &second)
     return first.isEmpty() ? second : first + QLatin1Char('\n') + second;
 }
 
+/// Appends the points from @p first up to but without @p end.
+void append(KRGPXTrackSegment *segment, const KRGPXTrackSegment &other, int first, int end)
+{
+    for (int i = first; i < end; ++i)
+        segment->append(other.trackPoint(i));
+    segment->squeeze();
+}
+
 /// @p segments up to the point with this number and from it on.
 struct CutSegments {
     QList<KRGPXTrackSegment> before;
@@ -65,9 +73,12 @@ CutSegments cut(const QList<KRGPXTrackSegment> &segments, int pointNumber)
         const int lastIndex = segment.count() - 1;
         firstNumber += segment.count();
         if (index > 0 && index < lastIndex) {
-            const QList<KRGPXTrackPoint> points = segment.trackPoints();
-            parts.before.append(KRGPXTrackSegment(points.mid(0, index + 1)));
-            parts.after.append(KRGPXTrackSegment(points.mid(index)));
+            KRGPXTrackSegment before;
+            KRGPXTrackSegment after;
+            append(&before, segment, 0, index + 1);
+            append(&after, segment, index, segment.count());
+            parts.before.append(before);
+            parts.after.append(after);
         } else if (index > 0) {
             parts.before.append(segment);
         } else {
@@ -145,8 +156,10 @@ KRGPXConfiguredTrack KRTrackEditing::joined(const KRGPXConfiguredTrack &first, c
     const bool isConnected =
         !segments.isEmpty() && segments.last().isValid() && !following.isEmpty() && following.first().isValid()
         && segments.last().trackPoint(segments.last().count() - 1) == following.first().trackPoint(0);
-    if (isConnected)
-        segments.last() = KRGPXTrackSegment(segments.last().trackPoints() + following.takeFirst().trackPoints().mid(1));
+    if (isConnected) {
+        const KRGPXTrackSegment rest = following.takeFirst();
+        append(&segments.last(), rest, 1, rest.count());
+    }
     segments += following;
 
     const KRGPXTrack way(joinedName(first.name(), second.name()),

@@ -56,7 +56,7 @@ KRFiguresPanel::KRFiguresPanel(QWidget *parent) : QWidget(parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(area);
     setMinimumWidth(columnWidth() + area->verticalScrollBar()->sizeHint().width());
-    showNothing();
+    showEverywhere(KRFigureTexts::unknown());
     connect(&m_counter, &QFutureWatcherBase::finished, this, [this] {
         // A future that was only put in to forget the one before has no result.
         if (!m_counter.isCanceled())
@@ -77,7 +77,7 @@ void KRFiguresPanel::setTrack(const KRGPXTrack &track)
         m_counter.setFuture(QFuture<SharedFigures>());
         showFigures(*count());
     } else {
-        showNothing();
+        showEverywhere(QStringLiteral("…"));
         m_counter.setFuture(QtConcurrent::run(count));
     }
 }
@@ -87,7 +87,7 @@ void KRFiguresPanel::clear()
     m_hasTrack = false;
     m_track = KRGPXTrack();
     m_counter.setFuture(QFuture<SharedFigures>());
-    showNothing();
+    showEverywhere(KRFigureTexts::unknown());
 }
 
 void KRFiguresPanel::resizeEvent(QResizeEvent *event)
@@ -132,7 +132,7 @@ void KRFiguresPanel::layOut(int columns)
 
 void KRFiguresPanel::showFigures(const KRTrackFigures &figures)
 {
-    showNothing();
+    showEverywhere(KRFigureTexts::unknown());
     m_length->setText(KRFigureTexts::way(figures.lengthKm()));
     if (figures.from().isValid()) {
         m_from->setText(KRFigureTexts::moment(figures.from()));
@@ -154,8 +154,8 @@ void KRFiguresPanel::showFigures(const KRTrackFigures &figures)
     m_segments->setText(QLocale().toString(figures.segmentCount()));
 }
 
-void KRFiguresPanel::showNothing()
+void KRFiguresPanel::showEverywhere(const QString &text)
 {
     for (const Row &row : std::as_const(m_rows))
-        row.value->setText(KRFigureTexts::unknown());
+        row.value->setText(text);
 }

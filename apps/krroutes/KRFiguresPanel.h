@@ -44,7 +44,7 @@ private:
     int columnWidth() const;
     void layOut(int columns);
     void showFigures(const KRTrackFigures &figures);
-    void showNothing();
+    void showEverywhere(const QString &text);
 
     KRGPXTrack m_track;
     bool m_hasTrack = false;

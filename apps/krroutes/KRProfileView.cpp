@@ -218,8 +218,12 @@ void KRProfileView::paintLines(QPainter &painter) const
     const double bottom = m_elevationAxis.pixel(m_elevationAxis.from());
     const double left = m_wayAxis.pixel(m_wayAxis.from());
     const double right = m_wayAxis.pixel(m_wayAxis.to());
-    const QVector<QVector<int>> lines = m_profile->lines(qRound((right - left) * devicePixelRatioF()));
+    const int columns = qRound((right - left) * devicePixelRatioF());
+    const QVector<QVector<int>> lines = m_profile->lines(columns);
     for (const QVector<int> &indexes : lines) {
+        // Where many points share a pixel the line is a band, which smooth edges would make slow and no prettier.
+        const bool isBand = indexes.size() > 2 * columns;
+        painter.setRenderHint(QPainter::Antialiasing, !isBand);
         QPolygonF line;
         for (const int index : indexes) {
             const KRElevationProfile::Sample &sample = m_profile->at(index);
@@ -231,11 +235,12 @@ void KRProfileView::paintLines(QPainter &painter) const
         painter.setPen(Qt::NoPen);
         painter.setBrush(withAlpha(color, 70));
         painter.drawPolygon(area);
-        painter.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setPen(QPen(color, isBand ? 0.0 : 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.drawPolyline(line);
     }
 
     const double top = m_elevationAxis.pixel(m_elevationAxis.to());
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(withAlpha(palette().color(QPalette::Text), 140), 1.0, Qt::DashLine));
     for (const double gap : m_profile->gaps()) {
         const double x = std::floor(m_wayAxis.pixel(gap / m_wayUnit)) + 0.5;
