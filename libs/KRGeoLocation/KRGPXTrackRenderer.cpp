@@ -2,6 +2,7 @@
 
 #include "KRGPXConfiguredTrack.h"
 #include "KRGPXMarkerShape.h"
+#include "KRGPXPathPainter.h"
 #include "KRGPXTrack.h"
 #include "KRGPXTrackConfiguration.h"
 #include "KRGPXTrackDisplayOptions.h"
@@ -481,7 +482,7 @@ void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const QPainterPath &path
 {
     painter->save();
     if (option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption))
-        painter->fillPath(path, brushFromTrack(configuration, option));
+        KRGPXPathPainter::fillPath(painter, path, brushFromTrack(configuration, option));
     drawPath(painter, path, configuration, option);
     painter->restore();
 }

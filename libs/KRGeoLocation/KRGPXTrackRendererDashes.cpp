@@ -1,5 +1,7 @@
 #include "KRGPXTrackRendererDashes.h"
 
+#include "KRGPXPathPainter.h"
+
 #include <QLineF>
 #include <QPaintEngine>
 #include <QPainter>
@@ -95,6 +97,6 @@ void KRGPXTrackRendererDashes::drawPath(QPainter *painter, const QPainterPath &p
     } else if (period > 0.0 && !isRecorded && path.length() > period * mostPeriods) {
         painter->drawPath(cutTo(wideView(painter), path, period));
     } else {
-        painter->drawPath(path);
+        KRGPXPathPainter::drawPath(painter, path);
     }
 }

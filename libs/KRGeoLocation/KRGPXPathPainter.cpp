@@ -1,0 +1,140 @@
+#include "KRGPXPathPainter.h"
+
+#include "KRGPXPathTiles.h"
+
+#include <QImage>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+
+namespace {
+
+// Shorter paths are drawn as a whole: measured, and pixels of the control rectangle's longer side.
+constexpr int fewElements = 200;
+constexpr double shortLengthPx = 2000.0;
+
+// around a line, beside its pen: the soft edge and the rounding of the rasteriser
+constexpr double softEdgePx = 1.5;
+
+// By how much the transform stretches at least and at most: its singular values.
+struct Stretch {
+    double least;
+    double most;
+};
+
+Stretch stretchOf(const QTransform &transform)
+{
+    const double a = std::hypot(transform.m11() + transform.m22(), transform.m12() - transform.m21());
+    const double b = std::hypot(transform.m11() - transform.m22(), transform.m12() + transform.m21());
+    return {std::abs(a - b) / 2.0, (a + b) / 2.0};
+}
+
+bool hasLinesOnly(const QPainterPath &path)
+{
+    for (int i = 0; i < path.elementCount(); ++i)
+        if (path.elementAt(i).isCurveTo())
+            return false;
+    return true;
+}
+
+// The image, when painting on its pixels is all that the painter does.
+const QImage *imageOf(const QPainter *painter)
+{
+    const auto *const image = dynamic_cast<const QImage *>(painter->device());
+    const bool isPlain = image && image->isDetached() && image->depth() >= 8 && image->colorCount() == 0
+                         && painter->paintEngine()->type() == QPaintEngine::Raster
+                         && painter->paintEngine()->systemClip().isEmpty() && !painter->hasClipping()
+                         && painter->testRenderHint(QPainter::Antialiasing) && painter->deviceTransform().isAffine();
+    return isPlain ? image : nullptr;
+}
+
+// Pens up to a pixel wide are drawn line by line, faster than anything here. Miters reach anywhere.
+bool isPenForTiles(const QPen &pen, const Stretch &stretch)
+{
+    return pen.style() == Qt::SolidLine && pen.brush().style() == Qt::SolidPattern && !pen.isCosmetic()
+           && pen.widthF() * stretch.least > 1.0
+           && (pen.joinStyle() == Qt::RoundJoin || pen.joinStyle() == Qt::BevelJoin);
+}
+
+double reachOf(const QPen &pen, const Stretch &stretch)
+{
+    const double corner = pen.capStyle() == Qt::SquareCap ? std::sqrt(2.0) : 1.0;
+    return pen.widthF() / 2.0 * corner * stretch.most + softEdgePx;
+}
+
+bool isLong(const QPainterPath &path, const QTransform &transform)
+{
+    if (path.elementCount() >= fewElements)
+        return true;
+    double length = 0.0;
+    for (int i = 1; i < path.elementCount() && length < shortLengthPx; ++i)
+        if (!path.elementAt(i).isMoveTo())
+            length += (transform.map(QPointF(path.elementAt(i))) - transform.map(QPointF(path.elementAt(i - 1))))
+                          .manhattanLength();
+    return length >= shortLengthPx;
+}
+
+/**
+ * A second painter on the pixels of an image, for one piece of it after the other.
+ *
+ * The engine's own clip keeps the rasteriser from all work outside the piece, which the clip of a painter does not.
+ * Coordinates stay those of the image: moved ones would not round to the same fractions of a pixel.
+ */
+class PiecePainter
+{
+public:
+    /// The image must be the painter's.
+    PiecePainter(const QPainter *painter, const QImage *image)
+        : m_original(painter),
+          // Intended: the pixels that the painter paints on, without a detaching or a copy.
+          m_image(const_cast<uchar *>(image->constBits()), image->width(), image->height(), image->bytesPerLine(),
+                  image->format())
+    { }
+
+    template <typename Paint>
+    void paint(const QRect &piece, const Paint &paint)
+    {
+        m_image.paintEngine()->setSystemClip(piece);
+        QPainter painter(&m_image);
+        painter.setRenderHints(m_original->renderHints());
+        painter.setCompositionMode(m_original->compositionMode());
+        painter.setOpacity(m_original->opacity());
+        painter.setTransform(m_original->deviceTransform());
+        paint(&painter);
+    }
+
+private:
+    const QPainter *m_original;
+    QImage m_image;
+};
+
+} // namespace
+
+void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
+{
+    const QPen pen = painter->pen();
+    const QTransform transform = painter->deviceTransform();
+    const Stretch stretch = stretchOf(transform);
+    const QImage *const image = imageOf(painter);
+    if (!image || !isPenForTiles(pen, stretch) || !isLong(path, transform) || !hasLinesOnly(path)) {
+        painter->drawPath(path);
+        return;
+    }
+    const KRGPXPathTiles tiles(path, transform, reachOf(pen, stretch), image->size());
+    PiecePainter pieces(painter, image);
+    QPainterPath lines;
+    for (int tile = 0; tile < tiles.count(); ++tile) {
+        if (tiles.isEmpty(tile))
+            continue;
+        lines.clear();
+        tiles.appendLines(tile, &lines);
+        pieces.paint(tiles.rect(tile), [&](QPainter *piecePainter) { piecePainter->strokePath(lines, pen); });
+    }
+}
+
+void KRGPXPathPainter::fillPath(QPainter *painter, const QPainterPath &path, const QBrush &brush)
+{
+    painter->fillPath(path, brush);
+}
