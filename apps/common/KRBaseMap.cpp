@@ -115,6 +115,12 @@ void KRBaseMap::paint(QImage *image, const KRMapProjection &projection, double f
 
 void KRBaseMap::paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) const
 {
+    paintBelow(painter, size, projection, factor);
+    paintNames(painter, size, projection, factor, QVector<QRectF>());
+}
+
+void KRBaseMap::paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) const
+{
     const KRBaseMapView view(projection, size, factor);
     const QRectF map = view.mapRect();
     painter->save();
@@ -125,8 +131,21 @@ void KRBaseMap::paint(QPainter *painter, const QSize &size, const KRMapProjectio
         painter->setClipRect(map, Qt::IntersectClip);
         paintGround(painter, view);
         paintLines(painter, view);
-        paintLabels(painter, view);
     }
+    painter->restore();
+}
+
+void KRBaseMap::paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                           const QVector<QRectF> &keptFree) const
+{
+    const KRBaseMapView view(projection, size, factor);
+    const QRectF map = view.mapRect();
+    if (map.isEmpty())
+        return;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setClipRect(map.intersected(QRectF(QPointF(), size)), Qt::IntersectClip);
+    paintLabels(painter, view, keptFree);
     painter->restore();
 }
 
@@ -158,9 +177,11 @@ void KRBaseMap::paintLines(QPainter *painter, const KRBaseMapView &view) const
     strokePaths(painter, KRBaseMapData::instance()->coasts(), view);
 }
 
-void KRBaseMap::paintLabels(QPainter *painter, const KRBaseMapView &view) const
+void KRBaseMap::paintLabels(QPainter *painter, const KRBaseMapView &view, const QVector<QRectF> &keptFree) const
 {
     KRMapLabelBoard board(view.mapRect(), labelMargin * view.factor());
+    for (const QRectF &box : keptFree)
+        board.keepFree(box);
     addGraticuleLabels(view, &board);
     const KRBaseMapPlaceLabels places(view, m_places);
     places.keepDotsFree(&board);

@@ -5,6 +5,7 @@
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include <QCoreApplication>
+#include <QRectF>
 #include <QSize>
 #include <QVector>
 
@@ -35,11 +36,15 @@ public:
     void paint(QImage *image, const KRMapProjection &projection, double factor) const;
     /// The same into the rectangle of that size at (0, 0), and nowhere else.
     void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) const;
+    /// All but the names and the dots of places, and then those; no name reaches into @p keptFree, in pixels.
+    void paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) const;
+    void paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                    const QVector<QRectF> &keptFree) const;
 
 private:
     void paintGround(QPainter *painter, const KRBaseMapView &view) const;
     void paintLines(QPainter *painter, const KRBaseMapView &view) const;
-    void paintLabels(QPainter *painter, const KRBaseMapView &view) const;
+    void paintLabels(QPainter *painter, const KRBaseMapView &view, const QVector<QRectF> &keptFree) const;
 
     QVector<KRBaseMapPlace> m_places;
 };

@@ -8,3 +8,14 @@ void KRBaseMapGround::paint(QPainter *painter, const QSize &size, const KRMapPro
 {
     m_map.paint(painter, size, projection, factor);
 }
+
+void KRBaseMapGround::paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor)
+{
+    m_map.paintBelow(painter, size, projection, factor);
+}
+
+void KRBaseMapGround::paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                                 const QVector<QRectF> &keptFree)
+{
+    m_map.paintNames(painter, size, projection, factor, keptFree);
+}

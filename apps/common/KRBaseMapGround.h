@@ -14,6 +14,9 @@ public:
     explicit KRBaseMapGround(QObject *parent = nullptr);
 
     void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
+    void paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
+    void paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                    const QVector<QRectF> &keptFree) override;
     bool isVector() const override { return true; }
 
 private:

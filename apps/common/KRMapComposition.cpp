@@ -3,11 +3,14 @@
 #include "KRHaloPainter.h"
 #include "KRMapFurniture.h"
 #include "KRMapGround.h"
+#include "KRMapLegend.h"
 #include "KRMapTrackRenderer.h"
+#include "KRTrackLabels.h"
 
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include <QPainter>
+#include <QVector>
 
 KRMapComposition::KRMapComposition(const KRGPXTrackSelection &selection, const KRGeoPositionRect &area,
                                    const QSize &size, double factor)
@@ -23,6 +26,7 @@ QImage KRMapComposition::render() const
     QPainter painter(&map);
     KRHaloPainter::paint(painter, m_selection, projection, m_size, m_factor);
     painter.drawImage(0, 0, renderer.render(m_renderOption));
+    paintNames(&painter, projection);
     paintFurniture(&painter, projection);
     return map;
 }
@@ -38,8 +42,14 @@ void KRMapComposition::paint(QPainter *painter) const
     paintGround(painter, projection);
     KRHaloPainter::paintShapes(*painter, m_selection, projection, m_size, m_factor);
     renderer.renderWith(*painter, m_renderOption);
+    paintNames(painter, projection);
     paintFurniture(painter, projection);
     painter->restore();
+}
+
+bool KRMapComposition::isCropped() const
+{
+    return m_selection.effectiveCroppingOpacity() < 255;
 }
 
 QImage KRMapComposition::groundImage(const KRMapProjection &projection) const
@@ -48,7 +58,11 @@ QImage KRMapComposition::groundImage(const KRMapProjection &projection) const
     ground.fill(Qt::transparent);
     if (m_ground) {
         QPainter painter(&ground);
-        m_ground->paint(&painter, m_size, projection, m_factor);
+        // Names of what is cropped fade with it.
+        if (isCropped())
+            m_ground->paint(&painter, m_size, projection, m_factor);
+        else
+            m_ground->paintBelow(&painter, m_size, projection, m_factor);
     }
     return ground;
 }
@@ -57,13 +71,32 @@ void KRMapComposition::paintGround(QPainter *painter, const KRMapProjection &pro
 {
     if (!m_ground)
         return;
-    const bool isCropped = m_selection.effectiveCroppingOpacity() < 255;
-    if (m_ground->isVector() && !isCropped) {
-        m_ground->paint(painter, m_size, projection, m_factor);
+    if (m_ground->isVector() && !isCropped()) {
+        m_ground->paintBelow(painter, m_size, projection, m_factor);
         return;
     }
     const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
     painter->drawImage(0, 0, renderer.crop(groundImage(projection)));
+}
+
+void KRMapComposition::paintNames(QPainter *painter, const KRMapProjection &projection) const
+{
+    QVector<QRectF> taken;
+    if (m_hasLegend)
+        taken << KRMapLegend::box(m_selection, projection, m_size, m_factor);
+    if (m_ground && m_hasScaleBar)
+        taken << KRMapFurniture::scaleBarBox(m_size, projection, m_factor);
+    if (m_ground && m_hasAttribution)
+        taken << KRMapFurniture::attributionBox(m_size, m_factor)
+              << KRMapFurniture::creditBox(m_size, m_ground->credit(), m_factor);
+    KRMapLabelBoard labels(QRectF(), 0.0);
+    if (m_hasLabels)
+        labels = KRTrackLabels::arranged(m_selection, projection, m_size, m_factor, taken);
+    for (const KRMapLabel &label : labels.labels())
+        taken << label.box();
+    if (m_ground && !isCropped())
+        m_ground->paintNames(painter, m_size, projection, m_factor, taken);
+    labels.paint(painter);
 }
 
 void KRMapComposition::paintFurniture(QPainter *painter, const KRMapProjection &projection) const
@@ -74,4 +107,6 @@ void KRMapComposition::paintFurniture(QPainter *painter, const KRMapProjection &
         KRMapFurniture::paintAttribution(painter, m_size, m_factor);
         KRMapFurniture::paintCredit(painter, m_size, m_ground->credit(), m_factor);
     }
+    if (m_hasLegend)
+        KRMapLegend::paint(*painter, m_selection, projection, m_size, m_factor);
 }

@@ -12,7 +12,8 @@ class KRMapProjection;
 class QPainter;
 
 /**
- * Puts a map together: ground, crop, halos, tracks, scale bar and credit, from bottom to top.
+ * Puts a map together: ground, crop, halos, tracks, names of places and of tracks, scale bar, credits and legend, from
+ * bottom to top.
  *
  * The selection's cropping opacity makes the ground translucent outside the tracks. A composition is a value; several
  * threads may draw one at once, as long as its ground lives.
@@ -37,6 +38,9 @@ public:
     /// Both are painted unless they are switched off or there is no ground.
     void setScaleBar(bool isPainted) { m_hasScaleBar = isPainted; }
     void setAttribution(bool isPainted) { m_hasAttribution = isPainted; }
+    /// Neither is painted unless it is switched on.
+    void setLegend(bool isPainted) { m_hasLegend = isPainted; }
+    void setLabels(bool isPainted) { m_hasLabels = isPainted; }
 
     QImage render() const;
 
@@ -49,8 +53,10 @@ public:
     void paint(QPainter *painter) const;
 
 private:
+    bool isCropped() const;
     QImage groundImage(const KRMapProjection &projection) const;
     void paintGround(QPainter *painter, const KRMapProjection &projection) const;
+    void paintNames(QPainter *painter, const KRMapProjection &projection) const;
     void paintFurniture(QPainter *painter, const KRMapProjection &projection) const;
 
     KRGPXTrackSelection m_selection;
@@ -61,4 +67,6 @@ private:
     TrackRenderOption m_renderOption = StyledRender;
     bool m_hasScaleBar = true;
     bool m_hasAttribution = true;
+    bool m_hasLegend = false;
+    bool m_hasLabels = false;
 };

@@ -1,5 +1,6 @@
 #include "KRMapFurniture.h"
 
+#include <KRCore/KRMath.h>
 #include <KRGeoLocation/KRCopyrightRenderer.h>
 #include <KRGeoLocation/KRMapProjection.h>
 #include <KRGeoLocation/KROsmScaleRenderer.h>
@@ -25,6 +26,7 @@ constexpr double creditPadding = 10.0; // to the left and to the right, a quarte
 constexpr double creditDistance = 6.0;
 /// Of the picture; the rest is for the scale bar.
 constexpr double creditShare = 0.44;
+constexpr double shortestBar = 40.0;
 constexpr int creditLayout = Qt::AlignHCenter | Qt::TextWordWrap;
 
 /// In pixels, not in points: a page has other points than a screen, and the same pixels.
@@ -46,7 +48,15 @@ double fittingFactor(const QSize &size, double factor)
 KROsmScaleRenderer scaleRenderer(const QSize &size, const KRMapProjection &projection, double factor)
 {
     // The renderer thinks in the pixels of a normal screen and multiplies its lengths by the factor.
-    return KROsmScaleRenderer(KRDistance(KRMapFurniture::pixelsPerKilometre(size, projection) / factor), size / factor);
+    const KRDistance scale(KRMapFurniture::pixelsPerKilometre(size, projection) / factor);
+    const KROsmScaleRenderer renderer(scale, size / factor);
+    const double third = size.width() / 3 / factor;
+    if (renderer.scaleBox(QRect(QPoint(), size), factor).right() <= third * factor)
+        return renderer;
+    // It would stand higher, across the routes of a small picture: shorter it fits beside the credit. The renderer
+    // takes two thirds of the width for the bar.
+    const double room = third - renderer.textSize(1.0).width() - 10.0;
+    return KROsmScaleRenderer(scale, QSize(KRMath::toInt(std::max(room, shortestBar) * 1.5), size.height()));
 }
 
 } // namespace

@@ -2,7 +2,9 @@
 
 #include <QColor>
 #include <QObject>
+#include <QRectF>
 #include <QString>
+#include <QVector>
 
 class KRMapProjection;
 class QPainter;
@@ -38,6 +40,12 @@ public:
     /// the GUI thread of a program with windows.
     virtual KRMapGaps paintWhole(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
                                  int timeLimitMs);
+
+    /// Like paint(), in two layers: what lies under the tracks, and the names that shall not be hidden by them, which
+    /// keep out of @p keptFree, in pixels. A ground that cannot tell its names apart has all of it below.
+    virtual void paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor);
+    virtual void paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                            const QVector<QRectF> &keptFree);
 
     /// Whether it is painted as lines, areas and text, which documents keep as such; other grounds become one image.
     virtual bool isVector() const { return false; }

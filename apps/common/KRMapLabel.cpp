@@ -22,11 +22,16 @@ constexpr double spacingOfCapitals = 108.0; ///< percent
 } // namespace
 
 KRMapLabel::KRMapLabel(const QString &text, double letterHeight, const QColor &color)
-    : m_text(text), m_font(QStringLiteral("Arial")), m_color(color)
+    : m_text(text), m_font(font(letterHeight)), m_color(color)
+{ }
+
+QFont KRMapLabel::font(double letterHeight)
 {
-    m_font.setStyleHint(QFont::SansSerif);
-    m_font.setHintingPreference(QFont::PreferNoHinting);
-    setLetterHeight(letterHeight);
+    QFont font(QStringLiteral("Arial"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setPixelSize(qMax(1, qRound(letterHeight)));
+    return font;
 }
 
 QSizeF KRMapLabel::size() const

@@ -21,6 +21,9 @@ public:
     /// @p text may have several lines, separated by "\n".
     KRMapLabel(const QString &text, double letterHeight, const QColor &color);
 
+    /// Of names on the map; the same on all devices.
+    static QFont font(double letterHeight);
+
     const QString &text() const { return m_text; }
     QSizeF size() const;
     QRectF box() const;

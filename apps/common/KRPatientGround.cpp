@@ -8,3 +8,18 @@ void KRPatientGround::paint(QPainter *painter, const QSize &size, const KRMapPro
 {
     m_gaps = m_ground->paintWhole(painter, size, projection, factor, m_timeLimitMs);
 }
+
+void KRPatientGround::paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor)
+{
+    // Only what is drawn has layers, and that is all at hand.
+    if (isVector())
+        m_ground->paintBelow(painter, size, projection, factor);
+    else
+        paint(painter, size, projection, factor);
+}
+
+void KRPatientGround::paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                                 const QVector<QRectF> &keptFree)
+{
+    m_ground->paintNames(painter, size, projection, factor, keptFree);
+}

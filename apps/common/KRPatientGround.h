@@ -14,6 +14,9 @@ public:
     KRPatientGround(KRMapGround *ground, int timeLimitMs, QObject *parent = nullptr);
 
     void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
+    void paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
+    void paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
+                    const QVector<QRectF> &keptFree) override;
     bool isVector() const override { return m_ground->isVector(); }
     QString credit() const override { return m_ground->credit(); }
 

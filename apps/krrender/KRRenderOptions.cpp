@@ -83,6 +83,9 @@ constexpr OptionText optionTexts[] = {
     {"tiles-credit", "TEXT",
      QT_TRANSLATE_NOOP("KRRenderOptions", "Quellenangabe der Kacheln, anstatt der in der MBTiles-Datei.")},
     {"no-map", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Keine Karte, durchsichtiger Grund.")},
+    {"legend", "",
+     QT_TRANSLATE_NOOP("KRRenderOptions", "Nennt die Routen mit ihrem Aussehen in einem Kasten oben rechts.")},
+    {"labels", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Schreibt die Namen der Routen neben ihre Linien.")},
     {"no-scale-bar", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Kein Maßstab auf der Karte.")},
     {"no-attribution", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Keine Quellenangabe auf der Karte.")},
     {"list", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Gibt eine Tabelle der Routen aus, statt zu zeichnen.")},
@@ -270,6 +273,8 @@ void KRRenderOptions::readGround(const QCommandLineParser &parser)
 {
     m_hasScaleBar = !parser.isSet(QStringLiteral("no-scale-bar"));
     m_hasAttribution = !parser.isSet(QStringLiteral("no-attribution"));
+    m_hasLegend = parser.isSet(QStringLiteral("legend"));
+    m_hasLabels = parser.isSet(QStringLiteral("labels"));
     if (parser.isSet(QStringLiteral("crop"))) {
         const QString text = parser.value(QStringLiteral("crop"));
         bool isNumber = false;

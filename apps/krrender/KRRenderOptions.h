@@ -85,6 +85,8 @@ public:
     QString tilesCredit() const { return m_tilesCredit; }
     bool hasScaleBar() const { return m_hasScaleBar; }
     bool hasAttribution() const { return m_hasAttribution; }
+    bool hasLegend() const { return m_hasLegend; }
+    bool hasLabels() const { return m_hasLabels; }
     bool isQuiet() const { return m_isQuiet; }
     bool isVerbose() const { return m_isVerbose; }
 
@@ -125,6 +127,8 @@ private:
     QString m_tilesCredit;
     bool m_hasScaleBar = true;
     bool m_hasAttribution = true;
+    bool m_hasLegend = false;
+    bool m_hasLabels = false;
     bool m_isQuiet = false;
     bool m_isVerbose = false;
 };

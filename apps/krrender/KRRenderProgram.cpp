@@ -236,6 +236,8 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     composition.setRenderOption(m_options.renderOption());
     composition.setScaleBar(m_options.hasScaleBar());
     composition.setAttribution(m_options.hasAttribution());
+    composition.setLegend(m_options.hasLegend());
+    composition.setLabels(m_options.hasLabels());
     const QByteArray bytes = KRPictureFile::encode(composition, m_options.format(), title(tracks));
     if (m_options.isVerbose())
         say(tr("in %1 ms gezeichnet").arg(timer.elapsed()));

@@ -1,0 +1,125 @@
+#include "KRTrackLabels.h"
+
+#include "KRLabelRoom.h"
+#include "KRMapCells.h"
+#include "KRMapFurniture.h"
+#include "KRMapTrackRenderer.h"
+#include "KRTrackInView.h"
+
+#include <KRXML/KRXMLBuilder.h>
+
+#include <QFontMetricsF>
+
+namespace {
+
+// Pixels of a normal screen.
+constexpr double letterHeight = 15.0;
+constexpr double widestName = 320.0;
+constexpr double labelMargin = 3.0;
+constexpr double cellSize = 3.0;
+constexpr double distanceFromLine = 2.0;
+
+/// Letters are as dark as that at least, on the light halo that they have.
+constexpr double greatestLightness = 0.32;
+
+/// Parts of the way at which a name may stand, the best first.
+constexpr double fractions[] = {0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8, 0.1, 0.9, 0.0, 1.0};
+/// On which side of such a place; x and y are -1, 0 or 1.
+constexpr QPoint sides[] = {{1, 0}, {-1, 0}, {0, -1}, {0, 1}, {1, -1}, {-1, -1}, {1, 1}, {-1, 1}};
+
+QColor letterColor(const QColor &lineColor)
+{
+    const QColor hsl = lineColor.toHsl();
+    return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), qMin(hsl.lightnessF(), greatestLightness));
+}
+
+/// A track that is to be named, with its name and how much of the map its line takes.
+struct NamedTrack {
+    KRTrackInView view;
+    KRMapLabel label;
+    double width;
+};
+
+KRMapLabel labelFor(const KRGPXConfiguredTrack &track, double factor)
+{
+    const QString name = KRXMLBuilder::readableText(track.name().simplified());
+    const QFontMetricsF metrics(KRMapLabel::font(letterHeight * factor));
+    return KRMapLabel(metrics.elidedText(name, Qt::ElideRight, widestName * factor), letterHeight * factor,
+                      letterColor(track.lineColor()));
+}
+
+double widthOf(const KRGPXConfiguredTrack &track, double factor)
+{
+    const double width = track.lineWidth().toDouble();
+    // The size of a marker is that of its half.
+    const bool isMarker = track.effectiveShape() == PointTrackShape;
+    return (isMarker ? 2.0 * width : width + track.haloWidth().toDouble()) * factor;
+}
+
+bool addInside(const NamedTrack &track, const KRMapCells &cells, KRMapLabelBoard *board)
+{
+    if (track.view.area().isEmpty())
+        return false;
+    const KRLabelRoom room(track.view.area());
+    KRMapLabel label = track.label;
+    for (const QPointF &place : room.placesFor(label.size(), room.middle())) {
+        label.moveCenter(place);
+        if (cells.isFree(label.box()) && board->tryAdd(label))
+            return true;
+    }
+    return false;
+}
+
+/// @p cells are those where there is to be no name, null when any place will do.
+bool addBeside(const NamedTrack &track, const KRMapCells *cells, double factor, KRMapLabelBoard *board)
+{
+    const QPolygonF line = track.view.longestLine();
+    KRMapLabel label = track.label;
+    const double away = track.width / 2.0 + (distanceFromLine + cellSize) * factor;
+    const QSizeF reach = label.size() / 2.0 + QSizeF(away, away);
+    for (const double fraction : fractions) {
+        const QPointF place = KRTrackInView::pointAt(line, fraction);
+        for (const QPoint &side : sides) {
+            label.moveCenter(place + QPointF(side.x() * reach.width(), side.y() * reach.height()));
+            if ((!cells || cells->isFree(label.box())) && board->tryAdd(label))
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+void KRTrackLabels::paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
+                          const QSize &size, double factor)
+{
+    arranged(selection, projection, size, factor, QVector<QRectF>()).paint(&painter);
+}
+
+KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, const KRMapProjection &projection,
+                                        const QSize &size, double factor, const QVector<QRectF> &keptFree)
+{
+    const KRMapTrackRenderer renderer(selection, projection, size, factor);
+    KRMapCells cells(size, cellSize * factor);
+    QVector<NamedTrack> named;
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        const KRTrackInView view(renderer, track, size);
+        const double width = widthOf(track, factor);
+        for (const QPolygonF &line : view.lines())
+            cells.addLine(line, width);
+        if (!view.isEmpty() && !track.name().simplified().isEmpty())
+            named.append({view, labelFor(track, factor), width});
+    }
+
+    KRMapLabelBoard board(QRectF(QPointF(), size), labelMargin * factor);
+    board.keepFree(KRMapFurniture::scaleBarBox(size, projection, factor));
+    board.keepFree(KRMapFurniture::attributionBox(size, factor));
+    for (const QRectF &box : keptFree)
+        board.keepFree(box);
+    for (const NamedTrack &track : std::as_const(named)) {
+        if (!addInside(track, cells, &board) && !addBeside(track, &cells, factor, &board))
+            addBeside(track, nullptr, factor, &board);
+    }
+    return board;
+}

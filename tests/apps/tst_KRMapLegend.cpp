@@ -1,0 +1,120 @@
+#include "KRMapFurniture.h"
+#include "KRMapLegend.h"
+#include "KRNamedTrack.h"
+#include "KRTestPicture.h"
+#include "KRTestRegistry.h"
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+#include <KRGeoLocation/KRMapProjection.h>
+
+#include <QPainter>
+#include <QtTest>
+
+class tst_KRMapLegend : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void keepsToItsPlace_data();
+    void keepsToItsPlace();
+    void showsTheLookOfEachTrack();
+};
+
+namespace {
+
+const KRGeoPositionRect area(KRLatitudeRange(KRLatitude(50.0), KRLatitude(54.0)),
+                             KRLongitudeRange(KRLongitude(6.0), KRLongitude(12.0)));
+
+KRGPXTrackSelection tracks(int count, const QString &name)
+{
+    KRGPXTrackSelection selection;
+    for (int i = 0; i < count; ++i)
+        selection.addTrack(namedTrack({{51.0, 7.0}, {53.0, 11.0}}, LineStringTrackShape, Qt::darkGreen, name));
+    return selection;
+}
+
+QImage painted(const KRGPXTrackSelection &selection, const QSize &size, double factor)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    QPainter painter(&image);
+    KRMapLegend::paint(painter, selection, KRMapProjection(area, size), size, factor);
+    return image;
+}
+
+} // namespace
+
+void tst_KRMapLegend::keepsToItsPlace_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<double>("factor");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isThere");
+    const QString brief = QStringLiteral("Weg");
+    const QString lengthy = QStringLiteral("Ein Weg mit einem Namen, der nicht enden will ").repeated(9);
+    QTest::newRow("one track") << QSize(1600, 1200) << 1.0 << 1 << brief << true;
+    QTest::newRow("high density") << QSize(1600, 1200) << 2.0 << 5 << brief << true;
+    QTest::newRow("long names") << QSize(1600, 1200) << 1.0 << 5 << lengthy << true;
+    QTest::newRow("many tracks") << QSize(800, 600) << 1.0 << 1000 << lengthy << true;
+    QTest::newRow("small picture") << QSize(300, 200) << 1.0 << 20 << lengthy << true;
+    QTest::newRow("flat picture") << QSize(1200, 300) << 1.0 << 20 << brief << true;
+    QTest::newRow("no room") << QSize(300, 24) << 1.0 << 3 << brief << false;
+    QTest::newRow("no track") << QSize(800, 600) << 1.0 << 0 << brief << false;
+}
+
+void tst_KRMapLegend::keepsToItsPlace()
+{
+    QFETCH(QSize, size);
+    QFETCH(double, factor);
+    QFETCH(int, count);
+    QFETCH(QString, name);
+    const KRGPXTrackSelection selection = tracks(count, name);
+    const KRMapProjection projection(area, size);
+    const QRect legend = KRTestPicture::boundsOf(painted(selection, size, factor),
+                                                 [](const QColor &color) { return color != QColor(Qt::gray); });
+    QTEST(!legend.isEmpty(), "isThere");
+    const QRectF box = KRMapLegend::box(selection, projection, size, factor);
+    QVERIFY(legend.isEmpty() ? box.isEmpty() : box.adjusted(-2, -2, 2, 2).contains(legend));
+    if (legend.isEmpty())
+        return;
+    QVERIFY(legend.width() < size.width() / 2 && legend.left() > size.width() / 2);
+    QVERIFY(!box.intersects(KRMapFurniture::scaleBarBox(size, projection, factor)));
+    QVERIFY(!box.intersects(KRMapFurniture::attributionBox(size, factor)));
+    const QString credit = QStringLiteral("Kacheln der Stadt");
+    QVERIFY(!box.intersects(KRMapFurniture::creditBox(size, credit, factor)));
+}
+
+void tst_KRMapLegend::showsTheLookOfEachTrack()
+{
+    const KRGeoPositionList way{{51.0, 7.0}, {53.0, 11.0}, {52.0, 8.0}};
+    KRGPXTrackSelection selection;
+    selection.addTrack(namedTrack(way, LineStringTrackShape, Qt::red));
+    selection.addTrack(namedTrack(way, PolygonTrackShape, Qt::darkGreen));
+    selection.addTrack(namedTrack({{51.0, 7.0}}, PointTrackShape, Qt::magenta));
+    // Hardly to be seen on the light box, if it were not for the dark edge.
+    selection.addTrack(namedTrack(way, LineStringTrackShape, Qt::white));
+    const QSize size(1600, 1200);
+    const QImage image = painted(selection, size, 1.0);
+    const QRect box = KRMapLegend::box(selection, KRMapProjection(area, size), size, 1.0).toAlignedRect();
+    const int rowHeight = (box.height() - 16) / selection.count();
+
+    const auto boundsInRow = [&](int row, const std::function<bool(const QColor &)> &isMeant) {
+        const QRect sample(box.left() + 8, box.top() + 8 + row * rowHeight, 48, rowHeight);
+        return KRTestPicture::boundsOf(image.copy(sample), isMeant);
+    };
+    const auto is = [](const QColor &wanted) { return [wanted](const QColor &color) { return color == wanted; }; };
+    QVERIFY(boundsInRow(0, is(Qt::red)).width() > 30);
+    QVERIFY(qAbs(boundsInRow(0, is(Qt::red)).height() - 5) <= 1);
+    QVERIFY(boundsInRow(1, is(Qt::darkGreen)).height() > 12);
+    QVERIFY(boundsInRow(1, [](const QColor &color) { return color.blue() > color.red() + 40; }).width() > 25);
+    const auto isMagenta = [](const QColor &color) { return color.red() > color.green() + 120; };
+    const QRect marker = boundsInRow(2, isMagenta);
+    QVERIFY(marker.width() > 5 && marker.width() < 24 && qAbs(marker.center().x() - 24) < 2);
+    const auto isDark = [](const QColor &color) { return color.lightness() < 120; };
+    QVERIFY(boundsInRow(3, isDark).width() > 30);
+}
+
+static const KRTestRegistration<tst_KRMapLegend> registration;
+
+#include "tst_KRMapLegend.moc"

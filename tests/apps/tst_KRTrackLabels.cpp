@@ -1,0 +1,116 @@
+#include "KRMapFurniture.h"
+#include "KRMapTrackRenderer.h"
+#include "KRNamedTrack.h"
+#include "KRTestPicture.h"
+#include "KRTestRegistry.h"
+#include "KRTrackLabels.h"
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+#include <KRGeoLocation/KRMapProjection.h>
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+class tst_KRTrackLabels : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void namesStandByTheirTracks_data();
+    void namesStandByTheirTracks();
+    void namesKeepApart();
+    void namesKeepOffLines();
+};
+
+namespace {
+
+const KRGeoPositionRect fijiArea(KRLatitudeRange(KRLatitude(-21.0), KRLatitude(-9.0)),
+                                 KRLongitudeRange(KRLongitude(170.0), KRLongitude(-175.0)));
+const QSize size(800, 600);
+
+} // namespace
+
+void tst_KRTrackLabels::namesStandByTheirTracks_data()
+{
+    QTest::addColumn<KRGPXConfiguredTrack>("track");
+    QTest::addColumn<QRectF>("within"); // parts of the picture; empty where there is to be no name
+    const auto row = [](const char *text, const KRGeoPositionList &positions, KRGPXTrackShapeEnum shape,
+                        const QRectF &within, const QString &name = QStringLiteral("Fähre")) {
+        QTest::newRow(text) << namedTrack(positions, KRGPXTrackShape(shape), Qt::red, name) << within;
+    };
+    const KRGeoPositionList line{{-15.0, 171.0}, {-15.0, 175.0}};
+    row("line", line, LineStringTrackShape, {0.0, 0.3, 0.5, 0.4});
+    row("across the date line", {{-15.0, 178.0}, {-15.0, -178.0}}, LineStringTrackShape, {0.4, 0.3, 0.4, 0.4});
+    row("marker across the date line", {{-10.0, -177.0}}, PointTrackShape, {0.7, 0.0, 0.3, 0.3});
+    row("middle of an area", {{-10.0, 171.0}, {-10.0, 177.0}, {-14.0, 177.0}, {-14.0, 171.0}}, PolygonTrackShape,
+        {0.15, 0.1, 0.25, 0.3});
+    row("part in view", {{-15.0, 100.0}, {-15.0, 173.0}}, LineStringTrackShape, {0.0, 0.3, 0.3, 0.4});
+    row("out of view", {{15.0, 100.0}, {15.0, 110.0}}, LineStringTrackShape, {});
+    row("no position", {{720.0, 720.0}}, PointTrackShape, {});
+    row("no name", line, LineStringTrackShape, {}, QString());
+    row("name to be cut", line, LineStringTrackShape, {0.0, 0.3, 0.7, 0.4}, QStringLiteral("W").repeated(500));
+}
+
+void tst_KRTrackLabels::namesStandByTheirTracks()
+{
+    QFETCH(KRGPXConfiguredTrack, track);
+    QFETCH(QRectF, within);
+    KRGPXTrackSelection selection;
+    selection.addTrack(track);
+    const QVector<KRMapLabel> labels =
+        KRTrackLabels::arranged(selection, KRMapProjection(fijiArea, size), size, 1.0, {}).labels();
+    QCOMPARE(labels.size(), within.isEmpty() ? 0 : 1);
+    if (labels.isEmpty())
+        return;
+    const QRectF place(within.x() * size.width(), within.y() * size.height(), within.width() * size.width(),
+                       within.height() * size.height());
+    QVERIFY(place.contains(labels.first().box()));
+}
+
+void tst_KRTrackLabels::namesKeepApart()
+{
+    KRGPXTrackSelection selection;
+    QRandomGenerator random(7);
+    for (int i = 0; i < 300; ++i) {
+        const double latitude = -20.0 + random.bounded(10.0);
+        const double longitude = 171.0 + random.bounded(8.0);
+        selection.addTrack(namedTrack({{latitude, longitude}, {latitude + 0.5, longitude + 0.5}},
+                                      KRGPXTrackShape(LineStringTrackShape), Qt::darkBlue,
+                                      QStringLiteral("Weg %1").arg(i)));
+    }
+    const KRMapProjection projection(fijiArea, size);
+    const QRectF kept(600.0, 0.0, 200.0, 300.0);
+    const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, {kept}).labels();
+    QVERIFY(labels.size() > 40);
+    QCOMPARE(labels.first().text(), QStringLiteral("Weg 0"));
+    QVector<QRectF> taken{kept, KRMapFurniture::scaleBarBox(size, projection, 1.0),
+                          KRMapFurniture::attributionBox(size, 1.0)};
+    for (const KRMapLabel &label : labels) {
+        QVERIFY(QRectF(QPointF(), size).contains(label.box()));
+        for (const QRectF &box : std::as_const(taken))
+            QVERIFY2(!box.intersects(label.box()), qPrintable(label.text()));
+        taken << label.box();
+    }
+}
+
+void tst_KRTrackLabels::namesKeepOffLines()
+{
+    KRGPXTrackSelection selection;
+    for (const double longitude : {171.0, 174.0, 177.0, -180.0, -177.0}) {
+        selection.addTrack(namedTrack({{-20.0, longitude}, {-15.0, longitude + 2.0}, {-10.0, longitude}},
+                                      KRGPXTrackShape(LineStringTrackShape), Qt::red,
+                                      QStringLiteral("Weg nach Norden")));
+    }
+    const KRMapProjection projection(fijiArea, size);
+    const QImage lines = KRMapTrackRenderer(selection, projection, size, 1.0).render(StyledRender);
+    const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, {}).labels();
+    QCOMPARE(labels.size(), selection.count());
+    for (const KRMapLabel &label : labels) {
+        const QImage below = lines.copy(label.box().toAlignedRect());
+        QVERIFY(KRTestPicture::boundsOf(below, [](const QColor &color) { return color.alpha() > 0; }).isEmpty());
+    }
+}
+
+static const KRTestRegistration<tst_KRTrackLabels> registration;
+
+#include "tst_KRTrackLabels.moc"
