@@ -59,7 +59,10 @@ public:
     void draw(QPainter *painter, const QPointF &centre, double rx, double ry) const;
     QRectF targetRect(const QPointF &centre, double rx, double ry) const;
 
-    /// A transparent picture of @p size plus @p margin with the marker in the middle, its pen 5 pixels wide.
+    /**
+     * The marker on a transparent picture of @p size, which @p margin enlarges in both directions, half on each side.
+     * The pen is 5 pixels wide; as in draw() only disk and block keep it, all others get one of a single pixel.
+     */
     QImage createImage(const QSize &size, int margin, const QColor &pen, const QColor &fill) const;
     /// 32 x 32 pixels; empty for the arrow and for no shape.
     QIcon createIcon(const QColor &pen, const QColor &fill) const;

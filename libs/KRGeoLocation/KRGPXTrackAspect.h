@@ -6,7 +6,7 @@
 enum KRGPXTrackAspectEnum : int {
     LineWidthAspect = 1,
     LineColorAspect = 2,
-    TrackAspect = 4, ///< the points, the name or the description
+    TrackAspect = 4, ///< name, description, shape of its own, segments or enclaves
 };
 
 Q_DECLARE_FLAGS(KRGPXTrackAspect, KRGPXTrackAspectEnum)

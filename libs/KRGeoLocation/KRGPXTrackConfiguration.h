@@ -17,9 +17,10 @@ class QDomElement;
 /**
  * Everything that says how one track is drawn.
  *
- * Widths are pixels of the map image. The smoothing strength is a percentage, 100 leaves the line as it is; the
- * smoothing steps are the number of points that smoothing keeps in place, see KRGPXTrackSmoothing. Setters take any
- * value and tell whether anything changed.
+ * Widths are pixels of the map image at rendering factor 1. The smoothing strength is the percentage of its own place
+ * that a point keeps: 100 leaves the line as it is, 0 makes it straight between the points that stay. The smoothing
+ * steps are the number of points that stay, evenly spread and the last one of the line among them; the first stays
+ * too and is not counted. See KRGPXTrackSmoothing. Setters take any value and tell whether anything changed.
  */
 class KRGEOLOCATION_EXPORT KRGPXTrackConfiguration
 {

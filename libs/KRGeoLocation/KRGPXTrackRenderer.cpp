@@ -24,7 +24,7 @@
 
 namespace {
 
-// pixels at rendering factor 1, by which neighbouring points of a path differ at least (Manhattan distance)
+// pixels at rendering factor 1; a point farther than this from the last one kept is kept too (Manhattan distance)
 constexpr double minimumStep = 4.0;
 
 // pixels at rendering factor 1

@@ -105,7 +105,10 @@ public:
 
     /// The outline of the track and, as further subpaths, of its enclaves; not those of the enclaves themselves.
     QPainterPath createPainterPath(const KRGPXConfiguredTrack &track) const;
-    /// Points within four pixels of the one before are left out; empty when that leaves fewer than two.
+    /**
+     * A point is left out unless its Manhattan distance from the last one kept is more than 4 pixels times the
+     * rendering factor. The last point of all is there in any case; empty when no point but the first was kept.
+     */
     QPainterPath createPainterPath(const KRGPXTrack &track, int smoothingStrength, int smoothingSteps) const;
 
     /// 1 for a step eastwards over longitude 180, -1 for one westwards, else 0. Longitude -180 counts as eastern.
