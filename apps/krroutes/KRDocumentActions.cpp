@@ -59,13 +59,14 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
     const bool isDocument = fileNames.size() == 1 && KRRouteDocument::isDocument(QFileInfo(fileNames.first()));
     if (isDocument && !mayLoseChanges())
         return;
+    const int firstRow = m_workspace->selection().count();
     const bool isRead = isDocument ? m_loader->openDocument(fileNames.first()) : m_loader->import(fileNames);
     if (!isRead)
         return;
     for (const QString &fileName : fileNames)
         KRViewerSettings().addRecentFile(fileName);
     if (!isDocument)
-        emit tracksAdded();
+        emit tracksAdded(firstRow);
 }
 
 bool KRDocumentActions::mayLoseChanges()

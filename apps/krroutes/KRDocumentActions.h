@@ -33,7 +33,7 @@ public:
     bool mayLoseChanges();
 
 signals:
-    void tracksAdded(); ///< from files
+    void tracksAdded(int firstRow); ///< from files
 
 public slots:
     void startNew();

@@ -2,16 +2,29 @@
 
 #include "KRAutosave.h"
 #include "KRDocumentActions.h"
+#include "KRFlightLineDialog.h"
+#include "KRMapActions.h"
+#include "KRMapView.h"
+#include "KRPreferencesDialog.h"
+#include "KRProfileView.h"
 #include "KRRecoveryOffer.h"
 #include "KRTrackActions.h"
+#include "KRTrackListView.h"
 #include "KRViewerAction.h"
+#include "KRViewerDocks.h"
+#include "KRViewerIcons.h"
 #include "KRViewerSettings.h"
+
+#include <KRBaseMapGround.h>
 
 #include <KRCore/KRErrorHistory.h>
 
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
@@ -21,7 +34,11 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include <algorithm>
+
 namespace {
+
+constexpr int messageTimeMs = 5000;
 
 QStringList localFiles(const QMimeData *mimeData)
 {
@@ -40,20 +57,34 @@ KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
     : QMainWindow(parent), m_recoveryPlace(recoveryPlace),
       m_autosave(new KRAutosave(&m_workspace, recoveryPlace, this)),
       m_documentActions(new KRDocumentActions(&m_workspace, this)),
-      m_trackActions(new KRTrackActions(&m_workspace, this)), m_positionLabel(new QLabel(this))
+      m_trackActions(new KRTrackActions(&m_workspace, this)), m_ground(new KRBaseMapGround(this)), m_map(new KRMapView),
+      m_mapActions(new KRMapActions(m_map, this)), m_docks(new KRViewerDocks(&m_workspace, this)),
+      m_toolBar(addToolBar(tr("Werkzeugleiste"))), m_trackMenu(new QMenu(tr("&Route"), this)),
+      m_positionLabel(new QLabel(this))
 {
     setAcceptDrops(true);
+    setCentralWidget(m_map);
+    m_map->setGround(m_ground);
+    m_toolBar->setObjectName(QStringLiteral("toolBar"));
     statusBar()->addPermanentWidget(m_positionLabel);
-    createFileMenu();
-    createEditMenu();
-    createTrackMenu();
-    createHelpMenu();
-    connect(&m_workspace, &KRRouteWorkspace::documentChanged, this, &KRMainWindow::updateTitle);
-    connect(m_autosave, &KRAutosave::failed, this, [this](const QString &reason) {
-        statusBar()->showMessage(tr("Ungesicherte Änderungen sind nicht vor einem Absturz sicher: %1").arg(reason));
-    });
+    createMenus();
+    connectWorkspace();
+    connectMap();
+    connectTrackList();
     updateTitle();
     restoreWindow();
+}
+
+KRMainWindow::~KRMainWindow()
+{
+    // Before the tracks and the ground that they show.
+    qDeleteAll(findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly));
+    delete m_map;
+}
+
+KRTrackListView *KRMainWindow::trackList() const
+{
+    return m_docks->trackList();
 }
 
 void KRMainWindow::openFiles(const QStringList &fileNames)
@@ -100,6 +131,15 @@ void KRMainWindow::dropEvent(QDropEvent *event)
         this, [this, files = localFiles(event->mimeData())] { openFiles(files); }, Qt::QueuedConnection);
 }
 
+void KRMainWindow::createMenus()
+{
+    createFileMenu();
+    createEditMenu();
+    createTrackMenu();
+    createViewMenu();
+    createHelpMenu();
+}
+
 void KRMainWindow::createFileMenu()
 {
     QMenu *const menu = menuBar()->addMenu(tr("&Datei"));
@@ -109,31 +149,141 @@ void KRMainWindow::createFileMenu()
         KRViewerAction::make(this, QStringLiteral("ico_quit"), tr("&Beenden"), QKeySequence(Qt::CTRL + Qt::Key_Q));
     connect(quit, &QAction::triggered, this, &QWidget::close);
     menu->addAction(quit);
-
-    QToolBar *const toolBar = addToolBar(tr("Werkzeugleiste"));
-    toolBar->setObjectName(QStringLiteral("toolBar"));
-    m_documentActions->addTo(toolBar);
+    m_documentActions->addTo(m_toolBar);
+    m_toolBar->addSeparator();
 }
 
 void KRMainWindow::createEditMenu()
 {
     QMenu *const menu = menuBar()->addMenu(tr("&Bearbeiten"));
     QAction *const undo = m_workspace.undoStack()->createUndoAction(this);
+    KRViewerIcons::setIcon(undo, QStringLiteral("ico_undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction *const redo = m_workspace.undoStack()->createRedoAction(this);
+    KRViewerIcons::setIcon(redo, QStringLiteral("ico_redo"));
     redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
+    QAction *const flightLine = KRViewerAction::make(this, QStringLiteral("ico_flight_line"), tr("&Fluglinie …"),
+                                                     QKeySequence(Qt::CTRL + Qt::Key_F));
+    connect(flightLine, &QAction::triggered, this, [this] { askForFlightLine(KRGeoPosition()); });
+    QAction *const place =
+        KRViewerAction::make(this, QStringLiteral("ico_place_add"), tr("&Ort …"), QKeySequence(Qt::CTRL + Qt::Key_L));
+    connect(place, &QAction::triggered, m_docks, &KRViewerDocks::showPlaces);
+    QAction *const preferences = KRViewerAction::make(this, QStringLiteral("ico_preferences"), tr("&Einstellungen …"),
+                                                      QKeySequence::Preferences);
+    connect(preferences, &QAction::triggered, this, [this] { KRPreferencesDialog(this).exec(); });
+
     menu->addActions({undo, redo});
+    menu->addSeparator();
+    menu->addActions({place, flightLine});
+    menu->addSeparator();
+    menu->addAction(preferences);
+    m_toolBar->addActions({undo, redo});
+    m_toolBar->addSeparator();
 }
 
 void KRMainWindow::createTrackMenu()
 {
-    m_trackActions->addTo(menuBar()->addMenu(tr("&Route")));
+    m_trackActions->addTo(m_trackMenu);
+    menuBar()->addMenu(m_trackMenu);
+}
+
+void KRMainWindow::createViewMenu()
+{
+    QMenu *const menu = menuBar()->addMenu(tr("&Ansicht"));
+    m_mapActions->addTo(menu);
+    m_mapActions->addTo(m_toolBar);
+    menu->addSeparator();
+    m_docks->addTo(menu);
+    menu->addAction(m_toolBar->toggleViewAction());
+    menu->addSeparator();
+    QAction *const next = KRViewerAction::make(this, QString(), tr("&Nächster Bereich"), QKeySequence(Qt::Key_F6));
+    QAction *const previous =
+        KRViewerAction::make(this, QString(), tr("&Voriger Bereich"), QKeySequence(Qt::SHIFT + Qt::Key_F6));
+    connect(next, &QAction::triggered, this, [this] { moveFocus(1); });
+    connect(previous, &QAction::triggered, this, [this] { moveFocus(-1); });
+    menu->addActions({next, previous});
 }
 
 void KRMainWindow::createHelpMenu()
 {
     QMenu *const menu = menuBar()->addMenu(tr("&Hilfe"));
-    menu->addAction(tr("&Über dieses Programm"), this, &KRMainWindow::showAbout);
+    QAction *const about = KRViewerAction::make(this, QStringLiteral("ico_information"), tr("&Über dieses Programm"));
+    connect(about, &QAction::triggered, this, &KRMainWindow::showAbout);
+    menu->addAction(about);
+}
+
+void KRMainWindow::connectWorkspace()
+{
+    connect(&m_workspace, &KRRouteWorkspace::documentChanged, this, &KRMainWindow::updateTitle);
+    connect(&m_workspace, &KRRouteWorkspace::selectionChanged, this,
+            [this] { m_map->setTracks(m_workspace.selection()); });
+    connect(&m_workspace, &KRRouteWorkspace::documentReplaced, this, [this] {
+        trackList()->selectTrack(m_workspace.selection().isEmpty() ? -1 : 0);
+        m_map->showAll();
+    });
+    connect(m_documentActions, &KRDocumentActions::tracksAdded, this, [this](int firstRow) {
+        trackList()->selectTrack(firstRow);
+        m_map->showAll();
+    });
+    connect(m_autosave, &KRAutosave::failed, this, [this](const QString &reason) {
+        statusBar()->showMessage(tr("Ungesicherte Änderungen sind nicht vor einem Absturz sicher: %1").arg(reason));
+    });
+}
+
+void KRMainWindow::connectMap()
+{
+    connect(m_map, &KRMapView::positionHovered, this, &KRMainWindow::showPosition);
+    connect(m_map, &KRMapView::trackClicked, this, [this](int row) {
+        trackList()->selectTrack(row);
+        trackList()->blinkTrack(row);
+    });
+    connect(m_map, &KRMapView::positionClicked, this, [this] { trackList()->selectTrack(-1); });
+    connect(m_map, &KRMapView::trackContextMenuRequested, this,
+            [this](int row, const KRGeoPosition &position, const QPoint &globalPosition) {
+                if (row < 0) {
+                    showMapMenu(position, globalPosition);
+                    return;
+                }
+                trackList()->selectTrack(row);
+                markPosition(position);
+                showTrackMenu(row, globalPosition);
+            });
+    // The mark stays when the pointer leaves the profile: on its way to the action that splits there.
+    connect(m_docks, &KRViewerDocks::profilePositionHovered, this, [this](const KRGeoPosition &position) {
+        if (position.isValid())
+            markPosition(position);
+    });
+    connect(m_docks->profile(), &QWidget::customContextMenuRequested, this, [this](const QPoint &position) {
+        showTrackMenu(trackList()->currentTrack(), m_docks->profile()->mapToGlobal(position));
+    });
+    m_docks->profile()->setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+void KRMainWindow::connectTrackList()
+{
+    connect(m_docks, &KRViewerDocks::currentTrackChanged, m_map, &KRMapView::setCurrentTrack);
+    connect(m_docks, &KRViewerDocks::currentTrackChanged, this, [this](int row) {
+        markPosition(KRGeoPosition());
+        m_trackActions->setCurrentRow(row);
+    });
+    connect(m_docks, &KRViewerDocks::placeChosen, this, &KRMainWindow::addPlace);
+    connect(m_docks, &KRViewerDocks::defaultLookChanged, this,
+            [this] { statusBar()->showMessage(tr("So werden neue Routen gezeichnet."), messageTimeMs); });
+
+    connect(m_trackActions, &KRTrackActions::rowSuggested, trackList(), &KRTrackListView::selectTrack);
+    connect(m_trackActions, &KRTrackActions::zoomRequested, m_map, &KRMapView::showTrack);
+
+    connect(trackList(), &KRTrackListView::zoomRequested, m_map, &KRMapView::showTrack);
+    connect(trackList(), &KRTrackListView::contextMenuRequested, this, &KRMainWindow::showTrackMenu);
+    connect(trackList(), &KRTrackListView::markRequested, trackList(), &KRTrackListView::selectTrack);
+    connect(trackList(), &KRTrackListView::editRequested, this, [this](int row) {
+        trackList()->selectTrack(row);
+        m_docks->showLook();
+    });
+    connect(trackList(), &KRTrackListView::deleteRequested, this, [this](int row) {
+        trackList()->selectTrack(row);
+        m_trackActions->remove();
+    });
 }
 
 void KRMainWindow::restoreWindow()
@@ -159,6 +309,65 @@ void KRMainWindow::showPosition(const KRGeoPosition &position)
                                  ? position.latitude().toString(inDegreesMinutesSeconds) + QStringLiteral(",  ")
                                        + position.longitude().toString(inDegreesMinutesSeconds)
                                  : QString());
+}
+
+void KRMainWindow::markPosition(const KRGeoPosition &position)
+{
+    m_map->setMarker(position);
+    m_trackActions->setMarkedPosition(position);
+}
+
+void KRMainWindow::showTrackMenu(int row, const QPoint &globalPosition)
+{
+    if (row < 0)
+        return;
+    trackList()->selectTrack(row);
+    m_trackMenu->popup(globalPosition);
+}
+
+void KRMainWindow::showMapMenu(const KRGeoPosition &position, const QPoint &globalPosition)
+{
+    QMenu menu(this);
+    menu.addAction(KRViewerIcons::icon(QStringLiteral("ico_place_add")), tr("&Ort hier hinzufügen"), this,
+                   [this, position] { addPlace(tr("Ort"), position); });
+    menu.addAction(KRViewerIcons::icon(QStringLiteral("ico_flight_line")), tr("&Fluglinie von hier …"), this,
+                   [this, position] { askForFlightLine(position); });
+    menu.exec(globalPosition);
+}
+
+void KRMainWindow::addPlace(const QString &name, const KRGeoPosition &position)
+{
+    const KRGPXTrackPoint point(position, 0, QDateTime(), name);
+    const KRGPXConfiguredTrack place(point, KRGPXTrackConfiguration::currentDefaultConfiguration());
+    m_workspace.addTracks(KRGPXConfiguredTrackList(place), tr("Ort „%1“ hinzufügen").arg(name));
+    trackList()->selectTrack(m_workspace.selection().count() - 1);
+}
+
+void KRMainWindow::askForFlightLine(const KRGeoPosition &start)
+{
+    KRFlightLineDialog dialog(this);
+    if (start.isValid())
+        dialog.setStart(start);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const KRGPXConfiguredTrack line(dialog.track(), KRGPXTrackConfiguration::currentDefaultConfiguration());
+    m_workspace.addTracks(KRGPXConfiguredTrackList(line), tr("Fluglinie „%1“ hinzufügen").arg(line.name()));
+    trackList()->selectTrack(m_workspace.selection().count() - 1);
+    m_map->showTrack(m_workspace.selection().count() - 1);
+}
+
+void KRMainWindow::moveFocus(int step)
+{
+    const QList<QWidget *> areas = QList<QWidget *>{m_map} + m_docks->focusWidgets();
+    const auto hasFocus = [](const QWidget *area) {
+        return area->hasFocus() || area->isAncestorOf(QApplication::focusWidget());
+    };
+    const int start = int(std::find_if(areas.cbegin(), areas.cend(), hasFocus) - areas.cbegin());
+    int index = start;
+    do {
+        index = (index + step + areas.size()) % areas.size();
+    } while (index != start && (areas.at(index)->visibleRegion().isEmpty() || !areas.at(index)->isEnabled()));
+    areas.at(index)->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
 void KRMainWindow::showAbout()

@@ -7,8 +7,14 @@
 
 class KRAutosave;
 class KRDocumentActions;
+class KRMapActions;
+class KRMapGround;
+class KRMapView;
 class KRTrackActions;
+class KRTrackListView;
+class KRViewerDocks;
 class QLabel;
+class QToolBar;
 
 /**
  * The window of the viewer. It puts the parts together and holds no data of its own.
@@ -21,7 +27,11 @@ public:
     /// Unsaved work is kept below @p recoveryPlace.
     explicit KRMainWindow(const QDir &recoveryPlace = KRRecoveryFolder::standardPlace(), QWidget *parent = nullptr);
 
+    ~KRMainWindow() override;
+
     KRRouteWorkspace *workspace() { return &m_workspace; }
+    KRMapView *map() const { return m_map; }
+    KRTrackListView *trackList() const;
 
     /// As if the user had chosen them in the dialog.
     void openFiles(const QStringList &fileNames);
@@ -34,13 +44,27 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void createMenus();
     void createFileMenu();
     void createEditMenu();
     void createTrackMenu();
+    void createViewMenu();
     void createHelpMenu();
+    void connectWorkspace();
+    void connectMap();
+    void connectTrackList();
     void restoreWindow();
+
     void updateTitle();
     void showPosition(const KRGeoPosition &position);
+    /// Shows the place at which the current track can be split; an invalid one hides it.
+    void markPosition(const KRGeoPosition &position);
+    void showTrackMenu(int row, const QPoint &globalPosition);
+    void showMapMenu(const KRGeoPosition &position, const QPoint &globalPosition);
+    void addPlace(const QString &name, const KRGeoPosition &position);
+    /// @p start is not valid where the user has not pointed at a place.
+    void askForFlightLine(const KRGeoPosition &start);
+    void moveFocus(int step);
     void showAbout();
 
     KRRouteWorkspace m_workspace;
@@ -48,5 +72,11 @@ private:
     KRAutosave *m_autosave;
     KRDocumentActions *m_documentActions;
     KRTrackActions *m_trackActions;
+    KRMapGround *m_ground;
+    KRMapView *m_map;
+    KRMapActions *m_mapActions;
+    KRViewerDocks *m_docks;
+    QToolBar *m_toolBar;
+    QMenu *m_trackMenu;
     QLabel *m_positionLabel;
 };

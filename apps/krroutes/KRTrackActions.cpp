@@ -1,6 +1,7 @@
 #include "KRTrackActions.h"
 
 #include "KRRouteWorkspace.h"
+#include "KRSimplifyDialog.h"
 #include "KRViewerAction.h"
 
 #include <KRSegmentSplitter.h>
@@ -31,6 +32,8 @@ KRTrackActions::KRTrackActions(KRRouteWorkspace *workspace, QMainWindow *window)
                                 &KRTrackActions::splitSegments);
     m_joinAction = add(QStringLiteral("ico_join"), tr("Mit der nächsten ver&binden"),
                        QKeySequence(Qt::CTRL + Qt::Key_J), &KRTrackActions::joinWithNext);
+    m_simplifyAction =
+        add(QStringLiteral("ico_simplify"), tr("Verein&fachen …"), QKeySequence(), &KRTrackActions::simplify);
     m_actions.append(nullptr);
     m_upAction =
         add(QStringLiteral("ico_up"), tr("Nach &oben"), QKeySequence(Qt::ALT + Qt::Key_Up), &KRTrackActions::moveUp);
@@ -114,9 +117,13 @@ void KRTrackActions::updateActions()
     }
     if (!isTrack)
         return;
-    m_splitAction->setEnabled(m_markedPosition.isValid() && !selection.value(m_row).isSinglePoint());
-    m_splitSegmentsAction->setEnabled(selection.value(m_row).track().segments().size() > 1);
+    const KRGPXConfiguredTrack current = selection.value(m_row);
+    // An area with holes has no two parts to which each hole would belong.
+    m_splitAction->setEnabled(m_markedPosition.isValid() && !current.isSinglePoint()
+                              && current.track().enclaves().isEmpty());
+    m_splitSegmentsAction->setEnabled(current.track().segments().size() > 1);
     m_joinAction->setEnabled(selection.checkRange(m_row + 1));
+    m_simplifyAction->setEnabled(!current.isSinglePoint());
     m_upAction->setEnabled(m_row > 0);
     m_downAction->setEnabled(selection.checkRange(m_row + 1));
 }
@@ -155,6 +162,13 @@ void KRTrackActions::joinWithNext()
 {
     const KRGPXConfiguredTrack next = m_workspace->selection().value(m_row + 1);
     replace(2, {KRTrackEditing::joined(track(), next)}, tr("„%1“ und „%2“ verbinden").arg(name(), next.name()));
+}
+
+void KRTrackActions::simplify()
+{
+    KRSimplifyDialog dialog(track(), m_window);
+    if (dialog.exec() == QDialog::Accepted)
+        replace(1, KRGPXConfiguredTrackList(dialog.simplified()), tr("„%1“ vereinfachen").arg(name()));
 }
 
 void KRTrackActions::moveUp()

@@ -51,6 +51,7 @@ private:
     void splitAtMarker();
     void splitSegments();
     void joinWithNext();
+    void simplify();
     void moveUp();
     void moveDown();
 
@@ -63,6 +64,7 @@ private:
     QAction *m_splitAction = nullptr;
     QAction *m_splitSegmentsAction = nullptr;
     QAction *m_joinAction = nullptr;
+    QAction *m_simplifyAction = nullptr;
     QAction *m_upAction = nullptr;
     QAction *m_downAction = nullptr;
 };

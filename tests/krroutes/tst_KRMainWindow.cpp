@@ -3,17 +3,23 @@
 #include "KRAutosave.h"
 #include "KRDialogAnswer.h"
 #include "KRImportReportDialog.h"
+#include "KRLookEditor.h"
+#include "KRMapView.h"
+#include "KRPlaceEdit.h"
+#include "KRPlacesPanel.h"
 #include "KRTestRegistry.h"
+#include "KRTrackListView.h"
 #include "KRViewerSettings.h"
 
-#include <KRGeoLocation/KRGPXTrackPoint.h>
-#include <KRGeoLocation/KRGPXTrackSegment.h>
-
+#include <QAction>
+#include <QComboBox>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -76,6 +82,13 @@ private slots:
     void tellsWhatIsNotDrawn();
     void brokenDocumentIsRefusedWithItsReason();
     void filesAreDropped();
+    void tracksAreEditedByKeys();
+    void clickOnTheMapSelectsTheTrack();
+    void trackIsSplitWhereTheMapWasClicked();
+    void lookIsChangedAndUndone();
+    void placesAndFlightLinesAreAdded();
+    void everyAreaIsReachedByKey();
+    void windowIsRemembered();
     void unsavedWorkIsOfferedAfterACrash();
 
 private:
@@ -89,6 +102,10 @@ private:
         QTest::keyClick(m_window.get(), key, modifiers);
     }
     QStringList names() const;
+    KRGPXConfiguredTrack track(int row) const { return m_window->workspace()->selection().value(row); }
+    /// Once the map has found out where the tracks lie.
+    void waitForMap() const;
+    QPoint pixelOf(const KRGeoPosition &position) const;
 
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<KRMainWindow> m_window;
@@ -121,6 +138,18 @@ QStringList tst_KRMainWindow::names() const
     for (const KRGPXConfiguredTrack &track : tracks)
         list.append(track.name());
     return list;
+}
+
+void tst_KRMainWindow::waitForMap() const
+{
+    constexpr double worldWidthOfCountiesPx = 20000.0;
+    QTRY_VERIFY(m_window->map()->viewport().worldWidth() > worldWidthOfCountiesPx);
+    QTRY_VERIFY(m_window->map()->isUpToDate());
+}
+
+QPoint tst_KRMainWindow::pixelOf(const KRGeoPosition &position) const
+{
+    return m_window->map()->viewport().pixelOf(position).toPoint();
 }
 
 void tst_KRMainWindow::opensSavesAndReopens()
@@ -270,6 +299,144 @@ void tst_KRMainWindow::filesAreDropped()
     QTRY_VERIFY(!names().isEmpty());
     QCOMPARE(m_window->workspace()->undoStack()->count(), 1);
     QVERIFY(m_window->workspace()->undoStack()->undoText().contains(QString::number(names().size())));
+}
+
+void tst_KRMainWindow::tracksAreEditedByKeys()
+{
+    const QString tour = QStringLiteral("Radtour um Oldenburg");
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    const KRGPXTrackSelection opened = m_window->workspace()->selection();
+    QCOMPARE(names(), QStringList(tour));
+    const auto rename = [](QWidget *dialog) {
+        QTest::keyClicks(dialog->findChild<QLineEdit *>(), QStringLiteral("Tour"));
+        QTest::keyClick(dialog, Qt::Key_Return);
+    };
+    KRDialogAnswer answers({rename, rename});
+    key(Qt::Key_F2, Qt::NoModifier);
+    QCOMPARE(names(), QStringList(QStringLiteral("Tour")));
+    key(Qt::Key_R);
+    QVERIFY(track(0).firstPoint() == opened.lastPoint());
+    key(Qt::Key_D);
+    QCOMPARE(names(), QStringList({QStringLiteral("Tour"), QStringLiteral("Tour (Kopie)")}));
+    key(Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(names(), QStringList({QStringLiteral("Tour (Kopie)"), QStringLiteral("Tour")}));
+    key(Qt::Key_Down, Qt::AltModifier);
+    key(Qt::Key_F2, Qt::NoModifier); // still the copy
+    QCOMPARE(names(), QStringList({QStringLiteral("Tour"), QStringLiteral("Tour")}));
+    m_window->trackList()->selectTrack(0);
+    key(Qt::Key_J);
+    QCOMPARE(names().size(), 1);
+    QCOMPARE(track(0).track().countPoints(), 2 * opened.value(0).track().countPoints());
+    key(Qt::Key_Delete, Qt::NoModifier);
+    QVERIFY(names().isEmpty());
+    QVERIFY(answers.isDone());
+
+    for (int step = 0; step < 8; ++step)
+        key(Qt::Key_Z);
+    QVERIFY(m_window->workspace()->selection() == opened);
+    QVERIFY(!m_window->workspace()->model()->tracks().isEmpty());
+}
+
+void tst_KRMainWindow::clickOnTheMapSelectsTheTrack()
+{
+    m_window->openFiles({sample("oldenburg-radtour.gpx"), sample("zwischenahner-meer-ufer.gpx")});
+    waitForMap();
+    const QPoint place = pixelOf(track(1).allPoints().at(50));
+    QCOMPARE(m_window->map()->hitAt(place).row, 1);
+    QCOMPARE(m_window->trackList()->currentTrack(), 0);
+    QTest::mouseClick(m_window->map(), Qt::LeftButton, Qt::NoModifier, place);
+    QTRY_COMPARE(m_window->trackList()->currentTrack(), 1);
+    QTest::mouseClick(m_window->map(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
+    QTRY_COMPARE(m_window->trackList()->currentTrack(), -1);
+}
+
+void tst_KRMainWindow::trackIsSplitWhereTheMapWasClicked()
+{
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    const KRGeoPosition position = track(0).allPoints().at(30);
+    waitForMap();
+    QCOMPARE(m_window->map()->hitAt(pixelOf(position)).row, 0);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, pixelOf(position),
+                            m_window->map()->mapToGlobal(pixelOf(position)));
+    QCoreApplication::sendEvent(m_window->map(), &event);
+    QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_T);
+    QCOMPARE(names().size(), 2);
+    QVERIFY(track(0).lastPoint().distance(position) < 0.1);
+}
+
+void tst_KRMainWindow::lookIsChangedAndUndone()
+{
+    m_window->openFiles({sample("oldenburg-radtour.gpx"), sample("zwischenahner-meer-ufer.gpx")});
+    const double before = track(0).lineWidth().toDouble();
+    const KRGPXTrackShape shape = track(1).configuration().trackShape();
+    auto *const editor = m_window->findChild<KRLookEditor *>();
+    const QList<QSpinBox *> boxes = editor->findChildren<QSpinBox *>();
+    const auto width =
+        std::find_if(boxes.cbegin(), boxes.cend(), [=](const QSpinBox *box) { return box->value() == qRound(before); });
+    QVERIFY(width != boxes.cend());
+    QTest::keyClick(*width, Qt::Key_Up);
+    QTest::keyClick(*width, Qt::Key_Up);
+    QCOMPARE(track(0).lineWidth().toDouble(), before + 2.0);
+    QVERIFY(track(1).lineWidth().toDouble() != before + 2.0);
+    emit editor->applyToAllRequested();
+    QCOMPARE(track(1).lineWidth().toDouble(), before + 2.0);
+    QCOMPARE(track(1).configuration().trackShape(), shape);
+    key(Qt::Key_Z);
+    key(Qt::Key_Z);
+    QCOMPARE(track(0).lineWidth().toDouble(), before);
+    QCOMPARE((*width)->value(), qRound(before));
+}
+
+void tst_KRMainWindow::placesAndFlightLinesAreAdded()
+{
+    key(Qt::Key_L);
+    auto *const search = m_window->findChild<KRPlacesPanel *>()->findChild<QLineEdit *>();
+    QTest::keyClicks(search, QStringLiteral("Sydney"));
+    QTest::keyClick(search, Qt::Key_Return);
+    QCOMPARE(names(), QStringList(QStringLiteral("Sydney")));
+    QVERIFY(track(0).isSinglePoint());
+
+    KRDialogAnswer answers({[](QWidget *dialog) {
+        const QList<KRPlaceEdit *> places = dialog->findChildren<KRPlaceEdit *>();
+        QTest::keyClicks(places.at(0)->findChild<QComboBox *>(), QStringLiteral("Oldenburg"));
+        QTest::keyClicks(places.at(1)->findChild<QComboBox *>(), QStringLiteral("Sydney"));
+        pressText(dialog, QStringLiteral("Einfügen"));
+    }});
+    key(Qt::Key_F);
+    QVERIFY(answers.isDone());
+    QCOMPARE(names().size(), 2);
+    QVERIFY(track(1).track().countPoints() > 50);
+    QCOMPARE(m_window->trackList()->currentTrack(), 1);
+}
+
+void tst_KRMainWindow::everyAreaIsReachedByKey()
+{
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    m_window->map()->setFocus();
+    QSet<QWidget *> areas;
+    for (int i = 0; i < 4; ++i) {
+        areas.insert(QApplication::focusWidget());
+        key(Qt::Key_F6, Qt::NoModifier);
+    }
+    QCOMPARE(areas.size(), 4);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(m_window->map()));
+    key(Qt::Key_F6, Qt::ShiftModifier);
+    QVERIFY(QApplication::focusWidget() != m_window->map());
+}
+
+void tst_KRMainWindow::windowIsRemembered()
+{
+    m_window->resize(1000, 700);
+    auto *const profile = m_window->findChild<QDockWidget *>(QStringLiteral("profile"));
+    profile->toggleViewAction()->trigger();
+    QVERIFY(m_window->close());
+    makeWindow();
+    QVERIFY(!m_window->findChild<QDockWidget *>(QStringLiteral("profile"))->isVisible());
+    QVERIFY(m_window->findChild<QDockWidget *>(QStringLiteral("figures"))->isVisible());
+    QCOMPARE(m_window->size(), QSize(1000, 700));
+    m_window->findChild<QDockWidget *>(QStringLiteral("profile"))->show();
+    m_window->close();
 }
 
 void tst_KRMainWindow::unsavedWorkIsOfferedAfterACrash()
