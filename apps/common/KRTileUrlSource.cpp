@@ -11,15 +11,42 @@
 #include <QUrl>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace {
 
 constexpr qint64 cacheBytes = qint64(200) << 20;
+constexpr int usualDaysInCache = 7;
 constexpr int transferTimeoutMs = 20000;
 constexpr int mostRedirections = 4;
 /// Services that go further are rare, and a level that is not there only means a coarser picture.
 constexpr int largestUsualZoom = 19;
 constexpr qint64 longestWaitS = 600;
 constexpr char tooLargeProperty[] = "krTooLarge";
+
+/// Tiles are asked for again after a week where their server leaves it open.
+class TileCache : public QNetworkDiskCache
+{
+public:
+    explicit TileCache(QObject *parent) : QNetworkDiskCache(parent)
+    {
+        setCacheDirectory(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/tiles"));
+        setMaximumCacheSize(cacheBytes);
+    }
+
+    QIODevice *prepare(const QNetworkCacheMetaData &metaData) override
+    {
+        const QNetworkCacheMetaData::RawHeaderList headers = metaData.rawHeaders();
+        const bool hasRule =
+            metaData.expirationDate().isValid() || std::any_of(headers.begin(), headers.end(), [](const auto &header) {
+                return header.first.toLower() == "cache-control";
+            });
+        QNetworkCacheMetaData kept = metaData;
+        if (!hasRule)
+            kept.setExpirationDate(QDateTime::currentDateTimeUtc().addDays(usualDaysInCache));
+        return QNetworkDiskCache::prepare(kept);
+    }
+};
 
 QByteArray userAgent()
 {
@@ -52,6 +79,8 @@ QString reasonOf(const QNetworkReply &reply)
     case QNetworkReply::TimeoutError:
     case QNetworkReply::OperationCanceledError:
         return KRTileUrlSource::tr("Der Server „%1“ antwortet nicht.").arg(reply.url().host());
+    case QNetworkReply::SslHandshakeFailedError:
+        return KRTileUrlSource::tr("Eine sichere Verbindung zu „%1“ kommt nicht zustande.").arg(reply.url().host());
     case QNetworkReply::TooManyRedirectsError:
         return KRTileUrlSource::tr("Der Server „%1“ schickt im Kreis.").arg(reply.url().host());
     default:
@@ -63,11 +92,7 @@ QString reasonOf(const QNetworkReply &reply)
 
 KRTileUrlSource::KRTileUrlSource(const KRTileTemplate &addresses) : m_addresses(addresses)
 {
-    auto *const cache = new QNetworkDiskCache(&m_manager);
-    cache->setCacheDirectory(QStandardPaths::writableLocation(QStandardPaths::CacheLocation)
-                             + QStringLiteral("/tiles"));
-    cache->setMaximumCacheSize(cacheBytes);
-    m_manager.setCache(cache);
+    m_manager.setCache(new TileCache(&m_manager));
     m_manager.setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
     m_manager.setTransferTimeout(transferTimeoutMs);
 }
@@ -148,9 +173,20 @@ void KRTileUrlSource::stopWhereTooLarge(QNetworkReply *reply) const
 void KRTileUrlSource::finish(const KRTileKey &key, QNetworkReply *reply)
 {
     m_replies.remove(key);
-    const KRTileAnswer answer = answerOf(reply);
+    KRTileAnswer answer = answerOf(reply);
+    if (answer.kind == KRTileAnswer::Later || answer.kind == KRTileAnswer::Overloaded)
+        replaceByKept(reply->request().url(), &answer);
     reply->deleteLater();
     emit answered(key, answer);
+}
+
+void KRTileUrlSource::replaceByKept(const QUrl &address, KRTileAnswer *answer) const
+{
+    const std::unique_ptr<QIODevice> kept(m_manager.cache()->data(address));
+    if (kept == nullptr)
+        return;
+    answer->kind = KRTileAnswer::Found;
+    answer->bytes = kept->read(maximumBytes);
 }
 
 KRTileAnswer KRTileUrlSource::answerOf(QNetworkReply *reply)

@@ -9,6 +9,7 @@
 
 class QNetworkReply;
 class QNetworkRequest;
+class QUrl;
 
 /**
  * Tiles from a server of the net, kept on disk for as long as the server allows.
@@ -35,6 +36,8 @@ private:
     QNetworkRequest requestFor(const KRTileKey &key) const;
     void stopWhereTooLarge(QNetworkReply *reply) const;
     void finish(const KRTileKey &key, QNetworkReply *reply);
+    /// An old tile is better than none.
+    void replaceByKept(const QUrl &address, KRTileAnswer *answer) const;
     static KRTileAnswer answerOf(QNetworkReply *reply);
 
     KRTileTemplate m_addresses;
