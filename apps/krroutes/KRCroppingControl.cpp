@@ -16,7 +16,7 @@ KRCroppingControl::KRCroppingControl(QWidget *parent)
 {
     auto *const label = new QLabel(tr("&Umgebung:"));
     label->setBuddy(m_percentBox);
-    setToolTip(tr("Wie deutlich die Karte außerhalb der Strecken zu sehen ist"));
+    setToolTip(tr("Wie deutlich die Karte außerhalb der Routen zu sehen ist"));
     auto *const layout = new QHBoxLayout(this);
     layout->addWidget(label);
     layout->addWidget(m_percentBox, 1);

@@ -6,6 +6,7 @@
 #include "KRSliderSpinBox.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -59,11 +60,14 @@ KRLookEditor::KRLookEditor(QWidget *parent) : QWidget(parent)
     buildAreaRows(form);
     buildSmoothingRows(form);
     m_buttons = buildButtons();
+    setFocusProxy(m_chooser);
 
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(spawnScrollArea(content), 1);
     layout->addWidget(m_buttons);
+    for (QWidget *control : content->findChildren<QWidget *>())
+        control->installEventFilter(this);
     showConfiguration();
 }
 
@@ -77,6 +81,15 @@ void KRLookEditor::setConfiguration(const KRGPXTrackConfiguration &configuration
 void KRLookEditor::setButtonsVisible(bool visible)
 {
     m_buttons->setVisible(visible);
+}
+
+bool KRLookEditor::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *const control = qobject_cast<QWidget *>(watched);
+    if (event->type() != QEvent::Wheel || (control && control->hasFocus()))
+        return QWidget::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 template <typename Control, typename Value, typename Setter>
@@ -164,10 +177,10 @@ void KRLookEditor::buildSmoothingRows(QFormLayout *form)
 
 QWidget *KRLookEditor::buildButtons()
 {
-    auto *const all = new QPushButton(tr("Für alle St&recken"));
-    all->setToolTip(tr("Gibt allen Strecken dieses Aussehen."));
+    auto *const all = new QPushButton(tr("Für alle &Routen"));
+    all->setToolTip(tr("Gibt allen Routen dieses Aussehen."));
     auto *const byDefault = new QPushButton(tr("Als S&tandard"));
-    byDefault->setToolTip(tr("Gibt neuen Strecken dieses Aussehen."));
+    byDefault->setToolTip(tr("Gibt neuen Routen dieses Aussehen."));
     connect(all, &QPushButton::clicked, this, &KRLookEditor::applyToAllRequested);
     connect(byDefault, &QPushButton::clicked, this, &KRLookEditor::useAsDefaultRequested);
 

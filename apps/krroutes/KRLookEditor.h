@@ -44,6 +44,10 @@ signals:
     /// The look shown is wanted for new tracks.
     void useAsDefaultRequested();
 
+protected:
+    /// The wheel scrolls the editor; it changes only the control that has the focus.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildShapeRows(QFormLayout *form);
     void buildLineRows(QFormLayout *form);

@@ -36,6 +36,7 @@ KRPlacesPanel::KRPlacesPanel(QWidget *parent)
     m_search->setAccessibleName(m_search->placeholderText());
     m_search->setToolTip(tr("Teil eines Namens, oder Koordinaten wie „N53.14 E8.21“ und „53,8,12N; 8,12,36E“"));
     m_search->setClearButtonEnabled(true);
+    setFocusProxy(m_search);
     m_list->setAccessibleName(tr("Gefundene Orte"));
     m_nothingFound->setText(tr("Kein Ort gefunden. Auch Koordinaten wie „N53.14 E8.21“ werden verstanden."));
     m_nothingFound->setWordWrap(true);

@@ -22,7 +22,7 @@ QString heading(KRPreferencesType type)
     case MapPreferences:
         return KRPreferencesDialog::tr("Karten und Orte");
     case TrackPreferences:
-        return KRPreferencesDialog::tr("Strecken");
+        return KRPreferencesDialog::tr("Routen");
     }
     return {};
 }

@@ -18,7 +18,7 @@ KRGPXTrackConfiguration withDetectedShape(KRGPXTrackConfiguration configuration)
 } // namespace
 
 KRPreferencesLook::KRPreferencesLook(QWidget *parent)
-    : KRPreferencesBox(TrackPreferences, tr("Aussehen neuer Strecken"), parent), m_editor(new KRLookEditor)
+    : KRPreferencesBox(TrackPreferences, tr("Aussehen neuer Routen"), parent), m_editor(new KRLookEditor)
 {
     m_editor->setButtonsVisible(false);
     auto *const reset = new QPushButton(tr("&Zurücksetzen"));

@@ -122,11 +122,11 @@ void KRProfileView::moveMarker(double pixels)
 QString KRProfileView::emptyText() const
 {
     if (!m_hasTrack)
-        return tr("Keine Strecke ausgewählt");
+        return tr("Keine Route ausgewählt");
     if (m_reader.isRunning())
-        return tr("Die Strecke wird gelesen …");
+        return tr("Die Route wird gelesen …");
     if (!m_profile->hasElevation())
-        return tr("Diese Strecke hat keine Höhenangaben.");
+        return tr("Diese Route hat keine Höhenangaben.");
     return m_profile->isDrawable() ? QString() : tr("Ein einzelner Ort hat kein Höhenprofil.");
 }
 
@@ -351,6 +351,9 @@ void KRProfileView::keyPressEvent(QKeyEvent *event)
 
 void KRProfileView::focusOutEvent(QFocusEvent *event)
 {
-    setMarker(-1);
+    // A context menu is about the place that is marked.
+    if (event->reason() != Qt::PopupFocusReason)
+        setMarker(-1);
+    update();
     QWidget::focusOutEvent(event);
 }

@@ -35,7 +35,7 @@ KRSimplifyDialog::KRSimplifyDialog(const KRGPXConfiguredTrack &track, QWidget *p
     : QDialog(parent), m_track(track), m_slider(new QSlider(Qt::Horizontal)), m_tolerance(new QDoubleSpinBox),
       m_state(new QLabel)
 {
-    setWindowTitle(tr("Strecke vereinfachen"));
+    setWindowTitle(tr("Route vereinfachen"));
     auto *const explanation =
         new QLabel(tr("Lässt Punkte weg, ohne die die Linie nirgends weiter als diesen Abstand von ihrem Ort rückt."));
     explanation->setWordWrap(true);
@@ -90,7 +90,7 @@ void KRSimplifyDialog::showState()
     m_slider->setValue(stepOf(m_tolerance->value()));
     m_okButton->setEnabled(false);
     if (!m_simplifier) {
-        m_state->setText(tr("Die Strecke wird gemessen …"));
+        m_state->setText(tr("Die Route wird gemessen …"));
         return;
     }
     const int left = m_simplifier->countPoints(m_tolerance->value());

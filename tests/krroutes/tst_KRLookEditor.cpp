@@ -1,4 +1,5 @@
 #include <KRColorButton.h>
+#include <KRCroppingControl.h>
 #include <KRFullShapeChooser.h>
 #include <KRLookEditor.h>
 #include <KRTestRegistry.h>
@@ -6,6 +7,7 @@
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
 #include <QtTest>
@@ -52,6 +54,9 @@ private slots:
     void triesColors();
     void keepsWhatIsNotShown();
     void editsLookWithoutTrack();
+    void wheelScrolls();
+    void asksForMore();
+    void croppingControl();
 
 private:
     void show(const KRGPXTrackConfiguration &configuration, const KRGPXTrackShape &naturalShape);
@@ -220,6 +225,52 @@ void tst_KRLookEditor::editsLookWithoutTrack()
     m_chooser->setCurrentIndex(m_chooser->model()->index(2, 0));
     QVERIFY(announced().markerShape() == Star6MarkerShape);
     QVERIFY(announced().trackShape() == AutoTrackShape);
+}
+
+void tst_KRLookEditor::wheelScrolls()
+{
+    show(KRGPXTrackConfiguration(), LineStringTrackShape);
+    auto *const width = controlFor<QWidget>(*m_editor, tr("Breite:"))->findChild<QSpinBox *>();
+    const auto turnWheel = [&] {
+        QWheelEvent event(QPointF(5, 5), QPointF(), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(width, &event);
+    };
+    m_chooser->setFocus();
+    turnWheel();
+    QCOMPARE(m_spy->count(), 0);
+    width->setFocus();
+    turnWheel();
+    QCOMPARE(announced().lineWidth().toDouble(), 11.0);
+}
+
+void tst_KRLookEditor::asksForMore()
+{
+    QSignalSpy all(m_editor.get(), &KRLookEditor::applyToAllRequested);
+    QSignalSpy byDefault(m_editor.get(), &KRLookEditor::useAsDefaultRequested);
+    QTest::mouseClick(buttonWith<QPushButton>(*m_editor, tr("Für alle Routen")), Qt::LeftButton);
+    QCOMPARE(all.count(), 1);
+    QTest::mouseClick(buttonWith<QPushButton>(*m_editor, tr("Als Standard")), Qt::LeftButton);
+    QCOMPARE(byDefault.count(), 1);
+    m_editor->setButtonsVisible(false);
+    QVERIFY(!buttonWith<QPushButton>(*m_editor, tr("Als Standard"))->isVisible());
+}
+
+void tst_KRLookEditor::croppingControl()
+{
+    KRCroppingControl control;
+    QSignalSpy spy(&control, &KRCroppingControl::opacityChanged);
+    QSlider *const slider = control.findChild<QSlider *>();
+    // What a document holds beyond the ends is shown as the end.
+    for (const int opacity : {-5, 0, 128, 255, 999}) {
+        control.setOpacity(opacity);
+        QCOMPARE(slider->value(), qBound(0, qRound(opacity / 2.55), 100));
+    }
+    QCOMPARE(spy.count(), 0);
+    QTest::keyClick(slider, Qt::Key_Home);
+    QCOMPARE(spy.last().first().toInt(), 0);
+    QTest::keyClick(slider, Qt::Key_End);
+    QCOMPARE(spy.last().first().toInt(), 255);
 }
 
 #include "tst_KRLookEditor.moc"
