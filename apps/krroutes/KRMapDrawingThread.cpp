@@ -3,8 +3,12 @@
 #include "KRTrackEmphasis.h"
 
 #include <KRHaloPainter.h>
+#include <KRMapFurniture.h>
 #include <KRMapGround.h>
+#include <KRMapLabelBoard.h>
+#include <KRMapLegend.h>
 #include <KRMapTrackRenderer.h>
+#include <KRTrackLabels.h>
 
 #include <QMutexLocker>
 #include <QPainter>
@@ -23,6 +27,16 @@ bool isUseful(const KRMapViewport &drawn, const KRMapViewport &wanted)
     const QRectF whole(QPointF(), drawn.size());
     const QRectF seen = whole & drawn.rectOf(wanted);
     return seen.width() * seen.height() >= smallestShareInView * whole.width() * whole.height();
+}
+
+bool isCropped(const KRMapDrawingThread::Task &task)
+{
+    return task.selection.effectiveCroppingOpacity() < 255;
+}
+
+KRMapViewport pictureOf(const KRMapDrawingThread::Task &task)
+{
+    return task.window.grown(KRMapDrawingThread::margin);
 }
 
 QImage emptyPicture(const KRMapViewport &viewport)
@@ -80,7 +94,7 @@ bool KRMapDrawingThread::take(Task *task)
 bool KRMapDrawingThread::isSuperseded(const Task &task)
 {
     const QMutexLocker locker(&m_mutex);
-    return m_isStopping || (m_next && !isUseful(task.viewport, m_next->viewport));
+    return m_isStopping || (m_next && !isUseful(task.window, m_next->window));
 }
 
 void KRMapDrawingThread::run()
@@ -91,7 +105,8 @@ void KRMapDrawingThread::run()
         drawGround(task);
         if (isSuperseded(task) || !drawTracks(task))
             continue;
-        emphasise(task);
+        drawAboveTracks(task);
+        drawLegend(task);
         emit taskDone(task.number);
     }
 }
@@ -107,85 +122,136 @@ void KRMapDrawingThread::makePicker(const Task &task)
 
 void KRMapDrawingThread::drawGround(const Task &task)
 {
-    const bool isNew =
-        !m_drawnGround || m_drawnGround->groundNumber != task.groundNumber || m_drawnGround->viewport != task.viewport;
-    if (isNew) {
-        m_groundImage = paintGround(task.viewport);
-        m_drawnGround = task;
-        m_croppedGround.reset();
-    }
-    const bool isCropped = task.selection.effectiveCroppingOpacity() < 255;
-    const bool wasCropped = m_croppedGround && m_croppedGround->selection.effectiveCroppingOpacity() < 255;
-    const bool hasOtherTracks = !m_croppedGround || m_croppedGround->selectionNumber != task.selectionNumber;
-    if (!isNew && !(hasOtherTracks && (isCropped || wasCropped)))
+    const bool isNew = !m_drawnGround || m_drawnGround->groundNumber != task.groundNumber
+                       || m_drawnGround->window != task.window || isCropped(*m_drawnGround) != isCropped(task);
+    if (!isNew && (!isCropped(task) || m_croppedNumber == task.selectionNumber))
         return;
-    m_croppedGround = task;
+    if (isNew)
+        m_groundImage = paintGround(task);
+    m_drawnGround = task;
+    m_croppedNumber = task.selectionNumber;
+    const KRMapViewport picture = pictureOf(task);
     QImage image = m_groundImage;
-    if (isCropped && !image.isNull()) {
-        const KRMapViewport &viewport = task.viewport;
-        image = KRMapTrackRenderer(m_picker.visibleIn(viewport), viewport.projection(), viewport.deviceSize(),
-                                   viewport.devicePixelRatio())
-                    .crop(image);
+    if (isCropped(task) && !image.isNull()) {
+        const KRMapTrackRenderer renderer(m_picker.visibleIn(picture), picture.projection(), image.size(),
+                                          picture.devicePixelRatio());
+        image = renderer.crop(image);
     }
-    emit groundDrawn({task.viewport, image});
+    emit groundDrawn({picture, image});
 }
 
-QImage KRMapDrawingThread::paintGround(const KRMapViewport &viewport)
+QImage KRMapDrawingThread::paintGround(const Task &task)
 {
     const QMutexLocker locker(&m_groundMutex);
     if (m_ground == nullptr)
         return QImage();
+    const KRMapViewport picture = pictureOf(task);
     // Without alpha, so that it is shown the faster.
-    QImage image(viewport.deviceSize(), QImage::Format_RGB32);
+    QImage image(picture.deviceSize(), QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
-    m_ground->paint(&painter, image.size(), viewport.projection(), viewport.devicePixelRatio());
+    // Names of what is cropped fade with it; others are painted above the tracks.
+    if (isCropped(task))
+        m_ground->paint(&painter, image.size(), picture.projection(), picture.devicePixelRatio());
+    else
+        m_ground->paintBelow(&painter, image.size(), picture.projection(), picture.devicePixelRatio());
     return image;
 }
 
 bool KRMapDrawingThread::drawTracks(const Task &task)
 {
-    if (m_drawnTracks && m_drawnTracks->selectionNumber == task.selectionNumber
-        && m_drawnTracks->viewport == task.viewport)
+    if (m_drawnTracks && m_drawnTracks->selectionNumber == task.selectionNumber && m_drawnTracks->window == task.window)
         return true;
     m_drawnTracks.reset();
-    m_emphasised.reset();
-    m_tracksImage = QImage();
-    const KRMapViewport &viewport = task.viewport;
-    if (!task.selection.isEmpty()) {
-        const KRGPXTrackSelection selection = m_picker.visibleIn(viewport);
-        const KRMapProjection projection = viewport.projection();
-        const double factor = viewport.devicePixelRatio();
-        QImage image = emptyPicture(viewport);
-        QPainter painter(&image);
-        KRHaloPainter::paint(painter, selection, projection, image.size(), factor);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const KRMapTrackRenderer renderer(selection, projection, image.size(), factor);
-        const KRGPXConfiguredTrackList tracks = selection.tracks();
-        for (const KRGPXConfiguredTrack &track : tracks) {
-            if (isSuperseded(task))
-                return false;
-            renderer.drawTrack(&painter, track, StyledRender);
-        }
-        painter.end();
-        m_tracksImage = image;
+    m_drawnAboveTracks.reset();
+    const KRMapViewport picture = pictureOf(task);
+    m_tracksImage = emptyPicture(picture);
+    const KRGPXTrackSelection selection = m_picker.visibleIn(picture);
+    const KRMapProjection projection = picture.projection();
+    const QSize size = m_tracksImage.size();
+    const double factor = picture.devicePixelRatio();
+    QPainter painter(&m_tracksImage);
+    KRHaloPainter::paint(painter, selection, projection, size, factor);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const KRMapTrackRenderer renderer(selection, projection, size, factor);
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        if (isSuperseded(task))
+            return false;
+        renderer.drawTrack(&painter, track, StyledRender);
     }
     m_drawnTracks = task;
     return true;
 }
 
-void KRMapDrawingThread::emphasise(const Task &task)
+void KRMapDrawingThread::drawAboveTracks(const Task &task)
 {
-    if (m_emphasised && m_emphasised->currentRow == task.currentRow)
+    if (m_drawnAboveTracks && m_drawnAboveTracks->currentRow == task.currentRow
+        && m_drawnAboveTracks->hasLabels == task.hasLabels && m_drawnAboveTracks->hasLegend == task.hasLegend
+        && m_drawnAboveTracks->groundNumber == task.groundNumber)
         return;
-    m_emphasised = task;
+    m_drawnAboveTracks = task;
+    const KRMapViewport picture = pictureOf(task);
     QImage image = m_tracksImage;
-    const KRMapViewport &viewport = task.viewport;
-    if (task.selection.isValidRow(task.currentRow)) {
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        KRTrackEmphasis::paint(&painter, task.selection.value(task.currentRow), viewport.projection(), image.size(),
-                               viewport.devicePixelRatio());
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (task.selection.isValidRow(task.currentRow))
+        KRTrackEmphasis::paint(&painter, task.selection.value(task.currentRow), picture.projection(), image.size(),
+                               picture.devicePixelRatio());
+    paintNames(&painter, task);
+    painter.end();
+    emit tracksDrawn({picture, image});
+}
+
+void KRMapDrawingThread::paintNames(QPainter *painter, const Task &task)
+{
+    const KRMapViewport picture = pictureOf(task);
+    const KRMapProjection projection = picture.projection();
+    const QSize size = picture.deviceSize();
+    const double factor = picture.devicePixelRatio();
+
+    // The window's own furniture, where it lies in the picture.
+    const KRMapProjection inWindow = task.window.projection();
+    const QSize windowSize = task.window.deviceSize();
+    const QPointF corner = picture.rectOf(task.window).topLeft() * factor;
+    QVector<QRectF> taken{
+        KRMapFurniture::scaleBarBox(windowSize, inWindow, furnitureFactor * factor).translated(corner),
+        KRMapFurniture::attributionBox(windowSize, furnitureFactor * factor).translated(corner)};
+    if (task.hasLegend)
+        taken << KRMapLegend::box(task.selection, inWindow, windowSize, factor).translated(corner);
+
+    KRMapLabelBoard labels(QRectF(), 0.0);
+    if (task.hasLabels)
+        labels = KRTrackLabels::arranged(m_picker.visibleIn(picture), projection, size, factor, taken);
+    for (const KRMapLabel &label : labels.labels())
+        taken << label.box();
+    const QMutexLocker locker(&m_groundMutex);
+    if (m_ground != nullptr && !isCropped(task))
+        m_ground->paintNames(painter, size, projection, factor, taken);
+    labels.paint(painter);
+}
+
+void KRMapDrawingThread::drawLegend(const Task &task)
+{
+    const bool isDrawn = m_drawnLegend && m_drawnLegend->hasLegend == task.hasLegend
+                         && m_drawnLegend->selectionNumber == task.selectionNumber
+                         && m_drawnLegend->window.deviceSize() == task.window.deviceSize();
+    if (isDrawn)
+        return;
+    m_drawnLegend = task;
+    const KRMapProjection projection = task.window.projection();
+    const QSize size = task.window.deviceSize();
+    const double factor = task.window.devicePixelRatio();
+    const QRect box = KRMapLegend::box(task.selection, projection, size, factor).toAlignedRect();
+    if (!task.hasLegend || box.isEmpty()) {
+        emit legendDrawn(QImage(), QPoint());
+        return;
     }
-    emit tracksDrawn({viewport, image});
+    QImage image(box.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.translate(-box.topLeft());
+    KRMapLegend::paint(painter, task.selection, projection, size, factor);
+    painter.end();
+    emit legendDrawn(image, box.topLeft());
 }

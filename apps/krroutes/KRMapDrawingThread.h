@@ -12,6 +12,7 @@
 #include <optional>
 
 class KRMapGround;
+class QPainter;
 
 /**
  * Draws the ground and the tracks of a map window apart from the GUI thread.
@@ -25,14 +26,21 @@ class KRMapDrawingThread : public QThread
     Q_OBJECT
 
 public:
+    /// Pixels on all sides that the pictures reach beyond the window, so that a moved map has something to show.
+    static constexpr int margin = 96;
+    /// The letters of scale bar and credits are made for large pictures; in a window they have this part of their size.
+    static constexpr double furnitureFactor = 0.5;
+
     /// What a map window shows. The numbers tell apart what differs, without looking at it.
     struct Task {
         int number = 0;
-        KRMapViewport viewport;
+        KRMapViewport window;
         int groundNumber = 0;
         KRGPXTrackSelection selection;
         int selectionNumber = 0;
         int currentRow = -1; ///< the track to emphasise, -1 for none
+        bool hasLabels = false; ///< names of the tracks on the map
+        bool hasLegend = false;
     };
 
     explicit KRMapDrawingThread(QObject *parent = nullptr);
@@ -45,7 +53,10 @@ public:
 
 signals:
     void groundDrawn(const KRMapPicture &picture);
+    /// With all names, to be shown above the ground.
     void tracksDrawn(const KRMapPicture &picture);
+    /// To be shown at @p topLeft of the window, in its pixels of the screen, wherever the map is moved to.
+    void legendDrawn(const QImage &image, const QPoint &topLeft);
     /// Comes before the picture of the selection with that number.
     void pickerMade(const KRTrackPicker &picker, int selectionNumber);
     /// After all pictures of a task that was not given up or replaced.
@@ -60,8 +71,10 @@ private:
     void makePicker(const Task &task);
     void drawGround(const Task &task);
     bool drawTracks(const Task &task);
-    void emphasise(const Task &task);
-    QImage paintGround(const KRMapViewport &viewport);
+    void drawAboveTracks(const Task &task);
+    void drawLegend(const Task &task);
+    QImage paintGround(const Task &task);
+    void paintNames(QPainter *painter, const Task &task);
 
     QMutex m_mutex; // guards the next three
     QWaitCondition m_wakeUp;
@@ -73,9 +86,10 @@ private:
 
     // What was drawn last, for the drawing thread alone.
     std::optional<Task> m_drawnGround;
-    std::optional<Task> m_croppedGround;
     std::optional<Task> m_drawnTracks;
-    std::optional<Task> m_emphasised;
+    std::optional<Task> m_drawnAboveTracks;
+    std::optional<Task> m_drawnLegend;
+    int m_croppedNumber = -1;
     int m_pickerNumber = -1;
     KRTrackPicker m_picker;
     QImage m_groundImage;

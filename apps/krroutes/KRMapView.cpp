@@ -19,15 +19,12 @@
 namespace {
 
 // Pixels.
-constexpr int marginAroundWindow = 96; ///< drawn as well, so that a moved map has something to show at once
 constexpr double clickTolerance = 5.0;
 constexpr double markerRadius = 7.0;
 
 constexpr double zoomStep = 2.0;
 constexpr double wheelUnitsPerDoubling = 240.0; ///< two notches of a common wheel
 constexpr double shareOfArrowKey = 0.25;
-/// The letters of scale bar and credit are made for large pictures.
-constexpr double furnitureFactor = 0.5;
 
 constexpr QColor markerColor(214, 30, 60);
 
@@ -75,6 +72,11 @@ KRMapView::KRMapView(QWidget *parent) : QWidget(parent)
         m_tracksPicture = picture;
         update();
     });
+    connect(&m_thread, &KRMapDrawingThread::legendDrawn, this, [this](const QImage &image, const QPoint &topLeft) {
+        m_legend = image;
+        m_legendCorner = topLeft;
+        update();
+    });
     connect(&m_thread, &KRMapDrawingThread::taskDone, this, [this](int number) { m_doneTaskNumber = number; });
 }
 
@@ -113,6 +115,18 @@ void KRMapView::setMarker(const KRGeoPosition &position)
 {
     m_marker = position;
     update();
+}
+
+void KRMapView::setLabels(bool isPainted)
+{
+    m_hasLabels = isPainted;
+    requestDrawing();
+}
+
+void KRMapView::setLegend(bool isPainted)
+{
+    m_hasLegend = isPainted;
+    requestDrawing();
 }
 
 void KRMapView::setViewport(const KRMapViewport &viewport)
@@ -181,8 +195,8 @@ void KRMapView::zoomAbout(const QPointF &pixel, double factor)
 
 void KRMapView::requestDrawing()
 {
-    m_thread.draw({++m_taskNumber, m_viewport.grown(marginAroundWindow), m_groundNumber, m_selection, m_selectionNumber,
-                   m_currentRow});
+    m_thread.draw({++m_taskNumber, m_viewport, m_groundNumber, m_selection, m_selectionNumber, m_currentRow,
+                   m_hasLabels, m_hasLegend});
 }
 
 // A window that was not seen yet has not got its size, so that the wish stays open for another one.
@@ -300,13 +314,14 @@ void KRMapView::paintMarker(QPainter *painter) const
 void KRMapView::paintFurniture(QPainter *painter) const
 {
     const QSize size = m_viewport.deviceSize();
-    const double factor = furnitureFactor * m_viewport.devicePixelRatio();
+    const double factor = KRMapDrawingThread::furnitureFactor * m_viewport.devicePixelRatio();
     painter->save();
     painter->scale(1.0 / m_viewport.devicePixelRatio(), 1.0 / m_viewport.devicePixelRatio());
     KRMapFurniture::paintScaleBar(painter, size, m_viewport.projection(), factor);
     KRMapFurniture::paintAttribution(painter, size, factor);
     if (m_ground != nullptr)
         KRMapFurniture::paintCredit(painter, size, m_ground->credit(), factor);
+    painter->drawImage(m_legendCorner, m_legend);
     painter->restore();
 }
 

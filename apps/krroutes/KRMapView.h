@@ -37,6 +37,9 @@ public:
     void setCurrentTrack(int row);
     /// A position to point at; an invalid one for none.
     void setMarker(const KRGeoPosition &position);
+    /// The names of the tracks on the map.
+    void setLabels(bool isPainted);
+    void setLegend(bool isPainted);
 
     KRMapViewport viewport() const { return m_viewport; }
     /// Whatever size the viewport has, it takes that of the window.
@@ -111,11 +114,15 @@ private:
     int m_selectionNumber = 0;
     int m_currentRow = -1;
     KRGeoPosition m_marker;
+    bool m_hasLabels = false;
+    bool m_hasLegend = false;
     Wish m_wish;
     bool m_wasPainted = false;
 
     KRMapPicture m_groundPicture;
     KRMapPicture m_tracksPicture;
+    QImage m_legend;
+    QPoint m_legendCorner;
     KRTrackPicker m_picker;
     int m_pickerNumber = -1;
     int m_taskNumber = 0;

@@ -135,6 +135,7 @@ private slots:
     void cropsTheGround();
     void worldRepeats();
     void marksAPosition();
+    void namesTheTracks();
     void drawsEveryPixelOfADenseScreen();
     void groundMayBeDeletedOnceReplaced();
 };
@@ -450,18 +451,49 @@ void tst_KRMapView::marksAPosition()
     QVERIFY(isNear(view.colorAt(pixel), groundColor));
 }
 
+void tst_KRMapView::namesTheTracks()
+{
+    ShownView view;
+    // Names stand on light ground, which nothing else here is.
+    const auto letters = [&](const QRect &area) {
+        int light = 0;
+        const QImage picture = view.grab(area).toImage();
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                light += picture.pixelColor(x, y).lightness() > 180 ? 1 : 0;
+        return light;
+    };
+    const QRect corner(600, 0, 200, 80);
+    const QRect free(0, 0, 800, 450);
+    QCOMPARE(letters(free), 0);
+    view.setLabels(true);
+    QVERIFY(view.wait());
+    QVERIFY(letters(free) > 20);
+    view.setLabels(false);
+    view.setLegend(true);
+    QVERIFY(view.wait());
+    const int legend = letters(corner);
+    QVERIFY(legend > 20);
+    // It stays where it is.
+    view.setViewport(view.viewport().panned(QPointF(0.0, 60.0)));
+    QCOMPARE(letters(corner), legend);
+    view.setLegend(false);
+    QVERIFY(view.wait());
+    QCOMPARE(letters(corner), 0);
+}
+
 void tst_KRMapView::drawsEveryPixelOfADenseScreen()
 {
     KRMapDrawingThread thread;
     QSignalSpy drawn(&thread, &KRMapDrawingThread::tracksDrawn);
     const KRGeoPositionRect area(KRGeoPosition(52.8, 7.5), KRGeoPosition(53.2, 8.8));
     const KRMapViewport viewport = KRMapViewport().resized({300, 200}, 2.0).fitted(area, 20);
-    thread.draw({1, viewport, 0, twoTracks(), 1, -1});
+    thread.draw({1, viewport, 0, twoTracks(), 1, -1, false, false});
     QVERIFY(drawn.wait());
     const KRMapPicture picture = drawn.first().first().value<KRMapPicture>();
-    QCOMPARE(picture.image.size(), QSize(600, 400));
+    QCOMPARE(picture.image.size(), 2 * picture.viewport.size());
     // A line of 10 pixels is 20 wide here.
-    const QPoint middle = (2.0 * viewport.pixelOf(KRGeoPosition(53.2, 8.0))).toPoint();
+    const QPoint middle = (2.0 * picture.viewport.pixelOf(KRGeoPosition(53.2, 8.0))).toPoint();
     QVERIFY(isNear(picture.image.pixelColor(middle + QPoint(0, 8)), lineColor));
     QCOMPARE(picture.image.pixelColor(middle + QPoint(0, 13)).alpha(), 0);
 }
