@@ -35,10 +35,13 @@ const std::array<ButtonKind, 4> buttonKinds{{
      QT_TRANSLATE_NOOP("KRGPXTrackMultiFunctionDelegateWidget", "<b>Markiere</b> %1"), &RowWidget::onAddEventRequested},
 }};
 
-/// Names come from files of others: in a formatted tool tip no markup in them is to have an effect.
+/// Names come from files of others: no markup in them is to have an effect, such as loading a picture.
 QString fillToolTip(const QString &pattern, const QString &text)
 {
-    return pattern.arg(Qt::mightBeRichText(pattern) ? text.toHtmlEscaped() : text);
+    if (Qt::mightBeRichText(pattern))
+        return pattern.arg(text.toHtmlEscaped());
+    const QString toolTip = pattern.arg(text);
+    return Qt::mightBeRichText(toolTip) ? QStringLiteral("<qt>%1</qt>").arg(toolTip.toHtmlEscaped()) : toolTip;
 }
 
 } // namespace

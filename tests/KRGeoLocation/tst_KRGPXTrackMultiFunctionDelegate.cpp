@@ -24,7 +24,7 @@ private slots:
     void cleanup();
     void laysOutTheButtons_data();
     void laysOutTheButtons();
-    void escapesNamesInFormattedToolTips();
+    void takesMarkupInNamesForText();
     void tellsWhichButtonWasClicked_data();
     void tellsWhichButtonWasClicked();
     void rowMayBeRemovedByItsOwnButton();
@@ -98,12 +98,12 @@ void tst_KRGPXTrackMultiFunctionDelegate::laysOutTheButtons()
     QTEST(toolTips, "toolTips");
 }
 
-void tst_KRGPXTrackMultiFunctionDelegate::escapesNamesInFormattedToolTips()
+void tst_KRGPXTrackMultiFunctionDelegate::takesMarkupInNamesForText()
 {
     m_model->item(0)->setText(QStringLiteral("<i>1</i> & 2"));
     const RowWidget row(m_model->index(0, 0), AllTrackEditOptions, nullptr);
     const QList<QToolButton *> buttons = row.findChildren<QToolButton *>();
-    QCOMPARE(buttons.at(0)->toolTip(), QStringLiteral("<i>1</i> & 2 bearbeiten"));
+    QCOMPARE(buttons.at(0)->toolTip(), QStringLiteral("<qt>&lt;i&gt;1&lt;/i&gt; &amp; 2 bearbeiten</qt>"));
     QCOMPARE(buttons.at(2)->toolTip(), QStringLiteral("<b>Zoome auf</b> &lt;i&gt;1&lt;/i&gt; &amp; 2"));
 }
 
