@@ -1,8 +1,9 @@
 #include "KRTrackListView.h"
 
+#include "KRTrackRowDelegate.h"
+
 #include <KRGUIWidgets/KRElidedLabel.h>
 #include <KRGeoLocation/KRGPXTrackListModel.h>
-#include <KRGeoLocation/KRGPXTrackMultiFunctionDelegate.h>
 #include <KRGeoLocation/KRGPXTrackMultiFunctionDelegateWidget.h>
 
 #include <QApplication>
@@ -11,7 +12,6 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
-#include <QToolButton>
 
 #include <memory>
 
@@ -23,42 +23,17 @@ constexpr int insertionMarkHeightPx = 2;
 constexpr int currentMarkWidthPx = 3;
 constexpr int dragDistancePx = 16;
 
-/// Of one row in ten thousand, the user wants to reach the buttons of the current one only.
-void setReachableByTab(QWidget *rowWidget, bool isReachable)
-{
-    const QList<QToolButton *> buttons = rowWidget->findChildren<QToolButton *>();
-    for (QToolButton *button : buttons)
-        button->setFocusPolicy(isReachable ? Qt::TabFocus : Qt::NoFocus);
-}
-
 QPixmap pictureOfName(const RowWidget *rowWidget)
 {
     auto *const label = rowWidget->findChild<KRElidedLabel *>();
     return label->grab(QRect(QPoint(0, 0), label->sizeHint().boundedTo(label->size())));
 }
 
-class RowDelegate : public KRGPXTrackMultiFunctionDelegate
-{
-public:
-    explicit RowDelegate(QAbstractItemView *view)
-        : KRGPXTrackMultiFunctionDelegate(view, AllTrackEditOptions), m_view(view)
-    { }
-
-    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        QWidget *const editor = KRGPXTrackMultiFunctionDelegate::createEditor(parent, option, index);
-        setReachableByTab(editor, index == m_view->currentIndex());
-        return editor;
-    }
-
-private:
-    QAbstractItemView *m_view;
-};
-
 } // namespace
 
 KRTrackListView::KRTrackListView(KRGPXTrackListModel *model, QWidget *parent)
-    : QListView(parent), m_model(model), m_delegate(new RowDelegate(this)), m_insertionMark(new QWidget(viewport()))
+    : QListView(parent), m_model(model), m_delegate(new KRTrackRowDelegate(this)),
+      m_insertionMark(new QWidget(viewport()))
 {
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -74,10 +49,10 @@ KRTrackListView::KRTrackListView(KRGPXTrackListModel *model, QWidget *parent)
     m_insertionMark->hide();
 
     setItemDelegate(m_delegate);
-    connect(m_delegate, &KRGPXTrackMultiFunctionDelegate::editItem, this, &KRTrackListView::editRequested);
-    connect(m_delegate, &KRGPXTrackMultiFunctionDelegate::deleteItem, this, &KRTrackListView::deleteRequested);
-    connect(m_delegate, &KRGPXTrackMultiFunctionDelegate::zoomToItem, this, &KRTrackListView::zoomRequested);
-    connect(m_delegate, &KRGPXTrackMultiFunctionDelegate::addItem, this, &KRTrackListView::markRequested);
+    connect(m_delegate, &KRTrackRowDelegate::editItem, this, &KRTrackListView::editRequested);
+    connect(m_delegate, &KRTrackRowDelegate::deleteItem, this, &KRTrackListView::deleteRequested);
+    connect(m_delegate, &KRTrackRowDelegate::zoomToItem, this, &KRTrackListView::zoomRequested);
+    connect(m_delegate, &KRTrackRowDelegate::addItem, this, &KRTrackListView::markRequested);
 
     setModel(model);
     connect(model, &KRGPXTrackListModel::modelAboutToBeReset, this, [this] { m_rowBeforeReset = currentTrack(); });
@@ -161,10 +136,11 @@ void KRTrackListView::currentChanged(const QModelIndex &current, const QModelInd
     emit currentTrackChanged(current.row());
 }
 
+// Of one row in ten thousand, the user wants to reach the buttons of the current one only.
 void KRTrackListView::updateTabOrder(int row, bool isCurrent)
 {
     if (QWidget *const rowWidget = indexWidget(m_model->index(row, 0)))
-        setReachableByTab(rowWidget, isCurrent);
+        KRTrackRowDelegate::setReachableByTab(rowWidget, isCurrent);
 }
 
 void KRTrackListView::scrollContentsBy(int dx, int dy)

@@ -6,7 +6,7 @@
 #include <QTimer>
 
 class KRGPXTrackListModel;
-class KRGPXTrackMultiFunctionDelegate;
+class KRTrackRowDelegate;
 
 /**
  * The list of the tracks: one row with name and buttons for each, and at most one of them current.
@@ -76,7 +76,7 @@ private:
     void paintInvitation();
 
     KRGPXTrackListModel *m_model;
-    KRGPXTrackMultiFunctionDelegate *m_delegate;
+    KRTrackRowDelegate *m_delegate;
     QWidget *m_insertionMark; // above the widgets of the rows, which would hide what the view itself paints
     QTimer m_closingTimer;
     KRGPXConfiguredTrack m_currentTrack;

@@ -13,6 +13,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
+#include <QToolTip>
 #include <QtTest>
 
 #include <memory>
@@ -37,6 +38,8 @@ private slots:
     void sparesFocusedAndBlinkingRows();
     void leadsByTabToTheButtonsOfTheCurrentRow();
     void showsTheCurrentRow();
+    void tellsMoreInToolTips_data();
+    void tellsMoreInToolTips();
 
 private:
     void fill(int count);
@@ -287,6 +290,43 @@ void tst_KRTrackListView::showsTheCurrentRow()
     m_view->selectTrack(1);
     QVERIFY(colorOf(1) != usual);
     QCOMPARE(colorOf(0), usual);
+}
+
+void tst_KRTrackListView::tellsMoreInToolTips_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("plain") << "A & B"
+                           << "up\ndown"
+                           << "<p><b>A &amp; B</b></p><p>up<br>down</p>";
+    QTest::newRow("name only") << "A"
+                               << " \n"
+                               << "<p><b>A</b></p>";
+    QTest::newRow("description of a web page")
+        << "A"
+        << "<p>see <img src='/dev/zero'><b>more</b></p>" << QStringLiteral("<p><b>A</b></p><p>see more</p>");
+    QTest::newRow("markup in the name is shown") << "<img>"
+                                                 << ""
+                                                 << "<p><b>&lt;img&gt;</b></p>";
+    QTest::newRow("shortened") << "A" << QString(999999, QLatin1Char('x'))
+                               << QStringLiteral("<p><b>A</b></p><p>") + QString(600, QLatin1Char('x'))
+                                      + QStringLiteral("\u2026</p>");
+}
+
+void tst_KRTrackListView::tellsMoreInToolTips()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, description);
+    const KRGPXTrack track(name, description, {}, LineStringTrackShape);
+    m_model->setSelection(
+        KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration()))));
+    QTRY_VERIFY(rowWidget(0) != nullptr);
+    QToolTip::hideText();
+    QWidget *const label = rowWidget(0)->childAt(20, 10);
+    QHelpEvent help(QEvent::ToolTip, QPoint(3, 3), label->mapToGlobal(QPoint(3, 3)));
+    QApplication::sendEvent(label, &help);
+    QTEST(QToolTip::text(), "expected");
 }
 
 static const KRTestRegistration<tst_KRTrackListView> registration;
