@@ -49,6 +49,10 @@
         <source>Route %1</source>
         <translation>Route %1</translation>
     </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Wegpunkte und Punkte von Routen.</source>
+        <translation>The file has more than %1 way points and points of routes.</translation>
+    </message>
 </context>
 <context>
     <name>KRImportReport</name>

@@ -44,7 +44,11 @@ struct GpxPoint {
     QString comment;
     QString description;
 
-    KRGPXTrackPoint toTrackPoint() const { return KRGPXTrackPoint(position, elevation, time, description); }
+    void appendTo(KRGPXTrackSegment *segment) const
+    {
+        segment->append(position.latitude().decimalDegrees(), position.longitude().decimalDegrees(), elevation, time,
+                        description);
+    }
 };
 
 GpxPoint readPoint(KRXmlStream &stream, const KRGpxNames &names)
@@ -150,14 +154,16 @@ void KRGpxPreparation::readWayPoint(KRXmlStream &stream)
 {
     const int line = stream.line();
     const GpxPoint point = readPoint(stream, m_names);
+    countPoint(stream);
     ++m_wayPointNumber;
     if (!point.position.isValid()) {
         m_report.add(KRImportReport::WayPointWithoutPosition, line, point.name);
         return;
     }
+    KRGPXTrackSegment segment;
+    point.appendTo(&segment);
     const QString name = firstNonEmpty(point.name, tr("Wegpunkt %1").arg(m_wayPointNumber));
-    m_wayPoints.append(KRGPXTrack(name, firstNonEmpty(point.description, point.comment),
-                                  {KRGPXTrackSegment(point.toTrackPoint())}, PointTrackShape));
+    m_wayPoints.append(KRGPXTrack(name, firstNonEmpty(point.description, point.comment), {segment}, PointTrackShape));
 }
 
 void KRGpxPreparation::readRoute(KRXmlStream &stream)
@@ -166,15 +172,16 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
     QString name;
     QString comment;
     QString description;
-    QList<KRGPXTrackPoint> points;
+    KRGPXTrackSegment points;
     PointCount count;
     while (stream.readNextChild()) {
         if (m_names.isAt(stream, routePointElement)) {
             const int pointLine = stream.line();
             const GpxPoint point = readPoint(stream, m_names);
+            countPoint(stream);
             count.add(point.position.isValid(), pointLine);
             if (point.position.isValid())
-                points.append(point.toTrackPoint());
+                point.appendTo(&points);
         } else if (m_names.isAt(stream, nameElement)) {
             name = stream.readText().trimmed();
         } else if (m_names.isAt(stream, QStringLiteral("cmt"))) {
@@ -187,10 +194,17 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
     }
     ++m_routeNumber;
     report(KRImportReport::RouteWithoutPosition, line, name, count);
-    if (points.isEmpty())
+    if (!points.isValid())
         return;
+    points.squeeze();
     m_routes.append(KRGPXTrack(firstNonEmpty(name, tr("Route %1").arg(m_routeNumber)),
-                               firstNonEmpty(description, comment), {KRGPXTrackSegment(points)}, LineStringTrackShape));
+                               firstNonEmpty(description, comment), {points}, LineStringTrackShape));
+}
+
+void KRGpxPreparation::countPoint(KRXmlStream &stream)
+{
+    if (++m_pointNumber > maximumPoints)
+        stream.refuse(tr("Die Datei hat mehr als %1 Wegpunkte und Punkte von Routen.").arg(maximumPoints));
 }
 
 void KRGpxPreparation::report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count)

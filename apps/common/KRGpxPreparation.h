@@ -22,6 +22,8 @@ class KRGpxPreparation
     Q_DECLARE_TR_FUNCTIONS(KRGpxPreparation)
 
 public:
+    static constexpr int maximumPoints = 500000; ///< way points and points of routes together
+
     explicit KRGpxPreparation(const QFileInfo &file) : m_file(file), m_report(file.filePath()) { }
 
     /// Whether the current element has a latitude and a longitude, of a place on the globe; (0, 0) is one.
@@ -52,6 +54,7 @@ private:
     void readSegment(KRXmlStream &stream, PointCount *count);
     void readWayPoint(KRXmlStream &stream);
     void readRoute(KRXmlStream &stream);
+    void countPoint(KRXmlStream &stream);
     void report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count);
 
     QFileInfo m_file;
@@ -62,5 +65,6 @@ private:
     bool m_needsRewriting = false;
     int m_wayPointNumber = 0; // of all in the file, also those that are left out
     int m_routeNumber = 0;
+    int m_pointNumber = 0;
     KRImportReport m_report;
 };

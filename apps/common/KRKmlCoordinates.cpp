@@ -165,13 +165,13 @@ QString KRKmlCoordinates::toText(int mostPositions) const
 
 KRGPXTrackSegment KRKmlCoordinates::toSegment() const
 {
-    QList<KRGPXTrackPoint> points;
-    points.reserve(count());
+    KRGPXTrackSegment segment;
     for (int i = 0; i < count(); ++i) {
         const Position &position = m_positions.at(i);
-        points.append(KRGPXTrackPoint(KRGeoPosition(double(position.latitude) / double(unitsPerDegree),
-                                                    double(position.longitude) / double(unitsPerDegree)),
-                                      position.elevation, m_times.value(i), QString()));
+        segment.append(double(position.latitude) / double(unitsPerDegree),
+                       double(position.longitude) / double(unitsPerDegree), position.elevation, m_times.value(i),
+                       QString());
     }
-    return KRGPXTrackSegment(points);
+    segment.squeeze();
+    return segment;
 }

@@ -1,4 +1,5 @@
 #include "KRGpxImport.h"
+#include "KRGpxPreparation.h"
 
 #include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
@@ -257,6 +258,8 @@ void tst_KRGpxImport::brokenGivesNothing_data()
     QTest::newRow("broken among points that are passed over")
         << gpx(good + track("U", position("trkpt", "1", "2") + position("trkpt", "1", "2", "<ele>1</time>")));
     QTest::newRow("empty") << QByteArray();
+    QTest::newRow("more points than a host can hold") << gpx(
+        "<rte>" + QByteArray("<rtept lat='1' lon='2'/>").repeated(KRGpxPreparation::maximumPoints + 1) + "</rte>");
 }
 
 void tst_KRGpxImport::brokenGivesNothing()
