@@ -3,6 +3,7 @@
 #include "KRAutosave.h"
 #include "KRDocumentActions.h"
 #include "KRFlightLineDialog.h"
+#include "KRGroundMenu.h"
 #include "KRMapActions.h"
 #include "KRMapView.h"
 #include "KRPreferencesDialog.h"
@@ -15,10 +16,9 @@
 #include "KRViewerIcons.h"
 #include "KRViewerSettings.h"
 
-#include <KRBaseMapGround.h>
+#include <KRMapGround.h>
 
 #include <KRCore/KRErrorHistory.h>
-
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 
 #include <QAction>
@@ -57,14 +57,14 @@ KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
     : QMainWindow(parent), m_recoveryPlace(recoveryPlace),
       m_autosave(new KRAutosave(&m_workspace, recoveryPlace, this)),
       m_documentActions(new KRDocumentActions(&m_workspace, this)),
-      m_trackActions(new KRTrackActions(&m_workspace, this)), m_ground(new KRBaseMapGround(this)), m_map(new KRMapView),
-      m_mapActions(new KRMapActions(m_map, this)), m_docks(new KRViewerDocks(&m_workspace, this)),
+      m_trackActions(new KRTrackActions(&m_workspace, this)), m_groundMenu(new KRGroundMenu(this)),
+      m_map(new KRMapView), m_mapActions(new KRMapActions(m_map, this)), m_docks(new KRViewerDocks(&m_workspace, this)),
       m_toolBar(addToolBar(tr("Werkzeugleiste"))), m_trackMenu(new QMenu(tr("&Route"), this)),
       m_positionLabel(new QLabel(this))
 {
     setAcceptDrops(true);
     setCentralWidget(m_map);
-    m_map->setGround(m_ground);
+    m_map->setGround(m_groundMenu->ground());
     m_toolBar->setObjectName(QStringLiteral("toolBar"));
     statusBar()->addPermanentWidget(m_positionLabel);
     createMenus();
@@ -191,6 +191,7 @@ void KRMainWindow::createViewMenu()
 {
     QMenu *const menu = menuBar()->addMenu(tr("&Ansicht"));
     m_mapActions->addTo(menu);
+    menu->addMenu(m_groundMenu);
     m_mapActions->addTo(m_toolBar);
     menu->addSeparator();
     m_docks->addTo(menu);
@@ -232,6 +233,9 @@ void KRMainWindow::connectWorkspace()
 
 void KRMainWindow::connectMap()
 {
+    connect(m_groundMenu, &KRGroundMenu::groundChanged, m_map, &KRMapView::setGround);
+    connect(m_groundMenu, &KRGroundMenu::problemChanged, this,
+            [this](const QString &problem) { statusBar()->showMessage(problem); });
     connect(m_map, &KRMapView::positionHovered, this, &KRMainWindow::showPosition);
     connect(m_map, &KRMapView::trackClicked, this, [this](int row) {
         trackList()->selectTrack(row);

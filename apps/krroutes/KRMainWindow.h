@@ -7,8 +7,8 @@
 
 class KRAutosave;
 class KRDocumentActions;
+class KRGroundMenu;
 class KRMapActions;
-class KRMapGround;
 class KRMapView;
 class KRTrackActions;
 class KRTrackListView;
@@ -72,7 +72,7 @@ private:
     KRAutosave *m_autosave;
     KRDocumentActions *m_documentActions;
     KRTrackActions *m_trackActions;
-    KRMapGround *m_ground;
+    KRGroundMenu *m_groundMenu;
     KRMapView *m_map;
     KRMapActions *m_mapActions;
     KRViewerDocks *m_docks;

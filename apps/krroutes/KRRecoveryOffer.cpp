@@ -22,14 +22,13 @@ KRRecoveryOffer::Answer KRRecoveryOffer::ask(const KRRecoveryFolder &folder, QWi
 {
     const QString document = folder.documentFile();
     const QString time = QLocale().toString(folder.lastChange(), QLocale::ShortFormat);
-    QMessageBox question(
-        QMessageBox::Question, tr("Ungesicherte Änderungen"),
+    const QString text =
         document.isEmpty()
-            ? tr("Ein Dokument, das noch nicht gespeichert war, ist vom %1 übrig.").arg(time)
-            : tr("Änderungen an „%1“ vom %2 wurden nicht gespeichert.").arg(QFileInfo(document).fileName(), time),
-        QMessageBox::NoButton, parent);
-    question.setInformativeText(tr("Das Programm wurde zuletzt nicht ordentlich beendet. Wiederhergestellte Änderungen "
-                                   "stehen erst in der Datei, wenn Sie sie speichern."));
+            ? tr("Von einem noch nie gespeicherten Dokument sind Änderungen vom %1 übrig.").arg(time)
+            : tr("Änderungen an „%1“ vom %2 wurden nicht gespeichert.").arg(QFileInfo(document).fileName(), time);
+    QMessageBox question(QMessageBox::Question, tr("Ungesicherte Änderungen"), text, QMessageBox::NoButton, parent);
+    question.setInformativeText(tr("Das Programm wurde zuletzt nicht ordentlich beendet. Was wiederhergestellt wird, "
+                                   "steht erst nach dem Speichern in der Datei."));
     QPushButton *const recover = question.addButton(tr("&Wiederherstellen"), QMessageBox::AcceptRole);
     QPushButton *const discard = question.addButton(tr("&Verwerfen"), QMessageBox::DestructiveRole);
     QPushButton *const later = question.addButton(tr("&Später"), QMessageBox::RejectRole);
