@@ -1,0 +1,86 @@
+#include "KRRecoveryFolder.h"
+#include "KRRouteWorkspace.h"
+#include "KRTestRegistry.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// The program itself, as a process of its own.
+class tst_krroutes : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void answersOnTheCommandLine_data();
+    void answersOnTheCommandLine();
+    void workSurvivesBeingKilled();
+};
+
+static const KRTestRegistration<tst_krroutes> registration;
+
+namespace {
+
+QProcessEnvironment environment(const QTemporaryDir &home)
+{
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    variables.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+        variables.insert(QLatin1String(name), home.path());
+    return variables;
+}
+
+} // namespace
+
+void tst_krroutes::answersOnTheCommandLine_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("answer");
+    QTest::newRow("help") << "--help" << 0 << "--version";
+    QTest::newRow("version") << "--version" << 0 << "krroutes ";
+    QTest::newRow("unknown option") << "--no-such-option" << 2 << "no-such-option";
+}
+
+void tst_krroutes::answersOnTheCommandLine()
+{
+    QFETCH(QString, argument);
+    QFETCH(QString, answer);
+    const QTemporaryDir home;
+    QProcess process;
+    process.setProcessEnvironment(environment(home));
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QStringLiteral(KR_KRROUTES), {argument});
+    QVERIFY(process.waitForFinished());
+    QTEST(process.exitCode(), "exitCode");
+    QVERIFY(QString::fromLocal8Bit(process.readAll()).contains(answer));
+}
+
+void tst_krroutes::workSurvivesBeingKilled()
+{
+    const QTemporaryDir home;
+    const QDir place(home.filePath(QStringLiteral("KRGeoLocation/krroutes/recovery")));
+    QProcess process;
+    process.setProcessEnvironment(environment(home));
+    process.start(QStringLiteral(KR_KRROUTES), {QStringLiteral(KR_SAMPLES_DIR "/oldenburg-radtour.gpx")});
+    QVERIFY(process.waitForStarted());
+    const auto unsavedFile = [&] {
+        const QStringList folders = place.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        return place.filePath(folders.value(0) + QStringLiteral("/unsaved.krroute"));
+    };
+    constexpr int patienceMs = 20000;
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(unsavedFile()).isFile(), patienceMs);
+    QVERIFY(KRRecoveryFolder::leftBehind(place).empty());
+
+    process.kill();
+    QVERIFY(process.waitForFinished());
+    const auto folders = KRRecoveryFolder::leftBehind(place);
+    QCOMPARE(folders.size(), std::size_t(1));
+    KRRouteWorkspace workspace;
+    QVERIFY(workspace.recover(folders.front()->recoveryFile(), QString(), nullptr));
+    QCOMPARE(workspace.selection().value(0).name(), QStringLiteral("Radtour um Oldenburg"));
+    QCOMPARE(workspace.selection().value(0).track().countPoints(), 308);
+}
+
+#include "tst_krroutes.moc"
