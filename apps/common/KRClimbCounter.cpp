@@ -28,7 +28,7 @@ void KRClimbCounter::startAnew()
 
 void KRClimbCounter::countToExtreme()
 {
-    const int climbSoFar = climbMetres();
+    const qint64 climbSoFar = climbMetres();
     m_descentMetres = descentMetres();
     m_climbMetres = climbSoFar;
     m_turn = m_extreme;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 /**
  * Adds up how far a way goes up and down, from elevations in whole metres, one after the other.
  *
@@ -16,16 +18,17 @@ public:
     /// What comes next does not begin where the way has ended so far.
     void startAnew();
 
-    int climbMetres() const { return m_climbMetres + (m_extreme > m_turn ? m_extreme - m_turn : 0); }
-    int descentMetres() const { return m_descentMetres + (m_extreme < m_turn ? m_turn - m_extreme : 0); }
+    qint64 climbMetres() const { return m_climbMetres + (m_extreme > m_turn ? m_extreme - m_turn : 0); }
+    qint64 descentMetres() const { return m_descentMetres + (m_extreme < m_turn ? m_turn - m_extreme : 0); }
 
 private:
     void countToExtreme();
 
-    int m_climbMetres = 0;
-    int m_descentMetres = 0;
+    // Files hold elevations up to the ends of int, so differences and sums need more.
+    qint64 m_climbMetres = 0;
+    qint64 m_descentMetres = 0;
     bool m_hasStarted = false;
     /// Where the way has turned last, and how far it has come since; both are equal while it has not left that place.
-    int m_turn = 0;
-    int m_extreme = 0;
+    qint64 m_turn = 0;
+    qint64 m_extreme = 0;
 };

@@ -4,15 +4,15 @@
 
 namespace {
 
-double kmh(double wayKm, qint64 timeMs)
+double kmh(double wayKm, double timeMs)
 {
     constexpr double msPerHour = 3600000.0;
-    return wayKm * msPerHour / static_cast<double>(timeMs);
+    return wayKm * msPerHour / timeMs;
 }
 
 } // namespace
 
-void KRSpeedometer::add(qint64 timeMs, double wayKm)
+void KRSpeedometer::add(double timeMs, double wayKm)
 {
     if (!m_stretch.empty() && timeMs < m_stretch.back().timeMs)
         startAnew();
@@ -23,7 +23,7 @@ void KRSpeedometer::add(qint64 timeMs, double wayKm)
     m_stretch.push_back({timeMs, wayKm});
     while (m_stretch.size() > 2 && timeMs - m_stretch[1].timeMs >= shortestStretchMs)
         m_stretch.pop_front();
-    const qint64 stretchMs = timeMs - m_stretch.front().timeMs;
+    const double stretchMs = timeMs - m_stretch.front().timeMs;
     if (stretchMs >= shortestStretchMs)
         m_maximumKmh = std::max(m_maximumKmh, kmh(wayKm - m_stretch.front().wayKm, stretchMs));
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QtGlobal>
-
 #include <deque>
 
 /**
@@ -13,10 +11,10 @@
 class KRSpeedometer
 {
 public:
-    static constexpr qint64 shortestStretchMs = 10000;
+    static constexpr double shortestStretchMs = 10000.0;
 
     /// @p timeMs is milliseconds since any moment, @p wayKm the way since any place, the same ones for all calls.
-    void add(qint64 timeMs, double wayKm);
+    void add(double timeMs, double wayKm);
     /// The time until what comes next does not count.
     void startAnew() { m_stretch.clear(); }
 
@@ -26,13 +24,13 @@ public:
 
 private:
     struct Moment {
-        qint64 timeMs;
+        double timeMs;
         double wayKm;
     };
 
     /// The moments of the last ten seconds, and one before them.
     std::deque<Moment> m_stretch;
-    qint64 m_timeMs = 0;
+    double m_timeMs = 0.0;
     double m_wayKm = 0.0;
     double m_maximumKmh = 0.0;
 };

@@ -27,6 +27,12 @@ KRTrackFigures::KRTrackFigures(const KRGPXConfiguredTrack &track)
     m_boundingBox = area.covered();
 }
 
+double KRTrackFigures::durationSeconds() const
+{
+    // Times may lie farther apart than their difference in whole milliseconds can tell.
+    return (double(m_to.toMSecsSinceEpoch()) - double(m_from.toMSecsSinceEpoch())) / 1000.0;
+}
+
 void KRTrackFigures::addSegment(const KRGPXTrackSegment &segment, KRClimbCounter &climb, KRSpeedometer &speed)
 {
     KRGeoPosition previous;
@@ -49,7 +55,7 @@ void KRTrackFigures::addSegment(const KRGPXTrackSegment &segment, KRClimbCounter
         m_lastPosition = position;
         previous = position;
         if (time.isValid())
-            speed.add(time.toMSecsSinceEpoch(), m_lengthKm);
+            speed.add(double(time.toMSecsSinceEpoch()), m_lengthKm);
     }
     climb.startAnew();
     speed.startAnew();

@@ -32,6 +32,8 @@ public:
     /// Earliest and latest time; not valid when no point has a time.
     QDateTime from() const { return m_from; }
     QDateTime to() const { return m_to; }
+    /// From from() to to(), 0 when they are not valid.
+    double durationSeconds() const;
     /// Crosses the date line (west > east) where that is the shorter way; not valid without a valid position.
     KRGeoPositionRect boundingBox() const { return m_boundingBox; }
 
@@ -40,8 +42,8 @@ public:
     int lowestMetres() const { return m_lowestMetres; }
     int highestMetres() const { return m_highestMetres; }
     /// Without the wavering of receivers, see KRClimbCounter.
-    int climbMetres() const { return m_climbMetres; }
-    int descentMetres() const { return m_descentMetres; }
+    qint64 climbMetres() const { return m_climbMetres; }
+    qint64 descentMetres() const { return m_descentMetres; }
 
     /// False when the times are too few or too close to tell; both speeds are 0 then.
     bool hasSpeed() const { return m_averageSpeedKmh > 0.0; }
@@ -65,8 +67,8 @@ private:
     KRGeoPositionRect m_boundingBox;
     int m_lowestMetres = 0;
     int m_highestMetres = 0;
-    int m_climbMetres = 0;
-    int m_descentMetres = 0;
+    qint64 m_climbMetres = 0;
+    qint64 m_descentMetres = 0;
     double m_averageSpeedKmh = 0.0;
     double m_maximumSpeedKmh = 0.0;
 };

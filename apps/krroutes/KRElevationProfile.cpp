@@ -1,7 +1,6 @@
 #include "KRElevationProfile.h"
 
 #include <KRGeoLocation/KRGPXTrackPoint.h>
-#include <KRGeoLocation/KRGPXTrackSegment.h>
 #include <KRSpeedometer.h>
 
 #include <QDateTime>
@@ -52,7 +51,7 @@ void KRElevationProfile::add(const KRGPXTrackSegment &segment)
         previous = position;
         const QDateTime time = point.timeStamp();
         m_samples.push_back({wayKm, position.latitude().decimalDegrees(), position.longitude().decimalDegrees(),
-                             time.isValid() ? time.toMSecsSinceEpoch() : noTime, point.elevation()});
+                             time.isValid() ? time.toMSecsSinceEpoch() : KRGPXTrackSegment::noTime, point.elevation()});
         if (point.elevation() != 0)
             addElevation(point.elevation());
     }
@@ -98,7 +97,7 @@ double KRElevationProfile::speedKmhAt(int index) const
     int from = index;
     int to = index;
     // To both sides in turn, so that the place lies in the middle.
-    const auto spanMs = [&] { return at(to).timeMs - at(from).timeMs; };
+    const auto spanMs = [&] { return double(at(to).timeMs) - double(at(from).timeMs); };
     while (spanMs() < KRSpeedometer::shortestStretchMs) {
         const bool goesBack = from > start && at(from - 1).hasTime() && at(from - 1).timeMs <= at(from).timeMs;
         const bool goesOn = to + 1 < end && at(to + 1).hasTime() && at(to + 1).timeMs >= at(to).timeMs;
@@ -108,8 +107,8 @@ double KRElevationProfile::speedKmhAt(int index) const
         to += goesOn ? 1 : 0;
     }
     KRSpeedometer speed;
-    speed.add(at(from).timeMs, at(from).wayKm);
-    speed.add(at(to).timeMs, at(to).wayKm);
+    speed.add(double(at(from).timeMs), at(from).wayKm);
+    speed.add(double(at(to).timeMs), at(to).wayKm);
     return speed.averageKmh();
 }
 

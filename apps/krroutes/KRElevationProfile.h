@@ -1,12 +1,11 @@
 #pragma once
 
 #include <KRGeoLocation/KRGPXTrack.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include <QVector>
 
 #include <vector>
-
-class KRGPXTrackSegment;
 
 /**
  * The elevations of a track over the way, ready to be drawn and asked at any place.
@@ -22,10 +21,10 @@ public:
         double wayKm; ///< from the start of the track
         double latitude; ///< degrees
         double longitude; ///< degrees
-        qint64 timeMs; ///< since 1970, see hasTime()
+        qint64 timeMs; ///< since 1970, or KRGPXTrackSegment::noTime
         int elevation; ///< metres, 0 for none
 
-        bool hasTime() const { return timeMs != noTime; }
+        bool hasTime() const { return timeMs != KRGPXTrackSegment::noTime; }
     };
 
     KRElevationProfile() = default;
@@ -55,8 +54,6 @@ public:
     QVector<QVector<int>> lines(int columns) const;
 
 private:
-    static constexpr qint64 noTime = -(Q_INT64_C(1) << 62);
-
     void add(const KRGPXTrackSegment &segment);
     void addElevation(int metres);
     QVector<int> line(int first, int end, double columnsPerKm) const;

@@ -11,7 +11,7 @@ QString KRFigureTexts::way(double km)
     return tr("%1 km").arg(QLocale().toString(km, 'f', decimals));
 }
 
-QString KRFigureTexts::elevation(int metres)
+QString KRFigureTexts::elevation(qint64 metres)
 {
     return tr("%1 m").arg(QLocale().toString(metres));
 }
@@ -21,10 +21,11 @@ QString KRFigureTexts::speed(double kmh)
     return tr("%1 km/h").arg(QLocale().toString(kmh, 'f', 1));
 }
 
-QString KRFigureTexts::duration(qint64 seconds)
+QString KRFigureTexts::duration(double seconds)
 {
+    const qint64 whole = qRound64(seconds);
     const auto twoDigits = [](qint64 number) { return QString::number(number).rightJustified(2, QLatin1Char('0')); };
-    return tr("%1:%2:%3 h").arg(QString::number(seconds / 3600), twoDigits(seconds / 60 % 60), twoDigits(seconds % 60));
+    return tr("%1:%2:%3 h").arg(QString::number(whole / 3600), twoDigits(whole / 60 % 60), twoDigits(whole % 60));
 }
 
 QString KRFigureTexts::moment(const QDateTime &time)

@@ -12,10 +12,10 @@ class KRFigureTexts
 public:
     /// Metres below one kilometre.
     static QString way(double km);
-    static QString elevation(int metres);
+    static QString elevation(qint64 metres);
     static QString speed(double kmh);
     /// Hours, minutes and seconds: "3:05:09 h".
-    static QString duration(qint64 seconds);
+    static QString duration(double seconds);
     /// Date and time of day in the local time zone; empty when it is not valid.
     static QString moment(const QDateTime &time);
     static QString timeOfDay(const QDateTime &time);

@@ -137,7 +137,7 @@ void KRFiguresPanel::showFigures(const KRTrackFigures &figures)
     if (figures.from().isValid()) {
         m_from->setText(KRFigureTexts::moment(figures.from()));
         m_to->setText(KRFigureTexts::moment(figures.to()));
-        m_duration->setText(KRFigureTexts::duration(figures.from().secsTo(figures.to())));
+        m_duration->setText(KRFigureTexts::duration(figures.durationSeconds()));
     }
     if (figures.hasElevation()) {
         m_climb->setText(KRFigureTexts::elevation(figures.climbMetres()));

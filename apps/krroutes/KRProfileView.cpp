@@ -148,7 +148,8 @@ QString KRProfileView::markerText() const
 
 void KRProfileView::layOutAxes()
 {
-    const double metresMissing = std::max(0.0, smallestRangeMetres - (m_profile->highest() - m_profile->lowest()));
+    const double metresMissing =
+        std::max(0.0, smallestRangeMetres - (double(m_profile->highest()) - m_profile->lowest()));
     const int textHeight = fontMetrics().height();
     const int top = margin + textHeight + margin;
     const int bottom = height() - margin - textHeight - margin;
@@ -157,7 +158,7 @@ void KRProfileView::layOutAxes()
 
     int textWidth = 0;
     for (const double metres : m_elevationAxis.marks())
-        textWidth = std::max(textWidth, fontMetrics().horizontalAdvance(KRFigureTexts::elevation(qRound(metres))));
+        textWidth = std::max(textWidth, fontMetrics().horizontalAdvance(KRFigureTexts::elevation(qRound64(metres))));
     const double left = margin + textWidth + margin;
     m_wayUnit = m_profile->lengthKm() < 1.0 ? 0.001 : 1.0;
     m_wayAxis = KRAxis(0.0, m_profile->lengthKm() / m_wayUnit, left, std::max(left + 1.0, width() - 2.0 * margin),
@@ -196,7 +197,7 @@ void KRProfileView::paintAxes(QPainter &painter) const
         painter.drawLine(QPointF(left, y), QPointF(right, y));
         painter.setPen(text);
         painter.drawText(QRectF(0.0, y - textHeight / 2.0, left - margin, textHeight),
-                         Qt::AlignRight | Qt::AlignVCenter, KRFigureTexts::elevation(qRound(metres)));
+                         Qt::AlignRight | Qt::AlignVCenter, KRFigureTexts::elevation(qRound64(metres)));
     }
     const QString unit = m_wayUnit < 1.0 ? tr("%1 m") : tr("%1 km");
     for (const double way : m_wayAxis.marks()) {
