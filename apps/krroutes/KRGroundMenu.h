@@ -2,11 +2,12 @@
 
 #include "KRGroundChoice.h"
 
+#include <KRMapGround.h>
+
 #include <QMenu>
 
 #include <memory>
 
-class KRMapGround;
 class QActionGroup;
 
 /**
