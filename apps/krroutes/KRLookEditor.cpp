@@ -53,12 +53,15 @@ QScrollArea *spawnScrollArea(QWidget *content)
 KRLookEditor::KRLookEditor(QWidget *parent) : QWidget(parent)
 {
     auto *const content = new QWidget;
-    auto *const form = new QFormLayout(content);
+    auto *const rows = new QVBoxLayout(content);
+    auto *const form = new QFormLayout;
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     buildShapeRows(form);
     buildLineRows(form);
     buildAreaRows(form);
     buildSmoothingRows(form);
+    rows->addLayout(form);
+    rows->addStretch(1);
     m_buttons = buildButtons();
     setFocusProxy(m_chooser);
 

@@ -19,6 +19,7 @@ KRSliderSpinBox::KRSliderSpinBox(int maximum, int usualMaximum, const QString &s
     // Boxes under each other shall have the same width, whatever their numbers and units.
     m_spinBox->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000 px")) + 28);
     setFocusProxy(m_spinBox);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
