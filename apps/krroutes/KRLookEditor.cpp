@@ -38,6 +38,7 @@ QScrollArea *spawnScrollArea(QWidget *content)
     auto *const area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     area->setWidget(content);
