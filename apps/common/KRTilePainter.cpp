@@ -7,8 +7,18 @@
 
 namespace {
 
+/// As many levels as a turn of the wheel or two leaves behind.
+constexpr int mostLevelsBelow = 2;
 /// So many levels above, a tile has less than a pixel for each of those wanted.
 constexpr int mostLevelsAbove = 8;
+
+/// Drawing alone would skip pixels where a tile becomes much smaller.
+void paintReduced(QPainter *painter, const QImage &image, const QRect &target)
+{
+    const bool isSame = image.size() == target.size();
+    painter->drawImage(target.topLeft(),
+                       isSame ? image : image.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
 
 /// The part of a coarser tile that covers the key, in pixels of its image.
 QRectF partFor(const KRTileKey &key, int levelsAbove, int imageSide)
@@ -126,16 +136,17 @@ QImage KRTilePainter::mosaic(const QRect &tiles, int side) const
 void KRTilePainter::paintPiece(QPainter *painter, const KRTileKey &key, const QRect &target) const
 {
     const Piece piece = find(key);
-    if (piece.image.isNull())
-        return;
-    if (piece.levelsAbove == 0) {
-        // Drawing alone would skip pixels where a tile becomes much smaller.
-        const bool isSame = piece.image.size() == target.size();
-        painter->drawImage(target.topLeft(),
-                           isSame ? piece.image
-                                  : piece.image.scaled(target.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    if (!piece.image.isNull() && piece.levelsAbove == 0) {
+        paintReduced(painter, piece.image, target);
         return;
     }
+    if (!piece.image.isNull())
+        paintPart(painter, key, piece, target);
+    paintFinerTiles(painter, key, target);
+}
+
+void KRTilePainter::paintPart(QPainter *painter, const KRTileKey &key, const Piece &piece, const QRect &target)
+{
     // A pixel more on all sides, so that the colours run on from one tile to the next.
     const QRectF part = partFor(key, piece.levelsAbove, piece.image.width());
     const QRectF source = part.adjusted(-1.0, -1.0, 1.0, 1.0).intersected(piece.image.rect());
@@ -145,4 +156,21 @@ void KRTilePainter::paintPiece(QPainter *painter, const KRTileKey &key, const QR
     painter->setClipRect(target);
     painter->drawImage(place, piece.image, source);
     painter->restore();
+}
+
+void KRTilePainter::paintFinerTiles(QPainter *painter, const KRTileKey &key, const QRect &target) const
+{
+    for (int levels = mostLevelsBelow; levels > 0; --levels) {
+        const int count = 1 << levels;
+        const int side = target.width() / count;
+        if (key.zoom + levels > KRTileKey::largestZoom || side == 0)
+            continue;
+        for (int i = 0; i < count * count; ++i) {
+            const QPoint place(i % count, i / count);
+            const KRTileKey finer{key.zoom + levels, key.x * count + place.x(), key.y * count + place.y()};
+            const QImage image = m_store->find(finer).image;
+            if (!image.isNull())
+                paintReduced(painter, image, QRect(target.topLeft() + side * place, QSize(side, side)));
+        }
+    }
 }

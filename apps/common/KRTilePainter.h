@@ -12,7 +12,8 @@ class QPainter;
 /**
  * Paints what a store has of the tiles of a picture, and tells what it lacks.
  *
- * Where a tile is not there, the part of a coarser one takes its place, and paper where there is none either.
+ * Where a tile is not there, finer ones take its place, or the part of a coarser one, and paper where there is none
+ * either.
  */
 class KRTilePainter
 {
@@ -42,6 +43,8 @@ private:
     Piece find(const KRTileKey &key) const;
     QImage mosaic(const QRect &tiles, int side) const;
     void paintPiece(QPainter *painter, const KRTileKey &key, const QRect &target) const;
+    static void paintPart(QPainter *painter, const KRTileKey &key, const Piece &piece, const QRect &target);
+    void paintFinerTiles(QPainter *painter, const KRTileKey &key, const QRect &target) const;
 
     KRTileStore *m_store;
     KRTileLayout m_layout;
