@@ -18,7 +18,7 @@ public:
     /// With the pages for maps and for the look of new tracks.
     explicit KRPreferencesDialog(QWidget *parent = nullptr);
 
-    /// Takes the page into its possession and shows what is stored.
+    /// Owns the page from now on, and shows what is stored.
     void addBox(KRPreferencesBox *box);
 
     /// Stores all pages.
