@@ -22,6 +22,7 @@ using RowWidget = KRGPXTrackMultiFunctionDelegateWidget;
 constexpr int insertionMarkHeightPx = 2;
 constexpr int currentMarkWidthPx = 3;
 constexpr int dragDistancePx = 16;
+constexpr int nameIndentPx = 2 + KRElidedLabel::textPaddingPx; // with the margin of the row's widget
 
 QPixmap pictureOfName(const RowWidget *rowWidget)
 {
@@ -171,10 +172,12 @@ void KRTrackListView::closeRowsOutOfSight()
 
 void KRTrackListView::paintEvent(QPaintEvent *event)
 {
-    if (m_model->rowCount() == 0)
+    if (m_model->rowCount() == 0) {
         paintInvitation();
-    else
+    } else {
         paintCurrentRow();
+        paintMissingNames();
+    }
     QListView::paintEvent(event);
 }
 
@@ -191,6 +194,21 @@ void KRTrackListView::paintCurrentRow()
     painter.fillRect(row, tint);
     const int x = isRightToLeft() ? row.right() - currentMarkWidthPx + 1 : row.left();
     painter.fillRect(x, row.top(), currentMarkWidthPx, row.height(), highlight);
+}
+
+void KRTrackListView::paintMissingNames()
+{
+    // As the legend of the map calls them. The row's widget shows no text, so this can be seen through it.
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    for (int row = qMax(0, indexAt(QPoint(0, 0)).row()); row < m_model->rowCount(); ++row) {
+        const QRect rect = visualRect(m_model->index(row, 0));
+        if (rect.top() > viewport()->height())
+            break;
+        if (m_model->index(row, 0).data().toString().simplified().isEmpty())
+            painter.drawText(rect.adjusted(nameIndentPx, 0, -nameIndentPx, 0), Qt::AlignVCenter,
+                             tr("Strecke %1").arg(row + 1));
+    }
 }
 
 void KRTrackListView::paintInvitation()

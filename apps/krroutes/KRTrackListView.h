@@ -73,6 +73,7 @@ private:
     int gapAt(const QPoint &position) const;
     void showInsertionMark(int gap);
     void paintCurrentRow();
+    void paintMissingNames();
     void paintInvitation();
 
     KRGPXTrackListModel *m_model;

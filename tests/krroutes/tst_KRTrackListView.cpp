@@ -4,6 +4,7 @@
 #include <KRGeoLocation/KRGPXTrackMultiFunctionDelegateWidget.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
+#include "KRTestPicture.h"
 #include "KRTestRegistry.h"
 
 #include <QApplication>
@@ -38,6 +39,7 @@ private slots:
     void sparesFocusedAndBlinkingRows();
     void leadsByTabToTheButtonsOfTheCurrentRow();
     void showsTheCurrentRow();
+    void standsInForMissingNames();
     void tellsMoreInToolTips_data();
     void tellsMoreInToolTips();
 
@@ -290,6 +292,18 @@ void tst_KRTrackListView::showsTheCurrentRow()
     m_view->selectTrack(1);
     QVERIFY(colorOf(1) != usual);
     QCOMPARE(colorOf(0), usual);
+}
+
+void tst_KRTrackListView::standsInForMissingNames()
+{
+    const KRGPXTrack nameless(QStringLiteral(" "), QString(), {}, LineStringTrackShape);
+    m_model->setSelection(
+        KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack(nameless, KRGPXTrackConfiguration()))));
+    QTRY_VERIFY(rowWidget(0) != nullptr);
+    const QImage name = m_view->viewport()->grab(QRect(positionIn(0, 0.0) - QPoint(18, 0), QSize(80, 25))).toImage();
+    const QColor background = m_view->palette().color(QPalette::Base);
+    const QRect text = KRTestPicture::boundsOf(name, [&](const QColor &color) { return color != background; });
+    QVERIFY(text.width() > 30);
 }
 
 void tst_KRTrackListView::tellsMoreInToolTips_data()
