@@ -1,5 +1,6 @@
 #include "KRTrackEmphasis.h"
 
+#include <KRHaloPainter.h>
 #include <KRMapTrackRenderer.h>
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
@@ -8,11 +9,11 @@
 
 namespace {
 
-/// Pixels of a normal screen, on both sides of the line together.
-constexpr double bandWidth = 9.0;
+/// Pixels of a normal screen, on both sides of line and halo together.
+constexpr double bandWidth = 6.0;
 
-constexpr QColor blueBand(26, 92, 214, 170);
-constexpr QColor amberBand(255, 176, 0, 200);
+constexpr QColor blueBand(26, 92, 214, 200);
+constexpr QColor amberBand(255, 166, 0, 220);
 
 // Degrees of the colour circle, from cyan to violet.
 constexpr int firstBlueHue = 170;
@@ -46,5 +47,7 @@ void KRTrackEmphasis::paint(QPainter *painter, const KRGPXConfiguredTrack &track
     drawn.setConfiguration(bandLook);
     renderer.drawTrack(painter, drawn, HaloRender);
     drawn.setConfiguration(look);
+    KRHaloPainter::paintShapes(*painter, KRGPXTrackSelection(KRGPXConfiguredTrackList(drawn)), projection, size,
+                               factor);
     renderer.drawTrack(painter, drawn, StyledRender);
 }

@@ -150,13 +150,13 @@ void tst_KRMapView::showsGroundAndTracks()
     QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.8)), lineColor));
     QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.0)), groundColor));
 
-    const QPoint besideLine = pixelOf(view, 53.2, 8.0) + QPoint(0, 8);
+    const QPoint besideLine = pixelOf(view, 53.2, 8.0) + QPoint(0, 6);
     QVERIFY(isNear(view.colorAt(besideLine), groundColor));
     view.setCurrentTrack(0);
     QVERIFY(view.wait());
     QVERIFY(isNear(view.colorAt(pixelOf(view, 53.2, 8.0)), lineColor));
     QVERIFY(view.colorAt(besideLine).blue() > groundColor.blue() + 40);
-    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.8) + QPoint(8, 0)), groundColor));
+    QVERIFY(isNear(view.colorAt(pixelOf(view, 53.0, 8.8) + QPoint(7, 0)), groundColor));
     view.setCurrentTrack(-1);
     QVERIFY(view.wait());
     QVERIFY(isNear(view.colorAt(besideLine), groundColor));
