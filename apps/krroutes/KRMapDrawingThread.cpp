@@ -48,7 +48,7 @@ QImage emptyPicture(const KRMapViewport &viewport)
 
 } // namespace
 
-KRMapDrawingThread::KRMapDrawingThread(QObject *parent) : QThread(parent)
+KRMapDrawingThread::KRMapDrawingThread(Part part, QObject *parent) : QThread(parent), m_part(part)
 {
     qRegisterMetaType<KRMapPicture>();
     qRegisterMetaType<KRTrackPicker>();
@@ -101,12 +101,15 @@ void KRMapDrawingThread::run()
 {
     Task task;
     while (take(&task)) {
-        makePicker(task);
-        drawGround(task);
-        if (isSuperseded(task) || !drawTracks(task))
-            continue;
-        drawAboveTracks(task);
-        drawLegend(task);
+        if (m_part == Part::Ground) {
+            drawGround(task);
+        } else {
+            makePicker(task);
+            if (isSuperseded(task) || !drawTracks(task))
+                continue;
+            drawAboveTracks(task);
+            drawLegend(task);
+        }
         emit taskDone(task.number);
     }
 }
@@ -133,7 +136,7 @@ void KRMapDrawingThread::drawGround(const Task &task)
     const KRMapViewport picture = pictureOf(task);
     QImage image = m_groundImage;
     if (isCropped(task) && !image.isNull()) {
-        const KRMapTrackRenderer renderer(m_picker.visibleIn(picture), picture.projection(), image.size(),
+        const KRMapTrackRenderer renderer(task.selection, picture.projection(), image.size(),
                                           picture.devicePixelRatio());
         image = renderer.crop(image);
     }

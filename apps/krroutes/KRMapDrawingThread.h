@@ -15,7 +15,9 @@ class KRMapGround;
 class QPainter;
 
 /**
- * Draws the ground and the tracks of a map window apart from the GUI thread.
+ * Draws the ground or the tracks of a map window apart from the GUI thread.
+ *
+ * Each has a thread of its own, so that the ground does not wait for a million points when the map is moved.
  *
  * What is asked for last counts: a task that waits is replaced, and one that is being worked on is given up where
  * its picture would be of little use. Of a task only that is drawn which differs from what was drawn before. All
@@ -43,7 +45,12 @@ public:
         bool hasLegend = false;
     };
 
-    explicit KRMapDrawingThread(QObject *parent = nullptr);
+    enum class Part {
+        Ground, ///< emits groundDrawn()
+        Tracks, ///< emits pickerMade(), tracksDrawn() and legendDrawn()
+    };
+
+    explicit KRMapDrawingThread(Part part, QObject *parent = nullptr);
     /// Waits for what is being drawn.
     ~KRMapDrawingThread() override;
 
@@ -75,6 +82,8 @@ private:
     void drawLegend(const Task &task);
     QImage paintGround(const Task &task);
     void paintNames(QPainter *painter, const Task &task);
+
+    const Part m_part;
 
     QMutex m_mutex; // guards the next three
     QWaitCondition m_wakeUp;

@@ -63,21 +63,23 @@ KRMapView::KRMapView(QWidget *parent) : QWidget(parent)
         tr("Pfeiltasten verschieben die Karte, Plus und Minus ändern den Maßstab, Pos1 zeigt alle Strecken."));
     m_viewport = m_viewport.resized(size(), devicePixelRatioF());
 
-    connect(&m_thread, &KRMapDrawingThread::pickerMade, this, &KRMapView::takePicker);
-    connect(&m_thread, &KRMapDrawingThread::groundDrawn, this, [this](const KRMapPicture &picture) {
+    connect(&m_tracksThread, &KRMapDrawingThread::pickerMade, this, &KRMapView::takePicker);
+    connect(&m_groundThread, &KRMapDrawingThread::groundDrawn, this, [this](const KRMapPicture &picture) {
         m_groundPicture = picture;
         update();
     });
-    connect(&m_thread, &KRMapDrawingThread::tracksDrawn, this, [this](const KRMapPicture &picture) {
+    connect(&m_tracksThread, &KRMapDrawingThread::tracksDrawn, this, [this](const KRMapPicture &picture) {
         m_tracksPicture = picture;
         update();
     });
-    connect(&m_thread, &KRMapDrawingThread::legendDrawn, this, [this](const QImage &image, const QPoint &topLeft) {
-        m_legend = image;
-        m_legendCorner = topLeft;
-        update();
-    });
-    connect(&m_thread, &KRMapDrawingThread::taskDone, this, [this](int number) { m_doneTaskNumber = number; });
+    connect(&m_tracksThread, &KRMapDrawingThread::legendDrawn, this,
+            [this](const QImage &image, const QPoint &topLeft) {
+                m_legend = image;
+                m_legendCorner = topLeft;
+                update();
+            });
+    connect(&m_groundThread, &KRMapDrawingThread::taskDone, this, [this](int number) { m_groundTaskDone = number; });
+    connect(&m_tracksThread, &KRMapDrawingThread::taskDone, this, [this](int number) { m_tracksTaskDone = number; });
 }
 
 KRMapView::~KRMapView() = default;
@@ -93,7 +95,8 @@ void KRMapView::setGround(KRMapGround *ground)
 {
     disconnect(m_groundChanges);
     m_ground = ground;
-    m_thread.setGround(ground);
+    m_groundThread.setGround(ground);
+    m_tracksThread.setGround(ground);
     const auto redraw = [this] {
         ++m_groundNumber;
         requestDrawing();
@@ -137,7 +140,7 @@ void KRMapView::setViewport(const KRMapViewport &viewport)
 
 bool KRMapView::isUpToDate() const
 {
-    return m_doneTaskNumber == m_taskNumber;
+    return m_groundTaskDone == m_taskNumber && m_tracksTaskDone == m_taskNumber;
 }
 
 KRTrackPicker::Hit KRMapView::hitAt(const QPoint &pixel) const
@@ -195,8 +198,10 @@ void KRMapView::zoomAbout(const QPointF &pixel, double factor)
 
 void KRMapView::requestDrawing()
 {
-    m_thread.draw({++m_taskNumber, m_viewport, m_groundNumber, m_selection, m_selectionNumber, m_currentRow,
-                   m_hasLabels, m_hasLegend});
+    const KRMapDrawingThread::Task task{++m_taskNumber,    m_viewport,   m_groundNumber, m_selection,
+                                        m_selectionNumber, m_currentRow, m_hasLabels,    m_hasLegend};
+    m_groundThread.draw(task);
+    m_tracksThread.draw(task);
 }
 
 // A window that was not seen yet has not got its size, so that the wish stays open for another one.

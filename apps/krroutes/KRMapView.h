@@ -16,8 +16,8 @@ class QTouchEvent;
 /**
  * The map: shows ground and tracks, is moved and zoomed by mouse, keys and fingers, and tells what lies where.
  *
- * Everything is drawn by a thread of its own; meanwhile the last picture is moved and scaled, so that the map follows
- * the hand however much there is to draw. Rows count as the tracks of the selection.
+ * Ground and tracks are drawn by threads of their own; meanwhile the last picture is moved and scaled, so that the map
+ * follows the hand however much there is to draw. Rows count as the tracks of the selection.
  *
  * Drag: move. Wheel: zoom about the pointer. Double click: zoom in. Keys: arrows, plus, minus, Home for all tracks.
  */
@@ -126,11 +126,14 @@ private:
     KRTrackPicker m_picker;
     int m_pickerNumber = -1;
     int m_taskNumber = 0;
-    int m_doneTaskNumber = 0;
+    int m_groundTaskDone = 0;
+    int m_tracksTaskDone = 0;
 
     QPoint m_draggedTo;
     bool m_isPressed = false;
     bool m_isDragged = false;
 
-    KRMapDrawingThread m_thread; // the first to go
+    // The first to go.
+    KRMapDrawingThread m_groundThread{KRMapDrawingThread::Part::Ground};
+    KRMapDrawingThread m_tracksThread{KRMapDrawingThread::Part::Tracks};
 };

@@ -484,7 +484,7 @@ void tst_KRMapView::namesTheTracks()
 
 void tst_KRMapView::drawsEveryPixelOfADenseScreen()
 {
-    KRMapDrawingThread thread;
+    KRMapDrawingThread thread(KRMapDrawingThread::Part::Tracks);
     QSignalSpy drawn(&thread, &KRMapDrawingThread::tracksDrawn);
     const KRGeoPositionRect area(KRGeoPosition(52.8, 7.5), KRGeoPosition(53.2, 8.8));
     const KRMapViewport viewport = KRMapViewport().resized({300, 200}, 2.0).fitted(area, 20);
