@@ -1,12 +1,29 @@
 #include "KRPatientGround.h"
 
+#include <QDeadlineTimer>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int sliceMs = 500; ///< after which a stop is noticed
+
+} // namespace
+
 KRPatientGround::KRPatientGround(KRMapGround *ground, int timeLimitMs, QObject *parent)
     : KRMapGround(parent), m_ground(ground), m_timeLimitMs(timeLimitMs)
 { }
 
 void KRPatientGround::paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor)
 {
-    m_gaps = m_ground->paintWhole(painter, size, projection, factor, m_timeLimitMs);
+    const QDeadlineTimer deadline(m_timeLimitMs);
+    bool isWaitOver = false;
+    do {
+        const QDeadlineTimer slice(std::min<qint64>(sliceMs, deadline.remainingTime()));
+        m_gaps = m_ground->paintWhole(painter, size, projection, factor, int(slice.remainingTime()));
+        // Where a slice ends early there is nothing to wait for, even if something is missing.
+        isWaitOver = m_gaps.count == 0 || !slice.hasExpired() || deadline.hasExpired();
+    } while (!isWaitOver && !m_isStopped);
 }
 
 void KRPatientGround::paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor)

@@ -2,6 +2,8 @@
 
 #include "KRMapGround.h"
 
+#include <atomic>
+
 /**
  * Paints another ground whole, for pictures that are kept, and notes what they lack.
  */
@@ -20,11 +22,15 @@ public:
     bool isVector() const override { return m_ground->isVector(); }
     QString credit() const override { return m_ground->credit(); }
 
+    /// From now on nothing is waited for; may be called from any thread.
+    void stop() { m_isStopped = true; }
+
     /// Of the picture painted last; to be asked in the thread that painted it.
     KRMapGaps gaps() const { return m_gaps; }
 
 private:
     KRMapGround *m_ground;
     int m_timeLimitMs;
+    std::atomic<bool> m_isStopped{false};
     KRMapGaps m_gaps;
 };

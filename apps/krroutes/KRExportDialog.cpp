@@ -1,0 +1,327 @@
+#include "KRExportDialog.h"
+
+#include "KRBackgroundTask.h"
+#include "KRExportSettings.h"
+#include "KRViewerSettings.h"
+
+#include <KRExchangeFile.h>
+#include <KRMapArea.h>
+#include <KRMapComposition.h>
+#include <KRPatientGround.h>
+#include <KRPictureFile.h>
+
+#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRFileHandler.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int smallestSidePx = 16;
+constexpr int largestSidePx = 16384; // the picture takes four bytes a pixel, and some layers as much again
+constexpr double largestFactor = 20.0;
+constexpr int tilesTimeLimitMs = 120000;
+
+QSpinBox *sideBox()
+{
+    auto *const box = new QSpinBox;
+    box->setRange(smallestSidePx, largestSidePx);
+    box->setSingleStep(100);
+    return box;
+}
+
+QLabel *labelFor(QWidget *widget, const QString &text)
+{
+    auto *const label = new QLabel(text);
+    label->setBuddy(widget);
+    return label;
+}
+
+/// A name without what file systems do not take.
+QString proposedName(const KRGPXTrackSelection &selection, const QString &otherwise)
+{
+    QString name = selection.count() == 1 ? selection.value(0).name().simplified() : QString();
+    for (QChar &character : name) {
+        if (QStringLiteral("/\\:*?\"<>|").contains(character) || !character.isPrint())
+            character = QLatin1Char('_');
+    }
+    return name.isEmpty() || name.startsWith(QLatin1Char('.')) ? otherwise : name.left(100);
+}
+
+QByteArray formatOf(const QString &fileName)
+{
+    const QByteArray picture = KRPictureFile::formatOf(fileName);
+    return picture.isEmpty() ? KRExchangeFile::formatOf(fileName) : picture;
+}
+
+} // namespace
+
+KRExportDialog::KRExportDialog(const KRGPXTrackSelection &selection, const KRGeoPositionRect &shownArea,
+                               KRMapGround *ground, QWidget *parent)
+    : QDialog(parent), m_selection(selection), m_shownArea(shownArea), m_ground(ground), m_formatBox(new QComboBox),
+      m_fileEdit(new QLineEdit), m_pictureBox(nullptr), m_areaBox(new QComboBox), m_widthBox(sideBox()),
+      m_heightBox(sideBox()), m_factorBox(new QDoubleSpinBox), m_groundBox(new QCheckBox(tr("&Karte"))),
+      m_legendBox(new QCheckBox(tr("&Legende"))), m_labelsBox(new QCheckBox(tr("&Namen der Routen")))
+{
+    setWindowTitle(tr("Exportieren"));
+    auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
+    QPushButton *const exportButton = buttons->addButton(tr("&Exportieren"), QDialogButtonBox::AcceptRole);
+    exportButton->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &KRExportDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &KRExportDialog::reject);
+
+    auto *const layout = new QVBoxLayout(this);
+    layout->addWidget(createFileBox());
+    m_pictureBox = createPictureBox();
+    layout->addWidget(m_pictureBox);
+    layout->addStretch();
+    layout->addWidget(buttons);
+    readSettings();
+    connect(m_formatBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &KRExportDialog::followFormat);
+    followFormat();
+}
+
+QGroupBox *KRExportDialog::createFileBox()
+{
+    m_formatBox->setObjectName(QStringLiteral("format"));
+    const auto addFormat = [this](const QString &text, const char *format) {
+        m_formatBox->addItem(text, QByteArray(format));
+    };
+    addFormat(tr("PNG-Bild"), "png");
+    addFormat(tr("JPEG-Bild"), "jpeg");
+    addFormat(tr("SVG-Zeichnung"), "svg");
+    addFormat(tr("PDF-Dokument"), "pdf");
+    addFormat(tr("GPX: Routen für andere Programme"), "gpx");
+    addFormat(tr("KML: Routen mit Aussehen"), "kml");
+    addFormat(tr("KMZ: dasselbe gepackt"), "kmz");
+
+    m_fileEdit->setObjectName(QStringLiteral("file"));
+    m_fileEdit->setMinimumWidth(m_fileEdit->fontMetrics().averageCharWidth() * 45);
+    auto *const chooseButton = new QPushButton(tr("&Wählen …"));
+    chooseButton->setAutoDefault(false);
+    connect(chooseButton, &QPushButton::clicked, this, &KRExportDialog::chooseFile);
+    auto *const fileRow = new QHBoxLayout;
+    fileRow->addWidget(m_fileEdit);
+    fileRow->addWidget(chooseButton);
+
+    auto *const box = new QGroupBox(tr("Ziel"));
+    auto *const form = new QFormLayout(box);
+    form->addRow(tr("&Format:"), m_formatBox);
+    form->addRow(labelFor(m_fileEdit, tr("&Datei:")), fileRow);
+    return box;
+}
+
+QGroupBox *KRExportDialog::createPictureBox()
+{
+    m_areaBox->setObjectName(QStringLiteral("area"));
+    m_areaBox->addItem(tr("wie auf der Karte"), false);
+    m_areaBox->addItem(tr("alle Routen"), true);
+    m_areaBox->setEnabled(m_shownArea.isValid());
+    m_widthBox->setObjectName(QStringLiteral("width"));
+    m_heightBox->setObjectName(QStringLiteral("height"));
+    m_heightBox->setAccessibleName(tr("Höhe in Pixeln"));
+    m_widthBox->setAccessibleName(tr("Breite in Pixeln"));
+    auto *const sizeRow = new QHBoxLayout;
+    sizeRow->addWidget(m_widthBox);
+    sizeRow->addWidget(new QLabel(QStringLiteral("×")));
+    sizeRow->addWidget(m_heightBox);
+    sizeRow->addWidget(new QLabel(tr("Pixel")));
+    sizeRow->addStretch();
+
+    m_factorBox->setObjectName(QStringLiteral("factor"));
+    m_factorBox->setRange(0.25, largestFactor);
+    m_factorBox->setSingleStep(0.25);
+    m_factorBox->setToolTip(tr("Vergrößert Linien und Schrift, zum Beispiel 2 für hohe Auflösung."));
+    m_groundBox->setObjectName(QStringLiteral("ground"));
+    m_legendBox->setObjectName(QStringLiteral("legend"));
+    m_labelsBox->setObjectName(QStringLiteral("labels"));
+    m_groundBox->setEnabled(m_ground != nullptr);
+
+    auto *const box = new QGroupBox(tr("Bild"));
+    auto *const form = new QFormLayout(box);
+    form->addRow(tr("&Ausschnitt:"), m_areaBox);
+    form->addRow(labelFor(m_widthBox, tr("&Größe:")), sizeRow);
+    form->addRow(tr("&Vergrößerung:"), m_factorBox);
+    form->addRow(tr("Es zeigt:"), m_groundBox);
+    form->addRow(QString(), m_legendBox);
+    form->addRow(QString(), m_labelsBox);
+    return box;
+}
+
+void KRExportDialog::readSettings()
+{
+    const KRExportSettings settings;
+    m_formatBox->setCurrentIndex(std::max(0, m_formatBox->findData(settings.format())));
+    m_areaBox->setCurrentIndex(m_areaBox->findData(settings.showsAllTracks() || !m_shownArea.isValid()));
+    m_widthBox->setValue(settings.size().width());
+    m_heightBox->setValue(settings.size().height());
+    m_factorBox->setValue(settings.factor());
+    m_groundBox->setChecked(settings.hasGround() && m_ground);
+    m_legendBox->setChecked(settings.hasLegend());
+    m_labelsBox->setChecked(settings.hasLabels());
+
+    const QString lastFolder = KRViewerSettings().lastFolder();
+    const QString folder =
+        lastFolder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) : lastFolder;
+    m_fileEdit->setText(QDir::toNativeSeparators(QDir(folder).filePath(proposedName(m_selection, tr("Karte")))));
+}
+
+void KRExportDialog::saveSettings() const
+{
+    KRExportSettings settings;
+    settings.setFormat(format());
+    settings.setSize(QSize(m_widthBox->value(), m_heightBox->value()));
+    settings.setFactor(m_factorBox->value());
+    if (m_shownArea.isValid())
+        settings.setShowsAllTracks(m_areaBox->currentData().toBool());
+    if (m_ground)
+        settings.setGround(m_groundBox->isChecked());
+    settings.setLegend(m_legendBox->isChecked());
+    settings.setLabels(m_labelsBox->isChecked());
+    settings.save();
+    KRViewerSettings().setLastFolder(QFileInfo(fileName()).absolutePath());
+}
+
+QString KRExportDialog::fileName() const
+{
+    const QString text = QDir::fromNativeSeparators(m_fileEdit->text().trimmed());
+    if (text.isEmpty() || formatOf(text) == format())
+        return text;
+    return text + QLatin1Char('.') + QString::fromLatin1(format() == "jpeg" ? QByteArrayLiteral("jpg") : format());
+}
+
+QByteArray KRExportDialog::format() const
+{
+    return m_formatBox->currentData().toByteArray();
+}
+
+bool KRExportDialog::isPicture() const
+{
+    return KRPictureFile::formats().contains(format());
+}
+
+void KRExportDialog::chooseFile()
+{
+    const QString suffix = QString::fromLatin1(format());
+    const QString chosen = QFileDialog::getSaveFileName(
+        this, windowTitle(), fileName(), QStringLiteral("%1 (*.%2)").arg(m_formatBox->currentText(), suffix), nullptr,
+        QFileDialog::DontConfirmOverwrite);
+    if (!chosen.isEmpty())
+        m_fileEdit->setText(QDir::toNativeSeparators(chosen));
+}
+
+void KRExportDialog::followFormat()
+{
+    m_pictureBox->setEnabled(isPicture());
+    // A suffix that the dialog knows follows the format; any other is part of the name.
+    QString text = m_fileEdit->text().trimmed();
+    if (!formatOf(text).isEmpty())
+        text.truncate(text.lastIndexOf(QLatin1Char('.')));
+    m_fileEdit->setText(text);
+    m_fileEdit->setText(QDir::toNativeSeparators(fileName()));
+}
+
+KRGeoPositionRect KRExportDialog::area() const
+{
+    if (!m_areaBox->currentData().toBool())
+        return m_shownArea;
+    KRMapArea covered;
+    for (const KRGPXConfiguredTrack &track : m_selection.tracks())
+        covered.add(track);
+    const KRGeoPositionRect padded = covered.padded();
+    return padded.isValid() ? padded : m_shownArea;
+}
+
+void KRExportDialog::accept()
+{
+    const QString target = fileName();
+    if (target.isEmpty()) {
+        complain(tr("Es fehlt der Name der Datei."));
+        m_fileEdit->setFocus();
+        return;
+    }
+    if (!mayReplace(target))
+        return;
+    QByteArray bytes;
+    if (!createBytes(&bytes))
+        return;
+    KRErrorHistory history;
+    if (KRFileHandler::writeAll(QFileInfo(target), bytes, &history)) {
+        saveSettings();
+        QDialog::accept();
+        return;
+    }
+    complain(history.isEmpty() ? QString() : history.entries().first().reason);
+}
+
+bool KRExportDialog::mayReplace(const QString &fileName)
+{
+    const QFileInfo file(fileName);
+    if (!file.isFile())
+        return true;
+    return QMessageBox::question(this, windowTitle(), tr("„%1“ gibt es schon. Ersetzen?").arg(file.fileName()))
+           == QMessageBox::Yes;
+}
+
+bool KRExportDialog::createBytes(QByteArray *bytes)
+{
+    bool isComplete = true;
+    if (isPicture())
+        isComplete = createPicture(bytes);
+    else
+        isComplete = KRBackgroundTask::run(
+            this, tr("Die Routen werden geschrieben …"),
+            [&, tracks = m_selection.tracks(), format = format(), title = QFileInfo(fileName()).completeBaseName()] {
+                *bytes = KRExchangeFile::encode(tracks, format, title);
+            },
+            [] {});
+    if (isComplete && bytes->isNull())
+        complain(tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format."));
+    return isComplete && !bytes->isNull();
+}
+
+bool KRExportDialog::createPicture(QByteArray *bytes)
+{
+    const KRGeoPositionRect shown = area();
+    if (!shown.isValid()) {
+        complain(tr("Es gibt nichts zu zeichnen."));
+        return false;
+    }
+    KRMapComposition map(m_selection, shown, QSize(m_widthBox->value(), m_heightBox->value()), m_factorBox->value());
+    KRPatientGround ground(m_ground, tilesTimeLimitMs);
+    if (m_ground && m_groundBox->isChecked())
+        map.setGround(&ground);
+    map.setLegend(m_legendBox->isChecked());
+    map.setLabels(m_labelsBox->isChecked());
+    const QString title = QFileInfo(fileName()).completeBaseName();
+    const bool isDone = KRBackgroundTask::run(
+        this, tr("Die Karte wird gezeichnet …"),
+        [&, format = format()] { *bytes = KRPictureFile::encode(map, format, title); }, [&] { ground.stop(); });
+    if (isDone && ground.gaps().count > 0)
+        QMessageBox::warning(this, windowTitle(),
+                             tr("Auf der Karte fehlen %n Kacheln.", nullptr, ground.gaps().count)
+                                 + QLatin1String("\n\n") + ground.gaps().reason);
+    return isDone;
+}
+
+void KRExportDialog::complain(const QString &reason)
+{
+    QMessageBox::critical(
+        this, windowTitle(),
+        tr("„%1“ kann nicht geschrieben werden.\n\n%2").arg(QDir::toNativeSeparators(fileName()), reason));
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+#include <KRGeoLocation/KRGeoPositionRect.h>
+
+#include <QDialog>
+
+class KRMapGround;
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+class QGroupBox;
+class QLineEdit;
+class QSpinBox;
+
+/**
+ * Writes the map as a picture, or the routes for other programs, as the user chooses.
+ *
+ * It closes when the file is written; what went wrong is told with file and reason, and the dialog stays. The choices
+ * are those of the last time.
+ */
+class KRExportDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// @param shownArea what the map shows; not valid when there is nothing but the tracks
+    /// @param ground is not owned; nullptr for none
+    KRExportDialog(const KRGPXTrackSelection &selection, const KRGeoPositionRect &shownArea, KRMapGround *ground,
+                   QWidget *parent = nullptr);
+
+    /// The file to be written, with its suffix.
+    QString fileName() const;
+
+public slots:
+    void accept() override;
+
+private:
+    QGroupBox *createFileBox();
+    QGroupBox *createPictureBox();
+    void readSettings();
+    void saveSettings() const;
+    void chooseFile();
+    void followFormat();
+    QByteArray format() const;
+    bool isPicture() const;
+    KRGeoPositionRect area() const;
+    bool mayReplace(const QString &fileName);
+    bool createBytes(QByteArray *bytes);
+    bool createPicture(QByteArray *bytes);
+    void complain(const QString &reason);
+
+    KRGPXTrackSelection m_selection;
+    KRGeoPositionRect m_shownArea;
+    KRMapGround *m_ground;
+
+    QComboBox *m_formatBox;
+    QLineEdit *m_fileEdit;
+    QGroupBox *m_pictureBox;
+    QComboBox *m_areaBox;
+    QSpinBox *m_widthBox;
+    QSpinBox *m_heightBox;
+    QDoubleSpinBox *m_factorBox;
+    QCheckBox *m_groundBox;
+    QCheckBox *m_legendBox;
+    QCheckBox *m_labelsBox;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+#include <KRGeoLocation/KRGeoPositionRect.h>
+
+#include <QCoreApplication>
+
+class KRMapGround;
+class QPrinter;
+class QWidget;
+
+/**
+ * Prints the map onto one page, whichever way round that is.
+ */
+class KRMapPrinter
+{
+    Q_DECLARE_TR_FUNCTIONS(KRMapPrinter)
+
+public:
+    /// @param shownArea what is seen on the page at least; without it the area of the tracks is
+    /// @param ground is not owned; nullptr for none
+    KRMapPrinter(const KRGPXTrackSelection &selection, const KRGeoPositionRect &shownArea, KRMapGround *ground);
+
+    void setLegend(bool isPrinted) { m_hasLegend = isPrinted; }
+    void setLabels(bool isPrinted) { m_hasLabels = isPrinted; }
+
+    /// Shows the page in a preview, from which the user may print it. Nothing when there is nothing to be seen.
+    void preview(QWidget *window) const;
+
+    /// Fills the printable part of the page.
+    void paint(QPrinter *printer) const;
+
+private:
+    bool isLandscape() const;
+    bool fetchGround(const QPrinter &printer, QWidget *window) const;
+
+    KRGPXTrackSelection m_selection;
+    KRGeoPositionRect m_area;
+    KRMapGround *m_ground;
+    bool m_hasLegend = false;
+    bool m_hasLabels = false;
+};
