@@ -40,6 +40,32 @@
     </message>
 </context>
 <context>
+    <name>KRGPXTrackListModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+</context>
+<context>
+    <name>KRGPXTrackMultiFunctionDelegateWidget</name>
+    <message>
+        <source>%1 bearbeiten</source>
+        <translation>Edit %1</translation>
+    </message>
+    <message>
+        <source>%1 löschen</source>
+        <translation>Delete %1</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Zoome auf&lt;/b&gt; %1</source>
+        <translation>&lt;b&gt;Zoom to&lt;/b&gt; %1</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Markiere&lt;/b&gt; %1</source>
+        <translation>&lt;b&gt;Mark&lt;/b&gt; %1</translation>
+    </message>
+</context>
+<context>
     <name>KRGPXTrackShape</name>
     <message>
         <source>unbekannt</source>
@@ -95,6 +121,29 @@
     </message>
 </context>
 <context>
+    <name>KRGeoArcEdit</name>
+    <message>
+        <source>Nord</source>
+        <comment>COMBOBOX  Coordinate/Nautical bearing</comment>
+        <translation>North</translation>
+    </message>
+    <message>
+        <source>Süd</source>
+        <comment>COMBOBOX  Coordinate/Nautical bearing</comment>
+        <translation>South</translation>
+    </message>
+    <message>
+        <source>Ost</source>
+        <comment>COMBOBOX  Coordinate/Nautical bearing</comment>
+        <translation>East</translation>
+    </message>
+    <message>
+        <source>West</source>
+        <comment>COMBOBOX  Coordinate/Nautical bearing</comment>
+        <translation>West</translation>
+    </message>
+</context>
+<context>
     <name>KRLatitude</name>
     <message>
         <source>S</source>
@@ -129,6 +178,22 @@
     <message>
         <source>%1 km</source>
         <translation>%1 km</translation>
+    </message>
+</context>
+<context>
+    <name>KRPreferencesGeoLocation</name>
+    <message>
+        <source>Landkarten</source>
+        <translation>Maps</translation>
+    </message>
+    <message>
+        <source>Wenn man ein Suchergebnis anklickt, soll es direkt in die Liste der Orte eingefügt werden.</source>
+        <comment>CHECKBOX</comment>
+        <translation>A click on a search result adds it to the list of places at once.</translation>
+    </message>
+    <message>
+        <source>Alternativ wird hierfür ein Knopf angeboten, der explizit benutzt werden muss.</source>
+        <translation>Otherwise there is a button that has to be used for it.</translation>
     </message>
 </context>
 <context>

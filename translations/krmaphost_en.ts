@@ -196,6 +196,20 @@
     </message>
 </context>
 <context>
+    <name>KRMapLegend</name>
+    <message>
+        <source>Strecke %1</source>
+        <translation>Track %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>… und %n weitere</source>
+        <translation>
+            <numerusform>… and %n more</numerusform>
+            <numerusform>… and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>KRRouteDocument</name>
     <message>
         <source>Das ist kein Routendokument.</source>
@@ -219,6 +233,139 @@
     <message>
         <source>Die Datei enthält keine Strecke.</source>
         <translation>The file holds no track.</translation>
+    </message>
+</context>
+<context>
+    <name>KRTileDecoder</name>
+    <message>
+        <source>Eine Kachel ist weder PNG noch JPEG noch WebP.</source>
+        <translation>A tile is neither PNG nor JPEG nor WebP.</translation>
+    </message>
+    <message>
+        <source>Eine Kachel hat eine ungewöhnliche Größe.</source>
+        <translation>A tile has an unusual size.</translation>
+    </message>
+    <message>
+        <source>Eine Kachel ist beschädigt.</source>
+        <translation>A tile is damaged.</translation>
+    </message>
+</context>
+<context>
+    <name>KRTileFolderSource</name>
+    <message>
+        <source>Der Ordner „%1“ ist nicht da.</source>
+        <translation>The folder &quot;%1&quot; does not exist.</translation>
+    </message>
+    <message>
+        <source>Der Ordner „%1“ ist nicht lesbar.</source>
+        <translation>The folder &quot;%1&quot; cannot be read.</translation>
+    </message>
+    <message>
+        <source>Der Ordner enthält keine Kacheln der Form Stufe/Spalte/Zeile.</source>
+        <translation>The folder holds no tiles in the form level/column/row.</translation>
+    </message>
+</context>
+<context>
+    <name>KRTileGround</name>
+    <message>
+        <source>Die Quelle hat keine Kacheln für einen so großen Ausschnitt.</source>
+        <translation>The source has no tiles for an area of this size.</translation>
+    </message>
+    <message>
+        <source>Die Zeit reichte nicht.</source>
+        <translation>There was not enough time.</translation>
+    </message>
+</context>
+<context>
+    <name>KRTileMbtilesSource</name>
+    <message>
+        <source>Das ist keine MBTiles-Datei.</source>
+        <translation>This is not an MBTiles file.</translation>
+    </message>
+    <message>
+        <source>Auf diesem Rechner fehlt Qts Treiber für SQLite.</source>
+        <translation>Qt&apos;s driver for SQLite is missing on this computer.</translation>
+    </message>
+    <message>
+        <source>Die Datei kann nicht geöffnet werden: %1</source>
+        <translation>The file cannot be opened: %1</translation>
+    </message>
+    <message>
+        <source>Die Datei kann nicht gelesen werden: %1</source>
+        <translation>The file cannot be read: %1</translation>
+    </message>
+    <message>
+        <source>Die Datei enthält Vektoren und keine Bilder.</source>
+        <translation>The file holds vectors, not pictures.</translation>
+    </message>
+    <message>
+        <source>Eine Kachel ist zu groß.</source>
+        <translation>A tile is too large.</translation>
+    </message>
+</context>
+<context>
+    <name>KRTilePainter</name>
+    <message>
+        <source>Die Quelle hat dort keine Kacheln.</source>
+        <translation>The source has no tiles there.</translation>
+    </message>
+    <message>
+        <source>Die Zeit reichte nicht.</source>
+        <translation>There was not enough time.</translation>
+    </message>
+</context>
+<context>
+    <name>KRTileTemplate</name>
+    <message>
+        <source>Die Vorlage braucht {z}, {x} und {y} oder {-y}.</source>
+        <translation>The template needs {z}, {x} and {y} or {-y}.</translation>
+    </message>
+    <message>
+        <source>Die Vorlage enthält „%1“, was niemand ersetzt.</source>
+        <translation>The template holds &quot;%1&quot;, which nothing replaces.</translation>
+    </message>
+</context>
+<context>
+    <name>KRTileUrlSource</name>
+    <message>
+        <source>Der Server „%1“ ist nicht bekannt.</source>
+        <translation>The server &quot;%1&quot; is not known.</translation>
+    </message>
+    <message>
+        <source>Der Server „%1“ nimmt keine Verbindung an.</source>
+        <translation>The server &quot;%1&quot; takes no connection.</translation>
+    </message>
+    <message>
+        <source>Der Server „%1“ antwortet nicht.</source>
+        <translation>The server &quot;%1&quot; does not answer.</translation>
+    </message>
+    <message>
+        <source>Eine sichere Verbindung zu „%1“ kommt nicht zustande.</source>
+        <translation>A secure connection to &quot;%1&quot; cannot be made.</translation>
+    </message>
+    <message>
+        <source>Der Server „%1“ schickt im Kreis.</source>
+        <translation>The server &quot;%1&quot; redirects in a circle.</translation>
+    </message>
+    <message>
+        <source>Das ist keine Adresse.</source>
+        <translation>This is not an address.</translation>
+    </message>
+    <message>
+        <source>Nur Adressen mit http:// und https:// werden geladen.</source>
+        <translation>Only addresses with http:// and https:// are loaded.</translation>
+    </message>
+    <message>
+        <source>Auf diesem Rechner fehlt, was https:// braucht.</source>
+        <translation>What https:// needs is missing on this computer.</translation>
+    </message>
+    <message>
+        <source>Der Server antwortet mit %1.</source>
+        <translation>The server answers with %1.</translation>
+    </message>
+    <message>
+        <source>Eine Kachel ist zu groß.</source>
+        <translation>A tile is too large.</translation>
     </message>
 </context>
 <context>

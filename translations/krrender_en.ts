@@ -120,16 +120,8 @@
         <translation>--crop: &quot;%1&quot; is no opacity from 0 to 255.</translation>
     </message>
     <message>
-        <source>--map und --no-map schließen einander aus.</source>
-        <translation>--map and --no-map exclude each other.</translation>
-    </message>
-    <message>
         <source>„%1“ wird gelesen und nicht überschrieben.</source>
         <translation>&quot;%1&quot; is read and will not be overwritten.</translation>
-    </message>
-    <message>
-        <source>Bilddatei: PNG, JPEG oder WebP nach der Endung; „-“ schreibt PNG auf die Standardausgabe. Ohne Angabe heißt das Bild wie die erste Datei und liegt im aktuellen Ordner. Mit der Endung gpx, kml oder kmz werden die Routen für andere Programme geschrieben.</source>
-        <translation>Picture file: PNG, JPEG or WebP by its suffix; &quot;-&quot; writes PNG to standard output. By default the picture is named after the first file and lies in the current folder. With the suffix gpx, kml or kmz the routes are written for other programs.</translation>
     </message>
     <message>
         <source>Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute) und einen Ordner mit ihren Strecken daneben.</source>
@@ -164,14 +156,6 @@
         <translation>--beeline: &quot;%1&quot; does not name two places such as &quot;Oldenburg .. Sydney&quot;.</translation>
     </message>
     <message>
-        <source>„%1“ endet nicht auf „.%2“.</source>
-        <translation>&quot;%1&quot; does not end in &quot;.%2&quot;.</translation>
-    </message>
-    <message>
-        <source>„%1“ hat keine bekannte Endung (png, jpg, jpeg, webp, gpx, kml, kmz).</source>
-        <translation>&quot;%1&quot; has no known suffix (png, jpg, jpeg, webp, gpx, kml, kmz).</translation>
-    </message>
-    <message>
         <source>Liest aus GPX nur Strecken und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.</source>
         <translation>Reads only tracks from GPX and only simple placemarks from KML, and does not tell what is missing.</translation>
     </message>
@@ -182,6 +166,54 @@
     <message>
         <source>Endet mit 1, wenn etwas in einer Datei nicht gezeichnet werden kann.</source>
         <translation>Exits with 1 when something in a file cannot be drawn.</translation>
+    </message>
+    <message>
+        <source>Bilddatei: PNG, JPEG, WebP, SVG oder PDF nach der Endung; „-“ schreibt PNG auf die Standardausgabe. Ohne Angabe steht das Bild mit dem Namen der ersten Datei im aktuellen Ordner. Mit der Endung gpx, kml oder kmz werden statt eines Bildes die Routen geschrieben, so dass andere Programme sie lesen.</source>
+        <translation>Picture file: PNG, JPEG, WebP, SVG or PDF by its suffix; &quot;-&quot; writes PNG to standard output. By default the picture is named after the first file and lies in the current folder. With the suffix gpx, kml or kmz the routes are written instead of a picture, so that other programs can read them.</translation>
+    </message>
+    <message>
+        <source>Format der Ausgabe anstatt dem der Endung: png, jpeg, webp, svg, pdf, gpx, kml oder kmz; auch mit „-“.</source>
+        <translation>Format of the output instead of that of the suffix: png, jpeg, webp, svg, pdf, gpx, kml or kmz; also with &quot;-&quot;.</translation>
+    </message>
+    <message>
+        <source>Eine Karte aus Kacheln: eine MBTiles-Datei, ein Ordner mit Stufe/Spalte/Zeile oder eine Adresse mit {z}, {x} und {y}. Nur mit einer Adresse wird etwas aus dem Netz geladen.</source>
+        <translation>A map of tiles: an MBTiles file, a folder with level/column/row, or an address with {z}, {x} and {y}. Nothing is loaded from the network unless it is an address.</translation>
+    </message>
+    <message>
+        <source>Quellenangabe der Kacheln, anstatt der in der MBTiles-Datei.</source>
+        <translation>Credit of the tiles, instead of that in the MBTiles file.</translation>
+    </message>
+    <message>
+        <source>Nennt die Routen mit ihrem Aussehen in einem Kasten oben rechts.</source>
+        <translation>Names the routes with their looks in a box at the top right.</translation>
+    </message>
+    <message>
+        <source>Schreibt die Namen der Routen neben ihre Linien.</source>
+        <translation>Writes the names of the routes beside their lines.</translation>
+    </message>
+    <message>
+        <source>--map, --tiles und --no-map schließen einander aus.</source>
+        <translation>--map, --tiles and --no-map exclude each other.</translation>
+    </message>
+    <message>
+        <source>--tiles-credit braucht --tiles.</source>
+        <translation>--tiles-credit needs --tiles.</translation>
+    </message>
+    <message>
+        <source>--save: „%1“ endet nicht auf „.%2“; Bilder, GPX und KML schreibt „-o“.</source>
+        <translation>--save: &quot;%1&quot; does not end in &quot;.%2&quot;; pictures, GPX and KML are written by &quot;-o&quot;.</translation>
+    </message>
+    <message>
+        <source>„%1“ ist ein Routendokument; das schreibt „--save“.</source>
+        <translation>&quot;%1&quot; is a route document; that is written by &quot;--save&quot;.</translation>
+    </message>
+    <message>
+        <source>„%1“ hat keine bekannte Endung (%2).</source>
+        <translation>&quot;%1&quot; has no known suffix (%2).</translation>
+    </message>
+    <message>
+        <source>--format: „%1“ ist kein bekanntes Format (%2).</source>
+        <translation>--format: &quot;%1&quot; is no known format (%2).</translation>
     </message>
 </context>
 <context>
@@ -229,6 +261,10 @@
     <message>
         <source>Die Standardausgabe nimmt das Ergebnis nicht an.</source>
         <translation>Standard output does not take the result.</translation>
+    </message>
+    <message>
+        <source>Fehlende Kacheln: %1. %2</source>
+        <translation>Missing tiles: %1. %2</translation>
     </message>
 </context>
 <context>
@@ -307,6 +343,10 @@
     <message>
         <source>Länge</source>
         <translation>Longitude</translation>
+    </message>
+    <message>
+        <source>Anstieg (m)</source>
+        <translation>Climb (m)</translation>
     </message>
 </context>
 </TS>
