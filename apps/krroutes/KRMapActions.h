@@ -20,8 +20,16 @@ public:
     void addTo(QMenu *menu) const;
     void addTo(QToolBar *toolBar) const;
 
+    bool showsLabels() const;
+    bool showsLegend() const;
+
 private:
+    void showNames();
+
+    KRMapView *m_map;
     QAction *m_showAllAction;
     QAction *m_zoomInAction;
     QAction *m_zoomOutAction;
+    QAction *m_labelsAction;
+    QAction *m_legendAction;
 };

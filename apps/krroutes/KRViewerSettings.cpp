@@ -6,12 +6,16 @@ KRViewerSettings::KRViewerSettings()
     : m_windowGeometry(QStringLiteral("viewer/windowGeometry"), QByteArray()),
       m_windowState(QStringLiteral("viewer/windowState"), QByteArray()),
       m_recentFiles(QStringLiteral("viewer/recentFiles"), QStringList()),
-      m_lastFolder(QStringLiteral("viewer/lastFolder"), QString())
+      m_lastFolder(QStringLiteral("viewer/lastFolder"), QString()),
+      m_showsLabels(QStringLiteral("viewer/showsLabels"), false),
+      m_showsLegend(QStringLiteral("viewer/showsLegend"), false)
 {
     load(m_windowGeometry);
     load(m_windowState);
     load(m_recentFiles);
     load(m_lastFolder);
+    load(m_showsLabels);
+    load(m_showsLegend);
 }
 
 void KRViewerSettings::setWindow(const QByteArray &geometry, const QByteArray &state)
@@ -42,4 +46,12 @@ void KRViewerSettings::setLastFolder(const QString &folder)
 {
     if (m_lastFolder.setValue(folder))
         save(m_lastFolder);
+}
+
+void KRViewerSettings::setNames(bool showsLabels, bool showsLegend)
+{
+    m_showsLabels.setValue(showsLabels);
+    m_showsLegend.setValue(showsLegend);
+    save(m_showsLabels);
+    save(m_showsLegend);
 }

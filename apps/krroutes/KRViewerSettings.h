@@ -33,9 +33,16 @@ public:
     QString lastFolder() const { return m_lastFolder.value(); }
     void setLastFolder(const QString &folder);
 
+    /// Of the tracks, on the map.
+    bool showsLabels() const { return m_showsLabels.value(); }
+    bool showsLegend() const { return m_showsLegend.value(); }
+    void setNames(bool showsLabels, bool showsLegend);
+
 private:
     KRConfigItem<QByteArray> m_windowGeometry;
     KRConfigItem<QByteArray> m_windowState;
     KRConfigItem<QStringList> m_recentFiles;
     KRConfigItem<QString> m_lastFolder;
+    KRConfigItem<bool> m_showsLabels;
+    KRConfigItem<bool> m_showsLegend;
 };
