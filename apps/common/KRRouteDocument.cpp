@@ -119,9 +119,21 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
         KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Strecken kann nicht angelegt werden."));
         return false;
     }
+    return writeDocument(file, folder, history);
+}
+
+bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const
+{
+    return writeDocument(file, QDir(QString()), history);
+}
+
+bool KRRouteDocument::writeDocument(const QFileInfo &file, const QDir &folder, KRErrorHistory *history) const
+{
+    const bool hasFolder = KRGPXTrackFileRegistryKey::namesDirectory(folder);
     QDomDocument document;
     QDomElement root = KRXMLBuilder::buildRootElement(document, rootElement);
-    root.setAttribute(folderAttribute, folder.dirName());
+    if (hasFolder)
+        root.setAttribute(folderAttribute, folder.dirName());
     QDomElement selection = KRXMLBuilder::buildDomElement(root, selectionElement);
     m_selection.toXml(selection, folder);
 
@@ -134,7 +146,7 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
             root.removeChild(kept);
     }
     // The track files first: a document must not name what is not there.
-    return writeMissingTrackFiles(folder, history) && KRXMLBuilder::saveUTF8(document, file, history);
+    return (!hasFolder || writeMissingTrackFiles(folder, history)) && KRXMLBuilder::saveUTF8(document, file, history);
 }
 
 bool KRRouteDocument::writeMissingTrackFiles(const QDir &folder, KRErrorHistory *history) const

@@ -16,7 +16,7 @@ class QFileInfo;
  * The folder holds one file per track, which is written once and again only when it is missing. Whatever the XML of
  * the library leaves out is kept as well, so that times and descriptions survive any number of saves. A track file
  * that cannot be read leaves an empty track with the name of the file in its place: saving keeps the reference and
- * does not touch the file. Belongs to the GUI thread; only save() may run in another one, on an object of its own.
+ * does not touch the file. Belongs to the GUI thread; only saving may run in another one, on an object of its own.
  */
 class KRRouteDocument
 {
@@ -39,10 +39,14 @@ public:
 
     /// False when the document or one of its track files cannot be written; the old document is whole then.
     bool save(const QFileInfo &file, KRErrorHistory *history) const;
+    /// The same without a folder: quick for many small tracks, but all points are written each time.
+    bool saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const;
 
 private:
     KRGPXConfiguredTrack restoredTrack(const KRGPXConfiguredTrack &track, const QDomElement &configuredTrack,
                                        const QDomElement &kept, const QDir &folder, KRErrorHistory *history) const;
+    /// @p folder is QDir("") for no folder.
+    bool writeDocument(const QFileInfo &file, const QDir &folder, KRErrorHistory *history) const;
     bool writeMissingTrackFiles(const QDir &folder, KRErrorHistory *history) const;
 
     KRGPXTrackSelection m_selection;

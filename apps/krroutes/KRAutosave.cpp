@@ -9,14 +9,25 @@
 #include <QFileInfo>
 #include <QtConcurrent>
 
+#include <numeric>
+
 namespace {
 
-QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileName)
+int countPoints(const KRGPXTrackSelection &selection)
+{
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    return std::accumulate(tracks.cbegin(), tracks.cend(), 0, [](int sum, const KRGPXConfiguredTrack &track) {
+        return sum + track.track().countPoints();
+    });
+}
+
+QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileName, bool inOneFile)
 {
     KRRouteDocument document;
     document.setSelection(selection);
     KRErrorHistory history;
-    if (document.save(QFileInfo(fileName), &history))
+    const QFileInfo file(fileName);
+    if (inOneFile ? document.saveInOneFile(file, &history) : document.save(file, &history))
         return QString();
     return history.isEmpty() ? fileName : history.entries().first().toString();
 }
@@ -73,8 +84,9 @@ void KRAutosave::startWriting()
         emit failed(tr("Der Ordner für ungesicherte Änderungen kann nicht beschrieben werden."));
         return;
     }
-    m_writing.setFuture(
-        QtConcurrent::run(&m_thread, writeDocument, m_workspace->selection(), m_folder->recoveryFile()));
+    const KRGPXTrackSelection selection = m_workspace->selection();
+    const bool inOneFile = countPoints(selection) <= m_largestFile;
+    m_writing.setFuture(QtConcurrent::run(&m_thread, writeDocument, selection, m_folder->recoveryFile(), inOneFile));
 }
 
 void KRAutosave::finishWriting()

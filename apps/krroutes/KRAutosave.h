@@ -14,8 +14,8 @@ class KRRouteWorkspace;
 /**
  * Writes the unsaved work of a workspace aside, a second after a change, so that a crash loses no more.
  *
- * Writing runs in a thread of its own. Each track is written once; later changes of its look cost as much as a small
- * document. What was written is removed as soon as the document is saved, and the whole folder when the object ends.
+ * Writing runs in a thread of its own. Where there are many points each track is written once, so that changes of looks
+ * cost little. What was written is removed as soon as the document is saved, and the whole folder when the object ends.
  * GUI thread only.
  */
 class KRAutosave : public QObject
@@ -30,6 +30,8 @@ public:
 
     /// How long after a change it is written, so that a series of changes is written once.
     void setDelay(int delayMs) { m_timer.setInterval(delayMs); }
+    /// Up to so many points are written each time, into one file, which is quicker than a file for each track.
+    void setLargestFile(int pointCount) { m_largestFile = pointCount; }
 
     /// From now on work is kept in the folder that a crashed program has left and the workspace has just recovered.
     void adopt(std::unique_ptr<KRRecoveryFolder> folder);
@@ -46,6 +48,7 @@ private:
     KRRouteWorkspace *m_workspace;
     std::unique_ptr<KRRecoveryFolder> m_folder;
     QTimer m_timer;
+    int m_largestFile = 100000;
     QThreadPool m_thread; ///< not that of all, which draws
     QFutureWatcher<QString> m_writing; ///< the reason of a failure, empty without one
 };

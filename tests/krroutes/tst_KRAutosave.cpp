@@ -17,7 +17,8 @@ namespace {
 
 KRGPXConfiguredTrackList oneTrack(const QString &name)
 {
-    const KRGPXTrackSegment segment({KRGPXTrackPoint(KRGeoPosition(53.1, 8.2), 4, QDateTime(), QString()),
+    const QDateTime start(QDate(2025, 5, 17), QTime(8, 30), Qt::UTC);
+    const KRGPXTrackSegment segment({KRGPXTrackPoint(KRGeoPosition(53.1, 8.2), 4, start, QStringLiteral("Ecke")),
                                      KRGPXTrackPoint(KRGeoPosition(53.2, 8.3), 5, QDateTime(), QString())});
     return KRGPXConfiguredTrackList(KRGPXConfiguredTrack(KRGPXTrack(name, QString(), {segment}, LineStringTrackShape),
                                                          KRGPXTrackConfiguration::defaultValue()));
@@ -52,6 +53,7 @@ class tst_KRAutosave : public QObject
 
 private slots:
     void init();
+    void workSurvivesACrash_data();
     void workSurvivesACrash();
     void runningProgramsKeepTheirWork();
     void pointsAreWrittenOnce();
@@ -74,11 +76,20 @@ void tst_KRAutosave::init()
     m_dir = std::make_unique<QTemporaryDir>();
 }
 
+void tst_KRAutosave::workSurvivesACrash_data()
+{
+    QTest::addColumn<int>("largestFile");
+    QTest::newRow("in one file") << 1000;
+    QTest::newRow("with track files") << 3;
+}
+
 void tst_KRAutosave::workSurvivesACrash()
 {
+    QFETCH(int, largestFile);
     KRRouteWorkspace workspace;
     KRAutosave autosave(&workspace, place());
     autosave.setDelay(10);
+    autosave.setLargestFile(largestFile);
     const QString document = m_dir->filePath(QStringLiteral("Reise.krroute"));
     workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
     QVERIFY(workspace.save(document, nullptr));
@@ -94,6 +105,7 @@ void tst_KRAutosave::workSurvivesACrash()
     KRRouteWorkspace recovered;
     QVERIFY(recovered.recover(folders.front()->recoveryFile(), folders.front()->documentFile(), nullptr));
     QVERIFY(recovered.selection() == workspace.selection());
+    QCOMPARE(recovered.selection().allTimeStamps(), workspace.selection().allTimeStamps());
     QVERIFY(recovered.isModified());
     QCOMPARE(recovered.fileName(), document);
 
@@ -130,6 +142,7 @@ void tst_KRAutosave::pointsAreWrittenOnce()
     KRRouteWorkspace workspace;
     KRAutosave autosave(&workspace, place());
     autosave.setDelay(10);
+    autosave.setLargestFile(1);
     QSignalSpy written(&autosave, &KRAutosave::written);
     workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
     QVERIFY(written.wait());
