@@ -6,6 +6,7 @@
 #include "KRGroundMenu.h"
 #include "KRMapActions.h"
 #include "KRMapView.h"
+#include "KROutputActions.h"
 #include "KRPreferencesDialog.h"
 #include "KRProfileView.h"
 #include "KRRecoveryOffer.h"
@@ -58,9 +59,10 @@ KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
       m_autosave(new KRAutosave(&m_workspace, recoveryPlace, this)),
       m_documentActions(new KRDocumentActions(&m_workspace, this)),
       m_trackActions(new KRTrackActions(&m_workspace, this)), m_groundMenu(new KRGroundMenu(this)),
-      m_map(new KRMapView), m_mapActions(new KRMapActions(m_map, this)), m_docks(new KRViewerDocks(&m_workspace, this)),
-      m_toolBar(addToolBar(tr("Werkzeugleiste"))), m_trackMenu(new QMenu(tr("&Route"), this)),
-      m_positionLabel(new QLabel(this))
+      m_map(new KRMapView), m_mapActions(new KRMapActions(m_map, this)),
+      m_outputActions(new KROutputActions(&m_workspace, m_map, m_groundMenu, m_mapActions, this)),
+      m_docks(new KRViewerDocks(&m_workspace, this)), m_toolBar(addToolBar(tr("Werkzeugleiste"))),
+      m_trackMenu(new QMenu(tr("&Route"), this)), m_positionLabel(new QLabel(this))
 {
     setAcceptDrops(true);
     setCentralWidget(m_map);
@@ -145,11 +147,14 @@ void KRMainWindow::createFileMenu()
     QMenu *const menu = menuBar()->addMenu(tr("&Datei"));
     m_documentActions->addTo(menu);
     menu->addSeparator();
+    m_outputActions->addTo(menu);
+    menu->addSeparator();
     QAction *const quit =
         KRViewerAction::make(this, QStringLiteral("ico_quit"), tr("&Beenden"), QKeySequence(Qt::CTRL + Qt::Key_Q));
     connect(quit, &QAction::triggered, this, &QWidget::close);
     menu->addAction(quit);
     m_documentActions->addTo(m_toolBar);
+    m_outputActions->addTo(m_toolBar);
     m_toolBar->addSeparator();
 }
 

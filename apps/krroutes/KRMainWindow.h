@@ -10,6 +10,7 @@ class KRDocumentActions;
 class KRGroundMenu;
 class KRMapActions;
 class KRMapView;
+class KROutputActions;
 class KRTrackActions;
 class KRTrackListView;
 class KRViewerDocks;
@@ -75,6 +76,7 @@ private:
     KRGroundMenu *m_groundMenu;
     KRMapView *m_map;
     KRMapActions *m_mapActions;
+    KROutputActions *m_outputActions;
     KRViewerDocks *m_docks;
     QToolBar *m_toolBar;
     QMenu *m_trackMenu;

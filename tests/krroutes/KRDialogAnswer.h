@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QList>
+#include <QProgressDialog>
 #include <QTimer>
 #include <QWidget>
 
@@ -10,7 +11,7 @@
 
 /**
  * Answers the modal dialogs that open while it lives, as a person would who sits in front of them: the first answer
- * goes to the first dialog, and so on. A dialog without an answer is closed and counted.
+ * goes to the first dialog, and so on. A dialog without an answer is closed and counted; progress needs none.
  */
 class KRDialogAnswer
 {
@@ -36,7 +37,7 @@ private:
         // Before the answer: that may open the next dialog and come back only when it is closed.
         m_timer.start();
         QWidget *const dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr || dialog == m_answered)
+        if (dialog == nullptr || dialog == m_answered || qobject_cast<QProgressDialog *>(dialog) != nullptr)
             return;
         QWidget *const outerDialog = std::exchange(m_answered, dialog);
         if (m_answers.isEmpty()) {

@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPrintPreviewDialog>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -87,6 +88,7 @@ private slots:
     void trackIsSplitWhereTheMapWasClicked();
     void lookIsChangedAndUndone();
     void placesAndFlightLinesAreAdded();
+    void mapIsExportedAndPrinted();
     void everyAreaIsReachedByKey();
     void windowIsRemembered();
     void unsavedWorkIsOfferedAfterACrash();
@@ -408,6 +410,30 @@ void tst_KRMainWindow::placesAndFlightLinesAreAdded()
     QCOMPARE(names().size(), 2);
     QVERIFY(track(1).track().countPoints() > 50);
     QCOMPARE(m_window->trackList()->currentTrack(), 1);
+}
+
+void tst_KRMainWindow::mapIsExportedAndPrinted()
+{
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    waitForMap();
+    const QString file = path(QStringLiteral("Tour.gpx"));
+    bool isPreview = false;
+    KRDialogAnswer answers({[&](QWidget *dialog) {
+                                QTest::keyClicks(dialog->findChild<QComboBox *>(), QStringLiteral("GPX"));
+                                auto *const edit = dialog->findChild<QLineEdit *>(QStringLiteral("file"));
+                                edit->clear();
+                                QTest::keyClicks(edit, file);
+                                pressText(dialog, QStringLiteral("Exportieren"));
+                            },
+                            [&](QWidget *dialog) {
+                                isPreview = qobject_cast<QPrintPreviewDialog *>(dialog) != nullptr;
+                                dialog->close();
+                            }});
+    key(Qt::Key_E);
+    QVERIFY(contentOf(file).contains("Radtour um Oldenburg"));
+    key(Qt::Key_P);
+    QVERIFY(isPreview);
+    QVERIFY(answers.isDone());
 }
 
 void tst_KRMainWindow::everyAreaIsReachedByKey()
