@@ -63,8 +63,10 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
     const bool isRead = isDocument ? m_loader->openDocument(fileNames.first()) : m_loader->import(fileNames);
     if (!isRead)
         return;
-    for (const QString &fileName : fileNames)
-        KRViewerSettings().addRecentFile(fileName);
+    for (const QString &fileName : fileNames) {
+        if (QFileInfo::exists(fileName))
+            KRViewerSettings().addRecentFile(fileName);
+    }
     if (!isDocument)
         emit tracksAdded(firstRow);
 }

@@ -96,6 +96,8 @@ void KRImportReportDialog::addReport(const KRImportReport &report)
         child->setText(nameColumn, KRImportReport::describe(part));
         child->setText(lineColumn, lineText(part.line));
     }
+    constexpr int easyToSurvey = 20;
+    item->setExpanded(report.items().size() <= easyToSurvey);
 }
 
 void KRImportReportDialog::copy() const

@@ -268,6 +268,7 @@ void tst_KRMainWindow::tellsWhatIsNotDrawn()
     m_window->openFiles({kml.fileName(), path(QStringLiteral("fehlt.gpx"))});
     QVERIFY(answers.isDone());
     QCOMPARE(names(), QStringList(QStringLiteral("Ort")));
+    QCOMPARE(KRViewerSettings().recentFiles().first(), kml.fileName());
     QVERIFY2(text.contains(QLatin1String("Wetter")) && text.contains(QLatin1String("fehlt.gpx")), qPrintable(text));
 }
 
