@@ -1,6 +1,7 @@
 #include "KRGPXTrackRenderer.h"
 
 #include "KRGPXConfiguredTrack.h"
+#include "KRGPXImageStrips.h"
 #include "KRGPXMarkerShape.h"
 #include "KRGPXPathPainter.h"
 #include "KRGPXTrack.h"
@@ -19,7 +20,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <memory>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -121,6 +124,28 @@ KRGPXTrackRenderer::AlphaTable croppingTable(int opacity)
     return table;
 }
 
+void setAlpha(QRgb *pixels, int count, uchar alpha)
+{
+    const QRgb bits = QRgb(alpha) << 24;
+    for (int x = 0; x < count; ++x)
+        pixels[x] = (pixels[x] & RGB_MASK) | bits;
+}
+
+// Most of a mask is empty, which is told from many pixels at once.
+void mergeAlpha(QRgb *pixels, const QRgb *mask, int count, const KRGPXTrackRenderer::AlphaTable &table)
+{
+    constexpr int blockSize = 32;
+    for (int begin = 0; begin < count; begin += blockSize) {
+        const int end = std::min(begin + blockSize, count);
+        if (std::accumulate(mask + begin, mask + end, QRgb(0), std::bit_or<QRgb>()) == 0) {
+            setAlpha(pixels + begin, end - begin, table[0]);
+            continue;
+        }
+        for (int x = begin; x < end; ++x)
+            pixels[x] = (pixels[x] & RGB_MASK) | (QRgb(table[std::size_t(qAlpha(mask[x]))]) << 24);
+    }
+}
+
 } // namespace
 
 KRGPXTrackRenderer::KRGPXTrackRenderer(const KRGPXTrackSelection &selection, const QSize &targetImageSize,
@@ -162,12 +187,18 @@ QImage KRGPXTrackRenderer::paintImage(TrackRenderOption option, bool antialiased
     if (image.isNull())
         return image;
     image.fill(Qt::transparent);
-    QPainter painter(&image);
+    paintOn(&image, option, antialiased);
+    return image;
+}
+
+void KRGPXTrackRenderer::paintOn(QImage *image, TrackRenderOption option, bool antialiased) const
+{
+    if (image->isNull())
+        return;
+    QPainter painter(image);
     if (antialiased)
         setAntialiasing(&painter);
     renderWith(painter, option);
-    painter.end();
-    return image;
 }
 
 void KRGPXTrackRenderer::renderWith(QPainter &painter, TrackRenderOption option) const
@@ -194,36 +225,30 @@ QImage KRGPXTrackRenderer::crop(const QImage &map) const
     if (opacity == 255 || map.isNull())
         return map;
     // only its alpha counts, which a conversion out of the premultiplied format would leave as it is
-    const QImage mask = paintImage(OpaqueRender, true);
+    QImage mask = KRGPXImageStrips::transparentImage(m_targetImageSize);
+    paintOn(&mask, OpaqueRender, true);
     const AlphaTable table = croppingTable(opacity);
-
-    QImage image = map.convertToFormat(QImage::Format_ARGB32);
-    uchar *const pixels = image.bits(); // detaches from the map here, once
-    const QList<KRIntRange> bands = KRIntRange::rowsOfImage(image).splitEvenlyForCpuCores();
-    KRConcurrent::blockingMap(bands, [&](const KRIntRange &rows) {
-        // an image object of its own for each thread, since access for writing counts in the object
-        QImage view(pixels, image.width(), image.height(), image.bytesPerLine(), image.format());
-        mergeCropping(view, mask, rows, table);
-    });
-    return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return KRGPXImageStrips::changed(
+        map, QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied, [&](QImage *strip, int firstRow) {
+            const int maskedRows = qBound(0, mask.height() - firstRow, strip->height());
+            const QImage maskRows = maskedRows > 0 ? KRGPXImageStrips::rowsOf(mask, firstRow, maskedRows) : QImage();
+            mergeCropping(*strip, maskRows, KRIntRange::rowsOfImage(*strip), table);
+        });
 }
 
 void KRGPXTrackRenderer::mergeCropping(QImage &image, const QImage &mask, const KRIntRange &rows,
                                        const AlphaTable &table) const
 {
-    const KRIntRange columns = KRIntRange::columnsOfImage(image);
-    const int maskedColumns = std::min(mask.width(), image.width());
-    const auto setAlpha = [](QRgb *pixel, uchar alpha) { *pixel = (*pixel & RGB_MASK) | (QRgb(alpha) << 24); };
+    const int width = image.width();
+    const int maskedWidth = std::min(mask.width(), width);
     for (int y = rows.minimum(); y <= rows.maximum(); ++y) {
         QRgb *const line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        int x = columns.minimum();
+        int x = 0;
         if (y < mask.height()) {
-            const QRgb *const maskLine = reinterpret_cast<const QRgb *>(mask.constScanLine(y));
-            for (; x < maskedColumns; ++x)
-                setAlpha(line + x, table[std::size_t(qAlpha(maskLine[x]))]);
+            mergeAlpha(line, reinterpret_cast<const QRgb *>(mask.constScanLine(y)), maskedWidth, table);
+            x = maskedWidth;
         }
-        for (; x <= columns.maximum(); ++x)
-            setAlpha(line + x, table[0]);
+        setAlpha(line + x, width - x, table[0]);
     }
 }
 

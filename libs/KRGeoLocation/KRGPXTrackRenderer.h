@@ -141,6 +141,7 @@ protected:
 
 private:
     QImage paintImage(TrackRenderOption option, bool antialiased) const;
+    void paintOn(QImage *image, TrackRenderOption option, bool antialiased) const;
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
     QPainterPath thinnedPath(const std::vector<QPointF> &points) const;
     QRectF paintedBounds(const QPainterPath &path, const QPen &pen) const;

@@ -128,6 +128,7 @@ const QRectF square(100.0, 60.0, 60.0, 60.0);
 } // namespace
 
 Q_DECLARE_METATYPE(KRGPXTrack)
+Q_DECLARE_METATYPE(QImage::Format)
 
 class tst_KRGPXTrackRenderer : public QObject
 {
@@ -161,6 +162,8 @@ private slots:
     void arrows();
     void crop_data();
     void crop();
+    void cropOfFormats_data();
+    void cropOfFormats();
     void cropKeepsColours();
     void otherThreadsDrawTheSame();
     void awkwardTracks_data();
@@ -643,6 +646,53 @@ void tst_KRGPXTrackRenderer::crop()
     QVERIFY(edges > 50);
     QCOMPARE(alphaAt(cropped, 130, 90), 255);
     QCOMPARE(alphaAt(cropped, 50, 50), clamped);
+}
+
+void tst_KRGPXTrackRenderer::cropOfFormats_data()
+{
+    QTest::addColumn<QImage::Format>("format");
+    QTest::addColumn<QSize>("size");
+    const QSize large(700, 400);
+    QTest::newRow("colours and alpha") << QImage::Format_ARGB32 << large;
+    QTest::newRow("premultiplied") << QImage::Format_ARGB32_Premultiplied << large;
+    QTest::newRow("premultiplied, one row") << QImage::Format_ARGB32_Premultiplied << QSize(20000, 1);
+    QTest::newRow("premultiplied, one column") << QImage::Format_ARGB32_Premultiplied << QSize(1, 500);
+    QTest::newRow("no alpha") << QImage::Format_RGB32 << large;
+    QTest::newRow("16 bits") << QImage::Format_RGB16 << large;
+    QTest::newRow("64 bits") << QImage::Format_RGBA64 << large;
+    QTest::newRow("table of colours") << QImage::Format_Indexed8 << large;
+    QTest::newRow("table of two colours") << QImage::Format_Mono << large;
+}
+
+void tst_KRGPXTrackRenderer::cropOfFormats()
+{
+    QFETCH(QImage::Format, format);
+    QFETCH(QSize, size);
+    QImage map(size, QImage::Format_ARGB32);
+    for (int y = 0; y < map.height(); ++y)
+        for (int x = 0; x < map.width(); ++x)
+            map.setPixel(x, y, qRgba(x & 255, y & 255, (x * y) & 255, (x / 3 + 5 * y) & 255));
+    map = map.convertToFormat(format);
+    map.setDevicePixelRatio(2.0);
+    map.setText(QStringLiteral("Title"), QStringLiteral("map"));
+
+    KRGPXTrackSelection selection = selectionOf(squareAt(square), configurationOf(AllDisplayOptions));
+    selection.setCroppingOpacity(100);
+    const PlainRenderer renderer(selection, QSize(500, 300));
+    const QImage mask = renderer.render(OpaqueRender);
+    QImage expected = map.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < map.height(); ++y) {
+        for (int x = 0; x < map.width(); ++x) {
+            const int drawn = mask.valid(x, y) ? alphaAt(mask, x, y) : 0;
+            const QRgb color = expected.pixel(x, y);
+            expected.setPixel(x, y, qRgba(qRed(color), qGreen(color), qBlue(color), 100 + drawn * 155 / 255));
+        }
+    }
+    expected = expected.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QImage cropped = renderer.crop(map);
+    QCOMPARE(cropped, expected);
+    QCOMPARE(cropped.devicePixelRatio(), 2.0);
+    QCOMPARE(cropped.text(QStringLiteral("Title")), QStringLiteral("map"));
 }
 
 void tst_KRGPXTrackRenderer::cropKeepsColours()
