@@ -1,5 +1,6 @@
 #include "KRGPXPathPainter.h"
 
+#include "KRGPXPathExcerpt.h"
 #include "KRGPXPathTiles.h"
 
 #include <QImage>
@@ -7,13 +8,21 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
-// Shorter paths are drawn as a whole: measured, and pixels of the control rectangle's longer side.
+// Shorter lines are drawn as a whole. Measured.
 constexpr int fewElements = 200;
 constexpr double shortLengthPx = 2000.0;
+
+// Areas of fewer corners are filled as a whole. Measured.
+constexpr int fewCorners = 10000;
+
+// Parts of areas are divided until they are this small, or hold this little. Measured.
+constexpr int smallPartPx = 64;
+constexpr std::size_t fewPartElements = 400;
 
 // around a line, beside its pen: the soft edge and the rounding of the rasteriser
 constexpr double softEdgePx = 1.5;
@@ -110,6 +119,37 @@ private:
     QImage m_image;
 };
 
+/// Half of a length, in whole small parts.
+int halfOf(int length)
+{
+    return std::max(smallPartPx, length / 2 / smallPartPx * smallPartPx);
+}
+
+// Halves the part until little is left to fill in it.
+void fillPart(PiecePainter *pieces, const QRect &part, const KRGPXPathExcerpt &whole, const QBrush &brush)
+{
+    const KRGPXPathExcerpt excerpt = whole.reducedTo(part);
+    if (excerpt.isEmpty())
+        return;
+    const bool isSmall = part.width() <= smallPartPx && part.height() <= smallPartPx;
+    if (isSmall || excerpt.elementCount() <= fewPartElements) {
+        pieces->paint(part, [&](QPainter *piecePainter) { piecePainter->fillPath(excerpt.toPath(), brush); });
+        return;
+    }
+    const bool isWide = part.width() > part.height();
+    QRect first = part;
+    QRect second = part;
+    if (isWide) {
+        first.setWidth(halfOf(part.width()));
+        second.setLeft(first.right() + 1);
+    } else {
+        first.setHeight(halfOf(part.height()));
+        second.setTop(first.bottom() + 1);
+    }
+    fillPart(pieces, first, excerpt, brush);
+    fillPart(pieces, second, excerpt, brush);
+}
+
 } // namespace
 
 void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
@@ -136,5 +176,11 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
 
 void KRGPXPathPainter::fillPath(QPainter *painter, const QPainterPath &path, const QBrush &brush)
 {
-    painter->fillPath(path, brush);
+    const QImage *const image = imageOf(painter);
+    if (!image || brush.style() != Qt::SolidPattern || path.elementCount() < fewCorners) {
+        painter->fillPath(path, brush);
+        return;
+    }
+    PiecePainter pieces(painter, image);
+    fillPart(&pieces, image->rect(), KRGPXPathExcerpt(path, painter->deviceTransform()), brush);
 }

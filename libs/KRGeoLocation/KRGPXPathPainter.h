@@ -7,12 +7,12 @@ class QPainter;
 class QPainterPath;
 
 /**
- * Paints long paths of straight lines fast, with the same pixels as QPainter.
+ * Paints long paths fast, with the same pixels as QPainter.
  *
- * The time that antialiasing takes grows with the square of what a row of pixels holds. So an image is painted piece
- * by piece, each time with nothing but the lines that leave marks there: tile by tile for outlines, band by band
- * for areas. All other devices, which keep paths as they are, get the whole path, and so do images where that is
- * faster or where pieces could be told from the whole.
+ * The time that antialiasing takes grows with the square of what a row of pixels holds. So an image is painted part
+ * by part, each time with nothing but what decides about the pixels there: lines in tiles, areas in halves of halves.
+ * All other devices, which keep paths as they are, get the whole path, and so do images where that is faster or where
+ * parts could be told from the whole.
  *
  * Only of paths that leave the range of +-32767 pixels QPainter itself makes a copy cut to that range, whose rounded
  * corners differ here and there by one level of a colour. Everything happens on the calling thread.

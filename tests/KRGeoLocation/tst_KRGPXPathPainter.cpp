@@ -70,11 +70,11 @@ QPainterPath stars(int corners, int count)
 }
 
 /// An outline of many corners that starts and ends in the middle of one of its sides.
-QPainterPath closedCoast(bool isClosed)
+QPainterPath closedCoast(bool isClosed, int corners = 700)
 {
     QPainterPath path(QPointF(192.0, 20.0));
-    for (int i = 0; i <= 700; ++i) {
-        const double angle = (i / 700.0 - 0.25) * 2.0 * pi;
+    for (int i = 0; i <= corners; ++i) {
+        const double angle = (i / double(corners) - 0.25) * 2.0 * pi;
         const double radius = 120.0 + 9.0 * std::sin(angle * 40.0);
         path.lineTo(QPointF(200.0, 150.0) + radius * QPointF(1.3 * std::cos(angle), std::sin(angle)));
     }
@@ -247,6 +247,12 @@ void tst_KRGPXPathPainter::painters()
 void tst_KRGPXPathPainter::areas_data()
 {
     outlines_data();
+    QTest::newRow("many corners") << closedCoast(false, 20000);
+    QTest::newRow("many corners with enclaves") << stars(4001, 3);
+    QPainterPath manyCurves;
+    for (int i = 0; i < 3000; ++i)
+        manyCurves.addEllipse(QPointF(200.0 + 190.0 * std::sin(i * 0.7), i * 0.1), 1.0 + i % 7, 9.0);
+    QTest::newRow("many curves") << manyCurves;
 }
 
 void tst_KRGPXPathPainter::areas()
