@@ -75,6 +75,7 @@ KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
     connectTrackList();
     updateTitle();
     restoreWindow();
+    m_map->setFocus(); // so that its keys work from the start
 }
 
 KRMainWindow::~KRMainWindow()

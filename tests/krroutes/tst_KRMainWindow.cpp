@@ -440,7 +440,7 @@ void tst_KRMainWindow::mapIsExportedAndPrinted()
 void tst_KRMainWindow::everyAreaIsReachedByKey()
 {
     m_window->openFiles({sample("oldenburg-radtour.gpx")});
-    m_window->map()->setFocus();
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(m_window->map()));
     QSet<QWidget *> areas;
     for (int i = 0; i < 4; ++i) {
         areas.insert(QApplication::focusWidget());
