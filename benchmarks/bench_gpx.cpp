@@ -8,18 +8,22 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include <pugixml.hpp>
 
+#include <sys/resource.h>
+
+#include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <vector>
 
 // From a file on disk (in the cache of the system) to points in memory. The floor runs over the file with Qt's
-// stream reader and converts every number and time, which the import should not take longer than; the peer parses with
-// pugixml and converts latitude and longitude only, in a fifth or so of that time.
+// stream reader and converts every number and time; the peer parses with pugixml and converts latitude and longitude
+// only. The import should not take longer than the peer. Whole processes, from start to end with all their memory,
+// are measured as well: each runs this program once more.
 
 namespace {
 
@@ -117,6 +121,63 @@ qint64 importedPoints(const QString &fileName)
     return count;
 }
 
+using Reader = qint64 (*)(const QString &fileName);
+
+const char *const importWay = "import";
+const char *const pugixmlWay = "pugixml";
+
+/// What a process of its own does: prints its points, milliseconds of processor time and kilobytes at its peak.
+int readAndReport(const char *way, const QString &fileName)
+{
+    const Reader read = qstrcmp(way, importWay) == 0 ? importedPoints : parsedPoints;
+    const qint64 points = read(fileName);
+    struct rusage usage;
+    getrusage(RUSAGE_SELF, &usage);
+    const auto milliseconds = [](const struct timeval &time) {
+        return double(time.tv_sec) * 1e3 + double(time.tv_usec) / 1e3;
+    };
+    // Not from the usage, which counts the memory of who has started the process too.
+    QFile status(QStringLiteral("/proc/self/status"));
+    double peak = 0.0;
+    if (status.open(QIODevice::ReadOnly)) {
+        for (const QByteArray &line : status.readAll().split('\n')) {
+            if (line.startsWith("VmHWM:"))
+                peak = line.simplified().split(' ').value(1).toDouble();
+        }
+    }
+    std::printf("%lld %f %f\n", points, milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime), peak);
+    return 0;
+}
+
+void measureProcess(benchmark::State &state, const char *way)
+{
+    const GpxFile file(int(state.range(0)));
+    double peak = 0.0;
+    for (auto _ : state) {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(way), file.name()});
+        process.waitForFinished(-1);
+        const QList<QByteArray> figures = process.readAllStandardOutput().simplified().split(' ');
+        if (figures.value(0).toLongLong() != state.range(0)) {
+            state.SkipWithError("not all points were read");
+            break;
+        }
+        state.SetIterationTime(figures.value(1).toDouble() / 1e3);
+        peak = figures.value(2).toDouble() * 1024.0;
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.counters["peakBytesPerPoint"] = peak / double(state.range(0));
+}
+
+void sizesOfProcesses(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Arg(KRBenchmarkTracks::largest)
+        ->Arg(3 * KRBenchmarkTracks::largest)
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime()
+        ->Iterations(3);
+}
+
 void sizes(benchmark::internal::Benchmark *benchmark)
 {
     benchmark->RangeMultiplier(10)
@@ -145,9 +206,23 @@ static void peerPugixml(benchmark::State &state)
 }
 BENCHMARK(peerPugixml)->Apply(sizes);
 
+static void importGpxProcess(benchmark::State &state)
+{
+    measureProcess(state, importWay);
+}
+BENCHMARK(importGpxProcess)->Apply(sizesOfProcesses);
+
+static void peerPugixmlProcess(benchmark::State &state)
+{
+    measureProcess(state, pugixmlWay);
+}
+BENCHMARK(peerPugixmlProcess)->Apply(sizesOfProcesses);
+
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    if (argc == 3 && (qstrcmp(argv[1], importWay) == 0 || qstrcmp(argv[1], pugixmlWay) == 0))
+        return readAndReport(argv[1], QFile::decodeName(argv[2]));
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -25,6 +25,18 @@ bool isSeparator(QChar character)
     return unicode == ' ' || (unicode >= '\t' && unicode <= '\r');
 }
 
+int countCommaTexts(const QString &text)
+{
+    int count = 0;
+    bool isBetween = true;
+    for (const QChar character : text) {
+        const bool isBehind = isBetween;
+        isBetween = isSeparator(character);
+        count += isBehind && !isBetween;
+    }
+    return count;
+}
+
 /// Reads comma texts separated by white space and hands over those that are no null points.
 template <typename Taker>
 void forEachCommaText(const QString &text, const Taker &take)
@@ -188,6 +200,10 @@ void KRGPXTrackSegment::append(double latitude, double longitude, int elevation,
 void KRGPXTrackSegment::appendCompressed(const QString &text)
 {
     KRGPXTrackPointColumns *const columns = d.data();
+    const int added = countCommaTexts(text);
+    // A long text alone may fill the memory: no room is left over then. Short ones let the columns grow by themselves.
+    if (added > columns->count())
+        columns->reserve(columns->count() + added);
     forEachCommaText(text, [&](const KRGPXCommaText &point) {
         columns->appendWithLocalTime(point.latitude, point.longitude, point.elevation, point.milliseconds);
     });

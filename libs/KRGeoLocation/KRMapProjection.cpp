@@ -24,6 +24,12 @@ inline double toNormalizedY(double latitude)
     return std::log(std::tan((90.0 - latitude) * pi / 360.0)) / twoPi + 0.5;
 }
 
+inline int toWholePixel(double pixel)
+{
+    constexpr double surelyInt = 1e9;
+    return std::abs(pixel) < surelyInt ? int(pixel) : KRMath::toInt(pixel);
+}
+
 } // namespace
 
 KRMapProjection::KRMapProjection(const KRGeoPositionRect &area, const QSize &size) : m_size(size)
@@ -76,7 +82,7 @@ inline QPointF KRMapProjection::toPixel(double latitude, double longitude) const
     const double x = toNormalizedX(longitude) * m_worldSize - m_xOffset;
     const double y = toNormalizedY(latitude) * m_worldSize - m_yOffset;
     // Intended: cut toward zero, not rounded and not the floor.
-    return QPointF(KRMath::toInt(x), KRMath::toInt(y));
+    return QPointF(toWholePixel(x), toWholePixel(y));
 }
 
 QPointF KRMapProjection::projectate(const KRGeoPosition &position) const
