@@ -96,6 +96,15 @@ QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *h
 
 bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history)
 {
+    // A pipe or a device takes the bytes; it must not be replaced by a file.
+    const bool isChannel = file.exists() && !file.isFile() && !file.isDir();
+    if (isChannel) {
+        QFile channel(file.filePath());
+        if (channel.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && channel.write(bytes) == bytes.size())
+            return true;
+        KRErrorHistory::report(history, file.filePath(), channel.errorString());
+        return false;
+    }
     QSaveFile target(file.filePath());
     if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit())
         return true;

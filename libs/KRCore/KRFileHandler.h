@@ -30,6 +30,7 @@ public:
     /// file could not be read, holds more than KRXMLGuard::maximumBytes or has more than maximumLines lines.
     static QStringList readTextFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
 
-    /// Writes all bytes; until they are there the old file stays as it was. False when it fails.
+    /// Writes all bytes; until they are there the old file stays as it was. A pipe or a device gets them as they come.
+    /// False when it fails.
     static bool writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history);
 };

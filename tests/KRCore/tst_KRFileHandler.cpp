@@ -7,6 +7,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 class tst_KRFileHandler : public QObject
 {
     Q_OBJECT
@@ -20,6 +24,7 @@ private slots:
     void refusesText_data();
     void refusesText();
     void refusesWhatIsNoFile();
+    void writesIntoPipes();
 
 private:
     QFileInfo written(const QByteArray &content) const;
@@ -102,6 +107,20 @@ void tst_KRFileHandler::refusesWhatIsNoFile()
         QVERIFY(KRFileHandler::readTextFile(QFileInfo(path), &history).isEmpty());
         QCOMPARE(history.entries().size(), 1);
     }
+}
+
+void tst_KRFileHandler::writesIntoPipes()
+{
+    const QByteArray path = QFile::encodeName(m_dir.filePath(QStringLiteral("pipe")));
+    QCOMPARE(::mkfifo(path.constData(), 0600), 0);
+    const int reader = ::open(path.constData(), O_RDONLY | O_NONBLOCK);
+    QVERIFY(reader >= 0);
+    QVERIFY(KRFileHandler::writeAll(QFileInfo(QFile::decodeName(path)), "through the pipe", nullptr));
+    QByteArray bytes(100, '\0');
+    bytes.truncate(int(::read(reader, bytes.data(), size_t(bytes.size()))));
+    ::close(reader);
+    QCOMPARE(bytes, QByteArray("through the pipe"));
+    QVERIFY(!QFileInfo(QFile::decodeName(path)).isFile());
 }
 
 static const KRTestRegistration<tst_KRFileHandler> registration;
