@@ -4,6 +4,7 @@
 #include "KRXmlStream.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -120,6 +121,11 @@ void KRKmlPlacemarkReader::readPolygon()
     // What is no ring encloses nothing.
     const auto firstRing = std::stable_partition(holes.begin(), holes.end(),
                                                  [](const KRKmlCoordinates &hole) { return !hole.isClosed(); });
+    const int unreadableCount = std::accumulate(holes.begin(), firstRing, 0, [](int sum, const KRKmlCoordinates &hole) {
+        return sum + hole.unreadableCount();
+    });
+    if (unreadableCount > 0)
+        m_unreadablePositions.append({KRImportReport::UnreadablePosition, line, QString(), unreadableCount});
     holes.erase(holes.begin(), firstRing);
 
     if (outlines.isEmpty())

@@ -84,17 +84,39 @@ void writeBoundary(QXmlStreamWriter &xml, const QString &name, const KRGPXTrack 
     xml.writeEndElement();
 }
 
-void writeTimedTrack(QXmlStreamWriter &xml, const QList<KRGPXTrackPoint> &points)
+bool hasTime(const KRGPXTrackPoint &point)
+{
+    return point.timeStamp().isValid();
+}
+
+/// A point without a time has an empty one, as there have to be as many times as positions.
+void writeTrack(QXmlStreamWriter &xml, const QList<KRGPXTrackPoint> &points)
 {
     xml.writeStartElement(gxNamespace, QStringLiteral("Track"));
     for (const KRGPXTrackPoint &point : points)
-        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(point.timeStamp()));
+        xml.writeTextElement(kmlNamespace, QStringLiteral("when"),
+                             hasTime(point) ? KRExchangeText::utc(point.timeStamp()) : QString());
     for (const KRGPXTrackPoint &point : points) {
         const QString elevation = point.elevation() == 0 ? QStringLiteral(" 0") : QString();
         xml.writeTextElement(gxNamespace, QStringLiteral("coord"),
                              tuple(point.position(), point.elevation(), QLatin1Char(' ')) + elevation);
     }
     xml.writeEndElement();
+}
+
+/// The point that stands for the track, with its elevation and time; not valid when there is none to be written.
+KRGPXTrackPoint markedPoint(const KRGPXConfiguredTrack &track)
+{
+    const KRGeoPositionList positions = track.drawingPoints();
+    if (positions.isEmpty())
+        return KRGPXTrackPoint();
+    for (const KRGPXTrackSegment &segment : track.track().segments()) {
+        for (const KRGPXTrackPoint &point : exchangeablePoints(segment)) {
+            if (point.position() == positions.first())
+                return point;
+        }
+    }
+    return KRGPXTrackPoint();
 }
 
 } // namespace
@@ -149,9 +171,16 @@ void KRKmlWriter::writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTra
     if (!track.description().isEmpty())
         xml.writeTextElement(kmlNamespace, QStringLiteral("description"),
                              KRXMLBuilder::readableText(track.description()));
+    const bool isPoint = track.effectiveShape() == PointTrackShape;
+    const KRGPXTrackPoint point = isPoint ? markedPoint(track) : KRGPXTrackPoint();
+    if (hasTime(point)) {
+        xml.writeStartElement(kmlNamespace, QStringLiteral("TimeStamp"));
+        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(point.timeStamp()));
+        xml.writeEndElement();
+    }
     xml.writeTextElement(kmlNamespace, QStringLiteral("styleUrl"), QLatin1Char('#') + styleId);
-    if (track.effectiveShape() == PointTrackShape)
-        writePoint(xml, track);
+    if (isPoint)
+        writePoint(xml, point);
     else if (isArea(track))
         writePolygon(xml, track.track());
     else
@@ -159,13 +188,13 @@ void KRKmlWriter::writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTra
     xml.writeEndElement();
 }
 
-void KRKmlWriter::writePoint(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track)
+void KRKmlWriter::writePoint(QXmlStreamWriter &xml, const KRGPXTrackPoint &point)
 {
-    const KRGeoPositionList positions = track.drawingPoints();
-    if (positions.isEmpty() || !KRExchangeText::isExchangeable(positions.first()))
+    if (!KRExchangeText::isExchangeable(point.position()))
         return;
     xml.writeStartElement(kmlNamespace, QStringLiteral("Point"));
-    xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), tuple(positions.first(), 0, QLatin1Char(',')));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"),
+                         tuple(point.position(), point.elevation(), QLatin1Char(',')));
     xml.writeEndElement();
 }
 
@@ -181,18 +210,21 @@ void KRKmlWriter::writePolygon(QXmlStreamWriter &xml, const KRGPXTrack &track)
 
 void KRKmlWriter::writeLines(QXmlStreamWriter &xml, const KRGPXTrack &track)
 {
-    const QList<KRGPXTrackSegment> segments = track.segments();
+    QList<QList<KRGPXTrackPoint>> segments;
+    bool isTimed = false;
+    for (const KRGPXTrackSegment &segment : track.segments()) {
+        const QList<KRGPXTrackPoint> points = exchangeablePoints(segment);
+        if (!points.isEmpty())
+            segments.append(points);
+        isTimed |= std::any_of(points.cbegin(), points.cend(), hasTime);
+    }
     const bool isMany = segments.size() > 1;
     if (isMany)
-        xml.writeStartElement(kmlNamespace, QStringLiteral("MultiGeometry"));
-    for (const KRGPXTrackSegment &segment : segments) {
-        const QList<KRGPXTrackPoint> points = exchangeablePoints(segment);
-        const bool isTimed = !points.isEmpty()
-                             && std::all_of(points.cbegin(), points.cend(),
-                                            [](const KRGPXTrackPoint &point) { return point.timeStamp().isValid(); });
-        if (isTimed) {
-            writeTimedTrack(xml, points);
-        } else if (!points.isEmpty()) {
+        xml.writeStartElement(gxNamespace, QStringLiteral("MultiTrack"));
+    for (const QList<KRGPXTrackPoint> &points : std::as_const(segments)) {
+        if (isTimed || isMany) {
+            writeTrack(xml, points);
+        } else {
             xml.writeStartElement(kmlNamespace, QStringLiteral("LineString"));
             xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), coordinates(points));
             xml.writeEndElement();

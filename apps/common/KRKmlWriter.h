@@ -6,6 +6,7 @@ class KRGPXConfiguredTrack;
 class KRGPXConfiguredTrackList;
 class KRGPXTrack;
 class KRGPXTrackConfiguration;
+class KRGPXTrackPoint;
 class QString;
 class QXmlStreamWriter;
 
@@ -13,8 +14,9 @@ class QXmlStreamWriter;
  * Writes configured tracks as KML 2.2, for earth viewers to show.
  *
  * One placemark per track with a style of its own. Areas become polygons with their enclaves as inner boundaries,
- * points become points; of a line every segment becomes a line string, or a gx:Track where all of its points have
- * times. Line widths in pixels are divided by six, as the KML importer multiplies them.
+ * points become points with a time stamp. A line becomes a line string; where it has times a gx:Track, and of several
+ * segments a gx:MultiTrack, which keeps them together. Line widths in pixels are divided by six, as the KML importer
+ * multiplies them.
  */
 class KRKmlWriter
 {
@@ -25,7 +27,7 @@ public:
 private:
     static void writeStyle(QXmlStreamWriter &xml, const KRGPXTrackConfiguration &configuration, const QString &id);
     static void writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track, const QString &styleId);
-    static void writePoint(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track);
+    static void writePoint(QXmlStreamWriter &xml, const KRGPXTrackPoint &point);
     static void writePolygon(QXmlStreamWriter &xml, const KRGPXTrack &track);
     static void writeLines(QXmlStreamWriter &xml, const KRGPXTrack &track);
 };

@@ -205,6 +205,10 @@ void tst_KRKmlPreparation::reports_data()
         "<Placemark><Polygon><innerBoundaryIs><coordinates>5,51 6,51 6,52 5,51</coordinates></innerBoundaryIs>"
         "</Polygon></Placemark>",
         0, {QStringLiteral("2: placemarkWithoutPosition ")});
+    row("hole that cannot be read",
+        "<Placemark><Polygon><outerBoundaryIs><coordinates>0,50 9,50 9,59</coordinates></outerBoundaryIs>"
+        "<innerBoundaryIs><coordinates>x y</coordinates></innerBoundaryIs></Polygon></Placemark>",
+        1, {QStringLiteral("2: 2 unreadablePosition ")});
     row("one of several geometries",
         "<Placemark><MultiGeometry>" + here
             + "\n<Point><coordinates>x,y</coordinates></Point></MultiGeometry>"
