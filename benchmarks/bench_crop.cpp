@@ -6,7 +6,7 @@
 #include <QImage>
 
 // The floor copies the map, which cropping cannot avoid; a short track keeps the drawing of the mask out of sight.
-// Expect twice the floor for large maps, and more for small ones, whose copies stay in the caches.
+// Expect one and a half times the floor for large maps, and more for small ones, whose copies stay in the caches.
 
 namespace {
 
