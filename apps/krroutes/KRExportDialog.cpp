@@ -81,7 +81,6 @@ KRExportDialog::KRExportDialog(const KRGPXTrackSelection &selection, const KRGeo
     setWindowTitle(tr("Exportieren"));
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     QPushButton *const exportButton = buttons->addButton(tr("&Exportieren"), QDialogButtonBox::AcceptRole);
-    exportButton->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &KRExportDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &KRExportDialog::reject);
 
@@ -91,6 +90,7 @@ KRExportDialog::KRExportDialog(const KRGPXTrackSelection &selection, const KRGeo
     layout->addWidget(m_pictureBox);
     layout->addStretch();
     layout->addWidget(buttons);
+    exportButton->setDefault(true); // which only a button in a dialog can be
     readSettings();
     connect(m_formatBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &KRExportDialog::followFormat);
     followFormat();
