@@ -197,16 +197,16 @@
 </context>
 <context>
     <name>KRMapLegend</name>
-    <message>
-        <source>Strecke %1</source>
-        <translation>Track %1</translation>
-    </message>
     <message numerus="yes">
         <source>… und %n weitere</source>
         <translation>
             <numerusform>… and %n more</numerusform>
             <numerusform>… and %n more</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Route %1</source>
+        <translation>Route %1</translation>
     </message>
 </context>
 <context>

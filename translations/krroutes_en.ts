@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>KRBackgroundTask</name>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
     <name>KRColorButton</name>
     <message>
         <source>%1, zu %2 % deckend</source>
@@ -107,6 +114,160 @@
     <message>
         <source>Ü&amp;berschreiben</source>
         <translation>&amp;Overwrite</translation>
+    </message>
+</context>
+<context>
+    <name>KRExportDialog</name>
+    <message>
+        <source>&amp;Karte</source>
+        <translation>&amp;Map</translation>
+    </message>
+    <message>
+        <source>&amp;Legende</source>
+        <translation>&amp;Legend</translation>
+    </message>
+    <message>
+        <source>&amp;Namen der Routen</source>
+        <translation>&amp;Names of the routes</translation>
+    </message>
+    <message>
+        <source>Exportieren</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>&amp;Exportieren</source>
+        <translation>&amp;Export</translation>
+    </message>
+    <message>
+        <source>PNG-Bild</source>
+        <translation>PNG picture</translation>
+    </message>
+    <message>
+        <source>JPEG-Bild</source>
+        <translation>JPEG picture</translation>
+    </message>
+    <message>
+        <source>SVG-Zeichnung</source>
+        <translation>SVG drawing</translation>
+    </message>
+    <message>
+        <source>PDF-Dokument</source>
+        <translation>PDF document</translation>
+    </message>
+    <message>
+        <source>GPX: Routen für andere Programme</source>
+        <translation>GPX: routes for other programs</translation>
+    </message>
+    <message>
+        <source>KML: Routen mit Aussehen</source>
+        <translation>KML: routes with their looks</translation>
+    </message>
+    <message>
+        <source>KMZ: dasselbe gepackt</source>
+        <translation>KMZ: the same, compressed</translation>
+    </message>
+    <message>
+        <source>&amp;Wählen …</source>
+        <translation>&amp;Choose …</translation>
+    </message>
+    <message>
+        <source>Ziel</source>
+        <translation>Target</translation>
+    </message>
+    <message>
+        <source>&amp;Format:</source>
+        <translation>&amp;Format:</translation>
+    </message>
+    <message>
+        <source>&amp;Datei:</source>
+        <translation>F&amp;ile:</translation>
+    </message>
+    <message>
+        <source>wie auf der Karte</source>
+        <translation>as on the map</translation>
+    </message>
+    <message>
+        <source>alle Routen</source>
+        <translation>all routes</translation>
+    </message>
+    <message>
+        <source>Höhe in Pixeln</source>
+        <translation>Height in pixels</translation>
+    </message>
+    <message>
+        <source>Breite in Pixeln</source>
+        <translation>Width in pixels</translation>
+    </message>
+    <message>
+        <source>Pixel</source>
+        <translation>pixels</translation>
+    </message>
+    <message>
+        <source>Vergrößert Linien und Schrift, zum Beispiel 2 für hohe Auflösung.</source>
+        <translation>Enlarges lines and lettering, for example 2 for high density.</translation>
+    </message>
+    <message>
+        <source>Bild</source>
+        <translation>Picture</translation>
+    </message>
+    <message>
+        <source>&amp;Ausschnitt:</source>
+        <translation>&amp;Area:</translation>
+    </message>
+    <message>
+        <source>&amp;Größe:</source>
+        <translation>&amp;Size:</translation>
+    </message>
+    <message>
+        <source>&amp;Vergrößerung:</source>
+        <translation>Sca&amp;le:</translation>
+    </message>
+    <message>
+        <source>Es zeigt:</source>
+        <translation>It shows:</translation>
+    </message>
+    <message>
+        <source>Karte</source>
+        <translation>Map</translation>
+    </message>
+    <message>
+        <source>Es fehlt der Name der Datei.</source>
+        <translation>The name of the file is missing.</translation>
+    </message>
+    <message>
+        <source>„%1“ gibt es schon. Ersetzen?</source>
+        <translation>&quot;%1&quot; exists already. Replace it?</translation>
+    </message>
+    <message>
+        <source>Die Routen werden geschrieben …</source>
+        <translation>Writing the routes …</translation>
+    </message>
+    <message>
+        <source>Das Ergebnis ist zu groß für diesen Rechner oder dieses Format.</source>
+        <translation>The result is too large for this computer or this format.</translation>
+    </message>
+    <message>
+        <source>Es gibt nichts zu zeichnen.</source>
+        <translation>There is nothing to draw.</translation>
+    </message>
+    <message>
+        <source>Die Karte wird gezeichnet …</source>
+        <translation>Drawing the map …</translation>
+    </message>
+    <message numerus="yes">
+        <source>Auf der Karte fehlen %n Kacheln.</source>
+        <translation>
+            <numerusform>%n tile is missing on the map.</numerusform>
+            <numerusform>%n tiles are missing on the map.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>„%1“ kann nicht geschrieben werden.
+
+%2</source>
+        <translation>&quot;%1&quot; cannot be written.
+
+%2</translation>
     </message>
 </context>
 <context>
@@ -548,8 +709,8 @@
         <translation>About this program</translation>
     </message>
     <message>
-        <source>&lt;h3&gt;Routen %1&lt;/h3&gt;&lt;p&gt;Zeigt, bearbeitet und druckt Strecken und Orte auf einer Landkarte.&lt;/p&gt;&lt;p&gt;Karte: Made with Natural Earth.&lt;/p&gt;</source>
-        <translation>&lt;h3&gt;Routes %1&lt;/h3&gt;&lt;p&gt;Shows, edits and prints tracks and places on a map.&lt;/p&gt;&lt;p&gt;Map: Made with Natural Earth.&lt;/p&gt;</translation>
+        <source>&lt;h3&gt;Routen %1&lt;/h3&gt;&lt;p&gt;Zeigt, bearbeitet und druckt Routen und Orte auf einer Landkarte.&lt;/p&gt;&lt;p&gt;Karte: Made with Natural Earth.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Routes %1&lt;/h3&gt;&lt;p&gt;Shows, edits and prints routes and places on a map.&lt;/p&gt;&lt;p&gt;Map: Made with Natural Earth.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -566,6 +727,33 @@
         <source>Ver&amp;kleinern</source>
         <translation>Zoom &amp;out</translation>
     </message>
+    <message>
+        <source>Na&amp;men der Routen</source>
+        <translation>&amp;Names of the routes</translation>
+    </message>
+    <message>
+        <source>&amp;Legende</source>
+        <translation>&amp;Legend</translation>
+    </message>
+</context>
+<context>
+    <name>KRMapPrinter</name>
+    <message>
+        <source>Drucken</source>
+        <translation>Print</translation>
+    </message>
+    <message>
+        <source>Es gibt nichts zu drucken.</source>
+        <translation>There is nothing to print.</translation>
+    </message>
+    <message>
+        <source>Karte</source>
+        <translation>Map</translation>
+    </message>
+    <message>
+        <source>Die Karte wird geladen …</source>
+        <translation>Loading the map …</translation>
+    </message>
 </context>
 <context>
     <name>KRMapView</name>
@@ -574,8 +762,23 @@
         <translation>Map</translation>
     </message>
     <message>
-        <source>Pfeiltasten verschieben die Karte, Plus und Minus ändern den Maßstab, Pos1 zeigt alle Strecken.</source>
-        <translation>Arrow keys move the map, plus and minus change the scale, Home shows all tracks.</translation>
+        <source>Pfeiltasten verschieben die Karte, Plus und Minus ändern den Maßstab, Pos1 zeigt alle Routen.</source>
+        <translation>Arrow keys move the map, plus and minus change the scale, Home shows all routes.</translation>
+    </message>
+</context>
+<context>
+    <name>KROutputActions</name>
+    <message>
+        <source>&amp;Exportieren …</source>
+        <translation>&amp;Export …</translation>
+    </message>
+    <message>
+        <source>&amp;Drucken …</source>
+        <translation>&amp;Print …</translation>
+    </message>
+    <message>
+        <source>Schreibt die Karte als Bild oder die Routen für andere Programme</source>
+        <translation>Writes the map as a picture, or the routes for other programs</translation>
     </message>
 </context>
 <context>
@@ -965,12 +1168,12 @@
 <context>
     <name>KRTrackListView</name>
     <message>
-        <source>Strecke %1</source>
-        <translation>Track %1</translation>
+        <source>Route %1</source>
+        <translation>Route %1</translation>
     </message>
     <message>
-        <source>Noch keine Routen. Öffne eine Datei oder ziehe sie hierher.</source>
-        <translation>No routes yet. Open a file or drag it here.</translation>
+        <source>Noch keine Routen. Dateien öffnen oder hierher ziehen.</source>
+        <translation>No routes yet. Open files or drag them here.</translation>
     </message>
 </context>
 <context>
@@ -999,12 +1202,6 @@
 <context>
     <name>KRViewerOptions</name>
     <message>
-        <source>Zeigt und bearbeitet Strecken und Orte auf einer Landkarte.
-Ein einzelnes Routendokument wird geöffnet; Routen aus anderen Dateien kommen hinzu.</source>
-        <translation>Shows and edits tracks and places on a map.
-A single route document is opened; routes from other files are added.</translation>
-    </message>
-    <message>
         <source>Zeigt diese Hilfe.</source>
         <translation>Shows this help.</translation>
     </message>
@@ -1015,6 +1212,12 @@ A single route document is opened; routes from other files are added.</translati
     <message>
         <source>Routendokumente, GPX-, KML- und KMZ-Dateien.</source>
         <translation>Route documents, GPX, KML and KMZ files.</translation>
+    </message>
+    <message>
+        <source>Zeigt und bearbeitet Routen und Orte auf einer Landkarte.
+Ein einzelnes Routendokument wird geöffnet; Routen aus anderen Dateien kommen hinzu.</source>
+        <translation>Shows and edits routes and places on a map.
+A single route document is opened; routes from other files are added.</translation>
     </message>
 </context>
 </TS>

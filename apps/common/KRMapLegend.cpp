@@ -78,7 +78,7 @@ KRMapLegend::Layout KRMapLegend::layout(const KRGPXTrackSelection &selection, co
     for (int i = 0; i < named; ++i) {
         // In SVG the name becomes XML.
         const QString name = KRXMLBuilder::readableText(selection.value(i).name().simplified());
-        const QString text = name.isEmpty() ? tr("Strecke %1").arg(i + 1) : name;
+        const QString text = name.isEmpty() ? tr("Route %1").arg(i + 1) : name;
         layout.names.append(metrics.elidedText(text, Qt::ElideRight, widest));
         width = std::max(width, metrics.horizontalAdvance(layout.names.last()));
     }

@@ -383,7 +383,7 @@ void KRMainWindow::moveFocus(int step)
 void KRMainWindow::showAbout()
 {
     QMessageBox::about(this, tr("Über dieses Programm"),
-                       tr("<h3>Routen %1</h3><p>Zeigt, bearbeitet und druckt Strecken und Orte auf einer Landkarte.</p>"
+                       tr("<h3>Routen %1</h3><p>Zeigt, bearbeitet und druckt Routen und Orte auf einer Landkarte.</p>"
                           "<p>Karte: Made with Natural Earth.</p>")
                            .arg(QCoreApplication::applicationVersion().toHtmlEscaped()));
 }

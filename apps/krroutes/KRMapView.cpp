@@ -60,7 +60,7 @@ KRMapView::KRMapView(QWidget *parent) : QWidget(parent)
     setMinimumSize(120, 90);
     setAccessibleName(tr("Karte"));
     setAccessibleDescription(
-        tr("Pfeiltasten verschieben die Karte, Plus und Minus ändern den Maßstab, Pos1 zeigt alle Strecken."));
+        tr("Pfeiltasten verschieben die Karte, Plus und Minus ändern den Maßstab, Pos1 zeigt alle Routen."));
     m_viewport = m_viewport.resized(size(), devicePixelRatioF());
 
     connect(&m_tracksThread, &KRMapDrawingThread::pickerMade, this, &KRMapView::takePicker);

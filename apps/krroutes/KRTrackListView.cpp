@@ -207,7 +207,7 @@ void KRTrackListView::paintMissingNames()
             break;
         if (m_model->index(row, 0).data().toString().simplified().isEmpty())
             painter.drawText(rect.adjusted(nameIndentPx, 0, -nameIndentPx, 0), Qt::AlignVCenter,
-                             tr("Strecke %1").arg(row + 1));
+                             tr("Route %1").arg(row + 1));
     }
 }
 
@@ -216,7 +216,7 @@ void KRTrackListView::paintInvitation()
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
     painter.drawText(viewport()->rect().adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("Noch keine Routen. Öffne eine Datei oder ziehe sie hierher."));
+                     tr("Noch keine Routen. Dateien öffnen oder hierher ziehen."));
 }
 
 void KRTrackListView::keyPressEvent(QKeyEvent *event)

@@ -10,7 +10,7 @@ KRViewerOptions::KRViewerOptions(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        tr("Zeigt und bearbeitet Strecken und Orte auf einer Landkarte.\n"
+        tr("Zeigt und bearbeitet Routen und Orte auf einer Landkarte.\n"
            "Ein einzelnes Routendokument wird geöffnet; Routen aus anderen Dateien kommen hinzu."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, tr("Zeigt diese Hilfe."));
     const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")}, tr("Zeigt die Version."));
