@@ -323,9 +323,10 @@ void KRMapView::paintFurniture(QPainter *painter) const
     painter->save();
     painter->scale(1.0 / m_viewport.devicePixelRatio(), 1.0 / m_viewport.devicePixelRatio());
     KRMapFurniture::paintScaleBar(painter, size, m_viewport.projection(), factor);
-    KRMapFurniture::paintAttribution(painter, size, factor);
-    if (m_ground != nullptr)
+    if (m_ground != nullptr) {
+        KRMapFurniture::paintAttribution(painter, size, factor);
         KRMapFurniture::paintCredit(painter, size, m_ground->credit(), factor);
+    }
     painter->drawImage(m_legendCorner, m_legend);
     painter->restore();
 }
