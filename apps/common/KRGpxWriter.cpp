@@ -57,8 +57,8 @@ void KRGpxWriter::writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track)
 void KRGpxWriter::writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
 {
     xml.writeStartElement(QStringLiteral("trkseg"));
-    const QList<KRGPXTrackPoint> points = segment.trackPoints();
-    for (const KRGPXTrackPoint &point : points) {
+    for (int i = 0; i < segment.count(); ++i) {
+        const KRGPXTrackPoint point = segment.trackPoint(i);
         const KRGeoPosition position = point.position();
         if (!KRExchangeText::isExchangeable(position))
             continue;

@@ -27,8 +27,9 @@ bool keepPoints(const KRGPXTrack &track, QDomElement &element)
     for (int i = 0; i < segments.size(); ++i) {
         // The comma text drops null points: they do not count.
         int number = -1;
-        const QList<KRGPXTrackPoint> points = segments.at(i).trackPoints();
-        for (const KRGPXTrackPoint &point : points) {
+        const KRGPXTrackSegment &segment = segments.at(i);
+        for (int k = 0; k < segment.count(); ++k) {
+            const KRGPXTrackPoint point = segment.trackPoint(k);
             if (point.isNull())
                 continue;
             ++number;
@@ -65,12 +66,12 @@ QDateTime restoredTime(const QDateTime &time)
 KRGPXTrackSegment restoredSegment(const KRGPXTrackSegment &segment, int number, const PointTexts &texts)
 {
     KRGPXTrackSegment restored;
-    const QList<KRGPXTrackPoint> points = segment.trackPoints();
-    for (int i = 0; i < points.size(); ++i) {
-        const KRGPXTrackPoint &point = points.at(i);
+    for (int i = 0; i < segment.count(); ++i) {
+        const KRGPXTrackPoint point = segment.trackPoint(i);
         restored.append(point.position().latitude().decimalDegrees(), point.position().longitude().decimalDegrees(),
                         point.elevation(), restoredTime(point.timeStamp()), texts.value({number, i}));
     }
+    restored.squeeze();
     return restored;
 }
 
