@@ -206,32 +206,30 @@ void KRMapDrawingThread::drawAboveTracks(const Task &task)
     emit tracksDrawn({picture, image});
 }
 
+// Within the window only, so that no name is cut by its edge and those along the edges of the map are seen.
 void KRMapDrawingThread::paintNames(QPainter *painter, const Task &task)
 {
-    const KRMapViewport picture = pictureOf(task);
-    const KRMapProjection projection = picture.projection();
-    const QSize size = picture.deviceSize();
-    const double factor = picture.devicePixelRatio();
+    const KRMapProjection projection = task.window.projection();
+    const QSize size = task.window.deviceSize();
+    const double factor = task.window.devicePixelRatio();
 
-    // The window's own furniture, where it lies in the picture.
-    const KRMapProjection inWindow = task.window.projection();
-    const QSize windowSize = task.window.deviceSize();
-    const QPointF corner = picture.rectOf(task.window).topLeft() * factor;
-    QVector<QRectF> taken{
-        KRMapFurniture::scaleBarBox(windowSize, inWindow, furnitureFactor * factor).translated(corner),
-        KRMapFurniture::attributionBox(windowSize, furnitureFactor * factor).translated(corner)};
+    QVector<QRectF> taken{KRMapFurniture::scaleBarBox(size, projection, furnitureFactor * factor),
+                          KRMapFurniture::attributionBox(size, furnitureFactor * factor)};
     if (task.hasLegend)
-        taken << KRMapLegend::box(task.selection, inWindow, windowSize, factor).translated(corner);
-
+        taken << KRMapLegend::box(task.selection, projection, size, factor);
     KRMapLabelBoard labels(QRectF(), 0.0);
     if (task.hasLabels)
-        labels = KRTrackLabels::arranged(m_picker.visibleIn(picture), projection, size, factor, taken);
+        labels = KRTrackLabels::arranged(m_picker.visibleIn(task.window), projection, size, factor, taken);
     for (const KRMapLabel &label : labels.labels())
         taken << label.box();
+
+    painter->save();
+    painter->translate((pictureOf(task).rectOf(task.window).topLeft() * factor).toPoint());
     const QMutexLocker locker(&m_groundMutex);
     if (m_ground != nullptr && !isCropped(task))
         m_ground->paintNames(painter, size, projection, factor, taken);
     labels.paint(painter);
+    painter->restore();
 }
 
 void KRMapDrawingThread::drawLegend(const Task &task)
