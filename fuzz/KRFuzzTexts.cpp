@@ -39,7 +39,8 @@ QString brokenByCoordinate(const Coordinate &coordinate, const Coordinate &safe)
         return broken;
     if (safe.isValid() && std::abs(safe.decimalDegrees()) > Coordinate::highestDegrees)
         return QStringLiteral("A coordinate that is brought into range lies there.");
-    if (!coordinate.isValid())
+    // Intended: a letter for the shorter way round the globe, with the plain number behind it.
+    if (!coordinate.isInValidRange())
         return QString();
     return Coordinate::parse(coordinate.toString(false)) == coordinate && !coordinate.toString(true).isEmpty()
                ? QString()

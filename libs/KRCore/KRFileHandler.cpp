@@ -9,7 +9,11 @@
 #include <QSaveFile>
 #include <QTextStream>
 
+#include <algorithm>
+
 namespace {
+
+constexpr qint64 bytesPerFurtherRead = 1 << 16;
 
 QString tooLarge(qint64 maximumSize)
 {
@@ -52,8 +56,15 @@ QByteArray KRFileHandler::readAll(const QFileInfo &file, KRErrorHistory *history
     if (!openForReading(source, history, maximumSize))
         return QByteArray();
 
-    // One byte more than allowed: the file may have grown since its size was asked for.
-    QByteArray bytes = source.read(maximumSize + 1);
+    // Up to one byte more than allowed, as the file may have grown since its size was asked for; but room for no more
+    // than there seems to be, for QIODevice takes it before it reads.
+    QByteArray bytes;
+    for (qint64 expected = source.size(); bytes.size() <= maximumSize; expected = bytesPerFurtherRead) {
+        const QByteArray piece = source.read(std::min(expected, maximumSize - bytes.size()) + 1);
+        if (piece.isEmpty())
+            break;
+        bytes += piece;
+    }
     if (source.error() != QFileDevice::NoError) {
         KRErrorHistory::report(history, file.filePath(), source.errorString());
         return QByteArray();
