@@ -1,6 +1,7 @@
 #include <KRCore/KRConcurrent.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtConcurrentRun>
 #include <QtTest>
@@ -65,39 +66,29 @@ class tst_KRConcurrent : public QObject
     Q_OBJECT
 
 private slots:
-    void mayUsePool_data();
     void mayUsePool();
     void busyPoolIsLeftAlone();
-    void resultsKeepTheOrderOfTheItems_data();
     void resultsKeepTheOrderOfTheItems();
     void everyItemIsVisitedOnce();
-    void jobsOfThePoolFinish_data();
     void jobsOfThePoolFinish();
 };
 
-void tst_KRConcurrent::mayUsePool_data()
-{
-    QTest::addColumn<int>("poolSize");
-    QTest::addColumn<int>("busy");
-    QTest::addColumn<bool>("expectedElsewhere");
-    const int limit = KRConcurrent::maxRunningThreads;
-    QTest::newRow("idle pool") << limit + 2 << 0 << true;
-    QTest::newRow("one below the limit") << limit + 2 << limit - 1 << true;
-    QTest::newRow("at the limit") << limit + 2 << limit << false;
-    QTest::newRow("small pool with one thread left") << 2 << 1 << true;
-    QTest::newRow("small pool, all busy") << 2 << 2 << false;
-}
-
 void tst_KRConcurrent::mayUsePool()
 {
-    QFETCH(int, poolSize);
-    QFETCH(int, busy);
-    const PoolSize size(poolSize);
-    const BusyThreads busyThreads(busy);
-    bool elsewhere = false;
-    runInForeignThread([&] { elsewhere = KRConcurrent::mayUsePool(); });
-    QTEST(elsewhere, "expectedElsewhere");
-    QVERIFY(KRConcurrent::mayUsePool());
+    const int limit = KRConcurrent::maxRunningThreads;
+    const KRTestTable<int, int, bool> table{
+        {"idle pool", limit + 2, 0, true},         {"one below the limit", limit + 2, limit - 1, true},
+        {"at the limit", limit + 2, limit, false}, {"small pool with one thread left", 2, 1, true},
+        {"small pool, all busy", 2, 2, false},
+    };
+    table.forEach([](int poolSize, int busy, bool expectedElsewhere) {
+        const PoolSize size(poolSize);
+        const BusyThreads busyThreads(busy);
+        bool elsewhere = false;
+        runInForeignThread([&] { elsewhere = KRConcurrent::mayUsePool(); });
+        QCOMPARE(elsewhere, expectedElsewhere);
+        QVERIFY(KRConcurrent::mayUsePool());
+    });
 }
 
 void tst_KRConcurrent::busyPoolIsLeftAlone()
@@ -119,28 +110,26 @@ void tst_KRConcurrent::busyPoolIsLeftAlone()
     QCOMPARE(squares.last(), 361);
 }
 
-void tst_KRConcurrent::resultsKeepTheOrderOfTheItems_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::newRow("nothing to do") << 0;
-    QTest::newRow("one item") << 1;
-    QTest::newRow("many items") << 500;
-}
-
 void tst_KRConcurrent::resultsKeepTheOrderOfTheItems()
 {
-    QFETCH(int, count);
-    const QList<int> numbers = firstNumbers(count);
-    // The first items take longest, so that results come in against their order.
-    const std::function<QList<int>(const int &)> slowAtFirst = [](const int &number) {
-        if (number < 4)
-            QThread::msleep(10);
-        return QList<int>{number, -number};
+    const KRTestTable<int> table{
+        {"nothing to do", 0},
+        {"one item", 1},
+        {"many items", 500},
     };
-    QList<QList<int>> expected;
-    for (const int number : numbers)
-        expected.append({number, -number});
-    QCOMPARE(KRConcurrent::blockingMapped(numbers, slowAtFirst), expected);
+    table.forEach([](int count) {
+        const QList<int> numbers = firstNumbers(count);
+        // The first items take longest, so that results come in against their order.
+        const std::function<QList<int>(const int &)> slowAtFirst = [](const int &number) {
+            if (number < 4)
+                QThread::msleep(10);
+            return QList<int>{number, -number};
+        };
+        QList<QList<int>> expected;
+        for (const int number : numbers)
+            expected.append({number, -number});
+        QCOMPARE(KRConcurrent::blockingMapped(numbers, slowAtFirst), expected);
+    });
 }
 
 void tst_KRConcurrent::everyItemIsVisitedOnce()
@@ -150,30 +139,28 @@ void tst_KRConcurrent::everyItemIsVisitedOnce()
     QVERIFY(std::all_of(visits.cbegin(), visits.cend(), [](const std::atomic<int> &count) { return count == 1; }));
 }
 
-void tst_KRConcurrent::jobsOfThePoolFinish_data()
-{
-    QTest::addColumn<int>("poolSize");
-    QTest::newRow("one thread") << 1;
-    QTest::newRow("two threads") << 2;
-    QTest::newRow("eight threads") << 8;
-}
-
 void tst_KRConcurrent::jobsOfThePoolFinish()
 {
-    QFETCH(int, poolSize);
-    const PoolSize size(poolSize);
-    std::atomic<int> sum{0};
-    QList<QFuture<void>> jobs;
-    for (int job = 0; job < 100; ++job) {
-        jobs.append(QtConcurrent::run([&sum] {
-            const QList<int> numbers =
-                KRConcurrent::blockingMapped(firstNumbers(4), [](const int &number) { return number; });
-            sum += std::accumulate(numbers.cbegin(), numbers.cend(), 0);
-        }));
-    }
-    for (QFuture<void> &job : jobs)
-        job.waitForFinished();
-    QCOMPARE(sum.load(), 600);
+    const KRTestTable<int> table{
+        {"one thread", 1},
+        {"two threads", 2},
+        {"eight threads", 8},
+    };
+    table.forEach([](int poolSize) {
+        const PoolSize size(poolSize);
+        std::atomic<int> sum{0};
+        QList<QFuture<void>> jobs;
+        for (int job = 0; job < 100; ++job) {
+            jobs.append(QtConcurrent::run([&sum] {
+                const QList<int> numbers =
+                    KRConcurrent::blockingMapped(firstNumbers(4), [](const int &number) { return number; });
+                sum += std::accumulate(numbers.cbegin(), numbers.cend(), 0);
+            }));
+        }
+        for (QFuture<void> &job : jobs)
+            job.waitForFinished();
+        QCOMPARE(sum.load(), 600);
+    });
 }
 
 static const KRTestRegistration<tst_KRConcurrent> registration;

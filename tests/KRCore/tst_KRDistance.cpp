@@ -2,6 +2,7 @@
 #include <KRCore/KRDistanceUnit.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -10,29 +11,21 @@ class tst_KRDistance : public QObject
     Q_OBJECT
 
 private slots:
-    void describe_data();
     void describe();
     void nullIsExact();
 };
 
-void tst_KRDistance::describe_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<int>("precision");
-    QTest::addColumn<bool>("withUnit");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("whole") << 10.0 << 0 << true << QStringLiteral("10 px");
-    QTest::newRow("decimals are kept") << 10.0 << 2 << true << QStringLiteral("10.00 px");
-    QTest::newRow("rounded") << 7.77 << 1 << false << QStringLiteral("7.8");
-    QTest::newRow("no exponent") << 2500000.0 << 0 << false << QStringLiteral("2500000");
-}
-
 void tst_KRDistance::describe()
 {
-    QFETCH(double, value);
-    QFETCH(int, precision);
-    QFETCH(bool, withUnit);
-    QTEST(KRDistance(value).describe(KRDistanceUnit::pixel(), precision, withUnit), "expected");
+    const KRTestTable<double, int, bool, QString> table{
+        {"whole", 10.0, 0, true, QStringLiteral("10 px")},
+        {"decimals are kept", 10.0, 2, true, QStringLiteral("10.00 px")},
+        {"rounded", 7.77, 1, false, QStringLiteral("7.8")},
+        {"no exponent", 2500000.0, 0, false, QStringLiteral("2500000")},
+    };
+    table.forEach([](double value, int precision, bool withUnit, const QString &expected) {
+        QCOMPARE(KRDistance(value).describe(KRDistanceUnit::pixel(), precision, withUnit), expected);
+    });
 }
 
 void tst_KRDistance::nullIsExact()

@@ -1,6 +1,7 @@
 #include <KRCore/KREnumWrapper.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtConcurrent>
 #include <QtTest>
@@ -39,17 +40,13 @@ std::atomic_int Layer::fillings = 0;
 
 } // namespace
 
-Q_DECLARE_METATYPE(LayerEnum)
-
 class tst_KREnumWrapper : public QObject
 {
     Q_OBJECT
 
 private slots:
     void fillsItsTableOnceForAllThreads();
-    void decode_data();
     void decode();
-    void encode_data();
     void encode();
     void bits();
     void orderIsThatOfSignedNumbers();
@@ -64,43 +61,34 @@ void tst_KREnumWrapper::fillsItsTableOnceForAllThreads()
     QCOMPARE(Layer::fillings.load(), 1);
 }
 
-void tst_KREnumWrapper::decode_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<LayerEnum>("expected");
-    QTest::newRow("one key") << QStringLiteral("river") << RiverLayer;
-    QTest::newRow("several keys are joined") << QStringLiteral("river,road") << LayerEnum(3);
-    QTest::newRow("the same key twice") << QStringLiteral("road,road") << RoadLayer;
-    QTest::newRow("unknown keys count as 0") << QStringLiteral("lake,road") << RoadLayer;
-    QTest::newRow("case matters") << QStringLiteral("Road") << NoLayer;
-    QTest::newRow("blanks are not trimmed") << QStringLiteral("river, road") << RiverLayer;
-    QTest::newRow("empty parts") << QStringLiteral(",,road,") << RoadLayer;
-    QTest::newRow("numbers are no keys") << QStringLiteral("1") << NoLayer;
-    QTest::newRow("empty") << QString() << NoLayer;
-}
-
 void tst_KREnumWrapper::decode()
 {
-    QFETCH(QString, text);
-    QTEST(Layer(text).value(), "expected");
-}
-
-void tst_KREnumWrapper::encode_data()
-{
-    QTest::addColumn<LayerEnum>("value");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("in the order of registration")
-        << LayerEnum(11) << QStringList{QStringLiteral("city"), QStringLiteral("road"), QStringLiteral("river")};
-    QTest::newRow("a bit without key is left out") << LayerEnum(5) << QStringList{QStringLiteral("road")};
-    QTest::newRow("the key of 0 is never written") << NoLayer << QStringList();
+    const KRTestTable<QString, LayerEnum> table{
+        {"one key", QStringLiteral("river"), RiverLayer},
+        {"several keys are joined", QStringLiteral("river,road"), LayerEnum(3)},
+        {"the same key twice", QStringLiteral("road,road"), RoadLayer},
+        {"unknown keys count as 0", QStringLiteral("lake,road"), RoadLayer},
+        {"case matters", QStringLiteral("Road"), NoLayer},
+        {"blanks are not trimmed", QStringLiteral("river, road"), RiverLayer},
+        {"empty parts", QStringLiteral(",,road,"), RoadLayer},
+        {"numbers are no keys", QStringLiteral("1"), NoLayer},
+        {"empty", {}, NoLayer},
+    };
+    table.forEach([](const QString &text, LayerEnum expected) { QCOMPARE(Layer(text).value(), expected); });
 }
 
 void tst_KREnumWrapper::encode()
 {
-    QFETCH(LayerEnum, value);
-    QFETCH(QStringList, expected);
-    QCOMPARE(Layer().enumToStringTable().encodeAsList(value), expected);
-    QCOMPARE(Layer(value).keys(), expected.join(QLatin1Char(',')));
+    const KRTestTable<LayerEnum, QStringList> table{
+        {"in the order of registration", LayerEnum(11),
+         QStringList{QStringLiteral("city"), QStringLiteral("road"), QStringLiteral("river")}},
+        {"a bit without key is left out", LayerEnum(5), QStringList{QStringLiteral("road")}},
+        {"the key of 0 is never written", NoLayer, {}},
+    };
+    table.forEach([](LayerEnum value, const QStringList &expected) {
+        QCOMPARE(Layer().enumToStringTable().encodeAsList(value), expected);
+        QCOMPARE(Layer(value).keys(), expected.join(QLatin1Char(',')));
+    });
 }
 
 void tst_KREnumWrapper::bits()

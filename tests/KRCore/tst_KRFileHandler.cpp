@@ -3,6 +3,7 @@
 #include <KRCore/KRXMLGuard.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -19,9 +20,7 @@ private slots:
     void initTestCase();
     void cleanupTestCase();
 
-    void readsLines_data();
     void readsLines();
-    void refusesText_data();
     void refusesText();
     void refusesWhatIsNoFile();
     void writesIntoPipes();
@@ -51,53 +50,44 @@ QFileInfo tst_KRFileHandler::written(const QByteArray &content) const
     return QFileInfo(file);
 }
 
-void tst_KRFileHandler::readsLines_data()
-{
-    const QString umlaut = QStringLiteral("ü");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("nothing") << QByteArray() << QStringList();
-    QTest::newRow("end of the last line missing")
-        << QByteArray("\xC3\xBC\nb") << QStringList{umlaut, QStringLiteral("b")};
-    QTest::newRow("carriage returns") << QByteArray("\xC3\xBC\r\n\r\n") << QStringList{umlaut, QString()};
-    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF\xC3\xBC") << QStringList{umlaut};
-    QTest::newRow("UTF-16, low byte first")
-        << QByteArray("\xFF\xFE\xFC\0\n\0a\0", 8) << QStringList{umlaut, QStringLiteral("a")};
-    QTest::newRow("declared Latin-1 stays UTF-8")
-        << QByteArray("<?xml encoding='ISO-8859-1'?>\n\xC3\xBC")
-        << QStringList{QStringLiteral("<?xml encoding='ISO-8859-1'?>"), umlaut};
-    QTest::newRow("no UTF-8") << QByteArray("a\xFC"
-                                            "b")
-                              << QStringList{QStringLiteral("a\uFFFDb")};
-    QTest::newRow("umlaut across the pieces that are read")
-        << QByteArray(16383, 'x') + "\xC3\xBC" << QStringList{QString(16383, QLatin1Char('x')) + umlaut};
-}
-
 void tst_KRFileHandler::readsLines()
 {
-    QFETCH(QByteArray, content);
-    KRErrorHistory history;
-    QTEST(KRFileHandler::readTextFile(written(content), &history), "expected");
-    QVERIFY(history.isEmpty());
-}
-
-void tst_KRFileHandler::refusesText_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("isAccepted");
-    QTest::newRow("as long as allowed") << QByteArray(KRXMLGuard::maximumBytes, 'x') << true;
-    QTest::newRow("longer") << QByteArray(KRXMLGuard::maximumBytes + 1, 'x') << false;
-    QTest::newRow("as many lines as allowed") << QByteArray(KRFileHandler::maximumLines, '\n') << true;
-    QTest::newRow("one line more") << QByteArray(KRFileHandler::maximumLines, '\n') + 'x' << false;
+    const QString umlaut = QStringLiteral("ü");
+    const KRTestTable<QByteArray, QStringList> table{
+        {"nothing", {}, {}},
+        {"end of the last line missing", "\xC3\xBC\nb", QStringList{umlaut, QStringLiteral("b")}},
+        {"carriage returns", "\xC3\xBC\r\n\r\n", QStringList{umlaut, QString()}},
+        {"byte order mark", "\xEF\xBB\xBF\xC3\xBC", QStringList{umlaut}},
+        {"UTF-16, low byte first", QByteArray("\xFF\xFE\xFC\0\n\0a\0", 8), QStringList{umlaut, QStringLiteral("a")}},
+        {"declared Latin-1 stays UTF-8", "<?xml encoding='ISO-8859-1'?>\n\xC3\xBC",
+         QStringList{QStringLiteral("<?xml encoding='ISO-8859-1'?>"), umlaut}},
+        {"no UTF-8",
+         "a\xFC"
+         "b",
+         QStringList{QStringLiteral("a\uFFFDb")}},
+        {"umlaut across the pieces that are read", QByteArray(16383, 'x') + "\xC3\xBC",
+         QStringList{QString(16383, QLatin1Char('x')) + umlaut}},
+    };
+    table.forEach([&](const QByteArray &content, const QStringList &expected) {
+        KRErrorHistory history;
+        QCOMPARE(KRFileHandler::readTextFile(written(content), &history), expected);
+        QVERIFY(history.isEmpty());
+    });
 }
 
 void tst_KRFileHandler::refusesText()
 {
-    QFETCH(QByteArray, content);
-    QFETCH(bool, isAccepted);
-    KRErrorHistory history;
-    QCOMPARE(!KRFileHandler::readTextFile(written(content), &history).isEmpty(), isAccepted);
-    QCOMPARE(history.entries().size(), isAccepted ? 0 : 1);
+    const KRTestTable<QByteArray, bool> table{
+        {"as long as allowed", QByteArray(KRXMLGuard::maximumBytes, 'x'), true},
+        {"longer", QByteArray(KRXMLGuard::maximumBytes + 1, 'x'), false},
+        {"as many lines as allowed", QByteArray(KRFileHandler::maximumLines, '\n'), true},
+        {"one line more", QByteArray(KRFileHandler::maximumLines, '\n') + 'x', false},
+    };
+    table.forEach([&](const QByteArray &content, bool isAccepted) {
+        KRErrorHistory history;
+        QCOMPARE(!KRFileHandler::readTextFile(written(content), &history).isEmpty(), isAccepted);
+        QCOMPARE(history.entries().size(), isAccepted ? 0 : 1);
+    });
 }
 
 void tst_KRFileHandler::refusesWhatIsNoFile()

@@ -1,6 +1,7 @@
 #include <KRCore/KRIntRange.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QImage>
 #include <QThread>
@@ -14,50 +15,44 @@ class tst_KRIntRange : public QObject
     Q_OBJECT
 
 private slots:
-    void splitEvenlyForCpuCores_data();
     void splitEvenlyForCpuCores();
     void rowsAndColumns();
     void emptyRange();
 };
 
-void tst_KRIntRange::splitEvenlyForCpuCores_data()
+void tst_KRIntRange::splitEvenlyForCpuCores()
 {
     constexpr int lowest = std::numeric_limits<int>::min();
     constexpr int highest = std::numeric_limits<int>::max();
     const int cores = QThread::idealThreadCount();
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<int>("expectedParts");
-    QTest::newRow("nothing") << 0 << -1 << 0;
-    QTest::newRow("far from anything") << 10 << -10 << 0;
-    QTest::newRow("one index") << 7 << 7 << 1;
-    QTest::newRow("as many as cores") << 0 << cores - 1 << cores;
-    QTest::newRow("one more than cores") << 0 << cores << cores;
-    QTest::newRow("not from 0") << -500 << 501 << cores;
-    QTest::newRow("every int") << lowest << highest << cores;
-}
-
-void tst_KRIntRange::splitEvenlyForCpuCores()
-{
-    QFETCH(int, minimum);
-    QFETCH(int, maximum);
-    const QList<KRIntRange> parts = KRIntRange(minimum, maximum).splitEvenlyForCpuCores();
-    QTEST(parts.size(), "expectedParts");
-    qint64 next = minimum;
-    qint64 smallest = std::numeric_limits<qint64>::max();
-    qint64 largest = 0;
-    for (const KRIntRange &part : parts) {
-        QCOMPARE(qint64(part.minimum()), next);
-        const qint64 size = qint64(part.maximum()) - part.minimum() + 1;
-        smallest = std::min(smallest, size);
-        largest = std::max(largest, size);
-        next += size;
-    }
-    if (!parts.isEmpty()) {
-        QCOMPARE(next, qint64(maximum) + 1);
-        QVERIFY(smallest >= 1);
-        QVERIFY(largest - smallest <= 1);
-    }
+    const KRTestTable<int, int, int> table{
+        {"nothing", 0, -1, 0},
+        {"far from anything", 10, -10, 0},
+        {"one index", 7, 7, 1},
+        {"as many as cores", 0, cores - 1, cores},
+        {"one more than cores", 0, cores, cores},
+        {"not from 0", -500, 501, cores},
+        {"every int", lowest, highest, cores},
+    };
+    table.forEach([](int minimum, int maximum, int expectedParts) {
+        const QList<KRIntRange> parts = KRIntRange(minimum, maximum).splitEvenlyForCpuCores();
+        QCOMPARE(parts.size(), expectedParts);
+        qint64 next = minimum;
+        qint64 smallest = std::numeric_limits<qint64>::max();
+        qint64 largest = 0;
+        for (const KRIntRange &part : parts) {
+            QCOMPARE(qint64(part.minimum()), next);
+            const qint64 size = qint64(part.maximum()) - part.minimum() + 1;
+            smallest = std::min(smallest, size);
+            largest = std::max(largest, size);
+            next += size;
+        }
+        if (!parts.isEmpty()) {
+            QCOMPARE(next, qint64(maximum) + 1);
+            QVERIFY(smallest >= 1);
+            QVERIFY(largest - smallest <= 1);
+        }
+    });
 }
 
 void tst_KRIntRange::rowsAndColumns()

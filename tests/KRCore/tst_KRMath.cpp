@@ -1,6 +1,7 @@
 #include <KRCore/KRMath.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -11,32 +12,22 @@ class tst_KRMath : public QObject
     Q_OBJECT
 
 private slots:
-    void toInt_data();
     void toInt();
     void epsilonEqual();
 };
 
-void tst_KRMath::toInt_data()
+void tst_KRMath::toInt()
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr int highest = std::numeric_limits<int>::max();
     constexpr int lowest = std::numeric_limits<int>::min();
-    QTest::addColumn<double>("value");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("positive fractions are cut") << 10.9 << 10;
-    QTest::newRow("negative fractions are cut toward zero") << -0.7 << 0;
-    QTest::newRow("largest int") << 2147483647.0 << highest;
-    QTest::newRow("one past the largest int") << 2147483648.0 << highest;
-    QTest::newRow("smallest int") << -2147483648.0 << lowest;
-    QTest::newRow("huge") << 1e300 << highest;
-    QTest::newRow("minus infinity") << -infinity << lowest;
-    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 0;
-}
-
-void tst_KRMath::toInt()
-{
-    QFETCH(double, value);
-    QTEST(KRMath::toInt(value), "expected");
+    const KRTestTable<double, int> table{
+        {"positive fractions are cut", 10.9, 10}, {"negative fractions are cut toward zero", -0.7, 0},
+        {"largest int", 2147483647.0, highest},   {"one past the largest int", 2147483648.0, highest},
+        {"smallest int", -2147483648.0, lowest},  {"huge", 1e300, highest},
+        {"minus infinity", -infinity, lowest},    {"not a number", std::numeric_limits<double>::quiet_NaN(), 0},
+    };
+    table.forEach([](double value, int expected) { QCOMPARE(KRMath::toInt(value), expected); });
 }
 
 void tst_KRMath::epsilonEqual()

@@ -1,6 +1,7 @@
 #include <KRCore/KRPenStyle.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDomDocument>
 #include <QPen>
@@ -11,32 +12,28 @@ class tst_KRPenStyle : public QObject
     Q_OBJECT
 
 private slots:
-    void fromXml_data();
     void fromXml();
     void roundTrip();
     void modifyPenKeepsTheRest();
 };
 
-void tst_KRPenStyle::fromXml_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("dashes") << QByteArray("<c><penStyle>2</penStyle></c>") << int(Qt::DashLine);
-    QTest::newRow("no line") << QByteArray("<c><penStyle>0</penStyle></c>") << int(Qt::NoPen);
-    QTest::newRow("missing") << QByteArray("<c/>") << int(Qt::SolidLine);
-    QTest::newRow("empty") << QByteArray("<c><penStyle/></c>") << int(Qt::SolidLine);
-    QTest::newRow("no number") << QByteArray("<c><penStyle>dash</penStyle></c>") << int(Qt::SolidLine);
-    QTest::newRow("negative") << QByteArray("<c><penStyle>-1</penStyle></c>") << int(Qt::SolidLine);
-    QTest::newRow("custom dashes need a pattern") << QByteArray("<c><penStyle>6</penStyle></c>") << int(Qt::SolidLine);
-    QTest::newRow("huge") << QByteArray("<c><penStyle>99999999999</penStyle></c>") << int(Qt::SolidLine);
-}
-
 void tst_KRPenStyle::fromXml()
 {
-    QFETCH(QByteArray, xml);
-    QDomDocument document;
-    QVERIFY(document.setContent(xml));
-    QTEST(KRPenStyle::fromXml(document.documentElement()).number(), "expected");
+    const KRTestTable<QByteArray, int> table{
+        {"dashes", "<c><penStyle>2</penStyle></c>", int(Qt::DashLine)},
+        {"no line", "<c><penStyle>0</penStyle></c>", int(Qt::NoPen)},
+        {"missing", "<c/>", int(Qt::SolidLine)},
+        {"empty", "<c><penStyle/></c>", int(Qt::SolidLine)},
+        {"no number", "<c><penStyle>dash</penStyle></c>", int(Qt::SolidLine)},
+        {"negative", "<c><penStyle>-1</penStyle></c>", int(Qt::SolidLine)},
+        {"custom dashes need a pattern", "<c><penStyle>6</penStyle></c>", int(Qt::SolidLine)},
+        {"huge", "<c><penStyle>99999999999</penStyle></c>", int(Qt::SolidLine)},
+    };
+    table.forEach([](const QByteArray &xml, int expected) {
+        QDomDocument document;
+        QVERIFY(document.setContent(xml));
+        QCOMPARE(KRPenStyle::fromXml(document.documentElement()).number(), expected);
+    });
 }
 
 void tst_KRPenStyle::roundTrip()

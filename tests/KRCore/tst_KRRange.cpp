@@ -1,10 +1,9 @@
 #include <KRCore/KRRange.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
-
-Q_DECLARE_METATYPE(KRRange<int>)
 
 namespace {
 
@@ -34,10 +33,8 @@ class tst_KRRange : public QObject
 
 private slots:
     void expandTo();
-    void overlaps_data();
     void overlaps();
     void derivedRuleForOneValueAppliesToRanges();
-    void order_data();
     void order();
     void validity();
     void center();
@@ -59,28 +56,22 @@ void tst_KRRange::expandTo()
     QVERIFY(range != IntRange(-3, 8));
 }
 
-void tst_KRRange::overlaps_data()
-{
-    QTest::addColumn<IntRange>("range");
-    QTest::addColumn<IntRange>("other");
-    QTest::addColumn<bool>("contains");
-    QTest::addColumn<bool>("intersects");
-    QTest::newRow("same") << IntRange(1, 5) << IntRange(1, 5) << true << true;
-    QTest::newRow("inside") << IntRange(1, 5) << IntRange(2, 3) << true << true;
-    QTest::newRow("around") << IntRange(2, 3) << IntRange(1, 5) << false << true;
-    QTest::newRow("over the upper end") << IntRange(1, 5) << IntRange(4, 8) << false << true;
-    QTest::newRow("over the lower end") << IntRange(4, 8) << IntRange(1, 5) << false << true;
-    QTest::newRow("common end") << IntRange(1, 5) << IntRange(5, 8) << false << true;
-    QTest::newRow("apart") << IntRange(1, 5) << IntRange(6, 8) << false << false;
-}
-
 void tst_KRRange::overlaps()
 {
-    QFETCH(IntRange, range);
-    QFETCH(IntRange, other);
-    QTEST(range.contains(other), "contains");
-    QTEST(range.intersects(other), "intersects");
-    QTEST(other.intersects(range), "intersects");
+    const KRTestTable<IntRange, IntRange, bool, bool> table{
+        {"same", IntRange(1, 5), IntRange(1, 5), true, true},
+        {"inside", IntRange(1, 5), IntRange(2, 3), true, true},
+        {"around", IntRange(2, 3), IntRange(1, 5), false, true},
+        {"over the upper end", IntRange(1, 5), IntRange(4, 8), false, true},
+        {"over the lower end", IntRange(4, 8), IntRange(1, 5), false, true},
+        {"common end", IntRange(1, 5), IntRange(5, 8), false, true},
+        {"apart", IntRange(1, 5), IntRange(6, 8), false, false},
+    };
+    table.forEach([](const IntRange &range, const IntRange &other, bool contains, bool intersects) {
+        QCOMPARE(range.contains(other), contains);
+        QCOMPARE(range.intersects(other), intersects);
+        QCOMPARE(other.intersects(range), intersects);
+    });
 }
 
 void tst_KRRange::derivedRuleForOneValueAppliesToRanges()
@@ -92,25 +83,18 @@ void tst_KRRange::derivedRuleForOneValueAppliesToRanges()
     QVERIFY(!odd.intersects(IntRange(4, 6)));
 }
 
-void tst_KRRange::order_data()
-{
-    QTest::addColumn<IntRange>("range");
-    QTest::addColumn<IntRange>("other");
-    QTest::addColumn<bool>("isLess");
-    QTest::newRow("upper ends decide") << IntRange(0, 10) << IntRange(0, 20) << true;
-    QTest::newRow("lower ends decide") << IntRange(0, 20) << IntRange(5, 6) << true;
-    QTest::newRow("greater") << IntRange(5, 6) << IntRange(0, 20) << false;
-    QTest::newRow("same") << IntRange(5, 6) << IntRange(5, 6) << false;
-    QTest::newRow("valid before invalid") << IntRange(5, 6) << IntRange(2, 1) << true;
-    QTest::newRow("invalid is never less") << IntRange(2, 1) << IntRange(5, 6) << false;
-    QTest::newRow("not even than invalid") << IntRange(2, 1) << IntRange(9, 8) << false;
-}
-
 void tst_KRRange::order()
 {
-    QFETCH(IntRange, range);
-    QFETCH(IntRange, other);
-    QTEST(range < other, "isLess");
+    const KRTestTable<IntRange, IntRange, bool> table{
+        {"upper ends decide", IntRange(0, 10), IntRange(0, 20), true},
+        {"lower ends decide", IntRange(0, 20), IntRange(5, 6), true},
+        {"greater", IntRange(5, 6), IntRange(0, 20), false},
+        {"same", IntRange(5, 6), IntRange(5, 6), false},
+        {"valid before invalid", IntRange(5, 6), IntRange(2, 1), true},
+        {"invalid is never less", IntRange(2, 1), IntRange(5, 6), false},
+        {"not even than invalid", IntRange(2, 1), IntRange(9, 8), false},
+    };
+    table.forEach([](const IntRange &range, const IntRange &other, bool isLess) { QCOMPARE(range < other, isLess); });
 }
 
 void tst_KRRange::validity()

@@ -3,6 +3,7 @@
 #include <KRCore/KRXMLLoader.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -24,9 +25,7 @@ class tst_KRXMLLoader : public QObject
     Q_OBJECT
 
 private slots:
-    void readsWhatIsWellFormed_data();
     void readsWhatIsWellFormed();
-    void refusesWithReason_data();
     void refusesWithReason();
     void decodedTextKeepsItsCharacters();
     void decodedTextIsGuarded();
@@ -34,62 +33,50 @@ private slots:
     void onlyRegularFiles();
 };
 
-void tst_KRXMLLoader::readsWhatIsWellFormed_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("text");
-    const QString umlaut = QStringLiteral("ü");
-    QTest::newRow("UTF-8") << QByteArray("<r>\xC3\xBC</r>") << umlaut;
-    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF<r>\xC3\xBC</r>") << umlaut;
-    QTest::newRow("declared Latin-1") << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xFC</r>")
-                                      << umlaut;
-    QTest::newRow("entity of its own") << QByteArray("<!DOCTYPE r [<!ENTITY e \"abc\">]><r>&e;</r>")
-                                       << QStringLiteral("abc");
-    const QString smile = QStringLiteral("\U0001F600");
-    QTest::newRow("references beyond U+FFFF")
-        << QByteArray("<r>&#x1F600;&#128512;&#xE4;</r>") << smile + smile + QStringLiteral("ä");
-    QTest::newRow("no references in CDATA")
-        << QByteArray("<r><![CDATA[&#x1F600;]]]>]&#x1F600;</r>") << QStringLiteral("&#x1F600;]]") + smile;
-    QTest::newRow("as deep as allowed") << nested(KRXMLGuard::maximumDepth) << QString();
-}
-
 void tst_KRXMLLoader::readsWhatIsWellFormed()
 {
-    QFETCH(QByteArray, xml);
-    KRErrorHistory history;
-    const QDomElement root = KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x"), &history);
-    QVERIFY(!root.isNull());
-    QTEST(root.text(), "text");
-    QVERIFY(history.isEmpty());
-}
-
-void tst_KRXMLLoader::refusesWithReason_data()
-{
-    const QByteArray flatEntity =
-        "<!DOCTYPE r [<!ENTITY e \"" + QByteArray(4000, 'x') + "\">]><r>" + QByteArray("&e;").repeated(20000) + "</r>";
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("empty") << QByteArray() << QStringLiteral("leer");
-    QTest::newRow("blanks only") << QByteArray(" \n ") << QStringLiteral("leer");
-    QTest::newRow("no XML at all") << QByteArray("PK\x03\x04 zip") << QStringLiteral("Kein lesbares XML");
-    QTest::newRow("unclosed element") << QByteArray("<r><a></r>") << QStringLiteral("Kein lesbares XML");
-    QTest::newRow("one level too deep") << nested(KRXMLGuard::maximumDepth + 1) << QStringLiteral("256");
-    QTest::newRow("hundred thousand levels") << nested(100000) << QStringLiteral("256");
-    QTest::newRow("one flat entity again and again") << flatEntity << QStringLiteral("Entitäten");
-    QTest::newRow("more nodes than allowed")
-        << QByteArray("<r>" + QByteArray("<a/>").repeated(KRXMLGuard::maximumNodes) + "</r>")
-        << QStringLiteral("Knoten");
+    const QString umlaut = QStringLiteral("ü");
+    const QString smile = QStringLiteral("\U0001F600");
+    const KRTestTable<QByteArray, QString> table{
+        {"UTF-8", "<r>\xC3\xBC</r>", umlaut},
+        {"byte order mark", "\xEF\xBB\xBF<r>\xC3\xBC</r>", umlaut},
+        {"declared Latin-1", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xFC</r>", umlaut},
+        {"entity of its own", "<!DOCTYPE r [<!ENTITY e \"abc\">]><r>&e;</r>", QStringLiteral("abc")},
+        {"references beyond U+FFFF", "<r>&#x1F600;&#128512;&#xE4;</r>", smile + smile + QStringLiteral("ä")},
+        {"no references in CDATA", "<r><![CDATA[&#x1F600;]]]>]&#x1F600;</r>", QStringLiteral("&#x1F600;]]") + smile},
+        {"as deep as allowed", nested(KRXMLGuard::maximumDepth), {}},
+    };
+    table.forEach([](const QByteArray &xml, const QString &text) {
+        KRErrorHistory history;
+        const QDomElement root = KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x"), &history);
+        QVERIFY(!root.isNull());
+        QCOMPARE(root.text(), text);
+        QVERIFY(history.isEmpty());
+    });
 }
 
 void tst_KRXMLLoader::refusesWithReason()
 {
-    QFETCH(QByteArray, xml);
-    QFETCH(QString, reason);
-    KRErrorHistory history;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("x\\.gpx.*: .+")));
-    QVERIFY(KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x.gpx"), &history).isNull());
-    QCOMPARE(history.entries().size(), 1);
-    QVERIFY2(history.entries().at(0).reason.contains(reason), qUtf8Printable(history.entries().at(0).reason));
+    const QByteArray flatEntity =
+        "<!DOCTYPE r [<!ENTITY e \"" + QByteArray(4000, 'x') + "\">]><r>" + QByteArray("&e;").repeated(20000) + "</r>";
+    const KRTestTable<QByteArray, QString> table{
+        {"empty", {}, QStringLiteral("leer")},
+        {"blanks only", " \n ", QStringLiteral("leer")},
+        {"no XML at all", "PK\x03\x04 zip", QStringLiteral("Kein lesbares XML")},
+        {"unclosed element", "<r><a></r>", QStringLiteral("Kein lesbares XML")},
+        {"one level too deep", nested(KRXMLGuard::maximumDepth + 1), QStringLiteral("256")},
+        {"hundred thousand levels", nested(100000), QStringLiteral("256")},
+        {"one flat entity again and again", flatEntity, QStringLiteral("Entitäten")},
+        {"more nodes than allowed", QByteArray("<r>" + QByteArray("<a/>").repeated(KRXMLGuard::maximumNodes) + "</r>"),
+         QStringLiteral("Knoten")},
+    };
+    table.forEach([](const QByteArray &xml, const QString &reason) {
+        KRErrorHistory history;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("x\\.gpx.*: .+")));
+        QVERIFY(KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x.gpx"), &history).isNull());
+        QCOMPARE(history.entries().size(), 1);
+        QVERIFY2(history.entries().at(0).reason.contains(reason), qUtf8Printable(history.entries().at(0).reason));
+    });
 }
 
 void tst_KRXMLLoader::decodedTextKeepsItsCharacters()

@@ -3,12 +3,11 @@
 
 #include "KRTestArchive.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
-
-Q_DECLARE_METATYPE(KRTestArchive::Entry)
 
 class tst_KRZIP : public QObject
 {
@@ -16,16 +15,13 @@ class tst_KRZIP : public QObject
 
 private slots:
     void initTestCase();
-    void init();
     void cleanupTestCase();
 
     void readsEntriesInTheOrderOfTheTable();
     void readsContent_data();
     void readsContent();
     void wideNumbers();
-    void refusesArchive_data();
     void refusesArchive();
-    void refusesEntry_data();
     void refusesEntry();
     void limitOfAnEntry();
     void looksAtSoManyEntriesOnly();
@@ -37,7 +33,7 @@ private slots:
     void closedArchiveHasNothing();
 
 private:
-    /// Puts the archive in place of the last one and opens it.
+    /// Puts the archive in place of the last one and opens it; what was reported before is forgotten.
     KRZIP opened(const QByteArray &archive);
 
     QTemporaryDir m_dir;
@@ -50,11 +46,6 @@ void tst_KRZIP::initTestCase()
     QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
 }
 
-void tst_KRZIP::init()
-{
-    m_history.clear();
-}
-
 void tst_KRZIP::cleanupTestCase()
 {
     QLoggingCategory::setFilterRules(QString());
@@ -62,6 +53,7 @@ void tst_KRZIP::cleanupTestCase()
 
 KRZIP tst_KRZIP::opened(const QByteArray &archive)
 {
+    m_history.clear();
     QFile file(m_dir.filePath(QStringLiteral("a.kmz")));
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(archive) == archive.size();
     file.close();
@@ -119,7 +111,7 @@ void tst_KRZIP::wideNumbers()
     QVERIFY(m_history.isEmpty());
 }
 
-void tst_KRZIP::refusesArchive_data()
+void tst_KRZIP::refusesArchive()
 {
     using Archive = KRTestArchive;
     const Archive::Entry a = Archive::stored("a", "aaaa");
@@ -148,40 +140,35 @@ void tst_KRZIP::refusesArchive_data()
     tooLongTable[tooLongTable.size() - 7] = 1; // the highest byte of its length
     QByteArray wideWithoutField = Archive::wideBytes({a});
     wideWithoutField[wideWithoutField.indexOf("PK\1\2") + 47] = 9; // the kind of the extra field
-
-    QTest::addColumn<QByteArray>("archive");
-    QTest::addColumn<QString>("reason");
     const QString noEnd = QStringLiteral("Ende fehlt");
     const QString badTable = QStringLiteral("Inhaltsverzeichnis des Archivs ist beschädigt");
     const QString overlap = QStringLiteral("überlappen");
-    QTest::newRow("no bytes") << QByteArray() << noEnd;
-    QTest::newRow("no archive") << QByteArray("<kml>").repeated(1000) << noEnd;
-    QTest::newRow("bytes behind the end") << sound + "\n" << noEnd;
-    QTest::newRow("two ends") << twoEnds << noEnd;
-    QTest::newRow("bytes before the start") << "#!" + sound << badTable;
-    QTest::newRow("entry behind the table") << Archive::bytes({a, outside}) << badTable;
-    QTest::newRow("entry longer than the file") << Archive::bytes({a, packedBehindTheEnd}) << badTable;
-    QTest::newRow("wide numbers without a field") << wideWithoutField << badTable;
-    QTest::newRow("table of 16 MB") << QByteArray(17 << 20, ' ') + tooLongTable << QStringLiteral("zu groß");
-    QTest::newRow("two entries share their bytes") << Archive::bytes({a, sameBytes}) << overlap;
-    QTest::newRow("an entry within an entry") << Archive::bytes({quoting, quoted}) << overlap;
-    QTest::newRow("an entry reaches into the next") << Archive::bytes({packedLonger, b}) << overlap;
-    QTest::newRow("two entries of one name") << Archive::bytes({a, a}) << QStringLiteral("denselben Namen");
-    QTest::newRow("another name before the bytes") << otherLocalName << QStringLiteral("Kein lesbares ZIP-Archiv");
+    const KRTestTable<QByteArray, QString> table{
+        {"no bytes", {}, noEnd},
+        {"no archive", QByteArray("<kml>").repeated(1000), noEnd},
+        {"bytes behind the end", sound + "\n", noEnd},
+        {"two ends", twoEnds, noEnd},
+        {"bytes before the start", "#!" + sound, badTable},
+        {"entry behind the table", Archive::bytes({a, outside}), badTable},
+        {"entry longer than the file", Archive::bytes({a, packedBehindTheEnd}), badTable},
+        {"wide numbers without a field", wideWithoutField, badTable},
+        {"table of 16 MB", QByteArray(17 << 20, ' ') + tooLongTable, QStringLiteral("zu groß")},
+        {"two entries share their bytes", Archive::bytes({a, sameBytes}), overlap},
+        {"an entry within an entry", Archive::bytes({quoting, quoted}), overlap},
+        {"an entry reaches into the next", Archive::bytes({packedLonger, b}), overlap},
+        {"two entries of one name", Archive::bytes({a, a}), QStringLiteral("denselben Namen")},
+        {"another name before the bytes", otherLocalName, QStringLiteral("Kein lesbares ZIP-Archiv")},
+    };
+    table.forEach([&](const QByteArray &archive, const QString &reason) {
+        const KRZIP zip = opened(archive);
+        QVERIFY(zip.getFileNameList().isEmpty());
+        QCOMPARE(m_history.entries().size(), 1);
+        QVERIFY2(m_history.entries().at(0).reason.contains(reason), qUtf8Printable(m_history.entries().at(0).reason));
+        QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
+    });
 }
 
-void tst_KRZIP::refusesArchive()
-{
-    QFETCH(QByteArray, archive);
-    QFETCH(QString, reason);
-    const KRZIP zip = opened(archive);
-    QVERIFY(zip.getFileNameList().isEmpty());
-    QCOMPARE(m_history.entries().size(), 1);
-    QVERIFY2(m_history.entries().at(0).reason.contains(reason), qUtf8Printable(m_history.entries().at(0).reason));
-    QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
-}
-
-void tst_KRZIP::refusesEntry_data()
+void tst_KRZIP::refusesEntry()
 {
     using Archive = KRTestArchive;
     const Archive::Entry sound = Archive::deflated("a", QByteArray(5000, 'x'));
@@ -201,29 +188,24 @@ void tst_KRZIP::refusesEntry_data()
     notDeflated.packed.fill('\xFF');
     Archive::Entry bombInDisguise = Archive::deflated("a", QByteArray(4 << 20, ' '));
     bombInDisguise.size = 100;
-
-    QTest::addColumn<KRTestArchive::Entry>("entry");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("encrypted") << encrypted << QStringLiteral("verschlüsselt");
-    QTest::newRow("unknown method") << unknownMethod << QStringLiteral("Packverfahren");
-    QTest::newRow("wrong checksum") << wrongChecksum << QStringLiteral("beschädigt");
-    QTest::newRow("longer than it claims") << claimsLess << QStringLiteral("Größe");
-    QTest::newRow("shorter than it claims") << claimsMore << QStringLiteral("Größe");
-    QTest::newRow("packed bytes missing") << packedShorter << QStringLiteral("beschädigt");
-    QTest::newRow("no deflated bytes") << notDeflated << QStringLiteral("beschädigt");
-    QTest::newRow("bomb") << Archive::deflated("a", QByteArray(50 << 20, '\0')) << QStringLiteral("200:1");
-    QTest::newRow("bomb that claims to be small") << bombInDisguise << QStringLiteral("200:1");
-}
-
-void tst_KRZIP::refusesEntry()
-{
-    QFETCH(KRTestArchive::Entry, entry);
-    QFETCH(QString, reason);
-    const KRZIP zip = opened(KRTestArchive::bytes({entry, KRTestArchive::stored("b", "sound")}));
-    QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
-    QCOMPARE(m_history.entries().size(), 1);
-    QVERIFY2(m_history.entries().at(0).reason.contains(reason), qUtf8Printable(m_history.entries().at(0).reason));
-    QCOMPARE(zip.fileContent(QStringLiteral("b")), QByteArray("sound"));
+    const KRTestTable<KRTestArchive::Entry, QString> table{
+        {"encrypted", encrypted, QStringLiteral("verschlüsselt")},
+        {"unknown method", unknownMethod, QStringLiteral("Packverfahren")},
+        {"wrong checksum", wrongChecksum, QStringLiteral("beschädigt")},
+        {"longer than it claims", claimsLess, QStringLiteral("Größe")},
+        {"shorter than it claims", claimsMore, QStringLiteral("Größe")},
+        {"packed bytes missing", packedShorter, QStringLiteral("beschädigt")},
+        {"no deflated bytes", notDeflated, QStringLiteral("beschädigt")},
+        {"bomb", Archive::deflated("a", QByteArray(50 << 20, '\0')), QStringLiteral("200:1")},
+        {"bomb that claims to be small", bombInDisguise, QStringLiteral("200:1")},
+    };
+    table.forEach([&](const KRTestArchive::Entry &entry, const QString &reason) {
+        const KRZIP zip = opened(KRTestArchive::bytes({entry, KRTestArchive::stored("b", "sound")}));
+        QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
+        QCOMPARE(m_history.entries().size(), 1);
+        QVERIFY2(m_history.entries().at(0).reason.contains(reason), qUtf8Printable(m_history.entries().at(0).reason));
+        QCOMPARE(zip.fileContent(QStringLiteral("b")), QByteArray("sound"));
+    });
 }
 
 void tst_KRZIP::limitOfAnEntry()
@@ -254,7 +236,6 @@ void tst_KRZIP::truncatedAnywhereGivesNothing()
     const QByteArray whole = KRTestArchive::bytes(
         {KRTestArchive::deflated("doc.kml", "<kml/>"), KRTestArchive::stored("images/a.png", "PNG")});
     for (int length = 0; length < whole.size(); ++length) {
-        m_history.clear();
         const KRZIP zip = opened(whole.left(length));
         QVERIFY2(zip.getFileNameList().isEmpty() && !m_history.isEmpty(), QByteArray::number(length).constData());
     }
@@ -269,7 +250,6 @@ void tst_KRZIP::damagedAnywhereGivesNothingElse()
     for (int position = 0; position < whole.size(); ++position) {
         QByteArray damaged = whole;
         damaged[position] = char(damaged.at(position) ^ (1 << position % 8));
-        m_history.clear();
         const QByteArray content = opened(damaged).fileContent(name);
         QVERIFY2(content == kml || (content.isNull() && !m_history.isEmpty()),
                  QByteArray::number(position).constData());

@@ -2,6 +2,7 @@
 #include <KRXML/KRXMLBuilder.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -11,9 +12,7 @@ class tst_KRXMLBuilder : public QObject
 
 private slots:
     void attributesAreSorted();
-    void indentation_data();
     void indentation();
-    void textsSurvive_data();
     void textsSurvive();
     void deepTreesNeedNoStack();
     void saveReplacesTheFile();
@@ -30,51 +29,45 @@ void tst_KRXMLBuilder::attributesAreSorted()
              QStringLiteral("<config a=\"1\" b=\"1\" smoothing=\"1\" smoothingSteps=\"1\"/>"));
 }
 
-void tst_KRXMLBuilder::indentation_data()
-{
-    QTest::addColumn<int>("indent");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("none") << -1 << QStringLiteral("<r><a><b>x</b></a><m>t<i/></m></r>");
-    QTest::newRow("lines only") << 0 << QStringLiteral("<r>\n<a>\n<b>x</b>\n</a>\n<m>t<i/></m>\n</r>");
-    QTest::newRow("two blanks") << 2 << QStringLiteral("<r>\n  <a>\n    <b>x</b>\n  </a>\n  <m>t<i/></m>\n</r>");
-}
-
 void tst_KRXMLBuilder::indentation()
 {
-    QDomDocument document;
-    QVERIFY(document.setContent(QByteArray("<r><a><b>x</b></a><m>t<i/></m></r>")));
-    QFETCH(int, indent);
-    QTEST(KRXMLBuilder::toText(document, indent), "expected");
-}
-
-void tst_KRXMLBuilder::textsSurvive_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("readBack");
-    const auto same = [](const char *name, const QString &text) { QTest::newRow(name) << text << text; };
-    same("markup", QStringLiteral("a<b>&\"c\" ]]> '"));
-    same("line breaks and tabs", QStringLiteral("8.2,53.1\n\t9.5,53.6\r\nend"));
-    same("beyond the basic plane", QString::fromUtf8("Grüße \xF0\x9F\x9A\xB2"));
-    QTest::newRow("control characters are left out")
-        << QStringLiteral("a\u0001b\u0000c\uFFFFd").replace(QChar(0), QChar(2)) << QStringLiteral("abcd");
-    QTest::newRow("half a character is left out")
-        << QString(QStringLiteral("x") + QChar(0xD800) + QStringLiteral("y")) << QStringLiteral("xy");
+    const KRTestTable<int, QString> table{
+        {"none", -1, QStringLiteral("<r><a><b>x</b></a><m>t<i/></m></r>")},
+        {"lines only", 0, QStringLiteral("<r>\n<a>\n<b>x</b>\n</a>\n<m>t<i/></m>\n</r>")},
+        {"two blanks", 2, QStringLiteral("<r>\n  <a>\n    <b>x</b>\n  </a>\n  <m>t<i/></m>\n</r>")},
+    };
+    table.forEach([](int indent, const QString &expected) {
+        QDomDocument document;
+        QVERIFY(document.setContent(QByteArray("<r><a><b>x</b></a><m>t<i/></m></r>")));
+        QCOMPARE(KRXMLBuilder::toText(document, indent), expected);
+    });
 }
 
 void tst_KRXMLBuilder::textsSurvive()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, readBack);
-    QDomDocument document;
-    QDomElement root = KRXMLBuilder::buildRootElement(document, QStringLiteral("r"));
-    root.setAttribute(QStringLiteral("n"), text);
-    KRXMLBuilder::buildDomElement(root, QStringLiteral("c"), text);
-    for (const int indent : {-1, 1}) {
-        QDomDocument again;
-        QVERIFY(again.setContent(KRXMLBuilder::toText(document, indent).toUtf8()));
-        QCOMPARE(again.documentElement().attribute(QStringLiteral("n")), readBack);
-        QCOMPARE(again.documentElement().firstChildElement().text(), readBack);
-    }
+    const KRTestTable<QString, QString> table{
+        {"markup", QStringLiteral("a<b>&\"c\" ]]> '"), QStringLiteral("a<b>&\"c\" ]]> '")},
+        {"line breaks and tabs", QStringLiteral("8.2,53.1\n\t9.5,53.6\r\nend"),
+         QStringLiteral("8.2,53.1\n\t9.5,53.6\r\nend")},
+        {"beyond the basic plane", QString::fromUtf8("Grüße \xF0\x9F\x9A\xB2"),
+         QString::fromUtf8("Grüße \xF0\x9F\x9A\xB2")},
+        {"control characters are left out", QStringLiteral("a\u0001b\u0000c\uFFFFd").replace(QChar(0), QChar(2)),
+         QStringLiteral("abcd")},
+        {"half a character is left out", QString(QStringLiteral("x") + QChar(0xD800) + QStringLiteral("y")),
+         QStringLiteral("xy")},
+    };
+    table.forEach([](const QString &text, const QString &readBack) {
+        QDomDocument document;
+        QDomElement root = KRXMLBuilder::buildRootElement(document, QStringLiteral("r"));
+        root.setAttribute(QStringLiteral("n"), text);
+        KRXMLBuilder::buildDomElement(root, QStringLiteral("c"), text);
+        for (const int indent : {-1, 1}) {
+            QDomDocument again;
+            QVERIFY(again.setContent(KRXMLBuilder::toText(document, indent).toUtf8()));
+            QCOMPARE(again.documentElement().attribute(QStringLiteral("n")), readBack);
+            QCOMPARE(again.documentElement().firstChildElement().text(), readBack);
+        }
+    });
 }
 
 void tst_KRXMLBuilder::deepTreesNeedNoStack()
