@@ -2,6 +2,7 @@
 
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QFontMetrics>
 #include <QImage>
@@ -29,74 +30,56 @@ class tst_KRCopyrightRenderer : public QObject
     Q_OBJECT
 
 private slots:
-    void textIsOneLine();
-    void box_data();
     void box();
-    void pill_data();
     void pill();
     void textIsInTheMiddle();
-    void stub_data();
     void stub();
-    void paintsNothing_data();
     void paintsNothing();
 };
 
-void tst_KRCopyrightRenderer::textIsOneLine()
-{
-    const QString text = KRCopyrightRenderer().copyrightText();
-    QVERIFY(!text.trimmed().isEmpty());
-    QVERIFY(!text.contains(QLatin1Char('\n')));
-}
-
-void tst_KRCopyrightRenderer::box_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<QRect>("area");
-    QTest::addColumn<QPointF>("bottomRight");
-    // The right and bottom of a QRect are its last pixels.
-    QTest::newRow("normal screen") << 1.0 << QRect(0, 0, 900, 300) << QPointF(889, 289);
-    QTest::newRow("twice as fine") << 2.0 << QRect(0, 0, 900, 300) << QPointF(879, 279);
-    QTest::newRow("tiny") << 0.05 << QRect(0, 0, 900, 300) << QPointF(898.5, 298.5);
-    QTest::newRow("area elsewhere") << 1.0 << QRect(-100, 50, 900, 300) << QPointF(789, 339);
-}
-
 void tst_KRCopyrightRenderer::box()
 {
-    QFETCH(double, factor);
-    QFETCH(QRect, area);
-    const KRCopyrightRenderer renderer;
-    QCOMPARE(renderer.copyrightFont(factor).family(), QStringLiteral("Arial"));
-    QCOMPARE(renderer.copyrightFont(factor).pointSizeF(), 24.0 * factor);
-    const QFontMetrics normal(renderer.copyrightFont(1.0));
-    const QSize textSize = normal.size(Qt::TextSingleLine, renderer.copyrightText());
-    const QRectF box = renderer.copyrightRect(area, factor);
-    QCOMPARE(box.width(), (textSize.width() + 20) * factor);
-    QCOMPARE(box.height(), (textSize.height() + 5) * factor);
-    QTEST(box.bottomRight(), "bottomRight");
-}
-
-void tst_KRCopyrightRenderer::pill_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::newRow("normal screen") << 1.0;
-    QTest::newRow("twice as fine") << 2.0;
-    QTest::newRow("half as fine") << 0.5;
+    const KRTestTable<double, QRect, QPointF> table{
+        // The right and bottom of a QRect are its last pixels.
+        {"normal screen", 1.0, QRect(0, 0, 900, 300), QPointF(889, 289)},
+        {"twice as fine", 2.0, QRect(0, 0, 900, 300), QPointF(879, 279)},
+        {"tiny", 0.05, QRect(0, 0, 900, 300), QPointF(898.5, 298.5)},
+        {"area elsewhere", 1.0, QRect(-100, 50, 900, 300), QPointF(789, 339)},
+    };
+    table.forEach([](double factor, const QRect &area, QPointF bottomRight) {
+        const KRCopyrightRenderer renderer;
+        QCOMPARE(renderer.copyrightFont(factor).family(), QStringLiteral("Arial"));
+        QCOMPARE(renderer.copyrightFont(factor).pointSizeF(), 24.0 * factor);
+        const QFontMetrics normal(renderer.copyrightFont(1.0));
+        const QSize textSize = normal.size(Qt::TextSingleLine, renderer.copyrightText());
+        const QRectF box = renderer.copyrightRect(area, factor);
+        QCOMPARE(box.width(), (textSize.width() + 20) * factor);
+        QCOMPARE(box.height(), (textSize.height() + 5) * factor);
+        QCOMPARE(box.bottomRight(), bottomRight);
+    });
 }
 
 void tst_KRCopyrightRenderer::pill()
 {
-    QFETCH(double, factor);
-    const QImage image = painted(factor);
-    const QRectF box = KRCopyrightRenderer().copyrightRect(image.rect(), factor);
-    // The outline is a pixel wide, half of it outside.
-    const QRectF outer = box.adjusted(-1, -1, 1, 1);
-    QVERIFY(outer.toAlignedRect().contains(KRTestPicture::boundsOfPainted(image)));
-    QVERIFY(KRTestPicture::boundsOfPainted(image).contains(box.adjusted(1, 1, -1, -1).toRect()));
+    const KRTestTable<double> table{
+        {"normal screen", 1.0},
+        {"twice as fine", 2.0},
+        {"half as fine", 0.5},
+    };
+    table.forEach([](double factor) {
+        const QImage image = painted(factor);
+        const QRectF box = KRCopyrightRenderer().copyrightRect(image.rect(), factor);
+        // The outline is a pixel wide, half of it outside.
+        const QRectF outer = box.adjusted(-1, -1, 1, 1);
+        QVERIFY(outer.toAlignedRect().contains(KRTestPicture::boundsOfPainted(image)));
+        QVERIFY(KRTestPicture::boundsOfPainted(image).contains(box.adjusted(1, 1, -1, -1).toRect()));
 
-    const QPoint leftEnd = QPointF(box.left() + 2 * factor + 1, box.center().y()).toPoint();
-    QVERIFY(qAbs(image.pixelColor(leftEnd).lightness() - boxLightness) <= 2);
-    for (const QPointF &corner : {box.topLeft() + QPointF(factor, factor), box.bottomRight() - QPointF(factor, factor)})
-        QCOMPARE(image.pixelColor(corner.toPoint()), QColor(Qt::white));
+        const QPoint leftEnd = QPointF(box.left() + 2 * factor + 1, box.center().y()).toPoint();
+        QVERIFY(qAbs(image.pixelColor(leftEnd).lightness() - boxLightness) <= 2);
+        for (const QPointF &corner :
+             {box.topLeft() + QPointF(factor, factor), box.bottomRight() - QPointF(factor, factor)})
+            QCOMPARE(image.pixelColor(corner.toPoint()), QColor(Qt::white));
+    });
 }
 
 void tst_KRCopyrightRenderer::textIsInTheMiddle()
@@ -116,48 +99,44 @@ void tst_KRCopyrightRenderer::textIsInTheMiddle()
     QVERIFY(darker(72).isValid());
 }
 
-void tst_KRCopyrightRenderer::stub_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::newRow("tiny") << 0.05;
-    QTest::newRow("just too small") << 0.099;
-}
-
 void tst_KRCopyrightRenderer::stub()
 {
-    QFETCH(double, factor);
-    const QImage image = painted(factor);
-    const QRectF box = KRCopyrightRenderer().copyrightRect(image.rect(), factor);
-    const QRect line = KRTestPicture::boundsOfDark(image);
-    QVERIFY(line.height() == 1 || line.height() == 2);
-    QVERIFY(qAbs(QRectF(line).center().y() - box.center().y()) <= 1.0);
-    QVERIFY(qAbs(line.left() - box.center().x()) <= 1.5);
-    QVERIFY(qAbs(line.right() - box.right()) <= 4.0); // the pattern may end in a gap
-    QVERIFY(box.adjusted(-1, -1, 1, 1).toAlignedRect().contains(KRTestPicture::boundsOfPainted(image)));
-    int gaps = 0;
-    for (int x = line.left(); x < line.right(); ++x)
-        if (image.pixelColor(x, line.top()).lightness() > image.pixelColor(x + 1, line.top()).lightness() + 20)
-            ++gaps;
-    QVERIFY(gaps >= 1);
-}
-
-void tst_KRCopyrightRenderer::paintsNothing_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::newRow("factor 0") << 0.0;
-    QTest::newRow("negative") << -1.0;
-    QTest::newRow("infinite") << std::numeric_limits<double>::infinity();
-    QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN();
+    const KRTestTable<double> table{
+        {"tiny", 0.05},
+        {"just too small", 0.099},
+    };
+    table.forEach([](double factor) {
+        const QImage image = painted(factor);
+        const QRectF box = KRCopyrightRenderer().copyrightRect(image.rect(), factor);
+        const QRect line = KRTestPicture::boundsOfDark(image);
+        QVERIFY(line.height() == 1 || line.height() == 2);
+        QVERIFY(qAbs(QRectF(line).center().y() - box.center().y()) <= 1.0);
+        QVERIFY(qAbs(line.left() - box.center().x()) <= 1.5);
+        QVERIFY(qAbs(line.right() - box.right()) <= 4.0); // the pattern may end in a gap
+        QVERIFY(box.adjusted(-1, -1, 1, 1).toAlignedRect().contains(KRTestPicture::boundsOfPainted(image)));
+        int gaps = 0;
+        for (int x = line.left(); x < line.right(); ++x)
+            if (image.pixelColor(x, line.top()).lightness() > image.pixelColor(x + 1, line.top()).lightness() + 20)
+                ++gaps;
+        QVERIFY(gaps >= 1);
+    });
 }
 
 void tst_KRCopyrightRenderer::paintsNothing()
 {
-    QFETCH(double, factor);
-    QVERIFY(KRTestPicture::boundsOfPainted(painted(factor)).isNull());
-    QImage none;
-    KRCopyrightRenderer().renderCopyRight(&none, 1.0);
-    KRCopyrightRenderer().renderCopyRight(nullptr, 1.0);
-    QVERIFY(none.isNull());
+    const KRTestTable<double> table{
+        {"factor 0", 0.0},
+        {"negative", -1.0},
+        {"infinite", std::numeric_limits<double>::infinity()},
+        {"no number", std::numeric_limits<double>::quiet_NaN()},
+    };
+    table.forEach([](double factor) {
+        QVERIFY(KRTestPicture::boundsOfPainted(painted(factor)).isNull());
+        QImage none;
+        KRCopyrightRenderer().renderCopyRight(&none, 1.0);
+        KRCopyrightRenderer().renderCopyRight(nullptr, 1.0);
+        QVERIFY(none.isNull());
+    });
 }
 
 static const KRTestRegistration<tst_KRCopyrightRenderer> registration;

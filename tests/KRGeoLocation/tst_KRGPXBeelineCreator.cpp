@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXBeelineCreator.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -12,96 +13,75 @@ class tst_KRGPXBeelineCreator : public QObject
     Q_OBJECT
 
 private slots:
-    void numberOfIntermediatePoints_data();
     void numberOfIntermediatePoints();
-    void middle_data();
     void middle();
-    void isTheShortestWay_data();
     void isTheShortestWay();
     void crossesThePoleNeverBeyond80();
-    void endsOnAMeridianOfTwoNumbers_data();
     void endsOnAMeridianOfTwoNumbers();
     void track();
 };
 
-void tst_KRGPXBeelineCreator::numberOfIntermediatePoints_data()
+void tst_KRGPXBeelineCreator::numberOfIntermediatePoints()
 {
     constexpr double infinite = std::numeric_limits<double>::infinity();
     constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
-    QTest::addColumn<KRGeoPosition>("from");
-    QTest::addColumn<KRGeoPosition>("to");
-    QTest::addColumn<int>("expected");
-    // A degree of longitude at latitude 0.5 is 111.17 km.
-    QTest::newRow("199.5 km apart") << KRGeoPosition(0.5, 10.0) << KRGeoPosition(0.5, 11.7945) << 0;
-    QTest::newRow("200.5 km apart") << KRGeoPosition(0.5, 10.0) << KRGeoPosition(0.5, 11.8035) << 1;
-    QTest::newRow("one meridian") << KRGeoPosition(-60.0, 10.0) << KRGeoPosition(60.0, 10.0) << 0;
-    QTest::newRow("one meridian with two numbers: round the globe")
-        << KRGeoPosition(10.0, 180.0) << KRGeoPosition(50.0, -180.0) << 132;
-    QTest::newRow("to no position") << KRGeoPosition(53.0, 8.0) << KRGeoPosition() << 0;
-    QTest::newRow("from no position") << KRGeoPosition() << KRGeoPosition(53.0, 8.0) << 0;
-    QTest::newRow("to (0, 0), which is no position either") << KRGeoPosition(53.0, 8.0) << KRGeoPosition::null() << 24;
-    QTest::newRow("no number") << KRGeoPosition(noNumber, 8.0) << KRGeoPosition(53.0, 100.0) << 0;
-    QTest::newRow("infinite") << KRGeoPosition(53.0, infinite) << KRGeoPosition(53.0, 100.0) << 0;
-}
-
-void tst_KRGPXBeelineCreator::numberOfIntermediatePoints()
-{
-    QFETCH(KRGeoPosition, from);
-    QFETCH(KRGeoPosition, to);
-    const KRGPXBeelineCreator creator(from, to);
-    QTEST(creator.createIntermediatePoints().size(), "expected");
-}
-
-void tst_KRGPXBeelineCreator::middle_data()
-{
-    QTest::addColumn<KRGeoPosition>("from");
-    QTest::addColumn<KRGeoPosition>("to");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<double>("latitude");
-    // Between equal latitudes the vertex of the great circle: tan(vertex) = tan(latitude) / cos(half the difference).
-    QTest::newRow("northern hemisphere") << KRGeoPosition(40.0, -60.0) << KRGeoPosition(40.0, 60.0) << 0.0 << 59.2103;
-    QTest::newRow("southern hemisphere") << KRGeoPosition(-53.0, 8.0) << KRGeoPosition(-53.0, 100.0) << 54.0
-                                         << -62.3696;
-    QTest::newRow("across the date line")
-        << KRGeoPosition(40.0, 120.0) << KRGeoPosition(40.0, -120.0) << 180.0 << 59.2103;
+    const KRTestTable<KRGeoPosition, KRGeoPosition, int> table{
+        // A degree of longitude at latitude 0.5 is 111.17 km.
+        {"199.5 km apart", KRGeoPosition(0.5, 10.0), KRGeoPosition(0.5, 11.7945), 0},
+        {"200.5 km apart", KRGeoPosition(0.5, 10.0), KRGeoPosition(0.5, 11.8035), 1},
+        {"one meridian", KRGeoPosition(-60.0, 10.0), KRGeoPosition(60.0, 10.0), 0},
+        {"one meridian with two numbers: round the globe", KRGeoPosition(10.0, 180.0), KRGeoPosition(50.0, -180.0),
+         132},
+        {"to no position", KRGeoPosition(53.0, 8.0), KRGeoPosition(), 0},
+        {"from no position", KRGeoPosition(), KRGeoPosition(53.0, 8.0), 0},
+        {"to (0, 0), which is no position either", KRGeoPosition(53.0, 8.0), KRGeoPosition::null(), 24},
+        {"no number", KRGeoPosition(noNumber, 8.0), KRGeoPosition(53.0, 100.0), 0},
+        {"infinite", KRGeoPosition(53.0, infinite), KRGeoPosition(53.0, 100.0), 0},
+    };
+    table.forEach([](const KRGeoPosition &from, const KRGeoPosition &to, int expected) {
+        const KRGPXBeelineCreator creator(from, to);
+        QCOMPARE(creator.createIntermediatePoints().size(), expected);
+    });
 }
 
 void tst_KRGPXBeelineCreator::middle()
 {
-    QFETCH(KRGeoPosition, from);
-    QFETCH(KRGeoPosition, to);
-    QFETCH(double, latitude);
-    const KRGPXBeelineCreator creator(from, to);
-    const KRLongitude longitude = creator.findLogicalCenterLongitude();
-    QTEST(std::abs(longitude.decimalDegrees()), "longitude");
-    QVERIFY(std::abs(creator.estimateOptimalLatitude(longitude).decimalDegrees() - latitude) < 0.0002);
-}
-
-void tst_KRGPXBeelineCreator::isTheShortestWay_data()
-{
-    QTest::addColumn<KRGeoPosition>("from");
-    QTest::addColumn<KRGeoPosition>("to");
-    QTest::newRow("along the equator") << KRGeoPosition(0.1, -70.0) << KRGeoPosition(-0.1, 50.0);
-    QTest::newRow("across the Atlantic") << KRGeoPosition(40.73061, -73.935242) << KRGeoPosition(53.0792962, 8.806422);
-    QTest::newRow("across date line and equator")
-        << KRGeoPosition(-41.28646, 174.772996908) << KRGeoPosition(21.315603, -157.858093);
-    QTest::newRow("westwards across the date line") << KRGeoPosition(60.0, -150.0) << KRGeoPosition(35.0, 140.0);
+    const KRTestTable<KRGeoPosition, KRGeoPosition, double, double> table{
+        // Between equal latitudes the vertex of the great circle: tan(vertex) = tan(latitude) / cos(half the
+        // difference).
+        {"northern hemisphere", KRGeoPosition(40.0, -60.0), KRGeoPosition(40.0, 60.0), 0.0, 59.2103},
+        {"southern hemisphere", KRGeoPosition(-53.0, 8.0), KRGeoPosition(-53.0, 100.0), 54.0, -62.3696},
+        {"across the date line", KRGeoPosition(40.0, 120.0), KRGeoPosition(40.0, -120.0), 180.0, 59.2103},
+    };
+    table.forEach([](const KRGeoPosition &from, const KRGeoPosition &to, double expectedLongitude, double latitude) {
+        const KRGPXBeelineCreator creator(from, to);
+        const KRLongitude longitude = creator.findLogicalCenterLongitude();
+        QCOMPARE(std::abs(longitude.decimalDegrees()), expectedLongitude);
+        QVERIFY(std::abs(creator.estimateOptimalLatitude(longitude).decimalDegrees() - latitude) < 0.0002);
+    });
 }
 
 void tst_KRGPXBeelineCreator::isTheShortestWay()
 {
-    QFETCH(KRGeoPosition, from);
-    QFETCH(KRGeoPosition, to);
-    const KRGeoPositionList points = KRGPXBeelineCreator(from, to).createPoints();
-    QCOMPARE(points.first(), from);
-    QCOMPARE(points.last(), to);
-    double wayKm = 0.0;
-    for (int i = 1; i < points.size(); ++i) {
-        const double legKm = points.at(i - 1).distance(points.at(i));
-        QVERIFY(legKm < 200.0);
-        wayKm += legKm;
-    }
-    QVERIFY2(wayKm < 1.001 * from.distance(to), QByteArray::number(wayKm).constData());
+    const KRTestTable<KRGeoPosition, KRGeoPosition> table{
+        {"along the equator", KRGeoPosition(0.1, -70.0), KRGeoPosition(-0.1, 50.0)},
+        {"across the Atlantic", KRGeoPosition(40.73061, -73.935242), KRGeoPosition(53.0792962, 8.806422)},
+        {"across date line and equator", KRGeoPosition(-41.28646, 174.772996908),
+         KRGeoPosition(21.315603, -157.858093)},
+        {"westwards across the date line", KRGeoPosition(60.0, -150.0), KRGeoPosition(35.0, 140.0)},
+    };
+    table.forEach([](const KRGeoPosition &from, const KRGeoPosition &to) {
+        const KRGeoPositionList points = KRGPXBeelineCreator(from, to).createPoints();
+        QCOMPARE(points.first(), from);
+        QCOMPARE(points.last(), to);
+        double wayKm = 0.0;
+        for (int i = 1; i < points.size(); ++i) {
+            const double legKm = points.at(i - 1).distance(points.at(i));
+            QVERIFY(legKm < 200.0);
+            wayKm += legKm;
+        }
+        QVERIFY2(wayKm < 1.001 * from.distance(to), QByteArray::number(wayKm).constData());
+    });
 }
 
 void tst_KRGPXBeelineCreator::crossesThePoleNeverBeyond80()
@@ -113,21 +93,17 @@ void tst_KRGPXBeelineCreator::crossesThePoleNeverBeyond80()
         QVERIFY(point.latitude().decimalDegrees() <= 80.0);
 }
 
-void tst_KRGPXBeelineCreator::endsOnAMeridianOfTwoNumbers_data()
-{
-    QTest::addColumn<KRGeoPosition>("from");
-    QTest::addColumn<KRGeoPosition>("to");
-    QTest::newRow("200 near the pole") << KRGeoPosition(85.0, 200.0) << KRGeoPosition(-90.0, -160.0);
-    QTest::newRow("date line near the pole") << KRGeoPosition(88.0, 180.0) << KRGeoPosition(-85.0, -180.0);
-    QTest::newRow("latitudes that do not exist") << KRGeoPosition(95.0, 10.0) << KRGeoPosition(-120.0, 200.0);
-}
-
 void tst_KRGPXBeelineCreator::endsOnAMeridianOfTwoNumbers()
 {
-    QFETCH(KRGeoPosition, from);
-    QFETCH(KRGeoPosition, to);
-    const int count = KRGPXBeelineCreator(from, to).createIntermediatePoints().size();
-    QVERIFY2(count > 10 && count < 600, QByteArray::number(count).constData());
+    const KRTestTable<KRGeoPosition, KRGeoPosition> table{
+        {"200 near the pole", KRGeoPosition(85.0, 200.0), KRGeoPosition(-90.0, -160.0)},
+        {"date line near the pole", KRGeoPosition(88.0, 180.0), KRGeoPosition(-85.0, -180.0)},
+        {"latitudes that do not exist", KRGeoPosition(95.0, 10.0), KRGeoPosition(-120.0, 200.0)},
+    };
+    table.forEach([](const KRGeoPosition &from, const KRGeoPosition &to) {
+        const int count = KRGPXBeelineCreator(from, to).createIntermediatePoints().size();
+        QVERIFY2(count > 10 && count < 600, QByteArray::number(count).constData());
+    });
 }
 
 void tst_KRGPXBeelineCreator::track()

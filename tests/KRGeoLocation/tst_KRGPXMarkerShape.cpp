@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXMarkerShape.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDomDocument>
 #include <QIcon>
@@ -9,8 +10,6 @@
 #include <QtTest>
 
 #include <cmath>
-
-Q_DECLARE_METATYPE(KRGPXMarkerShapeEnum)
 
 namespace {
 
@@ -29,46 +28,36 @@ class tst_KRGPXMarkerShape : public QObject
     Q_OBJECT
 
 private slots:
-    void xml_data();
     void xml();
     void lists();
-    void pen_data();
     void pen();
     void drawKeepsThePainterAsItIs();
-    void figure_data();
     void figure();
-    void star_data();
     void star();
-    void translucentFillIsPaintedOnce_data();
     void translucentFillIsPaintedOnce();
     void crossHasWholeOuterAndExactInnerOffsets();
     void image();
     void icon();
 };
 
-void tst_KRGPXMarkerShape::xml_data()
-{
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("readBack");
-    QTest::newRow("disk") << 1 << QStringLiteral("disk") << 1;
-    QTest::newRow("in the order of the keys") << 136 << QStringLiteral("x,star6") << 136;
-    QTest::newRow("all keys") << 0x7DB << QStringLiteral("disk,circle,x,block,rhombus,star6,star9,star12,arrow")
-                              << 0x7DB;
-    QTest::newRow("none") << 0 << QString() << 0;
-    QTest::newRow("32 has no key and gets lost") << 32 << QString() << 0;
-    QTest::newRow("4 has no key and gets lost") << 5 << QStringLiteral("disk") << 1;
-}
-
 void tst_KRGPXMarkerShape::xml()
 {
-    QFETCH(int, value);
-    QDomDocument document;
-    QDomElement parent = document.createElement(QStringLiteral("configuration"));
-    QCOMPARE(KRGPXMarkerShape::fromXml(parent).value(), DiskMarkerShape);
-    KRGPXMarkerShape(static_cast<KRGPXMarkerShapeEnum>(value)).toXml(parent);
-    QTEST(parent.firstChildElement(QStringLiteral("markerShape")).text(), "text");
-    QTEST(static_cast<int>(KRGPXMarkerShape::fromXml(parent).value()), "readBack");
+    const KRTestTable<int, QString, int> table{
+        {"disk", 1, QStringLiteral("disk"), 1},
+        {"in the order of the keys", 136, QStringLiteral("x,star6"), 136},
+        {"all keys", 0x7DB, QStringLiteral("disk,circle,x,block,rhombus,star6,star9,star12,arrow"), 0x7DB},
+        {"none", 0, {}, 0},
+        {"32 has no key and gets lost", 32, {}, 0},
+        {"4 has no key and gets lost", 5, QStringLiteral("disk"), 1},
+    };
+    table.forEach([](int value, const QString &text, int readBack) {
+        QDomDocument document;
+        QDomElement parent = document.createElement(QStringLiteral("configuration"));
+        QCOMPARE(KRGPXMarkerShape::fromXml(parent).value(), DiskMarkerShape);
+        KRGPXMarkerShape(static_cast<KRGPXMarkerShapeEnum>(value)).toXml(parent);
+        QCOMPARE(parent.firstChildElement(QStringLiteral("markerShape")).text(), text);
+        QCOMPARE(static_cast<int>(KRGPXMarkerShape::fromXml(parent).value()), readBack);
+    });
 }
 
 void tst_KRGPXMarkerShape::lists()
@@ -80,33 +69,27 @@ void tst_KRGPXMarkerShape::lists()
     QCOMPARE(KRGPXMarkerShape::allLineStringShapes(), QList<KRGPXMarkerShape>({NoMarkerShape, ArrowMarkerShape}));
 }
 
-void tst_KRGPXMarkerShape::pen_data()
-{
-    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
-    QTest::addColumn<int>("width");
-    QTest::addColumn<int>("expectedWidth");
-    QTest::addColumn<bool>("cosmetic");
-    QTest::newRow("a wide pen shrinks to a fifth") << CircleMarkerShape << 12 << 2 << false;
-    QTest::newRow("10 is wide") << CircleMarkerShape << 10 << 2 << false;
-    QTest::newRow("9 is not") << CircleMarkerShape << 9 << 1 << true;
-    QTest::newRow("no marker") << NoMarkerShape << 8 << 1 << true;
-    QTest::newRow("rectangle") << RectMarkerShape << 8 << 1 << true;
-    QTest::newRow("the disk keeps its pen") << DiskMarkerShape << 12 << 12 << false;
-    QTest::newRow("the block keeps its pen") << BlockMarkerShape << 8 << 8 << false;
-    QTest::newRow("one solid bit is enough") << static_cast<KRGPXMarkerShapeEnum>(3) << 8 << 8 << false;
-}
-
 void tst_KRGPXMarkerShape::pen()
 {
-    QFETCH(KRGPXMarkerShapeEnum, shape);
-    QFETCH(int, width);
-    QImage canvas(10, 10, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&canvas);
-    painter.setPen(QPen(Qt::black, width));
-    KRGPXMarkerShape(shape).configurePainter(&painter, QRectF(0, 0, 10, 10));
-    QTEST(painter.pen().width(), "expectedWidth");
-    QTEST(painter.pen().isCosmetic(), "cosmetic");
-    QVERIFY(painter.testRenderHint(QPainter::Antialiasing));
+    const KRTestTable<KRGPXMarkerShapeEnum, int, int, bool> table{
+        {"a wide pen shrinks to a fifth", CircleMarkerShape, 12, 2, false},
+        {"10 is wide", CircleMarkerShape, 10, 2, false},
+        {"9 is not", CircleMarkerShape, 9, 1, true},
+        {"no marker", NoMarkerShape, 8, 1, true},
+        {"rectangle", RectMarkerShape, 8, 1, true},
+        {"the disk keeps its pen", DiskMarkerShape, 12, 12, false},
+        {"the block keeps its pen", BlockMarkerShape, 8, 8, false},
+        {"one solid bit is enough", static_cast<KRGPXMarkerShapeEnum>(3), 8, 8, false},
+    };
+    table.forEach([](KRGPXMarkerShapeEnum shape, int width, int expectedWidth, bool cosmetic) {
+        QImage canvas(10, 10, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&canvas);
+        painter.setPen(QPen(Qt::black, width));
+        KRGPXMarkerShape(shape).configurePainter(&painter, QRectF(0, 0, 10, 10));
+        QCOMPARE(painter.pen().width(), expectedWidth);
+        QCOMPARE(painter.pen().isCosmetic(), cosmetic);
+        QVERIFY(painter.testRenderHint(QPainter::Antialiasing));
+    });
 }
 
 void tst_KRGPXMarkerShape::drawKeepsThePainterAsItIs()
@@ -126,90 +109,74 @@ void tst_KRGPXMarkerShape::drawKeepsThePainterAsItIs()
     QCOMPARE(canvas.pixelColor(20, 7).alpha(), 0);
 }
 
-void tst_KRGPXMarkerShape::figure_data()
+void tst_KRGPXMarkerShape::figure()
 {
-    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
-    QTest::addColumn<QPoint>("point");
-    QTest::addColumn<QColor>("expected");
     const QColor pen = Qt::black;
     const QColor fill = Qt::red;
     const QColor nothing = Qt::transparent;
-    QTest::newRow("disk: middle") << DiskMarkerShape << QPoint(60, 60) << fill;
-    QTest::newRow("disk: corner") << DiskMarkerShape << QPoint(18, 18) << nothing;
-    QTest::newRow("disk: wide pen") << DiskMarkerShape << QPoint(11, 60) << pen;
-    QTest::newRow("circle: thin pen") << CircleMarkerShape << QPoint(11, 60) << fill;
-    QTest::newRow("circle: corner") << CircleMarkerShape << QPoint(18, 18) << nothing;
-    QTest::newRow("none: as the circle") << NoMarkerShape << QPoint(11, 60) << fill;
-    QTest::newRow("4: as the circle") << EllipseMarkerShape << QPoint(18, 18) << nothing;
-    QTest::newRow("arrow: as the circle") << ArrowMarkerShape << QPoint(18, 18) << nothing;
-    QTest::newRow("two bits: ellipse") << static_cast<KRGPXMarkerShapeEnum>(136) << QPoint(18, 18) << nothing;
-    QTest::newRow("block: corner") << BlockMarkerShape << QPoint(14, 14) << fill;
-    QTest::newRow("block: wide pen") << BlockMarkerShape << QPoint(11, 60) << pen;
-    QTest::newRow("32: corner") << RectMarkerShape << QPoint(11, 11) << fill;
-    QTest::newRow("rhombus: corner") << RhombusMarkerShape << QPoint(30, 30) << nothing;
-    QTest::newRow("rhombus: top") << RhombusMarkerShape << QPoint(60, 14) << fill;
-    QTest::newRow("x: middle") << XMarkerShape << QPoint(60, 60) << fill;
-    QTest::newRow("x: bar") << XMarkerShape << QPoint(26, 26) << fill;
-    QTest::newRow("x: the ends of the bars are cut") << XMarkerShape << QPoint(14, 14) << nothing;
-    QTest::newRow("x: notch above") << XMarkerShape << QPoint(60, 30) << nothing;
-    QTest::newRow("x: notch on the right") << XMarkerShape << QPoint(90, 60) << nothing;
-}
-
-void tst_KRGPXMarkerShape::figure()
-{
-    QFETCH(KRGPXMarkerShapeEnum, shape);
-    QFETCH(QPoint, point);
-    QFETCH(QColor, expected);
-    QCOMPARE(picture(shape).pixelColor(point).rgba(), expected.rgba());
-}
-
-void tst_KRGPXMarkerShape::star_data()
-{
-    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
-    QTest::addColumn<int>("points");
-    QTest::addColumn<double>("innerRatio");
-    QTest::newRow("6") << Star6MarkerShape << 6 << 0.5;
-    QTest::newRow("9") << Star9MarkerShape << 9 << 0.3;
-    QTest::newRow("12") << Star12MarkerShape << 12 << 0.7;
+    const KRTestTable<KRGPXMarkerShapeEnum, QPoint, QColor> table{
+        {"disk: middle", DiskMarkerShape, QPoint(60, 60), fill},
+        {"disk: corner", DiskMarkerShape, QPoint(18, 18), nothing},
+        {"disk: wide pen", DiskMarkerShape, QPoint(11, 60), pen},
+        {"circle: thin pen", CircleMarkerShape, QPoint(11, 60), fill},
+        {"circle: corner", CircleMarkerShape, QPoint(18, 18), nothing},
+        {"none: as the circle", NoMarkerShape, QPoint(11, 60), fill},
+        {"4: as the circle", EllipseMarkerShape, QPoint(18, 18), nothing},
+        {"arrow: as the circle", ArrowMarkerShape, QPoint(18, 18), nothing},
+        {"two bits: ellipse", static_cast<KRGPXMarkerShapeEnum>(136), QPoint(18, 18), nothing},
+        {"block: corner", BlockMarkerShape, QPoint(14, 14), fill},
+        {"block: wide pen", BlockMarkerShape, QPoint(11, 60), pen},
+        {"32: corner", RectMarkerShape, QPoint(11, 11), fill},
+        {"rhombus: corner", RhombusMarkerShape, QPoint(30, 30), nothing},
+        {"rhombus: top", RhombusMarkerShape, QPoint(60, 14), fill},
+        {"x: middle", XMarkerShape, QPoint(60, 60), fill},
+        {"x: bar", XMarkerShape, QPoint(26, 26), fill},
+        {"x: the ends of the bars are cut", XMarkerShape, QPoint(14, 14), nothing},
+        {"x: notch above", XMarkerShape, QPoint(60, 30), nothing},
+        {"x: notch on the right", XMarkerShape, QPoint(90, 60), nothing},
+    };
+    table.forEach([](KRGPXMarkerShapeEnum shape, QPoint point, const QColor &expected) {
+        QCOMPARE(picture(shape).pixelColor(point).rgba(), expected.rgba());
+    });
 }
 
 void tst_KRGPXMarkerShape::star()
 {
-    QFETCH(KRGPXMarkerShapeEnum, shape);
-    QFETCH(int, points);
-    QFETCH(double, innerRatio);
-    const QImage image = picture(shape);
-    // Counted from straight below the centre; the corner there is an inner one.
-    const auto alphaAt = [&](double turn, double ratio) {
-        const double angle = turn * 2.0 * M_PI;
-        return image
-            .pixelColor(qRound(middle + std::sin(angle) * ratio * 52), qRound(middle + std::cos(angle) * ratio * 52))
-            .alpha();
+    const KRTestTable<KRGPXMarkerShapeEnum, int, double> table{
+        {"6", Star6MarkerShape, 6, 0.5},
+        {"9", Star9MarkerShape, 9, 0.3},
+        {"12", Star12MarkerShape, 12, 0.7},
     };
-    for (int corner = 0; corner < points; ++corner) {
-        const double innerTurn = double(corner) / points;
-        const double outerTurn = (corner + 0.5) / points;
-        QCOMPARE(alphaAt(innerTurn, innerRatio - 0.1), 255);
-        QCOMPARE(alphaAt(innerTurn, innerRatio + 0.15), 0);
-        QCOMPARE(alphaAt(outerTurn, 0.8), 255);
-        QCOMPARE(alphaAt(outerTurn, 1.06), 0);
-    }
-}
-
-void tst_KRGPXMarkerShape::translucentFillIsPaintedOnce_data()
-{
-    QTest::addColumn<KRGPXMarkerShapeEnum>("shape");
-    QTest::newRow("disk") << DiskMarkerShape;
-    QTest::newRow("x") << XMarkerShape;
-    QTest::newRow("block") << BlockMarkerShape;
-    QTest::newRow("rhombus") << RhombusMarkerShape;
-    QTest::newRow("star") << Star9MarkerShape;
+    table.forEach([](KRGPXMarkerShapeEnum shape, int points, double innerRatio) {
+        const QImage image = picture(shape);
+        // Counted from straight below the centre; the corner there is an inner one.
+        const auto alphaAt = [&](double turn, double ratio) {
+            const double angle = turn * 2.0 * M_PI;
+            return image
+                .pixelColor(qRound(middle + std::sin(angle) * ratio * 52),
+                            qRound(middle + std::cos(angle) * ratio * 52))
+                .alpha();
+        };
+        for (int corner = 0; corner < points; ++corner) {
+            const double innerTurn = double(corner) / points;
+            const double outerTurn = (corner + 0.5) / points;
+            QCOMPARE(alphaAt(innerTurn, innerRatio - 0.1), 255);
+            QCOMPARE(alphaAt(innerTurn, innerRatio + 0.15), 0);
+            QCOMPARE(alphaAt(outerTurn, 0.8), 255);
+            QCOMPARE(alphaAt(outerTurn, 1.06), 0);
+        }
+    });
 }
 
 void tst_KRGPXMarkerShape::translucentFillIsPaintedOnce()
 {
-    QFETCH(KRGPXMarkerShapeEnum, shape);
-    QCOMPARE(picture(shape, QColor(255, 0, 0, 128)).pixelColor(middle, middle).alpha(), 128);
+    const KRTestTable<KRGPXMarkerShapeEnum> table{
+        {"disk", DiskMarkerShape},       {"x", XMarkerShape},        {"block", BlockMarkerShape},
+        {"rhombus", RhombusMarkerShape}, {"star", Star9MarkerShape},
+    };
+    table.forEach([](KRGPXMarkerShapeEnum shape) {
+        QCOMPARE(picture(shape, QColor(255, 0, 0, 128)).pixelColor(middle, middle).alpha(), 128);
+    });
 }
 
 void tst_KRGPXMarkerShape::crossHasWholeOuterAndExactInnerOffsets()

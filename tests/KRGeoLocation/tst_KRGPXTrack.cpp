@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrack.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTestXml.h"
 
 #include <KRCore/KRXMLLoader.h>
@@ -58,92 +59,83 @@ class tst_KRGPXTrack : public QObject
     Q_OBJECT
 
 private slots:
-    void shapeAfterReading_data();
     void shapeAfterReading();
-    void read_data();
     void read();
     void readingAddsToTheTrack();
-    void fromPoint_data();
     void fromPoint();
     void fromKml();
     void elementQueries();
     void queriesWithoutPoints();
     void body();
     void externalFile();
-    void include_data();
     void include();
     void includeRegistersTheFile();
     void missingIncludeIsRegistered();
     void currentDirectoryIsADirectory();
     void saveAsGpxFile();
-    void isEnclave_data();
     void isEnclave();
     void equality();
-    void copiesShare();
-    void order_data();
     void order();
 };
 
-void tst_KRGPXTrack::shapeAfterReading_data()
+void tst_KRGPXTrack::shapeAfterReading()
 {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<int>("expected");
     const QByteArray open = "<trkseg><compressedPoints>8,53 9,54</compressedPoints></trkseg>";
     const QByteArray closed = "<trkseg><compressedPoints>8,53 9,54 8.0000001,53</compressedPoints></trkseg>";
     const QByteArray single = "<trkseg><trkpt lat=\"53\" lon=\"8\"/></trkseg>";
     const QByteArray automatic = "<shape>auto</shape>";
-    QTest::newRow("none written") << closed << int(LineStringTrackShape);
-    QTest::newRow("auto, ends apart") << automatic + open << int(LineStringTrackShape);
-    QTest::newRow("auto, ends together") << automatic + closed << int(PolygonTrackShape);
-    QTest::newRow("auto, one point") << automatic + single << int(PointTrackShape);
-    QTest::newRow("auto, nothing") << automatic << int(UnknownTrackShape);
-    QTest::newRow("auto, two points in two segments") << automatic + single + single << int(PolygonTrackShape);
-    QTest::newRow("auto, empty segment: its ends are different positions")
-        << automatic + "<trkseg/>" << int(LineStringTrackShape);
-    QTest::newRow("auto behind the points") << single + automatic << int(PointTrackShape);
-    QTest::newRow("the last shape wins") << "<shape>point</shape><shape>hop</shape>" + open << int(HopTrackShape);
-    QTest::newRow("no key") << "<shape>blob</shape>" + open << int(UnknownTrackShape);
-}
-
-void tst_KRGPXTrack::shapeAfterReading()
-{
-    QFETCH(QByteArray, body);
-    QTEST(int(::read("<trk>" + body + "</trk>").shape().value()), "expected");
-}
-
-void tst_KRGPXTrack::read_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("description");
-    QTest::addColumn<int>("segments");
-    QTest::addColumn<int>("enclaves");
-    QTest::newRow("the last name and description win")
-        << QByteArray("<trk><name>a</name><desc>b</desc><name>c</name><desc>d</desc></trk>") << QStringLiteral("c")
-        << QStringLiteral("d") << 0 << 0;
-    QTest::newRow("an empty one too") << QByteArray("<trk><name>a</name><name/></trk>") << QString() << QString() << 0
-                                      << 0;
-    QTest::newRow("text of nested elements belongs to the name")
-        << QByteArray("<trk><name>a <b>bold<![CDATA[ & ]]></b><!-- not me -->one</name></trk>")
-        << QStringLiteral("a bold & one") << QString() << 0 << 0;
-    QTest::newRow("prefixed and deeper elements are others")
-        << QByteArray("<trk><gpx:name>a</gpx:name><x><trkseg/></x><rte/></trk>") << QString() << QString() << 0 << 0;
-    QTest::newRow("each child of enclaves is one, whatever its name")
-        << QByteArray("<trk><trkseg/><enclaves><trk/><island><trkseg/></island></enclaves><enclaves><trk/></enclaves>"
-                      "<trkseg/></trk>")
-        << QString() << QString() << 2 << 3;
-    QTest::newRow("includes are ignored without a directory")
-        << QByteArray("<trk><include>/etc/passwd</include></trk>") << QString() << QString() << 0 << 0;
+    const KRTestTable<QByteArray, int> table{
+        {"none written", closed, int(LineStringTrackShape)},
+        {"auto, ends apart", automatic + open, int(LineStringTrackShape)},
+        {"auto, ends together", automatic + closed, int(PolygonTrackShape)},
+        {"auto, one point", automatic + single, int(PointTrackShape)},
+        {"auto, nothing", automatic, int(UnknownTrackShape)},
+        {"auto, two points in two segments", automatic + single + single, int(PolygonTrackShape)},
+        {"auto, empty segment: its ends are different positions", automatic + "<trkseg/>", int(LineStringTrackShape)},
+        {"auto behind the points", single + automatic, int(PointTrackShape)},
+        {"the last shape wins", "<shape>point</shape><shape>hop</shape>" + open, int(HopTrackShape)},
+        {"no key", "<shape>blob</shape>" + open, int(UnknownTrackShape)},
+    };
+    table.forEach([](const QByteArray &body, int expected) {
+        QCOMPARE(int(::read("<trk>" + body + "</trk>").shape().value()), expected);
+    });
 }
 
 void tst_KRGPXTrack::read()
 {
-    QFETCH(QByteArray, xml);
-    const KRGPXTrack track = ::read(xml);
-    QTEST(track.name(), "name");
-    QTEST(track.description(), "description");
-    QTEST(track.segments().size(), "segments");
-    QTEST(track.enclaves().size(), "enclaves");
+    const KRTestTable<QByteArray, QString, QString, int, int> table{
+        {"the last name and description win", "<trk><name>a</name><desc>b</desc><name>c</name><desc>d</desc></trk>",
+         QStringLiteral("c"), QStringLiteral("d"), 0, 0},
+        {"an empty one too", "<trk><name>a</name><name/></trk>", {}, {}, 0, 0},
+        {"text of nested elements belongs to the name",
+         "<trk><name>a <b>bold<![CDATA[ & ]]></b><!-- not me -->one</name></trk>",
+         QStringLiteral("a bold & one"),
+         {},
+         0,
+         0},
+        {"prefixed and deeper elements are others",
+         "<trk><gpx:name>a</gpx:name><x><trkseg/></x><rte/></trk>",
+         {},
+         {},
+         0,
+         0},
+        {"each child of enclaves is one, whatever its name",
+         "<trk><trkseg/><enclaves><trk/><island><trkseg/></island></enclaves><enclaves><trk/></enclaves>"
+         "<trkseg/></trk>",
+         {},
+         {},
+         2,
+         3},
+        {"includes are ignored without a directory", "<trk><include>/etc/passwd</include></trk>", {}, {}, 0, 0},
+    };
+    table.forEach(
+        [](const QByteArray &xml, const QString &name, const QString &description, int segments, int enclaves) {
+            const KRGPXTrack track = ::read(xml);
+            QCOMPARE(track.name(), name);
+            QCOMPARE(track.description(), description);
+            QCOMPARE(track.segments().size(), segments);
+            QCOMPARE(track.enclaves().size(), enclaves);
+        });
 }
 
 void tst_KRGPXTrack::readingAddsToTheTrack()
@@ -157,27 +149,22 @@ void tst_KRGPXTrack::readingAddsToTheTrack()
     QCOMPARE(track.segments().size(), 2);
 }
 
-void tst_KRGPXTrack::fromPoint_data()
-{
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<bool>("isValid");
-    QTest::newRow("somewhere") << 53.0 << 8.0 << true;
-    QTest::newRow("(0, 0) is no position") << 0.0 << 0.0 << false;
-    QTest::newRow("beyond any angle") << 720.0 << 8.0 << false;
-}
-
 void tst_KRGPXTrack::fromPoint()
 {
-    QFETCH(double, latitude);
-    QFETCH(double, longitude);
-    const KRGPXTrack track(
-        KRGPXTrackPoint(KRGeoPosition(latitude, longitude), 3, QDateTime(), QStringLiteral("Leuchtturm")));
-    QCOMPARE(track.name(), QStringLiteral("Leuchtturm"));
-    QVERIFY(track.description().isEmpty());
-    QVERIFY(track.hasShape(PointTrackShape));
-    QTEST(track.isValid(), "isValid");
-    QTEST(track.isSinglePoint(), "isValid");
+    const KRTestTable<double, double, bool> table{
+        {"somewhere", 53.0, 8.0, true},
+        {"(0, 0) is no position", 0.0, 0.0, false},
+        {"beyond any angle", 720.0, 8.0, false},
+    };
+    table.forEach([](double latitude, double longitude, bool isValid) {
+        const KRGPXTrack track(
+            KRGPXTrackPoint(KRGeoPosition(latitude, longitude), 3, QDateTime(), QStringLiteral("Leuchtturm")));
+        QCOMPARE(track.name(), QStringLiteral("Leuchtturm"));
+        QVERIFY(track.description().isEmpty());
+        QVERIFY(track.hasShape(PointTrackShape));
+        QCOMPARE(track.isValid(), isValid);
+        QCOMPARE(track.isSinglePoint(), isValid);
+    });
 }
 
 void tst_KRGPXTrack::fromKml()
@@ -271,44 +258,39 @@ void tst_KRGPXTrack::externalFile()
     QCOMPARE(KRGPXTrack(trk, dir), lake);
 }
 
-void tst_KRGPXTrack::include_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("points");
-    QTest::newRow("merged into what stands around it")
-        << QByteArray("<trk><name>outer</name><trkseg><trkpt/></trkseg><include>two.gps</include>"
-                      "<trkseg><trkpt/></trkseg></trk>")
-        << QStringLiteral("two") << 4;
-    QTest::newRow("what follows wins") << QByteArray("<trk><include>two.gps</include><name>outer</name></trk>")
-                                       << QStringLiteral("outer") << 2;
-    QTest::newRow("several") << QByteArray("<trk><include>two.gps</include><include>two.gps</include></trk>")
-                             << QStringLiteral("two") << 4;
-    QTest::newRow("no include within an include")
-        << QByteArray("<trk><include>nested.gps</include></trk>") << QStringLiteral("nested") << 0;
-    QTest::newRow("no include within an enclave")
-        << QByteArray("<trk><enclaves><trk><include>two.gps</include></trk></enclaves></trk>") << QString() << 0;
-    QTest::newRow("not there") << QByteArray("<trk><name>outer</name><include>three.gps</include></trk>")
-                               << QStringLiteral("outer") << 0;
-    QTest::newRow("broken") << QByteArray("<trk><include>broken.gps</include></trk>") << QString() << 0;
-    QTest::newRow("without a track") << QByteArray("<trk><include>empty.gps</include></trk>") << QString() << 0;
-    QTest::newRow("names nothing, so the directory") << QByteArray("<trk><include/></trk>") << QString() << 0;
-}
-
 void tst_KRGPXTrack::include()
 {
-    QFETCH(QByteArray, xml);
-    const QTemporaryDir folder;
-    writeFile(folder.filePath(QStringLiteral("two.gps")),
-              "<x><y/><trk><name>two</name><trkseg><trkpt/><trkpt/></trkseg></trk>"
-              "<trk><name>second</name></trk></x>");
-    writeFile(folder.filePath(QStringLiteral("nested.gps")),
-              "<x><trk><name>nested</name><include>two.gps</include></trk></x>");
-    writeFile(folder.filePath(QStringLiteral("broken.gps")), "<x><trk><name>broken</name><trkseg><trkpt/></trkseg>");
-    writeFile(folder.filePath(QStringLiteral("empty.gps")), "<x/>");
-    const KRGPXTrack track(KRTestXml::element(xml), QDir(folder.path()));
-    QTEST(track.name(), "name");
-    QTEST(track.countPoints(), "points");
+    const KRTestTable<QByteArray, QString, int> table{
+        {"merged into what stands around it",
+         "<trk><name>outer</name><trkseg><trkpt/></trkseg><include>two.gps</include>"
+         "<trkseg><trkpt/></trkseg></trk>",
+         QStringLiteral("two"), 4},
+        {"what follows wins", "<trk><include>two.gps</include><name>outer</name></trk>", QStringLiteral("outer"), 2},
+        {"several", "<trk><include>two.gps</include><include>two.gps</include></trk>", QStringLiteral("two"), 4},
+        {"no include within an include", "<trk><include>nested.gps</include></trk>", QStringLiteral("nested"), 0},
+        {"no include within an enclave",
+         "<trk><enclaves><trk><include>two.gps</include></trk></enclaves></trk>",
+         {},
+         0},
+        {"not there", "<trk><name>outer</name><include>three.gps</include></trk>", QStringLiteral("outer"), 0},
+        {"broken", "<trk><include>broken.gps</include></trk>", {}, 0},
+        {"without a track", "<trk><include>empty.gps</include></trk>", {}, 0},
+        {"names nothing, so the directory", "<trk><include/></trk>", {}, 0},
+    };
+    table.forEach([](const QByteArray &xml, const QString &name, int points) {
+        const QTemporaryDir folder;
+        writeFile(folder.filePath(QStringLiteral("two.gps")),
+                  "<x><y/><trk><name>two</name><trkseg><trkpt/><trkpt/></trkseg></trk>"
+                  "<trk><name>second</name></trk></x>");
+        writeFile(folder.filePath(QStringLiteral("nested.gps")),
+                  "<x><trk><name>nested</name><include>two.gps</include></trk></x>");
+        writeFile(folder.filePath(QStringLiteral("broken.gps")),
+                  "<x><trk><name>broken</name><trkseg><trkpt/></trkseg>");
+        writeFile(folder.filePath(QStringLiteral("empty.gps")), "<x/>");
+        const KRGPXTrack track(KRTestXml::element(xml), QDir(folder.path()));
+        QCOMPARE(track.name(), name);
+        QCOMPARE(track.countPoints(), points);
+    });
 }
 
 void tst_KRGPXTrack::includeRegistersTheFile()
@@ -359,28 +341,23 @@ void tst_KRGPXTrack::saveAsGpxFile()
     QCOMPARE(KRGPXTrack(root.firstChildElement(), noDir), track);
 }
 
-void tst_KRGPXTrack::isEnclave_data()
-{
-    QTest::addColumn<QString>("outer");
-    QTest::addColumn<QString>("inner");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("inside") << square(2) << square(1) << true;
-    QTest::newRow("outside") << square(1) << square(2) << false;
-    QTest::newRow("not closed") << QStringLiteral("0,0.1 9,0.1 9,9 0,9") << QStringLiteral("2,2 3,2 3,3") << true;
-    QTest::newRow("shared edge") << square(2) << QStringLiteral("8,9 9,9 9,11 8,11") << false;
-    QTest::newRow("crossing") << square(2) << QStringLiteral("9,9 20,9 20,10 9,10") << false;
-    QTest::newRow("identical") << square(2) << square(2) << false;
-    QTest::newRow("empty") << square(2) << QString() << false;
-}
-
 void tst_KRGPXTrack::isEnclave()
 {
-    QFETCH(QString, outer);
-    QFETCH(QString, inner);
-    const KRGPXTrack area = track(outer, PolygonTrackShape);
-    QTEST(area.isEnclave(track(inner, PolygonTrackShape)), "expected");
-    QVERIFY(!area.isEnclave(track(inner, LineStringTrackShape)));
-    QVERIFY(!track(outer, LineStringTrackShape).isEnclave(track(inner, PolygonTrackShape)));
+    const KRTestTable<QString, QString, bool> table{
+        {"inside", square(2), square(1), true},
+        {"outside", square(1), square(2), false},
+        {"not closed", QStringLiteral("0,0.1 9,0.1 9,9 0,9"), QStringLiteral("2,2 3,2 3,3"), true},
+        {"shared edge", square(2), QStringLiteral("8,9 9,9 9,11 8,11"), false},
+        {"crossing", square(2), QStringLiteral("9,9 20,9 20,10 9,10"), false},
+        {"identical", square(2), square(2), false},
+        {"empty", square(2), {}, false},
+    };
+    table.forEach([](const QString &outer, const QString &inner, bool expected) {
+        const KRGPXTrack area = track(outer, PolygonTrackShape);
+        QCOMPARE(area.isEnclave(track(inner, PolygonTrackShape)), expected);
+        QVERIFY(!area.isEnclave(track(inner, LineStringTrackShape)));
+        QVERIFY(!track(outer, LineStringTrackShape).isEnclave(track(inner, PolygonTrackShape)));
+    });
 }
 
 void tst_KRGPXTrack::equality()
@@ -400,47 +377,26 @@ void tst_KRGPXTrack::equality()
     QVERIFY(track != withEnclave);
 }
 
-void tst_KRGPXTrack::copiesShare()
-{
-    const KRGPXTrack track = ::track(QStringLiteral("8,53 9,54"));
-    KRGPXTrack copy = track;
-    QVERIFY(!copy.setName(track.name()));
-    QVERIFY(!copy.setShape(track.shape()));
-    QVERIFY(copy.setName(QStringLiteral("other")));
-    QVERIFY(copy.setShape(AutoTrackShape));
-    QCOMPARE(track.name(), QStringLiteral("track"));
-    QVERIFY(track.hasShape(LineStringTrackShape));
-    // The points are not copied with the rest.
-    QVERIFY(copy.segments().isSharedWith(track.segments()));
-}
-
-void tst_KRGPXTrack::order_data()
-{
-    QTest::addColumn<QByteArray>("smaller");
-    QTest::addColumn<QByteArray>("larger");
-    QTest::addColumn<bool>("differ");
-    const QByteArray one = "<trk><trkseg><trkpt lat=\"9\" lon=\"9\"/></trkseg></trk>";
-    const QByteArray two = "<trk><trkseg><trkpt/></trkseg><trkseg><trkpt/></trkseg></trk>";
-    QTest::newRow("fewer points") << one << two << true;
-    QTest::newRow("none at all") << QByteArray("<trk/>") << one << true;
-    QTest::newRow("both without points") << QByteArray("<trk/>") << QByteArray("<trk><trkseg/></trk>") << false;
-    QTest::newRow("first position decides, empty segments do not count")
-        << QByteArray("<trk><trkseg><trkpt lat=\"-9\"/></trkseg></trk>")
-        << QByteArray("<trk><trkseg/><trkseg><trkpt lat=\"-8\"/></trkseg></trk>") << true;
-    QTest::newRow("same first position") << one << one << false;
-}
-
 void tst_KRGPXTrack::order()
 {
-    QFETCH(QByteArray, smaller);
-    QFETCH(QByteArray, larger);
-    QFETCH(bool, differ);
-    const KRGPXTrack a = ::read(smaller);
-    const KRGPXTrack b = ::read(larger);
-    QCOMPARE(a < b, differ);
-    QCOMPARE(b > a, differ);
-    QVERIFY(!(b < a));
-    QVERIFY(!(a > b));
+    const QByteArray one = "<trk><trkseg><trkpt lat=\"9\" lon=\"9\"/></trkseg></trk>";
+    const QByteArray two = "<trk><trkseg><trkpt/></trkseg><trkseg><trkpt/></trkseg></trk>";
+    const KRTestTable<QByteArray, QByteArray, bool> table{
+        {"fewer points", one, two, true},
+        {"none at all", "<trk/>", one, true},
+        {"both without points", "<trk/>", "<trk><trkseg/></trk>", false},
+        {"first position decides, empty segments do not count", "<trk><trkseg><trkpt lat=\"-9\"/></trkseg></trk>",
+         "<trk><trkseg/><trkseg><trkpt lat=\"-8\"/></trkseg></trk>", true},
+        {"same first position", one, one, false},
+    };
+    table.forEach([](const QByteArray &smaller, const QByteArray &larger, bool differ) {
+        const KRGPXTrack a = ::read(smaller);
+        const KRGPXTrack b = ::read(larger);
+        QCOMPARE(a < b, differ);
+        QCOMPARE(b > a, differ);
+        QVERIFY(!(b < a));
+        QVERIFY(!(a > b));
+    });
 }
 
 static const KRTestRegistration<tst_KRGPXTrack> registration;

@@ -2,6 +2,7 @@
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -27,34 +28,27 @@ class tst_KRGPXTrackElement : public QObject
     Q_OBJECT
 
 private slots:
-    void safeDouble_data();
     void safeDouble();
     void derivedFromThePoints();
-    void timeFrame_data();
     void timeFrame();
 };
 
-void tst_KRGPXTrackElement::safeDouble_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("expected");
-    QTest::newRow("seven decimals are kept") << QStringLiteral("53.123456789") << 53.1234567;
-    QTest::newRow("seven characters without a point") << QStringLiteral("123456789") << 1234567.0;
-    QTest::newRow("the sign is one of the seven") << QStringLiteral("-123456789") << -123456.0;
-    QTest::newRow("leading zeroes too") << QStringLiteral("00000012") << 1.0;
-    QTest::newRow("an exponent behind the seventh decimal is lost") << QStringLiteral("1.23456789e-05") << 1.2345678;
-    QTest::newRow("a nearer one counts") << QStringLiteral("1.5e2") << 150.0;
-    QTest::newRow("point at the end") << QStringLiteral("12.") << 12.0;
-    QTest::newRow("too large for a double") << QStringLiteral("1e400") << 0.0;
-    QTest::newRow("decimal comma") << QStringLiteral("1,5") << 0.0;
-    QTest::newRow("empty") << QString() << 0.0;
-}
-
 void tst_KRGPXTrackElement::safeDouble()
 {
-    QFETCH(QString, text);
-    QFETCH(double, expected);
-    QVERIFY(KRGPXTrackElement::safeDouble(text) == expected);
+    const KRTestTable<QString, double> table{
+        {"seven decimals are kept", QStringLiteral("53.123456789"), 53.1234567},
+        {"seven characters without a point", QStringLiteral("123456789"), 1234567.0},
+        {"the sign is one of the seven", QStringLiteral("-123456789"), -123456.0},
+        {"leading zeroes too", QStringLiteral("00000012"), 1.0},
+        {"an exponent behind the seventh decimal is lost", QStringLiteral("1.23456789e-05"), 1.2345678},
+        {"a nearer one counts", QStringLiteral("1.5e2"), 150.0},
+        {"point at the end", QStringLiteral("12."), 12.0},
+        {"too large for a double", QStringLiteral("1e400"), 0.0},
+        {"decimal comma", QStringLiteral("1,5"), 0.0},
+        {"empty", {}, 0.0},
+    };
+    table.forEach(
+        [](const QString &text, double expected) { QVERIFY(KRGPXTrackElement::safeDouble(text) == expected); });
 }
 
 void tst_KRGPXTrackElement::derivedFromThePoints()
@@ -69,32 +63,26 @@ void tst_KRGPXTrackElement::derivedFromThePoints()
     QCOMPARE(segmentAt({bremen, cuxhaven}).boundingBox(), KRGeoPositionRect::spawn(bremen, cuxhaven));
 }
 
-void tst_KRGPXTrackElement::timeFrame_data()
-{
-    QTest::addColumn<QList<QDateTime>>("timeStamps");
-    QTest::addColumn<QDateTime>("minimum");
-    QTest::addColumn<QDateTime>("maximum");
-    QTest::addColumn<bool>("isValid");
-    const QDateTime none;
-    QTest::newRow("no time stamps") << QList<QDateTime>{} << none << none << false;
-    QTest::newRow("a single instant is no frame") << QList<QDateTime>{noon} << noon << noon << false;
-    QTest::newRow("any order") << QList<QDateTime>{noon, evening, morning} << morning << evening << true;
-    QTest::newRow("an invalid one is earlier than all")
-        << QList<QDateTime>{morning, none, evening} << none << evening << true;
-    QTest::newRow("invalid ones at the start leave the frame unset")
-        << QList<QDateTime>{none, none, noon} << noon << noon << false;
-}
-
 void tst_KRGPXTrackElement::timeFrame()
 {
-    QFETCH(QList<QDateTime>, timeStamps);
-    KRGPXTrackSegment segment;
-    for (const QDateTime &timeStamp : timeStamps)
-        segment.append(53.1, 8.8, 0, timeStamp, QString());
-    const KRRange<QDateTime> frame = segment.timeFrame();
-    QTEST(frame.minimum(), "minimum");
-    QTEST(frame.maximum(), "maximum");
-    QTEST(frame.isValid(), "isValid");
+    const QDateTime none;
+    const KRTestTable<QList<QDateTime>, QDateTime, QDateTime, bool> table{
+        {"no time stamps", QList<QDateTime>{}, none, none, false},
+        {"a single instant is no frame", QList<QDateTime>{noon}, noon, noon, false},
+        {"any order", QList<QDateTime>{noon, evening, morning}, morning, evening, true},
+        {"an invalid one is earlier than all", QList<QDateTime>{morning, none, evening}, none, evening, true},
+        {"invalid ones at the start leave the frame unset", QList<QDateTime>{none, none, noon}, noon, noon, false},
+    };
+    table.forEach(
+        [](const QList<QDateTime> &timeStamps, const QDateTime &minimum, const QDateTime &maximum, bool isValid) {
+            KRGPXTrackSegment segment;
+            for (const QDateTime &timeStamp : timeStamps)
+                segment.append(53.1, 8.8, 0, timeStamp, QString());
+            const KRRange<QDateTime> frame = segment.timeFrame();
+            QCOMPARE(frame.minimum(), minimum);
+            QCOMPARE(frame.maximum(), maximum);
+            QCOMPARE(frame.isValid(), isValid);
+        });
 }
 
 static const KRTestRegistration<tst_KRGPXTrackElement> registration;

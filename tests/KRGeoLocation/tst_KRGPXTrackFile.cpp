@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrackFile.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRXMLGuard.h>
@@ -26,97 +27,79 @@ class tst_KRGPXTrackFile : public QObject
     Q_OBJECT
 
 private slots:
-    void tracksAndTheirNames_data();
     void tracksAndTheirNames();
-    void readableAsDomOnly_data();
     void readableAsDomOnly();
-    void unreadable_data();
     void unreadable();
     void brokenAndTooLargeForADom();
 };
 
-void tst_KRGPXTrackFile::tracksAndTheirNames_data()
+void tst_KRGPXTrackFile::tracksAndTheirNames()
 {
-    QTest::addColumn<QString>("fileName");
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QStringList>("expected");
     const QByteArray unnamed = "<trk><trkseg/></trk>";
     const QByteArray invalid = "<trk><name>invalid</name></trk>";
     const QByteArray named = "<trk><name>Deich</name><trkseg/></trk>";
     const QString tour = QStringLiteral("Tour.gpx");
-    QTest::newRow("unnamed ones are numbered among all")
-        << tour << named + unnamed + invalid + unnamed
-        << QStringList{QStringLiteral("Deich"), QStringLiteral("Tour 2"), QStringLiteral("Tour 4")};
-    QTest::newRow("base name up to the first dot")
-        << QStringLiteral("a.b.gpx") << unnamed << QStringList{QStringLiteral("a 1")};
-    QTest::newRow("percent signs are no placeholders")
-        << QStringLiteral("100%2.gpx") << unnamed << QStringList{QStringLiteral("100%2 1")};
-    QTest::newRow("only children of the root") << tour << QByteArray("<rte/><x>") + named + "</x>" << QStringList{};
-    QTest::newRow("prefixed ones are others") << tour << QByteArray("<g:trk><trkseg/></g:trk>") << QStringList{};
-}
-
-void tst_KRGPXTrackFile::tracksAndTheirNames()
-{
-    QFETCH(QString, fileName);
-    QFETCH(QByteArray, xml);
-    QFETCH(QStringList, expected);
-    const QTemporaryDir folder;
-    KRErrorHistory history;
-    const KRGPXTrackFile trackFile(write(folder, fileName, "<gpx>" + xml + "</gpx>"), &history);
-    QStringList names;
-    for (const KRGPXTrack &track : trackFile.tracks())
-        names.append(track.name());
-    QCOMPARE(names, expected);
-    QCOMPARE(trackFile.isValid(), !expected.isEmpty());
-    QVERIFY(history.isEmpty());
-}
-
-void tst_KRGPXTrackFile::readableAsDomOnly_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("name");
-    const auto track = [](const QByteArray &name) { return "<gpx><trk>" + name + "<trkseg/></trk></gpx>"; };
-    QTest::newRow("carriage returns") << track("<name>a\r\nb</name>") << QStringLiteral("a\r\nb");
-    QTest::newRow("attribute twice") << track("<name a='1' a='2'>a</name>") << QStringLiteral("a");
-    QTest::newRow("undeclared entity") << track("<name>a&nbsp;b</name>") << QStringLiteral("ab");
-    QTest::newRow("control character") << track("<name>a\x01</name>") << QStringLiteral("a\x01");
-    QTest::newRow("bad UTF-8") << track("<name>a\xE4</name>") << QStringLiteral("a\uFFFD");
-    QTest::newRow("declared entity") << "<!DOCTYPE gpx [<!ENTITY e 'abc'>]>" + track("<name>&e;</name>")
-                                     << QStringLiteral("abc");
+    const KRTestTable<QString, QByteArray, QStringList> table{
+        {"unnamed ones are numbered among all", tour, named + unnamed + invalid + unnamed,
+         QStringList{QStringLiteral("Deich"), QStringLiteral("Tour 2"), QStringLiteral("Tour 4")}},
+        {"base name up to the first dot", QStringLiteral("a.b.gpx"), unnamed, QStringList{QStringLiteral("a 1")}},
+        {"percent signs are no placeholders", QStringLiteral("100%2.gpx"), unnamed,
+         QStringList{QStringLiteral("100%2 1")}},
+        {"only children of the root", tour, QByteArray("<rte/><x>") + named + "</x>", QStringList{}},
+        {"prefixed ones are others", tour, "<g:trk><trkseg/></g:trk>", QStringList{}},
+    };
+    table.forEach([](const QString &fileName, const QByteArray &xml, const QStringList &expected) {
+        const QTemporaryDir folder;
+        KRErrorHistory history;
+        const KRGPXTrackFile trackFile(write(folder, fileName, "<gpx>" + xml + "</gpx>"), &history);
+        QStringList names;
+        for (const KRGPXTrack &track : trackFile.tracks())
+            names.append(track.name());
+        QCOMPARE(names, expected);
+        QCOMPARE(trackFile.isValid(), !expected.isEmpty());
+        QVERIFY(history.isEmpty());
+    });
 }
 
 void tst_KRGPXTrackFile::readableAsDomOnly()
 {
-    QFETCH(QByteArray, xml);
-    const QTemporaryDir folder;
-    KRErrorHistory history;
-    const KRGPXTrackFile trackFile(write(folder, QStringLiteral("dom.gpx"), xml), &history);
-    QCOMPARE(trackFile.tracks().size(), 1);
-    QTEST(trackFile.tracks().first().name(), "name");
-    QVERIFY(history.isEmpty());
-}
-
-void tst_KRGPXTrackFile::unreadable_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<int>("line");
-    QTest::newRow("cut off behind a whole track") << QByteArray("<gpx>\n<trk><trkseg/></trk>\n<trk>") << 3;
-    QTest::newRow("wrong nesting") << QByteArray("<gpx><trk><trkseg></trk></trkseg></gpx>") << 1;
-    QTest::newRow("text behind the end") << QByteArray("<gpx><trk><trkseg/></trk></gpx>\nmore") << 2;
-    QTest::newRow("empty") << QByteArray() << 0;
+    const auto track = [](const QByteArray &name) { return "<gpx><trk>" + name + "<trkseg/></trk></gpx>"; };
+    const KRTestTable<QByteArray, QString> table{
+        {"carriage returns", track("<name>a\r\nb</name>"), QStringLiteral("a\r\nb")},
+        {"attribute twice", track("<name a='1' a='2'>a</name>"), QStringLiteral("a")},
+        {"undeclared entity", track("<name>a&nbsp;b</name>"), QStringLiteral("ab")},
+        {"control character", track("<name>a\x01</name>"), QStringLiteral("a\x01")},
+        {"bad UTF-8", track("<name>a\xE4</name>"), QStringLiteral("a\uFFFD")},
+        {"declared entity", "<!DOCTYPE gpx [<!ENTITY e 'abc'>]>" + track("<name>&e;</name>"), QStringLiteral("abc")},
+    };
+    table.forEach([](const QByteArray &xml, const QString &name) {
+        const QTemporaryDir folder;
+        KRErrorHistory history;
+        const KRGPXTrackFile trackFile(write(folder, QStringLiteral("dom.gpx"), xml), &history);
+        QCOMPARE(trackFile.tracks().size(), 1);
+        QCOMPARE(trackFile.tracks().first().name(), name);
+        QVERIFY(history.isEmpty());
+    });
 }
 
 void tst_KRGPXTrackFile::unreadable()
 {
-    QFETCH(QByteArray, xml);
-    const QTemporaryDir folder;
-    const QFileInfo file = write(folder, QStringLiteral("broken.gpx"), xml);
-    KRErrorHistory history;
-    QVERIFY(!KRGPXTrackFile(file, &history).isValid());
-    QCOMPARE(history.entries().size(), 1);
-    QCOMPARE(history.entries().first().fileName, file.filePath());
-    QTEST(history.entries().first().line, "line");
-    QVERIFY(!history.entries().first().reason.isEmpty());
+    const KRTestTable<QByteArray, int> table{
+        {"cut off behind a whole track", "<gpx>\n<trk><trkseg/></trk>\n<trk>", 3},
+        {"wrong nesting", "<gpx><trk><trkseg></trk></trkseg></gpx>", 1},
+        {"text behind the end", "<gpx><trk><trkseg/></trk></gpx>\nmore", 2},
+        {"empty", {}, 0},
+    };
+    table.forEach([](const QByteArray &xml, int line) {
+        const QTemporaryDir folder;
+        const QFileInfo file = write(folder, QStringLiteral("broken.gpx"), xml);
+        KRErrorHistory history;
+        QVERIFY(!KRGPXTrackFile(file, &history).isValid());
+        QCOMPARE(history.entries().size(), 1);
+        QCOMPARE(history.entries().first().fileName, file.filePath());
+        QCOMPARE(history.entries().first().line, line);
+        QVERIFY(!history.entries().first().reason.isEmpty());
+    });
 }
 
 void tst_KRGPXTrackFile::brokenAndTooLargeForADom()

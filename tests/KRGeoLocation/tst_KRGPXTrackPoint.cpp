@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTestXml.h"
 
 #include <QtTest>
@@ -20,146 +21,115 @@ bool liesExactlyAt(const KRGPXTrackPoint &point, double latitude, double longitu
 
 } // namespace
 
-Q_DECLARE_METATYPE(KRGPXTrackPoint)
-
 class tst_KRGPXTrackPoint : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void read_data();
     void read();
-    void writeXml_data();
     void writeXml();
-    void toKml_data();
     void toKml();
-    void decodeKml_data();
     void decodeKml();
     void timesGrowWithEverySave();
     void equality();
     void asElement();
 };
 
-void tst_KRGPXTrackPoint::read_data()
-{
-    const auto elevation = [](const QByteArray &text) { return "<trkpt><ele>" + text + "</ele></trkpt>"; };
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("both coordinates") << QByteArray("<trkpt lat='53.14' lon='-8.21'/>")
-                                      << QStringLiteral("-8.21,53.14");
-    QTest::newRow("none") << QByteArray("<trkpt/>") << QStringLiteral("1.,1.");
-    QTest::newRow("no longitude") << QByteArray("<trkpt lat='53.14'/>") << QStringLiteral("1.,53.14");
-    QTest::newRow("decimal comma") << QByteArray("<trkpt lat='53,14' lon='8'/>") << QStringLiteral("8.,1.");
-    QTest::newRow("any number is taken") << QByteArray("<trkpt lat='1e3' lon=' -700 '/>")
-                                         << QStringLiteral("-700.,1000.");
-    QTest::newRow("elevations are cut") << elevation("12.9") << QStringLiteral("1.,1.,12");
-    QTest::newRow("toward zero") << elevation("-3.7") << QStringLiteral("1.,1.,-3");
-    QTest::newRow("elevation not a number") << elevation("nan") << QStringLiteral("1.,1.");
-    QTest::newRow("elevation beyond an int") << elevation("1e20") << QStringLiteral("1.,1.,2147483647");
-    QTest::newRow("time with blanks, a fraction and an offset")
-        << QByteArray("<trkpt><time> 2024-05-01T14:00:00.5+02:00\n</time></trkpt>")
-        << QStringLiteral("1.,1.,0,1714564800500");
-    QTest::newRow("only own children count")
-        << QByteArray("<trkpt><x><ele>3</ele></x></trkpt>") << QStringLiteral("1.,1.");
-    QTest::newRow("the first of its name")
-        << QByteArray("<trkpt><ele>3</ele><ele>4</ele></trkpt>") << QStringLiteral("1.,1.,3");
-}
-
 void tst_KRGPXTrackPoint::read()
 {
-    QFETCH(QByteArray, xml);
-    QTEST(KRGPXTrackPoint(KRTestXml::element(xml)).toKml(), "expected");
-}
-
-void tst_KRGPXTrackPoint::writeXml_data()
-{
-    QTest::addColumn<KRGPXTrackPoint>("point");
-    QTest::addColumn<QString>("latitude");
-    QTest::addColumn<QString>("longitude");
-    QTest::addColumn<QString>("children");
-    const KRGeoPosition position(53.14117999999999, -8.25);
-    QTest::newRow("position only") << KRGPXTrackPoint(position, 0, QDateTime(), QString()) << QStringLiteral("53.14118")
-                                   << QStringLiteral("-8.25") << QString();
-    QTest::newRow("everything") << KRGPXTrackPoint(position, -3, noon, QStringLiteral("a < b"))
-                                << QStringLiteral("53.14118") << QStringLiteral("-8.25")
-                                << QStringLiteral("ele=-3;time=2024-05-01T12:00:00Z;desc=a < b;");
-    QTest::newRow("ten significant digits")
-        << KRGPXTrackPoint(KRGeoPosition(123.45678901234, 1e-12), 0, noon, {}) << QStringLiteral("123.456789")
-        << QStringLiteral("1e-12") << QStringLiteral("time=2024-05-01T12:00:00Z;");
+    const auto elevation = [](const QByteArray &text) { return "<trkpt><ele>" + text + "</ele></trkpt>"; };
+    const KRTestTable<QByteArray, QString> table{
+        {"both coordinates", "<trkpt lat='53.14' lon='-8.21'/>", QStringLiteral("-8.21,53.14")},
+        {"none", "<trkpt/>", QStringLiteral("1.,1.")},
+        {"no longitude", "<trkpt lat='53.14'/>", QStringLiteral("1.,53.14")},
+        {"decimal comma", "<trkpt lat='53,14' lon='8'/>", QStringLiteral("8.,1.")},
+        {"any number is taken", "<trkpt lat='1e3' lon=' -700 '/>", QStringLiteral("-700.,1000.")},
+        {"elevations are cut", elevation("12.9"), QStringLiteral("1.,1.,12")},
+        {"toward zero", elevation("-3.7"), QStringLiteral("1.,1.,-3")},
+        {"elevation not a number", elevation("nan"), QStringLiteral("1.,1.")},
+        {"elevation beyond an int", elevation("1e20"), QStringLiteral("1.,1.,2147483647")},
+        {"time with blanks, a fraction and an offset", "<trkpt><time> 2024-05-01T14:00:00.5+02:00\n</time></trkpt>",
+         QStringLiteral("1.,1.,0,1714564800500")},
+        {"only own children count", "<trkpt><x><ele>3</ele></x></trkpt>", QStringLiteral("1.,1.")},
+        {"the first of its name", "<trkpt><ele>3</ele><ele>4</ele></trkpt>", QStringLiteral("1.,1.,3")},
+    };
+    table.forEach([](const QByteArray &xml, const QString &expected) {
+        QCOMPARE(KRGPXTrackPoint(KRTestXml::element(xml)).toKml(), expected);
+    });
 }
 
 void tst_KRGPXTrackPoint::writeXml()
 {
-    QFETCH(KRGPXTrackPoint, point);
-    QDomElement trkseg = KRTestXml::element("<trkseg/>");
-    point.toXml(trkseg);
-    QCOMPARE(trkseg.childNodes().size(), 1);
-    const QDomElement trkpt = trkseg.firstChildElement(QStringLiteral("trkpt"));
-    QTEST(trkpt.attribute(QStringLiteral("lat")), "latitude");
-    QTEST(trkpt.attribute(QStringLiteral("lon")), "longitude");
-    QString children;
-    for (QDomElement child = trkpt.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        children += child.tagName() + QLatin1Char('=') + child.text() + QLatin1Char(';');
-    QTEST(children, "children");
-    QCOMPARE(KRGPXTrackPoint(trkpt), point);
-}
-
-void tst_KRGPXTrackPoint::toKml_data()
-{
-    QTest::addColumn<KRGPXTrackPoint>("point");
-    QTest::addColumn<QString>("expected");
-    const KRGeoPosition position(53.0, 8.25);
-    const QString description = QStringLiteral("lost");
-    QTest::newRow("the point stays behind whole degrees")
-        << KRGPXTrackPoint(position, 0, QDateTime(), description) << QStringLiteral("8.25,53.");
-    QTest::newRow("elevation") << KRGPXTrackPoint(position, -12, QDateTime(), description)
-                               << QStringLiteral("8.25,53.,-12");
-    QTest::newRow("time without elevation")
-        << KRGPXTrackPoint(position, 0, noon, description) << QStringLiteral("8.25,53.,0,1714564800000");
-    QTest::newRow("ten decimals") << KRGPXTrackPoint(KRGeoPosition(0.0, -0.123456789012), 0, QDateTime(), {})
-                                  << QStringLiteral("-0.123456789,0.");
-    QTest::newRow("hundreds keep their zeroes")
-        << KRGPXTrackPoint(KRGeoPosition(10.0, 100.0), 0, QDateTime(), {}) << QStringLiteral("100.,10.");
+    const KRGeoPosition position(53.14117999999999, -8.25);
+    const KRTestTable<KRGPXTrackPoint, QString, QString, QString> table{
+        {"position only",
+         KRGPXTrackPoint(position, 0, QDateTime(), QString()),
+         QStringLiteral("53.14118"),
+         QStringLiteral("-8.25"),
+         {}},
+        {"everything", KRGPXTrackPoint(position, -3, noon, QStringLiteral("a < b")), QStringLiteral("53.14118"),
+         QStringLiteral("-8.25"), QStringLiteral("ele=-3;time=2024-05-01T12:00:00Z;desc=a < b;")},
+        {"ten significant digits", KRGPXTrackPoint(KRGeoPosition(123.45678901234, 1e-12), 0, noon, {}),
+         QStringLiteral("123.456789"), QStringLiteral("1e-12"), QStringLiteral("time=2024-05-01T12:00:00Z;")},
+    };
+    table.forEach([](const KRGPXTrackPoint &point, const QString &latitude, const QString &longitude,
+                     const QString &expectedChildren) {
+        QDomElement trkseg = KRTestXml::element("<trkseg/>");
+        point.toXml(trkseg);
+        QCOMPARE(trkseg.childNodes().size(), 1);
+        const QDomElement trkpt = trkseg.firstChildElement(QStringLiteral("trkpt"));
+        QCOMPARE(trkpt.attribute(QStringLiteral("lat")), latitude);
+        QCOMPARE(trkpt.attribute(QStringLiteral("lon")), longitude);
+        QString children;
+        for (QDomElement child = trkpt.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
+            children += child.tagName() + QLatin1Char('=') + child.text() + QLatin1Char(';');
+        QCOMPARE(children, expectedChildren);
+        QCOMPARE(KRGPXTrackPoint(trkpt), point);
+    });
 }
 
 void tst_KRGPXTrackPoint::toKml()
 {
-    QFETCH(KRGPXTrackPoint, point);
-    QTEST(point.toKml(), "expected");
-}
-
-void tst_KRGPXTrackPoint::decodeKml_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<int>("elevation");
-    QTest::addColumn<QDateTime>("timeStamp");
-    const QDateTime none;
-    const QDateTime epoch = QDateTime::fromSecsSinceEpoch(0);
-    QTest::newRow("longitude first") << QStringLiteral("8.25,53.") << 53.0 << 8.25 << 0 << none;
-    QTest::newRow("seven decimals") << QStringLiteral("8.99999999,53.12345678") << 53.1234567 << 8.9999999 << 0 << none;
-    QTest::newRow("elevation, no time") << QStringLiteral("8,53,12") << 53.0 << 8.0 << 12 << none;
-    QTest::newRow("elevation is an int") << QStringLiteral("8,53,12.5") << 53.0 << 8.0 << 0 << none;
-    QTest::newRow("seconds") << QStringLiteral("8,53,-1,1714564800") << 53.0 << 8.0 << -1 << noon;
-    QTest::newRow("empty time field is the epoch") << QStringLiteral("8,53,0,") << 53.0 << 8.0 << 0 << epoch;
-    QTest::newRow("unreadable time field too") << QStringLiteral("8,53,,now,x") << 53.0 << 8.0 << 0 << epoch;
-    QTest::newRow("more seconds than milliseconds fit")
-        << QStringLiteral("8,53,0,9223372036854775807") << 53.0 << 8.0 << 0 << none;
-    QTest::newRow("longitude only") << QStringLiteral("8") << 0.0 << 8.0 << 0 << none;
-    QTest::newRow("nothing") << QString() << 0.0 << 0.0 << 0 << none;
+    const KRGeoPosition position(53.0, 8.25);
+    const QString description = QStringLiteral("lost");
+    const KRTestTable<KRGPXTrackPoint, QString> table{
+        {"the point stays behind whole degrees", KRGPXTrackPoint(position, 0, QDateTime(), description),
+         QStringLiteral("8.25,53.")},
+        {"elevation", KRGPXTrackPoint(position, -12, QDateTime(), description), QStringLiteral("8.25,53.,-12")},
+        {"time without elevation", KRGPXTrackPoint(position, 0, noon, description),
+         QStringLiteral("8.25,53.,0,1714564800000")},
+        {"ten decimals", KRGPXTrackPoint(KRGeoPosition(0.0, -0.123456789012), 0, QDateTime(), {}),
+         QStringLiteral("-0.123456789,0.")},
+        {"hundreds keep their zeroes", KRGPXTrackPoint(KRGeoPosition(10.0, 100.0), 0, QDateTime(), {}),
+         QStringLiteral("100.,10.")},
+    };
+    table.forEach([](const KRGPXTrackPoint &point, const QString &expected) { QCOMPARE(point.toKml(), expected); });
 }
 
 void tst_KRGPXTrackPoint::decodeKml()
 {
-    QFETCH(QString, text);
-    QFETCH(double, latitude);
-    QFETCH(double, longitude);
-    const KRGPXTrackPoint point = KRGPXTrackPoint::decodeKml(text);
-    QVERIFY(liesExactlyAt(point, latitude, longitude));
-    QTEST(point.elevation(), "elevation");
-    QTEST(point.timeStamp(), "timeStamp");
-    QVERIFY(point.description().isEmpty());
+    const QDateTime none;
+    const QDateTime epoch = QDateTime::fromSecsSinceEpoch(0);
+    const KRTestTable<QString, double, double, int, QDateTime> table{
+        {"longitude first", QStringLiteral("8.25,53."), 53.0, 8.25, 0, none},
+        {"seven decimals", QStringLiteral("8.99999999,53.12345678"), 53.1234567, 8.9999999, 0, none},
+        {"elevation, no time", QStringLiteral("8,53,12"), 53.0, 8.0, 12, none},
+        {"elevation is an int", QStringLiteral("8,53,12.5"), 53.0, 8.0, 0, none},
+        {"seconds", QStringLiteral("8,53,-1,1714564800"), 53.0, 8.0, -1, noon},
+        {"empty time field is the epoch", QStringLiteral("8,53,0,"), 53.0, 8.0, 0, epoch},
+        {"unreadable time field too", QStringLiteral("8,53,,now,x"), 53.0, 8.0, 0, epoch},
+        {"more seconds than milliseconds fit", QStringLiteral("8,53,0,9223372036854775807"), 53.0, 8.0, 0, none},
+        {"longitude only", QStringLiteral("8"), 0.0, 8.0, 0, none},
+        {"nothing", {}, 0.0, 0.0, 0, none},
+    };
+    table.forEach(
+        [](const QString &text, double latitude, double longitude, int elevation, const QDateTime &timeStamp) {
+            const KRGPXTrackPoint point = KRGPXTrackPoint::decodeKml(text);
+            QVERIFY(liesExactlyAt(point, latitude, longitude));
+            QCOMPARE(point.elevation(), elevation);
+            QCOMPARE(point.timeStamp(), timeStamp);
+            QVERIFY(point.description().isEmpty());
+        });
 }
 
 void tst_KRGPXTrackPoint::timesGrowWithEverySave()

@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrackRenderer.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXTrackConfiguration.h>
@@ -127,15 +128,11 @@ const QRectF square(100.0, 60.0, 60.0, 60.0);
 
 } // namespace
 
-Q_DECLARE_METATYPE(KRGPXTrack)
-Q_DECLARE_METATYPE(QImage::Format)
-
 class tst_KRGPXTrackRenderer : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void renderOptions_data();
     void renderOptions();
     void penStyleAndFactor();
     void longDashedLine();
@@ -144,68 +141,50 @@ private slots:
     void painterOfTheCaller();
     void enclavesAreHoles();
     void lineAsArea();
-    void pathOfTrack_data();
     void pathOfTrack();
-    void smoothing_data();
     void smoothing();
-    void dateLineCrossing_data();
     void dateLineCrossing();
     void lineOverTheDateLine();
     void mapOverTheDateLine();
-    void visibleShifts_data();
     void visibleShifts();
     void unseenCopiesChangeNothing();
-    void markers_data();
     void markers();
     void invalidPositionHasNoMarker();
-    void arrows_data();
     void arrows();
-    void crop_data();
     void crop();
-    void cropOfFormats_data();
     void cropOfFormats();
     void cropKeepsColours();
     void otherThreadsDrawTheSame();
-    void awkwardTracks_data();
     void awkwardTracks();
-    void awkwardImages_data();
     void awkwardImages();
 };
 
-void tst_KRGPXTrackRenderer::renderOptions_data()
-{
-    QTest::addColumn<int>("option");
-    QTest::addColumn<int>("displayOptions");
-    QTest::addColumn<QVector<int>>("alphas"); // outside, in the halo, on the line, in the area
-    const auto row = [](const char *name, int option, int displayOptions, const QVector<int> &alphas) {
-        QTest::newRow(name) << option << displayOptions << alphas;
-    };
-    row("styled: stroke", StyledRender, StrokeDisplayOption, {0, 0, 128, 0});
-    row("styled: fill", StyledRender, FillDisplayOption, {0, 0, 0, 64});
-    row("styled: both", StyledRender, StrokeDisplayOption | FillDisplayOption, {0, 0, 128, 64});
-    row("styled: nothing", StyledRender, NoDisplayOption, {0, 0, 0, 0});
-    row("opaque: both in any case", OpaqueRender, NoDisplayOption, {0, 255, 255, 255});
-    row("halo: stroke", HaloRender, StrokeDisplayOption, {0, 128, 128, 0});
-    row("halo: fill", HaloRender, FillDisplayOption, {0, 0, 0, 64});
-    row("any other number is halo", 17, StrokeDisplayOption | FillDisplayOption, {0, 128, 128, 64});
-}
-
 void tst_KRGPXTrackRenderer::renderOptions()
 {
-    QFETCH(int, option);
-    QFETCH(int, displayOptions);
-    QFETCH(QVector<int>, alphas);
-    const auto configuration = configurationOf(KRGPXTrackDisplayOptionsEnum(displayOptions));
-    const PlainRenderer renderer(selectionOf(squareAt(square), configuration));
-    const QImage image = renderer.render(TrackRenderOption(option));
-    // the line covers 98 ... 102, with its halo 95 ... 105
-    const QVector<int> seen{alphaAt(image, 90, 90), alphaAt(image, 96, 90), alphaAt(image, 99, 90),
-                            alphaAt(image, 130, 90)};
-    QCOMPARE(seen, alphas);
-    if (alphas.at(2) > 0)
-        QCOMPARE(image.pixelColor(99, 90).red(), 255);
-    if (alphas.at(3) > 0)
-        QCOMPARE(image.pixelColor(130, 90).blue(), 255);
+    // alphas: outside, in the halo, on the line, in the area
+    const KRTestTable<int, int, QVector<int>> table{
+        {"styled: stroke", StyledRender, StrokeDisplayOption, {0, 0, 128, 0}},
+        {"styled: fill", StyledRender, FillDisplayOption, {0, 0, 0, 64}},
+        {"styled: both", StyledRender, StrokeDisplayOption | FillDisplayOption, {0, 0, 128, 64}},
+        {"styled: nothing", StyledRender, NoDisplayOption, {0, 0, 0, 0}},
+        {"opaque: both in any case", OpaqueRender, NoDisplayOption, {0, 255, 255, 255}},
+        {"halo: stroke", HaloRender, StrokeDisplayOption, {0, 128, 128, 0}},
+        {"halo: fill", HaloRender, FillDisplayOption, {0, 0, 0, 64}},
+        {"any other number is halo", 17, StrokeDisplayOption | FillDisplayOption, {0, 128, 128, 64}},
+    };
+    table.forEach([](int option, int displayOptions, const QVector<int> &alphas) {
+        const auto configuration = configurationOf(KRGPXTrackDisplayOptionsEnum(displayOptions));
+        const PlainRenderer renderer(selectionOf(squareAt(square), configuration));
+        const QImage image = renderer.render(TrackRenderOption(option));
+        // the line covers 98 ... 102, with its halo 95 ... 105
+        const QVector<int> seen{alphaAt(image, 90, 90), alphaAt(image, 96, 90), alphaAt(image, 99, 90),
+                                alphaAt(image, 130, 90)};
+        QCOMPARE(seen, alphas);
+        if (alphas.at(2) > 0)
+            QCOMPARE(image.pixelColor(99, 90).red(), 255);
+        if (alphas.at(3) > 0)
+            QCOMPARE(image.pixelColor(130, 90).blue(), 255);
+    });
 }
 
 void tst_KRGPXTrackRenderer::penStyleAndFactor()
@@ -330,94 +309,93 @@ void tst_KRGPXTrackRenderer::lineAsArea()
     QCOMPARE(alphaAt(lineImage, 99, 90), 0);
 }
 
-void tst_KRGPXTrackRenderer::pathOfTrack_data()
-{
-    QTest::addColumn<QVector<Pixels>>("segments");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<Pixels>("expected");
-    const auto row = [](const char *name, const QVector<Pixels> &segments, const Pixels &expected,
-                        double factor = 1.0) { QTest::newRow(name) << segments << factor << expected; };
-    const QPointF gap(notANumber, notANumber);
-    row("no segment", {}, {});
-    row("empty segments", {Pixels(), Pixels()}, {});
-    row("one point", {{{10.0, 50.0}}}, {});
-    row("three pixels apart", {{{10.0, 50.0}, {13.0, 50.0}}}, {});
-    row("four pixels apart", {{{10.0, 50.0}, {12.0, 52.0}}}, {});
-    row("five pixels apart", {{{10.0, 50.0}, {15.0, 50.0}}}, {{10.0, 50.0}, {15.0, 50.0}});
-    row("five pixels on a dense screen", {{{10.0, 50.0}, {15.0, 50.0}}}, {}, 2.0);
-    row("close points are left out, the last one is kept",
-        {{{10.0, 50.0}, {12.0, 50.0}, {15.0, 50.0}, {17.0, 52.0}, {18.0, 50.0}}},
-        {{10.0, 50.0}, {15.0, 50.0}, {18.0, 50.0}});
-    row("segments are joined", {{{10.0, 50.0}, {20.0, 50.0}}, {}, {{20.0, 80.0}}},
-        {{10.0, 50.0}, {20.0, 50.0}, {20.0, 80.0}});
-    row("gaps are left out", {{gap, {10.0, 50.0}, {infinity, 50.0}, {20.0, 50.0}, gap}}, {{10.0, 50.0}, {20.0, 50.0}});
-    row("only gaps", {{gap, gap}}, {});
-    row("eastwards over the date line", {{{350.0, 50.0}, {355.0, 50.0}}, {}, {{5.0, 50.0}}},
-        {{350.0, 50.0}, {355.0, 50.0}, {365.0, 50.0}});
-    row("westwards over the date line", {{{5.0, 50.0}, {355.0, 50.0}, {345.0, 50.0}}},
-        {{5.0, 50.0}, {-5.0, 50.0}, {-15.0, 50.0}});
-    row("there and back", {{{355.0, 50.0}, {5.0, 50.0}, {355.0, 50.0}}}, {{355.0, 50.0}, {365.0, 50.0}, {355.0, 50.0}});
-    row("twice around the world",
-        {{{180.0, 50.0}, {300.0, 50.0}, {60.0, 50.0}, {181.0, 50.0}, {300.0, 50.0}, {60.0, 50.0}}},
-        {{180.0, 50.0}, {300.0, 50.0}, {420.0, 50.0}, {541.0, 50.0}, {660.0, 50.0}, {780.0, 50.0}});
-    row("over the prime meridian", {{{175.0, 50.0}, {185.0, 50.0}}}, {{175.0, 50.0}, {185.0, 50.0}});
-    row("a gap is no step over the date line", {{{5.0, 50.0}, gap, {20.0, 50.0}}}, {{5.0, 50.0}, {20.0, 50.0}});
-}
-
 void tst_KRGPXTrackRenderer::pathOfTrack()
 {
-    QFETCH(QVector<Pixels>, segments);
-    QFETCH(double, factor);
-    const PlainRenderer renderer(KRGPXTrackSelection(), QSize(360, 180), factor);
-    QTEST(pathPoints(renderer.createPainterPath(trackAt(segments), 100, 1)), "expected");
-}
-
-void tst_KRGPXTrackRenderer::smoothing_data()
-{
-    QTest::addColumn<int>("strength");
-    QTest::addColumn<double>("height");
-    QTest::newRow("100 per cent of its own place") << 100 << 40.0;
-    QTest::newRow("half way to the chord") << 50 << 20.0;
-    QTest::newRow("on the chord") << 0 << 0.0;
+    const QPointF gap(notANumber, notANumber);
+    const KRTestTable<QVector<Pixels>, double, Pixels> table{
+        {"no segment", {}, 1.0, {}},
+        {"empty segments", {Pixels(), Pixels()}, 1.0, {}},
+        {"one point", {{{10.0, 50.0}}}, 1.0, {}},
+        {"three pixels apart", {{{10.0, 50.0}, {13.0, 50.0}}}, 1.0, {}},
+        {"four pixels apart", {{{10.0, 50.0}, {12.0, 52.0}}}, 1.0, {}},
+        {"five pixels apart", {{{10.0, 50.0}, {15.0, 50.0}}}, 1.0, {{10.0, 50.0}, {15.0, 50.0}}},
+        {"five pixels on a dense screen", {{{10.0, 50.0}, {15.0, 50.0}}}, 2.0, {}},
+        {"close points are left out, the last one is kept",
+         {{{10.0, 50.0}, {12.0, 50.0}, {15.0, 50.0}, {17.0, 52.0}, {18.0, 50.0}}},
+         1.0,
+         {{10.0, 50.0}, {15.0, 50.0}, {18.0, 50.0}}},
+        {"segments are joined",
+         {{{10.0, 50.0}, {20.0, 50.0}}, {}, {{20.0, 80.0}}},
+         1.0,
+         {{10.0, 50.0}, {20.0, 50.0}, {20.0, 80.0}}},
+        {"gaps are left out",
+         {{gap, {10.0, 50.0}, {infinity, 50.0}, {20.0, 50.0}, gap}},
+         1.0,
+         {{10.0, 50.0}, {20.0, 50.0}}},
+        {"only gaps", {{gap, gap}}, 1.0, {}},
+        {"eastwards over the date line",
+         {{{350.0, 50.0}, {355.0, 50.0}}, {}, {{5.0, 50.0}}},
+         1.0,
+         {{350.0, 50.0}, {355.0, 50.0}, {365.0, 50.0}}},
+        {"westwards over the date line",
+         {{{5.0, 50.0}, {355.0, 50.0}, {345.0, 50.0}}},
+         1.0,
+         {{5.0, 50.0}, {-5.0, 50.0}, {-15.0, 50.0}}},
+        {"there and back",
+         {{{355.0, 50.0}, {5.0, 50.0}, {355.0, 50.0}}},
+         1.0,
+         {{355.0, 50.0}, {365.0, 50.0}, {355.0, 50.0}}},
+        {"twice around the world",
+         {{{180.0, 50.0}, {300.0, 50.0}, {60.0, 50.0}, {181.0, 50.0}, {300.0, 50.0}, {60.0, 50.0}}},
+         1.0,
+         {{180.0, 50.0}, {300.0, 50.0}, {420.0, 50.0}, {541.0, 50.0}, {660.0, 50.0}, {780.0, 50.0}}},
+        {"over the prime meridian", {{{175.0, 50.0}, {185.0, 50.0}}}, 1.0, {{175.0, 50.0}, {185.0, 50.0}}},
+        {"a gap is no step over the date line", {{{5.0, 50.0}, gap, {20.0, 50.0}}}, 1.0, {{5.0, 50.0}, {20.0, 50.0}}},
+    };
+    table.forEach([](const QVector<Pixels> &segments, double factor, const Pixels &expected) {
+        const PlainRenderer renderer(KRGPXTrackSelection(), QSize(360, 180), factor);
+        QCOMPARE(pathPoints(renderer.createPainterPath(trackAt(segments), 100, 1)), expected);
+    });
 }
 
 void tst_KRGPXTrackRenderer::smoothing()
 {
-    QFETCH(int, strength);
-    const KRGPXTrack zigzag = trackAt({{{20.0, 90.0}, {60.0, 70.0}, {100.0, 110.0}, {140.0, 70.0}, {180.0, 90.0}}});
-    KRGPXTrackConfiguration configuration = configurationOf(StrokeDisplayOption);
-    configuration.setSmoothingStrength(strength);
-    const PlainRenderer renderer(selectionOf(zigzag, configuration));
-    const QPainterPath path = renderer.createPainterPath(KRGPXConfiguredTrack(zigzag, configuration));
-    QTEST(path.boundingRect().height(), "height");
-    QCOMPARE(path.elementAt(0).x, 20.0);
-    QCOMPARE(path.currentPosition(), QPointF(180.0, 90.0));
-}
-
-void tst_KRGPXTrackRenderer::dateLineCrossing_data()
-{
-    QTest::addColumn<double>("from");
-    QTest::addColumn<double>("to");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("eastwards") << 179.0 << -179.0 << 1;
-    QTest::newRow("westwards") << -179.0 << 179.0 << -1;
-    QTest::newRow("prime meridian eastwards") << -1.0 << 1.0 << 0;
-    QTest::newRow("prime meridian westwards") << 1.0 << -1.0 << 0;
-    QTest::newRow("eastern hemisphere") << 10.0 << 20.0 << 0;
-    QTest::newRow("western hemisphere") << -20.0 << -10.0 << 0;
-    QTest::newRow("-180 belongs to the east") << 179.0 << -180.0 << 0;
-    QTest::newRow("the step after it crosses") << -180.0 << -179.0 << 1;
-    QTest::newRow("half the world from the east") << 90.0 << -90.0 << 1;
-    QTest::newRow("half the world from the west") << -90.0 << 90.0 << 0;
-    QTest::newRow("equal within the tolerance of angles") << 3e-7 << -3e-7 << 0;
+    const KRTestTable<int, double> table{
+        {"100 per cent of its own place", 100, 40.0},
+        {"half way to the chord", 50, 20.0},
+        {"on the chord", 0, 0.0},
+    };
+    table.forEach([](int strength, double height) {
+        const KRGPXTrack zigzag = trackAt({{{20.0, 90.0}, {60.0, 70.0}, {100.0, 110.0}, {140.0, 70.0}, {180.0, 90.0}}});
+        KRGPXTrackConfiguration configuration = configurationOf(StrokeDisplayOption);
+        configuration.setSmoothingStrength(strength);
+        const PlainRenderer renderer(selectionOf(zigzag, configuration));
+        const QPainterPath path = renderer.createPainterPath(KRGPXConfiguredTrack(zigzag, configuration));
+        QCOMPARE(path.boundingRect().height(), height);
+        QCOMPARE(path.elementAt(0).x, 20.0);
+        QCOMPARE(path.currentPosition(), QPointF(180.0, 90.0));
+    });
 }
 
 void tst_KRGPXTrackRenderer::dateLineCrossing()
 {
-    QFETCH(double, from);
-    QFETCH(double, to);
-    const PlainRenderer renderer{KRGPXTrackSelection()};
-    QTEST(renderer.checkDateLineCrossing(KRGeoPosition(1.0, from), KRGeoPosition(2.0, to)), "expected");
+    const KRTestTable<double, double, int> table{
+        {"eastwards", 179.0, -179.0, 1},
+        {"westwards", -179.0, 179.0, -1},
+        {"prime meridian eastwards", -1.0, 1.0, 0},
+        {"prime meridian westwards", 1.0, -1.0, 0},
+        {"eastern hemisphere", 10.0, 20.0, 0},
+        {"western hemisphere", -20.0, -10.0, 0},
+        {"-180 belongs to the east", 179.0, -180.0, 0},
+        {"the step after it crosses", -180.0, -179.0, 1},
+        {"half the world from the east", 90.0, -90.0, 1},
+        {"half the world from the west", -90.0, 90.0, 0},
+        {"equal within the tolerance of angles", 3e-7, -3e-7, 0},
+    };
+    table.forEach([](double from, double to, int expected) {
+        const PlainRenderer renderer{KRGPXTrackSelection()};
+        QCOMPARE(renderer.checkDateLineCrossing(KRGeoPosition(1.0, from), KRGeoPosition(2.0, to)), expected);
+    });
 }
 
 void tst_KRGPXTrackRenderer::lineOverTheDateLine()
@@ -444,36 +422,25 @@ void tst_KRGPXTrackRenderer::mapOverTheDateLine()
     QCOMPARE(alphaAt(image, 320, y), 0);
 }
 
-void tst_KRGPXTrackRenderer::visibleShifts_data()
-{
-    QTest::addColumn<int>("imageWidth");
-    QTest::addColumn<double>("worldWidth");
-    QTest::addColumn<int>("last");
-    QTest::newRow("image narrower than the world") << 300 << 360.0 << 1;
-    QTest::newRow("one world") << 360 << 360.0 << 2;
-    QTest::newRow("two worlds and a bit") << 800 << 360.0 << 3;
-    QTest::newRow("the world is cut to whole pixels") << 361 << 180.9 << 3;
-    QTest::newRow("world below one pixel") << 300 << 0.5 << 1;
-    QTest::newRow("world of no width") << 300 << 0.0 << 1;
-    QTest::newRow("world the wrong way round") << 300 << -100.0 << 1;
-    QTest::newRow("infinite world") << 300 << infinity << 1;
-    QTest::newRow("world of unknown width") << 300 << notANumber << 1;
-    QTest::newRow("no device") << 0 << 360.0 << 1;
-}
-
 void tst_KRGPXTrackRenderer::visibleShifts()
 {
-    QFETCH(int, imageWidth);
-    QFETCH(double, worldWidth);
-    QFETCH(int, last);
-    const PlainRenderer renderer(KRGPXTrackSelection(), QSize(10, 10), 1.0, worldWidth / 360.0);
-    QImage image(imageWidth, 20, QImage::Format_ARGB32_Premultiplied);
-    QPainter painter;
-    if (!image.isNull())
-        painter.begin(&image);
-    const KRIntRange shifts = renderer.visibleShifts(&painter);
-    QCOMPARE(shifts.minimum(), -last);
-    QCOMPARE(shifts.maximum(), last);
+    const KRTestTable<int, double, int> table{
+        {"image narrower than the world", 300, 360.0, 1}, {"one world", 360, 360.0, 2},
+        {"two worlds and a bit", 800, 360.0, 3},          {"the world is cut to whole pixels", 361, 180.9, 3},
+        {"world below one pixel", 300, 0.5, 1},           {"world of no width", 300, 0.0, 1},
+        {"world the wrong way round", 300, -100.0, 1},    {"infinite world", 300, infinity, 1},
+        {"world of unknown width", 300, notANumber, 1},   {"no device", 0, 360.0, 1},
+    };
+    table.forEach([](int imageWidth, double worldWidth, int last) {
+        const PlainRenderer renderer(KRGPXTrackSelection(), QSize(10, 10), 1.0, worldWidth / 360.0);
+        QImage image(imageWidth, 20, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter;
+        if (!image.isNull())
+            painter.begin(&image);
+        const KRIntRange shifts = renderer.visibleShifts(&painter);
+        QCOMPARE(shifts.minimum(), -last);
+        QCOMPARE(shifts.maximum(), last);
+    });
 }
 
 void tst_KRGPXTrackRenderer::unseenCopiesChangeNothing()
@@ -497,50 +464,48 @@ void tst_KRGPXTrackRenderer::unseenCopiesChangeNothing()
     QVERIFY(alphaAt(all, 359, 100) > 0);
 }
 
-void tst_KRGPXTrackRenderer::markers_data()
-{
-    QTest::addColumn<KRGPXTrack>("track");
-    QTest::addColumn<int>("shape");
-    QTest::addColumn<int>("displayOptions");
-    QTest::addColumn<int>("option");
-    QTest::addColumn<QVector<int>>("alphas"); // at distances 0, 8, 12, 16 and 21 east of pixel (180, 90)
-    const auto row = [](const char *name, const KRGPXTrack &track, int shape, int displayOptions, int option,
-                        const QVector<int> &alphas) {
-        QTest::newRow(name) << track << shape << displayOptions << option << alphas;
-    };
-    const KRGPXTrack point = trackAt({{{180.0, 90.0}}}, PointTrackShape);
-    const QVector<int> ring{0, 128, 128, 0, 0}; // a disk of radius 10 with a pen of 10
-    row("point: stroke", point, PointTrackShape, StrokeDisplayOption, StyledRender, ring);
-    row("point: fill", point, PointTrackShape, FillDisplayOption, StyledRender, {64, 64, 0, 0, 0});
-    row("point: nothing", point, PointTrackShape, NoDisplayOption, StyledRender, {0, 0, 0, 0, 0});
-    row("point: the third flag draws nothing", point, PointTrackShape, MarkDisplayOption, HaloRender, {0, 0, 0, 0, 0});
-    row("point: halo widens the pen only", point, PointTrackShape, StrokeDisplayOption, HaloRender,
-        {0, 128, 128, 128, 0});
-    row("point: opaque", point, PointTrackShape, NoDisplayOption, OpaqueRender, {255, 255, 255, 255, 0});
-    row("line of one point", trackAt({{{180.0, 90.0}}}), LineStringTrackShape, StrokeDisplayOption, StyledRender, ring);
-    row("short line: at its first point", trackAt({{{180.0, 90.0}, {177.0, 90.0}}}), LineStringTrackShape,
-        StrokeDisplayOption, StyledRender, ring);
-    row("area of one point", trackAt({{{180.0, 90.0}}}), PolygonTrackShape, StrokeDisplayOption, StyledRender, ring);
-    row("area as a point: in its middle", trackAt({{{150, 60}, {210, 60}, {210, 120}, {150, 120}, {150, 60}}}),
-        PointTrackShape, StrokeDisplayOption, StyledRender, ring);
-    row("no point", trackAt({}), LineStringTrackShape, StrokeDisplayOption, StyledRender, {0, 0, 0, 0, 0});
-    row("no point: as a point", trackAt({Pixels()}), PointTrackShape, AllDisplayOptions, OpaqueRender, {0, 0, 0, 0, 0});
-}
-
 void tst_KRGPXTrackRenderer::markers()
 {
-    QFETCH(KRGPXTrack, track);
-    QFETCH(int, shape);
-    QFETCH(int, displayOptions);
-    QFETCH(int, option);
-    KRGPXTrackConfiguration configuration =
-        configurationOf(KRGPXTrackDisplayOptionsEnum(displayOptions), KRGPXTrackShapeEnum(shape));
-    configuration.setLineWidth(10.0);
-    const QImage image = PlainRenderer(selectionOf(track, configuration)).render(TrackRenderOption(option));
-    QVector<int> alphas;
-    for (const int distance : {0, 8, 12, 16, 21})
-        alphas.append(alphaAt(image, 180 + distance, 90));
-    QTEST(alphas, "alphas");
+    const KRGPXTrack point = trackAt({{{180.0, 90.0}}}, PointTrackShape);
+    const QVector<int> ring{0, 128, 128, 0, 0}; // a disk of radius 10 with a pen of 10
+    // alphas: at distances 0, 8, 12, 16 and 21 east of pixel (180, 90)
+    const KRTestTable<KRGPXTrack, int, int, int, QVector<int>> table{
+        {"point: stroke", point, PointTrackShape, StrokeDisplayOption, StyledRender, ring},
+        {"point: fill", point, PointTrackShape, FillDisplayOption, StyledRender, {64, 64, 0, 0, 0}},
+        {"point: nothing", point, PointTrackShape, NoDisplayOption, StyledRender, {0, 0, 0, 0, 0}},
+        {"point: the third flag draws nothing", point, PointTrackShape, MarkDisplayOption, HaloRender, {0, 0, 0, 0, 0}},
+        {"point: halo widens the pen only",
+         point,
+         PointTrackShape,
+         StrokeDisplayOption,
+         HaloRender,
+         {0, 128, 128, 128, 0}},
+        {"point: opaque", point, PointTrackShape, NoDisplayOption, OpaqueRender, {255, 255, 255, 255, 0}},
+        {"line of one point", trackAt({{{180.0, 90.0}}}), LineStringTrackShape, StrokeDisplayOption, StyledRender,
+         ring},
+        {"short line: at its first point", trackAt({{{180.0, 90.0}, {177.0, 90.0}}}), LineStringTrackShape,
+         StrokeDisplayOption, StyledRender, ring},
+        {"area of one point", trackAt({{{180.0, 90.0}}}), PolygonTrackShape, StrokeDisplayOption, StyledRender, ring},
+        {"area as a point: in its middle", trackAt({{{150, 60}, {210, 60}, {210, 120}, {150, 120}, {150, 60}}}),
+         PointTrackShape, StrokeDisplayOption, StyledRender, ring},
+        {"no point", trackAt({}), LineStringTrackShape, StrokeDisplayOption, StyledRender, {0, 0, 0, 0, 0}},
+        {"no point: as a point",
+         trackAt({Pixels()}),
+         PointTrackShape,
+         AllDisplayOptions,
+         OpaqueRender,
+         {0, 0, 0, 0, 0}},
+    };
+    table.forEach([&](const KRGPXTrack &track, int shape, int displayOptions, int option, QVector<int> expectedAlphas) {
+        KRGPXTrackConfiguration configuration =
+            configurationOf(KRGPXTrackDisplayOptionsEnum(displayOptions), KRGPXTrackShapeEnum(shape));
+        configuration.setLineWidth(10.0);
+        const QImage image = PlainRenderer(selectionOf(track, configuration)).render(TrackRenderOption(option));
+        QVector<int> alphas;
+        for (const int distance : {0, 8, 12, 16, 21})
+            alphas.append(alphaAt(image, 180 + distance, 90));
+        QCOMPARE(alphas, expectedAlphas);
+    });
 }
 
 void tst_KRGPXTrackRenderer::invalidPositionHasNoMarker()
@@ -555,144 +520,121 @@ void tst_KRGPXTrackRenderer::invalidPositionHasNoMarker()
         isEmpty(MercatorRenderer(selectionOf(nowhere, configuration), world, QSize(300, 300)).render(OpaqueRender)));
 }
 
-void tst_KRGPXTrackRenderer::arrows_data()
-{
-    QTest::addColumn<Pixels>("line");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<double>("angle");
-    QTest::addColumn<QVector<QPoint>>("covered");
-    QTest::addColumn<QPoint>("empty");
-    // barbs of half the distance from start to end, 30 degrees to both sides of the line
-    QTest::newRow("east") << Pixels{{100, 90}, {160, 90}} << 1.0 << 0.0 << QVector<QPoint>{{136, 76}, {136, 103}}
-                          << QPoint(128, 72);
-    QTest::newRow("west") << Pixels{{160, 90}, {100, 90}} << 1.0 << 180.0 << QVector<QPoint>{{123, 76}, {123, 103}}
-                          << QPoint(132, 72);
-    QTest::newRow("south") << Pixels{{180, 60}, {180, 120}} << 1.0 << 270.0 << QVector<QPoint>{{166, 96}, {193, 96}}
-                           << QPoint(162, 88);
-    QTest::newRow("at most 100 pixels") << Pixels{{20, 90}, {180, 90}, {340, 90}} << 1.0 << 0.0
-                                        << QVector<QPoint>{{256, 42}, {256, 137}} << QPoint(240, 32);
-    QTest::newRow("at least 10 pixels") << Pixels{{176, 90}, {184, 90}} << 1.0 << 0.0
-                                        << QVector<QPoint>{{174, 82}, {174, 97}} << QPoint(166, 80);
-    QTest::newRow("on a dense screen") << Pixels{{100, 90}, {160, 90}} << 2.0 << 0.0
-                                       << QVector<QPoint>{{110, 61}, {110, 118}} << QPoint(92, 50);
-    QTest::newRow("only the end of the line counts") << Pixels{{100, 170}, {100, 90}, {160, 90}} << 1.0 << 0.0
-                                                     << QVector<QPoint>{{122, 68}, {122, 111}} << QPoint(111, 60);
-    QTest::newRow("copy beyond the date line")
-        << Pixels{{330, 90}, {30, 90}} << 1.0 << 0.0 << QVector<QPoint>{{6, 76}, {6, 103}} << QPoint(358, 72);
-}
-
 void tst_KRGPXTrackRenderer::arrows()
 {
-    QFETCH(Pixels, line);
-    QFETCH(double, factor);
-    QFETCH(double, angle);
-    QFETCH(QVector<QPoint>, covered);
-    QFETCH(QPoint, empty);
-    const auto withArrow = configurationOf(StrokeDisplayOption, LineStringTrackShape, ArrowMarkerShape);
-    const KRGPXTrack track = trackAt({line});
-    const PlainRenderer renderer(selectionOf(track, withArrow), QSize(360, 180), factor);
-    QVERIFY(std::abs(renderer.detectAngleOfPath(renderer.createPainterPath(track, 100, 1)) - angle) < 1e-6);
+    const KRTestTable<Pixels, double, double, QVector<QPoint>, QPoint> table{
+        // barbs of half the distance from start to end, 30 degrees to both sides of the line
+        {"east", Pixels{{100, 90}, {160, 90}}, 1.0, 0.0, QVector<QPoint>{{136, 76}, {136, 103}}, QPoint(128, 72)},
+        {"west", Pixels{{160, 90}, {100, 90}}, 1.0, 180.0, QVector<QPoint>{{123, 76}, {123, 103}}, QPoint(132, 72)},
+        {"south", Pixels{{180, 60}, {180, 120}}, 1.0, 270.0, QVector<QPoint>{{166, 96}, {193, 96}}, QPoint(162, 88)},
+        {"at most 100 pixels", Pixels{{20, 90}, {180, 90}, {340, 90}}, 1.0, 0.0, QVector<QPoint>{{256, 42}, {256, 137}},
+         QPoint(240, 32)},
+        {"at least 10 pixels", Pixels{{176, 90}, {184, 90}}, 1.0, 0.0, QVector<QPoint>{{174, 82}, {174, 97}},
+         QPoint(166, 80)},
+        {"on a dense screen", Pixels{{100, 90}, {160, 90}}, 2.0, 0.0, QVector<QPoint>{{110, 61}, {110, 118}},
+         QPoint(92, 50)},
+        {"only the end of the line counts", Pixels{{100, 170}, {100, 90}, {160, 90}}, 1.0, 0.0,
+         QVector<QPoint>{{122, 68}, {122, 111}}, QPoint(111, 60)},
+        {"copy beyond the date line", Pixels{{330, 90}, {30, 90}}, 1.0, 0.0, QVector<QPoint>{{6, 76}, {6, 103}},
+         QPoint(358, 72)},
+    };
+    table.forEach([](const Pixels &line, double factor, double angle, const QVector<QPoint> &covered, QPoint empty) {
+        const auto withArrow = configurationOf(StrokeDisplayOption, LineStringTrackShape, ArrowMarkerShape);
+        const KRGPXTrack track = trackAt({line});
+        const PlainRenderer renderer(selectionOf(track, withArrow), QSize(360, 180), factor);
+        QVERIFY(std::abs(renderer.detectAngleOfPath(renderer.createPainterPath(track, 100, 1)) - angle) < 1e-6);
 
-    const QImage image = renderer.render(OpaqueRender);
-    for (const QPoint &pixel : covered)
-        QCOMPARE(alphaAt(image, pixel.x(), pixel.y()), 255);
-    QCOMPARE(alphaAt(image, empty.x(), empty.y()), 0);
-    const QImage without = PlainRenderer(selectionOf(track), QSize(360, 180), factor).render(OpaqueRender);
-    QCOMPARE(alphaAt(without, covered.first().x(), covered.first().y()), 0);
-}
-
-void tst_KRGPXTrackRenderer::crop_data()
-{
-    QTest::addColumn<int>("opacity");
-    QTest::addColumn<QSize>("mapSize");
-    QTest::addColumn<int>("clamped");
-    const QSize same(360, 180);
-    QTest::newRow("nothing remains") << 0 << same << 0;
-    QTest::newRow("something remains") << 100 << same << 100;
-    QTest::newRow("everything remains") << 255 << same << 255;
-    QTest::newRow("below the range") << -5 << same << 0;
-    QTest::newRow("above the range") << 300 << same << 255;
-    QTest::newRow("map larger than the target") << 100 << QSize(400, 250) << 100;
-    QTest::newRow("map smaller than the target") << 100 << QSize(200, 100) << 100;
+        const QImage image = renderer.render(OpaqueRender);
+        for (const QPoint &pixel : covered)
+            QCOMPARE(alphaAt(image, pixel.x(), pixel.y()), 255);
+        QCOMPARE(alphaAt(image, empty.x(), empty.y()), 0);
+        const QImage without = PlainRenderer(selectionOf(track), QSize(360, 180), factor).render(OpaqueRender);
+        QCOMPARE(alphaAt(without, covered.first().x(), covered.first().y()), 0);
+    });
 }
 
 void tst_KRGPXTrackRenderer::crop()
 {
-    QFETCH(int, opacity);
-    QFETCH(QSize, mapSize);
-    QFETCH(int, clamped);
-    KRGPXTrackSelection selection = selectionOf(squareAt(square.translated(0.5, 0.5)));
-    selection.setCroppingOpacity(opacity);
-    const PlainRenderer renderer(selection);
-    QImage map(mapSize, QImage::Format_ARGB32);
-    map.fill(QColor(10, 200, 30, 77));
-    const QImage cropped = renderer.crop(map);
-    if (clamped == 255) {
-        QCOMPARE(cropped, map);
-        return;
-    }
-    QCOMPARE(cropped.format(), QImage::Format_ARGB32_Premultiplied);
-    QCOMPARE(cropped.size(), mapSize);
-    QCOMPARE(map.pixelColor(1, 1), QColor(10, 200, 30, 77));
-    const QImage mask = renderer.render(OpaqueRender);
-    int edges = 0;
-    for (int y = 0; y < mapSize.height(); ++y) {
-        for (int x = 0; x < mapSize.width(); ++x) {
-            const int drawn = mask.valid(x, y) ? alphaAt(mask, x, y) : 0;
-            QCOMPARE(alphaAt(cropped, x, y), clamped + drawn * (255 - clamped) / 255);
-            edges += drawn > 0 && drawn < 255 ? 1 : 0;
+    const QSize same(360, 180);
+    const KRTestTable<int, QSize, int> table{
+        {"nothing remains", 0, same, 0},
+        {"something remains", 100, same, 100},
+        {"everything remains", 255, same, 255},
+        {"below the range", -5, same, 0},
+        {"above the range", 300, same, 255},
+        {"map larger than the target", 100, QSize(400, 250), 100},
+        {"map smaller than the target", 100, QSize(200, 100), 100},
+    };
+    table.forEach([](int opacity, const QSize &mapSize, int clamped) {
+        KRGPXTrackSelection selection = selectionOf(squareAt(square.translated(0.5, 0.5)));
+        selection.setCroppingOpacity(opacity);
+        const PlainRenderer renderer(selection);
+        QImage map(mapSize, QImage::Format_ARGB32);
+        map.fill(QColor(10, 200, 30, 77));
+        const QImage cropped = renderer.crop(map);
+        if (clamped == 255) {
+            QCOMPARE(cropped, map);
+            return;
         }
-    }
-    QVERIFY(edges > 50);
-    QCOMPARE(alphaAt(cropped, 130, 90), 255);
-    QCOMPARE(alphaAt(cropped, 50, 50), clamped);
-}
-
-void tst_KRGPXTrackRenderer::cropOfFormats_data()
-{
-    QTest::addColumn<QImage::Format>("format");
-    QTest::addColumn<QSize>("size");
-    const QSize large(700, 400);
-    QTest::newRow("colours and alpha") << QImage::Format_ARGB32 << large;
-    QTest::newRow("premultiplied") << QImage::Format_ARGB32_Premultiplied << large;
-    QTest::newRow("premultiplied, one row") << QImage::Format_ARGB32_Premultiplied << QSize(20000, 1);
-    QTest::newRow("premultiplied, one column") << QImage::Format_ARGB32_Premultiplied << QSize(1, 500);
-    QTest::newRow("no alpha") << QImage::Format_RGB32 << large;
-    QTest::newRow("16 bits") << QImage::Format_RGB16 << large;
-    QTest::newRow("64 bits") << QImage::Format_RGBA64 << large;
-    QTest::newRow("table of colours") << QImage::Format_Indexed8 << large;
-    QTest::newRow("table of two colours") << QImage::Format_Mono << large;
+        QCOMPARE(cropped.format(), QImage::Format_ARGB32_Premultiplied);
+        QCOMPARE(cropped.size(), mapSize);
+        QCOMPARE(map.pixelColor(1, 1), QColor(10, 200, 30, 77));
+        const QImage mask = renderer.render(OpaqueRender);
+        int edges = 0;
+        for (int y = 0; y < mapSize.height(); ++y) {
+            for (int x = 0; x < mapSize.width(); ++x) {
+                const int drawn = mask.valid(x, y) ? alphaAt(mask, x, y) : 0;
+                QCOMPARE(alphaAt(cropped, x, y), clamped + drawn * (255 - clamped) / 255);
+                edges += drawn > 0 && drawn < 255 ? 1 : 0;
+            }
+        }
+        QVERIFY(edges > 50);
+        QCOMPARE(alphaAt(cropped, 130, 90), 255);
+        QCOMPARE(alphaAt(cropped, 50, 50), clamped);
+    });
 }
 
 void tst_KRGPXTrackRenderer::cropOfFormats()
 {
-    QFETCH(QImage::Format, format);
-    QFETCH(QSize, size);
-    QImage map(size, QImage::Format_ARGB32);
-    for (int y = 0; y < map.height(); ++y)
-        for (int x = 0; x < map.width(); ++x)
-            map.setPixel(x, y, qRgba(x & 255, y & 255, (x * y) & 255, (x / 3 + 5 * y) & 255));
-    map = map.convertToFormat(format);
-    map.setDevicePixelRatio(2.0);
-    map.setText(QStringLiteral("Title"), QStringLiteral("map"));
+    const QSize large(700, 400);
+    const KRTestTable<QImage::Format, QSize> table{
+        {"colours and alpha", QImage::Format_ARGB32, large},
+        {"premultiplied", QImage::Format_ARGB32_Premultiplied, large},
+        {"premultiplied, one row", QImage::Format_ARGB32_Premultiplied, QSize(20000, 1)},
+        {"premultiplied, one column", QImage::Format_ARGB32_Premultiplied, QSize(1, 500)},
+        {"no alpha", QImage::Format_RGB32, large},
+        {"16 bits", QImage::Format_RGB16, large},
+        {"64 bits", QImage::Format_RGBA64, large},
+        {"table of colours", QImage::Format_Indexed8, large},
+        {"table of two colours", QImage::Format_Mono, large},
+    };
+    table.forEach([](const QImage::Format &format, const QSize &size) {
+        QImage map(size, QImage::Format_ARGB32);
+        for (int y = 0; y < map.height(); ++y)
+            for (int x = 0; x < map.width(); ++x)
+                map.setPixel(x, y, qRgba(x & 255, y & 255, (x * y) & 255, (x / 3 + 5 * y) & 255));
+        map = map.convertToFormat(format);
+        map.setDevicePixelRatio(2.0);
+        map.setText(QStringLiteral("Title"), QStringLiteral("map"));
 
-    KRGPXTrackSelection selection = selectionOf(squareAt(square), configurationOf(AllDisplayOptions));
-    selection.setCroppingOpacity(100);
-    const PlainRenderer renderer(selection, QSize(500, 300));
-    const QImage mask = renderer.render(OpaqueRender);
-    QImage expected = map.convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < map.height(); ++y) {
-        for (int x = 0; x < map.width(); ++x) {
-            const int drawn = mask.valid(x, y) ? alphaAt(mask, x, y) : 0;
-            const QRgb color = expected.pixel(x, y);
-            expected.setPixel(x, y, qRgba(qRed(color), qGreen(color), qBlue(color), 100 + drawn * 155 / 255));
+        KRGPXTrackSelection selection = selectionOf(squareAt(square), configurationOf(AllDisplayOptions));
+        selection.setCroppingOpacity(100);
+        const PlainRenderer renderer(selection, QSize(500, 300));
+        const QImage mask = renderer.render(OpaqueRender);
+        QImage expected = map.convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < map.height(); ++y) {
+            for (int x = 0; x < map.width(); ++x) {
+                const int drawn = mask.valid(x, y) ? alphaAt(mask, x, y) : 0;
+                const QRgb color = expected.pixel(x, y);
+                expected.setPixel(x, y, qRgba(qRed(color), qGreen(color), qBlue(color), 100 + drawn * 155 / 255));
+            }
         }
-    }
-    expected = expected.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    const QImage cropped = renderer.crop(map);
-    QCOMPARE(cropped, expected);
-    QCOMPARE(cropped.devicePixelRatio(), 2.0);
-    QCOMPARE(cropped.text(QStringLiteral("Title")), QStringLiteral("map"));
+        expected = expected.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        const QImage cropped = renderer.crop(map);
+        QCOMPARE(cropped, expected);
+        QCOMPARE(cropped.devicePixelRatio(), 2.0);
+        QCOMPARE(cropped.text(QStringLiteral("Title")), QStringLiteral("map"));
+    });
 }
 
 void tst_KRGPXTrackRenderer::cropKeepsColours()
@@ -742,82 +684,70 @@ void tst_KRGPXTrackRenderer::otherThreadsDrawTheSame()
     }
 }
 
-void tst_KRGPXTrackRenderer::awkwardTracks_data()
-{
-    QTest::addColumn<Pixels>("pixels");
-    QTest::newRow("nothing") << Pixels();
-    QTest::newRow("not a number") << Pixels{{notANumber, notANumber}};
-    QTest::newRow("infinite") << Pixels{{infinity, -infinity}, {-infinity, infinity}};
-    QTest::newRow("invalid markers") << Pixels{{900.0, -630.0}, {900.0, -630.0}, {180.0, 90.0}};
-    QTest::newRow("poles") << Pixels{{0.0, 0.0}, {180.0, 180.0}, {360.0, 0.0}};
-    QTest::newRow("beyond all ranges") << Pixels{{180.0, 90.0}, {1e300, -1e300}, {-1e18, 1e12}, {1e9, 1e9}};
-}
-
 void tst_KRGPXTrackRenderer::awkwardTracks()
 {
-    // alone and before a line that must show all the same
-    QFETCH(Pixels, pixels);
-    const KRGeoPositionRect area(KRGeoPosition(-60.0, -150.0), KRGeoPosition(60.0, 150.0));
-    for (const auto shape :
-         {PointTrackShape, LineStringTrackShape, PolygonTrackShape, HopTrackShape, UnknownTrackShape}) {
-        KRGPXTrackConfiguration configuration = configurationOf(AllDisplayOptions, shape, ArrowMarkerShape);
-        configuration.setPenStyle(KRPenStyle(Qt::DashDotLine));
-        KRGPXTrackSelection selection = selectionOf(trackAt({pixels}, shape), configuration);
-        selection.addTrack(
-            KRGPXConfiguredTrack(trackAt({{{100.0, 90.0}, {260.0, 90.0}}}), configurationOf(StrokeDisplayOption)));
-        selection.setCroppingOpacity(20);
-        for (const auto option : {StyledRender, OpaqueRender, HaloRender}) {
-            QVERIFY(alphaAt(PlainRenderer(selection).render(option), 180, 90) >= 128);
-            const QImage mercator = MercatorRenderer(selection, area, QSize(300, 200)).render(option);
-            QVERIFY(alphaAt(mercator, 150, 99) >= 128);
+    const KRTestTable<Pixels> table{
+        {"nothing", {}},
+        {"not a number", Pixels{{notANumber, notANumber}}},
+        {"infinite", Pixels{{infinity, -infinity}, {-infinity, infinity}}},
+        {"invalid markers", Pixels{{900.0, -630.0}, {900.0, -630.0}, {180.0, 90.0}}},
+        {"poles", Pixels{{0.0, 0.0}, {180.0, 180.0}, {360.0, 0.0}}},
+        {"beyond all ranges", Pixels{{180.0, 90.0}, {1e300, -1e300}, {-1e18, 1e12}, {1e9, 1e9}}},
+    };
+    table.forEach([](const Pixels &pixels) {
+        // alone and before a line that must show all the same
+        const KRGeoPositionRect area(KRGeoPosition(-60.0, -150.0), KRGeoPosition(60.0, 150.0));
+        for (const auto shape :
+             {PointTrackShape, LineStringTrackShape, PolygonTrackShape, HopTrackShape, UnknownTrackShape}) {
+            KRGPXTrackConfiguration configuration = configurationOf(AllDisplayOptions, shape, ArrowMarkerShape);
+            configuration.setPenStyle(KRPenStyle(Qt::DashDotLine));
+            KRGPXTrackSelection selection = selectionOf(trackAt({pixels}, shape), configuration);
+            selection.addTrack(
+                KRGPXConfiguredTrack(trackAt({{{100.0, 90.0}, {260.0, 90.0}}}), configurationOf(StrokeDisplayOption)));
+            selection.setCroppingOpacity(20);
+            for (const auto option : {StyledRender, OpaqueRender, HaloRender}) {
+                QVERIFY(alphaAt(PlainRenderer(selection).render(option), 180, 90) >= 128);
+                const QImage mercator = MercatorRenderer(selection, area, QSize(300, 200)).render(option);
+                QVERIFY(alphaAt(mercator, 150, 99) >= 128);
+            }
         }
-    }
-}
-
-void tst_KRGPXTrackRenderer::awkwardImages_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<double>("pixelsPerDegree");
-    QTest::addColumn<double>("lineWidth");
-    QTest::addColumn<bool>("drawn");
-    const QSize size(360, 180);
-    QTest::newRow("no area") << QSize(0, 0) << 1.0 << 1.0 << 4.0 << false;
-    QTest::newRow("no height") << QSize(360, 0) << 1.0 << 1.0 << 4.0 << false;
-    QTest::newRow("negative size") << QSize(-5, -5) << 1.0 << 1.0 << 4.0 << false;
-    QTest::newRow("too large for any memory") << QSize(2000000000, 2000000000) << 1.0 << 1.0 << 4.0 << false;
-    QTest::newRow("line without width is a hairline") << size << 1.0 << 1.0 << 0.0 << true;
-    QTest::newRow("negative line width") << size << 1.0 << 1.0 << -4.0 << true;
-    QTest::newRow("line width not a number") << size << 1.0 << 1.0 << notANumber << true;
-    QTest::newRow("infinite line width") << size << 1.0 << 1.0 << infinity << true;
-    QTest::newRow("huge line width") << size << 1.0 << 1.0 << 1e12 << true;
-    QTest::newRow("rendering factor 0") << size << 0.0 << 1.0 << 4.0 << true;
-    QTest::newRow("rendering factor not a number") << size << notANumber << 1.0 << 4.0 << false;
-    QTest::newRow("world of no width") << size << 1.0 << 0.0 << 4.0 << true;
-    QTest::newRow("world below a pixel") << size << 1.0 << 0.002 << 4.0 << true;
-    QTest::newRow("world of unknown width") << size << 1.0 << notANumber << 4.0 << false;
-    QTest::newRow("infinite world") << size << 1.0 << infinity << 4.0 << false;
+    });
 }
 
 void tst_KRGPXTrackRenderer::awkwardImages()
 {
-    QFETCH(QSize, size);
-    QFETCH(double, factor);
-    QFETCH(double, pixelsPerDegree);
-    QFETCH(double, lineWidth);
-    QFETCH(bool, drawn);
-    KRGPXTrackConfiguration configuration = configurationOf(AllDisplayOptions, AutoTrackShape, ArrowMarkerShape);
-    configuration.setLineWidth(lineWidth);
-    KRGPXTrackSelection selection = selectionOf(trackAt({{{100.0, 90.0}, {260.0, 90.0}}}), configuration);
-    selection.addTrack(KRGPXConfiguredTrack(squareAt(square), configuration));
-    selection.addTrack(KRGPXConfiguredTrack(trackAt({{{300.0, 50.0}}}, PointTrackShape), configuration));
-    selection.setCroppingOpacity(20);
-    const PlainRenderer renderer(selection, size, factor, pixelsPerDegree);
-    QCOMPARE(!isEmpty(renderer.render(StyledRender)), drawn);
-    QCOMPARE(!isEmpty(renderer.renderForeground()), drawn);
-    QImage map(50, 40, QImage::Format_RGB32);
-    map.fill(Qt::white);
-    QCOMPARE(renderer.crop(map).size(), map.size());
+    const QSize normal(360, 180);
+    const KRTestTable<QSize, double, double, double, bool> table{
+        {"no area", QSize(0, 0), 1.0, 1.0, 4.0, false},
+        {"no height", QSize(360, 0), 1.0, 1.0, 4.0, false},
+        {"negative normal", QSize(-5, -5), 1.0, 1.0, 4.0, false},
+        {"too large for any memory", QSize(2000000000, 2000000000), 1.0, 1.0, 4.0, false},
+        {"line without width is a hairline", normal, 1.0, 1.0, 0.0, true},
+        {"negative line width", normal, 1.0, 1.0, -4.0, true},
+        {"line width not a number", normal, 1.0, 1.0, notANumber, true},
+        {"infinite line width", normal, 1.0, 1.0, infinity, true},
+        {"huge line width", normal, 1.0, 1.0, 1e12, true},
+        {"rendering factor 0", normal, 0.0, 1.0, 4.0, true},
+        {"rendering factor not a number", normal, notANumber, 1.0, 4.0, false},
+        {"world of no width", normal, 1.0, 0.0, 4.0, true},
+        {"world below a pixel", normal, 1.0, 0.002, 4.0, true},
+        {"world of unknown width", normal, 1.0, notANumber, 4.0, false},
+        {"infinite world", normal, 1.0, infinity, 4.0, false},
+    };
+    table.forEach([&](const QSize &size, double factor, double pixelsPerDegree, double lineWidth, bool drawn) {
+        KRGPXTrackConfiguration configuration = configurationOf(AllDisplayOptions, AutoTrackShape, ArrowMarkerShape);
+        configuration.setLineWidth(lineWidth);
+        KRGPXTrackSelection selection = selectionOf(trackAt({{{100.0, 90.0}, {260.0, 90.0}}}), configuration);
+        selection.addTrack(KRGPXConfiguredTrack(squareAt(square), configuration));
+        selection.addTrack(KRGPXConfiguredTrack(trackAt({{{300.0, 50.0}}}, PointTrackShape), configuration));
+        selection.setCroppingOpacity(20);
+        const PlainRenderer renderer(selection, size, factor, pixelsPerDegree);
+        QCOMPARE(!isEmpty(renderer.render(StyledRender)), drawn);
+        QCOMPARE(!isEmpty(renderer.renderForeground()), drawn);
+        QImage map(50, 40, QImage::Format_RGB32);
+        map.fill(Qt::white);
+        QCOMPARE(renderer.crop(map).size(), map.size());
+    });
 }
 
 static const KRTestRegistration<tst_KRGPXTrackRenderer> registration;

@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTestXml.h"
 
 #include <KRGeoLocation/KRGPXTrackSelectionComparisonResult.h>
@@ -54,21 +55,16 @@ private slots:
     void roundTrip();
     void readsTheFormerElementFirst();
     void emptySelectionIsNotCropped();
-    void moveTrack_data();
     void moveTrack();
     void configurationsOfTheList();
     void configurationsOfTheSelection();
     void indicesOutsideAreIgnored();
     void firstLooksAtTheFirstTrackAndLastSearches();
     void joinsItsTracks();
-    void compare_data();
     void compare();
     void haloBecomesVisible();
-    void reduceToTrackNumber_data();
     void reduceToTrackNumber();
-    void overrideColor_data();
     void overrideColor();
-    void settersTellWhetherAnythingChanged();
     void comparisonResults();
     void mergesOnlyWhatIsAlike();
 };
@@ -115,29 +111,24 @@ void tst_KRGPXTrackSelection::emptySelectionIsNotCropped()
     QCOMPARE(selection.effectiveCroppingOpacity(), 10);
 }
 
-void tst_KRGPXTrackSelection::moveTrack_data()
-{
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("down") << 0 << 2 << QStringLiteral("bcad");
-    QTest::newRow("up") << 3 << 1 << QStringLiteral("adbc");
-    QTest::newRow("beyond the end") << 0 << 99 << QStringLiteral("bcda");
-    QTest::newRow("before the start") << 2 << -5 << QStringLiteral("cabd");
-    QTest::newRow("from beyond the end") << 4 << 0 << QStringLiteral("abcd");
-    QTest::newRow("from before the start") << -1 << 0 << QStringLiteral("abcd");
-}
-
 void tst_KRGPXTrackSelection::moveTrack()
 {
-    QFETCH(int, from);
-    QFETCH(int, to);
-    KRGPXTrackSelection selection(lines(QStringLiteral("abcd")));
-    selection.moveTrack(from, to);
-    QTEST(namesOf(selection.tracks()), "expected");
-    KRGPXTrackSelection empty;
-    empty.moveTrack(from, to);
-    QVERIFY(empty.isEmpty());
+    const KRTestTable<int, int, QString> table{
+        {"down", 0, 2, QStringLiteral("bcad")},
+        {"up", 3, 1, QStringLiteral("adbc")},
+        {"beyond the end", 0, 99, QStringLiteral("bcda")},
+        {"before the start", 2, -5, QStringLiteral("cabd")},
+        {"from beyond the end", 4, 0, QStringLiteral("abcd")},
+        {"from before the start", -1, 0, QStringLiteral("abcd")},
+    };
+    table.forEach([](int from, int to, const QString &expected) {
+        KRGPXTrackSelection selection(lines(QStringLiteral("abcd")));
+        selection.moveTrack(from, to);
+        QCOMPARE(namesOf(selection.tracks()), expected);
+        KRGPXTrackSelection empty;
+        empty.moveTrack(from, to);
+        QVERIFY(empty.isEmpty());
+    });
 }
 
 void tst_KRGPXTrackSelection::configurationsOfTheList()
@@ -231,32 +222,26 @@ void tst_KRGPXTrackSelection::joinsItsTracks()
     QCOMPARE(selection.configuration(2).trackShape().value(), LineStringTrackShape);
 }
 
-void tst_KRGPXTrackSelection::compare_data()
-{
-    QTest::addColumn<QString>("names");
-    QTest::addColumn<QString>("otherNames");
-    QTest::addColumn<QList<int>>("changing");
-    QTest::addColumn<bool>("countChanges");
-    QTest::newRow("equal") << QStringLiteral("ab") << QStringLiteral("ab") << QList<int>() << false;
-    QTest::newRow("others") << QStringLiteral("abc") << QStringLiteral("xby") << QList<int>{0, 2} << false;
-    QTest::newRow("no more than both have") << QStringLiteral("ab") << QStringLiteral("axyz") << QList<int>{1} << true;
-    QTest::newRow("against nothing") << QStringLiteral("ab") << QString() << QList<int>() << true;
-}
-
 void tst_KRGPXTrackSelection::compare()
 {
-    QFETCH(QString, names);
-    QFETCH(QString, otherNames);
-    const auto result = KRGPXTrackSelection(lines(names)).compare(KRGPXTrackSelection(lines(otherNames)));
-    QTEST(result.changingTracks(), "changing");
-    QTEST(result.trackCountChanges(), "countChanges");
-    QCOMPARE(int(result.changingAspects()), result.changingTracks().isEmpty() ? 0 : int(TrackAspect));
+    const KRTestTable<QString, QString, QList<int>, bool> table{
+        {"equal", QStringLiteral("ab"), QStringLiteral("ab"), QList<int>(), false},
+        {"others", QStringLiteral("abc"), QStringLiteral("xby"), QList<int>{0, 2}, false},
+        {"no more than both have", QStringLiteral("ab"), QStringLiteral("axyz"), QList<int>{1}, true},
+        {"against nothing", QStringLiteral("ab"), {}, QList<int>(), true},
+    };
+    table.forEach([](const QString &names, const QString &otherNames, const QList<int> &changing, bool countChanges) {
+        const auto result = KRGPXTrackSelection(lines(names)).compare(KRGPXTrackSelection(lines(otherNames)));
+        QCOMPARE(result.changingTracks(), changing);
+        QCOMPARE(result.trackCountChanges(), countChanges);
+        QCOMPARE(int(result.changingAspects()), result.changingTracks().isEmpty() ? 0 : int(TrackAspect));
 
-    KRGPXConfiguredTrackList wider = lines(names);
-    wider[0].setLineWidth(1.0);
-    wider[1].setLineColor(Qt::red);
-    const auto aspects = wider.compare(lines(names)).changingAspects();
-    QCOMPARE(aspects, LineWidthAspect | LineColorAspect);
+        KRGPXConfiguredTrackList wider = lines(names);
+        wider[0].setLineWidth(1.0);
+        wider[1].setLineColor(Qt::red);
+        const auto aspects = wider.compare(lines(names)).changingAspects();
+        QCOMPARE(aspects, LineWidthAspect | LineColorAspect);
+    });
 }
 
 void tst_KRGPXTrackSelection::haloBecomesVisible()
@@ -268,64 +253,45 @@ void tst_KRGPXTrackSelection::haloBecomesVisible()
     QVERIFY(!KRGPXTrackSelection(without).wouldChangeHaloToVisibleAgainst(old));
 }
 
-void tst_KRGPXTrackSelection::reduceToTrackNumber_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("second") << 1 << QStringLiteral("b");
-    QTest::newRow("beyond the end") << 5 << QStringLiteral("ab");
-    QTest::newRow("negative") << -1 << QStringLiteral("ab");
-}
-
 void tst_KRGPXTrackSelection::reduceToTrackNumber()
 {
-    QFETCH(int, index);
-    KRGPXTrackSelection selection(lines(QStringLiteral("ab")));
-    selection.setCroppingOpacity(77);
-    const KRGPXTrackSelection reduced = selection.reduceToTrackNumber(index);
-    QTEST(namesOf(reduced.tracks()), "expected");
-    QCOMPARE(reduced.nominalCroppingOpacity(), 77);
-    QCOMPARE(selection.count(), 2);
-}
-
-void tst_KRGPXTrackSelection::overrideColor_data()
-{
-    QTest::addColumn<int>("factor");
-    QTest::addColumn<QRgb>("line");
-    QTest::addColumn<QRgb>("fill");
-    QTest::newRow("128 changes nothing") << 128 << qRgba(200, 101, 3, 255) << qRgba(10, 20, 30, 40);
-    QTest::newRow("256 doubles") << 256 << qRgba(255, 202, 6, 255) << qRgba(20, 40, 60, 40);
-    QTest::newRow("64 halves, fractions are cut") << 64 << qRgba(100, 50, 1, 255) << qRgba(5, 10, 15, 40);
-    QTest::newRow("300") << 300 << qRgba(255, 236, 7, 255) << qRgba(23, 46, 70, 40);
-    QTest::newRow("nothing") << 0 << qRgba(0, 0, 0, 255) << qRgba(0, 0, 0, 40);
-    QTest::newRow("negative") << -128 << qRgba(0, 0, 0, 255) << qRgba(0, 0, 0, 40);
-    QTest::newRow("as large as it gets") << std::numeric_limits<int>::max() << qRgba(255, 255, 255, 255)
-                                         << qRgba(255, 255, 255, 40);
+    const KRTestTable<int, QString> table{
+        {"second", 1, QStringLiteral("b")},
+        {"beyond the end", 5, QStringLiteral("ab")},
+        {"negative", -1, QStringLiteral("ab")},
+    };
+    table.forEach([](int index, const QString &expected) {
+        KRGPXTrackSelection selection(lines(QStringLiteral("ab")));
+        selection.setCroppingOpacity(77);
+        const KRGPXTrackSelection reduced = selection.reduceToTrackNumber(index);
+        QCOMPARE(namesOf(reduced.tracks()), expected);
+        QCOMPARE(reduced.nominalCroppingOpacity(), 77);
+        QCOMPARE(selection.count(), 2);
+    });
 }
 
 void tst_KRGPXTrackSelection::overrideColor()
 {
-    QFETCH(int, factor);
-    KRGPXConfiguredTrackList list = lines(QStringLiteral("ab"));
-    list[1].setLineColor(QColor(200, 101, 3));
-    list[1].setFillColor(QColor(10, 20, 30, 40));
-    KRGPXTrackSelection selection(list);
-    selection.overrideColorOfTrack(1, factor);
-    QTEST(selection.value(1).lineColor().rgba(), "line");
-    QTEST(selection.value(1).fillColor().rgba(), "fill");
-    QCOMPARE(selection.value(0), list.at(0));
-    QCOMPARE(list.at(1).lineColor(), QColor(200, 101, 3));
-}
-
-void tst_KRGPXTrackSelection::settersTellWhetherAnythingChanged()
-{
-    KRGPXTrackSelection selection;
-    QVERIFY(selection.setTracks(lines(QStringLiteral("a"))));
-    QVERIFY(!selection.setTracks(lines(QStringLiteral("a"))));
-    QVERIFY(!selection.setCroppingOpacity(255));
-    QVERIFY(selection.setCroppingOpacity(300));
-    QCOMPARE(selection.effectiveCroppingOpacity(), 300);
-    QVERIFY(selection != KRGPXTrackSelection(lines(QStringLiteral("a"))));
+    const KRTestTable<int, QRgb, QRgb> table{
+        {"128 changes nothing", 128, qRgba(200, 101, 3, 255), qRgba(10, 20, 30, 40)},
+        {"256 doubles", 256, qRgba(255, 202, 6, 255), qRgba(20, 40, 60, 40)},
+        {"64 halves, fractions are cut", 64, qRgba(100, 50, 1, 255), qRgba(5, 10, 15, 40)},
+        {"300", 300, qRgba(255, 236, 7, 255), qRgba(23, 46, 70, 40)},
+        {"nothing", 0, qRgba(0, 0, 0, 255), qRgba(0, 0, 0, 40)},
+        {"negative", -128, qRgba(0, 0, 0, 255), qRgba(0, 0, 0, 40)},
+        {"as large as it gets", std::numeric_limits<int>::max(), qRgba(255, 255, 255, 255), qRgba(255, 255, 255, 40)},
+    };
+    table.forEach([](int factor, QRgb line, QRgb fill) {
+        KRGPXConfiguredTrackList list = lines(QStringLiteral("ab"));
+        list[1].setLineColor(QColor(200, 101, 3));
+        list[1].setFillColor(QColor(10, 20, 30, 40));
+        KRGPXTrackSelection selection(list);
+        selection.overrideColorOfTrack(1, factor);
+        QCOMPARE(selection.value(1).lineColor().rgba(), line);
+        QCOMPARE(selection.value(1).fillColor().rgba(), fill);
+        QCOMPARE(selection.value(0), list.at(0));
+        QCOMPARE(list.at(1).lineColor(), QColor(200, 101, 3));
+    });
 }
 
 void tst_KRGPXTrackSelection::comparisonResults()

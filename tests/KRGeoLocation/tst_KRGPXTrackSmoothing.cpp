@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrackSmoothing.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -42,57 +43,44 @@ class tst_KRGPXTrackSmoothing : public QObject
     Q_OBJECT
 
 private slots:
-    void movedPoints_data();
     void movedPoints();
-    void pullsTowardTheChord_data();
     void pullsTowardTheChord();
     void anchorsOfManyPoints();
     void pointOnBothAnchors();
 };
 
-void tst_KRGPXTrackSmoothing::movedPoints_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<double>("weight");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<QList<int>>("expected");
-    QTest::newRow("one step: all but the ends") << 10 << 0.5 << 1 << QList<int>{1, 2, 3, 4, 5, 6, 7, 8};
-    QTest::newRow("less than one step is one") << 4 << 0.5 << -3 << QList<int>{1, 2};
-    QTest::newRow("three steps: anchors at 2, 5 and 9") << 10 << 0.5 << 3 << QList<int>{1, 3, 4, 6, 7, 8};
-    QTest::newRow("half as many steps as points: anchors are the odd ones") << 8 << 0.5 << 4 << QList<int>{2, 4, 6};
-    QTest::newRow("more than half as many steps") << 10 << 0.5 << 6 << QList<int>{};
-    QTest::newRow("as many steps as points") << 10 << 0.5 << 10 << QList<int>{};
-    QTest::newRow("weight 1") << 10 << 1.0 << 1 << QList<int>{};
-    QTest::newRow("two points") << 2 << 0.0 << 1 << QList<int>{};
-    QTest::newRow("one point") << 1 << 0.0 << 1 << QList<int>{};
-    QTest::newRow("no points") << 0 << 0.0 << 1 << QList<int>{};
-}
-
 void tst_KRGPXTrackSmoothing::movedPoints()
 {
-    QFETCH(int, count);
-    QFETCH(double, weight);
-    QFETCH(int, steps);
-    QTEST(::movedPoints(parabola(count), smoothed(parabola(count), weight, steps)), "expected");
-}
-
-void tst_KRGPXTrackSmoothing::pullsTowardTheChord_data()
-{
-    QTest::addColumn<double>("weight");
-    QTest::addColumn<QPointF>("expected");
-    // (0, 4) is 4 away from (0, 0) and 5 away from (3, 0): 4/9 of the way along the chord, 4/3 to the right.
-    QTest::newRow("weight 0: onto the chord") << 0.0 << QPointF(4.0 / 3.0, 0.0);
-    QTest::newRow("a quarter of its own place") << 0.25 << QPointF(1.0, 1.0);
-    QTest::newRow("weight above 1 pushes away") << 1.5 << QPointF(-2.0 / 3.0, 6.0);
+    const KRTestTable<int, double, int, QList<int>> table{
+        {"one step: all but the ends", 10, 0.5, 1, QList<int>{1, 2, 3, 4, 5, 6, 7, 8}},
+        {"less than one step is one", 4, 0.5, -3, QList<int>{1, 2}},
+        {"three steps: anchors at 2, 5 and 9", 10, 0.5, 3, QList<int>{1, 3, 4, 6, 7, 8}},
+        {"half as many steps as points: anchors are the odd ones", 8, 0.5, 4, QList<int>{2, 4, 6}},
+        {"more than half as many steps", 10, 0.5, 6, QList<int>{}},
+        {"as many steps as points", 10, 0.5, 10, QList<int>{}},
+        {"weight 1", 10, 1.0, 1, QList<int>{}},
+        {"two points", 2, 0.0, 1, QList<int>{}},
+        {"one point", 1, 0.0, 1, QList<int>{}},
+        {"no points", 0, 0.0, 1, QList<int>{}},
+    };
+    table.forEach([](int count, double weight, int steps, const QList<int> &expected) {
+        QCOMPARE(::movedPoints(parabola(count), smoothed(parabola(count), weight, steps)), expected);
+    });
 }
 
 void tst_KRGPXTrackSmoothing::pullsTowardTheChord()
 {
-    QFETCH(double, weight);
-    QFETCH(QPointF, expected);
-    const std::vector<QPointF> points = smoothed({{0, 0}, {0, 4}, {3, 0}}, weight, 1);
-    QVERIFY(std::abs(points[1].x() - expected.x()) < 1e-12);
-    QVERIFY(std::abs(points[1].y() - expected.y()) < 1e-12);
+    const KRTestTable<double, QPointF> table{
+        // (0, 4) is 4 away from (0, 0) and 5 away from (3, 0): 4/9 of the way along the chord, 4/3 to the right.
+        {"weight 0: onto the chord", 0.0, QPointF(4.0 / 3.0, 0.0)},
+        {"a quarter of its own place", 0.25, QPointF(1.0, 1.0)},
+        {"weight above 1 pushes away", 1.5, QPointF(-2.0 / 3.0, 6.0)},
+    };
+    table.forEach([](double weight, QPointF expected) {
+        const std::vector<QPointF> points = smoothed({{0, 0}, {0, 4}, {3, 0}}, weight, 1);
+        QVERIFY(std::abs(points[1].x() - expected.x()) < 1e-12);
+        QVERIFY(std::abs(points[1].y() - expected.y()) < 1e-12);
+    });
 }
 
 void tst_KRGPXTrackSmoothing::anchorsOfManyPoints()

@@ -3,6 +3,7 @@
 
 #include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDomDocument>
 #include <QtTest>
@@ -12,47 +13,41 @@ class tst_KRGPXTrackStyleList : public QObject
     Q_OBJECT
 
 private slots:
-    void findsByReference_data();
     void findsByReference();
     void ignoresTheDefaultOfTheUser();
 };
 
-void tst_KRGPXTrackStyleList::findsByReference_data()
+void tst_KRGPXTrackStyleList::findsByReference()
 {
     const QByteArray red = "<Style id=\"red\"><LineStyle><color>ff0000ff</color></LineStyle></Style>";
     const QByteArray blue = "<Style id=\"blue\"><PolyStyle><color>ffff0000</color></PolyStyle></Style>";
     const QByteArray nameless = "<Style><LineStyle><color>ff00ff00</color></LineStyle></Style>";
     const QByteArray otherRed = "<Style id=\"red\"><LineStyle><color>ff000080</color></LineStyle></Style>";
     const QRgb none = KRGPXTrackConfiguration::defaultValue().lineColor().rgba();
-    QTest::addColumn<QByteArray>("children");
-    QTest::addColumn<QString>("reference");
-    QTest::addColumn<QRgb>("lineColor");
-    QTest::newRow("first of several") << red + blue + nameless << QStringLiteral("#red") << qRgb(255, 0, 0);
-    QTest::newRow("behind other elements")
-        << red + "<Folder/>text<!-- -->" + blue << QStringLiteral("#blue") << qRgb(0, 0, 255);
-    QTest::newRow("without id") << red + nameless << QStringLiteral("#") << qRgb(0, 255, 0);
-    QTest::newRow("same id twice: the last") << red + blue + otherRed << QStringLiteral("#red") << qRgb(128, 0, 0);
-    QTest::newRow("id without #") << red << QStringLiteral("red") << none;
-    QTest::newRow("other case") << red << QStringLiteral("#Red") << none;
-    QTest::newRow("blanks around") << red << QStringLiteral(" #red\n") << none;
-    QTest::newRow("in another document") << red << QStringLiteral("other.kml#red") << none;
-    QTest::newRow("empty reference") << red + nameless << QString() << none;
-    QTest::newRow("style map") << red
-                                      + "<StyleMap id=\"map\"><Pair><key>normal</key><styleUrl>#red</styleUrl></Pair>"
-                                        "<Style id=\"map\"/></StyleMap>"
-                               << QStringLiteral("#map") << none;
-    QTest::newRow("style in a folder") << "<Folder>" + red + "</Folder>" << QStringLiteral("#red") << none;
-    QTest::newRow("no styles") << QByteArray() << QStringLiteral("#red") << none;
-}
-
-void tst_KRGPXTrackStyleList::findsByReference()
-{
-    QFETCH(QByteArray, children);
-    QFETCH(QString, reference);
-    QDomDocument document;
-    QVERIFY(document.setContent("<Document>" + children + "</Document>"));
-    const KRGPXTrackStyleList styles = KRGPXTrackStyleList::fromKml(document.documentElement());
-    QTEST(styles.findStyling(reference).lineColor().rgba(), "lineColor");
+    const KRTestTable<QByteArray, QString, QRgb> table{
+        {"first of several", red + blue + nameless, QStringLiteral("#red"), qRgb(255, 0, 0)},
+        {"behind other elements", red + "<Folder/>text<!-- -->" + blue, QStringLiteral("#blue"), qRgb(0, 0, 255)},
+        {"without id", red + nameless, QStringLiteral("#"), qRgb(0, 255, 0)},
+        {"same id twice: the last", red + blue + otherRed, QStringLiteral("#red"), qRgb(128, 0, 0)},
+        {"id without #", red, QStringLiteral("red"), none},
+        {"other case", red, QStringLiteral("#Red"), none},
+        {"blanks around", red, QStringLiteral(" #red\n"), none},
+        {"in another document", red, QStringLiteral("other.kml#red"), none},
+        {"empty reference", red + nameless, {}, none},
+        {"style map",
+         red
+             + "<StyleMap id=\"map\"><Pair><key>normal</key><styleUrl>#red</styleUrl></Pair>"
+               "<Style id=\"map\"/></StyleMap>",
+         QStringLiteral("#map"), none},
+        {"style in a folder", "<Folder>" + red + "</Folder>", QStringLiteral("#red"), none},
+        {"no styles", {}, QStringLiteral("#red"), none},
+    };
+    table.forEach([](const QByteArray &children, const QString &reference, QRgb lineColor) {
+        QDomDocument document;
+        QVERIFY(document.setContent("<Document>" + children + "</Document>"));
+        const KRGPXTrackStyleList styles = KRGPXTrackStyleList::fromKml(document.documentElement());
+        QCOMPARE(styles.findStyling(reference).lineColor().rgba(), lineColor);
+    });
 }
 
 void tst_KRGPXTrackStyleList::ignoresTheDefaultOfTheUser()

@@ -1,14 +1,13 @@
 #include <KRGeoLocation/KRGeoArc.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDebug>
 #include <QUrlQuery>
 #include <QtTest>
 
 #include <limits>
-
-Q_DECLARE_METATYPE(KRGeoArc)
 
 namespace {
 
@@ -27,55 +26,47 @@ class tst_KRGeoArc : public QObject
     Q_OBJECT
 
 private slots:
-    void fromString_data();
     void fromString();
     void southernZeroHasNoSign();
-    void parts_data();
     void parts();
     void partsOfHugeAngles();
     void setDegree();
     void setterTellsChange();
     void radians();
     void comparison();
-    void isValid_data();
     void isValid();
     void arithmetic();
     void variants();
-    void exifRational_data();
     void exifRational();
     void urlQuery();
     void debugStream();
 };
 
-void tst_KRGeoArc::fromString_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("expected");
-    const double angle = 53.0 + 8.0 / 60.0 + 12.5 / 3600.0;
-    QTest::newRow("plain") << QStringLiteral("53,8,12.5") << angle;
-    QTest::newRow("south") << QStringLiteral("53,8,12.5S") << -angle;
-    QTest::newRow("west in lower case") << QStringLiteral("53,8,12.5 w") << -angle;
-    QTest::newRow("marks and blanks") << QStringLiteral("53°, 8', 12.5\" N") << angle;
-    QTest::newRow("marks alone do not separate") << QStringLiteral("53° 8' 12.5\" N") << KRGeoArc::invalidDegrees;
-    QTest::newRow("two parts") << QStringLiteral("53,8") << KRGeoArc::invalidDegrees;
-    QTest::newRow("empty") << QString() << KRGeoArc::invalidDegrees;
-    QTest::newRow("empty parts do not count") << QStringLiteral(",53,,8,12.5,") << angle;
-    QTest::newRow("a fourth part is ignored") << QStringLiteral("53,8,12.5,9") << angle;
-    QTest::newRow("N makes negative parts positive") << QStringLiteral("-53,-8,-12.5N") << angle;
-    QTest::newRow("S keeps negative parts negative") << QStringLiteral("-53,-8,-12.5S") << -angle;
-    QTest::newRow("letters of both kinds: positive") << QStringLiteral("8,30,0W e") << 8.5;
-    QTest::newRow("each part has its own sign") << QStringLiteral("-8,30,0") << -7.5;
-    QTest::newRow("a fraction of degrees does not read") << QStringLiteral("53.5,30,0") << 0.5;
-    QTest::newRow("rest of a word spoils the seconds") << QStringLiteral("8,30,12.5 Nord") << 8.5;
-    QTest::newRow("no number at all") << QStringLiteral("a,b,c") << 0.0;
-}
-
 void tst_KRGeoArc::fromString()
 {
-    QFETCH(QString, text);
-    QFETCH(double, expected);
-    const double degrees = KRGeoArc::fromString(text).decimalDegrees();
-    QVERIFY2(isNear(degrees, expected), qPrintable(QString::number(degrees, 'f', 12)));
+    const double angle = 53.0 + 8.0 / 60.0 + 12.5 / 3600.0;
+    const KRTestTable<QString, double> table{
+        {"plain", QStringLiteral("53,8,12.5"), angle},
+        {"south", QStringLiteral("53,8,12.5S"), -angle},
+        {"west in lower case", QStringLiteral("53,8,12.5 w"), -angle},
+        {"marks and blanks", QStringLiteral("53°, 8', 12.5\" N"), angle},
+        {"marks alone do not separate", QStringLiteral("53° 8' 12.5\" N"), KRGeoArc::invalidDegrees},
+        {"two parts", QStringLiteral("53,8"), KRGeoArc::invalidDegrees},
+        {"empty", {}, KRGeoArc::invalidDegrees},
+        {"empty parts do not count", QStringLiteral(",53,,8,12.5,"), angle},
+        {"a fourth part is ignored", QStringLiteral("53,8,12.5,9"), angle},
+        {"N makes negative parts positive", QStringLiteral("-53,-8,-12.5N"), angle},
+        {"S keeps negative parts negative", QStringLiteral("-53,-8,-12.5S"), -angle},
+        {"letters of both kinds: positive", QStringLiteral("8,30,0W e"), 8.5},
+        {"each part has its own sign", QStringLiteral("-8,30,0"), -7.5},
+        {"a fraction of degrees does not read", QStringLiteral("53.5,30,0"), 0.5},
+        {"rest of a word spoils the seconds", QStringLiteral("8,30,12.5 Nord"), 8.5},
+        {"no number at all", QStringLiteral("a,b,c"), 0.0},
+    };
+    table.forEach([](const QString &text, double expected) {
+        const double degrees = KRGeoArc::fromString(text).decimalDegrees();
+        QVERIFY2(isNear(degrees, expected), qPrintable(QString::number(degrees, 'f', 12)));
+    });
 }
 
 void tst_KRGeoArc::southernZeroHasNoSign()
@@ -83,28 +74,22 @@ void tst_KRGeoArc::southernZeroHasNoSign()
     QCOMPARE(KRGeoArc::fromString(QStringLiteral("0,0,0S")).toString(), QStringLiteral("0.0000000000000000"));
 }
 
-void tst_KRGeoArc::parts_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<int>("degree");
-    QTest::addColumn<int>("minute");
-    QTest::addColumn<double>("second");
-    QTest::newRow("north") << 53.1368 << 53 << 8 << 12.48;
-    QTest::newRow("all parts carry the sign") << -53.1368 << -53 << -8 << -12.48;
-    QTest::newRow("less than a degree") << -0.5 << 0 << -30 << 0.0;
-    // 8.2 * 60 is a little less than 492, so the twelfth minute is never reached.
-    QTest::newRow("cut, not rounded") << 8.2 << 8 << 11 << 59.99999999999636;
-    QTest::newRow("invalid marker") << KRGeoArc::invalidDegrees << 720 << 0 << 0.0;
-}
-
 void tst_KRGeoArc::parts()
 {
-    QFETCH(double, degrees);
-    QFETCH(double, second);
-    const KRGeoArc angle(degrees);
-    QTEST(angle.degree(), "degree");
-    QTEST(angle.minute(), "minute");
-    QVERIFY2(isNear(angle.second(), second), qPrintable(QString::number(angle.second(), 'f', 12)));
+    const KRTestTable<double, int, int, double> table{
+        {"north", 53.1368, 53, 8, 12.48},
+        {"all parts carry the sign", -53.1368, -53, -8, -12.48},
+        {"less than a degree", -0.5, 0, -30, 0.0},
+        // 8.2 * 60 is a little less than 492, so the twelfth minute is never reached.
+        {"cut, not rounded", 8.2, 8, 11, 59.99999999999636},
+        {"invalid marker", KRGeoArc::invalidDegrees, 720, 0, 0.0},
+    };
+    table.forEach([](double degrees, int degree, int minute, double second) {
+        const KRGeoArc angle(degrees);
+        QCOMPARE(angle.degree(), degree);
+        QCOMPARE(angle.minute(), minute);
+        QVERIFY2(isNear(angle.second(), second), qPrintable(QString::number(angle.second(), 'f', 12)));
+    });
 }
 
 void tst_KRGeoArc::partsOfHugeAngles()
@@ -158,23 +143,18 @@ void tst_KRGeoArc::comparison()
     QVERIFY(!(one < one));
 }
 
-void tst_KRGeoArc::isValid_data()
-{
-    QTest::addColumn<KRGeoArc>("angle");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("by default") << KRGeoArc() << false;
-    QTest::newRow("upper end") << KRGeoArc(360.0) << true;
-    QTest::newRow("lower end") << KRGeoArc(-360.0) << true;
-    QTest::newRow("beyond, within the tolerance of ==") << KRGeoArc(360.0000001) << false;
-    QTest::newRow("missing coordinate in a file") << KRGeoArc(-720.0) << false;
-    QTest::newRow("not a number") << KRGeoArc(notANumber) << false;
-    QTest::newRow("infinite") << KRGeoArc(infinity) << false;
-}
-
 void tst_KRGeoArc::isValid()
 {
-    QFETCH(KRGeoArc, angle);
-    QTEST(angle.isValid(), "expected");
+    const KRTestTable<KRGeoArc, bool> table{
+        {"by default", KRGeoArc(), false},
+        {"upper end", KRGeoArc(360.0), true},
+        {"lower end", KRGeoArc(-360.0), true},
+        {"beyond, within the tolerance of ==", KRGeoArc(360.0000001), false},
+        {"missing coordinate in a file", KRGeoArc(-720.0), false},
+        {"not a number", KRGeoArc(notANumber), false},
+        {"infinite", KRGeoArc(infinity), false},
+    };
+    table.forEach([](const KRGeoArc &angle, bool expected) { QCOMPARE(angle.isValid(), expected); });
 }
 
 void tst_KRGeoArc::arithmetic()
@@ -199,21 +179,16 @@ void tst_KRGeoArc::variants()
     QCOMPARE(KRGeoArc::fromVariant(KRGeoArc(-8.25).toVariant()).decimalDegrees(), -8.25);
 }
 
-void tst_KRGeoArc::exifRational_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("the sign is dropped, the fraction not reduced")
-        << -53.1368 << QStringLiteral("53/1 8/1 1248000/100000");
-    QTest::newRow("zero") << 0.0 << QStringLiteral("0/1 0/1 0/100000");
-    QTest::newRow("half a part is rounded up") << 0.000025 / 3600.0 << QStringLiteral("0/1 0/1 3/100000");
-    QTest::newRow("rounding does not carry over") << 8.2 << QStringLiteral("8/1 11/1 6000000/100000");
-}
-
 void tst_KRGeoArc::exifRational()
 {
-    QFETCH(double, degrees);
-    QTEST(KRGeoArc(degrees).toExifRational(), "expected");
+    const KRTestTable<double, QString> table{
+        {"the sign is dropped, the fraction not reduced", -53.1368, QStringLiteral("53/1 8/1 1248000/100000")},
+        {"zero", 0.0, QStringLiteral("0/1 0/1 0/100000")},
+        {"half a part is rounded up", 0.000025 / 3600.0, QStringLiteral("0/1 0/1 3/100000")},
+        {"rounding does not carry over", 8.2, QStringLiteral("8/1 11/1 6000000/100000")},
+    };
+    table.forEach(
+        [](double degrees, const QString &expected) { QCOMPARE(KRGeoArc(degrees).toExifRational(), expected); });
 }
 
 void tst_KRGeoArc::urlQuery()

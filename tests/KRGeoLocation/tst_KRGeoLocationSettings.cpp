@@ -16,7 +16,6 @@ class tst_KRGeoLocationSettings : public QObject
 
 private slots:
     void init();
-    void startsWithDefaults();
     void keepsBothSettings();
     void tellsWhenTheFeatureIsSwitchedOff();
     void savesTheDefaultConfigurationOnlyWhenItChanges();
@@ -31,15 +30,6 @@ void tst_KRGeoLocationSettings::init()
 {
     m_settings.reset(); // before the next one, which remembers the present file
     m_settings = std::make_unique<KRTemporarySettings>();
-}
-
-void tst_KRGeoLocationSettings::startsWithDefaults()
-{
-    KRGeoLocationSettings settings;
-    settings.loadSettings();
-    QVERIFY(settings.instantlyAddLocations());
-    QCOMPARE(settings.defaultTrackConfiguration(), KRGPXTrackConfiguration::defaultValue());
-    QVERIFY(!QFile::exists(m_settings->fileName()));
 }
 
 void tst_KRGeoLocationSettings::keepsBothSettings()

@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGeoPosition.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTestXml.h"
 
 #include <QDebug>
@@ -27,56 +28,43 @@ class tst_KRGeoPosition : public QObject
     Q_OBJECT
 
 private slots:
-    void isValid_data();
     void isValid();
     void constructionFromHemispheres();
-    void parse_data();
     void parse();
-    void fromString_data();
     void fromString();
-    void fromXml_data();
     void fromXml();
     void xmlReadsBack();
     void invalidIsNotWritten();
-    void copiesAreIndependent();
     void addingToItself();
     void settersTellChange();
-    void order_data();
     void order();
     void directions();
     void averaging();
     void deviations();
     void moving();
-    void distance_data();
     void distance();
     void distanceOfAntipodes();
     void normalizing();
-    void texts_data();
     void texts();
     void urlQuery();
     void debugStream();
 };
 
-void tst_KRGeoPosition::isValid_data()
-{
-    QTest::addColumn<KRGeoPosition>("position");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("by default") << KRGeoPosition() << false;
-    // Intended: (0, 0) counts as no position, though it is one in the Gulf of Guinea.
-    QTest::newRow("null") << KRGeoPosition::null() << false;
-    QTest::newRow("next to null") << KRGeoPosition(0.0, 0.000001) << true;
-    QTest::newRow("equator") << KRGeoPosition(0.0, 8.0) << true;
-    QTest::newRow("prime meridian") << KRGeoPosition(53.0, 0.0) << true;
-    QTest::newRow("any angle will do") << KRGeoPosition(-360.0, 360.0) << true;
-    QTest::newRow("no latitude") << KRGeoPosition(KRLatitude(), 8.0) << false;
-    QTest::newRow("no longitude") << KRGeoPosition(53.0, KRLongitude()) << false;
-    QTest::newRow("not a number") << KRGeoPosition(notANumber, 8.0) << false;
-}
-
 void tst_KRGeoPosition::isValid()
 {
-    QFETCH(KRGeoPosition, position);
-    QTEST(position.isValid(), "expected");
+    const KRTestTable<KRGeoPosition, bool> table{
+        {"by default", KRGeoPosition(), false},
+        // Intended: (0, 0) counts as no position, though it is one in the Gulf of Guinea.
+        {"null", KRGeoPosition::null(), false},
+        {"next to null", KRGeoPosition(0.0, 0.000001), true},
+        {"equator", KRGeoPosition(0.0, 8.0), true},
+        {"prime meridian", KRGeoPosition(53.0, 0.0), true},
+        {"any angle will do", KRGeoPosition(-360.0, 360.0), true},
+        {"no latitude", KRGeoPosition(KRLatitude(), 8.0), false},
+        {"no longitude", KRGeoPosition(53.0, KRLongitude()), false},
+        {"not a number", KRGeoPosition(notANumber, 8.0), false},
+    };
+    table.forEach([](const KRGeoPosition &position, bool expected) { QCOMPARE(position.isValid(), expected); });
 }
 
 void tst_KRGeoPosition::constructionFromHemispheres()
@@ -87,67 +75,56 @@ void tst_KRGeoPosition::constructionFromHemispheres()
     QCOMPARE(KRGeoPosition(53.0, 'n', 8.0, 'O').toPointF(), QPointF(-8.0, -53.0));
 }
 
-void tst_KRGeoPosition::parse_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<KRGeoPosition>("expected");
-    const KRGeoPosition position(53.14, 8.21);
-    QTest::newRow("plain") << QStringLiteral("N53.14 E8.21") << position;
-    QTest::newRow("any run of blanks, and around") << QStringLiteral(" N53.14 \t\n E8.21 ") << position;
-    QTest::newRow("no letters") << QStringLiteral("53.14 8.21") << position;
-    QTest::newRow("south west") << QStringLiteral("S53.14 W8.21") << KRGeoPosition(-53.14, -8.21);
-    QTest::newRow("three words") << QStringLiteral("N53.14 E8.21 E8.21") << KRGeoPosition();
-    QTest::newRow("one word") << QStringLiteral("N53.14") << KRGeoPosition();
-    QTest::newRow("empty") << QString() << KRGeoPosition();
-    QTest::newRow("longitude first") << QStringLiteral("E8.21 N53.14") << KRGeoPosition();
-    QTest::newRow("one unreadable: both unset") << QStringLiteral("N53.14 Ost") << KRGeoPosition();
-    QTest::newRow("one out of all range: both unset") << QStringLiteral("N53.14 E361") << KRGeoPosition();
-    QTest::newRow("a word that is a number to some") << QStringLiteral("nan inf") << KRGeoPosition();
-    QTest::newRow("null reads, though it is not valid") << QStringLiteral("N0 E0") << KRGeoPosition::null();
-}
-
 void tst_KRGeoPosition::parse()
 {
-    QFETCH(QString, text);
-    QTEST(KRGeoPosition::parse(text), "expected");
-}
-
-void tst_KRGeoPosition::fromString_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<KRGeoPosition>("expected");
-    const KRGeoPosition position(53.0 + 8.0 / 60.0, 8.2);
-    QTest::newRow("plain") << QStringLiteral("53,8,0N; 8,12,0E") << position;
-    QTest::newRow("a third part is ignored") << QStringLiteral("53,8,0N;8,12,0E;1,2,3") << position;
-    QTest::newRow("south west") << QStringLiteral("53,8,0S;8,12,0W") << KRGeoPosition(-53.0 - 8.0 / 60.0, -8.2);
-    QTest::newRow("no semicolon") << QStringLiteral("53,8,0N 8,12,0E") << KRGeoPosition();
-    QTest::newRow("empty part in front") << QStringLiteral(";53,8,0N;8,12,0E") << KRGeoPosition();
-    QTest::newRow("one invalid: both unset") << QStringLiteral("53,8,0N; 8,12") << KRGeoPosition();
+    const KRGeoPosition position(53.14, 8.21);
+    const KRTestTable<QString, KRGeoPosition> table{
+        {"plain", QStringLiteral("N53.14 E8.21"), position},
+        {"any run of blanks, and around", QStringLiteral(" N53.14 \t\n E8.21 "), position},
+        {"no letters", QStringLiteral("53.14 8.21"), position},
+        {"south west", QStringLiteral("S53.14 W8.21"), KRGeoPosition(-53.14, -8.21)},
+        {"three words", QStringLiteral("N53.14 E8.21 E8.21"), KRGeoPosition()},
+        {"one word", QStringLiteral("N53.14"), KRGeoPosition()},
+        {"empty", {}, KRGeoPosition()},
+        {"longitude first", QStringLiteral("E8.21 N53.14"), KRGeoPosition()},
+        {"one unreadable: both unset", QStringLiteral("N53.14 Ost"), KRGeoPosition()},
+        {"one out of all range: both unset", QStringLiteral("N53.14 E361"), KRGeoPosition()},
+        {"a word that is a number to some", QStringLiteral("nan inf"), KRGeoPosition()},
+        {"null reads, though it is not valid", QStringLiteral("N0 E0"), KRGeoPosition::null()},
+    };
+    table.forEach(
+        [](const QString &text, const KRGeoPosition &expected) { QCOMPARE(KRGeoPosition::parse(text), expected); });
 }
 
 void tst_KRGeoPosition::fromString()
 {
-    QFETCH(QString, text);
-    QTEST(KRGeoPosition::fromString(text), "expected");
-}
-
-void tst_KRGeoPosition::fromXml_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<KRGeoPosition>("expected");
-    QTest::newRow("both") << QByteArray("<p latitude='53.14' longitude='-8.21'/>") << KRGeoPosition(53.14, -8.21);
-    QTest::newRow("none") << QByteArray("<p/>") << KRGeoPosition(-720.0, -720.0);
-    QTest::newRow("no longitude") << QByteArray("<p latitude='53'/>") << KRGeoPosition(53.0, -720.0);
-    QTest::newRow("malformed") << QByteArray("<p latitude='N53' longitude='8,2'/>") << KRGeoPosition(0.0, 0.0);
-    QTest::newRow("empty") << QByteArray("<p latitude='' longitude='8'/>") << KRGeoPosition(0.0, 8.0);
-    QTest::newRow("nothing is checked") << QByteArray("<p latitude='95' longitude='400'/>")
-                                        << KRGeoPosition(95.0, 400.0);
+    const KRGeoPosition position(53.0 + 8.0 / 60.0, 8.2);
+    const KRTestTable<QString, KRGeoPosition> table{
+        {"plain", QStringLiteral("53,8,0N; 8,12,0E"), position},
+        {"a third part is ignored", QStringLiteral("53,8,0N;8,12,0E;1,2,3"), position},
+        {"south west", QStringLiteral("53,8,0S;8,12,0W"), KRGeoPosition(-53.0 - 8.0 / 60.0, -8.2)},
+        {"no semicolon", QStringLiteral("53,8,0N 8,12,0E"), KRGeoPosition()},
+        {"empty part in front", QStringLiteral(";53,8,0N;8,12,0E"), KRGeoPosition()},
+        {"one invalid: both unset", QStringLiteral("53,8,0N; 8,12"), KRGeoPosition()},
+    };
+    table.forEach([](const QString &text, const KRGeoPosition &expected) {
+        QCOMPARE(KRGeoPosition::fromString(text), expected);
+    });
 }
 
 void tst_KRGeoPosition::fromXml()
 {
-    QFETCH(QByteArray, xml);
-    QTEST(KRGeoPosition::fromXml(KRTestXml::element(xml)), "expected");
+    const KRTestTable<QByteArray, KRGeoPosition> table{
+        {"both", "<p latitude='53.14' longitude='-8.21'/>", KRGeoPosition(53.14, -8.21)},
+        {"none", "<p/>", KRGeoPosition(-720.0, -720.0)},
+        {"no longitude", "<p latitude='53'/>", KRGeoPosition(53.0, -720.0)},
+        {"malformed", "<p latitude='N53' longitude='8,2'/>", KRGeoPosition(0.0, 0.0)},
+        {"empty", "<p latitude='' longitude='8'/>", KRGeoPosition(0.0, 8.0)},
+        {"nothing is checked", "<p latitude='95' longitude='400'/>", KRGeoPosition(95.0, 400.0)},
+    };
+    table.forEach([](const QByteArray &xml, const KRGeoPosition &expected) {
+        QCOMPARE(KRGeoPosition::fromXml(KRTestXml::element(xml)), expected);
+    });
 }
 
 void tst_KRGeoPosition::xmlReadsBack()
@@ -169,31 +146,6 @@ void tst_KRGeoPosition::invalidIsNotWritten()
     KRGeoPosition(53.0, 361.0).writeToXml(parent);
     QCOMPARE(parent.attributes().size(), 1);
     QCOMPARE(parent.attribute(QStringLiteral("latitude")), QStringLiteral("1"));
-}
-
-void tst_KRGeoPosition::copiesAreIndependent()
-{
-    const KRGeoPosition original(90.0, 8.0);
-    const auto isUntouched = [&original] { return original.toPointF() == QPointF(8.0, 90.0); };
-    KRGeoPosition copy = original;
-    copy.setLatitude(1.0);
-    QVERIFY(isUntouched());
-    copy = original;
-    copy.setLongitude(1.0);
-    QVERIFY(isUntouched());
-    copy = original;
-    copy.catchLatitude();
-    QCOMPARE(copy.latitude().decimalDegrees(), 90.0 - 0.01);
-    QVERIFY(isUntouched());
-    copy = original;
-    copy += KRGeoPosition(1.0, 1.0);
-    QVERIFY(isUntouched());
-    copy = original;
-    copy /= 2.0;
-    QCOMPARE(copy.toPointF(), QPointF(4.0, 45.0));
-    QVERIFY(isUntouched());
-    const KRGeoPosition moved = std::move(copy);
-    QCOMPARE(moved.toPointF(), QPointF(4.0, 45.0));
 }
 
 void tst_KRGeoPosition::addingToItself()
@@ -218,32 +170,23 @@ void tst_KRGeoPosition::settersTellChange()
     QVERIFY(position.longitude().decimalDegrees() > 8.0);
 }
 
-void tst_KRGeoPosition::order_data()
-{
-    QTest::addColumn<KRGeoPosition>("a");
-    QTest::addColumn<KRGeoPosition>("b");
-    QTest::addColumn<bool>("isLess");
-    QTest::addColumn<bool>("isGreater");
-    QTest::addColumn<bool>("isEqual");
-    QTest::newRow("west before east") << KRGeoPosition(1.0, 2.0) << KRGeoPosition(1.0, 3.0) << true << false << false;
-    QTest::newRow("latitude decides") << KRGeoPosition(1.0, 5.0) << KRGeoPosition(2.0, 0.0) << true << false << false;
-    QTest::newRow("same") << KRGeoPosition(1.0, 2.0) << KRGeoPosition(1.0, 2.0) << false << false << true;
-    QTest::newRow("latitudes within the tolerance")
-        << KRGeoPosition(1.0000005, 2.0) << KRGeoPosition(1.0, 3.0) << true << false << false;
-    QTest::newRow("equal within the tolerance, longitude less")
-        << KRGeoPosition(1.0000005, 2.0) << KRGeoPosition(1.0, 2.0000005) << true << false << true;
-    QTest::newRow("the other way") << KRGeoPosition(2.0, 0.0) << KRGeoPosition(1.0, 5.0) << false << true << false;
-}
-
 void tst_KRGeoPosition::order()
 {
-    QFETCH(KRGeoPosition, a);
-    QFETCH(KRGeoPosition, b);
-    QFETCH(bool, isEqual);
-    QTEST(a < b, "isLess");
-    QTEST(a > b, "isGreater");
-    QCOMPARE(a == b, isEqual);
-    QCOMPARE(a != b, !isEqual);
+    const KRTestTable<KRGeoPosition, KRGeoPosition, bool, bool, bool> table{
+        {"west before east", KRGeoPosition(1.0, 2.0), KRGeoPosition(1.0, 3.0), true, false, false},
+        {"latitude decides", KRGeoPosition(1.0, 5.0), KRGeoPosition(2.0, 0.0), true, false, false},
+        {"same", KRGeoPosition(1.0, 2.0), KRGeoPosition(1.0, 2.0), false, false, true},
+        {"latitudes within the tolerance", KRGeoPosition(1.0000005, 2.0), KRGeoPosition(1.0, 3.0), true, false, false},
+        {"equal within the tolerance, longitude less", KRGeoPosition(1.0000005, 2.0), KRGeoPosition(1.0, 2.0000005),
+         true, false, true},
+        {"the other way", KRGeoPosition(2.0, 0.0), KRGeoPosition(1.0, 5.0), false, true, false},
+    };
+    table.forEach([](const KRGeoPosition &a, const KRGeoPosition &b, bool isLess, bool isGreater, bool isEqual) {
+        QCOMPARE(a < b, isLess);
+        QCOMPARE(a > b, isGreater);
+        QCOMPARE(a == b, isEqual);
+        QCOMPARE(a != b, !isEqual);
+    });
 }
 
 void tst_KRGeoPosition::directions()
@@ -299,35 +242,28 @@ void tst_KRGeoPosition::moving()
     QVERIFY(start.moveEastBy(-10.0).isWestOf(start));
 }
 
-void tst_KRGeoPosition::distance_data()
-{
-    QTest::addColumn<KRGeoPosition>("a");
-    QTest::addColumn<KRGeoPosition>("b");
-    QTest::addColumn<double>("expectedKm");
-    const KRGeoPosition here(53.0, 8.0);
-    constexpr double unknown = 6370000.0;
-    QTest::newRow("same place") << here << here << 0.0;
-    QTest::newRow("a degree of latitude") << here << KRGeoPosition(54.0, 8.0) << kmPerDegree;
-    QTest::newRow("a degree at the equator") << KRGeoPosition(0.0, 8.0) << KRGeoPosition(0.0, 9.0) << kmPerDegree;
-    QTest::newRow("across the date line") << KRGeoPosition(0.0, 179.5) << KRGeoPosition(0.0, -179.5) << kmPerDegree;
-    QTest::newRow("across the pole") << KRGeoPosition(89.0, 8.0) << KRGeoPosition(89.0, -172.0) << 2.0 * kmPerDegree;
-    // Nashville and Los Angeles airports: 2887.25995 km on a sphere of 6372.8 km, often given as worked example.
-    QTest::newRow("long way") << KRGeoPosition(36.12, -86.67) << KRGeoPosition(33.94, -118.40)
-                              << 2887.2599506071 * 6370.0 / 6372.8;
-    QTest::newRow("to null") << here << KRGeoPosition::null() << unknown;
-    QTest::newRow("from null") << KRGeoPosition::null() << here << unknown;
-    QTest::newRow("null to itself") << KRGeoPosition::null() << KRGeoPosition::null() << unknown;
-    QTest::newRow("to nowhere") << here << KRGeoPosition() << unknown;
-    QTest::newRow("not a number") << here << KRGeoPosition(notANumber, 8.0) << unknown;
-}
-
 void tst_KRGeoPosition::distance()
 {
-    QFETCH(KRGeoPosition, a);
-    QFETCH(KRGeoPosition, b);
-    QFETCH(double, expectedKm);
-    const double km = a.distance(b);
-    QVERIFY2(isNear(km, expectedKm, 1e-6), qPrintable(QString::number(km, 'f', 9)));
+    const KRGeoPosition here(53.0, 8.0);
+    constexpr double unknown = 6370000.0;
+    const KRTestTable<KRGeoPosition, KRGeoPosition, double> table{
+        {"same place", here, here, 0.0},
+        {"a degree of latitude", here, KRGeoPosition(54.0, 8.0), kmPerDegree},
+        {"a degree at the equator", KRGeoPosition(0.0, 8.0), KRGeoPosition(0.0, 9.0), kmPerDegree},
+        {"across the date line", KRGeoPosition(0.0, 179.5), KRGeoPosition(0.0, -179.5), kmPerDegree},
+        {"across the pole", KRGeoPosition(89.0, 8.0), KRGeoPosition(89.0, -172.0), 2.0 * kmPerDegree},
+        // Nashville and Los Angeles airports: 2887.25995 km on a sphere of 6372.8 km, often given as worked example.
+        {"long way", KRGeoPosition(36.12, -86.67), KRGeoPosition(33.94, -118.40), 2887.2599506071 * 6370.0 / 6372.8},
+        {"to null", here, KRGeoPosition::null(), unknown},
+        {"from null", KRGeoPosition::null(), here, unknown},
+        {"null to itself", KRGeoPosition::null(), KRGeoPosition::null(), unknown},
+        {"to nowhere", here, KRGeoPosition(), unknown},
+        {"not a number", here, KRGeoPosition(notANumber, 8.0), unknown},
+    };
+    table.forEach([](const KRGeoPosition &a, const KRGeoPosition &b, double expectedKm) {
+        const double km = a.distance(b);
+        QVERIFY2(isNear(km, expectedKm, 1e-6), qPrintable(QString::number(km, 'f', 9)));
+    });
 }
 
 void tst_KRGeoPosition::distanceOfAntipodes()
@@ -349,26 +285,20 @@ void tst_KRGeoPosition::normalizing()
     QCOMPARE(position.toPointF(), QPointF(190.0, 95.0));
 }
 
-void tst_KRGeoPosition::texts_data()
-{
-    QTest::addColumn<KRGeoPosition>("position");
-    QTest::addColumn<QString>("longText");
-    QTest::addColumn<QString>("shortText");
-    QTest::newRow("valid") << KRGeoPosition(53.5, -8.25) << QStringLiteral("53° 30′ 0″ Nord<br>8° 15′ 0″ West")
-                           << QStringLiteral("N53.50000000; W8.25000000");
-    QTest::newRow("null has valid components")
-        << KRGeoPosition::null() << QStringLiteral("0° 0′ 0″ Nord<br>0° 0′ 0″ Ost")
-        << QStringLiteral("N0.00000000; E0.00000000");
-    QTest::newRow("half") << KRGeoPosition(53.5, 720.0) << QStringLiteral("N53.50000000; ")
-                          << QStringLiteral("N53.50000000; ");
-    QTest::newRow("unset") << KRGeoPosition() << QStringLiteral("; ") << QStringLiteral("; ");
-}
-
 void tst_KRGeoPosition::texts()
 {
-    QFETCH(KRGeoPosition, position);
-    QTEST(position.toString(true), "longText");
-    QTEST(position.toString(false), "shortText");
+    const KRTestTable<KRGeoPosition, QString, QString> table{
+        {"valid", KRGeoPosition(53.5, -8.25), QStringLiteral("53° 30′ 0″ Nord<br>8° 15′ 0″ West"),
+         QStringLiteral("N53.50000000; W8.25000000")},
+        {"null has valid components", KRGeoPosition::null(), QStringLiteral("0° 0′ 0″ Nord<br>0° 0′ 0″ Ost"),
+         QStringLiteral("N0.00000000; E0.00000000")},
+        {"half", KRGeoPosition(53.5, 720.0), QStringLiteral("N53.50000000; "), QStringLiteral("N53.50000000; ")},
+        {"unset", KRGeoPosition(), QStringLiteral("; "), QStringLiteral("; ")},
+    };
+    table.forEach([](const KRGeoPosition &position, const QString &longText, const QString &shortText) {
+        QCOMPARE(position.toString(true), longText);
+        QCOMPARE(position.toString(false), shortText);
+    });
 }
 
 void tst_KRGeoPosition::urlQuery()

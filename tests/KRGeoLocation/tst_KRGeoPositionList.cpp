@@ -1,11 +1,10 @@
 #include <KRGeoLocation/KRGeoPositionList.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QPainterPath>
 #include <QtTest>
-
-Q_DECLARE_METATYPE(KRGeoPositionList)
 
 namespace {
 
@@ -20,11 +19,8 @@ class tst_KRGeoPositionList : public QObject
 private slots:
     void emptyList();
     void averageAndCenter();
-    void boundingBox_data();
     void boundingBox();
-    void components();
     void painterPath();
-    void filterStrayPositions_data();
     void filterStrayPositions();
     void singlePositionIsNoStray();
     void filteringTakesApart();
@@ -46,33 +42,21 @@ void tst_KRGeoPositionList::averageAndCenter()
     QCOMPARE(threeInARow.center(), KRGeoPosition(1, 6));
 }
 
-void tst_KRGeoPositionList::boundingBox_data()
-{
-    QTest::addColumn<KRGeoPositionList>("positions");
-    QTest::addColumn<KRGeoPosition>("southWest");
-    QTest::addColumn<KRGeoPosition>("northEast");
-    QTest::newRow("one") << KRGeoPositionList{{53, 8}} << KRGeoPosition(53, 8) << KRGeoPosition(53, 8);
-    QTest::newRow("several") << KRGeoPositionList{{53, 8}, {-33, 151}, {40, -74}} << KRGeoPosition(-33, -74)
-                             << KRGeoPosition(53, 151);
-    QTest::newRow("invalid ones do not count") << KRGeoPositionList{{}, {53, 8}, KRGeoPosition::null(), {54, 9}}
-                                               << KRGeoPosition(53, 8) << KRGeoPosition(54, 9);
-    // Intended: a box grown point by point never crosses the date line.
-    QTest::newRow("both sides of the date line")
-        << KRGeoPositionList{{10, 170}, {20, -170}} << KRGeoPosition(10, -170) << KRGeoPosition(20, 170);
-}
-
 void tst_KRGeoPositionList::boundingBox()
 {
-    QFETCH(KRGeoPositionList, positions);
-    QFETCH(KRGeoPosition, southWest);
-    QFETCH(KRGeoPosition, northEast);
-    QCOMPARE(positions.boundingBox(), KRGeoPositionRect(southWest, northEast));
-}
-
-void tst_KRGeoPositionList::components()
-{
-    QCOMPARE(threeInARow.latitudes(), (KRLatitudeList{1, 1, 1}));
-    QCOMPARE(threeInARow.longitudes(), (KRLongitudeList{1, 11, 2}));
+    const KRTestTable<KRGeoPositionList, KRGeoPosition, KRGeoPosition> table{
+        {"one", KRGeoPositionList{{53, 8}}, KRGeoPosition(53, 8), KRGeoPosition(53, 8)},
+        {"several", KRGeoPositionList{{53, 8}, {-33, 151}, {40, -74}}, KRGeoPosition(-33, -74), KRGeoPosition(53, 151)},
+        {"invalid ones do not count", KRGeoPositionList{{}, {53, 8}, KRGeoPosition::null(), {54, 9}},
+         KRGeoPosition(53, 8), KRGeoPosition(54, 9)},
+        // Intended: a box grown point by point never crosses the date line.
+        {"both sides of the date line", KRGeoPositionList{{10, 170}, {20, -170}}, KRGeoPosition(10, -170),
+         KRGeoPosition(20, 170)},
+    };
+    table.forEach(
+        [](const KRGeoPositionList &positions, const KRGeoPosition &southWest, const KRGeoPosition &northEast) {
+            QCOMPARE(positions.boundingBox(), KRGeoPositionRect(southWest, northEast));
+        });
 }
 
 void tst_KRGeoPositionList::painterPath()
@@ -89,29 +73,22 @@ void tst_KRGeoPositionList::painterPath()
     QCOMPARE(line.currentPosition(), QPointF(10, 53));
 }
 
-void tst_KRGeoPositionList::filterStrayPositions_data()
+void tst_KRGeoPositionList::filterStrayPositions()
 {
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<bool>("invert");
-    QTest::addColumn<int>("minimumCount");
-    QTest::addColumn<KRGeoPositionList>("expected");
     // The average is at longitude 4.67, the centre at 6: only the stray 11 is nearer to the centre.
     const KRGeoPositionList stray = {{1, 11}};
     const KRGeoPositionList others = {{1, 1}, {1, 2}};
-    QTest::newRow("keeps what is near the average") << 1.0 << false << 3 << others;
-    QTest::newRow("inverted keeps the stray ones") << 1.0 << true << 3 << stray;
-    QTest::newRow("a larger factor forgives") << 2.0 << false << 3 << threeInARow;
-    QTest::newRow("factor 0 keeps nothing") << 0.0 << false << 3 << KRGeoPositionList();
-    QTest::newRow("too few to judge") << 0.0 << false << 4 << threeInARow;
-    QTest::newRow("too few to judge, inverted") << 2.0 << true << 4 << threeInARow;
-}
-
-void tst_KRGeoPositionList::filterStrayPositions()
-{
-    QFETCH(double, factor);
-    QFETCH(bool, invert);
-    QFETCH(int, minimumCount);
-    QTEST(threeInARow.filterStrayPositions(factor, invert, minimumCount), "expected");
+    const KRTestTable<double, bool, int, KRGeoPositionList> table{
+        {"keeps what is near the average", 1.0, false, 3, others},
+        {"inverted keeps the stray ones", 1.0, true, 3, stray},
+        {"a larger factor forgives", 2.0, false, 3, threeInARow},
+        {"factor 0 keeps nothing", 0.0, false, 3, KRGeoPositionList()},
+        {"too few to judge", 0.0, false, 4, threeInARow},
+        {"too few to judge, inverted", 2.0, true, 4, threeInARow},
+    };
+    table.forEach([](double factor, bool invert, int minimumCount, const KRGeoPositionList &expected) {
+        QCOMPARE(threeInARow.filterStrayPositions(factor, invert, minimumCount), expected);
+    });
 }
 
 void tst_KRGeoPositionList::singlePositionIsNoStray()

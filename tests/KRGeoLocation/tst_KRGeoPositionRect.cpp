@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGeoPositionRect.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDebug>
 #include <QUrlQuery>
@@ -21,23 +22,16 @@ class tst_KRGeoPositionRect : public QObject
 
 private slots:
     void corners();
-    void isValid_data();
     void isValid();
     void acrossTheDateLine();
-    void containsRect_data();
     void containsRect();
-    void isDefault_data();
     void isDefault();
-    void maxExtension_data();
     void maxExtension();
     void growsFromNothing();
     void growthByInvalidIsIgnored();
-    void sum_data();
     void sum();
     void blowUp();
-    void withPadding_data();
     void withPadding();
-    void toReasonableSize_data();
     void toReasonableSize();
     void urlQuery();
     void texts();
@@ -56,23 +50,18 @@ void tst_KRGeoPositionRect::corners()
     QCOMPARE(reversed.southEast().toPointF(), QPointF(-10.0, 60.0));
 }
 
-void tst_KRGeoPositionRect::isValid_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("area");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("unset") << KRGeoPositionRect() << false;
-    QTest::newRow("world") << rect(-90, 90, -180, 180) << true;
-    QTest::newRow("crosses the date line") << rect(10, 20, 170, -170) << true;
-    QTest::newRow("upside down") << rect(20, 10, 0, 5) << false;
-    QTest::newRow("east out of range") << rect(10, 20, 170, 190) << false;
-    // Unlike the position, the area at (0, 0) is one.
-    QTest::newRow("null island") << rect(0, 0, 0, 0) << true;
-}
-
 void tst_KRGeoPositionRect::isValid()
 {
-    QFETCH(KRGeoPositionRect, area);
-    QTEST(area.isValid(), "expected");
+    const KRTestTable<KRGeoPositionRect, bool> table{
+        {"unset", KRGeoPositionRect(), false},
+        {"world", rect(-90, 90, -180, 180), true},
+        {"crosses the date line", rect(10, 20, 170, -170), true},
+        {"upside down", rect(20, 10, 0, 5), false},
+        {"east out of range", rect(10, 20, 170, 190), false},
+        // Unlike the position, the area at (0, 0) is one.
+        {"null island", rect(0, 0, 0, 0), true},
+    };
+    table.forEach([](const KRGeoPositionRect &area, bool expected) { QCOMPARE(area.isValid(), expected); });
 }
 
 void tst_KRGeoPositionRect::acrossTheDateLine()
@@ -87,63 +76,49 @@ void tst_KRGeoPositionRect::acrossTheDateLine()
     QVERIFY(!area.contains(KRGeoPosition(9, 180)));
 }
 
-void tst_KRGeoPositionRect::containsRect_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("other");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("same") << rect(10, 20, 170, -170) << true;
-    QTest::newRow("inside") << rect(12, 18, 175, -175) << true;
-    QTest::newRow("too far north") << rect(12, 21, 175, -175) << false;
-    QTest::newRow("too far south") << rect(9, 18, 175, -175) << false;
-    QTest::newRow("too far west") << rect(12, 18, 165, -175) << false;
-    QTest::newRow("too far east") << rect(12, 18, 175, -165) << false;
-}
-
 void tst_KRGeoPositionRect::containsRect()
 {
-    QFETCH(KRGeoPositionRect, other);
-    QTEST(rect(10, 20, 170, -170).contains(other), "expected");
-}
-
-void tst_KRGeoPositionRect::isDefault_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("area");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("itself") << KRGeoPositionRect::europeanUnion() << true;
-    QTest::newRow("within the tolerance") << rect(40.0000005, 60, -10, 30) << true;
-    QTest::newRow("other south") << rect(40.1, 60, -10, 30) << false;
-    QTest::newRow("other north") << rect(40, 60.1, -10, 30) << false;
-    QTest::newRow("other west") << rect(40, 60, -10.1, 30) << false;
-    QTest::newRow("other east") << rect(40, 60, -10, 30.1) << false;
+    const KRTestTable<KRGeoPositionRect, bool> table{
+        {"same", rect(10, 20, 170, -170), true},           {"inside", rect(12, 18, 175, -175), true},
+        {"too far north", rect(12, 21, 175, -175), false}, {"too far south", rect(9, 18, 175, -175), false},
+        {"too far west", rect(12, 18, 165, -175), false},  {"too far east", rect(12, 18, 175, -165), false},
+    };
+    table.forEach([](const KRGeoPositionRect &other, bool expected) {
+        QCOMPARE(rect(10, 20, 170, -170).contains(other), expected);
+    });
 }
 
 void tst_KRGeoPositionRect::isDefault()
 {
-    QFETCH(KRGeoPositionRect, area);
-    QFETCH(bool, expected);
-    QCOMPARE(area.isDefault(), expected);
-    QCOMPARE(area != KRGeoPositionRect::europeanUnion(), !expected);
-}
-
-void tst_KRGeoPositionRect::maxExtension_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("area");
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<bool>("isVerySmall");
-    QTest::newRow("wide") << KRGeoPositionRect::europeanUnion() << 40.0 << false;
-    QTest::newRow("high") << rect(0, 10, -1, 1) << 10.0 << false;
-    // Intended: the long way round for an area across the date line.
-    QTest::newRow("across the date line") << rect(10, 20, 170, -170) << 340.0 << false;
-    QTest::newRow("one degree is not very small") << rect(1, 2, 0, 0.5) << 1.0 << false;
-    QTest::newRow("very small") << rect(1, 1.5, 0, 0.75) << 0.75 << true;
-    QTest::newRow("unset") << KRGeoPositionRect() << 0.0 << true;
+    const KRTestTable<KRGeoPositionRect, bool> table{
+        {"itself", KRGeoPositionRect::europeanUnion(), true},
+        {"within the tolerance", rect(40.0000005, 60, -10, 30), true},
+        {"other south", rect(40.1, 60, -10, 30), false},
+        {"other north", rect(40, 60.1, -10, 30), false},
+        {"other west", rect(40, 60, -10.1, 30), false},
+        {"other east", rect(40, 60, -10, 30.1), false},
+    };
+    table.forEach([](const KRGeoPositionRect &area, bool expected) {
+        QCOMPARE(area.isDefault(), expected);
+        QCOMPARE(area != KRGeoPositionRect::europeanUnion(), !expected);
+    });
 }
 
 void tst_KRGeoPositionRect::maxExtension()
 {
-    QFETCH(KRGeoPositionRect, area);
-    QTEST(area.maxExtension().decimalDegrees(), "degrees");
-    QTEST(area.isVerySmall(), "isVerySmall");
+    const KRTestTable<KRGeoPositionRect, double, bool> table{
+        {"wide", KRGeoPositionRect::europeanUnion(), 40.0, false},
+        {"high", rect(0, 10, -1, 1), 10.0, false},
+        // Intended: the long way round for an area across the date line.
+        {"across the date line", rect(10, 20, 170, -170), 340.0, false},
+        {"one degree is not very small", rect(1, 2, 0, 0.5), 1.0, false},
+        {"very small", rect(1, 1.5, 0, 0.75), 0.75, true},
+        {"unset", KRGeoPositionRect(), 0.0, true},
+    };
+    table.forEach([](const KRGeoPositionRect &area, double degrees, bool isVerySmall) {
+        QCOMPARE(area.maxExtension().decimalDegrees(), degrees);
+        QCOMPARE(area.isVerySmall(), isVerySmall);
+    });
 }
 
 void tst_KRGeoPositionRect::growsFromNothing()
@@ -167,24 +142,18 @@ void tst_KRGeoPositionRect::growthByInvalidIsIgnored()
     QCOMPARE(area, rect(53, 54, 8, 9));
 }
 
-void tst_KRGeoPositionRect::sum_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("a");
-    QTest::addColumn<KRGeoPositionRect>("b");
-    QTest::addColumn<KRGeoPositionRect>("expected");
-    QTest::newRow("plain") << rect(0, 10, 0, 10) << rect(5, 20, -5, 5) << rect(0, 20, -5, 10);
-    QTest::newRow("nothing and something") << KRGeoPositionRect() << rect(5, 20, -5, 5) << rect(5, 20, -5, 5);
-    QTest::newRow("crossing grows to both sides")
-        << rect(0, 10, 170, -170) << rect(0, 10, 160, -160) << rect(0, 10, 160, -160);
-    // Intended: what does not cross the date line never starts to.
-    QTest::newRow("never starts to cross") << rect(0, 10, 170, 175) << rect(0, 10, 175, -175) << rect(0, 10, -175, 175);
-}
-
 void tst_KRGeoPositionRect::sum()
 {
-    QFETCH(KRGeoPositionRect, a);
-    QFETCH(KRGeoPositionRect, b);
-    QTEST(a + b, "expected");
+    const KRTestTable<KRGeoPositionRect, KRGeoPositionRect, KRGeoPositionRect> table{
+        {"plain", rect(0, 10, 0, 10), rect(5, 20, -5, 5), rect(0, 20, -5, 10)},
+        {"nothing and something", KRGeoPositionRect(), rect(5, 20, -5, 5), rect(5, 20, -5, 5)},
+        {"crossing grows to both sides", rect(0, 10, 170, -170), rect(0, 10, 160, -160), rect(0, 10, 160, -160)},
+        // Intended: what does not cross the date line never starts to.
+        {"never starts to cross", rect(0, 10, 170, 175), rect(0, 10, 175, -175), rect(0, 10, -175, 175)},
+    };
+    table.forEach([](const KRGeoPositionRect &a, const KRGeoPositionRect &b, const KRGeoPositionRect &expected) {
+        QCOMPARE(a + b, expected);
+    });
 }
 
 void tst_KRGeoPositionRect::blowUp()
@@ -194,42 +163,34 @@ void tst_KRGeoPositionRect::blowUp()
     QCOMPARE(area, rect(88, 89, 178, 179));
 }
 
-void tst_KRGeoPositionRect::withPadding_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("area");
-    QTest::addColumn<double>("percentage");
-    QTest::addColumn<KRGeoPositionRect>("expected");
-    QTest::newRow("same margin on all sides") << KRGeoPositionRect::europeanUnion() << 10.0 << rect(36, 64, -14, 34);
-    QTest::newRow("none") << KRGeoPositionRect::europeanUnion() << 0.0 << KRGeoPositionRect::europeanUnion();
-    QTest::newRow("a point") << rect(53, 53, 8, 8) << 10.0 << rect(52.9, 53.1, 7.9, 8.1);
-    QTest::newRow("a point within the tolerance") << rect(53, 53.0000005, 8, 8) << 10.0 << rect(52.9, 53.1, 7.9, 8.1);
-    QTest::newRow("a point without padding") << rect(53, 53, 8, 8) << 0.0 << rect(53, 53, 8, 8);
-    QTest::newRow("unset") << KRGeoPositionRect() << 10.0 << KRGeoPositionRect();
-    QTest::newRow("invalid") << rect(60, 50, 0, 20) << 10.0 << rect(60, 50, 0, 20);
-}
-
 void tst_KRGeoPositionRect::withPadding()
 {
-    QFETCH(KRGeoPositionRect, area);
-    QFETCH(double, percentage);
-    QTEST(area.withPadding(percentage), "expected");
-}
-
-void tst_KRGeoPositionRect::toReasonableSize_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("area");
-    QTest::addColumn<KRGeoPositionRect>("expected");
-    QTest::newRow("a point") << rect(53, 53, 8, 8) << rect(52, 54, 7, 9);
-    QTest::newRow("less than a degree") << rect(53, 53.9, 8, 8) << rect(52, 54.9, 7, 9);
-    QTest::newRow("a degree") << rect(53, 53, 8, 9) << rect(53, 53, 8, 9);
-    // Intended: an unset area has no extent, and its ends are clamped.
-    QTest::newRow("unset") << KRGeoPositionRect() << rect(90, 90, 180, 180);
+    const KRTestTable<KRGeoPositionRect, double, KRGeoPositionRect> table{
+        {"same margin on all sides", KRGeoPositionRect::europeanUnion(), 10.0, rect(36, 64, -14, 34)},
+        {"none", KRGeoPositionRect::europeanUnion(), 0.0, KRGeoPositionRect::europeanUnion()},
+        {"a point", rect(53, 53, 8, 8), 10.0, rect(52.9, 53.1, 7.9, 8.1)},
+        {"a point within the tolerance", rect(53, 53.0000005, 8, 8), 10.0, rect(52.9, 53.1, 7.9, 8.1)},
+        {"a point without padding", rect(53, 53, 8, 8), 0.0, rect(53, 53, 8, 8)},
+        {"unset", KRGeoPositionRect(), 10.0, KRGeoPositionRect()},
+        {"invalid", rect(60, 50, 0, 20), 10.0, rect(60, 50, 0, 20)},
+    };
+    table.forEach([](const KRGeoPositionRect &area, double percentage, const KRGeoPositionRect &expected) {
+        QCOMPARE(area.withPadding(percentage), expected);
+    });
 }
 
 void tst_KRGeoPositionRect::toReasonableSize()
 {
-    QFETCH(KRGeoPositionRect, area);
-    QTEST(area.toReasonableSize(), "expected");
+    const KRTestTable<KRGeoPositionRect, KRGeoPositionRect> table{
+        {"a point", rect(53, 53, 8, 8), rect(52, 54, 7, 9)},
+        {"less than a degree", rect(53, 53.9, 8, 8), rect(52, 54.9, 7, 9)},
+        {"a degree", rect(53, 53, 8, 9), rect(53, 53, 8, 9)},
+        // Intended: an unset area has no extent, and its ends are clamped.
+        {"unset", KRGeoPositionRect(), rect(90, 90, 180, 180)},
+    };
+    table.forEach([](const KRGeoPositionRect &area, const KRGeoPositionRect &expected) {
+        QCOMPARE(area.toReasonableSize(), expected);
+    });
 }
 
 void tst_KRGeoPositionRect::urlQuery()

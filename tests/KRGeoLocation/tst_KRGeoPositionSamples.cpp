@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGeoPositionSamples.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -21,7 +22,6 @@ class tst_KRGeoPositionSamples : public QObject
 private slots:
     void places_data();
     void places();
-    void numbersWithoutPlace_data();
     void numbersWithoutPlace();
 };
 
@@ -55,21 +55,19 @@ void tst_KRGeoPositionSamples::places()
     QTEST(samples->longitude(sample(number)).decimalDegrees(), "longitude");
 }
 
-void tst_KRGeoPositionSamples::numbersWithoutPlace_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::newRow("below the first") << -1;
-    QTest::newRow("above the last") << 13;
-}
-
 void tst_KRGeoPositionSamples::numbersWithoutPlace()
 {
-    QFETCH(int, number);
-    const KRGeoPositionSamples *const samples = KRGeoPositionSamples::instance();
-    QVERIFY(samples->name(sample(number)).isNull());
-    QVERIFY(!samples->position(sample(number)).isValid());
-    QCOMPARE(samples->latitude(sample(number)).decimalDegrees(), KRGeoArc::invalidDegrees);
-    QCOMPARE(samples->longitude(sample(number)).decimalDegrees(), KRGeoArc::invalidDegrees);
+    const KRTestTable<int> table{
+        {"below the first", -1},
+        {"above the last", 13},
+    };
+    table.forEach([](int number) {
+        const KRGeoPositionSamples *const samples = KRGeoPositionSamples::instance();
+        QVERIFY(samples->name(sample(number)).isNull());
+        QVERIFY(!samples->position(sample(number)).isValid());
+        QCOMPARE(samples->latitude(sample(number)).decimalDegrees(), KRGeoArc::invalidDegrees);
+        QCOMPARE(samples->longitude(sample(number)).decimalDegrees(), KRGeoArc::invalidDegrees);
+    });
 }
 
 static const KRTestRegistration<tst_KRGeoPositionSamples> registration;

@@ -2,6 +2,7 @@
 
 #include "KRRecordingTranslator.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDebug>
 #include <QtTest>
@@ -13,98 +14,82 @@ class tst_KRLatitude : public QObject
     Q_OBJECT
 
 private slots:
-    void parse_data();
     void parse();
-    void safeLatitude_data();
     void safeLatitude();
-    void band_data();
     void band();
     void hemispheres();
     void operatorsKeepTheType();
-    void texts_data();
     void texts();
     void textsAreTranslated();
     void shortTextReadsBack();
     void debugStream();
 };
 
-void tst_KRLatitude::parse_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("expected");
-    QTest::newRow("north") << QStringLiteral("N53.5") << 53.5;
-    QTest::newRow("south") << QStringLiteral("S53.5") << -53.5;
-    QTest::newRow("no letter") << QStringLiteral("53.5") << 53.5;
-    QTest::newRow("sign and letter multiply") << QStringLiteral("S-53.5") << 53.5;
-    QTest::newRow("blank behind the letter") << QStringLiteral("N 53.5") << 53.5;
-    QTest::newRow("beyond the pole") << QStringLiteral("S120") << -120.0;
-    QTest::newRow("lower case") << QStringLiteral("n53.5") << KRGeoArc::invalidDegrees;
-    QTest::newRow("blank in front of the letter") << QStringLiteral(" N53.5") << KRGeoArc::invalidDegrees;
-    QTest::newRow("letter at the end") << QStringLiteral("53.5N") << KRGeoArc::invalidDegrees;
-    QTest::newRow("letter of a longitude") << QStringLiteral("E53.5") << KRGeoArc::invalidDegrees;
-    QTest::newRow("two letters") << QStringLiteral("NS53.5") << KRGeoArc::invalidDegrees;
-    QTest::newRow("decimal comma") << QStringLiteral("N53,5") << KRGeoArc::invalidDegrees;
-    QTest::newRow("too large for a number") << QStringLiteral("S1e400") << KRGeoArc::invalidDegrees;
-    QTest::newRow("only the letter") << QStringLiteral("S") << KRGeoArc::invalidDegrees;
-    QTest::newRow("empty") << QString() << KRGeoArc::invalidDegrees;
-}
-
 void tst_KRLatitude::parse()
 {
-    QFETCH(QString, text);
-    QTEST(KRLatitude::parse(text).decimalDegrees(), "expected");
-}
-
-void tst_KRLatitude::safeLatitude_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<double>("expected");
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    QTest::newRow("pole") << 90.0 << 90.0;
-    QTest::newRow("south pole") << -90.0 << -90.0;
-    // Intended: half a turn, not a reflection.
-    QTest::newRow("beyond the north pole") << 100.0 << -80.0;
-    QTest::newRow("beyond the south pole") << -95.0 << 85.0;
-    QTest::newRow("several turns") << 725.0 << 5.0;
-    QTest::newRow("many turns") << 180e9 + 30.0 << 30.0;
-    QTest::newRow("infinite") << infinity << KRGeoArc::invalidDegrees;
-    QTest::newRow("minus infinite") << -infinity << KRGeoArc::invalidDegrees;
-    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << KRGeoArc::invalidDegrees;
+    const KRTestTable<QString, double> table{
+        {"north", QStringLiteral("N53.5"), 53.5},
+        {"south", QStringLiteral("S53.5"), -53.5},
+        {"no letter", QStringLiteral("53.5"), 53.5},
+        {"sign and letter multiply", QStringLiteral("S-53.5"), 53.5},
+        {"blank behind the letter", QStringLiteral("N 53.5"), 53.5},
+        {"beyond the pole", QStringLiteral("S120"), -120.0},
+        {"lower case", QStringLiteral("n53.5"), KRGeoArc::invalidDegrees},
+        {"blank in front of the letter", QStringLiteral(" N53.5"), KRGeoArc::invalidDegrees},
+        {"letter at the end", QStringLiteral("53.5N"), KRGeoArc::invalidDegrees},
+        {"letter of a longitude", QStringLiteral("E53.5"), KRGeoArc::invalidDegrees},
+        {"two letters", QStringLiteral("NS53.5"), KRGeoArc::invalidDegrees},
+        {"decimal comma", QStringLiteral("N53,5"), KRGeoArc::invalidDegrees},
+        {"too large for a number", QStringLiteral("S1e400"), KRGeoArc::invalidDegrees},
+        {"only the letter", QStringLiteral("S"), KRGeoArc::invalidDegrees},
+        {"empty", {}, KRGeoArc::invalidDegrees},
+    };
+    table.forEach(
+        [](const QString &text, double expected) { QCOMPARE(KRLatitude::parse(text).decimalDegrees(), expected); });
 }
 
 void tst_KRLatitude::safeLatitude()
 {
-    QFETCH(double, degrees);
-    QTEST(KRLatitude::safeLatitude(degrees).decimalDegrees(), "expected");
-    QVERIFY(KRLatitude::safeLatitude(1e300).isInValidRange());
-}
-
-void tst_KRLatitude::band_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<bool>("isInside");
-    QTest::addColumn<double>("bounded");
-    QTest::addColumn<double>("caught");
-    const double northernmost = 90.0 - 0.01;
-    const double southernmost = -90.0 + 0.01;
-    QTest::newRow("inside") << 45.0 << true << 45.0 << 45.0;
-    QTest::newRow("closer to the pole than 0.01") << 89.995 << true << 89.995 << 89.995;
-    QTest::newRow("within the tolerance of the pole") << 89.9999995 << true << 89.9999995 << northernmost;
-    QTest::newRow("pole") << 90.0 << true << 90.0 << northernmost;
-    QTest::newRow("a hair beyond") << 90.0000005 << true << 90.0 << northernmost;
-    QTest::newRow("beyond") << 95.0 << false << 90.0 << northernmost;
-    QTest::newRow("within the tolerance of the south pole") << -89.9999995 << true << -89.9999995 << southernmost;
-    QTest::newRow("a hair beyond the south pole") << -90.0000005 << true << -90.0 << southernmost;
-    QTest::newRow("beyond the south pole") << -95.0 << false << -90.0 << southernmost;
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const KRTestTable<double, double> table{
+        {"pole", 90.0, 90.0},
+        {"south pole", -90.0, -90.0},
+        // Intended: half a turn, not a reflection.
+        {"beyond the north pole", 100.0, -80.0},
+        {"beyond the south pole", -95.0, 85.0},
+        {"several turns", 725.0, 5.0},
+        {"many turns", 180e9 + 30.0, 30.0},
+        {"infinite", infinity, KRGeoArc::invalidDegrees},
+        {"minus infinite", -infinity, KRGeoArc::invalidDegrees},
+        {"not a number", std::numeric_limits<double>::quiet_NaN(), KRGeoArc::invalidDegrees},
+    };
+    table.forEach([](double degrees, double expected) {
+        QCOMPARE(KRLatitude::safeLatitude(degrees).decimalDegrees(), expected);
+        QVERIFY(KRLatitude::safeLatitude(1e300).isInValidRange());
+    });
 }
 
 void tst_KRLatitude::band()
 {
-    QFETCH(double, degrees);
-    const KRLatitude latitude = degrees;
-    QTEST(latitude.isInValidRange(), "isInside");
-    QTEST(latitude.bounded().decimalDegrees(), "bounded");
-    QTEST(latitude.catchOutOfBound().decimalDegrees(), "caught");
+    const double northernmost = 90.0 - 0.01;
+    const double southernmost = -90.0 + 0.01;
+    const KRTestTable<double, bool, double, double> table{
+        {"inside", 45.0, true, 45.0, 45.0},
+        {"closer to the pole than 0.01", 89.995, true, 89.995, 89.995},
+        {"within the tolerance of the pole", 89.9999995, true, 89.9999995, northernmost},
+        {"pole", 90.0, true, 90.0, northernmost},
+        {"a hair beyond", 90.0000005, true, 90.0, northernmost},
+        {"beyond", 95.0, false, 90.0, northernmost},
+        {"within the tolerance of the south pole", -89.9999995, true, -89.9999995, southernmost},
+        {"a hair beyond the south pole", -90.0000005, true, -90.0, southernmost},
+        {"beyond the south pole", -95.0, false, -90.0, southernmost},
+    };
+    table.forEach([](double degrees, bool isInside, double bounded, double caught) {
+        const KRLatitude latitude = degrees;
+        QCOMPARE(latitude.isInValidRange(), isInside);
+        QCOMPARE(latitude.bounded().decimalDegrees(), bounded);
+        QCOMPARE(latitude.catchOutOfBound().decimalDegrees(), caught);
+    });
 }
 
 void tst_KRLatitude::hemispheres()
@@ -127,28 +112,23 @@ void tst_KRLatitude::operatorsKeepTheType()
     QCOMPARE((latitude / 0.0).decimalDegrees(), KRGeoArc::invalidDegrees);
 }
 
-void tst_KRLatitude::texts_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<QString>("longText");
-    QTest::addColumn<QString>("shortText");
-    QTest::newRow("south") << -8.5 << QStringLiteral("8° 30′ 0″ Süd") << QStringLiteral("S8.50000000");
-    QTest::newRow("equator") << 0.0 << QStringLiteral("0° 0′ 0″ Nord") << QStringLiteral("N0.00000000");
-    QTest::newRow("seconds with a fraction")
-        << 53.1368125 << QStringLiteral("53° 8′ 12.525″ Nord") << QStringLiteral("N53.13681250");
-    // Intended: the seconds are rounded for themselves.
-    QTest::newRow("sixty seconds") << 8.2 << QStringLiteral("8° 11′ 60″ Nord") << QStringLiteral("N8.20000000");
-    QTest::newRow("invalid") << KRGeoArc::invalidDegrees << QString() << QString();
-}
-
 void tst_KRLatitude::texts()
 {
-    QFETCH(double, degrees);
-    const KRLatitude latitude = degrees;
-    QTEST(latitude.toString(true), "longText");
-    QTEST(latitude.toString(false), "shortText");
-    QCOMPARE(latitude.toString(false).isNull(), !latitude.isValid());
-    QCOMPARE(latitude.toString(true).isNull(), !latitude.isValid());
+    const KRTestTable<double, QString, QString> table{
+        {"south", -8.5, QStringLiteral("8° 30′ 0″ Süd"), QStringLiteral("S8.50000000")},
+        {"equator", 0.0, QStringLiteral("0° 0′ 0″ Nord"), QStringLiteral("N0.00000000")},
+        {"seconds with a fraction", 53.1368125, QStringLiteral("53° 8′ 12.525″ Nord"), QStringLiteral("N53.13681250")},
+        // Intended: the seconds are rounded for themselves.
+        {"sixty seconds", 8.2, QStringLiteral("8° 11′ 60″ Nord"), QStringLiteral("N8.20000000")},
+        {"invalid", KRGeoArc::invalidDegrees, {}, {}},
+    };
+    table.forEach([](double degrees, const QString &longText, const QString &shortText) {
+        const KRLatitude latitude = degrees;
+        QCOMPARE(latitude.toString(true), longText);
+        QCOMPARE(latitude.toString(false), shortText);
+        QCOMPARE(latitude.toString(false).isNull(), !latitude.isValid());
+        QCOMPARE(latitude.toString(true).isNull(), !latitude.isValid());
+    });
 }
 
 void tst_KRLatitude::textsAreTranslated()

@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRLatitudeRange.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDebug>
 #include <QUrlQuery>
@@ -12,15 +13,11 @@ class tst_KRLatitudeRange : public QObject
 
 private slots:
     void spawn();
-    void isValid_data();
     void isValid();
     void growth();
     void tolerantEnds();
-    void blowUp_data();
     void blowUp();
-    void urlQuery();
     void unreadable();
-    void texts();
 };
 
 void tst_KRLatitudeRange::spawn()
@@ -29,25 +26,19 @@ void tst_KRLatitudeRange::spawn()
     QVERIFY(KRLatitudeRange::spawn(-5, 10) == KRLatitudeRange(-5, 10));
 }
 
-void tst_KRLatitudeRange::isValid_data()
-{
-    QTest::addColumn<double>("south");
-    QTest::addColumn<double>("north");
-    QTest::addColumn<bool>("expected");
-    QTest::newRow("all latitudes") << -90.0 << 90.0 << true;
-    QTest::newRow("a single one") << 53.0 << 53.0 << true;
-    QTest::newRow("upside down") << 10.0 << -5.0 << false;
-    QTest::newRow("upside down within the tolerance") << 10.0000005 << 10.0 << true;
-    QTest::newRow("beyond the north pole") << 80.0 << 90.1 << false;
-    QTest::newRow("beyond the south pole") << -90.1 << 80.0 << false;
-    QTest::newRow("unset") << 720.0 << 720.0 << false;
-}
-
 void tst_KRLatitudeRange::isValid()
 {
-    QFETCH(double, south);
-    QFETCH(double, north);
-    QTEST(KRLatitudeRange(south, north).isValid(), "expected");
+    const KRTestTable<double, double, bool> table{
+        {"all latitudes", -90.0, 90.0, true},
+        {"a single one", 53.0, 53.0, true},
+        {"upside down", 10.0, -5.0, false},
+        {"upside down within the tolerance", 10.0000005, 10.0, true},
+        {"beyond the north pole", 80.0, 90.1, false},
+        {"beyond the south pole", -90.1, 80.0, false},
+        {"unset", 720.0, 720.0, false},
+    };
+    table.forEach(
+        [](double south, double north, bool expected) { QCOMPARE(KRLatitudeRange(south, north).isValid(), expected); });
 }
 
 void tst_KRLatitudeRange::growth()
@@ -75,32 +66,19 @@ void tst_KRLatitudeRange::tolerantEnds()
     QVERIFY(!range.intersects(KRLatitudeRange(11.0, 20.0)));
 }
 
-void tst_KRLatitudeRange::blowUp_data()
-{
-    QTest::addColumn<double>("margin");
-    QTest::addColumn<double>("south");
-    QTest::addColumn<double>("north");
-    QTest::newRow("not beyond the pole") << 5.0 << 75.0 << 90.0;
-    QTest::newRow("nowhere beyond") << 200.0 << -90.0 << 90.0;
-    QTest::newRow("shrinks") << -1.0 << 81.0 << 88.0;
-}
-
 void tst_KRLatitudeRange::blowUp()
 {
-    QFETCH(double, margin);
-    KRLatitudeRange range(80.0, 89.0);
-    range.blowUp(margin);
-    QTEST(range.south().decimalDegrees(), "south");
-    QTEST(range.north().decimalDegrees(), "north");
-}
-
-void tst_KRLatitudeRange::urlQuery()
-{
-    const KRLatitudeRange range(-33.8688, 53.5);
-    QUrlQuery query;
-    range.writeTo(query);
-    QVERIFY(query.toString().startsWith(QStringLiteral("latitude_max=53.5000000000000000&latitude_min=-33.")));
-    QVERIFY(KRLatitudeRange::parse(query) == range);
+    const KRTestTable<double, double, double> table{
+        {"not beyond the pole", 5.0, 75.0, 90.0},
+        {"nowhere beyond", 200.0, -90.0, 90.0},
+        {"shrinks", -1.0, 81.0, 88.0},
+    };
+    table.forEach([](double margin, double south, double north) {
+        KRLatitudeRange range(80.0, 89.0);
+        range.blowUp(margin);
+        QCOMPARE(range.south().decimalDegrees(), south);
+        QCOMPARE(range.north().decimalDegrees(), north);
+    });
 }
 
 void tst_KRLatitudeRange::unreadable()
@@ -112,16 +90,6 @@ void tst_KRLatitudeRange::unreadable()
     // A percent sign that was encoded twice stays encoded once, and that is no number.
     QUrlQuery encodedTwice(QStringLiteral("latitude_min=1&latitude_max=%252B5"));
     QCOMPARE(KRLatitudeRange::parse(encodedTwice).north().decimalDegrees(), KRGeoArc::invalidDegrees);
-}
-
-void tst_KRLatitudeRange::texts()
-{
-    const KRLatitudeRange range(-5.0, 10.5);
-    QCOMPARE(range.toString(true), QStringLiteral("5° 0′ 0″ Süd - 10° 30′ 0″ Nord"));
-    QCOMPARE(range.toString(false), QStringLiteral("S5.00000000 - N10.50000000"));
-    QString text;
-    QDebug(&text) << range;
-    QCOMPARE(text, QStringLiteral("S5.00000000 - N10.50000000 "));
 }
 
 static const KRTestRegistration<tst_KRLatitudeRange> registration;

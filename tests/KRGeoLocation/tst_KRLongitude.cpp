@@ -2,6 +2,7 @@
 
 #include "KRRecordingTranslator.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QDebug>
 #include <QtTest>
@@ -13,61 +14,49 @@ class tst_KRLongitude : public QObject
     Q_OBJECT
 
 private slots:
-    void parse_data();
     void parse();
-    void folding_data();
     void folding();
     void band();
-    void eastAndWest_data();
     void eastAndWest();
-    void hemispheres_data();
     void hemispheres();
     void comparisonKnowsNoDateLine();
-    void texts_data();
     void texts();
     void textsAreTranslated();
 };
 
-void tst_KRLongitude::parse_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("expected");
-    QTest::newRow("east") << QStringLiteral("E8.25") << 8.25;
-    QTest::newRow("west") << QStringLiteral("W8.25") << -8.25;
-    QTest::newRow("no letter") << QStringLiteral("-8.25") << -8.25;
-    QTest::newRow("lower case") << QStringLiteral("w8.25") << KRGeoArc::invalidDegrees;
-    QTest::newRow("the German letter is none") << QStringLiteral("O8.25") << KRGeoArc::invalidDegrees;
-    QTest::newRow("letter of a latitude") << QStringLiteral("N8.25") << KRGeoArc::invalidDegrees;
-}
-
 void tst_KRLongitude::parse()
 {
-    QFETCH(QString, text);
-    QTEST(KRLongitude::parse(text).decimalDegrees(), "expected");
-}
-
-void tst_KRLongitude::folding_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<double>("expected");
-    QTest::newRow("inside") << -8.25 << -8.25;
-    QTest::newRow("180 stays") << 180.0 << 180.0;
-    QTest::newRow("-180 stays") << -180.0 << -180.0;
-    QTest::newRow("just over the date line") << 190.0 << -170.0;
-    QTest::newRow("just over the date line westwards") << -190.0 << 170.0;
-    QTest::newRow("one and a half turns") << 540.0 << 180.0;
-    QTest::newRow("one and a half turns westwards") << -540.0 << -180.0;
-    QTest::newRow("many turns") << 360e9 + 30.0 << 30.0;
-    QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << KRGeoArc::invalidDegrees;
-    QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << KRGeoArc::invalidDegrees;
+    const KRTestTable<QString, double> table{
+        {"east", QStringLiteral("E8.25"), 8.25},
+        {"west", QStringLiteral("W8.25"), -8.25},
+        {"no letter", QStringLiteral("-8.25"), -8.25},
+        {"lower case", QStringLiteral("w8.25"), KRGeoArc::invalidDegrees},
+        {"the German letter is none", QStringLiteral("O8.25"), KRGeoArc::invalidDegrees},
+        {"letter of a latitude", QStringLiteral("N8.25"), KRGeoArc::invalidDegrees},
+    };
+    table.forEach(
+        [](const QString &text, double expected) { QCOMPARE(KRLongitude::parse(text).decimalDegrees(), expected); });
 }
 
 void tst_KRLongitude::folding()
 {
-    QFETCH(double, degrees);
-    QTEST(KRLongitude::safeLongitude(degrees).decimalDegrees(), "expected");
-    QTEST(KRLongitude(degrees).normalized().decimalDegrees(), "expected");
-    QVERIFY(KRLongitude(-1e300).normalized().isInValidRange());
+    const KRTestTable<double, double> table{
+        {"inside", -8.25, -8.25},
+        {"180 stays", 180.0, 180.0},
+        {"-180 stays", -180.0, -180.0},
+        {"just over the date line", 190.0, -170.0},
+        {"just over the date line westwards", -190.0, 170.0},
+        {"one and a half turns", 540.0, 180.0},
+        {"one and a half turns westwards", -540.0, -180.0},
+        {"many turns", 360e9 + 30.0, 30.0},
+        {"infinite", std::numeric_limits<double>::infinity(), KRGeoArc::invalidDegrees},
+        {"not a number", std::numeric_limits<double>::quiet_NaN(), KRGeoArc::invalidDegrees},
+    };
+    table.forEach([](double degrees, double expected) {
+        QCOMPARE(KRLongitude::safeLongitude(degrees).decimalDegrees(), expected);
+        QCOMPARE(KRLongitude(degrees).normalized().decimalDegrees(), expected);
+        QVERIFY(KRLongitude(-1e300).normalized().isInValidRange());
+    });
 }
 
 void tst_KRLongitude::band()
@@ -81,48 +70,38 @@ void tst_KRLongitude::band()
     QCOMPARE(KRLongitude(-179.0).bounded().decimalDegrees(), -179.0);
 }
 
-void tst_KRLongitude::eastAndWest_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<double>("other");
-    QTest::addColumn<bool>("isEast");
-    QTest::addColumn<bool>("isWest");
-    QTest::newRow("same") << 10.0 << 10.0 << false << false;
-    QTest::newRow("east") << 10.0 << -160.0 << true << false;
-    QTest::newRow("opposite is neither") << 10.0 << -170.0 << false << false;
-    QTest::newRow("the other way is shorter") << 10.0 << -171.0 << false << true;
-    QTest::newRow("across the date line") << -170.0 << 170.0 << true << false;
-    QTest::newRow("across the date line westwards") << 170.0 << -170.0 << false << true;
-    QTest::newRow("both names of the date line") << 180.0 << -180.0 << false << false;
-}
-
 void tst_KRLongitude::eastAndWest()
 {
-    QFETCH(double, degrees);
-    QFETCH(double, other);
-    QTEST(KRLongitude(degrees).isEastOf(other), "isEast");
-    QTEST(KRLongitude(degrees).isWestOf(other), "isWest");
-}
-
-void tst_KRLongitude::hemispheres_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<bool>("isWestern");
-    QTest::newRow("prime meridian") << 0.0 << false;
-    QTest::newRow("a little west") << -1e-9 << true;
-    QTest::newRow("nearly the date line") << -179.999 << true;
-    QTest::newRow("date line") << 180.0 << false;
-    QTest::newRow("date line from the west") << -180.0 << false;
-    QTest::newRow("beyond the date line") << 190.0 << true;
-    QTest::newRow("beyond the date line westwards") << -190.0 << false;
+    const KRTestTable<double, double, bool, bool> table{
+        {"same", 10.0, 10.0, false, false},
+        {"east", 10.0, -160.0, true, false},
+        {"opposite is neither", 10.0, -170.0, false, false},
+        {"the other way is shorter", 10.0, -171.0, false, true},
+        {"across the date line", -170.0, 170.0, true, false},
+        {"across the date line westwards", 170.0, -170.0, false, true},
+        {"both names of the date line", 180.0, -180.0, false, false},
+    };
+    table.forEach([](double degrees, double other, bool isEast, bool isWest) {
+        QCOMPARE(KRLongitude(degrees).isEastOf(other), isEast);
+        QCOMPARE(KRLongitude(degrees).isWestOf(other), isWest);
+    });
 }
 
 void tst_KRLongitude::hemispheres()
 {
-    QFETCH(double, degrees);
-    QFETCH(bool, isWestern);
-    QCOMPARE(KRLongitude(degrees).isInWesternHemisphere(), isWestern);
-    QCOMPARE(KRLongitude(degrees).isInEasternHemisphere(), !isWestern);
+    const KRTestTable<double, bool> table{
+        {"prime meridian", 0.0, false},
+        {"a little west", -1e-9, true},
+        {"nearly the date line", -179.999, true},
+        {"date line", 180.0, false},
+        {"date line from the west", -180.0, false},
+        {"beyond the date line", 190.0, true},
+        {"beyond the date line westwards", -190.0, false},
+    };
+    table.forEach([](double degrees, bool isWestern) {
+        QCOMPARE(KRLongitude(degrees).isInWesternHemisphere(), isWestern);
+        QCOMPARE(KRLongitude(degrees).isInEasternHemisphere(), !isWestern);
+    });
 }
 
 void tst_KRLongitude::comparisonKnowsNoDateLine()
@@ -134,29 +113,25 @@ void tst_KRLongitude::comparisonKnowsNoDateLine()
     QCOMPARE(longitude.decimalDegrees(), 191.0);
 }
 
-void tst_KRLongitude::texts_data()
-{
-    QTest::addColumn<double>("degrees");
-    QTest::addColumn<QString>("longText");
-    QTest::addColumn<QString>("shortText");
-    QTest::newRow("east") << 8.5 << QStringLiteral("8° 30′ 0″ Ost") << QStringLiteral("E8.50000000");
-    QTest::newRow("west") << -0.5 << QStringLiteral("0° 30′ 0″ West") << QStringLiteral("W0.50000000");
-    QTest::newRow("date line") << -180.0 << QStringLiteral("180° 0′ 0″ Ost") << QStringLiteral("E180.00000000");
-    // Intended: the letter tells the hemisphere of the meridian, the number is not folded.
-    QTest::newRow("beyond") << 190.0 << QStringLiteral("190° 0′ 0″ West") << QStringLiteral("W190.00000000");
-    QTest::newRow("invalid") << KRGeoArc::invalidDegrees << QString() << QString();
-}
-
 void tst_KRLongitude::texts()
 {
-    QFETCH(double, degrees);
-    const KRLongitude longitude = degrees;
-    QTEST(longitude.toString(true), "longText");
-    QTEST(longitude.toString(false), "shortText");
-    QCOMPARE(longitude.toString(false).isNull(), !longitude.isValid());
-    QString text;
-    QDebug(&text) << longitude;
-    QCOMPARE(text, longitude.toString(false) + QLatin1Char(' '));
+    const KRTestTable<double, QString, QString> table{
+        {"east", 8.5, QStringLiteral("8° 30′ 0″ Ost"), QStringLiteral("E8.50000000")},
+        {"west", -0.5, QStringLiteral("0° 30′ 0″ West"), QStringLiteral("W0.50000000")},
+        {"date line", -180.0, QStringLiteral("180° 0′ 0″ Ost"), QStringLiteral("E180.00000000")},
+        // Intended: the letter tells the hemisphere of the meridian, the number is not folded.
+        {"beyond", 190.0, QStringLiteral("190° 0′ 0″ West"), QStringLiteral("W190.00000000")},
+        {"invalid", KRGeoArc::invalidDegrees, {}, {}},
+    };
+    table.forEach([](double degrees, const QString &longText, const QString &shortText) {
+        const KRLongitude longitude = degrees;
+        QCOMPARE(longitude.toString(true), longText);
+        QCOMPARE(longitude.toString(false), shortText);
+        QCOMPARE(longitude.toString(false).isNull(), !longitude.isValid());
+        QString text;
+        QDebug(&text) << longitude;
+        QCOMPARE(text, longitude.toString(false) + QLatin1Char(' '));
+    });
 }
 
 void tst_KRLongitude::textsAreTranslated()

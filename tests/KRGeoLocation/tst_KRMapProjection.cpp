@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -38,51 +39,37 @@ class tst_KRMapProjection : public QObject
     Q_OBJECT
 
 private slots:
-    void normalized_data();
     void normalized();
     void wholeWorldIsASquare();
-    void pixelsAreCutTowardZero_data();
     void pixelsAreCutTowardZero();
-    void wideningIsSymmetric_data();
     void wideningIsSymmetric();
     void fittingAreaStaysAsItIs();
     void dateLine();
-    void convertIsTheInverse_data();
     void convertIsTheInverse();
     void hugeImage();
-    void outsideTheMercatorSquare_data();
     void outsideTheMercatorSquare();
-    void emptyAreaOrImage_data();
     void emptyAreaOrImage();
     void epsilonEqual();
 };
 
-void tst_KRMapProjection::normalized_data()
-{
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<double>("x");
-    QTest::addColumn<double>("y");
-    // EPSG Guidance Note 7-2, method 1024: 24 22' 54.433" N, 100 20' W is E -11169055.58 m, N 2800000.00 m on a
-    // sphere of 6378137 m, whose equator is 40075016.6856 m long.
-    QTest::newRow("worked example of EPSG") << 24.0 + 22.0 / 60.0 + 54.433 / 3600.0 << -(100.0 + 20.0 / 60.0)
-                                            << 0.5 - 11169055.58 / 40075016.6856 << 0.5 - 2800000.00 / 40075016.6856;
-    QTest::newRow("north-west corner") << mercatorLimit << -180.0 << 0.0 << 0.0;
-    QTest::newRow("south-east corner") << -mercatorLimit << 180.0 << 1.0 << 1.0;
-    QTest::newRow("middle") << 0.0 << 0.0 << 0.5 << 0.5;
-}
-
 void tst_KRMapProjection::normalized()
 {
-    QFETCH(double, latitude);
-    QFETCH(double, longitude);
-    QFETCH(double, x);
-    QFETCH(double, y);
-    const KRMapProjection projection = wholeWorld(256);
-    QVERIFY(isNear(projection.longitudeToNormalized(longitude), x, 1e-9));
-    QVERIFY(isNear(projection.latitudeToNormalized(latitude), y, 1e-9));
-    QVERIFY(isNear(projection.normalizedToLongitude(x), longitude, 1e-6));
-    QVERIFY(isNear(projection.normalizedToLatitude(y), latitude, 1e-6));
+    const KRTestTable<double, double, double, double> table{
+        // EPSG Guidance Note 7-2, method 1024: 24 22' 54.433" N, 100 20' W is E -11169055.58 m, N 2800000.00 m on a
+        // sphere of 6378137 m, whose equator is 40075016.6856 m long.
+        {"worked example of EPSG", 24.0 + 22.0 / 60.0 + 54.433 / 3600.0, -(100.0 + 20.0 / 60.0),
+         0.5 - 11169055.58 / 40075016.6856, 0.5 - 2800000.00 / 40075016.6856},
+        {"north-west corner", mercatorLimit, -180.0, 0.0, 0.0},
+        {"south-east corner", -mercatorLimit, 180.0, 1.0, 1.0},
+        {"middle", 0.0, 0.0, 0.5, 0.5},
+    };
+    table.forEach([](double latitude, double longitude, double x, double y) {
+        const KRMapProjection projection = wholeWorld(256);
+        QVERIFY(isNear(projection.longitudeToNormalized(longitude), x, 1e-9));
+        QVERIFY(isNear(projection.latitudeToNormalized(latitude), y, 1e-9));
+        QVERIFY(isNear(projection.normalizedToLongitude(x), longitude, 1e-6));
+        QVERIFY(isNear(projection.normalizedToLatitude(y), latitude, 1e-6));
+    });
 }
 
 void tst_KRMapProjection::wholeWorldIsASquare()
@@ -102,53 +89,46 @@ void tst_KRMapProjection::wholeWorldIsASquare()
     QVERIFY(isNear(box.south().decimalDegrees(), -mercatorLimit, 1e-6));
 }
 
-void tst_KRMapProjection::pixelsAreCutTowardZero_data()
-{
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<double>("x");
-    QTest::newRow("10.9 is 10") << -178.91 << 10.0;
-    QTest::newRow("0.7 is 0") << -179.93 << 0.0;
-    QTest::newRow("-0.7 is 0") << -180.07 << 0.0;
-    QTest::newRow("-1.7 is -1") << -180.17 << -1.0;
-}
-
 void tst_KRMapProjection::pixelsAreCutTowardZero()
 {
-    QFETCH(double, longitude);
-    const KRMapProjection tenPixelsADegree = wholeWorld(3600);
-    const double x = tenPixelsADegree.projectate(KRGeoPosition(10.0, longitude)).x();
-    QTEST(x, "x");
-    QVERIFY(!std::signbit(x) || x < 0.0);
-}
-
-void tst_KRMapProjection::wideningIsSymmetric_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("requested");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("wide image") << area(50.0, 54.0, 6.0, 8.0) << QSize(1000, 200);
-    QTest::newRow("tall image") << area(50.0, 54.0, 6.0, 18.0) << QSize(200, 1000);
-    QTest::newRow("southern hemisphere") << area(-40.0, -10.0, -70.0, -60.0) << QSize(800, 600);
-    QTest::newRow("over the date line") << area(-5.0, 5.0, 175.0, -175.0) << QSize(640, 200);
+    const KRTestTable<double, double> table{
+        {"10.9 is 10", -178.91, 10.0},
+        {"0.7 is 0", -179.93, 0.0},
+        {"-0.7 is 0", -180.07, 0.0},
+        {"-1.7 is -1", -180.17, -1.0},
+    };
+    table.forEach([](double longitude, double expected) {
+        const KRMapProjection tenPixelsADegree = wholeWorld(3600);
+        const double x = tenPixelsADegree.projectate(KRGeoPosition(10.0, longitude)).x();
+        QCOMPARE(x, expected);
+        QVERIFY(!std::signbit(x) || x < 0.0);
+    });
 }
 
 void tst_KRMapProjection::wideningIsSymmetric()
 {
-    QFETCH(KRGeoPositionRect, requested);
-    QFETCH(QSize, size);
-    const KRMapProjection projection(requested, size);
-    const double east = requested.east().decimalDegrees();
-    const double west = requested.west().decimalDegrees();
-    const QPointF topLeft = projection.projectate(requested.northWest());
-    const QPointF bottomRight = projection.getPixelCoordinateByMapCoordinate(requested.south().decimalDegrees(),
-                                                                             east < west ? east + 360.0 : east);
-    const double leftMargin = topLeft.x();
-    const double rightMargin = size.width() - bottomRight.x();
-    const double topMargin = topLeft.y();
-    const double bottomMargin = size.height() - bottomRight.y();
-    QVERIFY(isNear(leftMargin, rightMargin, 1.0));
-    QVERIFY(isNear(topMargin, bottomMargin, 1.0));
-    QVERIFY2(isNear(leftMargin, 0.0, 1.0) || isNear(topMargin, 0.0, 1.0), "only one direction is widened");
-    QVERIFY(leftMargin > 10.0 || topMargin > 10.0);
+    const KRTestTable<KRGeoPositionRect, QSize> table{
+        {"wide image", area(50.0, 54.0, 6.0, 8.0), QSize(1000, 200)},
+        {"tall image", area(50.0, 54.0, 6.0, 18.0), QSize(200, 1000)},
+        {"southern hemisphere", area(-40.0, -10.0, -70.0, -60.0), QSize(800, 600)},
+        {"over the date line", area(-5.0, 5.0, 175.0, -175.0), QSize(640, 200)},
+    };
+    table.forEach([](const KRGeoPositionRect &requested, const QSize &size) {
+        const KRMapProjection projection(requested, size);
+        const double east = requested.east().decimalDegrees();
+        const double west = requested.west().decimalDegrees();
+        const QPointF topLeft = projection.projectate(requested.northWest());
+        const QPointF bottomRight = projection.getPixelCoordinateByMapCoordinate(requested.south().decimalDegrees(),
+                                                                                 east < west ? east + 360.0 : east);
+        const double leftMargin = topLeft.x();
+        const double rightMargin = size.width() - bottomRight.x();
+        const double topMargin = topLeft.y();
+        const double bottomMargin = size.height() - bottomRight.y();
+        QVERIFY(isNear(leftMargin, rightMargin, 1.0));
+        QVERIFY(isNear(topMargin, bottomMargin, 1.0));
+        QVERIFY2(isNear(leftMargin, 0.0, 1.0) || isNear(topMargin, 0.0, 1.0), "only one direction is widened");
+        QVERIFY(leftMargin > 10.0 || topMargin > 10.0);
+    });
 }
 
 void tst_KRMapProjection::fittingAreaStaysAsItIs()
@@ -176,28 +156,24 @@ void tst_KRMapProjection::dateLine()
     QVERIFY(isNear(x + worldWidth, projection.getPixelCoordinateByMapCoordinate(0.0, 185.0).x(), 1.0));
 }
 
-void tst_KRMapProjection::convertIsTheInverse_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("requested");
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("town") << area(53.10, 53.16, 8.15, 8.28) << QSize(1024, 768);
-    QTest::newRow("continent, tall") << area(36.0, 70.0, -10.0, 40.0) << QSize(300, 900);
-    QTest::newRow("world") << area(-80.0, 80.0, -180.0, 180.0) << QSize(2000, 1000);
-    QTest::newRow("over the date line") << area(-50.0, -30.0, 165.0, -170.0) << QSize(500, 500);
-}
-
 void tst_KRMapProjection::convertIsTheInverse()
 {
-    QFETCH(KRGeoPositionRect, requested);
-    QFETCH(QSize, size);
-    const KRMapProjection projection(requested, size);
-    for (int step = 0; step <= 10; ++step) {
-        const QPoint pixel(size.width() * step / 10, size.height() * (10 - step) / 10);
-        const QPointF again = projection.projectate(projection.convert(pixel));
-        // cutting may lose the pixel itself when rounding leaves its corner a hair short
-        QVERIFY(isNear(again.x(), pixel.x(), 1.0));
-        QVERIFY(isNear(again.y(), pixel.y(), 1.0));
-    }
+    const KRTestTable<KRGeoPositionRect, QSize> table{
+        {"town", area(53.10, 53.16, 8.15, 8.28), QSize(1024, 768)},
+        {"continent, tall", area(36.0, 70.0, -10.0, 40.0), QSize(300, 900)},
+        {"world", area(-80.0, 80.0, -180.0, 180.0), QSize(2000, 1000)},
+        {"over the date line", area(-50.0, -30.0, 165.0, -170.0), QSize(500, 500)},
+    };
+    table.forEach([](const KRGeoPositionRect &requested, const QSize &size) {
+        const KRMapProjection projection(requested, size);
+        for (int step = 0; step <= 10; ++step) {
+            const QPoint pixel(size.width() * step / 10, size.height() * (10 - step) / 10);
+            const QPointF again = projection.projectate(projection.convert(pixel));
+            // cutting may lose the pixel itself when rounding leaves its corner a hair short
+            QVERIFY(isNear(again.x(), pixel.x(), 1.0));
+            QVERIFY(isNear(again.y(), pixel.y(), 1.0));
+        }
+    });
 }
 
 void tst_KRMapProjection::hugeImage()
@@ -209,58 +185,48 @@ void tst_KRMapProjection::hugeImage()
     QVERIFY(isNear(projection.getPixelCoordinateByMapCoordinate(0.0, 0.0).x(), size.width() / 2, 1.0));
 }
 
-void tst_KRMapProjection::outsideTheMercatorSquare_data()
-{
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<QPointF>("pixel");
-    QTest::newRow("north pole") << 90.0 << 0.0 << QPointF(500.0, lowestInt);
-    QTest::newRow("beyond the south pole") << -100.0 << 0.0 << QPointF(500.0, 0.0);
-    QTest::newRow("invalid marker") << 720.0 << 720.0 << QPointF(2500.0, 500.0);
-    QTest::newRow("not a number") << notANumber << notANumber << QPointF(0.0, 0.0);
-    QTest::newRow("infinite longitude") << 0.0 << infinity << QPointF(highestInt, 500.0);
-    QTest::newRow("huge longitude") << 0.0 << -1e300 << QPointF(lowestInt, 500.0);
-}
-
 void tst_KRMapProjection::outsideTheMercatorSquare()
 {
-    QFETCH(double, latitude);
-    QFETCH(double, longitude);
-    QFETCH(QPointF, pixel);
-    const QPointF projected = wholeWorld(1000).projectate(KRGeoPosition(latitude, longitude));
-    QVERIFY(isNear(projected.x(), pixel.x(), 1.0));
-    QVERIFY(isNear(projected.y(), pixel.y(), 1.0));
-}
-
-void tst_KRMapProjection::emptyAreaOrImage_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("requested");
-    QTest::addColumn<QSize>("size");
-    const KRGeoPositionRect town = area(53.10, 53.16, 8.15, 8.28);
-    QTest::newRow("no image") << town << QSize(0, 0);
-    QTest::newRow("no height") << town << QSize(100, 0);
-    QTest::newRow("no width") << town << QSize(0, 100);
-    QTest::newRow("invalid size") << town << QSize();
-    QTest::newRow("single point") << area(53.0, 53.0, 8.0, 8.0) << QSize(100, 100);
-    QTest::newRow("single meridian") << area(50.0, 53.0, 8.0, 8.0) << QSize(100, 100);
-    QTest::newRow("single parallel") << area(53.0, 53.0, 8.0, 9.0) << QSize(100, 100);
-    QTest::newRow("unset") << KRGeoPositionRect() << QSize(100, 100);
-    QTest::newRow("pole to pole") << area(-90.0, 90.0, -180.0, 180.0) << QSize(100, 100);
-    QTest::newRow("not a number") << area(notANumber, notANumber, notANumber, notANumber) << QSize(100, 100);
+    const KRTestTable<double, double, QPointF> table{
+        {"north pole", 90.0, 0.0, QPointF(500.0, lowestInt)},
+        {"beyond the south pole", -100.0, 0.0, QPointF(500.0, 0.0)},
+        {"invalid marker", 720.0, 720.0, QPointF(2500.0, 500.0)},
+        {"not a number", notANumber, notANumber, QPointF(0.0, 0.0)},
+        {"infinite longitude", 0.0, infinity, QPointF(highestInt, 500.0)},
+        {"huge longitude", 0.0, -1e300, QPointF(lowestInt, 500.0)},
+    };
+    table.forEach([](double latitude, double longitude, QPointF pixel) {
+        const QPointF projected = wholeWorld(1000).projectate(KRGeoPosition(latitude, longitude));
+        QVERIFY(isNear(projected.x(), pixel.x(), 1.0));
+        QVERIFY(isNear(projected.y(), pixel.y(), 1.0));
+    });
 }
 
 void tst_KRMapProjection::emptyAreaOrImage()
 {
-    QFETCH(KRGeoPositionRect, requested);
-    QFETCH(QSize, size);
-    const KRMapProjection projection(requested, size);
-    const QPointF pixel = projection.projectate(KRGeoPosition(53.1, 8.2));
-    QVERIFY(pixel.x() >= lowestInt && pixel.x() <= highestInt);
-    QVERIFY(pixel.y() >= lowestInt && pixel.y() <= highestInt);
-    // every call comes to an end, whatever its result is worth
-    const KRGeoPositionRect box = projection.resultBoundingBox();
-    QVERIFY(box.west().decimalDegrees() <= 720.0);
-    projection.convert(QPoint(1, 1));
+    const KRGeoPositionRect town = area(53.10, 53.16, 8.15, 8.28);
+    const KRTestTable<KRGeoPositionRect, QSize> table{
+        {"no image", town, QSize(0, 0)},
+        {"no height", town, QSize(100, 0)},
+        {"no width", town, QSize(0, 100)},
+        {"invalid size", town, QSize()},
+        {"single point", area(53.0, 53.0, 8.0, 8.0), QSize(100, 100)},
+        {"single meridian", area(50.0, 53.0, 8.0, 8.0), QSize(100, 100)},
+        {"single parallel", area(53.0, 53.0, 8.0, 9.0), QSize(100, 100)},
+        {"unset", KRGeoPositionRect(), QSize(100, 100)},
+        {"pole to pole", area(-90.0, 90.0, -180.0, 180.0), QSize(100, 100)},
+        {"not a number", area(notANumber, notANumber, notANumber, notANumber), QSize(100, 100)},
+    };
+    table.forEach([](const KRGeoPositionRect &requested, const QSize &size) {
+        const KRMapProjection projection(requested, size);
+        const QPointF pixel = projection.projectate(KRGeoPosition(53.1, 8.2));
+        QVERIFY(pixel.x() >= lowestInt && pixel.x() <= highestInt);
+        QVERIFY(pixel.y() >= lowestInt && pixel.y() <= highestInt);
+        // every call comes to an end, whatever its result is worth
+        const KRGeoPositionRect box = projection.resultBoundingBox();
+        QVERIFY(box.west().decimalDegrees() <= 720.0);
+        projection.convert(QPoint(1, 1));
+    });
 }
 
 void tst_KRMapProjection::epsilonEqual()

@@ -2,6 +2,7 @@
 
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QFontMetrics>
 #include <QImage>
@@ -43,83 +44,63 @@ class tst_KROsmScaleRenderer : public QObject
     Q_OBJECT
 
 private slots:
-    void distance_data();
     void distance();
-    void layout_data();
     void layout();
     void maximumPaintFactorFillsTheLimit();
     void bracket();
     void labelStandsBehindTheBar();
-    void risesAboveTheAttribution_data();
     void risesAboveTheAttribution();
-    void stub_data();
     void stub();
-    void paintsNothing_data();
     void paintsNothing();
 };
 
-void tst_KROsmScaleRenderer::distance_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::addColumn<double>("pixelsPerKilometre");
-    QTest::addColumn<double>("kilometers");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("3 km fit") << 900 << 100.0 << 2.5 << QStringLiteral("2.5 km");
-    QTest::newRow("300 m fit") << 900 << 1000.0 << 0.25 << QStringLiteral("250 m");
-    QTest::newRow("exactly a step fits") << 900 << 300.0 << 0.5 << QStringLiteral("500 m");
-    QTest::newRow("two thirds of a narrow image") << 300 << 100.0 << 1.0 << QStringLiteral("1 km");
-    QTest::newRow("two thirds in whole pixels") << 2 << 0.4 << 1.0 << QStringLiteral("1 km");
-    QTest::newRow("10 m, a little more") << 900 << 15000.0 << 0.010000000000000002 << QStringLiteral("10 m");
-    QTest::newRow("exactly 10 m fit") << 900 << 30000.0 << 0.005 << QStringLiteral("5 m");
-    QTest::newRow("2.5 m is rounded up") << 900 << 100000.0 << 0.0025 << QStringLiteral("3 m");
-    QTest::newRow("exactly 2.5 m fit") << 900 << 120000.0 << 0.001 << QStringLiteral("1 m");
-    QTest::newRow("not even a metre fits") << 900 << 1e6 << 0.001 << QStringLiteral("1 m");
-    QTest::newRow("largest step") << 900 << 0.004 << 50000.0 << QStringLiteral("50000 km");
-    QTest::newRow("beyond the steps") << 900 << 0.001 << 300000.0 << QStringLiteral("300000 km");
-    QTest::newRow("seven digits") << 900 << 300.0 / 2500000 << 2500000.0 << QStringLiteral("2.5e+06 km");
-    QTest::newRow("no scale") << 900 << 0.0 << infinite << QStringLiteral("inf km");
-    QTest::newRow("image without width") << 0 << 100.0 << 0.001 << QStringLiteral("1 m");
-}
-
 void tst_KROsmScaleRenderer::distance()
 {
-    QFETCH(int, width);
-    QFETCH(double, pixelsPerKilometre);
-    QFETCH(double, kilometers);
-    const KROsmScaleRenderer renderer(pixelsPerKilometre, QSize(width, 100));
-    QVERIFY(renderer.shownKilometers() == kilometers); // to the last digit
-    QTEST(renderer.scaleText(), "text");
-}
-
-void tst_KROsmScaleRenderer::layout_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<QRect>("area");
-    QTest::addColumn<QRectF>("bar");
-    QTest::addColumn<QPointF>("labelOrigin");
-    // The bottom of a QRectF is the edge below the last row, that of a QRect the last row itself.
-    QTest::newRow("normal screen") << 1.0 << QRect(0, 0, 900, 600) << QRectF(10, 590, 250, -20) << QPointF(260, 589);
-    QTest::newRow("twice as fine") << 2.0 << QRect(0, 0, 900, 600) << QRectF(20, 580, 500, -40) << QPointF(520, 579);
-    QTest::newRow("lengths are cut to pixels")
-        << 0.53 << QRect(0, 0, 900, 600) << QRectF(5.3, 594.7, 132, -10) << QPointF(137.3, 593.7);
-    QTest::newRow("area elsewhere") << 1.0 << QRect(-70, 50, 900, 600) << QRectF(-60, 640, 250, -20)
-                                    << QPointF(190, 639);
+    const KRTestTable<int, double, double, QString> table{
+        {"3 km fit", 900, 100.0, 2.5, QStringLiteral("2.5 km")},
+        {"300 m fit", 900, 1000.0, 0.25, QStringLiteral("250 m")},
+        {"exactly a step fits", 900, 300.0, 0.5, QStringLiteral("500 m")},
+        {"two thirds of a narrow image", 300, 100.0, 1.0, QStringLiteral("1 km")},
+        {"two thirds in whole pixels", 2, 0.4, 1.0, QStringLiteral("1 km")},
+        {"10 m, a little more", 900, 15000.0, 0.010000000000000002, QStringLiteral("10 m")},
+        {"exactly 10 m fit", 900, 30000.0, 0.005, QStringLiteral("5 m")},
+        {"2.5 m is rounded up", 900, 100000.0, 0.0025, QStringLiteral("3 m")},
+        {"exactly 2.5 m fit", 900, 120000.0, 0.001, QStringLiteral("1 m")},
+        {"not even a metre fits", 900, 1e6, 0.001, QStringLiteral("1 m")},
+        {"largest step", 900, 0.004, 50000.0, QStringLiteral("50000 km")},
+        {"beyond the steps", 900, 0.001, 300000.0, QStringLiteral("300000 km")},
+        {"seven digits", 900, 300.0 / 2500000, 2500000.0, QStringLiteral("2.5e+06 km")},
+        {"no scale", 900, 0.0, infinite, QStringLiteral("inf km")},
+        {"image without width", 0, 100.0, 0.001, QStringLiteral("1 m")},
+    };
+    table.forEach([](int width, double pixelsPerKilometre, double kilometers, const QString &text) {
+        const KROsmScaleRenderer renderer(pixelsPerKilometre, QSize(width, 100));
+        QVERIFY(renderer.shownKilometers() == kilometers); // to the last digit
+        QCOMPARE(renderer.scaleText(), text);
+    });
 }
 
 void tst_KROsmScaleRenderer::layout()
 {
-    QFETCH(double, factor);
-    QFETCH(QRect, area);
-    const KROsmScaleRenderer renderer(100.0, area.size());
-    QTEST(renderer.strokeRect(area, factor), "bar");
-    const QRectF label = renderer.textRect(area, factor);
-    QTEST(QPointF(label.x(), label.y()), "labelOrigin");
+    const KRTestTable<double, QRect, QRectF, QPointF> table{
+        // The bottom of a QRectF is the edge below the last row, that of a QRect the last row itself.
+        {"normal screen", 1.0, QRect(0, 0, 900, 600), QRectF(10, 590, 250, -20), QPointF(260, 589)},
+        {"twice as fine", 2.0, QRect(0, 0, 900, 600), QRectF(20, 580, 500, -40), QPointF(520, 579)},
+        {"lengths are cut to pixels", 0.53, QRect(0, 0, 900, 600), QRectF(5.3, 594.7, 132, -10), QPointF(137.3, 593.7)},
+        {"area elsewhere", 1.0, QRect(-70, 50, 900, 600), QRectF(-60, 640, 250, -20), QPointF(190, 639)},
+    };
+    table.forEach([](double factor, const QRect &area, const QRectF &bar, QPointF labelOrigin) {
+        const KROsmScaleRenderer renderer(100.0, area.size());
+        QCOMPARE(renderer.strokeRect(area, factor), bar);
+        const QRectF label = renderer.textRect(area, factor);
+        QCOMPARE(QPointF(label.x(), label.y()), labelOrigin);
 
-    QCOMPARE(renderer.textFont(factor).family(), QStringLiteral("Arial"));
-    QCOMPARE(renderer.textFont(factor).pointSizeF(), 24.0 * factor);
-    const QSize textSize = QFontMetrics(renderer.textFont(1.0)).size(Qt::TextSingleLine, QStringLiteral("2.5 km"));
-    QCOMPARE(label.width(), (textSize.width() + 20) * factor);
-    QCOMPARE(label.height(), (textSize.height() + 5) * -factor);
+        QCOMPARE(renderer.textFont(factor).family(), QStringLiteral("Arial"));
+        QCOMPARE(renderer.textFont(factor).pointSizeF(), 24.0 * factor);
+        const QSize textSize = QFontMetrics(renderer.textFont(1.0)).size(Qt::TextSingleLine, QStringLiteral("2.5 km"));
+        QCOMPARE(label.width(), (textSize.width() + 20) * factor);
+        QCOMPARE(label.height(), (textSize.height() + 5) * -factor);
+    });
 }
 
 void tst_KROsmScaleRenderer::maximumPaintFactorFillsTheLimit()
@@ -172,79 +153,69 @@ void tst_KROsmScaleRenderer::labelStandsBehindTheBar()
     QVERIFY(qAbs(text.center().y() - label.center().y()) < label.height() / 4);
 }
 
-void tst_KROsmScaleRenderer::risesAboveTheAttribution_data()
-{
-    QTest::addColumn<int>("excessPx");
-    QTest::addColumn<bool>("rises");
-    QTest::newRow("box ends at a third of the image") << 0 << false;
-    QTest::newRow("box ends a pixel farther right") << 1 << true;
-}
-
 void tst_KROsmScaleRenderer::risesAboveTheAttribution()
 {
-    QFETCH(int, excessPx);
-    QFETCH(bool, rises);
-    // The bar is 300 pixels long at most, so the end of the box does not depend on the width of so wide an image.
-    const double pixelsPerKilometre = 60000.0;
-    const QRectF label =
-        KROsmScaleRenderer(pixelsPerKilometre, QSize(900, 300)).textRect(QRect(0, 0, 900, 300), 1.0).normalized();
-    const QSize size(3 * (qRound(label.right()) - excessPx), 300);
-    const QImage image = painted(size, pixelsPerKilometre, 1.0);
-    const double boxHeight = 290 - label.top();
-    const double rise = rises ? 1.5 * boxHeight : 0.0;
-    QVERIFY(isLine(image, 85, 284 - rise));
-    QVERIFY(qAbs(KRTestPicture::boundsOfPainted(image).bottom() - (289 - rise)) <= 1.0);
-    QVERIFY(qAbs(KRTestPicture::boundsOfPainted(image).top() - (label.top() - rise)) <= 1.0);
-}
-
-void tst_KROsmScaleRenderer::stub_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::newRow("tiny") << 0.05;
-    QTest::newRow("just too small") << 0.099;
+    const KRTestTable<int, bool> table{
+        {"box ends at a third of the image", 0, false},
+        {"box ends a pixel farther right", 1, true},
+    };
+    table.forEach([](int excessPx, bool rises) {
+        // The bar is 300 pixels long at most, so the end of the box does not depend on the width of so wide an image.
+        const double pixelsPerKilometre = 60000.0;
+        const QRectF label =
+            KROsmScaleRenderer(pixelsPerKilometre, QSize(900, 300)).textRect(QRect(0, 0, 900, 300), 1.0).normalized();
+        const QSize size(3 * (qRound(label.right()) - excessPx), 300);
+        const QImage image = painted(size, pixelsPerKilometre, 1.0);
+        const double boxHeight = 290 - label.top();
+        const double rise = rises ? 1.5 * boxHeight : 0.0;
+        QVERIFY(isLine(image, 85, 284 - rise));
+        QVERIFY(qAbs(KRTestPicture::boundsOfPainted(image).bottom() - (289 - rise)) <= 1.0);
+        QVERIFY(qAbs(KRTestPicture::boundsOfPainted(image).top() - (label.top() - rise)) <= 1.0);
+    });
 }
 
 void tst_KROsmScaleRenderer::stub()
 {
-    QFETCH(double, factor);
-    const QSize size(900, 300);
-    const QImage image = painted(size, 100.0, factor);
-    const KROsmScaleRenderer renderer(100.0, size);
-    const QRectF label = renderer.textRect(image.rect(), factor).normalized();
-    const QRectF box(QPointF(0, label.top()), QPointF(label.right(), 300 - 10 * factor));
-    const QRect line = KRTestPicture::boundsOfDark(image);
-    QVERIFY(line.height() == 1 || line.height() == 2);
-    QVERIFY(qAbs(QRectF(line).center().y() - label.center().y()) <= 1.0);
-    QVERIFY(qAbs(line.left() - box.center().x()) <= 1.5);
-    QVERIFY(qAbs(line.right() - box.right()) <= 4.0); // the pattern may end in a gap
-    const QRect paintedBounds = KRTestPicture::boundsOfPainted(image);
-    QCOMPARE(paintedBounds.left(), 0);
-    QVERIFY(box.adjusted(0, -1, 1, 1).toAlignedRect().contains(paintedBounds));
-}
-
-void tst_KROsmScaleRenderer::paintsNothing_data()
-{
-    QTest::addColumn<double>("pixelsPerKilometre");
-    QTest::addColumn<double>("factor");
-    QTest::newRow("no scale") << 0.0 << 1.0;
-    QTest::newRow("negative scale") << -100.0 << 1.0;
-    QTest::newRow("infinite scale") << infinite << 1.0;
-    QTest::newRow("scale is no number") << noNumber << 1.0;
-    QTest::newRow("factor 0") << 100.0 << 0.0;
-    QTest::newRow("negative factor") << 100.0 << -1.0;
-    QTest::newRow("infinite factor") << 100.0 << infinite;
-    QTest::newRow("factor is no number") << 100.0 << noNumber;
+    const KRTestTable<double> table{
+        {"tiny", 0.05},
+        {"just too small", 0.099},
+    };
+    table.forEach([](double factor) {
+        const QSize size(900, 300);
+        const QImage image = painted(size, 100.0, factor);
+        const KROsmScaleRenderer renderer(100.0, size);
+        const QRectF label = renderer.textRect(image.rect(), factor).normalized();
+        const QRectF box(QPointF(0, label.top()), QPointF(label.right(), 300 - 10 * factor));
+        const QRect line = KRTestPicture::boundsOfDark(image);
+        QVERIFY(line.height() == 1 || line.height() == 2);
+        QVERIFY(qAbs(QRectF(line).center().y() - label.center().y()) <= 1.0);
+        QVERIFY(qAbs(line.left() - box.center().x()) <= 1.5);
+        QVERIFY(qAbs(line.right() - box.right()) <= 4.0); // the pattern may end in a gap
+        const QRect paintedBounds = KRTestPicture::boundsOfPainted(image);
+        QCOMPARE(paintedBounds.left(), 0);
+        QVERIFY(box.adjusted(0, -1, 1, 1).toAlignedRect().contains(paintedBounds));
+    });
 }
 
 void tst_KROsmScaleRenderer::paintsNothing()
 {
-    QFETCH(double, pixelsPerKilometre);
-    QFETCH(double, factor);
-    QVERIFY(KRTestPicture::boundsOfPainted(painted(QSize(900, 300), pixelsPerKilometre, factor)).isNull());
-    QImage none;
-    KROsmScaleRenderer(100.0, QSize(900, 300)).renderScale(&none, 1.0);
-    KROsmScaleRenderer(100.0, QSize(900, 300)).renderScale(nullptr, 1.0);
-    QVERIFY(none.isNull());
+    const KRTestTable<double, double> table{
+        {"no scale", 0.0, 1.0},
+        {"negative scale", -100.0, 1.0},
+        {"infinite scale", infinite, 1.0},
+        {"scale is no number", noNumber, 1.0},
+        {"factor 0", 100.0, 0.0},
+        {"negative factor", 100.0, -1.0},
+        {"infinite factor", 100.0, infinite},
+        {"factor is no number", 100.0, noNumber},
+    };
+    table.forEach([](double pixelsPerKilometre, double factor) {
+        QVERIFY(KRTestPicture::boundsOfPainted(painted(QSize(900, 300), pixelsPerKilometre, factor)).isNull());
+        QImage none;
+        KROsmScaleRenderer(100.0, QSize(900, 300)).renderScale(&none, 1.0);
+        KROsmScaleRenderer(100.0, QSize(900, 300)).renderScale(nullptr, 1.0);
+        QVERIFY(none.isNull());
+    });
 }
 
 static const KRTestRegistration<tst_KROsmScaleRenderer> registration;

@@ -2,6 +2,7 @@
 
 #include "KRTestArchive.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRLogger.h>
@@ -57,18 +58,13 @@ private slots:
     void cleanup();
     void supportsFile();
     void isAskedBehindGpx();
-    void findsPlacemarks_data();
     void findsPlacemarks();
-    void geometry_data();
     void geometry();
     void namesAndDescriptions();
     void styles();
-    void readsText_data();
     void readsText();
-    void readsArchives_data();
     void readsArchives();
     void truncatedAnywhereGivesNothing();
-    void tellsWhyThereIsNothing_data();
     void tellsWhyThereIsNothing();
     void readsTheSamples();
 
@@ -120,42 +116,31 @@ void tst_KRTrackSelectionFactoryKmlFile::isAskedBehindGpx()
     QCOMPARE(log, QStringList{QStringLiteral("ACTION:useFactory VALUE:*.kml,*.kmz")});
 }
 
-void tst_KRTrackSelectionFactoryKmlFile::findsPlacemarks_data()
+void tst_KRTrackSelectionFactoryKmlFile::findsPlacemarks()
 {
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("expected");
     const QByteArray a = placemark("a");
     const QByteArray b = placemark("b");
     const QByteArray c = placemark("c");
-    QTest::newRow("folders to any depth, in document order")
-        << kml("<Folder>" + a + "<Folder><Folder>" + b + "</Folder></Folder>" + placemark("d") + "</Folder>" + c)
-        << QStringLiteral("a b d c");
-    QTest::newRow("none inside of placemarks")
-        << kml("<Placemark><name>a</name><MultiGeometry>" + b + "</MultiGeometry></Placemark>" + c)
-        << QStringLiteral("a c");
-    QTest::newRow("only of the first document")
-        << "<kml>" + a + "<Document>" + b + "</Document><Document>" + c + "</Document></kml>" << QStringLiteral("b");
-    QTest::newRow("whatever the root is called") << "<x><Document>" + a + "</Document></x>" << QStringLiteral("a");
-    QTest::newRow("none directly below the root") << "<kml>" + a + "</kml>" << QString();
-    QTest::newRow("document as the root") << "<Document>" + a + "</Document>" << QString();
-    QTest::newRow("prefixed document") << "<k:kml xmlns:k=\"x\"><k:Document>" + a + "</k:Document></k:kml>"
-                                       << QString();
-    QTest::newRow("prefixed placemark") << kml("<k:Placemark xmlns:k=\"x\"><name>a</name></k:Placemark>" + b)
-                                        << QStringLiteral("b");
+    const KRTestTable<QByteArray, QString> table{
+        {"folders to any depth, in document order",
+         kml("<Folder>" + a + "<Folder><Folder>" + b + "</Folder></Folder>" + placemark("d") + "</Folder>" + c),
+         QStringLiteral("a b d c")},
+        {"none inside of placemarks",
+         kml("<Placemark><name>a</name><MultiGeometry>" + b + "</MultiGeometry></Placemark>" + c),
+         QStringLiteral("a c")},
+        {"only of the first document",
+         "<kml>" + a + "<Document>" + b + "</Document><Document>" + c + "</Document></kml>", QStringLiteral("b")},
+        {"whatever the root is called", "<x><Document>" + a + "</Document></x>", QStringLiteral("a")},
+        {"none directly below the root", "<kml>" + a + "</kml>", {}},
+        {"document as the root", "<Document>" + a + "</Document>", {}},
+        {"prefixed document", "<k:kml xmlns:k=\"x\"><k:Document>" + a + "</k:Document></k:kml>", {}},
+        {"prefixed placemark", kml("<k:Placemark xmlns:k=\"x\"><name>a</name></k:Placemark>" + b), QStringLiteral("b")},
+    };
+    table.forEach([](const QByteArray &xml, const QString &expected) { QCOMPARE(namesOf(decoded(xml)), expected); });
 }
 
-void tst_KRTrackSelectionFactoryKmlFile::findsPlacemarks()
+void tst_KRTrackSelectionFactoryKmlFile::geometry()
 {
-    QFETCH(QByteArray, xml);
-    QTEST(namesOf(decoded(xml)), "expected");
-}
-
-void tst_KRTrackSelectionFactoryKmlFile::geometry_data()
-{
-    QTest::addColumn<QByteArray>("geometry");
-    QTest::addColumn<QString>("points"); // as latitude,longitude
-    QTest::addColumn<int>("trackShape");
-    QTest::addColumn<int>("configuredShape");
     const QByteArray closed = coordinates("8,53 9,53 9,54 8,53");
     const QString closedPoints = QStringLiteral("53,8 53,9 54,9 53,8");
     const int none = UnknownTrackShape;
@@ -163,50 +148,49 @@ void tst_KRTrackSelectionFactoryKmlFile::geometry_data()
     const int line = LineStringTrackShape;
     const int area = PolygonTrackShape;
     const int automatic = AutoTrackShape;
-    QTest::newRow("point") << "<Point>" + coordinates("8.25,53.5,12") + "</Point>" << QStringLiteral("53.5,8.25")
-                           << point << point;
-    QTest::newRow("line") << "<LineString>" + coordinates("\n8,53\n9,54,3\r\n\t10,55 ") + "</LineString>"
-                          << QStringLiteral("53,8 54,9 55,10") << line << line;
-    // Intended: what the geometry is called remains with the track, what its points form is how it is drawn.
-    QTest::newRow("closed line") << "<LineString>" + closed + "</LineString>" << closedPoints << line << area;
-    QTest::newRow("area with a hole") << "<Polygon><outerBoundaryIs><LinearRing>" + closed
-                                             + "</LinearRing></outerBoundaryIs><innerBoundaryIs><LinearRing>"
-                                             + coordinates("1,1 2,2 1,1") + "</LinearRing></innerBoundaryIs></Polygon>"
-                                      << closedPoints << area << area;
-    QTest::newRow("hole in front of the outline, behind a blank one")
-        << "<Polygon><innerBoundaryIs><LinearRing>" + coordinates(" \n ") + "</LinearRing><LinearRing>" + closed
-               + "</LinearRing></innerBoundaryIs><outerBoundaryIs><LinearRing>" + coordinates("1,1 2,2 1,1")
-               + "</LinearRing></outerBoundaryIs></Polygon>"
-        << closedPoints << area << area;
-    QTest::newRow("several geometries") << "<MultiGeometry><LineString>" + coordinates("8,53 9,54")
-                                               + "</LineString><Point>" + coordinates("1,1")
-                                               + "</Point></MultiGeometry>"
-                                        << QStringLiteral("53,8 54,9") << automatic << line;
-    QTest::newRow("own shape") << "<shape>hop</shape>" + coordinates("8,53 9,54") << QStringLiteral("53,8 54,9")
-                               << int(HopTrackShape) << line;
-    QTest::newRow("malformed tuples do not shift the others")
-        << "<LineString>" + coordinates("8,53 x, 9,54 1,91 0,0 10,55") + "</LineString>"
-        << QStringLiteral("53,8 54,9 91,1 55,10") << line << line;
-    QTest::newRow("prefixed coordinates")
-        << QByteArray("<Point><k:coordinates xmlns:k=\"x\">8,53</k:coordinates></Point>") << QString() << point << none;
-    QTest::newRow("without coordinates") << QByteArray("<Point/>") << QString() << point << none;
-    QTest::newRow("without geometry") << QByteArray() << QString() << automatic << none;
-}
-
-void tst_KRTrackSelectionFactoryKmlFile::geometry()
-{
-    QFETCH(QByteArray, geometry);
-    const KRGPXConfiguredTrackList tracks = decoded(kml(placemark("a", geometry)));
-    QCOMPARE(tracks.count(), 1);
-    const KRGPXTrack track = tracks.first().track();
-    QStringList points;
-    for (const KRGeoPosition &position : track.allPoints())
-        points.append(QStringLiteral("%1,%2")
-                          .arg(position.latitude().decimalDegrees())
-                          .arg(position.longitude().decimalDegrees()));
-    QTEST(points.join(QLatin1Char(' ')), "points");
-    QTEST(int(track.shape().value()), "trackShape");
-    QTEST(int(tracks.first().configuration().trackShape().value()), "configuredShape");
+    // points: as latitude,longitude
+    const KRTestTable<QByteArray, QString, int, int> table{
+        {"point", "<Point>" + coordinates("8.25,53.5,12") + "</Point>", QStringLiteral("53.5,8.25"), point, point},
+        {"line", "<LineString>" + coordinates("\n8,53\n9,54,3\r\n\t10,55 ") + "</LineString>",
+         QStringLiteral("53,8 54,9 55,10"), line, line},
+        // Intended: what the geometry is called remains with the track, what its points form is how it is drawn.
+        {"closed line", "<LineString>" + closed + "</LineString>", closedPoints, line, area},
+        {"area with a hole",
+         "<Polygon><outerBoundaryIs><LinearRing>" + closed
+             + "</LinearRing></outerBoundaryIs><innerBoundaryIs><LinearRing>" + coordinates("1,1 2,2 1,1")
+             + "</LinearRing></innerBoundaryIs></Polygon>",
+         closedPoints, area, area},
+        {"hole in front of the outline, behind a blank one",
+         "<Polygon><innerBoundaryIs><LinearRing>" + coordinates(" \n ") + "</LinearRing><LinearRing>" + closed
+             + "</LinearRing></innerBoundaryIs><outerBoundaryIs><LinearRing>" + coordinates("1,1 2,2 1,1")
+             + "</LinearRing></outerBoundaryIs></Polygon>",
+         closedPoints, area, area},
+        {"several geometries",
+         "<MultiGeometry><LineString>" + coordinates("8,53 9,54") + "</LineString><Point>" + coordinates("1,1")
+             + "</Point></MultiGeometry>",
+         QStringLiteral("53,8 54,9"), automatic, line},
+        {"own shape", "<shape>hop</shape>" + coordinates("8,53 9,54"), QStringLiteral("53,8 54,9"), int(HopTrackShape),
+         line},
+        {"malformed tuples do not shift the others",
+         "<LineString>" + coordinates("8,53 x, 9,54 1,91 0,0 10,55") + "</LineString>",
+         QStringLiteral("53,8 54,9 91,1 55,10"), line, line},
+        {"prefixed coordinates", "<Point><k:coordinates xmlns:k=\"x\">8,53</k:coordinates></Point>", {}, point, none},
+        {"without coordinates", "<Point/>", {}, point, none},
+        {"without geometry", {}, {}, automatic, none},
+    };
+    table.forEach([](const QByteArray &geometry, QString expectedPoints, int trackShape, int configuredShape) {
+        const KRGPXConfiguredTrackList tracks = decoded(kml(placemark("a", geometry)));
+        QCOMPARE(tracks.count(), 1);
+        const KRGPXTrack track = tracks.first().track();
+        QStringList points;
+        for (const KRGeoPosition &position : track.allPoints())
+            points.append(QStringLiteral("%1,%2")
+                              .arg(position.latitude().decimalDegrees())
+                              .arg(position.longitude().decimalDegrees()));
+        QCOMPARE(points.join(QLatin1Char(' ')), expectedPoints);
+        QCOMPARE(int(track.shape().value()), trackShape);
+        QCOMPARE(int(tracks.first().configuration().trackShape().value()), configuredShape);
+    });
 }
 
 void tst_KRTrackSelectionFactoryKmlFile::namesAndDescriptions()
@@ -241,31 +225,26 @@ void tst_KRTrackSelectionFactoryKmlFile::styles()
     QCOMPARE(colors, QStringList({QStringLiteral("#ff0000"), none, none, none, none}));
 }
 
-void tst_KRTrackSelectionFactoryKmlFile::readsText_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("expected");
-    const QByteArray umlaut = kml(placemark("\xC3\xBC"));
-    const QString name = QStringLiteral("ü");
-    QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + umlaut << name;
-    QTest::newRow("declared Latin-1, is UTF-8") << QByteArray(umlaut).replace("UTF-8", "ISO-8859-1") << name;
-    QTest::newRow("declared Latin-1 and so it is")
-        << kml(placemark("\xFC")).replace("UTF-8", "ISO-8859-1") << QString(QChar::ReplacementCharacter);
-}
-
 void tst_KRTrackSelectionFactoryKmlFile::readsText()
 {
-    QFETCH(QByteArray, content);
-    const KRTrackSelectionFactoryKmlFile importer;
-    const auto archive = KRTestArchive::bytes({KRTestArchive::deflated("doc.kml", content)});
-    QTEST(namesOf(importer.createConfiguredTrackList(write(fileName, content))), "expected");
-    QTEST(namesOf(importer.createConfiguredTrackList(write(QStringLiteral("a.kmz"), archive))), "expected");
+    const QByteArray umlaut = kml(placemark("\xC3\xBC"));
+    const QString name = QStringLiteral("ü");
+    const KRTestTable<QByteArray, QString> table{
+        {"byte order mark", "\xEF\xBB\xBF" + umlaut, name},
+        {"declared Latin-1, is UTF-8", QByteArray(umlaut).replace("UTF-8", "ISO-8859-1"), name},
+        {"declared Latin-1 and so it is", kml(placemark("\xFC")).replace("UTF-8", "ISO-8859-1"),
+         QString(QChar::ReplacementCharacter)},
+    };
+    table.forEach([&](const QByteArray &content, const QString &expected) {
+        const KRTrackSelectionFactoryKmlFile importer;
+        const auto archive = KRTestArchive::bytes({KRTestArchive::deflated("doc.kml", content)});
+        QCOMPARE(namesOf(importer.createConfiguredTrackList(write(fileName, content))), expected);
+        QCOMPARE(namesOf(importer.createConfiguredTrackList(write(QStringLiteral("a.kmz"), archive))), expected);
+    });
 }
 
-void tst_KRTrackSelectionFactoryKmlFile::readsArchives_data()
+void tst_KRTrackSelectionFactoryKmlFile::readsArchives()
 {
-    QTest::addColumn<QByteArray>("archive");
-    QTest::addColumn<QString>("expected");
     const auto entry = [](const char *name, const char *content) {
         return KRTestArchive::deflated(name, kml(placemark(content)));
     };
@@ -273,26 +252,23 @@ void tst_KRTrackSelectionFactoryKmlFile::readsArchives_data()
     const KRTestArchive::Entry doc = entry("doc.kml", "doc");
     const KRTestArchive::Entry other = entry("other.kml", "other");
     const KRTestArchive::Entry notKml = KRTestArchive::stored("__MACOSX/._doc.kml", "no XML");
-    QTest::newRow("behind an image") << KRTestArchive::bytes({image, doc, other}) << QStringLiteral("doc");
-    QTest::newRow("first one in the archive, whatever its name")
-        << KRTestArchive::bytes({entry("z/x.kml", "z"), doc}) << QStringLiteral("z");
-    QTest::newRow("order of the table of contents")
-        << KRTestArchive::bytes({doc, other}, {1, 0}) << QStringLiteral("other");
-    QTest::newRow("not in upper case") << KRTestArchive::bytes({entry("DOC.KML", "upper"), other})
-                                       << QStringLiteral("other");
-    QTest::newRow("only by its end") << KRTestArchive::bytes({entry("doc.kml.bak", "bak"), entry(".kml", "hidden")})
-                                     << QStringLiteral("hidden");
-    QTest::newRow("no other one when the first is none") << KRTestArchive::bytes({notKml, doc}) << QString();
-    QTest::newRow("up to the first zero byte")
-        << KRTestArchive::bytes({KRTestArchive::stored("doc.kml", kml(placemark("doc")) + '\0' + "<x>")})
-        << QStringLiteral("doc");
-}
-
-void tst_KRTrackSelectionFactoryKmlFile::readsArchives()
-{
-    QFETCH(QByteArray, archive);
-    const QFileInfo file = write(QStringLiteral("a.KMZ"), archive);
-    QTEST(namesOf(KRTrackSelectionFactoryKmlFile().createConfiguredTrackList(file)), "expected");
+    const KRTestTable<QByteArray, QString> table{
+        {"behind an image", KRTestArchive::bytes({image, doc, other}), QStringLiteral("doc")},
+        {"first one in the archive, whatever its name", KRTestArchive::bytes({entry("z/x.kml", "z"), doc}),
+         QStringLiteral("z")},
+        {"order of the table of contents", KRTestArchive::bytes({doc, other}, {1, 0}), QStringLiteral("other")},
+        {"not in upper case", KRTestArchive::bytes({entry("DOC.KML", "upper"), other}), QStringLiteral("other")},
+        {"only by its end", KRTestArchive::bytes({entry("doc.kml.bak", "bak"), entry(".kml", "hidden")}),
+         QStringLiteral("hidden")},
+        {"no other one when the first is none", KRTestArchive::bytes({notKml, doc}), {}},
+        {"up to the first zero byte",
+         KRTestArchive::bytes({KRTestArchive::stored("doc.kml", kml(placemark("doc")) + '\0' + "<x>")}),
+         QStringLiteral("doc")},
+    };
+    table.forEach([&](const QByteArray &archive, const QString &expected) {
+        const QFileInfo file = write(QStringLiteral("a.KMZ"), archive);
+        QCOMPARE(namesOf(KRTrackSelectionFactoryKmlFile().createConfiguredTrackList(file)), expected);
+    });
 }
 
 void tst_KRTrackSelectionFactoryKmlFile::truncatedAnywhereGivesNothing()
@@ -303,50 +279,40 @@ void tst_KRTrackSelectionFactoryKmlFile::truncatedAnywhereGivesNothing()
         QVERIFY2(!decoded(whole.left(length)).isValid(), whole.left(length).constData());
 }
 
-void tst_KRTrackSelectionFactoryKmlFile::tellsWhyThereIsNothing_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("reason");
-    QTest::addColumn<int>("line");
-    const QString archive = QStringLiteral("a.kmz");
-    QTest::newRow("missing file") << fileName << QByteArray() << QStringLiteral("nicht gefunden") << 0;
-    QTest::newRow("missing archive") << archive << QByteArray() << QStringLiteral("nicht gefunden") << 0;
-    QTest::newRow("empty file") << fileName << QByteArray("") << QStringLiteral("keinen KML-Text") << 0;
-    QTest::newRow("blank file") << fileName << QByteArray(" \n\n") << QStringLiteral("leer") << 0;
-    QTest::newRow("no document") << fileName << QByteArray("<kml/>") << QStringLiteral("„Document“") << 0;
-    QTest::newRow("no placemark") << fileName << kml("<Folder/>") << QStringLiteral("„Placemark“") << 0;
-    QTest::newRow("broken document") << fileName << kml(placemark("a") + "<Folder>") << QStringLiteral("XML") << 3;
-    QTest::newRow("too deep") << fileName << kml(QByteArray("<Folder>").repeated(255)) << QStringLiteral("256") << 3;
-    QTest::newRow("other suffix") << QStringLiteral("a.xml") << kml(placemark("a")) << QStringLiteral("keinen KML-Text")
-                                  << 0;
-    QTest::newRow("no archive") << archive << kml(placemark("a")) << QStringLiteral("ZIP") << 0;
-    QTest::newRow("no document in the archive")
-        << archive << KRTestArchive::bytes({KRTestArchive::stored("a.png", "x")}) << QStringLiteral("*.kml") << 0;
-    QTest::newRow("empty document in the archive")
-        << archive << KRTestArchive::bytes({KRTestArchive::stored("doc.kml", QByteArray())})
-        << QStringLiteral("keinen KML-Text") << 0;
-    KRTestArchive::Entry damaged = KRTestArchive::deflated("doc.kml", kml(placemark("a")));
-    damaged.crc ^= 1;
-    QTest::newRow("damaged document in the archive")
-        << archive << KRTestArchive::bytes({damaged}) << QStringLiteral("„doc.kml“") << 0;
-}
-
 void tst_KRTrackSelectionFactoryKmlFile::tellsWhyThereIsNothing()
 {
-    QFETCH(QString, name);
-    QFETCH(QByteArray, content);
-    QFETCH(QString, reason);
-    const QFileInfo file = content.isNull() ? QFileInfo(m_dir->filePath(name)) : write(name, content);
-    const KRTrackSelectionFactoryKmlFile importer;
-    KRErrorHistory history;
-    QVERIFY(!importer.decode(importer.readFile(file, &history), file.fileName(), &history).isValid());
-    QCOMPARE(history.entries().size(), 1);
-    const KRErrorHistory::Entry entry = history.entries().first();
-    QVERIFY2(entry.reason.contains(reason), qUtf8Printable(entry.reason));
-    QCOMPARE(QFileInfo(entry.fileName).fileName(), name);
-    QTEST(entry.line, "line");
-    QVERIFY(!importer.createConfiguredTrackList(file).isValid());
+    const QString archive = QStringLiteral("a.kmz");
+    KRTestArchive::Entry damaged = KRTestArchive::deflated("doc.kml", kml(placemark("a")));
+    damaged.crc ^= 1;
+    const KRTestTable<QString, QByteArray, QString, int> table{
+        {"missing file", fileName, {}, QStringLiteral("nicht gefunden"), 0},
+        {"missing archive", archive, {}, QStringLiteral("nicht gefunden"), 0},
+        {"empty file", fileName, "", QStringLiteral("keinen KML-Text"), 0},
+        {"blank file", fileName, " \n\n", QStringLiteral("leer"), 0},
+        {"no document", fileName, "<kml/>", QStringLiteral("„Document“"), 0},
+        {"no placemark", fileName, kml("<Folder/>"), QStringLiteral("„Placemark“"), 0},
+        {"broken document", fileName, kml(placemark("a") + "<Folder>"), QStringLiteral("XML"), 3},
+        {"too deep", fileName, kml(QByteArray("<Folder>").repeated(255)), QStringLiteral("256"), 3},
+        {"other suffix", QStringLiteral("a.xml"), kml(placemark("a")), QStringLiteral("keinen KML-Text"), 0},
+        {"no archive", archive, kml(placemark("a")), QStringLiteral("ZIP"), 0},
+        {"no document in the archive", archive, KRTestArchive::bytes({KRTestArchive::stored("a.png", "x")}),
+         QStringLiteral("*.kml"), 0},
+        {"empty document in the archive", archive,
+         KRTestArchive::bytes({KRTestArchive::stored("doc.kml", QByteArray())}), QStringLiteral("keinen KML-Text"), 0},
+        {"damaged document in the archive", archive, KRTestArchive::bytes({damaged}), QStringLiteral("„doc.kml“"), 0},
+    };
+    table.forEach([&](const QString &name, const QByteArray &content, const QString &reason, int line) {
+        const QFileInfo file = content.isNull() ? QFileInfo(m_dir->filePath(name)) : write(name, content);
+        const KRTrackSelectionFactoryKmlFile importer;
+        KRErrorHistory history;
+        QVERIFY(!importer.decode(importer.readFile(file, &history), file.fileName(), &history).isValid());
+        QCOMPARE(history.entries().size(), 1);
+        const KRErrorHistory::Entry entry = history.entries().first();
+        QVERIFY2(entry.reason.contains(reason), qUtf8Printable(entry.reason));
+        QCOMPARE(QFileInfo(entry.fileName).fileName(), name);
+        QCOMPARE(entry.line, line);
+        QVERIFY(!importer.createConfiguredTrackList(file).isValid());
+    });
 }
 
 void tst_KRTrackSelectionFactoryKmlFile::readsTheSamples()
