@@ -2,6 +2,7 @@
 
 #include "KREnglishTexts.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QPainter>
 #include <QtTest>
@@ -13,15 +14,12 @@ class tst_KRBaseMap : public QObject
     Q_OBJECT
 
 private slots:
-    void ground_data();
     void ground();
     void noSeamAtTheDateLine();
     void copiesOfTheWorldAreEqual();
-    void linesAreDrawn_data();
     void linesAreDrawn();
     void languageOfTheTexts();
     void staysInItsRectangle();
-    void extremes_data();
     void extremes();
     void nothingToDraw();
 
@@ -55,49 +53,37 @@ tst_KRBaseMap::Ground tst_KRBaseMap::groundAt(const QColor &color)
     return warmth > 8 ? Land : warmth < -8 ? Sea : Paper;
 }
 
-void tst_KRBaseMap::ground_data()
+void tst_KRBaseMap::ground()
 {
-    QTest::addColumn<QList<double>>("area");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<int>("expected");
     const QList<double> world{-60, 78, -180, 180};
     const QList<double> whole{-85.05, 85.05, -180, 180};
     const QList<double> bering{60, 72, 170, -160};
-    const QSize size(1000, 500);
-    QTest::newRow("world: Atlantic") << world << size << 32.5 << -41.5 << int(Sea);
-    QTest::newRow("world: Sahara") << world << size << 22.0 << 12.0 << int(Land);
-    QTest::newRow("world: Caspian Sea, a hole in the land") << world << size << 41.7 << 50.7 << int(Sea);
-    QTest::newRow("world: Chukotka, east of 180 degrees") << world << size << 66.6 << -177.0 << int(Land);
-    QTest::newRow("world: its copy") << world << size << 66.6 << 183.0 << int(Land);
-    QTest::newRow("three worlds: copy in the west") << whole << QSize(1500, 500) << 22.0 << 12.0 - 360.0 << int(Land);
-    QTest::newRow("three worlds: copy in the east") << whole << QSize(1500, 500) << 32.5 << -41.5 + 360.0 << int(Sea);
-    QTest::newRow("Antarctica at 85 degrees") << whole << QSize(800, 800) << -85.0 << 40.0 << int(Land);
-    QTest::newRow("country: central Germany")
-        << QList<double>{47, 55, 5.5, 15.5} << QSize(900, 1100) << 51.3 << 9.3 << int(Land);
-    QTest::newRow("country: North Sea") << QList<double>{47, 55, 5.5, 15.5} << QSize(900, 1100) << 54.3 << 7.2
-                                        << int(Sea);
-    QTest::newRow("Bering Strait: Chukotka") << bering << size << 66.6 << 183.5 << int(Land);
-    QTest::newRow("Bering Strait: Alaska") << bering << size << 65.3 << 198.5 << int(Land);
-    QTest::newRow("Bering Strait: sea on 180 degrees") << bering << size << 62.3 << 179.1 << int(Sea);
-    QTest::newRow("Fiji: sea between the islands")
-        << QList<double>{-22, -10, 174, -168} << size << -17.1 << 188.5 << int(Sea);
-    QTest::newRow("city: land") << QList<double>{53.05, 53.2, 8.1, 8.4} << size << 53.127 << 8.246 << int(Land);
-    QTest::newRow("city: sea") << QList<double>{56.0, 56.2, 3.0, 3.4} << size << 56.127 << 3.246 << int(Sea);
-    QTest::newRow("street") << QList<double>{53.1400, 53.1404, 8.2, 8.2008} << size << 53.14021 << 8.20043 << int(Land);
-}
-
-void tst_KRBaseMap::ground()
-{
-    QFETCH(QList<double>, area);
-    QFETCH(QSize, size);
-    QFETCH(double, latitude);
-    QFETCH(double, longitude);
-    const QPoint pixel = projection(area, size).getPixelCoordinateByMapCoordinate(latitude, longitude).toPoint();
-    QVERIFY(QRect(QPoint(), size).contains(pixel));
-    QTEST(int(groundAt(picture(area, size).pixelColor(pixel))), "expected");
-    QTEST(int(groundAt(picture(area, size, 2.0).pixelColor(pixel))), "expected");
+    const QSize wide(1000, 500);
+    const KRTestTable<QList<double>, QSize, double, double, int> table{
+        {"world: Atlantic", world, wide, 32.5, -41.5, int(Sea)},
+        {"world: Sahara", world, wide, 22.0, 12.0, int(Land)},
+        {"world: Caspian Sea, a hole in the land", world, wide, 41.7, 50.7, int(Sea)},
+        {"world: Chukotka, east of 180 degrees", world, wide, 66.6, -177.0, int(Land)},
+        {"world: its copy", world, wide, 66.6, 183.0, int(Land)},
+        {"three worlds: copy in the west", whole, QSize(1500, 500), 22.0, 12.0 - 360.0, int(Land)},
+        {"three worlds: copy in the east", whole, QSize(1500, 500), 32.5, -41.5 + 360.0, int(Sea)},
+        {"Antarctica at 85 degrees", whole, QSize(800, 800), -85.0, 40.0, int(Land)},
+        {"country: central Germany", QList<double>{47, 55, 5.5, 15.5}, QSize(900, 1100), 51.3, 9.3, int(Land)},
+        {"country: North Sea", QList<double>{47, 55, 5.5, 15.5}, QSize(900, 1100), 54.3, 7.2, int(Sea)},
+        {"Bering Strait: Chukotka", bering, wide, 66.6, 183.5, int(Land)},
+        {"Bering Strait: Alaska", bering, wide, 65.3, 198.5, int(Land)},
+        {"Bering Strait: sea on 180 degrees", bering, wide, 62.3, 179.1, int(Sea)},
+        {"Fiji: sea between the islands", QList<double>{-22, -10, 174, -168}, wide, -17.1, 188.5, int(Sea)},
+        {"city: land", QList<double>{53.05, 53.2, 8.1, 8.4}, wide, 53.127, 8.246, int(Land)},
+        {"city: sea", QList<double>{56.0, 56.2, 3.0, 3.4}, wide, 56.127, 3.246, int(Sea)},
+        {"street", QList<double>{53.1400, 53.1404, 8.2, 8.2008}, wide, 53.14021, 8.20043, int(Land)},
+    };
+    table.forEach([&](const QList<double> &area, const QSize &size, double latitude, double longitude, int expected) {
+        const QPoint pixel = projection(area, size).getPixelCoordinateByMapCoordinate(latitude, longitude).toPoint();
+        QVERIFY(QRect(QPoint(), size).contains(pixel));
+        QCOMPARE(int(groundAt(picture(area, size).pixelColor(pixel))), expected);
+        QCOMPARE(int(groundAt(picture(area, size, 2.0).pixelColor(pixel))), expected);
+    });
 }
 
 void tst_KRBaseMap::noSeamAtTheDateLine()
@@ -123,25 +109,21 @@ void tst_KRBaseMap::copiesOfTheWorldAreEqual()
     QVERIFY2(differing < 500, qPrintable(QString::number(differing)));
 }
 
-void tst_KRBaseMap::linesAreDrawn_data()
-{
-    QTest::addColumn<QList<double>>("area");
-    QTest::addColumn<QColor>("color");
-    QTest::newRow("coast of Jutland") << QList<double>{56.05, 56.35, 7.9, 8.4} << QColor(104, 141, 168);
-    QTest::newRow("border along the Oder") << QList<double>{52.2, 52.5, 14.3, 14.9} << QColor(176, 154, 146);
-    QTest::newRow("border through the Alps") << QList<double>{46.3, 46.6, 9.2, 9.7} << QColor(176, 154, 146);
-}
-
 void tst_KRBaseMap::linesAreDrawn()
 {
-    QFETCH(QList<double>, area);
-    QFETCH(QColor, color);
-    const QImage image = picture(area, QSize(500, 500), 3.0);
-    // Near the lower edge, where there are no names.
-    int hits = 0;
-    for (int x = 0; x < image.width(); ++x)
-        hits += image.pixelColor(x, 480) == color ? 1 : 0;
-    QVERIFY2(hits >= 1 && hits < 20, qPrintable(QString::number(hits)));
+    const KRTestTable<QList<double>, QColor> table{
+        {"coast of Jutland", QList<double>{56.05, 56.35, 7.9, 8.4}, QColor(104, 141, 168)},
+        {"border along the Oder", QList<double>{52.2, 52.5, 14.3, 14.9}, QColor(176, 154, 146)},
+        {"border through the Alps", QList<double>{46.3, 46.6, 9.2, 9.7}, QColor(176, 154, 146)},
+    };
+    table.forEach([](const QList<double> &area, const QColor &color) {
+        const QImage image = picture(area, QSize(500, 500), 3.0);
+        // Near the lower edge, where there are no names.
+        int hits = 0;
+        for (int x = 0; x < image.width(); ++x)
+            hits += image.pixelColor(x, 480) == color ? 1 : 0;
+        QVERIFY2(hits >= 1 && hits < 20, qPrintable(QString::number(hits)));
+    });
 }
 
 void tst_KRBaseMap::languageOfTheTexts()
@@ -182,35 +164,29 @@ void tst_KRBaseMap::staysInItsRectangle()
     }
 }
 
-void tst_KRBaseMap::extremes_data()
-{
-    QTest::addColumn<QList<double>>("area");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("factor");
-    const QList<double> world{-85.0511287798066, 85.0511287798066, -180, 180};
-    QTest::newRow("one pixel") << world << QSize(1, 1) << 1.0;
-    QTest::newRow("wide and low") << world << QSize(3000, 3) << 1.0;
-    QTest::newRow("narrow and high") << world << QSize(3, 3000) << 1.0;
-    QTest::newRow("factor 0") << world << QSize(200, 100) << 0.0;
-    QTest::newRow("factor not a number") << world << QSize(200, 100) << std::numeric_limits<double>::quiet_NaN();
-    QTest::newRow("huge factor") << world << QSize(200, 100) << 1e9;
-    QTest::newRow("beyond the map") << QList<double>{86, 89, 10, 20} << QSize(200, 100) << 1.0;
-    QTest::newRow("up to the pole") << QList<double>{80, 89.9999, 10, 20} << QSize(200, 100) << 1.0;
-    QTest::newRow("a metre") << QList<double>{53.14, 53.14001, 8.2, 8.20001} << QSize(2000, 1000) << 1.0;
-    QTest::newRow("a thousandth of a millimetre")
-        << QList<double>{53.14, 53.14000000001, 8.2, 8.20000000001} << QSize(200, 100) << 1.0;
-}
-
 void tst_KRBaseMap::extremes()
 {
-    QFETCH(QList<double>, area);
-    QFETCH(QSize, size);
-    QFETCH(double, factor);
-    const QImage image = picture(area, size, factor);
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-            QVERIFY2(qAlpha(image.pixel(x, y)) == 255, "a hole in the ground");
-    }
+    const QList<double> world{-85.0511287798066, 85.0511287798066, -180, 180};
+    const KRTestTable<QList<double>, QSize, double> table{
+        {"one pixel", world, QSize(1, 1), 1.0},
+        {"wide and low", world, QSize(3000, 3), 1.0},
+        {"narrow and high", world, QSize(3, 3000), 1.0},
+        {"factor 0", world, QSize(200, 100), 0.0},
+        {"factor not a number", world, QSize(200, 100), std::numeric_limits<double>::quiet_NaN()},
+        {"huge factor", world, QSize(200, 100), 1e9},
+        {"beyond the map", QList<double>{86, 89, 10, 20}, QSize(200, 100), 1.0},
+        {"up to the pole", QList<double>{80, 89.9999, 10, 20}, QSize(200, 100), 1.0},
+        {"a metre", QList<double>{53.14, 53.14001, 8.2, 8.20001}, QSize(2000, 1000), 1.0},
+        {"a thousandth of a millimetre", QList<double>{53.14, 53.14000000001, 8.2, 8.20000000001}, QSize(200, 100),
+         1.0},
+    };
+    table.forEach([](const QList<double> &area, const QSize &size, double factor) {
+        const QImage image = picture(area, size, factor);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x)
+                QVERIFY2(qAlpha(image.pixel(x, y)) == 255, "a hole in the ground");
+        }
+    });
 }
 
 void tst_KRBaseMap::nothingToDraw()

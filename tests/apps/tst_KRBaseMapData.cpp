@@ -2,6 +2,7 @@
 #include "KRPolygon.h"
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -11,7 +12,6 @@ class tst_KRBaseMapData : public QObject
 
 private slots:
     void countries();
-    void names_data();
     void names();
     void nothingJumps();
     void landAtTheDateLine();
@@ -46,25 +46,21 @@ void tst_KRBaseMapData::countries()
     }
 }
 
-void tst_KRBaseMapData::names_data()
-{
-    QTest::addColumn<QByteArray>("english");
-    QTest::addColumn<QString>("german");
-    QTest::newRow("translated") << QByteArray("Germany") << QStringLiteral("Deutschland");
-    QTest::newRow("umlaut") << QByteArray("Austria") << QStringLiteral("Österreich");
-    QTest::newRow("abbreviated in the data")
-        << QByteArray("Democratic Republic of the Congo") << QStringLiteral("Demokratische Republik Kongo");
-    QTest::newRow("without a number in the data") << QByteArray("Kosovo") << QStringLiteral("Kosovo");
-    QTest::newRow("number of another country in the data")
-        << QByteArray("Ashmore and Cartier Islands") << QStringLiteral("Ashmore- und Cartierinseln");
-}
-
 void tst_KRBaseMapData::names()
 {
-    QFETCH(QByteArray, english);
-    const KRBaseMapCountry *const country = find(english.constData());
-    QVERIFY(country);
-    QTEST(country->germanName, "german");
+    const KRTestTable<QByteArray, QString> table{
+        {"translated", "Germany", QStringLiteral("Deutschland")},
+        {"umlaut", "Austria", QStringLiteral("Österreich")},
+        {"abbreviated in the data", "Democratic Republic of the Congo", QStringLiteral("Demokratische Republik Kongo")},
+        {"without a number in the data", "Kosovo", QStringLiteral("Kosovo")},
+        {"number of another country in the data", "Ashmore and Cartier Islands",
+         QStringLiteral("Ashmore- und Cartierinseln")},
+    };
+    table.forEach([&](const QByteArray &english, const QString &german) {
+        const KRBaseMapCountry *const country = find(english.constData());
+        QVERIFY(country);
+        QCOMPARE(country->germanName, german);
+    });
 }
 
 void tst_KRBaseMapData::nothingJumps()

@@ -3,6 +3,7 @@
 
 #include "KREnglishTexts.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -11,7 +12,6 @@ class tst_KRBaseMapGraticule : public QObject
     Q_OBJECT
 
 private slots:
-    void texts_data();
     void texts();
     void inEnglish();
     void linesKeepTheirDistance();
@@ -38,33 +38,27 @@ QStringList tst_KRBaseMapGraticule::texts(const QVector<KRBaseMapGraticule::Line
     return texts;
 }
 
-void tst_KRBaseMapGraticule::texts_data()
-{
-    QTest::addColumn<QList<double>>("area");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QString>("meridians");
-    QTest::addColumn<QString>("parallels");
-    QTest::newRow("country") << QList<double>{52.5, 54.5, 7.5, 10.5} << QSize(360, 400)
-                             << QStringLiteral("8° O, 9° O, 10° O") << QStringLiteral("53° N, 54° N");
-    QTest::newRow("around the zero point") << QList<double>{-1.5, 1.5, -1.5, 1.5} << QSize(400, 400)
-                                           << QStringLiteral("1° W, 0°, 1° O") << QStringLiteral("1° S, 0°, 1° N");
-    QTest::newRow("across the date line") << QList<double>{-1.5, 1.5, 178.5, -178.5} << QSize(400, 400)
-                                          << QStringLiteral("179° O, 180°, 179° W") << QStringLiteral("1° S, 0°, 1° N");
-    QTest::newRow("minutes") << QList<double>{53.09, 53.14, 8.01, 8.14} << QSize(500, 330)
-                             << QStringLiteral("8° 02′ O, 8° 04′ O, 8° 06′ O, 8° 08′ O")
-                             << QStringLiteral("53° 06′ N, 53° 08′ N");
-    QTest::newRow("seconds, south-west") << QList<double>{-0.00095, -0.0001, -0.0012, -0.0001} << QSize(500, 386)
-                                         << QStringLiteral("0° 00′ 04″ W, 0° 00′ 03″ W, 0° 00′ 02″ W, 0° 00′ 01″ W")
-                                         << QStringLiteral("0° 00′ 03″ S, 0° 00′ 02″ S, 0° 00′ 01″ S");
-}
-
 void tst_KRBaseMapGraticule::texts()
 {
-    QFETCH(QList<double>, area);
-    QFETCH(QSize, size);
-    const KRBaseMapGraticule graticule(view(area.at(0), area.at(1), area.at(2), area.at(3), size));
-    QTEST(texts(graticule.meridians()).join(QStringLiteral(", ")), "meridians");
-    QTEST(texts(graticule.parallels()).join(QStringLiteral(", ")), "parallels");
+    const KRTestTable<QList<double>, QSize, QString, QString> table{
+        {"country", QList<double>{52.5, 54.5, 7.5, 10.5}, QSize(360, 400), QStringLiteral("8° O, 9° O, 10° O"),
+         QStringLiteral("53° N, 54° N")},
+        {"around the zero point", QList<double>{-1.5, 1.5, -1.5, 1.5}, QSize(400, 400),
+         QStringLiteral("1° W, 0°, 1° O"), QStringLiteral("1° S, 0°, 1° N")},
+        {"across the date line", QList<double>{-1.5, 1.5, 178.5, -178.5}, QSize(400, 400),
+         QStringLiteral("179° O, 180°, 179° W"), QStringLiteral("1° S, 0°, 1° N")},
+        {"minutes", QList<double>{53.09, 53.14, 8.01, 8.14}, QSize(500, 330),
+         QStringLiteral("8° 02′ O, 8° 04′ O, 8° 06′ O, 8° 08′ O"), QStringLiteral("53° 06′ N, 53° 08′ N")},
+        {"seconds, south-west", QList<double>{-0.00095, -0.0001, -0.0012, -0.0001}, QSize(500, 386),
+         QStringLiteral("0° 00′ 04″ W, 0° 00′ 03″ W, 0° 00′ 02″ W, 0° 00′ 01″ W"),
+         QStringLiteral("0° 00′ 03″ S, 0° 00′ 02″ S, 0° 00′ 01″ S")},
+    };
+    table.forEach(
+        [&](const QList<double> &area, const QSize &size, const QString &meridians, const QString &parallels) {
+            const KRBaseMapGraticule graticule(view(area.at(0), area.at(1), area.at(2), area.at(3), size));
+            QCOMPARE(texts(graticule.meridians()).join(QStringLiteral(", ")), meridians);
+            QCOMPARE(texts(graticule.parallels()).join(QStringLiteral(", ")), parallels);
+        });
 }
 
 void tst_KRBaseMapGraticule::inEnglish()

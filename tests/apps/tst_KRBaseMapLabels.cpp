@@ -5,6 +5,7 @@
 #include "KRMapLabelBoard.h"
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QPainter>
 #include <QtTest>
@@ -14,10 +15,8 @@ class tst_KRBaseMapLabels : public QObject
     Q_OBJECT
 
 private slots:
-    void countriesInView_data();
     void countriesInView();
     void germanyIsNamedInGermany();
-    void labelsAreApartAndInside_data();
     void labelsAreApartAndInside();
     void countryThatFillsTheMap();
     void places();
@@ -51,40 +50,30 @@ QStringList tst_KRBaseMapLabels::texts(const QVector<KRMapLabel> &labels)
     return texts;
 }
 
-void tst_KRBaseMapLabels::countriesInView_data()
+void tst_KRBaseMapLabels::countriesInView()
 {
-    QTest::addColumn<QList<double>>("area");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<bool>("isGerman");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("count");
     const QList<double> europe{34, 71, -25, 45};
     const QList<double> fiji{-22, -10, 174, -168};
     const QList<double> world{-85.05, 85.05, -180, 180};
     const QSize large(1200, 1000);
-    QTest::newRow("in German") << europe << large << true << QStringLiteral("Deutschland") << 1;
-    QTest::newRow("in English") << europe << large << false << QStringLiteral("Germany") << 1;
-    QTest::newRow("in two lines") << europe << large << false << QStringLiteral("United Kingdom") << 1;
-    QTest::newRow("too small here") << europe << large << false << QStringLiteral("Luxembourg") << 0;
-    QTest::newRow("too small, enlarged") << QList<double>{49, 50.5, 5, 7} << large << false
-                                         << QStringLiteral("Luxembourg") << 1;
-    QTest::newRow("not in view") << europe << large << true << QStringLiteral("Australien") << 0;
-    QTest::newRow("only its edge in view")
-        << QList<double>{50, 54, 13, 19} << QSize(700, 500) << true << QStringLiteral("Deutschland") << 1;
-    QTest::newRow("on both sides of the date line") << fiji << large << true << QStringLiteral("Fidschi") << 1;
-    QTest::newRow("small island") << fiji << large << true << QStringLiteral("Niue") << 1;
-    QTest::newRow("no small island on the world map") << world << large << true << QStringLiteral("Niue") << 0;
-    QTest::newRow("each copy of the world") << world << QSize(2100, 700) << true << QStringLiteral("Australien") << 3;
-}
-
-void tst_KRBaseMapLabels::countriesInView()
-{
-    QFETCH(QList<double>, area);
-    QFETCH(QSize, size);
-    QFETCH(bool, isGerman);
-    QFETCH(QString, name);
-    const auto language = isGerman ? KRBaseMapCountryLabels::German : KRBaseMapCountryLabels::English;
-    QTEST(int(texts(countryLabels(view(area, size), language)).count(name)), "count");
+    const KRTestTable<QList<double>, QSize, bool, QString, int> table{
+        {"in German", europe, large, true, QStringLiteral("Deutschland"), 1},
+        {"in English", europe, large, false, QStringLiteral("Germany"), 1},
+        {"in two lines", europe, large, false, QStringLiteral("United Kingdom"), 1},
+        {"too small here", europe, large, false, QStringLiteral("Luxembourg"), 0},
+        {"too small, enlarged", QList<double>{49, 50.5, 5, 7}, large, false, QStringLiteral("Luxembourg"), 1},
+        {"not in view", europe, large, true, QStringLiteral("Australien"), 0},
+        {"only its edge in view", QList<double>{50, 54, 13, 19}, QSize(700, 500), true, QStringLiteral("Deutschland"),
+         1},
+        {"on both sides of the date line", fiji, large, true, QStringLiteral("Fidschi"), 1},
+        {"small island", fiji, large, true, QStringLiteral("Niue"), 1},
+        {"no small island on the world map", world, large, true, QStringLiteral("Niue"), 0},
+        {"each copy of the world", world, QSize(2100, 700), true, QStringLiteral("Australien"), 3},
+    };
+    table.forEach([&](const QList<double> &area, const QSize &size, bool isGerman, const QString &name, int count) {
+        const auto language = isGerman ? KRBaseMapCountryLabels::German : KRBaseMapCountryLabels::English;
+        QCOMPARE(int(texts(countryLabels(view(area, size), language)).count(name)), count);
+    });
 }
 
 void tst_KRBaseMapLabels::germanyIsNamedInGermany()
@@ -105,32 +94,24 @@ void tst_KRBaseMapLabels::germanyIsNamedInGermany()
     }
 }
 
-void tst_KRBaseMapLabels::labelsAreApartAndInside_data()
-{
-    QTest::addColumn<QList<double>>("area");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<int>("atLeast");
-    QTest::newRow("world") << QList<double>{-60, 78, -180, 180} << QSize(1600, 800) << 1.0 << 40;
-    QTest::newRow("Caribbean") << QList<double>{9, 28, -90, -58} << QSize(1200, 800) << 1.0 << 25;
-    QTest::newRow("high density") << QList<double>{34, 71, -25, 45} << QSize(2400, 2000) << 2.0 << 30;
-    QTest::newRow("narrow") << QList<double>{30, 60, 8, 12} << QSize(60, 1400) << 1.0 << 1;
-    QTest::newRow("one pixel") << QList<double>{-60, 78, -180, 180} << QSize(1, 1) << 1.0 << 0;
-}
-
 void tst_KRBaseMapLabels::labelsAreApartAndInside()
 {
-    QFETCH(QList<double>, area);
-    QFETCH(QSize, size);
-    QFETCH(double, factor);
-    QFETCH(int, atLeast);
-    const QVector<KRMapLabel> labels = countryLabels(view(area, size, factor), KRBaseMapCountryLabels::English);
-    QVERIFY2(labels.size() >= atLeast, qPrintable(QString::number(labels.size())));
-    for (int i = 0; i < labels.size(); ++i) {
-        QVERIFY(QRectF(QPointF(), size).contains(labels.at(i).box()));
-        for (int j = 0; j < i; ++j)
-            QVERIFY(!labels.at(i).box().intersects(labels.at(j).box()));
-    }
+    const KRTestTable<QList<double>, QSize, double, int> table{
+        {"world", QList<double>{-60, 78, -180, 180}, QSize(1600, 800), 1.0, 40},
+        {"Caribbean", QList<double>{9, 28, -90, -58}, QSize(1200, 800), 1.0, 25},
+        {"high density", QList<double>{34, 71, -25, 45}, QSize(2400, 2000), 2.0, 30},
+        {"narrow", QList<double>{30, 60, 8, 12}, QSize(60, 1400), 1.0, 1},
+        {"one pixel", QList<double>{-60, 78, -180, 180}, QSize(1, 1), 1.0, 0},
+    };
+    table.forEach([&](const QList<double> &area, const QSize &size, double factor, int atLeast) {
+        const QVector<KRMapLabel> labels = countryLabels(view(area, size, factor), KRBaseMapCountryLabels::English);
+        QVERIFY2(labels.size() >= atLeast, qPrintable(QString::number(labels.size())));
+        for (int i = 0; i < labels.size(); ++i) {
+            QVERIFY(QRectF(QPointF(), size).contains(labels.at(i).box()));
+            for (int j = 0; j < i; ++j)
+                QVERIFY(!labels.at(i).box().intersects(labels.at(j).box()));
+        }
+    });
 }
 
 void tst_KRBaseMapLabels::countryThatFillsTheMap()

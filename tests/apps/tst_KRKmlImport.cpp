@@ -4,6 +4,7 @@
 #include "KRTemporarySettings.h"
 #include "KRTestArchive.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRLogger.h>
@@ -37,16 +38,12 @@ private slots:
     void keepsTimes();
     void joinsSegments();
     void longLine();
-    void styles_data();
     void styles();
     void namesAndDescriptions();
     void logsOnce();
-    void encodings_data();
     void encodings();
-    void choosesDocument_data();
     void choosesDocument();
     void readsArchive();
-    void explains_data();
     void explains();
 
 private:
@@ -159,48 +156,75 @@ void tst_KRKmlImport::longLine()
     QVERIFY(tracks == expected);
 }
 
-void tst_KRKmlImport::styles_data()
+void tst_KRKmlImport::styles()
 {
-    QTest::addColumn<QByteArray>("placemarkContent");
-    QTest::addColumn<QColor>("lineColor");
-    QTest::addColumn<int>("options");
     const QByteArray line = "<LineString><coordinates>1,1 2,1 2,2</coordinates></LineString>";
+    const QByteArray area = "<Polygon><coordinates>1,1 2,1 2,2 1,1</coordinates></Polygon>";
     const QByteArray circle = "<LineString><coordinates>1,1 2,1 2,2 1,1</coordinates></LineString>";
+    const QByteArray blueLine = "<LineStyle><color>ffff0000</color></LineStyle>";
+    const auto map = [](const QByteArray &id, const QByteArray &key, const QByteArray &style) {
+        return "<StyleMap id='" + id + "'><Pair><key>" + key + "</key>" + style + "</Pair></StyleMap>";
+    };
+    const QByteArray styles =
+        map("outer", "normal", "<styleUrl>#map</styleUrl>") + map("odd", "other", "<styleUrl>#red</styleUrl>")
+        + map("circle", "normal", "<styleUrl>#back</styleUrl>") + map("back", "normal", "<styleUrl>#circle</styleUrl>")
+        + map("inside", "normal", "<Style>" + blueLine + "</Style>")
+        + "<Style id='twice'><PolyStyle/></Style><Style id='twice'>" + blueLine
+        + "</Style><gx:CascadingStyle kml:id='cascading'><styleUrl>http://other#main</styleUrl><Style>" + blueLine
+        + "</Style></gx:CascadingStyle>";
     const int stroke = StrokeDisplayOption;
     const int both = StrokeDisplayOption | FillDisplayOption;
     const QColor red(255, 0, 0);
     const QColor blue(0, 0, 255);
     const QColor standard = KRGPXTrackConfiguration::defaultValue().lineColor();
-    QTest::newRow("shared") << "<styleUrl>#red</styleUrl>" + line << red << both;
-    QTest::newRow("blanks around the reference") << "<styleUrl>\n #red </styleUrl>" + line << red << both;
-    QTest::newRow("map") << "<styleUrl>#map</styleUrl>" + line << red << both;
-    QTest::newRow("closed line is no area") << "<styleUrl>#red</styleUrl>" + circle << red << stroke;
-    QTest::newRow("inline") << "<Style><LineStyle><color>ffff0000</color></LineStyle></Style>" + line << blue << stroke;
-    QTest::newRow("inline over shared")
-        << "<styleUrl>#red</styleUrl><Style><LineStyle><color>ffff0000</color></LineStyle></Style>" + line << blue
-        << both;
-    QTest::newRow("inline map") << "<StyleMap><Pair><key>normal</key><styleUrl>#red</styleUrl></Pair></StyleMap>" + line
-                                << red << both;
-    QTest::newRow("icon") << "<styleUrl>#icon</styleUrl>" + point << QColor(255, 255, 0) << both;
-    QTest::newRow("unknown") << "<styleUrl>http://localhost/a.kml#x</styleUrl>" + line << standard << stroke;
-    QTest::newRow("none") << line << standard << stroke;
-    QTest::newRow("inline without colours") << "<Style><LabelStyle/></Style>" + point << standard << stroke;
-}
-
-void tst_KRKmlImport::styles()
-{
-    QFETCH(QByteArray, placemarkContent);
-    QFETCH(int, options);
-    const KRGPXConfiguredTrackList tracks =
-        read(QStringLiteral("styles.kml"),
-             "<kml><Document><StyleMap id='map'><Pair><key>highlight</key><styleUrl>#icon</styleUrl></Pair><Pair>"
-             "<key>normal</key><styleUrl>#red</styleUrl></Pair></StyleMap>"
-                 + placemark(placemarkContent)
-                 + "<Folder><Style id='red'><LineStyle><color>ff0000ff</color></LineStyle><PolyStyle/></Style>"
-                   "<Style id='icon'><IconStyle><color>ff00ffff</color></IconStyle></Style></Folder></Document></kml>");
-    QCOMPARE(tracks.size(), 1);
-    QTEST(tracks.first().lineColor(), "lineColor");
-    QCOMPARE(int(tracks.first().configuration().currentDisplayOptions().value()), options);
+    const KRTestTable<QByteArray, QColor, int> table{
+        {"shared", "<styleUrl>#red</styleUrl>" + line, red, both},
+        {"blanks around the reference", "<styleUrl>\n #red </styleUrl>" + line, red, both},
+        {"map", "<styleUrl>#map</styleUrl>" + line, red, both},
+        {"closed line is no area", "<styleUrl>#red</styleUrl>" + circle, red, stroke},
+        {"inline", "<Style><LineStyle><color>ffff0000</color></LineStyle></Style>" + line, blue, stroke},
+        {"inline over shared",
+         "<styleUrl>#red</styleUrl><Style><LineStyle><color>ffff0000</color></LineStyle></Style>" + line, blue, both},
+        {"inline map", "<StyleMap><Pair><key>normal</key><styleUrl>#red</styleUrl></Pair></StyleMap>" + line, red,
+         both},
+        {"icon", "<styleUrl>#icon</styleUrl>" + point, QColor(255, 255, 0), both},
+        {"unknown", "<styleUrl>http://localhost/a.kml#x</styleUrl>" + line, standard, stroke},
+        {"none", line, standard, stroke},
+        {"inline without colours", "<Style><LabelStyle/></Style>" + point, standard, stroke},
+        {"without #", "<styleUrl>red</styleUrl>" + line, red, both},
+        {"the last of two", "<styleUrl>#twice</styleUrl>" + line, blue, stroke},
+        {"map of a map", "<styleUrl>#outer</styleUrl>" + line, red, both},
+        {"style inside of a map", "<styleUrl>#inside</styleUrl>" + line, blue, stroke},
+        {"map without a normal style", "<styleUrl>#odd</styleUrl>" + line, red, both},
+        {"maps in a circle end, and say nothing", "<styleUrl>#circle</styleUrl>" + line, QColor(0, 0, 0), stroke},
+        {"cascading style", "<styleUrl>#cascading</styleUrl>" + line, blue, stroke},
+        {"no fill", "<Style>" + blueLine + "<PolyStyle><fill>0</fill></PolyStyle></Style>" + area, blue, stroke},
+        {"no outline", "<Style>" + blueLine + "<PolyStyle><outline> 0 </outline></PolyStyle></Style>" + area,
+         QColor(0, 0, 0), int(FillDisplayOption)},
+        {"neither leaves the outline",
+         "<Style>" + blueLine + "<PolyStyle><fill>false</fill><outline>0</outline></PolyStyle></Style>" + area, blue,
+         stroke},
+        {"no outline means nothing for a line",
+         "<Style>" + blueLine + "<PolyStyle><outline>0</outline></PolyStyle></Style>" + line, blue, both},
+        {"the icon has no part in lines", "<styleUrl>#icon</styleUrl>" + line, QColor(0, 0, 0), stroke},
+        {"a line style goes first", "<styleUrl>#icon</styleUrl><Style>" + blueLine + "</Style>" + point, blue, stroke},
+        {"white says nothing about an icon", "<Style><IconStyle><color>ffFFffff</color></IconStyle></Style>" + point,
+         standard, stroke},
+        {"texts are escaped", "<Style><LineStyle><color>&lt;&amp;</color></LineStyle></Style>" + line, QColor(0, 0, 0),
+         stroke},
+    };
+    table.forEach([&](const QByteArray &placemarkContent, const QColor &lineColor, int options) {
+        const KRGPXConfiguredTrackList tracks = read(
+            QStringLiteral("styles.kml"),
+            "<kml><Document><StyleMap id='map'><Pair><key>highlight</key><styleUrl>#icon</styleUrl></Pair><Pair>"
+            "<key>normal</key><styleUrl>#red</styleUrl></Pair></StyleMap>"
+                + styles + placemark(placemarkContent)
+                + "<Folder><Style id='red'><LineStyle><color>ff0000ff</color></LineStyle><PolyStyle/></Style>"
+                  "<Style id='icon'><IconStyle><color>ff00ffff</color></IconStyle></Style></Folder></Document></kml>");
+        QCOMPARE(tracks.size(), 1);
+        QCOMPARE(tracks.first().lineColor(), lineColor);
+        QCOMPARE(int(tracks.first().configuration().currentDisplayOptions().value()), options);
+    });
 }
 
 void tst_KRKmlImport::namesAndDescriptions()
@@ -208,7 +232,7 @@ void tst_KRKmlImport::namesAndDescriptions()
     const KRGPXConfiguredTrackList tracks =
         read(QStringLiteral("a b.KML"),
              "<kml>" + placemark("<name> </name>" + point)
-                 + placemark("<name>N</name><description><![CDATA[<i>D</i>]]></description><MultiGeometry>" + point
+                 + placemark("<name>\n N </name><description><![CDATA[<i>D</i>]]></description><MultiGeometry>" + point
                              + point + "</MultiGeometry>")
                  + "</kml>");
     QCOMPARE(tracks.size(), 3);
@@ -232,48 +256,41 @@ void tst_KRKmlImport::logsOnce()
     QCOMPARE(lines, expected);
 }
 
-void tst_KRKmlImport::encodings_data()
+void tst_KRKmlImport::encodings()
 {
-    QTest::addColumn<QByteArray>("kml");
     const QString text = QStringLiteral("<kml>%1</kml>").arg(QString::fromUtf8(placemark("<name>Süd</name>" + point)));
     const auto declared = [&text](const char *encoding) {
         return QStringLiteral("<?xml version='1.0' encoding='%1'?>").arg(QLatin1String(encoding)) + text;
     };
-    QTest::newRow("UTF-8") << text.toUtf8();
-    QTest::newRow("UTF-8 with a mark") << "\xEF\xBB\xBF" + declared("UTF-8").toUtf8();
-    QTest::newRow("Latin-1") << declared("ISO-8859-1").toLatin1();
-    QTest::newRow("UTF-16") << QTextCodec::codecForName("UTF-16")->fromUnicode(declared("UTF-16"));
-    QTest::newRow("UTF-16, but not really") << declared("utf-16").toUtf8();
-    QTest::newRow("zero bytes behind the text") << text.toUtf8() + QByteArray(3, '\0');
-}
-
-void tst_KRKmlImport::encodings()
-{
-    QFETCH(QByteArray, kml);
-    const KRGPXConfiguredTrackList tracks = read(QStringLiteral("encoding.kml"), kml);
-    QCOMPARE(tracks.size(), 1);
-    QCOMPARE(tracks.first().name(), QStringLiteral("Süd"));
-    QVERIFY(m_history.isEmpty());
-}
-
-void tst_KRKmlImport::choosesDocument_data()
-{
-    QTest::addColumn<QString>("entries");
-    QTest::addColumn<QString>("documents");
-    const auto row = [](const char *name, const char *entries, const char *documents) {
-        QTest::newRow(name) << QString::fromLatin1(entries) << QString::fromLatin1(documents);
+    const KRTestTable<QByteArray> table{
+        {"UTF-8", text.toUtf8()},
+        {"UTF-8 with a mark", "\xEF\xBB\xBF" + declared("UTF-8").toUtf8()},
+        {"Latin-1", declared("ISO-8859-1").toLatin1()},
+        {"UTF-16", QTextCodec::codecForName("UTF-16")->fromUnicode(declared("UTF-16"))},
+        {"UTF-16, but not really", declared("utf-16").toUtf8()},
+        {"zero bytes behind the text", text.toUtf8() + QByteArray(3, '\0')},
     };
-    row("first in the archive", "images/a.png b.kml doc.kml", "b.kml doc.kml");
-    row("folders and macOS", "__MACOSX/._doc.kml files/ x/doc.kml __MACOSX/x/._doc.kml", "x/doc.kml");
-    row("any case", "a.png DOC.KML b.Kml", "DOC.KML b.Kml");
-    row("the importer's choice goes first", "DOC.KML b.kml", "b.kml DOC.KML");
-    row("none", "a.png kml", "");
+    table.forEach([&](const QByteArray &kml) {
+        const KRGPXConfiguredTrackList tracks = read(QStringLiteral("encoding.kml"), kml);
+        QCOMPARE(tracks.size(), 1);
+        QCOMPARE(tracks.first().name(), QStringLiteral("Süd"));
+        QVERIFY(m_history.isEmpty());
+    });
 }
 
 void tst_KRKmlImport::choosesDocument()
 {
-    QFETCH(QString, entries);
-    QTEST(KRKmzArchive::documents(entries.split(QLatin1Char(' '))).join(QLatin1Char(' ')), "documents");
+    const KRTestTable<const char *, const char *> table{
+        {"first in the archive", "images/a.png b.kml doc.kml", "b.kml doc.kml"},
+        {"folders and macOS", "__MACOSX/._doc.kml files/ x/doc.kml __MACOSX/x/._doc.kml", "x/doc.kml"},
+        {"any case", "a.png DOC.KML b.Kml", "DOC.KML b.Kml"},
+        {"the importer's choice goes first", "DOC.KML b.kml", "b.kml DOC.KML"},
+        {"none", "a.png kml", ""},
+    };
+    table.forEach([](const char *entries, const char *expected) {
+        const QStringList documents = KRKmzArchive::documents(QString::fromLatin1(entries).split(QLatin1Char(' ')));
+        QCOMPARE(documents.join(QLatin1Char(' ')), QString::fromLatin1(expected));
+    });
 }
 
 void tst_KRKmlImport::readsArchive()
@@ -288,26 +305,22 @@ void tst_KRKmlImport::readsArchive()
     QCOMPARE(m_summary, QStringLiteral("1 Netzwerkverweis, 1 weiteres KML-Dokument nicht gezeichnet"));
 }
 
-void tst_KRKmlImport::explains_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("broken") << QStringLiteral("a.kml") << QByteArray("<kml><Placemark>" + point);
-    QTest::newRow("empty") << QStringLiteral("b.kml") << QByteArray();
-    QTest::newRow("no archive") << QStringLiteral("c.kmz") << placemark(point);
-    QTest::newRow("archive without document")
-        << QStringLiteral("d.kmz") << KRTestArchive::bytes({KRTestArchive::stored("a.png", "?")});
-    QTest::newRow("empty document in an archive")
-        << QStringLiteral("e.kmz") << KRTestArchive::bytes({KRTestArchive::stored("a.kml", "")});
-}
-
 void tst_KRKmlImport::explains()
 {
-    QFETCH(QString, name);
-    QFETCH(QByteArray, content);
-    QVERIFY(read(name, content).isEmpty());
-    QCOMPARE(m_history.entries().size(), 1);
-    QCOMPARE(m_history.entries().first().fileName, m_dir.filePath(name));
+    const KRTestTable<QString, QByteArray> table{
+        {"broken", QStringLiteral("a.kml"), QByteArray("<kml><Placemark>" + point)},
+        {"empty", QStringLiteral("b.kml"), {}},
+        {"no archive", QStringLiteral("c.kmz"), placemark(point)},
+        {"archive without document", QStringLiteral("d.kmz"),
+         KRTestArchive::bytes({KRTestArchive::stored("a.png", "?")})},
+        {"empty document in an archive", QStringLiteral("e.kmz"),
+         KRTestArchive::bytes({KRTestArchive::stored("a.kml", "")})},
+    };
+    table.forEach([&](const QString &name, const QByteArray &content) {
+        QVERIFY(read(name, content).isEmpty());
+        QCOMPARE(m_history.entries().size(), 1);
+        QCOMPARE(m_history.entries().first().fileName, m_dir.filePath(name));
+    });
 }
 
 static const KRTestRegistration<tst_KRKmlImport> registration;

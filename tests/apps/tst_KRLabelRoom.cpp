@@ -2,6 +2,7 @@
 #include "KRMapLabelBoard.h"
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -10,7 +11,6 @@ class tst_KRLabelRoom : public QObject
     Q_OBJECT
 
 private slots:
-    void middleLiesInside_data();
     void middleLiesInside();
     void placesLieInside();
     void noPlaceForLargeBoxes();
@@ -24,25 +24,20 @@ private:
     }
 };
 
-void tst_KRLabelRoom::middleLiesInside_data()
-{
-    QTest::addColumn<QPolygonF>("shape");
-    QTest::addColumn<QPointF>("expected");
-    QTest::newRow("square") << QPolygonF({{0, 0}, {10, 0}, {10, 10}, {0, 10}}) << QPointF(5, 5);
-    // The centroid of the horseshoe lies in its opening; its foot is the widest place.
-    QTest::newRow("horseshoe") << QPolygonF(
-        {{0, 0}, {10, 0}, {10, 80}, {90, 80}, {90, 0}, {100, 0}, {100, 100}, {0, 100}})
-                               << QPointF(50, 81.25);
-    QTest::newRow("without area") << QPolygonF({{3, 4}, {5, 4}, {7, 4}}) << QPointF(5, 4);
-}
-
 void tst_KRLabelRoom::middleLiesInside()
 {
-    QFETCH(QPolygonF, shape);
-    QFETCH(QPointF, expected);
-    const QPointF middle = KRLabelRoom(shape).middle();
-    QVERIFY2(QLineF(middle, expected).length() < 1e-6,
-             qPrintable(QStringLiteral("%1 %2").arg(middle.x()).arg(middle.y())));
+    const KRTestTable<QPolygonF, QPointF> table{
+        {"square", QPolygonF({{0, 0}, {10, 0}, {10, 10}, {0, 10}}), QPointF(5, 5)},
+        // The centroid of the horseshoe lies in its opening; its foot is the widest place.
+        {"horseshoe", QPolygonF({{0, 0}, {10, 0}, {10, 80}, {90, 80}, {90, 0}, {100, 0}, {100, 100}, {0, 100}}),
+         QPointF(50, 81.25)},
+        {"without area", QPolygonF({{3, 4}, {5, 4}, {7, 4}}), QPointF(5, 4)},
+    };
+    table.forEach([](const QPolygonF &shape, QPointF expected) {
+        const QPointF middle = KRLabelRoom(shape).middle();
+        QVERIFY2(QLineF(middle, expected).length() < 1e-6,
+                 qPrintable(QStringLiteral("%1 %2").arg(middle.x()).arg(middle.y())));
+    });
 }
 
 void tst_KRLabelRoom::placesLieInside()

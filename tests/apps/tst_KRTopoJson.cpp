@@ -12,8 +12,6 @@ private slots:
     void decodesQuantisedArcs();
     void joinsArcsOfNeighbours();
     void dropsPolygonsWithUnknownArcs();
-    void unreadable_data();
-    void unreadable();
 
 private:
     static KRTopoJson twoSquares();
@@ -58,24 +56,6 @@ void tst_KRTopoJson::dropsPolygonsWithUnknownArcs()
     QCOMPARE(features.at(1).name, QStringLiteral("East"));
     QCOMPARE(features.at(1).polygons.size(), 1);
     QVERIFY(twoSquares().features(QStringLiteral("rivers")).isEmpty());
-}
-
-void tst_KRTopoJson::unreadable_data()
-{
-    QTest::addColumn<QByteArray>("json");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no JSON") << QByteArray("<svg/>");
-    QTest::newRow("other JSON") << QByteArray("[1, 2]");
-    QTest::newRow("cut off") << QByteArray(R"({"transform": {"scale": [1, 1], "translate": [0, 0]}, "arcs": [[[1,)");
-    QTest::newRow("not quantised") << QByteArray(R"({"arcs": [[[1, 1], [2, 2]]]})");
-}
-
-void tst_KRTopoJson::unreadable()
-{
-    QFETCH(QByteArray, json);
-    const KRTopoJson topology = KRTopoJson::parse(json);
-    QVERIFY(!topology.isValid());
-    QVERIFY(topology.features(QStringLiteral("countries")).isEmpty());
 }
 
 static const KRTestRegistration<tst_KRTopoJson> registration;
