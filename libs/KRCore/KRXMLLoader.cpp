@@ -8,6 +8,10 @@
 #include <QDomDocument>
 #include <QFileInfo>
 
+#include <array>
+#include <cstring>
+#include <utility>
+
 namespace {
 
 ushort codeOf(char byte)
@@ -46,6 +50,24 @@ uint codeOfReference(const Text &xml, int place, int *end)
     return standsAt(xml, *end, ";") ? xml.mid(digits, length).toUInt(nullptr, isHexadecimal ? 16 : 10) : 0;
 }
 
+/// Where a section at @p place ends in which nothing is a reference: a comment, CDATA or an instruction; @p place if
+/// there is none.
+template <typename Text>
+int endOfLiteralSection(const Text &xml, int place)
+{
+    constexpr std::array<std::pair<const char *, const char *>, 3> sections{
+        {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}}};
+    for (const auto &[opening, closing] : sections) {
+        if (!standsAt(xml, place, opening))
+            continue;
+        int end = place + int(std::strlen(opening));
+        while (end < xml.size() && !standsAt(xml, end, closing))
+            ++end;
+        return end;
+    }
+    return place;
+}
+
 /**
  * Writes each character reference beyond U+FFFF as the references of its two surrogates.
  *
@@ -56,13 +78,11 @@ Text withSurrogateReferences(const Text &xml)
 {
     Text result;
     int copied = 0;
-    bool isCData = false;
     for (int i = 0; i < xml.size(); ++i) {
-        if (isCData) {
-            isCData = !standsAt(xml, i, "]]>");
-        } else if (standsAt(xml, i, "<![CDATA[")) {
-            isCData = true;
-        } else if (standsAt(xml, i, "&#")) {
+        const ushort character = codeOf(xml.at(i));
+        if (character == '<') {
+            i = endOfLiteralSection(xml, i);
+        } else if (character == '&' && standsAt(xml, i, "&#")) {
             int end = 0;
             const uint code = codeOfReference(xml, i, &end);
             if (!QChar::requiresSurrogates(code) || code > QChar::LastValidCodePoint)
