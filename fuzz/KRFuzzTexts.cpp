@@ -42,7 +42,9 @@ QString brokenByCoordinate(const Coordinate &coordinate, const Coordinate &safe)
     // Intended: a letter for the shorter way round the globe, with the plain number behind it.
     if (!coordinate.isInValidRange())
         return QString();
-    return Coordinate::parse(coordinate.toString(false)) == coordinate && !coordinate.toString(true).isEmpty()
+    // The same place: 180 West is written as 180 East.
+    const KRGeoArc difference = Coordinate::parse(coordinate.toString(false)).absDistance(coordinate);
+    return (difference == 0.0 || difference == 360.0) && !coordinate.toString(true).isEmpty()
                ? QString()
                : QStringLiteral("A coordinate reads as it was written.");
 }
