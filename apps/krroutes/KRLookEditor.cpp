@@ -116,7 +116,7 @@ void KRLookEditor::buildShapeRows(QFormLayout *form)
     m_warningLabel = new QLabel;
     m_warningLabel->setWordWrap(true);
     m_warningLabel->setObjectName(QStringLiteral("warningLabel"));
-    addRow(form, tr("F&orm:"), m_chooser, QString());
+    addRow(form, tr("For&m:"), m_chooser, QString());
     form->addRow(QString(), m_shapeLabel);
     form->addRow(m_warningLabel);
     connect(m_chooser, &KRFullShapeChooser::shapeChosen, this, &KRLookEditor::takeShape);
@@ -130,10 +130,10 @@ void KRLookEditor::buildLineRows(QFormLayout *form)
     m_penStyleBox = new KRPenStyleBox;
     m_haloWidthBox = new KRSliderSpinBox(largestWidth, usualHaloWidth, tr(" px"));
     form->addRow(m_strokeBox);
-    addRow(form, tr("Linien&farbe:"), m_lineColorButton, QString());
-    addRow(form, tr("&Breite:"), m_lineWidthBox, tr("Breite der Linie, bei Punkten auch die Größe des Zeichens"));
+    addRow(form, tr("Linie&nfarbe:"), m_lineColorButton, QString());
+    addRow(form, tr("Bre&ite:"), m_lineWidthBox, tr("Breite der Linie, bei Punkten auch die Größe des Zeichens"));
     addRow(form, tr("&Strichart:"), m_penStyleBox, tr("Wie die Linie gestrichelt wird"));
-    addRow(form, tr("&Hof:"), m_haloWidthBox, tr("Breite des Hofes um die Linie; 0 für keinen"));
+    addRow(form, tr("H&of:"), m_haloWidthBox, tr("Breite des Hofes um die Linie; 0 für keinen"));
 
     connect(m_strokeBox, &QCheckBox::toggled, this, [this](bool isOn) { takeOption(StrokeDisplayOption, isOn); });
     edit(m_lineColorButton, &KRColorButton::colorChanged,
@@ -152,7 +152,7 @@ void KRLookEditor::buildAreaRows(QFormLayout *form)
     m_fillBox->setToolTip(tr("Nur Flächen und Punkte können gefüllt werden."));
     m_fillColorButton = new KRColorButton(tr("Farbe der Füllung"));
     form->addRow(m_fillBox);
-    addRow(form, tr("Füllf&arbe:"), m_fillColorButton, QString());
+    addRow(form, tr("&Füllfarbe:"), m_fillColorButton, QString());
     m_fillColorLabel = form->labelForField(m_fillColorButton);
 
     connect(m_fillBox, &QCheckBox::toggled, this, [this](bool isOn) { takeOption(FillDisplayOption, isOn); });
@@ -181,7 +181,7 @@ void KRLookEditor::buildSmoothingRows(QFormLayout *form)
 
 QWidget *KRLookEditor::buildButtons()
 {
-    auto *const all = new QPushButton(tr("Für alle &Routen"));
+    auto *const all = new QPushButton(tr("Für all&e Routen"));
     all->setToolTip(tr("Gibt allen Routen dieses Aussehen."));
     auto *const byDefault = new QPushButton(tr("Als S&tandard"));
     byDefault->setToolTip(tr("Gibt neuen Routen dieses Aussehen."));

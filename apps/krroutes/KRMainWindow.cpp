@@ -122,13 +122,17 @@ void KRMainWindow::closeEvent(QCloseEvent *event)
 
 void KRMainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!localFiles(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    if (localFiles(event->mimeData()).isEmpty())
+        return;
+    // Never a move, after which the other program would delete the files.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void KRMainWindow::dropEvent(QDropEvent *event)
 {
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     // Later, since the program that the files come from waits until this returns.
     QMetaObject::invokeMethod(
         this, [this, files = localFiles(event->mimeData())] { openFiles(files); }, Qt::QueuedConnection);
@@ -372,12 +376,17 @@ void KRMainWindow::moveFocus(int step)
     const auto hasFocus = [](const QWidget *area) {
         return area->hasFocus() || area->isAncestorOf(QApplication::focusWidget());
     };
-    const int start = int(std::find_if(areas.cbegin(), areas.cend(), hasFocus) - areas.cbegin());
-    int index = start;
-    do {
+    const auto present = std::find_if(areas.cbegin(), areas.cend(), hasFocus);
+    // From elsewhere forwards to the first, backwards to the last.
+    int index = present != areas.cend() ? int(present - areas.cbegin()) : step > 0 ? -1 : 0;
+    for (int i = 0; i < areas.size(); ++i) {
         index = (index + step + areas.size()) % areas.size();
-    } while (index != start && (areas.at(index)->visibleRegion().isEmpty() || !areas.at(index)->isEnabled()));
-    areas.at(index)->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        QWidget *const area = areas.at(index);
+        if (area->visibleRegion().isEmpty() || !area->isEnabled())
+            continue;
+        area->setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return;
+    }
 }
 
 void KRMainWindow::showAbout()

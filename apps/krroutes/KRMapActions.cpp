@@ -15,7 +15,7 @@ KRMapActions::KRMapActions(KRMapView *map, QMainWindow *window)
                                            QKeySequence(Qt::CTRL + Qt::Key_0))),
       m_zoomInAction(KRViewerAction::make(window, QStringLiteral("ico_zoom_in"), tr("Ver&größern"))),
       m_zoomOutAction(
-          KRViewerAction::make(window, QStringLiteral("ico_zoom_out"), tr("Ver&kleinern"), QKeySequence::ZoomOut)),
+          KRViewerAction::make(window, QStringLiteral("ico_zoom_out"), tr("V&erkleinern"), QKeySequence::ZoomOut)),
       m_labelsAction(KRViewerAction::make(window, QStringLiteral("ico_labels"), tr("Na&men der Routen"),
                                           QKeySequence(Qt::CTRL + Qt::Key_B))),
       m_legendAction(KRViewerAction::make(window, QStringLiteral("ico_legend"), tr("&Legende"),

@@ -30,7 +30,7 @@ QVector<KRBaseMapPlace> placesFor(const QString &text)
 
 KRPlacesPanel::KRPlacesPanel(QWidget *parent)
     : QWidget(parent), m_search(new QLineEdit), m_list(new QListWidget), m_nothingFound(new QLabel),
-      m_addButton(new QPushButton(tr("Als Punkt &einfügen")))
+      m_addButton(new QPushButton(tr("Als Pun&kt einfügen")))
 {
     m_search->setPlaceholderText(tr("Ort oder Koordinaten"));
     m_search->setAccessibleName(m_search->placeholderText());

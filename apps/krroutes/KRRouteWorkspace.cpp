@@ -136,6 +136,9 @@ bool KRRouteWorkspace::recover(const QString &recoveryFile, const QString &fileN
     if (!fileName.isEmpty())
         registerUnreadableFiles(document.selection(), KRRouteDocument::trackFolder(QFileInfo(fileName)));
     replaceDocument(document.selection(), fileName);
+    // A document written after the crash holds what this one does not.
+    if (QFileInfo(recoveryFile).lastModified() < m_fileTime)
+        m_fileTime = QDateTime();
     m_undoStack.resetClean();
     return true;
 }
@@ -151,8 +154,10 @@ void KRRouteWorkspace::push(const KRGPXTrackSelection &selection, const QString 
 {
     if (selection == m_selection)
         return;
+    // The menus take a single one for the mark of a key.
+    const QString menuText = QString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
     const auto apply = [this](const KRGPXTrackSelection &shown) { show(shown); };
-    m_undoStack.push(new KRSelectionChange(m_selection, selection, text, apply, kind, row));
+    m_undoStack.push(new KRSelectionChange(m_selection, selection, menuText, apply, kind, row));
 }
 
 void KRRouteWorkspace::show(const KRGPXTrackSelection &selection)

@@ -22,10 +22,10 @@ KRViewerDocks::KRViewerDocks(KRRouteWorkspace *workspace, QMainWindow *window)
       m_cropping(new KRCroppingControl), m_look(new KRLookEditor), m_places(new KRPlacesPanel),
       m_profile(new KRProfileView), m_figures(new KRFiguresPanel),
       m_trackDock(addDock(Qt::LeftDockWidgetArea, QStringLiteral("tracks"), tr("&Routen"), createTrackPanel())),
-      m_lookDock(addDock(Qt::RightDockWidgetArea, QStringLiteral("look"), tr("&Aussehen"), createLookPanel())),
+      m_lookDock(addDock(Qt::RightDockWidgetArea, QStringLiteral("look"), tr("A&ussehen"), createLookPanel())),
       m_placesDock(addDock(Qt::RightDockWidgetArea, QStringLiteral("places"), tr("&Orte"), m_places)),
       m_profileDock(addDock(Qt::BottomDockWidgetArea, QStringLiteral("profile"), tr("&Höhenprofil"), m_profile)),
-      m_figuresDock(addDock(Qt::LeftDockWidgetArea, QStringLiteral("figures"), tr("&Kennzahlen"), m_figures))
+      m_figuresDock(addDock(Qt::LeftDockWidgetArea, QStringLiteral("figures"), tr("Kenn&zahlen"), m_figures))
 {
     arrange();
     connect(workspace, &KRRouteWorkspace::selectionChanged, this, &KRViewerDocks::showCurrentTrack);

@@ -206,7 +206,15 @@ void tst_KRAutosave::recoveredDocumentRefersToItsUnreadableFiles()
     const auto folders = KRRecoveryFolder::leftBehind(afterCrash());
     KRRouteWorkspace recovered;
     QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
+    QVERIFY(!recovered.isChangedOutside());
     QVERIFY(recovered.save(document, nullptr));
+    // Put off until the document has been worked on once more: what was saved then is not replaced unasked.
+    QFile saved(document);
+    QVERIFY(saved.open(QIODevice::ReadWrite));
+    QVERIFY(saved.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+    saved.close();
+    QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
+    QVERIFY(recovered.isChangedOutside());
     QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
     QVERIFY(damaged.open(QIODevice::ReadOnly));
     QCOMPARE(damaged.readAll(), QByteArray("<includedTrack><trk>"));

@@ -15,7 +15,10 @@
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPrintPreviewDialog>
@@ -90,6 +93,7 @@ private slots:
     void placesAndFlightLinesAreAdded();
     void mapIsExportedAndPrinted();
     void everyAreaIsReachedByKey();
+    void noKeyStandsForTwoThings();
     void windowIsRemembered();
     void unsavedWorkIsOfferedAfterACrash();
 
@@ -297,8 +301,10 @@ void tst_KRMainWindow::filesAreDropped()
     QDragEnterEvent entering(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(m_window.get(), &entering);
     QVERIFY(entering.isAccepted());
-    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, Qt::ShiftModifier);
+    drop.setDropAction(Qt::MoveAction);
     QCoreApplication::sendEvent(m_window.get(), &drop);
+    QCOMPARE(drop.dropAction(), Qt::CopyAction); // or the file manager deletes the files
     QTRY_VERIFY(!names().isEmpty());
     QCOMPARE(m_window->workspace()->undoStack()->count(), 1);
     QVERIFY(m_window->workspace()->undoStack()->undoText().contains(QString::number(names().size())));
@@ -450,6 +456,40 @@ void tst_KRMainWindow::everyAreaIsReachedByKey()
     QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(m_window->map()));
     key(Qt::Key_F6, Qt::ShiftModifier);
     QVERIFY(QApplication::focusWidget() != m_window->map());
+}
+
+void tst_KRMainWindow::noKeyStandsForTwoThings()
+{
+    const auto ambiguous = [](const QStringList &texts) {
+        QMultiMap<QString, QString> textsOfKeys;
+        for (const QString &text : texts)
+            textsOfKeys.insert(QKeySequence::mnemonic(text).toString(), text);
+        QStringList found;
+        for (const QString &key : textsOfKeys.uniqueKeys()) {
+            if (!key.isEmpty() && textsOfKeys.count(key) > 1)
+                found += textsOfKeys.values(key);
+        }
+        return found.join(QLatin1Char(' '));
+    };
+    const auto textsOf = [](const QWidget *menu) {
+        QStringList texts;
+        for (const QAction *action : menu->actions())
+            texts += action->text();
+        return texts;
+    };
+    m_window->workspace()->addTracks({KRGPXConfiguredTrack()}, QStringLiteral("Hin & zurück"));
+    for (const QMenu *menu : m_window->findChildren<QMenu *>())
+        QCOMPARE(ambiguous(textsOf(menu)), QString());
+
+    QStringList texts = textsOf(m_window->menuBar());
+    for (const QLabel *label : m_window->findChildren<QLabel *>()) {
+        if (label->buddy() != nullptr)
+            texts += label->text();
+    }
+    for (const QAbstractButton *button : m_window->findChildren<QAbstractButton *>())
+        texts += button->text();
+    QCOMPARE(ambiguous(texts), QString());
+    QCOMPARE(m_window->workspace()->undoStack()->undoText(), QStringLiteral("Hin && zurück"));
 }
 
 void tst_KRMainWindow::windowIsRemembered()
