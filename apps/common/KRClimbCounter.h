@@ -22,6 +22,7 @@ public:
     qint64 descentMetres() const { return m_descentMetres + (m_extreme < m_turn ? m_turn - m_extreme : 0); }
 
 private:
+    void leaveStart(int elevationMetres);
     void countToExtreme();
 
     // Files hold elevations up to the ends of int, so differences and sums need more.
@@ -31,4 +32,7 @@ private:
     /// Where the way has turned last, and how far it has come since; both are equal while it has not left that place.
     qint64 m_turn = 0;
     qint64 m_extreme = 0;
+    /// Before the way has left its beginning: how far it has wavered there.
+    qint64 m_lowest = 0;
+    qint64 m_highest = 0;
 };

@@ -6,6 +6,7 @@
 
 #include <QtTest>
 
+#include <algorithm>
 #include <climits>
 
 namespace {
@@ -62,6 +63,8 @@ void tst_KRTrackFigures::climbs_data()
         << QList<int>{100, 110, 107, 120, 117, 130} << qint64(30) << qint64(0) << 100 << 130;
     QTest::newRow("slow rise in small steps")
         << QList<int>{10, 12, 14, 16, 18, 20} << qint64(10) << qint64(0) << 10 << 20;
+    QTest::newRow("slightly down before the rise")
+        << QList<int>{100, 97, 96, 99, 110} << qint64(14) << qint64(0) << 96 << 110;
     QTest::newRow("a turn of five metres counts")
         << QList<int>{100, 120, 115, 125} << qint64(30) << qint64(5) << 100 << 125;
     QTest::newRow("0 is no elevation") << QList<int>{500, 0, 510, 0, 500} << qint64(10) << qint64(10) << 500 << 510;
@@ -83,6 +86,10 @@ void tst_KRTrackFigures::climbs()
     QTEST(figures.highestMetres(), "highest");
     QCOMPARE(figures.hasElevation(), elevations.first() != 0);
     QVERIFY(!figures.hasSpeed());
+    std::reverse(points.begin(), points.end());
+    const KRTrackFigures wayBack = figuresOf({points});
+    QTEST(wayBack.descentMetres(), "climb");
+    QTEST(wayBack.climbMetres(), "descent");
 }
 
 void tst_KRTrackFigures::speeds_data()
