@@ -7,7 +7,9 @@
 #include <QCoreApplication>
 #include <QDomDocument>
 #include <QFileInfo>
+#include <QTextCodec>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <utility>
@@ -35,19 +37,33 @@ bool standsAt(const Text &xml, int place, const char *ascii)
     return true;
 }
 
+/// -1 for what is no digit.
+int digitOf(ushort character, bool isHexadecimal)
+{
+    if (character >= '0' && character <= '9')
+        return character - '0';
+    const int letter = (character | 0x20) - 'a';
+    return isHexadecimal && letter >= 0 && letter < 6 ? 10 + letter : -1;
+}
+
 /// The code that the reference "&#8364;" or "&#x20AC;" at @p place stands for, 0 if there is none; @p end is where its
 /// semicolon stands.
 template <typename Text>
 uint codeOfReference(const Text &xml, int place, int *end)
 {
-    constexpr int mostDigits = 8;
     const bool isHexadecimal = standsAt(xml, place, "&#x");
-    const int digits = place + (isHexadecimal ? 3 : 2);
-    int length = 0;
-    while (length <= mostDigits && digits + length < xml.size() && codeOf(xml.at(digits + length)) != ';')
-        ++length;
-    *end = digits + length;
-    return standsAt(xml, *end, ";") ? xml.mid(digits, length).toUInt(nullptr, isHexadecimal ? 16 : 10) : 0;
+    const uint base = isHexadecimal ? 16 : 10;
+    uint code = 0;
+    int at = place + (isHexadecimal ? 3 : 2);
+    for (; at < xml.size(); ++at) {
+        const int digit = digitOf(codeOf(xml.at(at)), isHexadecimal);
+        if (digit < 0)
+            break;
+        // Beyond all codes it stays there.
+        code = std::min<uint>(code * base + uint(digit), QChar::LastValidCodePoint + 1);
+    }
+    *end = at;
+    return standsAt(xml, at, ";") ? code : 0;
 }
 
 /// Where a section at @p place ends in which nothing is a reference: a comment, CDATA or an instruction; @p place if
@@ -125,6 +141,10 @@ QDomElement KRXMLLoader::loadDocumentElement(const QFileInfo &file, KRErrorHisto
 
 QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QString &fileName, KRErrorHistory *history)
 {
+    // References are looked for in bytes that extend ASCII.
+    const QTextCodec *const codec = QTextCodec::codecForUtfText(xml, nullptr);
+    if (codec && codec->name() != "UTF-8")
+        return documentElement(codec->toUnicode(xml), fileName, history);
     return documentElement(xml, fileName, history);
 }
 
