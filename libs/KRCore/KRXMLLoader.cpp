@@ -112,6 +112,17 @@ Text withSurrogateReferences(const Text &xml)
     return copied == 0 ? xml : result + xml.mid(copied);
 }
 
+/// Of a text in UTF-16 or UTF-32, with a byte-order mark or, in UTF-16, without one; null for any other.
+const QTextCodec *wideCodecOf(const QByteArray &xml)
+{
+    if (xml.startsWith(QByteArray("<\0", 2)))
+        return QTextCodec::codecForName("UTF-16LE");
+    if (xml.startsWith(QByteArray("\0<", 2)))
+        return QTextCodec::codecForName("UTF-16BE");
+    const QTextCodec *const codec = QTextCodec::codecForUtfText(xml, nullptr);
+    return codec && codec->name() != "UTF-8" ? codec : nullptr;
+}
+
 /// Of a text as bytes or as characters.
 template <typename Text>
 QDomElement documentElement(const Text &source, const QString &fileName, KRErrorHistory *history)
@@ -142,8 +153,7 @@ QDomElement KRXMLLoader::loadDocumentElement(const QFileInfo &file, KRErrorHisto
 QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QString &fileName, KRErrorHistory *history)
 {
     // References are looked for in bytes that extend ASCII.
-    const QTextCodec *const codec = QTextCodec::codecForUtfText(xml, nullptr);
-    if (codec && codec->name() != "UTF-8")
+    if (const QTextCodec *const codec = wideCodecOf(xml))
         return documentElement(codec->toUnicode(xml), fileName, history);
     return documentElement(xml, fileName, history);
 }
