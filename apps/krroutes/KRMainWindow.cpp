@@ -32,6 +32,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -40,6 +41,8 @@
 namespace {
 
 constexpr int messageTimeMs = 5000;
+constexpr QSize usualSize(1200, 800);
+constexpr QSize roomForFrame(16, 48); // of the window, which Qt does not know before it is shown
 
 QStringList localFiles(const QMimeData *mimeData)
 {
@@ -304,7 +307,7 @@ void KRMainWindow::restoreWindow()
 {
     const KRViewerSettings settings;
     if (!restoreGeometry(settings.windowGeometry()))
-        resize(1200, 800);
+        resize(usualSize.boundedTo(screen()->availableSize() - roomForFrame));
     restoreState(settings.windowState());
 }
 
