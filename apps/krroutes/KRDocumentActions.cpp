@@ -5,6 +5,7 @@
 #include "KRRouteWorkspace.h"
 #include "KRViewerAction.h"
 #include "KRViewerSettings.h"
+#include "KRWaitCursor.h"
 
 #include <KRRouteDocument.h>
 
@@ -145,7 +146,11 @@ bool KRDocumentActions::saveAs()
 bool KRDocumentActions::saveTo(const QString &fileName)
 {
     KRErrorHistory problems;
-    if (m_workspace->save(fileName, &problems)) {
+    const bool isSaved = [&] {
+        const KRWaitCursor cursor;
+        return m_workspace->save(fileName, &problems);
+    }();
+    if (isSaved) {
         KRViewerSettings().addRecentFile(fileName);
         return true;
     }

@@ -11,11 +11,16 @@
 #include <KRMapGround.h>
 
 #include <QAction>
+#include <QDir>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
+#include <QStatusBar>
 #include <QToolBar>
 
 namespace {
+
+constexpr int messageTimeMs = 8000;
 
 /// Latitudes end where the map does, longitudes span the world once at most.
 KRGeoPositionRect areaOf(const KRMapViewport &viewport)
@@ -60,7 +65,11 @@ void KROutputActions::addTo(QToolBar *toolBar) const
 
 void KROutputActions::exportMap()
 {
-    KRExportDialog(m_workspace->selection(), areaOf(m_map->viewport()), m_groundMenu->ground(), m_window).exec();
+    KRExportDialog dialog(m_workspace->selection(), areaOf(m_map->viewport()), m_groundMenu->ground(), m_window);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString file = QDir::toNativeSeparators(QFileInfo(dialog.fileName()).absoluteFilePath());
+    m_window->statusBar()->showMessage(tr("„%1“ wurde geschrieben.").arg(file), messageTimeMs);
 }
 
 void KROutputActions::printMap()

@@ -2,6 +2,7 @@
 
 #include "KRImportReportDialog.h"
 #include "KRRouteWorkspace.h"
+#include "KRWaitCursor.h"
 
 #include <KRRouteDocument.h>
 #include <KRRouteImport.h>
@@ -9,24 +10,8 @@
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QProgressDialog>
-
-namespace {
-
-/// While it lives the pointer says that the program is busy.
-class WaitCursor
-{
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-
-private:
-    Q_DISABLE_COPY(WaitCursor)
-};
-
-} // namespace
 
 KRRouteLoader::KRRouteLoader(KRRouteWorkspace *workspace, QWidget *window)
     : QObject(window), m_workspace(workspace), m_window(window)
@@ -55,7 +40,7 @@ bool KRRouteLoader::import(const QStringList &fileNames)
         progress.setValue(i);
         if (progress.wasCanceled())
             return false;
-        const WaitCursor cursor;
+        const KRWaitCursor cursor;
         import.read({fileNames.at(i)});
     }
     progress.setValue(fileNames.size());
@@ -71,7 +56,7 @@ bool KRRouteLoader::openDocument(const QString &fileName)
 {
     KRErrorHistory problems;
     const bool isOpen = [&] {
-        const WaitCursor cursor;
+        const KRWaitCursor cursor;
         return m_workspace->open(fileName, &problems);
     }();
     if (isOpen) {

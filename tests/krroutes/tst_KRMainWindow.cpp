@@ -24,6 +24,7 @@
 #include <QPrintPreviewDialog>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -438,6 +439,7 @@ void tst_KRMainWindow::mapIsExportedAndPrinted()
                             }});
     key(Qt::Key_E);
     QVERIFY(contentOf(file).contains("Radtour um Oldenburg"));
+    QVERIFY(m_window->statusBar()->currentMessage().contains(file));
     key(Qt::Key_P);
     QVERIFY(isPreview);
     QVERIFY(answers.isDone());
