@@ -116,7 +116,7 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 {
     const QDir folder = trackFolder(file);
     if (!m_selection.isEmpty() && !folder.mkpath(QStringLiteral("."))) {
-        KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Strecken kann nicht angelegt werden."));
+        KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Routen kann nicht angelegt werden."));
         return false;
     }
     return writeDocument(file, folder, history);
@@ -163,7 +163,7 @@ bool KRRouteDocument::writeMissingTrackFiles(const QDir &folder, KRErrorHistory 
         if (!trackFile.exists())
             registry.saveTrackInFile(key, trackFile);
         if (!QFileInfo::exists(trackFile.filePath())) {
-            KRErrorHistory::report(history, trackFile.filePath(), tr("Die Strecke kann nicht gespeichert werden."));
+            KRErrorHistory::report(history, trackFile.filePath(), tr("Die Route kann nicht gespeichert werden."));
             isComplete = false;
         }
     }

@@ -92,7 +92,7 @@ void KRRouteImport::explain(const QString &fileName, bool isSupported)
     if (!KRFileHandler::openForReading(file, &m_problems, std::numeric_limits<qint64>::max()))
         return;
     if (isSupported) {
-        KRErrorHistory::report(&m_problems, fileName, tr("Die Datei enthält keine Strecke."));
+        KRErrorHistory::report(&m_problems, fileName, tr("Die Datei enthält keine Route."));
         return;
     }
     const QStringList formats = KRTrackSelectionFactory::instance()->supportedFileFormats()

@@ -373,7 +373,7 @@ void tst_krrender::badInput_data()
     QTest::newRow("truncated") << QByteArray(head + "<trkpt lat=\"1\"") << QStringLiteral("x.gpx:1:");
     QTest::newRow("no XML") << QByteArray("hello") << QStringLiteral("x.gpx:1:");
     QTest::newRow("empty") << QByteArray() << QStringLiteral("leer");
-    QTest::newRow("no track") << QByteArray("<gpx/>") << QStringLiteral("keine Strecke");
+    QTest::newRow("no track") << QByteArray("<gpx/>") << QStringLiteral("keine Route");
     QTest::newRow("deep") << QByteArray("<gpx>").repeated(100000) << QStringLiteral("256");
     QTest::newRow("no position") << head + "<trkpt lat=\"nan\" lon=\"inf\"/><trkpt lat=\"1e300\" lon=\"-1e300\"/>"
                                         + tail
