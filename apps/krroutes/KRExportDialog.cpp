@@ -63,6 +63,17 @@ QString proposedName(const KRGPXTrackSelection &selection, const QString &otherw
     return name.isEmpty() || name.startsWith(QLatin1Char('.')) ? otherwise : name.left(100);
 }
 
+/// One that there is: the last one may be gone, and not everybody has a folder for documents.
+QDir proposedFolder()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString &folder : {KRViewerSettings().lastFolder(), documents}) {
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return QDir(folder);
+    }
+    return QDir::home();
+}
+
 QByteArray formatOf(const QString &fileName)
 {
     const QByteArray picture = KRPictureFile::formatOf(fileName);
@@ -175,10 +186,7 @@ void KRExportDialog::readSettings()
     m_legendBox->setChecked(settings.hasLegend());
     m_labelsBox->setChecked(settings.hasLabels());
 
-    const QString lastFolder = KRViewerSettings().lastFolder();
-    const QString folder =
-        lastFolder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) : lastFolder;
-    m_fileEdit->setText(QDir::toNativeSeparators(QDir(folder).filePath(proposedName(m_selection, tr("Karte")))));
+    m_fileEdit->setText(QDir::toNativeSeparators(proposedFolder().filePath(proposedName(m_selection, tr("Karte")))));
 }
 
 void KRExportDialog::saveSettings() const

@@ -253,6 +253,9 @@ void tst_KRExportDialog::remembersTheChoices()
     QCOMPARE(child<QComboBox>(dialog, "area")->currentIndex(), 1);
     QCOMPARE(QFileInfo(dialog.fileName()).path(), m_dir->path());
     QCOMPARE(QFileInfo(dialog.fileName()).completeBaseName(), m_selection.value(0).name());
+    m_dir.reset();
+    const KRExportDialog withoutFolder(m_selection, m_shownArea, nullptr);
+    QVERIFY(QFileInfo(withoutFolder.fileName()).dir().exists());
 }
 
 void tst_KRExportDialog::cancelWritesNothing()
