@@ -1,7 +1,9 @@
 #include "KRGPXPathPainter.h"
 
 #include "KRGPXPathExcerpt.h"
+#include "KRGPXPathRaster.h"
 #include "KRGPXPathTiles.h"
+#include "KRVectorRegisters.h"
 
 #include <QImage>
 #include <QPaintEngine>
@@ -23,6 +25,9 @@ constexpr int fewCorners = 10000;
 // Parts of areas are divided until they are this small, or hold this little. Measured.
 constexpr int smallPartPx = 64;
 constexpr std::size_t fewPartElements = 400;
+
+// Measured: smaller tiles draw many lines more than once, larger ones leave the painter's rasteriser long rows.
+constexpr int tileSize = 64;
 
 // around a line, beside its pen: the soft edge and the rounding of the rasteriser
 constexpr double softEdgePx = 1.5;
@@ -46,6 +51,15 @@ bool hasLinesOnly(const QPainterPath &path)
         if (path.elementAt(i).isCurveTo())
             return false;
     return true;
+}
+
+// Lines without any join are painted one by one, so that they overlap.
+bool hasJoin(const QPainterPath &path)
+{
+    for (int i = 2; i < path.elementCount(); ++i)
+        if (path.elementAt(i).isLineTo() && path.elementAt(i - 1).isLineTo())
+            return true;
+    return false;
 }
 
 // The image, when painting on its pixels is all that the painter does.
@@ -119,6 +133,29 @@ private:
     QImage m_image;
 };
 
+// Turning transforms decide in another way how finely round joins are divided.
+bool isForRaster(const QPainter *painter, const QImage *image)
+{
+    return painter->deviceTransform().type() <= QTransform::TxScale
+           && (image->format() == QImage::Format_ARGB32_Premultiplied || image->format() == QImage::Format_RGB32)
+           && painter->compositionMode() == QPainter::CompositionMode_SourceOver && painter->opacity() == 1.0;
+}
+
+// False when the outline reaches too far.
+bool paintOutline(const QPainterPath &outline, const QTransform &transform, const QColor &color, const QImage *image)
+{
+    const QRectF bounds = transform.mapRect(outline.controlPointRect());
+    const double far = KRGPXPathRaster::farthestPx;
+    if (!QRectF(-far, -far, 2.0 * far, 2.0 * far).contains(bounds))
+        return false;
+    KRGPXPathRaster raster(image->size());
+    raster.add(outline, transform);
+    // Intended: the pixels that the painter paints on, without a detaching or a copy.
+    raster.paint(const_cast<uchar *>(image->constBits()), image->bytesPerLine(),
+                 color.rgba64().premultiplied().toArgb32());
+    return true;
+}
+
 /// Half of a length, in whole small parts.
 int halfOf(int length)
 {
@@ -158,11 +195,21 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
     const QTransform transform = painter->deviceTransform();
     const Stretch stretch = stretchOf(transform);
     const QImage *const image = imageOf(painter);
-    if (!image || !isPenForTiles(pen, stretch) || !isLong(path, transform) || !hasLinesOnly(path)) {
+    if (!image || !isPenForTiles(pen, stretch) || !isLong(path, transform) || !hasLinesOnly(path) || !hasJoin(path)) {
         painter->drawPath(path);
         return;
     }
-    const KRGPXPathTiles tiles(path, transform, reachOf(pen, stretch), image->size());
+    KRVectorRegisters::releaseUpperHalves();
+    const double reach = reachOf(pen, stretch);
+    if (isForRaster(painter, image)) {
+        const int wholeImage = std::max(image->width(), image->height());
+        const KRGPXPathTiles inSight(path, transform, reach, image->size(), wholeImage);
+        QPainterPath lines;
+        inSight.appendLines(0, &lines);
+        if (paintOutline(QPainterPathStroker(pen).createStroke(lines), transform, pen.color(), image))
+            return;
+    }
+    const KRGPXPathTiles tiles(path, transform, reach, image->size(), tileSize);
     PiecePainter pieces(painter, image);
     QPainterPath lines;
     for (int tile = 0; tile < tiles.count(); ++tile) {

@@ -6,11 +6,8 @@
 
 namespace {
 
-// Measured: smaller tiles draw many lines more than once, larger ones leave the rasteriser long rows.
-constexpr int tileSize = 64;
-
 // What of a stretch lies within 0 ... size, as numbers of tiles; false when nothing does.
-bool tilesBetween(double from, double to, int size, int *first, int *last)
+bool tilesBetween(double from, double to, int size, int tileSize, int *first, int *last)
 {
     if (!(to >= 0.0 && from < size))
         return false;
@@ -21,8 +18,9 @@ bool tilesBetween(double from, double to, int size, int *first, int *last)
 
 } // namespace
 
-KRGPXPathTiles::KRGPXPathTiles(const QPainterPath &path, const QTransform &transform, double reach, const QSize &size)
-    : m_transform(transform), m_size(size), m_columns((size.width() + tileSize - 1) / tileSize),
+KRGPXPathTiles::KRGPXPathTiles(const QPainterPath &path, const QTransform &transform, double reach, const QSize &size,
+                               int tileSize)
+    : m_transform(transform), m_size(size), m_tileSize(tileSize), m_columns((size.width() + tileSize - 1) / tileSize),
       m_rows((size.height() + tileSize - 1) / tileSize)
 {
     readPath(path);
@@ -36,8 +34,8 @@ bool KRGPXPathTiles::isEmpty(int tile) const
 
 QRect KRGPXPathTiles::rect(int tile) const
 {
-    const QPoint corner(tile % m_columns * tileSize, tile / m_columns * tileSize);
-    return QRect(corner, QSize(tileSize, tileSize)).intersected(QRect(QPoint(), m_size));
+    const QPoint corner(tile % m_columns * m_tileSize, tile / m_columns * m_tileSize);
+    return QRect(corner, QSize(m_tileSize, m_tileSize)).intersected(QRect(QPoint(), m_size));
 }
 
 void KRGPXPathTiles::readPath(const QPainterPath &path)
@@ -85,7 +83,7 @@ void KRGPXPathTiles::visitTiles(int line, double reach, const Visitor &visitor) 
         std::swap(top, bottom);
     int firstRow = 0;
     int lastRow = 0;
-    if (!tilesBetween(top.y() - reach, bottom.y() + reach, m_size.height(), &firstRow, &lastRow))
+    if (!tilesBetween(top.y() - reach, bottom.y() + reach, m_size.height(), m_tileSize, &firstRow, &lastRow))
         return;
     const double height = bottom.y() - top.y();
     const double slope = height > 0.0 ? (bottom.x() - top.x()) / height : 0.0;
@@ -93,13 +91,13 @@ void KRGPXPathTiles::visitTiles(int line, double reach, const Visitor &visitor) 
         double from = top.x();
         double to = bottom.x();
         if (firstRow != lastRow && height > 0.0) {
-            from += slope * (qBound(top.y(), row * tileSize - reach, bottom.y()) - top.y());
-            to -= slope * (bottom.y() - qBound(top.y(), (row + 1) * tileSize + reach, bottom.y()));
+            from += slope * (qBound(top.y(), row * m_tileSize - reach, bottom.y()) - top.y());
+            to -= slope * (bottom.y() - qBound(top.y(), (row + 1) * m_tileSize + reach, bottom.y()));
         }
         int firstColumn = 0;
         int lastColumn = 0;
-        if (tilesBetween(std::min(from, to) - reach, std::max(from, to) + reach, m_size.width(), &firstColumn,
-                         &lastColumn))
+        if (tilesBetween(std::min(from, to) - reach, std::max(from, to) + reach, m_size.width(), m_tileSize,
+                         &firstColumn, &lastColumn))
             for (int column = firstColumn; column <= lastColumn; ++column)
                 visitor(row * m_columns + column);
     }

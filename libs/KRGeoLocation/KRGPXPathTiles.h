@@ -22,8 +22,10 @@ public:
      * @param transform from the path to pixels of the image
      * @param reach of the pen on either side of its line, in pixels of the image
      * @param size of the image in pixels
+     * @param tileSize length of the sides of the tiles in pixels
      */
-    KRGPXPathTiles(const QPainterPath &path, const QTransform &transform, double reach, const QSize &size);
+    KRGPXPathTiles(const QPainterPath &path, const QTransform &transform, double reach, const QSize &size,
+                   int tileSize);
 
     int count() const { return m_columns * m_rows; }
     bool isEmpty(int tile) const;
@@ -60,6 +62,7 @@ private:
 
     QTransform m_transform;
     QSize m_size;
+    int m_tileSize;
     int m_columns;
     int m_rows;
     std::vector<QPointF> m_points; // no two equal ones in succession within a subpath

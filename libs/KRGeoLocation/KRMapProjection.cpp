@@ -1,6 +1,7 @@
 #include "KRMapProjection.h"
 
 #include "KRGeoPositionSpan.h"
+#include "KRVectorRegisters.h"
 
 #include <KRCore/KRMath.h>
 
@@ -93,6 +94,7 @@ QPointF KRMapProjection::projectate(const KRGeoPosition &position) const
 
 void KRMapProjection::projectate(const KRGeoPositionSpan &positions, QPointF *pixels) const
 {
+    KRVectorRegisters::releaseUpperHalves();
     for (int i = 0; i < positions.count; ++i)
         pixels[i] = toPixel(positions.latitudes[i], positions.longitudes[i]);
 }

@@ -149,10 +149,20 @@ void tst_KRGPXPathPainter::outlines_data()
     QTest::newRow("closed outline in whole pixels") << wholePixels(closedCoast(true));
     QTest::newRow("outline with enclaves") << stars(31, 3);
     QTest::newRow("few lines, long") << stars(7, 2);
+    QTest::newRow("steep zigzag from afar to afar")
+        << zigzag({-9000.0, 31000.0}, {90.1, 3.3}, 5).translated(300.0, -9000.0);
+    QTest::newRow("flat zigzag from afar to afar")
+        << zigzag({31000.0, -900.0}, {3.3, 30.7}, 5).translated(-9000.0, 300.0);
     QTest::newRow("nothing in sight") << walk(1200, 5.0, 0.3).translated(2000.0, 0.0);
     QPainterPath curve = walk(300, 5.0, 0.3);
     curve.cubicTo(10.0, 10.0, 300.0, 20.0, 200.0, 250.0);
     QTest::newRow("curve") << curve;
+    QPainterPath apart;
+    for (int i = 0; i < 40; ++i) {
+        apart.moveTo(i * 9.3, 10.0);
+        apart.lineTo(200.0, 290.0 - i * 5.7);
+    }
+    QTest::newRow("lines apart") << apart;
     QPainterPath dots = walk(300, 5.0, 0.3);
     dots.moveTo(50.0, 50.0);
     QTest::newRow("loose point") << dots;
