@@ -30,7 +30,7 @@
     </message>
     <message>
         <source>&amp;Umgebung:</source>
-        <translation>&amp;Surroundings:</translation>
+        <translation>S&amp;urroundings:</translation>
     </message>
     <message>
         <source>Wie deutlich die Karte außerhalb der Routen zu sehen ist</source>
@@ -494,10 +494,6 @@
 <context>
     <name>KRLookEditor</name>
     <message>
-        <source>F&amp;orm:</source>
-        <translation>S&amp;hape:</translation>
-    </message>
-    <message>
         <source>&amp;Linie zeichnen</source>
         <translation>&amp;Draw line</translation>
     </message>
@@ -508,14 +504,6 @@
     <message>
         <source> px</source>
         <translation> px</translation>
-    </message>
-    <message>
-        <source>Linien&amp;farbe:</source>
-        <translation>&amp;Line colour:</translation>
-    </message>
-    <message>
-        <source>&amp;Breite:</source>
-        <translation>&amp;Width:</translation>
     </message>
     <message>
         <source>Breite der Linie, bei Punkten auch die Größe des Zeichens</source>
@@ -530,16 +518,12 @@
         <translation>How the line is dashed</translation>
     </message>
     <message>
-        <source>&amp;Hof:</source>
-        <translation>Hal&amp;o:</translation>
-    </message>
-    <message>
         <source>Breite des Hofes um die Linie; 0 für keinen</source>
         <translation>Width of the halo around the line; 0 for none</translation>
     </message>
     <message>
         <source>Fläche f&amp;üllen</source>
-        <translation>&amp;Fill area</translation>
+        <translation>F&amp;ill area</translation>
     </message>
     <message>
         <source>Nur Flächen und Punkte können gefüllt werden.</source>
@@ -548,10 +532,6 @@
     <message>
         <source>Farbe der Füllung</source>
         <translation>Colour of the filling</translation>
-    </message>
-    <message>
-        <source>Füllf&amp;arbe:</source>
-        <translation>Fill &amp;colour:</translation>
     </message>
     <message>
         <source> %</source>
@@ -572,10 +552,6 @@
     <message>
         <source>Wie viele Punkte, gleichmäßig verteilt, beim Glätten ihren Ort behalten</source>
         <translation>How many points, evenly spread, keep their place in smoothing</translation>
-    </message>
-    <message>
-        <source>Für alle &amp;Routen</source>
-        <translation>For all &amp;routes</translation>
     </message>
     <message>
         <source>Gibt allen Routen dieses Aussehen.</source>
@@ -600,6 +576,30 @@
     <message>
         <source>Diese Form kann nicht gefüllt werden: Ohne Linie ist nichts zu sehen.</source>
         <translation>This shape cannot be filled: without a line nothing can be seen.</translation>
+    </message>
+    <message>
+        <source>For&amp;m:</source>
+        <translation>Sh&amp;ape:</translation>
+    </message>
+    <message>
+        <source>Linie&amp;nfarbe:</source>
+        <translation>&amp;Line colour:</translation>
+    </message>
+    <message>
+        <source>Bre&amp;ite:</source>
+        <translation>&amp;Width:</translation>
+    </message>
+    <message>
+        <source>H&amp;of:</source>
+        <translation>Hal&amp;o:</translation>
+    </message>
+    <message>
+        <source>&amp;Füllfarbe:</source>
+        <translation>Fill &amp;colour:</translation>
+    </message>
+    <message>
+        <source>Für all&amp;e Routen</source>
+        <translation>Appl&amp;y to all routes</translation>
     </message>
 </context>
 <context>
@@ -724,16 +724,16 @@
         <translation>Zoom &amp;in</translation>
     </message>
     <message>
-        <source>Ver&amp;kleinern</source>
-        <translation>Zoom &amp;out</translation>
-    </message>
-    <message>
         <source>Na&amp;men der Routen</source>
         <translation>&amp;Names of the routes</translation>
     </message>
     <message>
         <source>&amp;Legende</source>
         <translation>&amp;Legend</translation>
+    </message>
+    <message>
+        <source>V&amp;erkleinern</source>
+        <translation>Zoom &amp;out</translation>
     </message>
 </context>
 <context>
@@ -779,6 +779,10 @@
     <message>
         <source>Schreibt die Karte als Bild oder die Routen für andere Programme</source>
         <translation>Writes the map as a picture, or the routes for other programs</translation>
+    </message>
+    <message>
+        <source>„%1“ wurde geschrieben.</source>
+        <translation>&quot;%1&quot; has been written.</translation>
     </message>
 </context>
 <context>
@@ -826,10 +830,6 @@
 <context>
     <name>KRPlacesPanel</name>
     <message>
-        <source>Als Punkt &amp;einfügen</source>
-        <translation>&amp;Add as point</translation>
-    </message>
-    <message>
         <source>Ort oder Koordinaten</source>
         <translation>Place or coordinates</translation>
     </message>
@@ -848,6 +848,10 @@
     <message>
         <source>Ein Klick fügt den Ort als Punkt ein.</source>
         <translation>A click adds the place as a point.</translation>
+    </message>
+    <message>
+        <source>Als Pun&amp;kt einfügen</source>
+        <translation>Add as poi&amp;nt</translation>
     </message>
 </context>
 <context>
@@ -1183,10 +1187,6 @@
         <translation>&amp;Routes</translation>
     </message>
     <message>
-        <source>&amp;Aussehen</source>
-        <translation>&amp;Look</translation>
-    </message>
-    <message>
         <source>&amp;Orte</source>
         <translation>&amp;Places</translation>
     </message>
@@ -1195,7 +1195,11 @@
         <translation>&amp;Elevation profile</translation>
     </message>
     <message>
-        <source>&amp;Kennzahlen</source>
+        <source>A&amp;ussehen</source>
+        <translation>&amp;Look</translation>
+    </message>
+    <message>
+        <source>Kenn&amp;zahlen</source>
         <translation>&amp;Figures</translation>
     </message>
 </context>
