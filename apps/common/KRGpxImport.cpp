@@ -3,30 +3,19 @@
 #include "KRGpxPreparation.h"
 #include "KRGpxRewriter.h"
 
-#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRLogger.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
-#include <KRGeoLocation/KRTrackSelectionFactory.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryGPXFile.h>
 
 #include <QTemporaryDir>
-#include <QUrl>
 
 #include <algorithm>
 
 namespace {
 
-KRGPXConfiguredTrackList tracksOf(const QString &fileName)
+QList<KRGPXTrack> tracksOf(const QFileInfo &file)
 {
-    const QUrl url = QUrl::fromLocalFile(QFileInfo(fileName).absoluteFilePath());
-    return KRTrackSelectionFactory::instance()->createConfiguredTrackList(url);
-}
-
-KRGPXConfiguredTrack drawnAsNew(const KRGPXTrack &track)
-{
-    KRGPXTrackConfiguration configuration = KRGPXTrackConfiguration::currentDefaultConfiguration();
-    if (track.hasShape(PointTrackShape))
-        configuration.setTrackShape(PointTrackShape);
-    return KRGPXConfiguredTrack(track, configuration);
+    return KRGPXTrackFile(QFileInfo(file.absoluteFilePath())).tracks();
 }
 
 } // namespace
@@ -36,49 +25,66 @@ bool KRGpxImport::supportsFile(const QFileInfo &file)
     return KRTrackSelectionFactoryGPXFile().supportsFile(file);
 }
 
-KRGPXConfiguredTrackList KRGpxImport::read(KRErrorHistory *history)
+void KRGpxImport::read()
 {
     KRGpxPreparation preparation(m_file);
-    if (!preparation.read(history)) {
-        // Gives nothing either, but logs the choice of the importer.
-        return tracksOf(m_file.filePath());
+    if (!preparation.read(&m_problems)) {
+        // The importer may still find tracks, as it passes over what there is too much of.
+        m_ownTracks = tracksOf(m_file);
+        return;
     }
-    KRGPXConfiguredTrackList tracks = readOwnTracks(preparation, history);
+    QList<KRGPXTrack> tracks = readOwnTracks(preparation);
     if (tracks.size() != preparation.countOfOwnTracks()) {
         // Where the importer finds something else, it tells nothing. Read once more what failed, for its reason.
         KRErrorHistory reasons;
         const KRGPXTrackFile reading(m_file, &reasons);
         for (const KRErrorHistory::Entry &reason : reasons.entries())
-            KRErrorHistory::report(history, reason);
+            KRErrorHistory::report(&m_problems, reason);
         if (!reasons.isEmpty())
-            return {};
+            return;
     }
 
     m_report = preparation.report();
-    tracks.erase(std::remove_if(tracks.begin(), tracks.end(),
-                                [](const KRGPXConfiguredTrack &track) { return track.track().countPoints() == 0; }),
-                 tracks.end());
-    const QList<KRGPXTrack> furtherTracks = preparation.tracks();
-    for (const KRGPXTrack &track : furtherTracks)
-        tracks.append(drawnAsNew(track));
+    tracks.erase(
+        std::remove_if(tracks.begin(), tracks.end(), [](const KRGPXTrack &track) { return track.countPoints() == 0; }),
+        tracks.end());
+    m_ownTracks = tracks;
+    m_furtherTracks = preparation.tracks();
+}
+
+KRGPXConfiguredTrackList KRGpxImport::configuredTracks() const
+{
+    // As the factory logs the choice of an importer, which is made here without it.
+    const QStringList formats = KRTrackSelectionFactoryGPXFile().supportedFileFormats();
+    KRLogger::instance()->logOSM(QStringLiteral("ACTION:useFactory VALUE:%1").arg(formats.join(QLatin1Char(','))));
+
+    const KRGPXTrackConfiguration configuration = KRGPXTrackConfiguration::currentDefaultConfiguration();
+    KRGPXTrackConfiguration configurationOfPoint = configuration;
+    configurationOfPoint.setTrackShape(PointTrackShape);
+    KRGPXConfiguredTrackList tracks;
+    for (const KRGPXTrack &track : m_ownTracks)
+        tracks.append(KRGPXConfiguredTrack(track, configuration));
+    for (const KRGPXTrack &track : m_furtherTracks)
+        tracks.append(
+            KRGPXConfiguredTrack(track, track.hasShape(PointTrackShape) ? configurationOfPoint : configuration));
     return tracks;
 }
 
-KRGPXConfiguredTrackList KRGpxImport::readOwnTracks(const KRGpxPreparation &preparation, KRErrorHistory *history) const
+QList<KRGPXTrack> KRGpxImport::readOwnTracks(const KRGpxPreparation &preparation)
 {
     if (!preparation.needsRewriting())
-        return tracksOf(m_file.filePath());
+        return tracksOf(m_file);
     // Under its own name, which tracks without one are named after.
     const QTemporaryDir dir;
     QFile rewritten(dir.filePath(m_file.fileName()));
     if (!dir.isValid() || !rewritten.open(QIODevice::ReadWrite)) {
-        KRErrorHistory::report(history, {m_file.filePath(), 0, 0,
-                                         tr("Die Datei kann nicht umgeschrieben werden: %1")
-                                             .arg(dir.isValid() ? rewritten.errorString() : dir.errorString())});
-        return tracksOf(m_file.filePath());
+        KRErrorHistory::report(&m_problems, {m_file.filePath(), 0, 0,
+                                             tr("Die Datei kann nicht umgeschrieben werden: %1")
+                                                 .arg(dir.isValid() ? rewritten.errorString() : dir.errorString())});
+        return tracksOf(m_file);
     }
-    if (!KRGpxRewriter::rewrite(m_file, &rewritten, history))
-        return tracksOf(m_file.filePath());
+    if (!KRGpxRewriter::rewrite(m_file, &rewritten, &m_problems))
+        return tracksOf(m_file);
     rewritten.close();
-    return tracksOf(rewritten.fileName());
+    return tracksOf(QFileInfo(rewritten.fileName()));
 }

@@ -2,16 +2,18 @@
 
 #include "KRImportReport.h"
 
+#include <KRCore/KRErrorHistory.h>
 #include <KRGeoLocation/KRGPXConfiguredTrackList.h>
 
 #include <QFileInfo>
 
-class KRErrorHistory;
 class KRGpxPreparation;
 
 /**
  * Imports GPX files completely: the tracks as the library's importer reads them, then the way points and the routes,
- * drawn as the user wants new tracks. GUI thread only, like the importer.
+ * drawn as the user wants new tracks.
+ *
+ * The file may be read in any thread, each import in one thread at a time.
  */
 class KRGpxImport
 {
@@ -22,14 +24,22 @@ public:
 
     static bool supportsFile(const QFileInfo &file);
 
-    /// Empty when the file cannot be read, for which the reason is reported, or when it holds nothing to draw.
-    KRGPXConfiguredTrackList read(KRErrorHistory *history);
+    /// Takes nearly all of the time, and touches neither settings nor KRLogger. To be called once.
+    void read();
 
+    /// Empty when the file cannot be read or when it holds nothing to draw. GUI thread only, as the choice of the
+    /// importer is logged and the look of new tracks is a setting; to be called once.
+    KRGPXConfiguredTrackList configuredTracks() const;
+    /// Why the file could not be read.
+    const KRErrorHistory &problems() const { return m_problems; }
     const KRImportReport &report() const { return m_report; }
 
 private:
-    KRGPXConfiguredTrackList readOwnTracks(const KRGpxPreparation &preparation, KRErrorHistory *history) const;
+    QList<KRGPXTrack> readOwnTracks(const KRGpxPreparation &preparation);
 
     QFileInfo m_file;
+    QList<KRGPXTrack> m_ownTracks; // as the importer reads them
+    QList<KRGPXTrack> m_furtherTracks;
+    KRErrorHistory m_problems;
     KRImportReport m_report;
 };

@@ -1,6 +1,6 @@
 #include "KRRouteImport.h"
 
-#include "KRGpxImport.h"
+#include "KRGpxReadAhead.h"
 #include "KRKmlImport.h"
 #include "KRRouteDocument.h"
 #include "KRSegmentSplitter.h"
@@ -14,18 +14,57 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 
-void KRRouteImport::read(const QStringList &fileNames)
+namespace {
+
+constexpr int waitMs = 20; // what a user interface may stand still without anybody's notice
+
+} // namespace
+
+bool KRRouteImport::read(const QStringList &fileNames)
 {
+    QStringList gpxNames;
+    std::copy_if(fileNames.cbegin(), fileNames.cend(), std::back_inserter(gpxNames),
+                 [this](const QString &fileName) { return isReadAhead(fileName); });
+    KRGpxReadAhead gpxFiles(gpxNames);
     for (int i = 0; i < fileNames.size(); ++i) {
+        const QString &fileName = fileNames.at(i);
         if (m_progress)
-            m_progress(fileNames.at(i), i + 1, fileNames.size());
-        readFile(fileNames.at(i));
+            m_progress(fileName, i + 1, fileNames.size());
+        if (!waitFor(isReadAhead(fileName) ? &gpxFiles : nullptr)) {
+            gpxFiles.stop();
+            while (!gpxFiles.isIdle(waitMs))
+                m_wait();
+            return false;
+        }
+        readFile(fileName, &gpxFiles);
     }
+    return true;
 }
 
-void KRRouteImport::readFile(const QString &fileName)
+/// Whether other threads read the file, in the order of all such files.
+bool KRRouteImport::isReadAhead(const QString &fileName) const
+{
+    const QFileInfo file(fileName);
+    return !m_isPlain && !KRRouteDocument::isDocument(file) && KRGpxImport::supportsFile(file);
+}
+
+/// Waits for the next of @p gpxFiles, unless that is null. False when the wait function says so.
+bool KRRouteImport::waitFor(const KRGpxReadAhead *gpxFiles) const
+{
+    if (!m_wait)
+        return true;
+    do {
+        if (!m_wait())
+            return false;
+    } while (gpxFiles && !gpxFiles->isNextRead(waitMs));
+    return true;
+}
+
+void KRRouteImport::readFile(const QString &fileName, KRGpxReadAhead *gpxFiles)
 {
     if (KRRouteDocument::isDocument(QFileInfo(fileName))) {
         readDocument(fileName);
@@ -35,10 +74,10 @@ void KRRouteImport::readFile(const QString &fileName)
     const bool isSupported = KRTrackSelectionFactory::instance()->supportsFile(QUrl::fromLocalFile(fileName));
     const int knownProblems = m_problems.entries().size();
     KRGPXConfiguredTrackList tracks;
-    if (!m_isPlain && KRGpxImport::supportsFile(file))
-        tracks = readCompletely(KRGpxImport(file));
+    if (isReadAhead(fileName))
+        tracks = takeGpx(gpxFiles->takeNext());
     else if (!m_isPlain && KRKmlImport::supportsFile(file))
-        tracks = readCompletely(KRKmlImport(file));
+        tracks = readKml(file);
     else if (isSupported)
         tracks = readPlainly(file);
     addTracks(tracks);
@@ -55,12 +94,18 @@ void KRRouteImport::readDocument(const QString &fileName)
     m_croppingOpacity = document.selection().nominalCroppingOpacity();
 }
 
-template <typename Import>
-KRGPXConfiguredTrackList KRRouteImport::readCompletely(Import &&import)
+KRGPXConfiguredTrackList KRRouteImport::takeGpx(const KRGpxImport &import)
 {
+    m_problems.append(import.problems());
+    addReport(import.report());
+    return import.configuredTracks();
+}
+
+KRGPXConfiguredTrackList KRRouteImport::readKml(const QFileInfo &file)
+{
+    KRKmlImport import(file);
     const KRGPXConfiguredTrackList tracks = import.read(&m_problems);
-    if (!import.report().isEmpty())
-        m_reports.append(import.report());
+    addReport(import.report());
     return tracks;
 }
 
@@ -83,6 +128,12 @@ KRGPXConfiguredTrackList KRRouteImport::readPlainly(const QFileInfo &file)
 void KRRouteImport::addTracks(const KRGPXConfiguredTrackList &tracks)
 {
     m_tracks += m_splitsSegments ? KRSegmentSplitter::split(tracks) : tracks;
+}
+
+void KRRouteImport::addReport(const KRImportReport &report)
+{
+    if (!report.isEmpty())
+        m_reports.append(report);
 }
 
 /// Called for a file that gave no track and no reason.

@@ -10,6 +10,8 @@
 
 #include <functional>
 
+class KRGpxImport;
+class KRGpxReadAhead;
 class QFileInfo;
 
 /**
@@ -19,25 +21,30 @@ class QFileInfo;
  * GPX, KML and KMZ files are prepared for the importers, which pass over much of what real files hold. All of a file
  * becomes tracks, or it stands in the file's report.
  *
- * GUI thread only, like the importers.
+ * GUI thread only, like the importers. GPX files that are prepared are read by other threads, several at once.
  */
 class KRRouteImport
 {
     Q_DECLARE_TR_FUNCTIONS(KRRouteImport)
 
 public:
-    /// Called before each file is read, with its path, its number from 1 and the count of files.
+    /// Called before the turn of each file, with its path, its number from 1 and the count of files.
     using ProgressFunction = std::function<void(const QString &fileName, int number, int count)>;
+    /// Called before the turn of each file and again and again while other threads read. May keep the user interface
+    /// alive, but must not read with the same import; false ends reading.
+    using WaitFunction = std::function<bool()>;
 
     void setProgressFunction(const ProgressFunction &function) { m_progress = function; }
+    void setWaitFunction(const WaitFunction &function) { m_wait = function; }
 
     /// Whether files go to the importers as they are; by default they do not. What that leaves out is not reported.
     void setPlain(bool isPlain) { m_isPlain = isPlain; }
     /// Whether each segment becomes a track of its own; by default it does not.
     void setSplitSegments(bool splitsSegments) { m_splitsSegments = splitsSegments; }
 
-    /// Reads the files in order and appends to what was read before.
-    void read(const QStringList &fileNames);
+    /// Reads the files and appends, in their order, to what was read before. False when the wait function has ended it;
+    /// the files before the one whose turn it was are there then.
+    bool read(const QStringList &fileNames);
 
     const KRGPXConfiguredTrackList &tracks() const { return m_tracks; }
     /// That of the last document read, 255 when there was none.
@@ -48,12 +55,15 @@ public:
     const QList<KRImportReport> &reports() const { return m_reports; }
 
 private:
-    void readFile(const QString &fileName);
+    bool isReadAhead(const QString &fileName) const;
+    bool waitFor(const KRGpxReadAhead *gpxFiles) const;
+    void readFile(const QString &fileName, KRGpxReadAhead *gpxFiles);
     void readDocument(const QString &fileName);
-    template <typename Import>
-    KRGPXConfiguredTrackList readCompletely(Import &&import);
+    KRGPXConfiguredTrackList takeGpx(const KRGpxImport &import);
+    KRGPXConfiguredTrackList readKml(const QFileInfo &file);
     KRGPXConfiguredTrackList readPlainly(const QFileInfo &file);
     void addTracks(const KRGPXConfiguredTrackList &tracks);
+    void addReport(const KRImportReport &report);
     void explain(const QString &fileName, bool isSupported);
 
     KRGPXConfiguredTrackList m_tracks;
@@ -63,4 +73,5 @@ private:
     KRErrorHistory m_problems;
     QList<KRImportReport> m_reports;
     ProgressFunction m_progress;
+    WaitFunction m_wait;
 };

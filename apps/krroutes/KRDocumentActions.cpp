@@ -55,7 +55,7 @@ void KRDocumentActions::addTo(QToolBar *toolBar) const
 
 void KRDocumentActions::openFiles(const QStringList &fileNames)
 {
-    if (fileNames.isEmpty())
+    if (fileNames.isEmpty() || m_loader->isImporting())
         return;
     const bool isDocument = fileNames.size() == 1 && KRRouteDocument::isDocument(QFileInfo(fileNames.first()));
     if (isDocument && !mayLoseChanges())
@@ -74,6 +74,9 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
 
 bool KRDocumentActions::mayLoseChanges()
 {
+    // Nothing takes the place of the document, nor does the window close, while tracks for it are on their way.
+    if (m_loader->isImporting())
+        return false;
     if (!m_workspace->isModified())
         return true;
     const QString name =

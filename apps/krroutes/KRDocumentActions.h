@@ -27,9 +27,11 @@ public:
     void addTo(QMenu *menu) const;
     void addTo(QToolBar *toolBar) const;
 
-    /// A single route document is opened instead of the present one; anything else is added to it.
+    /// A single route document is opened instead of the present one; anything else is added to it. Does nothing while
+    /// files are being read.
     void openFiles(const QStringList &fileNames);
-    /// Asks where there are unsaved changes; false when the user wants to keep working on them.
+    /// Asks where there are unsaved changes; false when the user wants to keep working on them, and without a question
+    /// while files are being read.
     bool mayLoseChanges();
 
 signals:

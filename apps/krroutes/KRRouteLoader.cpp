@@ -9,9 +9,12 @@
 
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 
+#include <QCoreApplication>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QScopedValueRollback>
 
 KRRouteLoader::KRRouteLoader(KRRouteWorkspace *workspace, QWidget *window)
     : QObject(window), m_workspace(workspace), m_window(window)
@@ -34,15 +37,26 @@ bool KRRouteLoader::import(const QStringList &fileNames)
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(patienceMs);
 
+    const auto showFile = [&progress](const QString &fileName, int number, int /*count*/) {
+        progress.setLabelText(tr("„%1“ wird gelesen …").arg(QFileInfo(fileName).fileName()));
+        progress.setValue(number - 1);
+    };
+    const auto stayAlive = [&progress] {
+        // Until the dialog keeps input from the window, input waits.
+        QCoreApplication::processEvents(progress.isVisible() ? QEventLoop::AllEvents
+                                                             : QEventLoop::ExcludeUserInputEvents);
+        return !progress.wasCanceled();
+    };
     KRRouteImport import;
-    for (int i = 0; i < fileNames.size(); ++i) {
-        progress.setLabelText(tr("„%1“ wird gelesen …").arg(QFileInfo(fileNames.at(i)).fileName()));
-        progress.setValue(i);
-        if (progress.wasCanceled())
-            return false;
+    import.setProgressFunction(showFile);
+    import.setWaitFunction(stayAlive);
+    const bool isRead = [&] {
+        const QScopedValueRollback<bool> importing(m_isImporting, true);
         const KRWaitCursor cursor;
-        import.read({fileNames.at(i)});
-    }
+        return import.read(fileNames);
+    }();
+    if (!isRead)
+        return false;
     progress.setValue(fileNames.size());
 
     const int count = import.tracks().size();

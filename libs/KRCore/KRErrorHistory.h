@@ -30,6 +30,9 @@ public:
     /// The same where no place in the file is to blame.
     static void report(KRErrorHistory *history, const QString &fileName, const QString &reason);
 
+    /// Adds the entries of @p other, for one history of what several threads have read; they are logged already.
+    void append(const KRErrorHistory &other) { m_entries += other.m_entries; }
+
     const QList<Entry> &entries() const { return m_entries; }
     bool isEmpty() const { return m_entries.isEmpty(); }
     void clear() { m_entries.clear(); }

@@ -81,9 +81,10 @@ KRGPXConfiguredTrackList tst_KRGpxImport::read(const QByteArray &content)
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
     file.close();
-    m_history.clear();
     KRGpxImport import{QFileInfo(file)};
-    const KRGPXConfiguredTrackList tracks = import.read(&m_history);
+    import.read();
+    const KRGPXConfiguredTrackList tracks = import.configuredTracks();
+    m_history = import.problems();
     m_report = import.report();
     return tracks;
 }

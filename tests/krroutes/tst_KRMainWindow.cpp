@@ -22,6 +22,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPrintPreviewDialog>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -85,6 +86,8 @@ private slots:
     void failedSaveKeepsTheChanges();
     void doesNotOverwriteWhatOthersWrote();
     void tellsWhatIsNotDrawn();
+    void importIsCancelled();
+    void importKeepsTheWindow();
     void brokenDocumentIsRefusedWithItsReason();
     void filesAreDropped();
     void tracksAreEditedByKeys();
@@ -275,6 +278,36 @@ void tst_KRMainWindow::tellsWhatIsNotDrawn()
     QCOMPARE(names(), QStringList(QStringLiteral("Ort")));
     QCOMPARE(KRViewerSettings().recentFiles().first(), kml.fileName());
     QVERIFY2(text.contains(QLatin1String("Wetter")) && text.contains(QLatin1String("fehlt.gpx")), qPrintable(text));
+}
+
+void tst_KRMainWindow::importIsCancelled()
+{
+    QTimer::singleShot(0, m_window.get(), [this] { m_window->findChild<QProgressDialog *>()->cancel(); });
+    m_window->openFiles({sample("oldenburg-radtour.gpx"), sample("zwischenahner-meer-ufer.gpx")});
+    QVERIFY(names().isEmpty());
+    QVERIFY(!m_window->isWindowModified());
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    QVERIFY(!names().isEmpty());
+}
+
+void tst_KRMainWindow::importKeepsTheWindow()
+{
+    const QString document = path(QStringLiteral("Reise.krroute"));
+    QVERIFY(m_window->workspace()->save(document, nullptr));
+    bool isAlive = false;
+    QTimer::singleShot(0, m_window.get(), [&] {
+        isAlive = names().isEmpty();
+        m_window->close();
+        m_window->openFiles({sample("zwischenahner-meer-ufer.gpx")});
+        m_window->openFiles({document});
+    });
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    QVERIFY(isAlive);
+    QVERIFY(m_window->isVisible());
+    const QStringList imported = names();
+    m_window->workspace()->startNew();
+    m_window->openFiles({sample("oldenburg-radtour.gpx")});
+    QCOMPARE(imported, names());
 }
 
 void tst_KRMainWindow::brokenDocumentIsRefusedWithItsReason()
