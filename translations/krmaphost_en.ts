@@ -216,12 +216,12 @@
         <translation>This is no route document.</translation>
     </message>
     <message>
-        <source>Der Ordner für die Strecken kann nicht angelegt werden.</source>
-        <translation>The folder for the tracks cannot be created.</translation>
+        <source>Der Ordner für die Routen kann nicht angelegt werden.</source>
+        <translation>The folder for the routes cannot be created.</translation>
     </message>
     <message>
-        <source>Die Strecke kann nicht gespeichert werden.</source>
-        <translation>The track cannot be saved.</translation>
+        <source>Die Route kann nicht gespeichert werden.</source>
+        <translation>The route cannot be saved.</translation>
     </message>
 </context>
 <context>
@@ -231,8 +231,8 @@
         <translation>This file format is not supported (readable are %1).</translation>
     </message>
     <message>
-        <source>Die Datei enthält keine Strecke.</source>
-        <translation>The file holds no track.</translation>
+        <source>Die Datei enthält keine Route.</source>
+        <translation>The file contains no route.</translation>
     </message>
 </context>
 <context>
