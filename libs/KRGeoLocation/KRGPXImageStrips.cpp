@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 
 namespace {
 
@@ -58,9 +59,12 @@ QImage KRGPXImageStrips::rowsOf(const QImage &image, int firstRow, int count)
 
 QImage KRGPXImageStrips::transparentImage(const QSize &size)
 {
-    if (size.isEmpty())
+    // QImage counts the bits of a line in an int.
+    constexpr int bitsPerPixel = 32;
+    constexpr int greatestWidth = std::numeric_limits<int>::max() / bitsPerPixel;
+    if (size.isEmpty() || size.width() > greatestWidth)
         return QImage();
-    constexpr std::size_t bytesPerPixel = 4;
+    constexpr std::size_t bytesPerPixel = bitsPerPixel / 8;
     void *const pixels = std::calloc(std::size_t(size.height()), std::size_t(size.width()) * bytesPerPixel);
     if (!pixels)
         return QImage();

@@ -12,6 +12,7 @@
 #include <QTextCodec>
 #include <QtTest>
 
+#include <memory>
 #include <optional>
 
 namespace {
@@ -367,7 +368,9 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
                              + track("<name>Gr\xFC\xDF"
                                      "e</name>");
     const auto utf16 = [](const QString &text) {
-        return QTextCodec::codecForName("UTF-16BE")->makeEncoder(QTextCodec::IgnoreHeader)->fromUnicode(text);
+        const std::unique_ptr<QTextEncoder> encoder(
+            QTextCodec::codecForName("UTF-16BE")->makeEncoder(QTextCodec::IgnoreHeader));
+        return encoder->fromUnicode(text);
     };
     QTest::addColumn<QByteArray>("xml");
     QTest::newRow("no track") << QByteArray("<gpx/>");
