@@ -1,6 +1,7 @@
 #include "KRTrackFigures.h"
 
 #include "KRTestRegistry.h"
+#include "KRTestTrack.h"
 
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 
@@ -11,28 +12,11 @@
 
 namespace {
 
-constexpr double kmPerDegree = 111.1774733520461; // on the sphere of 6370 km
-
-struct Point {
-    double kilometre; ///< northwards
-    int elevation;
-    int second; ///< negative: no time
-};
+using KRTestTrack::Point;
 
 KRTrackFigures figuresOf(const QList<QList<Point>> &segments)
 {
-    QList<KRGPXTrackSegment> trackSegments;
-    for (const QList<Point> &points : segments) {
-        KRGPXTrackSegment segment;
-        for (const Point &point : points) {
-            segment.append(10.0 + point.kilometre / kmPerDegree, 8.0, point.elevation,
-                           point.second < 0 ? QDateTime() : QDateTime::fromSecsSinceEpoch(point.second, Qt::UTC),
-                           QString());
-        }
-        trackSegments.append(segment);
-    }
-    return KRTrackFigures(KRGPXConfiguredTrack(KRGPXTrack(QString(), QString(), trackSegments, LineStringTrackShape),
-                                               KRGPXTrackConfiguration()));
+    return KRTrackFigures(KRGPXConfiguredTrack(KRTestTrack::northwards(segments), KRGPXTrackConfiguration()));
 }
 
 } // namespace

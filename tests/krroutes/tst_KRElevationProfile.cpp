@@ -1,7 +1,7 @@
 #include <KRAxis.h>
 #include <KRElevationProfile.h>
-#include <KRGeoLocation/KRGPXTrackSegment.h>
 #include <KRTestRegistry.h>
+#include <KRTestTrack.h>
 
 #include <QtTest>
 
@@ -9,27 +9,11 @@
 
 namespace {
 
-constexpr double kmPerDegree = 111.1774733520461; // on the sphere of 6370 km
-
-struct Point {
-    double kilometre; ///< northwards
-    int elevation;
-    int second; ///< negative: no time
-};
+using KRTestTrack::Point;
 
 KRElevationProfile profileOf(const QList<QList<Point>> &segments)
 {
-    QList<KRGPXTrackSegment> trackSegments;
-    for (const QList<Point> &points : segments) {
-        KRGPXTrackSegment segment;
-        for (const Point &point : points) {
-            segment.append(10.0 + point.kilometre / kmPerDegree, 8.0, point.elevation,
-                           point.second < 0 ? QDateTime() : QDateTime::fromSecsSinceEpoch(point.second, Qt::UTC),
-                           QString());
-        }
-        trackSegments.append(segment);
-    }
-    return KRElevationProfile(KRGPXTrack(QString(), QString(), trackSegments, LineStringTrackShape));
+    return KRElevationProfile(KRTestTrack::northwards(segments));
 }
 
 } // namespace
