@@ -30,6 +30,7 @@ public slots:
     void stop();
 
 signals:
+    /// The look that is due from now on: 0, 1 or 2.
     void blink(int state);
 
 private:

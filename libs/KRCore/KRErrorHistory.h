@@ -15,6 +15,7 @@
 class KRCORE_EXPORT KRErrorHistory
 {
 public:
+    /// One failure.
     struct Entry {
         QString fileName; ///< as it was given, with its path
         int line = 0; ///< counted from 1; 0 where no place in the file is to blame

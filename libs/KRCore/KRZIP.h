@@ -28,15 +28,16 @@ class KRCORE_EXPORT KRZIP
     Q_DECLARE_TR_FUNCTIONS(KRZIP)
 
 public:
+    /// Archives are only read.
     enum OpenMode : int {
         read = 1,
     };
 
-    static constexpr qint64 maximumArchiveBytes = qint64(4) << 30;
+    static constexpr qint64 maximumArchiveBytes = qint64(4) << 30; ///< of the file
     static constexpr int maximumEntries = 10000; ///< entries beyond are not looked at
     static constexpr int maximumEntryBytes = 64 << 20; ///< of one entry, inflated
     static constexpr int maximumRatio = 200; ///< inflated bytes per packed one, once an entry exceeds freeBytes
-    static constexpr int freeBytes = 1 << 20;
+    static constexpr int freeBytes = 1 << 20; ///< inflated bytes that are allowed whatever the ratio is
 
     explicit KRZIP(const QFileInfo &file, KRErrorHistory *history = nullptr);
 

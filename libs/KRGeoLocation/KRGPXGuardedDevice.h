@@ -13,7 +13,7 @@
 class KRGEOLOCATION_EXPORT KRGPXGuardedDevice : public QIODevice
 {
 public:
-    static constexpr qint64 maximumTokenBytes = 64 << 20;
+    static constexpr qint64 maximumTokenBytes = 64 << 20; ///< a tag, a text, a comment
     /// Quotation marks in one token, twice the number of its attributes if it is a tag.
     static constexpr qint64 maximumTokenQuotes = 10000;
 

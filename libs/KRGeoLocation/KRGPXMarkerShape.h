@@ -57,6 +57,7 @@ public:
 
     /// Draws with the painter's pen and brush; @p rx and @p ry are half the width and half the height.
     void draw(QPainter *painter, const QPointF &centre, double rx, double ry) const;
+    /// The rectangle about the centre with just these halves, without regard to the shape.
     QRectF targetRect(const QPointF &centre, double rx, double ry) const;
 
     /**

@@ -35,7 +35,7 @@ enum KRGPXStreamResult : int {
 class KRGEOLOCATION_EXPORT KRGPXStreamReader
 {
 public:
-    static constexpr qint64 maximumFileBytes = qint64(4) << 30;
+    static constexpr qint64 maximumFileBytes = qint64(4) << 30; ///< larger files are refused
     /// Points, segments and tracks together: less than a QList holds.
     static constexpr int maximumElements = 50000000;
 

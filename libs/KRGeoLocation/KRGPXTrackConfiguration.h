@@ -56,7 +56,7 @@ public:
      * A colour that is missing or wholly transparent is made from the other one.
      */
     static KRGPXTrackConfiguration fromKml(const QDomElement &style);
-    /// The child "color": aabbggrr as KML has it, or #AARRGGBB. Transparent black when missing or unreadable.
+    /// The child "color": aabbggrr as KML has it, or "#AARRGGBB". Transparent black when missing or unreadable.
     static QColor decodeColor(const QDomElement &element);
     /// The child "width"; 0 when missing or unreadable.
     static double decodeWidth(const QDomElement &element);

@@ -44,6 +44,7 @@ public slots:
     void animate(int row);
 
 signals:
+    /// Which button was clicked, in which row; addItem() is the one that marks.
     void editItem(int row);
     void deleteItem(int row);
     void addItem(int row);

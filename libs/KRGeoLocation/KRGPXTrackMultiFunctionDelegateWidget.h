@@ -29,12 +29,14 @@ public:
     void startAnimation();
 
 signals:
+    /// Which button was clicked, in which row; addItem() is the one that marks.
     void editItem(int row);
     void deleteItem(int row);
     void addItem(int row);
     void zoomToItem(int row);
 
 public slots:
+    /// For the buttons.
     void onEditEventRequested();
     void onDeleteEventRequested();
     void onZoomEventRequested();

@@ -22,7 +22,7 @@ class QVariant;
 class KRGEOLOCATION_EXPORT KRGeoArc
 {
 public:
-    static constexpr double invalidDegrees = 720.0;
+    static constexpr double invalidDegrees = 720.0; ///< what stands for "no angle"
 
     /// invalidDegrees
     KRGeoArc() = default;

@@ -38,7 +38,7 @@ public:
                                   const QDateTime &defaultValue);
 
     /**
-     * A colour from #AARRGGBB or from anything else that QColor names ("#RRGGBB", "red").
+     * A colour from "#AARRGGBB" or from anything else that QColor names ("#RRGGBB", "red").
      * The order is that of eight digits; six are red, green, blue in any case.
      * What it cannot read is transparent black (0, 0, 0, 0), not an invalid colour, whose alpha would be 255.
      */
