@@ -117,7 +117,8 @@ bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRE
         return false;
     }
     QSaveFile target(file.filePath());
-    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit())
+    // Flushed here, as commit() does not notice when the disk has no room for what is still in the buffer.
+    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush() && target.commit())
         return true;
     KRErrorHistory::report(history, file.filePath(), target.errorString());
     return false;

@@ -2,6 +2,7 @@
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRXMLGuard.h>
 
+#include "KRFileSizeLimit.h"
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
@@ -24,6 +25,7 @@ private slots:
     void refusesText();
     void refusesWhatIsNoFile();
     void writesIntoPipes();
+    void failedWritesKeepTheOldFile();
 
 private:
     QFileInfo written(const QByteArray &content) const;
@@ -111,6 +113,35 @@ void tst_KRFileHandler::writesIntoPipes()
     ::close(reader);
     QCOMPARE(bytes, QByteArray("through the pipe"));
     QVERIFY(!QFileInfo(QFile::decodeName(path)).isFile());
+}
+
+void tst_KRFileHandler::failedWritesKeepTheOldFile()
+{
+    const QByteArray old = "what was there before";
+    const QFileInfo file = written(old);
+    const auto entries = [this] { return QDir(m_dir.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries); };
+    const QStringList before = entries();
+    // Few bytes wait in a buffer, many are written at once.
+    for (const int count : {1, 30, 1000, 1000000}) {
+        const KRFileSizeLimit fullDisk(rlim_t(count / 2));
+        KRErrorHistory history;
+        QVERIFY(!KRFileHandler::writeAll(file, QByteArray(count, 'x'), &history));
+        QCOMPARE(history.entries().size(), 1);
+        QCOMPARE(history.entries().first().fileName, file.filePath());
+        QVERIFY(!history.entries().first().reason.isEmpty());
+    }
+    const QString tooLong(256, QLatin1Char('n'));
+    for (const QString &name : {QString(), QStringLiteral("missing/file"), tooLong, QStringLiteral("text/file")}) {
+        KRErrorHistory history;
+        QVERIFY(!KRFileHandler::writeAll(QFileInfo(m_dir.filePath(name)), old, &history));
+        QCOMPARE(history.entries().size(), 1);
+        QVERIFY(!history.entries().first().reason.isEmpty());
+    }
+    KRErrorHistory history;
+    QVERIFY(!KRFileHandler::writeAll(QFileInfo(QStringLiteral("/dev/full")), old, &history));
+    QCOMPARE(history.entries().size(), 1);
+    QCOMPARE(KRFileHandler::readAll(file, nullptr, 100), old);
+    QCOMPARE(entries(), before);
 }
 
 static const KRTestRegistration<tst_KRFileHandler> registration;
