@@ -1,5 +1,6 @@
 #include "KRRouteDocument.h"
 
+#include "KRTrackFileStamps.h"
 #include "KRTrackKeeper.h"
 
 #include <KRCore/KRErrorHistory.h>
@@ -104,6 +105,8 @@ KRGPXConfiguredTrack KRRouteDocument::restoredTrack(const KRGPXConfiguredTrack &
         const QFileInfo file(folder, fileName);
         if (!restored.isValid() && KRXMLLoader::loadDocumentElement(file, history).isNull())
             restored.setName(fileName);
+        if (restored.isValid())
+            KRTrackFileStamps::instance()->remember(file, restored);
         KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(restored, folder), fileName);
     }
     KRGPXConfiguredTrack result = track;
@@ -130,6 +133,9 @@ bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *histo
 bool KRRouteDocument::writeDocument(const QFileInfo &file, const QDir &folder, KRErrorHistory *history) const
 {
     const bool hasFolder = KRGPXTrackFileRegistryKey::namesDirectory(folder);
+    // The track files first: a document must not name what is not there.
+    if (hasFolder && !writeTrackFiles(folder, history))
+        return false;
     QDomDocument document;
     QDomElement root = KRXMLBuilder::buildRootElement(document, rootElement);
     if (hasFolder)
@@ -145,27 +151,26 @@ bool KRRouteDocument::writeDocument(const QFileInfo &file, const QDir &folder, K
         if (!keepWidths(tracks.at(i).configuration(), kept) && !isTrackKept)
             root.removeChild(kept);
     }
-    // The track files first: a document must not name what is not there.
-    return (!hasFolder || writeMissingTrackFiles(folder, history)) && KRXMLBuilder::saveUTF8(document, file, history);
+    return KRXMLBuilder::saveUTF8(document, file, history);
 }
 
-bool KRRouteDocument::writeMissingTrackFiles(const QDir &folder, KRErrorHistory *history) const
+bool KRRouteDocument::writeTrackFiles(const QDir &folder, KRErrorHistory *history) const
 {
     KRGPXTrackFileRegistry &registry = KRGPXTrackFileRegistry::instance();
-    bool isComplete = true;
+    KRTrackFileStamps *const stamps = KRTrackFileStamps::instance();
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     for (const KRGPXConfiguredTrack &track : tracks) {
-        // A track without a segment stands for a file that could not be read, and that is left alone.
-        if (!track.track().isValid())
-            continue;
         const KRGPXTrackFileRegistryKey key(track.track(), folder);
-        const QFileInfo trackFile = registry.createFileInfo(key, registry.fileName(key));
-        if (!trackFile.exists())
-            registry.saveTrackInFile(key, trackFile);
-        if (!QFileInfo::exists(trackFile.filePath())) {
-            KRErrorHistory::report(history, trackFile.filePath(), tr("Die Route kann nicht gespeichert werden."));
-            isComplete = false;
-        }
+        const QString fileName = registry.fileName(key);
+        // A track without a segment stands for a file that could not be read, and that is left alone.
+        const bool hasFile =
+            !fileName.isEmpty()
+            && (!track.track().isValid() || stamps->holds(registry.createFileInfo(key, fileName), track.track()));
+        if (hasFile)
+            continue;
+        if (!registry.createNewFile(key, history))
+            return false;
+        stamps->remember(registry.createFileInfo(key, registry.fileName(key)), track.track());
     }
-    return isComplete;
+    return true;
 }

@@ -13,10 +13,14 @@ class QFileInfo;
 /**
  * A route document: tracks with their looks and the cropping opacity, in one XML file and a folder beside it.
  *
- * The folder holds one file per track, which is written once and again only when it is missing. Whatever the XML of
- * the library leaves out is kept as well, so that times and descriptions survive any number of saves. A track file
- * that cannot be read leaves an empty track with the name of the file in its place: saving keeps the reference and
- * does not touch the file. Belongs to the GUI thread; only saving may run in another one, on an object of its own.
+ * The folder holds one file per track, which is never written again: a changed track gets a new file, and so does one
+ * whose file is gone or not the same any more. As these are there before the document that names them, it may end at
+ * any moment, and several programs may save to one folder: what can be read is one document or the other, whole.
+ *
+ * Whatever the XML of the library leaves out is kept as well, so that times and descriptions survive any number of
+ * saves. A track file that cannot be read leaves an empty track with the name of the file in its place: saving keeps
+ * the reference and does not touch the file. Belongs to the GUI thread; only saving may run in another one, on an
+ * object of its own.
  */
 class KRRouteDocument
 {
@@ -47,7 +51,7 @@ private:
                                        const QDomElement &kept, const QDir &folder, KRErrorHistory *history) const;
     /// @p folder is QDir("") for no folder.
     bool writeDocument(const QFileInfo &file, const QDir &folder, KRErrorHistory *history) const;
-    bool writeMissingTrackFiles(const QDir &folder, KRErrorHistory *history) const;
+    bool writeTrackFiles(const QDir &folder, KRErrorHistory *history) const;
 
     KRGPXTrackSelection m_selection;
 };

@@ -4,6 +4,7 @@
 #include <KRXML/KRXMLBuilder.h>
 
 #include <QDomDocument>
+#include <QFile>
 #include <QFileInfo>
 #include <QMutexLocker>
 
@@ -11,6 +12,14 @@ namespace {
 
 const QString includedTrackRoot = QStringLiteral("includedTrack");
 const QString proposedFileName = QStringLiteral("track.gps");
+
+/// Makes an empty file, so that no other process takes the same name. False when one just has; where no file can be
+/// made at all, writing will tell.
+bool claim(const QFileInfo &file)
+{
+    QFile placeholder(file.filePath());
+    return placeholder.open(QIODevice::NewOnly) || !QFileInfo::exists(file.filePath());
+}
 
 } // namespace
 
@@ -33,7 +42,8 @@ QString KRGPXTrackFileRegistry::fileName(const KRGPXTrackFileRegistryKey &key) c
 void KRGPXTrackFileRegistry::registerFile(const KRGPXTrackFileRegistryKey &key, const QString &fileName)
 {
     const QMutexLocker locker(&m_mutex);
-    m_files.insert(key, fileName);
+    // With a QDir of its own, for that caches what it learns, and the caller's copies are not under the lock.
+    m_files.insert(KRGPXTrackFileRegistryKey(key.track(), key.dir()), fileName);
     m_fileNames.insert(createFileInfo(key, fileName).absoluteFilePath());
 }
 
@@ -43,23 +53,42 @@ QString KRGPXTrackFileRegistry::createAssignedFile(const KRGPXTrackFileRegistryK
     const QString assignedName = fileName(key);
     if (!assignedName.isEmpty())
         return assignedName;
+    createNewFile(key, nullptr);
+    return fileName(key);
+}
 
-    const QFileInfo proposal = createFileInfo(key, proposedFileName);
-    m_dirs.insert(key.dir());
-    QFileInfo file;
-    do {
-        file = KRUniqueFilenameMaker::instance()->makeUniqueFileNameInSafeContainer(proposal, m_dirs);
-        // A registered file may be gone from the disk: its name still is that of another track.
-    } while (m_fileNames.contains(file.absoluteFilePath()));
-    saveTrackInFile(key, file);
+bool KRGPXTrackFileRegistry::createNewFile(const KRGPXTrackFileRegistryKey &key, KRErrorHistory *history)
+{
+    const QMutexLocker locker(&m_mutex);
+    const QFileInfo file = newFile(key);
+    const bool isWritten = writeTrack(key.track(), file, history);
+    if (!isWritten && QFileInfo(file.filePath()).size() == 0)
+        QFile::remove(file.filePath());
     registerFile(key, file.fileName());
-    return file.fileName();
+    return isWritten;
 }
 
 void KRGPXTrackFileRegistry::saveTrackInFile(const KRGPXTrackFileRegistryKey &key, const QFileInfo &file)
 {
+    writeTrack(key.track(), file, nullptr);
+}
+
+bool KRGPXTrackFileRegistry::writeTrack(const KRGPXTrack &track, const QFileInfo &file, KRErrorHistory *history)
+{
     QDomDocument document;
     QDomElement root = KRXMLBuilder::buildRootElement(document, includedTrackRoot);
-    key.track().toXml(root, QDir(QString()));
-    KRXMLBuilder::saveUTF8(document, file, nullptr);
+    track.toXml(root, QDir(QString()));
+    return KRXMLBuilder::saveUTF8(document, file, history);
+}
+
+QFileInfo KRGPXTrackFileRegistry::newFile(const KRGPXTrackFileRegistryKey &key)
+{
+    const QFileInfo proposal = createFileInfo(key, proposedFileName);
+    m_dirs.insert(QDir(key.dir().path()));
+    QFileInfo file;
+    do {
+        file = KRUniqueFilenameMaker::instance()->makeUniqueFileNameInSafeContainer(proposal, m_dirs);
+        // A registered file may be gone from the disk: its name still is that of another track.
+    } while (m_fileNames.contains(file.absoluteFilePath()) || !claim(file));
+    return file;
 }
