@@ -1,10 +1,12 @@
 #include "KRMapProjection.h"
 
 #include "KRGeoPositionSpan.h"
+#include "KRQuickMercator.h"
 #include "KRVectorRegisters.h"
 
 #include <KRCore/KRMath.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -95,8 +97,13 @@ QPointF KRMapProjection::projectate(const KRGeoPosition &position) const
 void KRMapProjection::projectate(const KRGeoPositionSpan &positions, QPointF *pixels) const
 {
     KRVectorRegisters::releaseUpperHalves();
-    for (int i = 0; i < positions.count; ++i)
-        pixels[i] = toPixel(positions.latitudes[i], positions.longitudes[i]);
+    const KRQuickMercator::World world{m_worldSize, m_xOffset, m_yOffset};
+    for (int i = 0; i < positions.count;) {
+        i += KRQuickMercator::project(positions.mid(i, positions.count - i), world, pixels + i);
+        const int end = std::min(i + KRQuickMercator::groupSize, positions.count);
+        for (; i < end; ++i)
+            pixels[i] = toPixel(positions.latitudes[i], positions.longitudes[i]);
+    }
 }
 
 QPointF KRMapProjection::getPixelCoordinateByMapCoordinate(double latitude, double longitude) const

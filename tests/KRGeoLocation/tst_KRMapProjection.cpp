@@ -1,3 +1,4 @@
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include "KRTestRegistry.h"
@@ -7,6 +8,8 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
+#include <vector>
 
 namespace {
 
@@ -32,6 +35,41 @@ bool isNear(double a, double b, double tolerance)
     return std::abs(a - b) <= tolerance;
 }
 
+/// Places all over the world, and places in and near the image as close to the edges of pixels as can be.
+class RandomPlaces
+{
+public:
+    RandomPlaces(const KRMapProjection &projection, const QSize &size) : m_projection(projection), m_size(size) { }
+
+    /// @p count latitudes and longitudes of one kind, so that no place of another one changes how they are projected
+    void append(int kind, int count, std::vector<double> *latitudes, std::vector<double> *longitudes)
+    {
+        for (int i = 0; i < count; ++i) {
+            if (kind == 0) {
+                latitudes->push_back(between(-89.0, 89.0));
+                longitudes->push_back(between(-181.0, 181.0));
+                continue;
+            }
+            const QPoint pixel(int(between(-1.0, 2.0) * m_size.width()), int(between(-1.0, 2.0) * m_size.height()));
+            const KRGeoPosition corner = m_projection.convert(pixel);
+            latitudes->push_back(corner.latitude().decimalDegrees() + (kind & 1 ? hair() : degreesOfAPixel()));
+            longitudes->push_back(corner.longitude().decimalDegrees() + (kind & 2 ? hair() : degreesOfAPixel()));
+        }
+    }
+
+private:
+    double between(double low, double high) { return std::uniform_real_distribution<double>(low, high)(m_random); }
+    double hair() { return between(-1.0, 1.0) * std::pow(10.0, between(-16.0, -7.0)); }
+    double degreesOfAPixel()
+    {
+        return between(0.0, 360.0) / m_projection.getPixelCoordinateByMapCoordinate(0.0, 360.0).x();
+    }
+
+    const KRMapProjection &m_projection;
+    QSize m_size;
+    std::mt19937 m_random{4711};
+};
+
 } // namespace
 
 class tst_KRMapProjection : public QObject
@@ -42,6 +80,7 @@ private slots:
     void normalized();
     void wholeWorldIsASquare();
     void pixelsAreCutTowardZero();
+    void manyAtOnceAsOneByOne();
     void wideningIsSymmetric();
     void fittingAreaStaysAsItIs();
     void dateLine();
@@ -102,6 +141,48 @@ void tst_KRMapProjection::pixelsAreCutTowardZero()
         const double x = tenPixelsADegree.projectate(KRGeoPosition(10.0, longitude)).x();
         QCOMPARE(x, expected);
         QVERIFY(!std::signbit(x) || x < 0.0);
+    });
+}
+
+void tst_KRMapProjection::manyAtOnceAsOneByOne()
+{
+    const KRTestTable<KRGeoPositionRect, QSize> table{
+        {"world", area(-85.0, 85.0, -180.0, 180.0), QSize(1000, 1000)},
+        {"arctic garden", area(85.05, 85.05001, 10.0, 10.00001), QSize(2000, 2000)},
+        {"antarctic garden", area(-85.05001, -85.05, -70.00001, -70.0), QSize(2000, 2000)},
+        {"town", area(53.10, 53.16, 8.15, 8.28), QSize(1024, 768)},
+        {"over the date line", area(-50.0, -30.0, 165.0, -170.0), QSize(500, 500)},
+        {"poster", area(-5.0, 5.0, -20.0, 20.0), QSize(8000000, 4000000)},
+        {"garden", area(-35.00001, -35.0, 18.0, 18.00001), QSize(2000, 2000)},
+        {"grain of sand", area(47.0, 47.00000001, -120.00000001, -120.0), QSize(2000, 2000)},
+        {"strip of many worlds", area(-1e-9, 1e-9, -90.0, 90.0), QSize(20000, 2)},
+        {"upside down", area(54.0, 50.0, 6.0, 18.0), QSize(300, 900)},
+        {"nothing", area(53.0, 53.0, 8.0, 8.0), QSize(100, 100)},
+    };
+    table.forEach([](const KRGeoPositionRect &requested, const QSize &size) {
+        const KRMapProjection projection(requested, size);
+        RandomPlaces places(projection, size);
+        std::vector<double> latitudes;
+        std::vector<double> longitudes;
+        for (int kind = 0; kind < 4; ++kind)
+            places.append(kind, 10001, &latitudes, &longitudes);
+        for (const double odd :
+             {0.0, -0.0, 85.06, -85.06, 90.0, -90.0, 270.0, 720.0, -1e9, 1e300, infinity, notANumber})
+            for (const double even : {1.0, odd, 1.0}) {
+                latitudes.push_back(odd);
+                longitudes.push_back(even);
+                latitudes.push_back(even);
+                longitudes.push_back(odd);
+            }
+
+        std::vector<QPointF> pixels(latitudes.size());
+        projection.projectate({latitudes.data(), longitudes.data(), int(pixels.size())}, pixels.data());
+        for (std::size_t i = 0; i < pixels.size(); ++i) {
+            const QPointF pixel = projection.getPixelCoordinateByMapCoordinate(latitudes[i], longitudes[i]);
+            const bool isSame = pixels[i].x() == pixel.x() && pixels[i].y() == pixel.y();
+            QVERIFY2(isSame,
+                     qPrintable(QStringLiteral("%1, %2").arg(latitudes[i], 0, 'g', 17).arg(longitudes[i], 0, 'g', 17)));
+        }
     });
 }
 
