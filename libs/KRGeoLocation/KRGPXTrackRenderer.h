@@ -74,7 +74,7 @@ public:
     QImage renderQuickAndDirty(TrackRenderOption option) const;
     /// renderQuickAndDirty() with OpaqueRender.
     QImage renderForeground() const;
-    /// Draws all tracks, later ones over earlier ones.
+    /// Draws all tracks, later ones over earlier ones, antialiased where the painter is; markers always are.
     void renderWith(QPainter &painter, TrackRenderOption option) const;
     void drawTrack(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const;
 

@@ -20,8 +20,11 @@ class QRect;
  *
  * The bar stands for a round distance: 1, 2.5 or 5 times a power of ten, in metres or kilometres. It is at most 300
  * pixels and two thirds of the image long; at scales where a metre is longer than that it stands for a metre
- * nevertheless. Lengths are pixels of the image at the paint factor 1, which suits a normal screen; factors above
- * enlarge, factors below shrink. The factor has to be finite and above 0. Like all text, it needs a QGuiApplication.
+ * nevertheless. A box that reaches beyond the left third of the image stands higher by one and a half of its heights,
+ * which leaves room for a credit in the other corner.
+ *
+ * Lengths are pixels of the image at the paint factor 1, which suits a normal screen; factors above enlarge, factors
+ * below shrink. The factor has to be finite and above 0. Like all text, it needs a QGuiApplication.
  */
 class KRGEOLOCATION_EXPORT KROsmScaleRenderer
 {

@@ -1,0 +1,52 @@
+// Keeps tracks in an XML document of the host's own and reads them back: store_tracks DOCUMENT.xml FILE...
+
+#include <KRCore/KRXMLLoader.h>
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+#include <KRGeoLocation/KRTrackSelectionFactory.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QSaveFile>
+#include <QUrl>
+
+#include <cstdio>
+
+/// Each track gets a file of its own beside the document, which only names it.
+static bool save(const KRGPXTrackSelection &selection, const QFileInfo &file)
+{
+    QDomDocument document;
+    QDomElement root = document.createElement(QStringLiteral("holiday"));
+    document.appendChild(root);
+    QDomElement routes = document.createElement(QStringLiteral("routes"));
+    root.appendChild(routes);
+    selection.toXml(routes, file.absoluteDir());
+
+    QSaveFile target(file.filePath());
+    const QByteArray bytes = document.toByteArray(1);
+    return target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit();
+}
+
+static KRGPXTrackSelection load(const QFileInfo &file)
+{
+    const QDomElement root = KRXMLLoader::loadDocumentElement(file);
+    return KRGPXTrackSelection(root.firstChildElement(QStringLiteral("routes")), file.absoluteDir());
+}
+
+int main(int argc, char *argv[])
+{
+    const QGuiApplication application(argc, argv);
+    const QStringList arguments = QGuiApplication::arguments();
+    const QFileInfo document(arguments.value(1));
+    KRGPXTrackSelection selection;
+    for (const QString &fileName : arguments.mid(2))
+        selection.addTracks(
+            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName)));
+    if (!save(selection, document))
+        return 1;
+
+    const KRGPXConfiguredTrackList tracks = load(document).tracks();
+    for (const KRGPXConfiguredTrack &track : tracks)
+        std::printf("%s: %d points\n", qUtf8Printable(track.name()), track.track().countPoints());
+    return 0;
+}
