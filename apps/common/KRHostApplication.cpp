@@ -5,7 +5,10 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
 /// The linker drops the resources of a static library unless somebody asks for them; outside of any namespace.
 static void initializeTranslations()
@@ -30,6 +33,24 @@ void keepSilent(QtMsgType type, const QMessageLogContext & /*context*/, const QS
         std::fprintf(stderr, "%s\n", qUtf8Printable(message));
 }
 
+/// A pipe that nobody reads any more, and a file larger than the system allows.
+void surviveFailedWrites()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+/// Where the caller has closed the standard output, the first file to be opened would get its number, and with it what
+/// is printed. Writing to what stands in their place fails.
+void occupyStandardDescriptors()
+{
+    int descriptor = 0;
+    do {
+        descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    ::close(descriptor);
+}
+
 /// The first of the user's languages that we speak. The texts in the sources are German.
 bool speaksGerman()
 {
@@ -41,6 +62,8 @@ bool speaksGerman()
 
 void KRHostApplication::prepare(bool isVerbose)
 {
+    occupyStandardDescriptors();
+    surviveFailedWrites();
     if (!isVerbose)
         qInstallMessageHandler(keepSilent);
     const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");

@@ -10,8 +10,9 @@ class QCoreApplication;
 class KRHostApplication
 {
 public:
-    /// Before the application object: lets a program without any display draw all the same. Unless it is verbose,
-    /// log messages of the libraries and of Qt stay away from the error output, which is the program's own.
+    /// Before the application object: lets a program without any display draw all the same, and writing fail with a
+    /// reason where it would end the program. Unless it is verbose, log messages of the libraries and of Qt stay away
+    /// from the error output, which is the program's own.
     static void prepare(bool isVerbose);
 
     /// After it: names and version, and the language of the user: German for German locales, else English.

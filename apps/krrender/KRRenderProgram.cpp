@@ -31,12 +31,6 @@ namespace {
 constexpr qint64 largestPictureBytes = qint64(1) << 30;
 constexpr int tilesTimeLimitMs = 60000;
 
-bool writeToStandardOutput(const QByteArray &bytes)
-{
-    QFile out;
-    return out.open(stdout, QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.flush();
-}
-
 void printLine(FILE *stream, const QString &text)
 {
     const QByteArray bytes = text.toLocal8Bit();
@@ -54,12 +48,11 @@ int KRRenderProgram::run()
         printLine(stderr, tr("„krrender --help“ nennt alle Möglichkeiten."));
         return WrongUsage;
     case KRRenderOptions::Task::PrintHelp:
-        return writeToStandardOutput(m_options.helpText().toLocal8Bit()) ? AllDone : WrongUsage;
+        return print(m_options.helpText().toLocal8Bit());
     case KRRenderOptions::Task::PrintVersion:
-        printLine(stdout, QStringLiteral("krrender ") + QCoreApplication::applicationVersion());
-        return AllDone;
+        return print(QStringLiteral("krrender %1\n").arg(QCoreApplication::applicationVersion()).toLocal8Bit());
     case KRRenderOptions::Task::PrintPlaces:
-        return writeToStandardOutput(KRTrackTable::placesText().toLocal8Bit()) ? AllDone : WrongUsage;
+        return print(KRTrackTable::placesText().toLocal8Bit());
     case KRRenderOptions::Task::PrintTable:
     case KRRenderOptions::Task::PrintJson:
     case KRRenderOptions::Task::Draw:
@@ -78,11 +71,20 @@ int KRRenderProgram::run()
     }
 }
 
+QString KRRenderProgram::writeToStandardOutput(const QByteArray &bytes)
+{
+    QFile out;
+    if (out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) && out.write(bytes) == bytes.size())
+        return QString();
+    return tr("Die Standardausgabe nimmt das Ergebnis nicht an.") + QLatin1Char(' ') + out.errorString();
+}
+
 int KRRenderProgram::print(const QByteArray &bytes) const
 {
-    if (writeToStandardOutput(bytes))
+    const QString problem = writeToStandardOutput(bytes);
+    if (problem.isEmpty())
         return codeOfImport();
-    printLine(stderr, QStringLiteral("krrender: ") + tr("Die Standardausgabe nimmt das Ergebnis nicht an."));
+    printLine(stderr, QStringLiteral("krrender: ") + problem);
     return WrongUsage;
 }
 
@@ -126,8 +128,6 @@ int KRRenderProgram::exchange(const KRGPXTrackSelection &tracks)
         printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu schreiben."));
         return SomethingLeftOut;
     }
-    const QString name =
-        m_options.writesToStandardOutput() ? tracks.value(0).name() : QFileInfo(m_options.output()).completeBaseName();
     return write(KRExchangeFile::encode(tracks.tracks(), m_options.format(), title(tracks)));
 }
 
@@ -302,10 +302,10 @@ int KRRenderProgram::write(const QByteArray &bytes)
     QString problem;
     if (bytes.isNull())
         problem = tr("Das Ergebnis kann nicht als %1 geschrieben werden.").arg(QString::fromLatin1(m_options.format()));
-    else if (!m_options.writesToStandardOutput())
+    else if (m_options.writesToStandardOutput())
+        problem = writeToStandardOutput(bytes);
+    else
         KRFileHandler::writeAll(QFileInfo(m_options.output()), bytes, &history);
-    else if (!writeToStandardOutput(bytes))
-        problem = tr("Die Standardausgabe nimmt das Ergebnis nicht an.");
     if (!history.isEmpty())
         problem = history.entries().first().reason;
     if (problem.isEmpty()) {

@@ -34,6 +34,8 @@ private:
     void readRoutes();
     void printReport(const KRImportReport &report) const;
     int codeOfImport() const;
+    /// The reason of a failure for the user, empty without one.
+    static QString writeToStandardOutput(const QByteArray &bytes);
     int print(const QByteArray &bytes) const;
     int writeFiles(const KRGPXTrackSelection &tracks);
     int save(const KRGPXTrackSelection &tracks) const;

@@ -40,6 +40,8 @@ private slots:
     void tellsWhatItDoesNotDraw();
     void plainFilesAndSplitSegments();
     void outputThatCannotBeWritten();
+    void standardOutputThatTakesNothing();
+    void fullDiskKeepsTheOldFiles();
     void languageFollowsTheLocale();
     void furnitureStandsOnEveryMap();
     void beelinesAndPlaces();
@@ -60,6 +62,9 @@ private:
         QString err;
     };
     Outcome run(const QStringList &arguments, const QString &locale = QStringLiteral("de_DE.UTF-8")) const;
+    /// The shell script calls the program with its arguments by "$0" "$@".
+    Outcome runFrom(const QString &script, const QStringList &arguments) const;
+    Outcome finish(const QString &program, const QStringList &arguments, const QString &locale) const;
     QString path(const QString &name) const { return m_dir->filePath(name); }
     QString write(const QString &name, const QByteArray &content) const;
     static QString sample(const QString &name) { return QStringLiteral(KR_SAMPLES_DIR "/") + name; }
@@ -96,13 +101,26 @@ void tst_krrender::init()
 
 tst_krrender::Outcome tst_krrender::run(const QStringList &arguments, const QString &locale) const
 {
+    return finish(QStringLiteral(KR_KRRENDER), arguments, locale);
+}
+
+tst_krrender::Outcome tst_krrender::runFrom(const QString &script, const QStringList &arguments) const
+{
+    return finish(QStringLiteral("sh"),
+                  QStringList{QStringLiteral("-c"), script, QStringLiteral(KR_KRRENDER)} + arguments,
+                  QStringLiteral("de_DE.UTF-8"));
+}
+
+tst_krrender::Outcome tst_krrender::finish(const QString &program, const QStringList &arguments,
+                                           const QString &locale) const
+{
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("LANGUAGE"));
     environment.insert(QStringLiteral("LC_ALL"), locale);
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_dir->path());
-    process.start(QStringLiteral(KR_KRRENDER), arguments);
+    process.start(program, arguments);
     Outcome outcome;
     if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
         return outcome;
@@ -460,6 +478,53 @@ void tst_krrender::outputThatCannotBeWritten()
             run({QStringLiteral("-o"), output, QStringLiteral("--size"), QStringLiteral("64x48"), sample(tour)});
         QCOMPARE(outcome.exitCode, 2);
         QVERIFY2(outcome.err.contains(output), qPrintable(outcome.err));
+    }
+}
+
+void tst_krrender::standardOutputThatTakesNothing()
+{
+    const QStringList picture{QStringLiteral("-o"), QStringLiteral("-"), QStringLiteral("--size"),
+                              QStringLiteral("64x48"), sample(tour)};
+    const QList<QStringList> calls{picture,
+                                   {QStringLiteral("--list"), sample(tour)},
+                                   {QStringLiteral("--json"), sample(tour)},
+                                   {QStringLiteral("--places")},
+                                   {QStringLiteral("--help")},
+                                   {QStringLiteral("--version")}};
+    const QString closedPipe = QStringLiteral("mkfifo p; exec 3<>p; exec 4>p; rm p; exec 3<&-; \"$0\" \"$@\" >&4");
+    for (const QStringList &call : calls) {
+        for (const QString &script :
+             {QStringLiteral("\"$0\" \"$@\" >/dev/full"), QStringLiteral("\"$0\" \"$@\" >&-"), closedPipe}) {
+            const Outcome outcome = runFrom(script, call);
+            QVERIFY2(outcome.exitCode == 2, qPrintable(script + call.first() + outcome.err));
+            QVERIFY2(outcome.err.contains(QLatin1String("Standardausgabe")), qPrintable(script + call.first()));
+            QCOMPARE(outcome.err.count(QLatin1Char('\n')), 1);
+        }
+    }
+    // What is said while the error output is closed must not end up in the picture.
+    const QStringList toFile{QStringLiteral("--verbose"), QStringLiteral("-o"),    QStringLiteral("a.png"),
+                             QStringLiteral("--size"),    QStringLiteral("64x48"), sample(tour)};
+    QCOMPARE(runFrom(QStringLiteral("\"$0\" \"$@\" >&- 2>&-"), toFile).exitCode, 0);
+    QCOMPARE(QImage(path(QStringLiteral("a.png"))).size(), QSize(64, 48));
+}
+
+void tst_krrender::fullDiskKeepsTheOldFiles()
+{
+    const QByteArray old = "what was there before";
+    const QString fullDisk = QStringLiteral("ulimit -f 1; \"$0\" \"$@\"");
+    for (const char *suffix : {"png", "jpg", "webp", "svg", "pdf", "gpx", "kml", "kmz", "krroute"}) {
+        const QString file = write(QLatin1String("a.") + QLatin1String(suffix), old);
+        const QString option =
+            file.endsWith(QLatin1String("krroute")) ? QStringLiteral("--save") : QStringLiteral("-o");
+        const Outcome outcome =
+            runFrom(fullDisk, {option, file, QStringLiteral("--size"), QStringLiteral("300x200"), sample(tour)});
+        QVERIFY2(outcome.exitCode == 2, qPrintable(file + outcome.err));
+        // The name of the file, or of one of its tracks, and a reason.
+        QVERIFY2(outcome.err.contains(QRegularExpression(QStringLiteral("^krrender: .*/(a|track)\\.[a-z]+: .+\n$"))),
+                 qPrintable(outcome.err));
+        QFile now(file);
+        QVERIFY(now.open(QIODevice::ReadOnly));
+        QCOMPARE(now.readAll(), old);
     }
 }
 
