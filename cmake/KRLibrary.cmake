@@ -18,7 +18,8 @@ function(kr_add_library name)
     set_target_properties(${name} PROPERTIES
         EXPORT_NAME ${shortName}
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+        SOVERSION ${KR_SOVERSION}
+        INSTALL_RPATH "$ORIGIN")
     generate_export_header(${name}
         BASE_NAME ${name}
         EXPORT_FILE_NAME "${generatedDir}/${name}/${name}Export.h")
@@ -37,7 +38,9 @@ function(kr_add_library name)
     set(headers ${ARGN})
     list(FILTER headers INCLUDE REGEX "\\.h$")
     install(TARGETS ${name} EXPORT KRGeoLocationTargets
-        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Libraries NAMELINK_COMPONENT Development)
     install(FILES ${headers} "${generatedDir}/${name}/${name}Export.h"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${name}")
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${name}" COMPONENT Development)
+    # At the end of the library's own list, which names its neighbours.
+    cmake_language(EVAL CODE "cmake_language(DEFER CALL kr_install_pkg_config ${name})")
 endfunction()

@@ -21,7 +21,11 @@ if(KR_BUILD_APPS)
     find_package(Qt5 5.15 REQUIRED COMPONENTS Network PrintSupport Sql)
 endif()
 
+# Before 1.0 every minor version may change what programs rely on.
+set(KR_SOVERSION "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
+
 include(KRWarnings)
+include(KRPkgConfig)
 include(KRLibrary)
 include(KRTest)
 include(KRTranslations)
@@ -35,7 +39,7 @@ write_basic_package_version_file(
 install(FILES
     "${PROJECT_BINARY_DIR}/KRGeoLocationConfig.cmake"
     "${PROJECT_BINARY_DIR}/KRGeoLocationConfigVersion.cmake"
-    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/KRGeoLocation")
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/KRGeoLocation" COMPONENT Development)
 install(EXPORT KRGeoLocationTargets
     NAMESPACE KR::
-    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/KRGeoLocation")
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/KRGeoLocation" COMPONENT Development)

@@ -1,0 +1,23 @@
+# kr_install_pkg_config(<library>): writes <library>.pc from what the target says of itself, and installs it.
+# Paths go by the place of the file, so that a moved installation keeps working.
+function(kr_install_pkg_config name)
+    set(requires "")
+    get_target_property(neighbours ${name} INTERFACE_LINK_LIBRARIES)
+    foreach(neighbour IN LISTS neighbours)
+        if(neighbour MATCHES "^KR::(.+)$")
+            list(APPEND requires "KR${CMAKE_MATCH_1} = ${PROJECT_VERSION}")
+        elseif(neighbour MATCHES "^(Qt[0-9]+)::(.+)$")
+            list(APPEND requires "${CMAKE_MATCH_1}${CMAKE_MATCH_2}")
+        else()
+            message(FATAL_ERROR "What is ${neighbour} for pkg-config?")
+        endif()
+    endforeach()
+    list(JOIN requires ", " requires)
+
+    set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+    file(RELATIVE_PATH prefix "/${pkgConfigDir}" "/")
+    string(REGEX REPLACE "/$" "" prefix "${prefix}")
+    get_target_property(description ${name} KR_DESCRIPTION)
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/library.pc.in" "${CMAKE_CURRENT_BINARY_DIR}/${name}.pc" @ONLY)
+    install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${name}.pc" DESTINATION "${pkgConfigDir}" COMPONENT Development)
+endfunction()
