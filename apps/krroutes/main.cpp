@@ -15,6 +15,7 @@ int main(int argc, char *argv[])
     KRHostApplication::prepare(false);
     const QApplication application(argc, argv);
     KRHostApplication::setup(*qApp, QStringLiteral("krroutes"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("de.krgeolocation.krroutes"));
     QApplication::setWindowIcon(KRViewerIcons::applicationIcon());
     const KRViewerOptions options(QCoreApplication::arguments());
 
