@@ -1,12 +1,12 @@
 #include "KRGPXImageStrips.h"
 
+#include "KRGPXImageMemory.h"
+
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRIntRange.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <limits>
 
 namespace {
 
@@ -29,7 +29,7 @@ void copyMetadata(const QImage &from, QImage *to)
 QImage KRGPXImageStrips::changed(const QImage &image, QImage::Format workingFormat, QImage::Format resultFormat,
                                  const Change &change)
 {
-    QImage result(image.size(), resultFormat);
+    QImage result = KRGPXImageMemory::rawImage(image.size(), resultFormat);
     if (result.isNull())
         return result;
     copyMetadata(image, &result);
@@ -55,22 +55,4 @@ QImage KRGPXImageStrips::rowsOf(const QImage &image, int firstRow, int count)
     if (image.colorCount() > 0)
         rows.setColorTable(image.colorTable());
     return rows;
-}
-
-QImage KRGPXImageStrips::transparentImage(const QSize &size)
-{
-    // QImage counts the bits of a line in an int.
-    constexpr int bitsPerPixel = 32;
-    constexpr int greatestWidth = std::numeric_limits<int>::max() / bitsPerPixel;
-    if (size.isEmpty() || size.width() > greatestWidth)
-        return QImage();
-    constexpr std::size_t bytesPerPixel = bitsPerPixel / 8;
-    void *const pixels = std::calloc(std::size_t(size.height()), std::size_t(size.width()) * bytesPerPixel);
-    if (!pixels)
-        return QImage();
-    const QImage image(static_cast<uchar *>(pixels), size.width(), size.height(), QImage::Format_ARGB32_Premultiplied,
-                       std::free, pixels);
-    if (image.isNull())
-        std::free(pixels);
-    return image;
 }

@@ -15,6 +15,7 @@ using Change = std::function<void(QImage *strip, int firstRow)>;
 
 /**
  * Converts to @p workingFormat, changes, and converts to @p resultFormat, with the same pixels as for the whole.
+ * Both formats must have 32 bits a pixel.
  *
  * Strips are worked on in several threads at once, under the rules of KRConcurrent. Null for a null image and where
  * memory does not suffice.
@@ -23,8 +24,5 @@ QImage changed(const QImage &image, QImage::Format workingFormat, QImage::Format
 
 /// Some rows of an image in place, as long as the image exists unchanged.
 QImage rowsOf(const QImage &image, int firstRow, int count);
-
-/// A transparent image whose memory is not touched before somebody paints there; null where that is not possible.
-QImage transparentImage(const QSize &size);
 
 } // namespace KRGPXImageStrips

@@ -1,6 +1,7 @@
 #include "KRGPXTrackRenderer.h"
 
 #include "KRGPXConfiguredTrack.h"
+#include "KRGPXImageMemory.h"
 #include "KRGPXImageStrips.h"
 #include "KRGPXMarkerShape.h"
 #include "KRGPXPathPainter.h"
@@ -225,7 +226,7 @@ QImage KRGPXTrackRenderer::crop(const QImage &map) const
     if (opacity == 255 || map.isNull())
         return map;
     // only its alpha counts, which a conversion out of the premultiplied format would leave as it is
-    QImage mask = KRGPXImageStrips::transparentImage(m_targetImageSize);
+    QImage mask = KRGPXImageMemory::transparentImage(m_targetImageSize);
     paintOn(&mask, OpaqueRender, true);
     const AlphaTable table = croppingTable(opacity);
     return KRGPXImageStrips::changed(

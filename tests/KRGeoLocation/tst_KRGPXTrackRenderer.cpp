@@ -602,6 +602,7 @@ void tst_KRGPXTrackRenderer::cropOfFormats()
         {"premultiplied", QImage::Format_ARGB32_Premultiplied, large},
         {"premultiplied, one row", QImage::Format_ARGB32_Premultiplied, QSize(20000, 1)},
         {"premultiplied, one column", QImage::Format_ARGB32_Premultiplied, QSize(1, 500)},
+        {"premultiplied, many pages of memory", QImage::Format_ARGB32_Premultiplied, QSize(1100, 1000)},
         {"no alpha", QImage::Format_RGB32, large},
         {"16 bits", QImage::Format_RGB16, large},
         {"64 bits", QImage::Format_RGBA64, large},
