@@ -1,7 +1,7 @@
 #include "KRTrackKeeper.h"
 
-#include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 #include <KRXML/KRXMLBuilder.h>
 #include <KRXML/KRXMLParser.h>
 
@@ -28,14 +28,15 @@ bool keepPoints(const KRGPXTrack &track, QDomElement &element)
         // The comma text drops null points: they do not count.
         int number = -1;
         const KRGPXTrackSegment &segment = segments.at(i);
+        const KRGeoPositionSpan positions = segment.positions();
         for (int k = 0; k < segment.count(); ++k) {
-            const KRGPXTrackPoint point = segment.trackPoint(k);
-            if (point.isNull())
+            if (positions.latitudes[k] == 0.0 && positions.longitudes[k] == 0.0)
                 continue;
             ++number;
-            if (point.description().isEmpty())
+            const QString description = segment.description(k);
+            if (description.isEmpty())
                 continue;
-            QDomElement kept = KRXMLBuilder::buildDomElement(element, pointElement, point.description());
+            QDomElement kept = KRXMLBuilder::buildDomElement(element, pointElement, description);
             kept.setAttribute(segmentAttribute, i);
             kept.setAttribute(numberAttribute, number);
             isAnyKept = true;
@@ -56,20 +57,18 @@ PointTexts keptPoints(const QDomElement &element)
     return texts;
 }
 
-QDateTime restoredTime(const QDateTime &time)
-{
-    // Comma text gives local times; any other kind was read from ISO text, which keeps them right.
-    const bool cameAsMilliseconds = time.isValid() && time.timeSpec() == Qt::LocalTime;
-    return cameAsMilliseconds ? QDateTime::fromMSecsSinceEpoch(time.toSecsSinceEpoch(), Qt::UTC) : time;
-}
-
 KRGPXTrackSegment restoredSegment(const KRGPXTrackSegment &segment, int number, const PointTexts &texts)
 {
     KRGPXTrackSegment restored;
+    const KRGeoPositionSpan positions = segment.positions();
     for (int i = 0; i < segment.count(); ++i) {
-        const KRGPXTrackPoint point = segment.trackPoint(i);
-        restored.append(point.position().latitude().decimalDegrees(), point.position().longitude().decimalDegrees(),
-                        point.elevation(), restoredTime(point.timeStamp()), texts.value({number, i}));
+        // Comma texts are written with milliseconds, and those are read as seconds.
+        const qint64 milliseconds = segment.secondsOfCommaText(i);
+        const QDateTime time = milliseconds == KRGPXTrackSegment::noTime
+                                   ? segment.timeStamp(i)
+                                   : QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+        restored.append(positions.latitudes[i], positions.longitudes[i], segment.elevation(i), time,
+                        texts.value({number, i}, segment.description(i)));
     }
     restored.squeeze();
     return restored;

@@ -3,10 +3,14 @@
 #include "KRGPXTrackSegment.h"
 
 #include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
 
 namespace {
 
 constexpr int mostFields = 4;
+constexpr int decimals = 10;
 
 /// noTime where the milliseconds that QDateTime keeps would not fit into 64 bits.
 qint64 millisecondsOf(qint64 seconds)
@@ -35,4 +39,31 @@ KRGPXCommaText KRGPXCommaText::decode(const QStringRef &text)
     // The writer puts milliseconds there. Intended: they are read as seconds.
     point.milliseconds = count == fields.size() ? millisecondsOf(fields[3].toLongLong()) : KRGPXTrackSegment::noTime;
     return point;
+}
+
+QString KRGPXCommaText::encode(double degrees)
+{
+    if (!std::isfinite(degrees))
+        return QString::number(degrees);
+    // As QString::number() writes it, but several times as fast.
+    std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> text;
+    const char *end =
+        std::to_chars(text.data(), text.data() + text.size(), degrees, std::chars_format::fixed, decimals).ptr;
+    // Intended: only zeroes go, the decimal point stays.
+    while (end[-1] == '0')
+        --end;
+    return QString::fromLatin1(text.data(), int(end - text.data()));
+}
+
+QString KRGPXCommaText::join(const QString &longitude, const QString &latitude, int elevation, qint64 milliseconds)
+{
+    const QLatin1Char comma(',');
+    const bool hasTime = milliseconds != KRGPXTrackSegment::noTime;
+    QString text = longitude + comma + latitude;
+    if (elevation != 0 || hasTime)
+        text += comma + QString::number(elevation);
+    // Intended: milliseconds here, although decode() reads this field as seconds.
+    if (hasTime)
+        text += comma + QString::number(milliseconds);
+    return text;
 }

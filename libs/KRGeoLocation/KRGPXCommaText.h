@@ -1,15 +1,22 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
 class QStringRef;
 
-/// What the comma text of one point says, see KRGPXTrackPoint::decodeKml().
+/// What the comma text of one point says, see KRGPXTrackPoint::decodeKml() and toKml().
 struct KRGPXCommaText {
     double latitude = 0.0; ///< decimal degrees
     double longitude = 0.0;
     int elevation = 0; ///< whole metres
     qint64 milliseconds = 0; ///< since 1970, or KRGPXTrackSegment::noTime
 
+    /// Takes the time for seconds, although encode() writes milliseconds.
     static KRGPXCommaText decode(const QStringRef &text);
+
+    QString encode() const { return join(encode(longitude), encode(latitude), elevation, milliseconds); }
+    /// With at most ten decimals, and a point in any case: "12."
+    static QString encode(double degrees);
+    /// The elevation is left out where it is 0 and no time follows.
+    static QString join(const QString &longitude, const QString &latitude, int elevation, qint64 milliseconds);
 };

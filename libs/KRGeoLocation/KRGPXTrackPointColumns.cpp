@@ -66,6 +66,23 @@ KRGPXTrackPoint KRGPXTrackPointColumns::point(int index) const
     return KRGPXTrackPoint(positions().at(index), elevation(index), timeStamp(index), description(index));
 }
 
+KRGPXCommaText KRGPXTrackPointColumns::commaText(int index) const
+{
+    qint64 milliseconds = m_times.value(index, noTime);
+    if (milliseconds == unusualTime) {
+        const QDateTime time = timeStamp(index);
+        milliseconds = time.isValid() ? time.toMSecsSinceEpoch() : noTime;
+    }
+    return {m_latitudes.at(index), m_longitudes.at(index), elevation(index), milliseconds};
+}
+
+qint64 KRGPXTrackPointColumns::secondsOfCommaText(int index) const
+{
+    const qint64 milliseconds = m_times.value(index, noTime);
+    const bool isFromCommaText = milliseconds > unusualTime && zoneAt(index) == localZone;
+    return isFromCommaText ? milliseconds / 1000 : noTime;
+}
+
 bool KRGPXTrackPointColumns::operator==(const KRGPXTrackPointColumns &other) const
 {
     const auto areEqualAngles = [](double a, double b) { return KRGeoArc(a) == KRGeoArc(b); };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KRGPXCommaText.h"
 #include "KRGPXTrackSegment.h"
 
 #include <QDateTime>
@@ -25,6 +26,10 @@ public:
     QDateTime timeStamp(int index) const;
     QString description(int index) const;
     KRGPXTrackPoint point(int index) const;
+    /// Everything but the description.
+    KRGPXCommaText commaText(int index) const;
+    /// The time that a comma text gave, in seconds since 1970; KRGPXTrackSegment::noTime for none and any other time.
+    qint64 secondsOfCommaText(int index) const;
 
     /// Point by point as KRGPXTrackPoint compares.
     bool operator==(const KRGPXTrackPointColumns &other) const;

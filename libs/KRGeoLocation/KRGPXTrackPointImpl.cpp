@@ -1,5 +1,7 @@
 #include "KRGPXTrackPointImpl.h"
 
+#include "KRGPXCommaText.h"
+#include "KRGPXTrackSegment.h"
 #include "KRGPXVocabulary.h"
 
 #include <KRCore/KRMath.h>
@@ -7,7 +9,6 @@
 #include <KRXML/KRXMLParser.h>
 
 #include <QDomElement>
-#include <QRegularExpression>
 
 KRGPXTrackPointImpl::KRGPXTrackPointImpl(const KRGeoPosition &position, int elevation, const QDateTime &timeStamp,
                                          const QString &description)
@@ -51,13 +52,8 @@ bool KRGPXTrackPointImpl::operator==(const KRGPXTrackPointImpl &other) const
 
 QString KRGPXTrackPointImpl::toKml() const
 {
-    QString text = QStringLiteral("%1,%2").arg(encode(m_position.longitude()), encode(m_position.latitude()));
-    if (m_elevation != 0 || m_timeStamp.isValid())
-        text += QStringLiteral(",%1").arg(m_elevation);
-    // Intended: milliseconds here, although decodeKml() reads this field as seconds.
-    if (m_timeStamp.isValid())
-        text += QStringLiteral(",%1").arg(m_timeStamp.toMSecsSinceEpoch());
-    return text;
+    return KRGPXCommaText::join(encode(m_position.longitude()), encode(m_position.latitude()), m_elevation,
+                                m_timeStamp.isValid() ? m_timeStamp.toMSecsSinceEpoch() : KRGPXTrackSegment::noTime);
 }
 
 void KRGPXTrackPointImpl::toXml(QDomElement &parent) const
@@ -78,7 +74,5 @@ void KRGPXTrackPointImpl::toXml(QDomElement &parent) const
 
 QString KRGPXTrackPointImpl::encode(const KRGeoArc &angle) const
 {
-    // Intended: only zeroes go, the decimal point stays: "12.".
-    static const QRegularExpression trailingZeroes(QStringLiteral("0+$"));
-    return QString::number(angle.decimalDegrees(), 'f', 10).remove(trailingZeroes);
+    return KRGPXCommaText::encode(angle.decimalDegrees());
 }

@@ -112,6 +112,26 @@ KRGPXTrackPoint KRGPXTrackSegment::trackPoint(int index) const
     return d->point(index);
 }
 
+int KRGPXTrackSegment::elevation(int index) const
+{
+    return d->elevation(index);
+}
+
+QDateTime KRGPXTrackSegment::timeStamp(int index) const
+{
+    return d->timeStamp(index);
+}
+
+QString KRGPXTrackSegment::description(int index) const
+{
+    return d->description(index);
+}
+
+qint64 KRGPXTrackSegment::secondsOfCommaText(int index) const
+{
+    return d->secondsOfCommaText(index);
+}
+
 int KRGPXTrackSegment::count() const
 {
     return d->count();
@@ -236,6 +256,6 @@ QString KRGPXTrackSegment::commaTexts(int first, int end) const
     QStringList texts;
     texts.reserve(end - first);
     for (int i = first; i < end; ++i)
-        texts.append(d->point(i).toKml());
+        texts.append(d->commaText(i).encode());
     return texts.join(QLatin1Char('\n'));
 }

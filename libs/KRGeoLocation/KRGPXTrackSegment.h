@@ -43,6 +43,13 @@ public:
     QList<KRGPXTrackPoint> trackPoints() const;
     /// The point with the index @p index, which must exist.
     KRGPXTrackPoint trackPoint(int index) const;
+    /// What trackPoint() has, without making the point.
+    int elevation(int index) const;
+    QDateTime timeStamp(int index) const;
+    QString description(int index) const;
+    /// The number that a comma text gave as the time of that point and that was taken for seconds since 1970; noTime
+    /// for a point without a time and for one whose time came in another way.
+    qint64 secondsOfCommaText(int index) const;
     int count() const;
     /// The columns, in place as long as this segment or a copy of it exists unchanged.
     KRGeoPositionSpan positions() const;
