@@ -6,7 +6,11 @@
 
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <random>
+#include <vector>
 
 namespace {
 
@@ -29,6 +33,7 @@ private slots:
     void read();
     void writeXml();
     void toKml();
+    void toKmlOfAnyNumber();
     void decodeKml();
     void timesGrowWithEverySave();
     void equality();
@@ -104,6 +109,22 @@ void tst_KRGPXTrackPoint::toKml()
          QStringLiteral("100.,10.")},
     };
     table.forEach([](const KRGPXTrackPoint &point, const QString &expected) { QCOMPARE(point.toKml(), expected); });
+}
+
+void tst_KRGPXTrackPoint::toKmlOfAnyNumber()
+{
+    std::vector<double> numbers{0.0,  -0.0, 1e-11, -5e-11, 0.00000000005, 179.99999999995, 1e15, -1.7976931348623157e308,
+                                qInf(), -qInf(), qQNaN()};
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> degrees(-180.0, 180.0);
+    std::generate_n(std::back_inserter(numbers), 5000, [&] { return degrees(random); });
+    for (const double number : numbers) {
+        QString expected = QString::number(number, 'f', 10);
+        while (expected.endsWith(QLatin1Char('0')))
+            expected.chop(1);
+        const KRGPXTrackPoint point(KRGeoPosition(number, 1.0), 0, QDateTime(), QString());
+        QCOMPARE(point.toKml(), QStringLiteral("1.,") + expected);
+    }
 }
 
 void tst_KRGPXTrackPoint::decodeKml()

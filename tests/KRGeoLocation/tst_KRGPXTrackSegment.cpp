@@ -248,7 +248,9 @@ void tst_KRGPXTrackSegment::keepsWhateverPointsHold()
     }
     const KRGPXTrackSegment segment(points);
     QCOMPARE(segment.count(), points.size());
+    QStringList commaTexts;
     for (int i = 0; i < points.size(); ++i) {
+        commaTexts.append(points.at(i).toKml());
         const KRGPXTrackPoint point = segment.trackPoint(i);
         QCOMPARE(point.position().toPointF().x(), points.at(i).position().toPointF().x());
         QCOMPARE(point.position().toPointF().y(), points.at(i).position().toPointF().y());
@@ -261,6 +263,7 @@ void tst_KRGPXTrackSegment::keepsWhateverPointsHold()
         QCOMPARE(segment.allTimeStamps().at(i), points.at(i).timeStamp());
     }
     QCOMPARE(KRGPXTrackSegment(segment.trackPoints()), segment);
+    QCOMPARE(segment.toKml(), commaTexts.join(QLatin1Char('\n')));
 }
 
 void tst_KRGPXTrackSegment::appending()
