@@ -124,8 +124,8 @@
         <translation>&quot;%1&quot; is read and will not be overwritten.</translation>
     </message>
     <message>
-        <source>Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute) und einen Ordner mit ihren Strecken daneben.</source>
-        <translation>Saves the routes with their looks as a route document (.krroute), and a folder with their tracks beside it.</translation>
+        <source>Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute), ihre Punkte in einem Ordner daneben.</source>
+        <translation>Saves the routes with their looks as a route document (.krroute), and their points in a folder beside it.</translation>
     </message>
     <message>
         <source>Zeichnet die Fluglinie zwischen zwei Orten, zum Beispiel „Oldenburg .. Sydney“ oder „N53.1 E8.2 .. S33.9 E151.2“; auch mehrmals.</source>
@@ -156,7 +156,7 @@
         <translation>--beeline: &quot;%1&quot; does not name two places such as &quot;Oldenburg .. Sydney&quot;.</translation>
     </message>
     <message>
-        <source>Liest aus GPX nur Strecken und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.</source>
+        <source>Liest aus GPX nur Aufzeichnungen (trk) und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.</source>
         <translation>Reads only tracks from GPX and only simple placemarks from KML, and does not tell what is missing.</translation>
     </message>
     <message>
@@ -227,8 +227,8 @@
         <translation>%1/%2 reading %3</translation>
     </message>
     <message>
-        <source>Die Strecke „%1“ hat keine Position.</source>
-        <translation>The track &quot;%1&quot; has no position.</translation>
+        <source>Die Route „%1“ hat keine Position.</source>
+        <translation>The route &quot;%1&quot; has no position.</translation>
     </message>
     <message>
         <source>Es gibt nichts zu zeichnen.</source>
@@ -243,8 +243,8 @@
         <translation>drawn in %1 ms</translation>
     </message>
     <message>
-        <source>%1 Strecken, in %2 ms gelesen</source>
-        <translation>%1 tracks, read in %2 ms</translation>
+        <source>%1 Routen, in %2 ms gelesen</source>
+        <translation>%1 routes, read in %2 ms</translation>
     </message>
     <message>
         <source>Es gibt nichts zu schreiben.</source>

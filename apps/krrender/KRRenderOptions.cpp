@@ -33,8 +33,8 @@ constexpr OptionText optionTexts[] = {
                        "auch mit „-“.")},
     {"save", "DOCUMENT",
      QT_TRANSLATE_NOOP("KRRenderOptions",
-                       "Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute) und einen Ordner mit "
-                       "ihren Strecken daneben.")},
+                       "Speichert die Routen mit ihrem Aussehen als Routendokument (.krroute), ihre Punkte in einem "
+                       "Ordner daneben.")},
     {"size", "WxH", QT_TRANSLATE_NOOP("KRRenderOptions", "Größe des Bildes in Pixeln (1600x1200).")},
     {"scale", "FACTOR",
      QT_TRANSLATE_NOOP("KRRenderOptions", "Vergrößert Linien und Schrift, zum Beispiel 2 für hohe Auflösung.")},
@@ -47,8 +47,9 @@ constexpr OptionText optionTexts[] = {
                        "Zeichnet die Fluglinie zwischen zwei Orten, zum Beispiel „Oldenburg .. Sydney“ oder „N53.1 "
                        "E8.2 .. S33.9 E151.2“; auch mehrmals.")},
     {"plain", "",
-     QT_TRANSLATE_NOOP("KRRenderOptions",
-                       "Liest aus GPX nur Strecken und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.")},
+     QT_TRANSLATE_NOOP(
+         "KRRenderOptions",
+         "Liest aus GPX nur Aufzeichnungen (trk) und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.")},
     {"split-segments", "",
      QT_TRANSLATE_NOOP("KRRenderOptions", "Macht jeden Abschnitt zu einer eigenen Route, ohne Linie über die Pausen.")},
     {"strict", "",

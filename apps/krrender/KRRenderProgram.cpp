@@ -152,7 +152,7 @@ void KRRenderProgram::readRoutes()
     for (const KRImportReport &report : m_import.reports())
         printReport(report);
     if (m_options.isVerbose())
-        say(tr("%1 Strecken, in %2 ms gelesen").arg(m_import.tracks().size()).arg(timer.elapsed()));
+        say(tr("%1 Routen, in %2 ms gelesen").arg(m_import.tracks().size()).arg(timer.elapsed()));
 }
 
 void KRRenderProgram::printReport(const KRImportReport &report) const
@@ -199,7 +199,7 @@ int KRRenderProgram::countOfUndrawn(const KRGPXTrackSelection &selection)
         if (area.covered().isValid())
             continue;
         ++count;
-        printLine(stderr, QStringLiteral("krrender: ") + tr("Die Strecke „%1“ hat keine Position.").arg(track.name()));
+        printLine(stderr, QStringLiteral("krrender: ") + tr("Die Route „%1“ hat keine Position.").arg(track.name()));
     }
     return count;
 }
