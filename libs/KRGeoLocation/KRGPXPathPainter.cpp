@@ -29,6 +29,9 @@ constexpr std::size_t fewPartElements = 400;
 // Measured: smaller tiles draw many lines more than once, larger ones leave the painter's rasteriser long rows.
 constexpr int tileSize = 64;
 
+// A larger image has rows that the rasteriser of our own should not keep in memory.
+constexpr int largestRasterPx = 65536;
+
 // around a line, beside its pen: the soft edge and the rounding of the rasteriser
 constexpr double softEdgePx = 1.5;
 
@@ -137,6 +140,7 @@ private:
 bool isForRaster(const QPainter *painter, const QImage *image)
 {
     return painter->deviceTransform().type() <= QTransform::TxScale
+           && std::max(image->width(), image->height()) <= largestRasterPx
            && (image->format() == QImage::Format_ARGB32_Premultiplied || image->format() == QImage::Format_RGB32)
            && painter->compositionMode() == QPainter::CompositionMode_SourceOver && painter->opacity() == 1.0;
 }

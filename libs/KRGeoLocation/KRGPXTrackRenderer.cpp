@@ -75,6 +75,37 @@ bool surelyMissesDevice(const QPainter *painter, const QRectF &bounds)
     return painter->hasClipping() && !painter->clipBoundingRect().intersects(bounds);
 }
 
+bool missesPage(const QPainter *painter, const QRectF &bounds)
+{
+    const QPaintDevice *const device = painter->device();
+    const QRectF page(0.0, 0.0, device->width(), device->height());
+    return !painter->deviceTransform().mapRect(bounds).intersects(page);
+}
+
+// So many elements in all copies of a line are looked at in a moment.
+constexpr int mostElements = 20000000;
+
+// How often the path leads around the world before it comes to its last round.
+int finishedRounds(const QPainterPath &path, const QPointF &world)
+{
+    const double width = std::abs(world.x());
+    for (int i = 1; i < path.elementCount(); ++i)
+        if (std::abs(path.elementAt(i).x - path.elementAt(i - 1).x) > width)
+            return 0; // a place that is none, not a round
+    const double rounds = std::ceil(path.controlPointRect().width() / width) - 1.0;
+    return std::min(KRMath::toInt(std::max(0.0, rounds)), mostElements / std::max(1, path.elementCount()));
+}
+
+// The hole of an area over the date line may have been projected into another copy of the world.
+QPainterPath broughtTo(const QRectF &area, const QPainterPath &hole, const QPointF &world)
+{
+    const QRectF bounds = hole.controlPointRect();
+    const double worlds = std::round((area.center().x() - bounds.center().x()) / world.x());
+    if (!std::isfinite(worlds) || area.intersects(bounds) || !area.intersects(bounds.translated(worlds * world)))
+        return hole;
+    return hole.translated(worlds * world);
+}
+
 // Fewer points are projected sooner than they are handed to another thread.
 constexpr int pointsWorthSplitting = 4096;
 
@@ -268,16 +299,23 @@ KRIntRange KRGPXTrackRenderer::visibleShifts(QPainter *painter) const
 }
 
 // Without a world width the copies would all lie on each other, so only the first one is drawn.
-void KRGPXTrackRenderer::drawAroundTheWorld(QPainter *painter, const QRectF &bounds,
+// A line of many rounds is in sight with the last of them, too, which needs copies farther away.
+void KRGPXTrackRenderer::drawAroundTheWorld(QPainter *painter, const QPainterPath &path, double reach,
                                             const std::function<void()> &draw) const
 {
     const QPointF world = aroundTheWorldOffset();
-    const KRIntRange shifts = isFinite(world) && !world.isNull() ? visibleShifts(painter) : KRIntRange(0, 0);
-    for (int shift = shifts.minimum(); shift <= shifts.maximum(); ++shift) {
+    const bool hasCopies = isFinite(world) && !world.isNull();
+    const KRIntRange shifts = hasCopies ? visibleShifts(painter) : KRIntRange(0, 0);
+    const int rounds = hasCopies ? finishedRounds(path, world) : 0;
+    // a path of one point alone knows no bounds
+    const QRectF points = path.isEmpty() ? QRectF(path.currentPosition(), QSizeF()) : path.controlPointRect();
+    const QRectF bounds = points.adjusted(-reach, -reach, reach, reach);
+    for (int shift = shifts.minimum() - rounds; shift <= shifts.maximum() + rounds; ++shift) {
         painter->save();
         if (shift != 0)
             painter->translate(shift * world);
-        if (!surelyMissesDevice(painter, bounds))
+        const bool isFarAway = shift < shifts.minimum() || shift > shifts.maximum();
+        if (!surelyMissesDevice(painter, bounds) && !(isFarAway && missesPage(painter, bounds)))
             draw();
         painter->restore();
     }
@@ -351,8 +389,12 @@ QPainterPath KRGPXTrackRenderer::createPainterPath(const KRGPXConfiguredTrack &t
     if (track.naturalShape() == LineStringTrackShape && track.effectiveShape() == PolygonTrackShape)
         path.closeSubpath();
     const QList<KRGPXTrack> enclaves = track.track().enclaves();
+    if (enclaves.isEmpty())
+        return path;
+    const QRectF area = path.controlPointRect();
+    const QPointF world = aroundTheWorldOffset();
     for (const KRGPXTrack &enclave : enclaves)
-        path.addPath(createPainterPath(enclave, strength, steps));
+        path.addPath(broughtTo(area, createPainterPath(enclave, strength, steps), world));
     return path;
 }
 
@@ -467,11 +509,10 @@ QPainterPath KRGPXTrackRenderer::thinnedPath(const std::vector<QPointF> &points)
     return path;
 }
 
-// Where a path may leave marks: beside its pen, an arrow head and the soft edge of antialiasing.
-QRectF KRGPXTrackRenderer::paintedBounds(const QPainterPath &path, const QPen &pen) const
+// How far from a path there may be marks: of its pen, an arrow head and the soft edge of antialiasing.
+double KRGPXTrackRenderer::reachOf(const QPen &pen) const
 {
-    const double margin = pen.widthF() + scale(longestArrow) + 2.0;
-    return path.controlPointRect().adjusted(-margin, -margin, margin, margin);
+    return pen.widthF() + scale(longestArrow) + 2.0;
 }
 
 void KRGPXTrackRenderer::drawLine(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const
@@ -483,7 +524,7 @@ void KRGPXTrackRenderer::drawLine(QPainter *painter, const KRGPXConfiguredTrack 
     }
     const KRGPXTrackConfiguration configuration = track.configuration();
     const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
-    drawAroundTheWorld(painter, paintedBounds(path, penFromTrack(configuration, option)), [&] {
+    drawAroundTheWorld(painter, path, reachOf(penFromTrack(configuration, option)), [&] {
         drawPath(painter, path, configuration, option);
         if (hasArrow)
             drawArrowHead(painter, path, configuration, option);
@@ -499,7 +540,7 @@ void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const KRGPXConfiguredTra
         return;
     }
     const KRGPXTrackConfiguration configuration = track.configuration();
-    drawAroundTheWorld(painter, paintedBounds(path, penFromTrack(configuration, option)),
+    drawAroundTheWorld(painter, path, reachOf(penFromTrack(configuration, option)),
                        [&] { drawPolygon(painter, path, configuration, option); });
 }
 
@@ -528,14 +569,18 @@ void KRGPXTrackRenderer::drawPath(QPainter *painter, const QPainterPath &path,
 void KRGPXTrackRenderer::drawArrowHead(QPainter *painter, const QPainterPath &path,
                                        const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
 {
-    const double angle = detectAngleOfPath(path);
     const QPointF start = path.elementAt(0);
     const QPointF tip = path.currentPosition();
+    const QPen pen = solidPenFromTrack(configuration, option);
+    const double reach = reachOf(pen);
+    if (surelyMissesDevice(painter, QRectF(tip, QSizeF()).adjusted(-reach, -reach, reach, reach)))
+        return;
+    const double angle = detectAngleOfPath(path);
     const double halfDistance = std::hypot(tip.x() - start.x(), tip.y() - start.y()) * 0.5;
     const double length = scale(qBound(shortestArrow, halfDistance, longestArrow));
 
     painter->save();
-    painter->setPen(solidPenFromTrack(configuration, option));
+    painter->setPen(pen);
     painter->drawLine(tip, movePolar(tip, length, angle + barbAngle));
     painter->drawLine(tip, movePolar(tip, length, angle - barbAngle));
     painter->restore();
@@ -562,7 +607,7 @@ void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack
     painter->save();
     painter->setPen(pen);
     painter->setBrush(fills ? brushFromTrack(configuration, option) : QBrush(Qt::transparent));
-    drawAroundTheWorld(painter, QRectF(centre, QSizeF()).adjusted(-reach, -reach, reach, reach),
+    drawAroundTheWorld(painter, QPainterPath(centre), reach,
                        [&] { configuration.markerShape().draw(painter, centre, size, size); });
     painter->restore();
 }

@@ -37,7 +37,8 @@ enum TrackRenderOption : int {
  *
  * The subclass supplies the projection. It is called from several threads at once and must be a pure function.
  * A track that steps over longitude 180 goes on beyond the edge of its world, and everything is drawn once for
- * each copy of the world that may be in view.
+ * each copy of the world that may be in view; a line that winds around the world, for each of its rounds too. The
+ * holes of an area lie in the same copy as their area.
  *
  * All lengths are pixels of the target image; widths, marker sizes and distances of the configuration are
  * multiplied by the rendering factor (1 on a normal screen, 2 on one of high density). Points that project to no
@@ -146,8 +147,9 @@ private:
     void paintOn(QImage *image, TrackRenderOption option, bool antialiased) const;
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
     QPainterPath thinnedPath(const std::vector<QPointF> &points) const;
-    QRectF paintedBounds(const QPainterPath &path, const QPen &pen) const;
-    void drawAroundTheWorld(QPainter *painter, const QRectF &bounds, const std::function<void()> &draw) const;
+    double reachOf(const QPen &pen) const;
+    void drawAroundTheWorld(QPainter *painter, const QPainterPath &path, double reach,
+                            const std::function<void()> &draw) const;
 
     KRGPXTrackSelection m_selection;
     QSize m_targetImageSize;
