@@ -15,9 +15,13 @@
 
 namespace {
 
-// Shorter lines are drawn as a whole. Measured.
-constexpr int fewElements = 200;
-constexpr double shortLengthPx = 2000.0;
+// Paths of fewer elements that are shorter as well are drawn as a whole. Measured, for our rasteriser and for tiles.
+struct Shortness {
+    int elements;
+    double lengthPx;
+};
+constexpr Shortness shortForRaster{20, 500.0};
+constexpr Shortness shortForTiles{300, 5000.0};
 
 // Areas of fewer corners are filled as a whole. Measured.
 constexpr int fewCorners = 10000;
@@ -90,16 +94,16 @@ double reachOf(const QPen &pen, const Stretch &stretch)
     return pen.widthF() / 2.0 * corner * stretch.most + softEdgePx;
 }
 
-bool isLong(const QPainterPath &path, const QTransform &transform)
+bool isLong(const QPainterPath &path, const QTransform &transform, const Shortness &shortness)
 {
-    if (path.elementCount() >= fewElements)
+    if (path.elementCount() >= shortness.elements)
         return true;
     double length = 0.0;
-    for (int i = 1; i < path.elementCount() && length < shortLengthPx; ++i)
+    for (int i = 1; i < path.elementCount() && length < shortness.lengthPx; ++i)
         if (!path.elementAt(i).isMoveTo())
             length += (transform.map(QPointF(path.elementAt(i))) - transform.map(QPointF(path.elementAt(i - 1))))
                           .manhattanLength();
-    return length >= shortLengthPx;
+    return length >= shortness.lengthPx;
 }
 
 /**
@@ -199,13 +203,15 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
     const QTransform transform = painter->deviceTransform();
     const Stretch stretch = stretchOf(transform);
     const QImage *const image = imageOf(painter);
-    if (!image || !isPenForTiles(pen, stretch) || !isLong(path, transform) || !hasLinesOnly(path) || !hasJoin(path)) {
+    const bool usesRaster = image && isForRaster(painter, image);
+    if (!image || !isPenForTiles(pen, stretch) || !hasLinesOnly(path) || !hasJoin(path)
+        || !isLong(path, transform, usesRaster ? shortForRaster : shortForTiles)) {
         painter->drawPath(path);
         return;
     }
     KRVectorRegisters::releaseUpperHalves();
     const double reach = reachOf(pen, stretch);
-    if (isForRaster(painter, image)) {
+    if (usesRaster) {
         const int wholeImage = std::max(image->width(), image->height());
         const KRGPXPathTiles inSight(path, transform, reach, image->size(), wholeImage);
         QPainterPath lines;

@@ -138,6 +138,8 @@ void tst_KRGPXPathPainter::outlines_data()
     QTest::newRow("fine walk") << walk(1200, 5.0, 0.3);
     QTest::newRow("walk in whole pixels") << wholePixels(walk(1200, 5.0, 0.3));
     QTest::newRow("trembling walk") << wholePixels(walk(1200, 6.0, 2.0));
+    QTest::newRow("short walk") << walk(25, 5.0, 0.3);
+    QTest::newRow("a few strides") << wholePixels(walk(4, 150.0, 1.0));
     QTest::newRow("walk in long strides") << walk(60, 90.0, 1.0);
     QTest::newRow("steep zigzag") << zigzag({3.0, 350.0}, {10.7, 0.0}, 40);
     QTest::newRow("flat zigzag") << zigzag({430.0, 2.0}, {0.0, 7.3}, 40);
