@@ -1,10 +1,10 @@
 #pragma once
 
+#include "KRGPXTrackFileNames.h"
 #include "KRGPXTrackFileRegistryKey.h"
 
 #include <KRCore/KRSingleton.h>
 
-#include <QHash>
 #include <QObject>
 #include <QRecursiveMutex>
 #include <QSet>
@@ -49,7 +49,7 @@ private:
     static bool writeTrack(const KRGPXTrack &track, const QFileInfo &file, KRErrorHistory *history);
     QFileInfo newFile(const KRGPXTrackFileRegistryKey &key);
 
-    QHash<KRGPXTrackFileRegistryKey, QString> m_files;
+    KRGPXTrackFileNames m_files;
     QSet<QString> m_fileNames; // all that m_files holds, with their paths
     QSet<QDir> m_dirs;
     mutable QRecursiveMutex m_mutex;

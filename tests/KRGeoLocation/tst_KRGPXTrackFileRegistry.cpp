@@ -30,6 +30,8 @@ class tst_KRGPXTrackFileRegistry : public QObject
 
 private slots:
     void unchangedTrackKeepsItsFile();
+    void almostEqualTrackKeepsItsFile_data();
+    void almostEqualTrackKeepsItsFile();
     void tracksGetTheirOwnFiles();
     void nameOfALostFileIsNotGivenAway();
     void failedWriteKeepsTheName();
@@ -53,6 +55,33 @@ void tst_KRGPXTrackFileRegistry::unchangedTrackKeepsItsFile()
     const KRGPXTrackFileRegistryKey equalKey(track(QStringLiteral("8,53 9,54")), dir);
     QCOMPARE(registry.createAssignedFile(equalKey), QStringLiteral("track.gps"));
     QVERIFY(filesIn(dir).isEmpty());
+}
+
+void tst_KRGPXTrackFileRegistry::almostEqualTrackKeepsItsFile_data()
+{
+    // Positions are equal up to 1e-6 degrees, wherever the registry draws lines between them.
+    QTest::addColumn<QString>("coordinates");
+    QTest::addColumn<QString>("almostEqual");
+    QTest::newRow("south") << QStringLiteral("8.12345,53.00001 9,54") << QStringLiteral("8.12345,53.0000092 9,54");
+    QTest::newRow("west") << QStringLiteral("8.00001,53.12345 9,54") << QStringLiteral("8.0000092,53.12345 9,54");
+    QTest::newRow("north-east") << QStringLiteral("-8.0000004,-53.0000004 9,54")
+                                << QStringLiteral("-7.9999996,-52.9999996 9,54");
+    QTest::newRow("end") << QStringLiteral("8,53 9,54") << QStringLiteral("8,53 9.0000008,53.9999992");
+    QTest::newRow("nothing") << QString() << QStringLiteral(" ");
+}
+
+void tst_KRGPXTrackFileRegistry::almostEqualTrackKeepsItsFile()
+{
+    QFETCH(QString, coordinates);
+    QFETCH(QString, almostEqual);
+    const QDir dir(QStringLiteral("/somewhere"));
+    const KRGPXTrackFileRegistryKey key(track(coordinates), dir);
+    const KRGPXTrackFileRegistryKey almostEqualKey(track(almostEqual), dir);
+    KRGPXTrackFileRegistry registry;
+    registry.registerFile(key, QStringLiteral("first.gps"));
+    QCOMPARE(registry.fileName(almostEqualKey), QStringLiteral("first.gps"));
+    registry.registerFile(almostEqualKey, QStringLiteral("second.gps"));
+    QCOMPARE(registry.fileName(key), QStringLiteral("second.gps"));
 }
 
 void tst_KRGPXTrackFileRegistry::tracksGetTheirOwnFiles()
