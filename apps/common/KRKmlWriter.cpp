@@ -13,7 +13,7 @@
 #include <QColor>
 #include <QXmlStreamWriter>
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -45,41 +45,55 @@ bool isArea(const KRGPXConfiguredTrack &track)
            && (track.hasDrawOption(FillDisplayOption) || !track.track().enclaves().isEmpty());
 }
 
-QList<KRGPXTrackPoint> exchangeablePoints(const KRGPXTrackSegment &segment)
+/// Calls @p use with each point that can be written, one after the other: a list of all would take much more memory
+/// than the segment does.
+template <typename Use>
+void forEachPoint(const KRGPXTrackSegment &segment, const Use &use)
 {
-    QList<KRGPXTrackPoint> points = segment.trackPoints();
-    points.erase(
-        std::remove_if(points.begin(), points.end(),
-                       [](const KRGPXTrackPoint &point) { return !KRExchangeText::isExchangeable(point.position()); }),
-        points.end());
-    return points;
+    for (int i = 0; i < segment.count(); ++i) {
+        const KRGPXTrackPoint point = segment.trackPoint(i);
+        if (KRExchangeText::isExchangeable(point.position()))
+            use(point);
+    }
 }
 
-QString coordinates(const QList<KRGPXTrackPoint> &points)
+QString coordinate(const KRGPXTrackPoint &point)
+{
+    return tuple(point.position(), point.elevation(), QLatin1Char(','));
+}
+
+QString coordinates(const KRGPXTrackSegment &segment)
 {
     QString text;
-    for (const KRGPXTrackPoint &point : points)
-        text += tuple(point.position(), point.elevation(), QLatin1Char(',')) + QLatin1Char('\n');
+    forEachPoint(segment, [&](const KRGPXTrackPoint &point) { text += coordinate(point) + QLatin1Char('\n'); });
     return text.trimmed();
 }
 
 /// All points of the track as a ring that ends where it starts.
-QList<KRGPXTrackPoint> ring(const KRGPXTrack &track)
+QString ringCoordinates(const KRGPXTrack &track)
 {
-    QList<KRGPXTrackPoint> points;
+    QString text;
+    KRGPXTrackPoint first;
+    KRGPXTrackPoint last;
     const QList<KRGPXTrackSegment> segments = track.segments();
-    for (const KRGPXTrackSegment &segment : segments)
-        points += exchangeablePoints(segment);
-    if (!points.isEmpty() && points.first().position() != points.last().position())
-        points.append(points.first());
-    return points;
+    for (const KRGPXTrackSegment &segment : segments) {
+        forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
+            if (text.isEmpty())
+                first = point;
+            last = point;
+            text += coordinate(point) + QLatin1Char('\n');
+        });
+    }
+    if (first.position() != last.position())
+        text += coordinate(first);
+    return text.trimmed();
 }
 
 void writeBoundary(QXmlStreamWriter &xml, const QString &name, const KRGPXTrack &track)
 {
     xml.writeStartElement(kmlNamespace, name);
     xml.writeStartElement(kmlNamespace, QStringLiteral("LinearRing"));
-    xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), coordinates(ring(track)));
+    xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), ringCoordinates(track));
     xml.writeEndElement();
     xml.writeEndElement();
 }
@@ -90,17 +104,18 @@ bool hasTime(const KRGPXTrackPoint &point)
 }
 
 /// A point without a time has an empty one, as there have to be as many times as positions.
-void writeTrack(QXmlStreamWriter &xml, const QList<KRGPXTrackPoint> &points)
+void writeTrack(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
 {
     xml.writeStartElement(gxNamespace, QStringLiteral("Track"));
-    for (const KRGPXTrackPoint &point : points)
+    forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
         xml.writeTextElement(kmlNamespace, QStringLiteral("when"),
                              hasTime(point) ? KRExchangeText::utc(point.timeStamp()) : QString());
-    for (const KRGPXTrackPoint &point : points) {
+    });
+    forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
         const QString elevation = point.elevation() == 0 ? QStringLiteral(" 0") : QString();
         xml.writeTextElement(gxNamespace, QStringLiteral("coord"),
                              tuple(point.position(), point.elevation(), QLatin1Char(' ')) + elevation);
-    }
+    });
     xml.writeEndElement();
 }
 
@@ -110,10 +125,12 @@ KRGPXTrackPoint markedPoint(const KRGPXConfiguredTrack &track)
     const KRGeoPositionList positions = track.drawingPoints();
     if (positions.isEmpty())
         return KRGPXTrackPoint();
-    for (const KRGPXTrackSegment &segment : track.track().segments()) {
-        for (const KRGPXTrackPoint &point : exchangeablePoints(segment)) {
-            if (point.position() == positions.first())
-                return point;
+    const QList<KRGPXTrackSegment> segments = track.track().segments();
+    for (const KRGPXTrackSegment &segment : segments) {
+        for (int i = 0; i < segment.count(); ++i) {
+            const KRGeoPosition position = segment.positions().at(i);
+            if (position == positions.first() && KRExchangeText::isExchangeable(position))
+                return segment.trackPoint(i);
         }
     }
     return KRGPXTrackPoint();
@@ -210,23 +227,26 @@ void KRKmlWriter::writePolygon(QXmlStreamWriter &xml, const KRGPXTrack &track)
 
 void KRKmlWriter::writeLines(QXmlStreamWriter &xml, const KRGPXTrack &track)
 {
-    QList<QList<KRGPXTrackPoint>> segments;
+    QList<KRGPXTrackSegment> segments;
     bool isTimed = false;
     for (const KRGPXTrackSegment &segment : track.segments()) {
-        const QList<KRGPXTrackPoint> points = exchangeablePoints(segment);
-        if (!points.isEmpty())
-            segments.append(points);
-        isTimed |= std::any_of(points.cbegin(), points.cend(), hasTime);
+        bool isEmpty = true;
+        forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
+            isEmpty = false;
+            isTimed = isTimed || hasTime(point);
+        });
+        if (!isEmpty)
+            segments.append(segment);
     }
     const bool isMany = segments.size() > 1;
     if (isMany)
         xml.writeStartElement(gxNamespace, QStringLiteral("MultiTrack"));
-    for (const QList<KRGPXTrackPoint> &points : std::as_const(segments)) {
+    for (const KRGPXTrackSegment &segment : std::as_const(segments)) {
         if (isTimed || isMany) {
-            writeTrack(xml, points);
+            writeTrack(xml, segment);
         } else {
             xml.writeStartElement(kmlNamespace, QStringLiteral("LineString"));
-            xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), coordinates(points));
+            xml.writeTextElement(kmlNamespace, QStringLiteral("coordinates"), coordinates(segment));
             xml.writeEndElement();
         }
     }

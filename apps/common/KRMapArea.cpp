@@ -37,15 +37,19 @@ KRGeoPosition readPosition(const QString &text)
 
 } // namespace
 
+bool KRMapArea::isValidPosition(double latitude, double longitude)
+{
+    const KRGeoArc y = latitude;
+    const KRGeoArc x = longitude;
+    return y.isValid() && x.isValid() && !(y.isNull() && x.isNull());
+}
+
 void KRMapArea::add(const KRGPXTrackElement &track)
 {
     double previousLongitude = KRGeoArc::invalidDegrees;
     track.visitPositions([&](const KRGeoPositionSpan &positions) {
         for (int i = 0; i < positions.count; ++i) {
-            const KRLatitude latitude = positions.latitudes[i];
-            const KRLongitude ownLongitude = positions.longitudes[i];
-            const bool isNowhere = latitude.isNull() && ownLongitude.isNull();
-            if (!latitude.isValid() || !ownLongitude.isValid() || isNowhere)
+            if (!isValidPosition(positions.latitudes[i], positions.longitudes[i]))
                 continue;
             const double longitude = KRLongitude::safeLongitude(positions.longitudes[i]).decimalDegrees();
             addPosition(positions.latitudes[i], longitude);

@@ -20,6 +20,9 @@ public:
     /// How far the map reaches to the north and to the south, in degrees of latitude: where it is a square.
     static constexpr double maximumLatitude = 85.0511;
 
+    /// Whether a position of these degrees is valid, without making it.
+    static bool isValidPosition(double latitude, double longitude);
+
     /// Adds all valid positions of a track, joined to one line.
     void add(const KRGPXTrackElement &track);
 

@@ -61,7 +61,8 @@ bool hasMark(const KRGPXConfiguredTrack &track)
 /// The same for all tracks with the same points, and for few others.
 QString keyOf(const KRGPXTrack &track)
 {
-    return QStringLiteral("%1 %2").arg(track.countPoints()).arg(track.name());
+    const QPointF first = track.firstPoint().toPointF();
+    return QStringLiteral("%1 %2 %3 %4").arg(track.countPoints()).arg(first.y()).arg(first.x()).arg(track.name());
 }
 
 } // namespace

@@ -2,8 +2,11 @@
 
 #include "KRMapViewport.h"
 
+#include <KRMapArea.h>
+
+#include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSmoothing.h>
-#include <KRGeoLocation/KRGeoPositionList.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <algorithm>
 #include <cmath>
@@ -71,15 +74,18 @@ KRTrackTrace::KRTrackTrace(const KRGPXConfiguredTrack &track)
       m_shape(track.effectiveShape())
 {
     if (m_shape == PointTrackShape) {
-        addRing({track.drawingPoints().mid(0, 1)}, false);
+        const KRGeoPositionList places = track.drawingPoints();
+        if (!places.isEmpty())
+            addRing(KRGPXTrackPoint(places.first(), 0, QDateTime(), QString()), false);
         m_wayLength = m_points.size();
         return;
     }
-    addRing(m_track.chunkedPoints(), m_shape == PolygonTrackShape);
+    m_points.reserve(std::size_t(m_track.countPoints()) + 1);
+    addRing(m_track, m_shape == PolygonTrackShape);
     m_wayLength = m_points.size();
     const QList<KRGPXTrack> enclaves = m_track.enclaves();
     for (const KRGPXTrack &enclave : enclaves)
-        addRing(enclave.chunkedPoints(), m_shape == PolygonTrackShape);
+        addRing(enclave, m_shape == PolygonTrackShape);
 }
 
 bool KRTrackTrace::isOf(const KRGPXConfiguredTrack &track) const
@@ -88,28 +94,10 @@ bool KRTrackTrace::isOf(const KRGPXConfiguredTrack &track) const
            && m_shape == track.effectiveShape() && m_track == track.track();
 }
 
-void KRTrackTrace::addRing(const QList<KRGeoPositionList> &chunks, bool isClosed)
+void KRTrackTrace::addRing(const KRGPXTrackElement &ring, bool isClosed)
 {
     const std::size_t first = m_points.size();
-    double longitudeOffset = 0.0;
-    double previousX = std::numeric_limits<double>::quiet_NaN();
-    for (const KRGeoPositionList &chunk : chunks) {
-        m_points.reserve(m_points.size() + std::size_t(chunk.size()) + 1);
-        for (const KRGeoPosition &position : chunk) {
-            const QPointF degrees = position.toPointF();
-            QPointF point = KRMapViewport::toWorld(degrees.y(), degrees.x());
-            if (isPlace(point)) {
-                // The shorter way round the world, as it is drawn.
-                if (!std::isnan(previousX))
-                    longitudeOffset -= std::round(point.x() + longitudeOffset - previousX);
-                point.rx() += longitudeOffset;
-                previousX = point.x();
-                if (position.isValid())
-                    m_area.add(point);
-            }
-            m_points.push_back(point);
-        }
-    }
+    addPlaces(ring);
     fillGaps(&m_points, first);
     if (m_points.size() == first)
         return;
@@ -121,6 +109,27 @@ void KRTrackTrace::addRing(const QList<KRGeoPositionList> &chunks, bool isClosed
     if (isClosed)
         m_points.push_back(m_points[first]);
     addBlocks(first);
+}
+
+void KRTrackTrace::addPlaces(const KRGPXTrackElement &ring)
+{
+    double longitudeOffset = 0.0;
+    double previousX = std::numeric_limits<double>::quiet_NaN();
+    ring.visitPositions([&](const KRGeoPositionSpan &positions) {
+        for (int i = 0; i < positions.count; ++i) {
+            QPointF point = KRMapViewport::toWorld(positions.latitudes[i], positions.longitudes[i]);
+            if (isPlace(point)) {
+                // The shorter way round the world, as it is drawn.
+                if (!std::isnan(previousX))
+                    longitudeOffset -= std::round(point.x() + longitudeOffset - previousX);
+                point.rx() += longitudeOffset;
+                previousX = point.x();
+                if (KRMapArea::isValidPosition(positions.latitudes[i], positions.longitudes[i]))
+                    m_area.add(point);
+            }
+            m_points.push_back(point);
+        }
+    });
 }
 
 void KRTrackTrace::addBlocks(std::size_t first)

@@ -61,7 +61,8 @@ private:
         Box bounds;
     };
 
-    void addRing(const QList<KRGeoPositionList> &chunks, bool isClosed);
+    void addRing(const KRGPXTrackElement &ring, bool isClosed);
+    void addPlaces(const KRGPXTrackElement &ring);
     void addBlocks(std::size_t first);
 
     KRGPXTrack m_track;
