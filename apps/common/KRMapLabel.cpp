@@ -23,7 +23,9 @@ constexpr double spacingOfCapitals = 108.0; ///< percent
 
 KRMapLabel::KRMapLabel(const QString &text, double letterHeight, const QColor &color)
     : m_text(text), m_font(font(letterHeight)), m_color(color)
-{ }
+{
+    measure();
+}
 
 QFont KRMapLabel::font(double letterHeight)
 {
@@ -34,11 +36,6 @@ QFont KRMapLabel::font(double letterHeight)
     return font;
 }
 
-QSizeF KRMapLabel::size() const
-{
-    return QFontMetricsF(m_font).size(0, m_text);
-}
-
 QRectF KRMapLabel::box() const
 {
     QRectF box(QPointF(), size());
@@ -46,15 +43,11 @@ QRectF KRMapLabel::box() const
     return box;
 }
 
-void KRMapLabel::setLetterHeight(double letterHeight)
-{
-    m_font.setPixelSize(qMax(1, qRound(letterHeight)));
-}
-
 void KRMapLabel::setCapitals()
 {
     m_font.setCapitalization(QFont::AllUppercase);
     m_font.setLetterSpacing(QFont::PercentageSpacing, spacingOfCapitals);
+    measure();
 }
 
 void KRMapLabel::paint(QPainter *painter) const
@@ -88,4 +81,9 @@ void KRMapLabel::paint(QPainter *painter) const
         }
         y += QFontMetricsF(m_font).lineSpacing();
     }
+}
+
+void KRMapLabel::measure()
+{
+    m_size = QFontMetricsF(m_font).size(0, m_text);
 }

@@ -18,19 +18,16 @@ class KRMapLabel
 {
 public:
     KRMapLabel() = default;
-    /// @p text may have several lines, separated by "\n".
+    /// @p text may have several lines, separated by "\n"; the letters are at least one pixel high.
     KRMapLabel(const QString &text, double letterHeight, const QColor &color);
 
     /// Of names on the map; the same on all devices.
     static QFont font(double letterHeight);
 
     const QString &text() const { return m_text; }
-    QSizeF size() const;
+    const QSizeF &size() const { return m_size; }
     QRectF box() const;
 
-    void setText(const QString &text) { m_text = text; }
-    /// At least one pixel.
-    void setLetterHeight(double letterHeight);
     /// Capitals with some space between them, as for the names of areas.
     void setCapitals();
     void moveCenter(const QPointF &center) { m_center = center; }
@@ -38,8 +35,11 @@ public:
     void paint(QPainter *painter) const;
 
 private:
+    void measure();
+
     QString m_text;
     QFont m_font;
+    QSizeF m_size; // to measure a text takes long, and a name looks for its place in many
     QColor m_color;
     QPointF m_center;
 };
