@@ -2,6 +2,7 @@
 
 #include <KRCore/KRMath.h>
 #include <KRGeoLocation/KRMapProjection.h>
+#include <KRGeoLocation/KRVectorRegisters.h>
 
 #include <QFile>
 #include <QHash>
@@ -43,6 +44,8 @@ QHash<QString, KRCountryNames> readCountryNames()
 /// Latitudes beyond the map come to lie on its edge.
 void normalizePoints(KRTopoJson *topology)
 {
+    // Somebody has most likely begun to paint, and asked for the data then.
+    KRVectorRegisters::releaseUpperHalves();
     // For its formulas, which are the same for every area.
     const KRMapProjection projection(KRGeoPositionRect(KRLatitudeRange(-1.0, 1.0), KRLongitudeRange(-1.0, 1.0)),
                                      QSize(1, 1));

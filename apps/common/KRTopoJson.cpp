@@ -4,8 +4,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLatin1String>
+#include <QVarLengthArray>
 
 #include <algorithm>
+#include <cctype>
+#include <charconv>
 
 namespace {
 
@@ -15,34 +18,121 @@ QPointF pointOf(const QJsonValue &pair)
     return QPointF(numbers.at(0).toDouble(), numbers.at(1).toDouble());
 }
 
-QPolygonF decodedArc(const QJsonArray &deltas, const QPointF &scale, const QPointF &origin)
+/// Where the array begins that is the value of a member of the outermost object; -1 when there is none.
+int arrayOfMember(const QByteArray &json, const QByteArray &quotedName)
 {
-    QPolygonF arc;
-    arc.reserve(deltas.size());
-    QPointF quantised;
-    for (const QJsonValue &delta : deltas) {
-        quantised += pointOf(delta);
-        arc << QPointF(quantised.x() * scale.x() + origin.x(), quantised.y() * scale.y() + origin.y());
+    int depth = 0;
+    for (int i = 0; i < json.size(); ++i) {
+        const char character = json.at(i);
+        if (character == '{' || character == '[') {
+            ++depth;
+        } else if (character == '}' || character == ']') {
+            --depth;
+        } else if (character == '"') {
+            const int begin = i++;
+            while (i < json.size() && json.at(i) != '"')
+                i += json.at(i) == '\\' ? 2 : 1;
+            if (depth != 1 || json.mid(begin, i + 1 - begin) != quotedName)
+                continue;
+            const int array = json.indexOf('[', i);
+            if (json.mid(i + 1, array - i - 1).trimmed() == ":")
+                return array;
+        }
     }
-    return arc;
+    return -1;
 }
+
+/**
+ * The lines of a document, read by hand: for so many arrays of two numbers QJsonDocument takes ten times as long as
+ * for all else.
+ */
+class ArcsReader
+{
+public:
+    /// Reads the array that begins at @p begin. False when it does not hold arrays of positions.
+    bool read(const QByteArray &json, int begin)
+    {
+        const char *const end = json.constData() + json.size();
+        const char *at = json.constData() + begin;
+        int depth = 0;
+        do {
+            if (*at == '[') {
+                open(++depth);
+            } else if (*at == ']') {
+                if (!close(depth--))
+                    return false;
+            } else if (*at != ',' && !std::isspace(static_cast<unsigned char>(*at))) {
+                double number = 0.0;
+                const std::from_chars_result result = std::from_chars(at, end, number);
+                if (result.ec != std::errc() || depth != depthOfPositions)
+                    return false;
+                m_numbers.append(number);
+                at = result.ptr - 1;
+            }
+            ++at;
+        } while (depth > 0 && at < end);
+        m_end = int(at - json.constData());
+        return depth == 0;
+    }
+
+    /// Of the array, behind its bracket.
+    int end() const { return m_end; }
+
+    QVector<QPolygonF> arcs(const QPointF &scale, const QPointF &origin) const
+    {
+        QVector<QPolygonF> arcs = m_quantisedArcs;
+        for (QPolygonF &arc : arcs) {
+            for (QPointF &point : arc)
+                point = QPointF(point.x() * scale.x() + origin.x(), point.y() * scale.y() + origin.y());
+        }
+        return arcs;
+    }
+
+private:
+    static constexpr int depthOfArcs = 2;
+    static constexpr int depthOfPositions = 3;
+
+    void open(int depth)
+    {
+        if (depth == depthOfArcs)
+            m_quantisedArcs.append(QPolygonF());
+        m_numbers.clear();
+    }
+
+    bool close(int depth)
+    {
+        if (depth != depthOfPositions)
+            return depth < depthOfPositions;
+        if (m_numbers.size() < 2)
+            return false;
+        QPolygonF &arc = m_quantisedArcs.last();
+        const QPointF before = arc.isEmpty() ? QPointF() : arc.last();
+        arc.append(before + QPointF(m_numbers.at(0), m_numbers.at(1)));
+        return true;
+    }
+
+    QVector<QPolygonF> m_quantisedArcs;
+    QVarLengthArray<double, 4> m_numbers;
+    int m_end = 0;
+};
 
 } // namespace
 
 KRTopoJson KRTopoJson::parse(const QByteArray &json)
 {
-    const QJsonObject root = QJsonDocument::fromJson(json).object();
+    ArcsReader reader;
+    const int begin = arrayOfMember(json, QByteArrayLiteral("\"arcs\""));
+    if (begin < 0 || !reader.read(json, begin))
+        return KRTopoJson();
+    const QByteArray rest = json.left(begin) + "[]" + json.mid(reader.end());
+    const QJsonObject root = QJsonDocument::fromJson(rest).object();
     const QJsonObject transform = root.value(QLatin1String("transform")).toObject();
     if (transform.isEmpty())
         return KRTopoJson();
 
-    const QPointF scale = pointOf(transform.value(QLatin1String("scale")));
-    const QPointF origin = pointOf(transform.value(QLatin1String("translate")));
-    const QJsonArray arcs = root.value(QLatin1String("arcs")).toArray();
     KRTopoJson topology;
-    topology.m_arcs.reserve(arcs.size());
-    for (const QJsonValue &arc : arcs)
-        topology.m_arcs << decodedArc(arc.toArray(), scale, origin);
+    topology.m_arcs = reader.arcs(pointOf(transform.value(QLatin1String("scale"))),
+                                  pointOf(transform.value(QLatin1String("translate"))));
     topology.m_objects = root.value(QLatin1String("objects")).toObject();
     return topology;
 }

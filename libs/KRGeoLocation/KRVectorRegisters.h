@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KRGeoLocationExport.h"
+
 /// The wide registers of the processor, which calculate with several numbers at once.
 namespace KRVectorRegisters {
 
@@ -10,6 +12,6 @@ namespace KRVectorRegisters {
  * Then, on many processors, mathematical functions take ten times as long. Does nothing where there are no such
  * registers.
  */
-void releaseUpperHalves();
+KRGEOLOCATION_EXPORT void releaseUpperHalves();
 
 } // namespace KRVectorRegisters

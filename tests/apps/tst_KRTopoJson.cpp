@@ -12,6 +12,8 @@ private slots:
     void decodesQuantisedArcs();
     void joinsArcsOfNeighbours();
     void dropsPolygonsWithUnknownArcs();
+    void findsTheArcsOfTheDocument_data();
+    void findsTheArcsOfTheDocument();
 
 private:
     static KRTopoJson twoSquares();
@@ -56,6 +58,31 @@ void tst_KRTopoJson::dropsPolygonsWithUnknownArcs()
     QCOMPARE(features.at(1).name, QStringLiteral("East"));
     QCOMPARE(features.at(1).polygons.size(), 1);
     QVERIFY(twoSquares().features(QStringLiteral("rivers")).isEmpty());
+}
+
+void tst_KRTopoJson::findsTheArcsOfTheDocument_data()
+{
+    QTest::addColumn<QByteArray>("members");
+    QTest::addColumn<QPolygonF>("arc"); // empty for a document that cannot be read
+    const QPolygonF line(QVector<QPointF>{{1, 2}, {1.5, -2}});
+    QTest::newRow("blanks") << QByteArray("\"arcs\" :\n[ [ [1, 2], [ 5e-1 ,-4 ] ] ]") << line;
+    QTest::newRow("heights") << QByteArray("\"arcs\":[[[1,2,9],[0.5,-4,9]]]") << line;
+    QTest::newRow("other members of that name") << QByteArray(
+        "\"objects\":{\"arcs\":[[[7]]]},\"a\":\"arcs\",\"b\":[3],\"q\\\"arcs\":0,\"arcs\":[[[1,2],[0.5,-4]]]")
+                                                << line;
+    QTest::newRow("none") << QByteArray("\"b\":[]") << QPolygonF();
+    QTest::newRow("no array") << QByteArray("\"arcs\":7,\"b\":[[[1,2],[0.5,-4]]]") << QPolygonF();
+    QTest::newRow("half a position") << QByteArray("\"arcs\":[[[1,2],[0.5]]]") << QPolygonF();
+    QTest::newRow("no numbers") << QByteArray("\"arcs\":[[[1,2],[true,false]]]") << QPolygonF();
+    QTest::newRow("too deep") << QByteArray("\"arcs\":[[[[1,2]],[[0.5,-4]]]]") << QPolygonF();
+    QTest::newRow("cut off") << QByteArray("\"arcs\":[[[1,2],[0.5,-4]]") << QPolygonF();
+}
+
+void tst_KRTopoJson::findsTheArcsOfTheDocument()
+{
+    QFETCH(QByteArray, members);
+    const QByteArray transform("{\"transform\":{\"scale\":[1,1],\"translate\":[0,0]},");
+    QTEST(KRTopoJson::parse(transform + members + '}').arcs().value(0), "arc");
 }
 
 static const KRTestRegistration<tst_KRTopoJson> registration;
