@@ -38,13 +38,29 @@ QImage onWhite(const QImage &picture)
     return opaque;
 }
 
+bool isOpaque(const QImage &picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto *const line = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        if (!std::all_of(line, line + picture.width(), [](QRgb pixel) { return qAlpha(pixel) == 255; }))
+            return false;
+    }
+    return true;
+}
+
+/// @p picture is premultiplied. A channel that is the same everywhere takes time and room in a file all the same.
+QImage withoutNeedlessAlpha(const QImage &picture)
+{
+    return isOpaque(picture) ? picture.convertToFormat(QImage::Format_RGB32) : picture;
+}
+
 bool writePicture(QBuffer *buffer, const QImage &picture, const QByteArray &format)
 {
     QImageWriter writer(buffer, format);
     const bool isPhotoFormat = format == "jpeg";
     if (isPhotoFormat || format == "webp")
         writer.setQuality(photoQuality);
-    return writer.write(isPhotoFormat ? onWhite(picture) : picture);
+    return writer.write(isPhotoFormat ? onWhite(picture) : withoutNeedlessAlpha(picture));
 }
 
 bool writeSvg(QBuffer *buffer, const KRMapComposition &map, const QString &title)
