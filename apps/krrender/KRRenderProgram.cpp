@@ -15,6 +15,7 @@
 #include <KRCore/KRFileHandler.h>
 #include <KRGeoLocation/KRGPXBeelineCreator.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -30,6 +31,16 @@ namespace {
 
 constexpr qint64 largestPictureBytes = qint64(1) << 30;
 constexpr int tilesTimeLimitMs = 60000;
+
+bool hasPosition(const KRGPXTrackElement &track)
+{
+    bool isFound = false;
+    track.visitPositions([&](const KRGeoPositionSpan &positions) {
+        for (int i = 0; i < positions.count && !isFound; ++i)
+            isFound = KRMapArea::isValidPosition(positions.latitudes[i], positions.longitudes[i]);
+    });
+    return isFound;
+}
 
 void printLine(FILE *stream, const QString &text)
 {
@@ -194,9 +205,7 @@ int KRRenderProgram::countOfUndrawn(const KRGPXTrackSelection &selection)
     int count = 0;
     const KRGPXConfiguredTrackList tracks = selection.tracks();
     for (const KRGPXConfiguredTrack &track : tracks) {
-        KRMapArea area;
-        area.add(track);
-        if (area.covered().isValid())
+        if (hasPosition(track))
             continue;
         ++count;
         printLine(stderr, QStringLiteral("krrender: ") + tr("Die Route „%1“ hat keine Position.").arg(track.name()));
