@@ -1,13 +1,15 @@
 #pragma once
 
 #include "KRCoreExport.h"
+#include "KRThreadHandover.h"
 
 #include <QList>
 #include <QThread>
 #include <QtConcurrentMap>
 
-#include <functional>
+#include <memory>
 #include <type_traits>
+#include <utility>
 
 /**
  * Blocking maps over the global thread pool: split the work into a few items, hand them over, wait.
@@ -38,7 +40,12 @@ template <typename Item, typename Function>
 void blockingMap(const QList<Item> &items, const Function &function)
 {
     if (items.size() > 1 && mayUsePool()) {
-        QtConcurrent::blockingMap(items.constBegin(), items.constEnd(), function);
+        KRThreadHandover handover;
+        QtConcurrent::blockingMap(items.constBegin(), items.constEnd(), [&](const Item &item) {
+            function(item);
+            handover.giveBack();
+        });
+        handover.takeBack();
         return;
     }
     for (const Item &item : items)
@@ -51,17 +58,17 @@ QList<std::decay_t<std::invoke_result_t<Function, const Item &>>> blockingMapped
                                                                                  const Function &function)
 {
     using Result = std::decay_t<std::invoke_result_t<Function, const Item &>>;
-    if (items.size() > 1 && mayUsePool()) {
-        void (*const append)(QList<Result> &, const Result &) = [](QList<Result> &results, const Result &result) {
-            results.append(result);
-        };
-        return QtConcurrent::blockingMappedReduced<QList<Result>>(items, std::function<Result(const Item &)>(function),
-                                                                  append, QtConcurrent::OrderedReduce);
-    }
+    const auto found = std::make_unique<Result[]>(std::size_t(items.size()));
+    QList<int> numbers;
+    numbers.reserve(items.size());
+    for (int i = 0; i < items.size(); ++i)
+        numbers.append(i);
+    blockingMap(numbers, [&, place = found.get()](int i) { place[i] = function(items.at(i)); });
+
     QList<Result> results;
     results.reserve(items.size());
-    for (const Item &item : items)
-        results.append(function(item));
+    for (int i = 0; i < items.size(); ++i)
+        results.append(std::move(found[std::size_t(i)]));
     return results;
 }
 
