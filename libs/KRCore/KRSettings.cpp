@@ -3,6 +3,8 @@
 #include "KRErrorHistory.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QSaveFile>
 #include <QSettings>
 
 #include <memory>
@@ -21,6 +23,15 @@ std::unique_ptr<QSettings> openStore()
         return std::make_unique<QSettings>(chosenFileName(), QSettings::IniFormat);
     return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QCoreApplication::organizationName(),
                                        QCoreApplication::applicationName());
+}
+
+/// Where the disk is full QSettings would put an empty file in the place of its own.
+bool hasRoom(const QString &fileName)
+{
+    constexpr int largestChange = 65536; // bytes
+    const QByteArray bytes(int(QFile(fileName).size()) + largestChange, ' ');
+    QSaveFile trial(fileName); // never committed
+    return !trial.open(QIODevice::WriteOnly) || (trial.write(bytes) == bytes.size() && trial.flush());
 }
 
 } // namespace
@@ -43,9 +54,13 @@ QVariant KRSettings::storedValue(const QString &key, const QVariant &defaultValu
 void KRSettings::storeValue(const QString &key, const QVariant &value)
 {
     const std::unique_ptr<QSettings> store = openStore();
-    store->setValue(key, value);
-    store->sync();
-    if (store->status() != QSettings::NoError) {
+    bool isStored = hasRoom(store->fileName());
+    if (isStored) {
+        store->setValue(key, value);
+        store->sync();
+        isStored = store->status() == QSettings::NoError;
+    }
+    if (!isStored) {
         const QString reason =
             QCoreApplication::translate("KRSettings", "Die Einstellungen konnten nicht gespeichert werden.");
         KRErrorHistory::report(nullptr, {store->fileName(), 0, 0, reason});

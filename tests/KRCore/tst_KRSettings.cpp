@@ -1,5 +1,6 @@
 #include <KRCore/KRSettings.h>
 
+#include "KRFileSizeLimit.h"
 #include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
 
@@ -40,6 +41,7 @@ private slots:
     void keepsValues_data();
     void keepsValues();
     void reportsWhatItCannotSave();
+    void fullDiskKeepsTheOldSettings();
 
 private:
     std::unique_ptr<KRTemporarySettings> m_settings;
@@ -90,6 +92,29 @@ void tst_KRSettings::reportsWhatItCannotSave()
     QTest::ignoreMessage(QtWarningMsg, report);
     settings.saveAll();
     QVERIFY(QFileInfo(directory).isDir());
+}
+
+void tst_KRSettings::fullDiskKeepsTheOldSettings()
+{
+    const QString old(1000, QLatin1Char('a'));
+    const QString next(1000, QLatin1Char('n'));
+    PlaceSettings settings;
+    settings.name.setValue(old);
+    settings.saveAll();
+    {
+        const KRFileSizeLimit fullDisk(500); // enough for the file that QSettings locks with
+        settings.name.setValue(next);
+        const QRegularExpression report(QStringLiteral("Die Einstellungen konnten nicht"));
+        QTest::ignoreMessage(QtWarningMsg, report);
+        QTest::ignoreMessage(QtWarningMsg, report);
+        settings.saveAll();
+    }
+    QFile file(m_settings->fileName());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("name=" + old.toLatin1()));
+    settings.saveAll();
+    settings.loadAll();
+    QCOMPARE(settings.name.value(), next);
 }
 
 static const KRTestRegistration<tst_KRSettings> registration;
