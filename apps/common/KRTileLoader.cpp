@@ -139,7 +139,7 @@ void KRTileLoader::take(const KRTileKey &key, const KRTileAnswer &answer)
     m_underWay.remove(key);
     switch (answer.kind) {
     case KRTileAnswer::Found:
-        takePicture(key, answer.bytes);
+        takePicture(key, answer);
         break;
     case KRTileAnswer::Absent:
         m_store->setAbsent(key);
@@ -163,14 +163,16 @@ void KRTileLoader::take(const KRTileKey &key, const KRTileAnswer &answer)
     workSoon();
 }
 
-void KRTileLoader::takePicture(const KRTileKey &key, const QByteArray &bytes)
+void KRTileLoader::takePicture(const KRTileKey &key, const KRTileAnswer &answer)
 {
     QString problem;
-    const QImage image = KRTileDecoder::decode(bytes, &problem);
-    if (image.isNull())
-        m_store->setFailed(key, problem, -1);
-    else
+    const QImage image = KRTileDecoder::decode(answer.bytes, &problem);
+    if (!image.isNull())
         m_store->insert(key, image);
+    else if (answer.isKept)
+        m_source->forget(key); // and it is asked for again
+    else
+        m_store->setFailed(key, problem, -1);
 }
 
 void KRTileLoader::tryLater(const KRTileKey &key, const KRTileAnswer &answer)

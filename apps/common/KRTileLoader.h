@@ -49,7 +49,7 @@ private:
     void dropUnwished(const KRTileKeyList &wishes);
     bool isToBeAsked(const KRTileKey &key) const;
     void take(const KRTileKey &key, const KRTileAnswer &answer);
-    void takePicture(const KRTileKey &key, const QByteArray &bytes);
+    void takePicture(const KRTileKey &key, const KRTileAnswer &answer);
     void tryLater(const KRTileKey &key, const KRTileAnswer &answer);
     void pause(const KRTileAnswer &answer);
     void giveUp(const KRTileKeyList &wishes);

@@ -24,6 +24,7 @@ struct KRTileAnswer {
     Kind kind = Absent;
     QByteArray bytes;
     QString reason; ///< for users, where it failed
+    bool isKept = false; ///< the bytes do not come from the source itself, but were kept on the disk
     int waitMs = 0; ///< how long the source itself asks to be left alone, 0 where it does not say
 };
 
@@ -64,6 +65,8 @@ public:
     virtual void request(const KRTileKey &key) = 0;
     /// The answer is no longer wanted and does not come.
     virtual void cancel(const KRTileKey &key);
+    /// What was kept of the tile on the disk is damaged and shall not come again.
+    virtual void forget(const KRTileKey &key);
 
 signals:
     void answered(const KRTileKey &key, const KRTileAnswer &answer);

@@ -147,6 +147,11 @@ void KRTileUrlSource::cancel(const KRTileKey &key)
     reply->deleteLater();
 }
 
+void KRTileUrlSource::forget(const KRTileKey &key)
+{
+    m_manager.cache()->remove(requestFor(key).url());
+}
+
 QNetworkRequest KRTileUrlSource::requestFor(const KRTileKey &key) const
 {
     QNetworkRequest request(QUrl(m_addresses.expanded(key), QUrl::TolerantMode));
@@ -186,6 +191,7 @@ void KRTileUrlSource::replaceByKept(const QUrl &address, KRTileAnswer *answer) c
     if (kept == nullptr)
         return;
     answer->kind = KRTileAnswer::Found;
+    answer->isKept = true;
     answer->bytes = kept->read(maximumBytes);
 }
 
@@ -204,6 +210,7 @@ KRTileAnswer KRTileUrlSource::answerOf(QNetworkReply *reply)
     } else if (status == 200 && reply->error() == QNetworkReply::NoError) {
         answer.kind = KRTileAnswer::Found;
         answer.bytes = reply->readAll();
+        answer.isKept = reply->attribute(QNetworkRequest::SourceIsFromCacheAttribute).toBool();
         answer.reason.clear();
     } else if (status == 429 || status == 503 || status < 400) {
         // Also when nobody answers at all: others would not be luckier.

@@ -29,6 +29,7 @@ public:
     int maximumRequests() const override { return 4; }
     void request(const KRTileKey &key) override;
     void cancel(const KRTileKey &key) override;
+    void forget(const KRTileKey &key) override;
 
 private:
     explicit KRTileUrlSource(const KRTileTemplate &addresses);

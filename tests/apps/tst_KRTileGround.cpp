@@ -8,6 +8,7 @@
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QSignalSpy>
@@ -59,6 +60,7 @@ private slots:
     void serverIsAskedPolitely();
     void tilesAreKeptOnDisk_data();
     void tilesAreKeptOnDisk();
+    void damagedTilesOnDiskAreReplaced();
     void oldTilesServeWithoutServer();
     void whatLeftTheViewIsGivenUp();
     void silentServerEndsWithTheTime();
@@ -431,6 +433,31 @@ void tst_KRTileGround::tilesAreKeptOnDisk()
     QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &again).count, 0);
     QCOMPARE(server.countOfRequests() > count, isAskedAgain);
     QCOMPARE(again, picture);
+}
+
+void tst_KRTileGround::damagedTilesOnDiskAreReplaced()
+{
+    KRTestTileServer server([](const KRTileKey &key, int) { return good(key); });
+    QImage picture(400, 300, QImage::Format_RGB32);
+    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &picture).count, 0);
+    const int count = server.countOfRequests();
+    // As after a power failure: the files are there, without what was in them.
+    int damaged = 0;
+    QDirIterator files(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/tiles"),
+                       QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const int start = file.readAll().indexOf("PNG\r\n") + 8;
+        QVERIFY(start > 8 && file.seek(start));
+        file.write(QByteArray(int(file.size()) - start, '\0'));
+        ++damaged;
+    }
+    QVERIFY(damaged > 0);
+    QImage again(picture.size(), picture.format());
+    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &again).count, 0);
+    QCOMPARE(again, picture);
+    QCOMPARE(server.countOfRequests(), count + damaged);
 }
 
 void tst_KRTileGround::oldTilesServeWithoutServer()
