@@ -6,11 +6,17 @@
 #include <KRMapComposition.h>
 #include <KRPatientGround.h>
 
+#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRFileHandler.h>
 #include <KRGeoLocation/KRMapProjection.h>
 
+#include <QBuffer>
+#include <QFileInfo>
 #include <QImage>
 #include <QMessageBox>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
@@ -21,9 +27,9 @@ constexpr double pixelsPerInch = 180.0;
 constexpr int tilesTimeLimitMs = 60000;
 
 /// In pixels of the map.
-QSize mapSize(const QPrinter &printer)
+QSize mapSize(const QPagedPaintDevice &page)
 {
-    return (printer.pageLayout().paintRect(QPageLayout::Inch).size() * pixelsPerInch).toSize();
+    return (page.pageLayout().paintRect(QPageLayout::Inch).size() * pixelsPerInch).toSize();
 }
 
 KRGeoPositionRect areaOf(const KRGPXTrackSelection &selection)
@@ -64,9 +70,12 @@ void KRMapPrinter::preview(QWidget *window) const
         return;
     QPrintPreviewDialog dialog(&printer, window);
     dialog.setWindowTitle(tr("Drucken"));
+    KRErrorHistory problems;
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [this](QPrinter *target) { paint(target); });
+                     [this, &problems](QPrinter *target) { paint(target, &problems); });
     dialog.exec();
+    if (!problems.isEmpty())
+        QMessageBox::critical(window, tr("Drucken"), problems.entries().last().toString());
 }
 
 bool KRMapPrinter::fetchGround(const QPrinter &printer, QWidget *window) const
@@ -85,17 +94,43 @@ bool KRMapPrinter::fetchGround(const QPrinter &printer, QWidget *window) const
         [&] { ground.stop(); });
 }
 
-void KRMapPrinter::paint(QPrinter *printer) const
+void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history) const
 {
-    const QSize size = mapSize(*printer);
-    QPainter painter(printer);
-    if (!painter.isActive() || size.isEmpty() || !m_area.isValid())
-        return;
+    const bool isForFile = printer->paintEngine()->type() == QPaintEngine::Pdf && !printer->outputFileName().isEmpty();
+    if (isForFile)
+        KRFileHandler::writeAll(QFileInfo(printer->outputFileName()), createPdf(*printer), history);
+    else if (!paintPage(printer, printer->resolution()))
+        KRErrorHistory::report(history, printer->printerName(), tr("Der Drucker nimmt die Karte nicht an."));
+}
+
+QByteArray KRMapPrinter::createPdf(const QPrinter &printer) const
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(printer.docName());
+    writer.setCreator(QCoreApplication::applicationName());
+    writer.setResolution(printer.resolution());
+    writer.setPageLayout(printer.pageLayout());
+    paintPage(&writer, writer.resolution());
+    return bytes;
+}
+
+bool KRMapPrinter::paintPage(QPagedPaintDevice *page, int dotsPerInch) const
+{
+    const QSize size = mapSize(*page);
+    if (size.isEmpty() || !m_area.isValid())
+        return true;
+    QPainter painter;
+    if (!painter.begin(page))
+        return false;
     KRMapComposition map(m_selection, m_area, size, 1.0);
     map.setGround(m_ground);
     map.setLegend(m_hasLegend);
     map.setLabels(m_hasLabels);
-    const QRect page = printer->pageLayout().paintRectPixels(printer->resolution());
-    painter.scale(double(page.width()) / size.width(), double(page.height()) / size.height());
+    const QRect paper = page->pageLayout().paintRectPixels(dotsPerInch);
+    painter.scale(double(paper.width()) / size.width(), double(paper.height()) / size.height());
     map.paint(&painter);
+    return painter.end();
 }

@@ -5,7 +5,9 @@
 
 #include <QCoreApplication>
 
+class KRErrorHistory;
 class KRMapGround;
+class QPagedPaintDevice;
 class QPrinter;
 class QWidget;
 
@@ -27,10 +29,12 @@ public:
     /// Shows the page in a preview, from which the user may print it. Nothing when there is nothing to be seen.
     void preview(QWidget *window) const;
 
-    /// Fills the printable part of the page.
-    void paint(QPrinter *printer) const;
+    /// Fills the printable part of the page. Where it is printed to a file, that is written whole or not at all.
+    void paint(QPrinter *printer, KRErrorHistory *history) const;
 
 private:
+    bool paintPage(QPagedPaintDevice *page, int dotsPerInch) const;
+    QByteArray createPdf(const QPrinter &printer) const;
     bool isLandscape() const;
     bool fetchGround(const QPrinter &printer, QWidget *window) const;
 

@@ -1,10 +1,13 @@
 #include "KRDialogAnswer.h"
+#include "KRFileSizeLimit.h"
 #include "KRMapPrinter.h"
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
 
 #include <KRBaseMapGround.h>
 #include <KRRouteImport.h>
+
+#include <KRCore/KRErrorHistory.h>
 
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
@@ -24,6 +27,7 @@ private slots:
     void previewTurnsThePage_data();
     void previewTurnsThePage();
     void nothingToPrint();
+    void fullDiskKeepsTheOldFile();
 
 private:
     KRGPXTrackSelection m_selection;
@@ -70,7 +74,7 @@ void tst_KRMapPrinter::fillsThePage()
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageOrientation(QPageLayout::Orientation(orientation));
     printer.setPageMargins(QMarginsF(20.0, 20.0, 20.0, 20.0), QPageLayout::Millimeter);
-    KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer);
+    KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, nullptr);
 
     // A tenth of a millimetre is a pixel.
     QProcess program;
@@ -124,6 +128,27 @@ void tst_KRMapPrinter::nothingToPrint()
     KRDialogAnswer answers({[](QWidget *box) { QTest::keyClick(box, Qt::Key_Return); }});
     KRMapPrinter(KRGPXTrackSelection(), KRGeoPositionRect(), nullptr).preview(&m_window);
     QVERIFY(answers.isDone());
+}
+
+void tst_KRMapPrinter::fullDiskKeepsTheOldFile()
+{
+    const QTemporaryDir dir;
+    QFile file(dir.filePath(QStringLiteral("page.pdf")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("old");
+    file.close();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file.fileName());
+    KRErrorHistory history;
+    {
+        const KRFileSizeLimit fullDisk(1000);
+        KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, &history);
+    }
+    QCOMPARE(history.entries().size(), 1);
+    QVERIFY(history.entries().first().fileName.endsWith(QLatin1String("page.pdf")));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("old"));
 }
 
 static const KRTestRegistration<tst_KRMapPrinter> registration;
