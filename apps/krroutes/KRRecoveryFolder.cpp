@@ -2,6 +2,7 @@
 
 #include <KRRouteDocument.h>
 
+#include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
 
 #include <QFileInfo>
@@ -83,12 +84,17 @@ QString KRRecoveryFolder::documentFile() const
 
 bool KRRecoveryFolder::setDocumentFile(const QString &fileName)
 {
+    if (documentFile() == fileName)
+        return true;
+    removeWork();
     return KRFileHandler::writeAll(QFileInfo(documentFileRecord()), fileName.toUtf8(), nullptr);
 }
 
 void KRRecoveryFolder::removeWork()
 {
-    QFile::remove(recoveryFile());
+    QFile work(recoveryFile());
+    if (work.exists() && !work.remove())
+        KRErrorHistory::report(nullptr, work.fileName(), work.errorString());
 }
 
 void KRRecoveryFolder::discard()

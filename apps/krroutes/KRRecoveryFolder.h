@@ -33,7 +33,8 @@ public:
 
     /// The document of which this is the unsaved state; empty when it has never been saved.
     QString documentFile() const;
-    /// False when that cannot be written.
+    /// Work that was kept for another document is removed: it must not pass for the state of this one. False when
+    /// that cannot be written.
     bool setDocumentFile(const QString &fileName);
 
     /// Track files that have been written once are kept for the next time.

@@ -60,6 +60,7 @@ private slots:
     void savingRemovesIt();
     void anEndWithoutCrashLeavesNothing();
     void recoveredDocumentRefersToItsUnreadableFiles();
+    void workStaysWithItsDocument();
     void unusablePlaceIsReported();
 
 private:
@@ -216,6 +217,20 @@ void tst_KRAutosave::recoveredDocumentRefersToItsUnreadableFiles()
     QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
     QVERIFY(damaged.open(QIODevice::ReadOnly));
     QCOMPARE(damaged.readAll(), QByteArray("<includedTrack><trk>"));
+}
+
+void tst_KRAutosave::workStaysWithItsDocument()
+{
+    const std::unique_ptr<KRRecoveryFolder> folder = KRRecoveryFolder::create(place());
+    QVERIFY(folder->setDocumentFile(QStringLiteral("/first.krroute")));
+    KRRouteWorkspace workspace;
+    workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
+    QVERIFY(workspace.save(folder->recoveryFile(), nullptr));
+    QVERIFY(folder->setDocumentFile(QStringLiteral("/first.krroute")));
+    QVERIFY(folder->holdsWork());
+    QVERIFY(folder->setDocumentFile(QStringLiteral("/second.krroute")));
+    QVERIFY(!folder->holdsWork());
+    QCOMPARE(folder->documentFile(), QStringLiteral("/second.krroute"));
 }
 
 void tst_KRAutosave::unusablePlaceIsReported()

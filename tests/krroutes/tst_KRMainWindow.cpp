@@ -547,11 +547,11 @@ void tst_KRMainWindow::unsavedWorkIsOfferedAfterACrash()
     {
         // A folder of which nobody holds the lock any more.
         const std::unique_ptr<KRRecoveryFolder> folder = KRRecoveryFolder::create(place);
+        QVERIFY(folder->setDocumentFile(path(QStringLiteral("Reise.krroute"))));
         KRRouteWorkspace crashed;
         crashed.addTracks(m_window->workspace()->selection().tracks(), QString());
         crashed.setCroppingOpacity(7);
         QVERIFY(crashed.save(folder->recoveryFile(), nullptr));
-        QVERIFY(folder->setDocumentFile(path(QStringLiteral("Reise.krroute"))));
     }
     {
         KRDialogAnswer answers({[](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }});
