@@ -64,6 +64,8 @@ void tst_KRXMLLoader::refusesWithReason()
         {"blanks only", " \n ", QStringLiteral("leer")},
         {"no XML at all", "PK\x03\x04 zip", QStringLiteral("Kein lesbares XML")},
         {"unclosed element", "<r><a></r>", QStringLiteral("Kein lesbares XML")},
+        {"reference cut off", "<r>&#x4", QStringLiteral("Kein lesbares XML")},
+        {"reference beyond all characters, and no end", "<r>&#x1F600G;</s>", QStringLiteral("Kein lesbares XML")},
         {"one level too deep", nested(KRXMLGuard::maximumDepth + 1), QStringLiteral("256")},
         {"hundred thousand levels", nested(100000), QStringLiteral("256")},
         {"one flat entity again and again", flatEntity, QStringLiteral("Entitäten")},

@@ -140,6 +140,10 @@ void tst_KRZIP::refusesArchive()
     tooLongTable[tooLongTable.size() - 7] = 1; // the highest byte of its length
     QByteArray wideWithoutField = Archive::wideBytes({a});
     wideWithoutField[wideWithoutField.indexOf("PK\1\2") + 47] = 9; // the kind of the extra field
+    QByteArray wideEndElsewhere = Archive::wideBytes({a});
+    wideEndElsewhere[wideEndElsewhere.indexOf("PK\6\6")] = 'p';
+    QByteArray wideEndBeyond = Archive::wideBytes({a});
+    wideEndBeyond[wideEndBeyond.indexOf("PK\6\7") + 15] = 1; // the highest byte of its place
     const QString noEnd = QStringLiteral("Ende fehlt");
     const QString badTable = QStringLiteral("Inhaltsverzeichnis des Archivs ist beschädigt");
     const QString overlap = QStringLiteral("überlappen");
@@ -148,6 +152,8 @@ void tst_KRZIP::refusesArchive()
         {"no archive", QByteArray("<kml>").repeated(1000), noEnd},
         {"bytes behind the end", sound + "\n", noEnd},
         {"two ends", twoEnds, noEnd},
+        {"no wide end where it should be", wideEndElsewhere, noEnd},
+        {"wide end behind the archive", wideEndBeyond, noEnd},
         {"bytes before the start", "#!" + sound, badTable},
         {"entry behind the table", Archive::bytes({a, outside}), badTable},
         {"entry longer than the file", Archive::bytes({a, packedBehindTheEnd}), badTable},

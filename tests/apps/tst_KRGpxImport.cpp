@@ -133,6 +133,20 @@ void tst_KRGpxImport::reads_data()
         "<gpx xmlns:g='http://www.topografix.com/GPX/1/0'><g:wpt lat='1' lon='2'/><g:trk><g:trkseg>"
         "<g:trkpt lat='3' lon='4'/></g:trkseg></g:trk></gpx>",
         {QStringLiteral("Tour 1: 3,4"), QStringLiteral("Wegpunkt 1: 1,2")});
+    row("prefixes of segments and points alone",
+        "<gpx xmlns:g='http://www.topografix.com/GPX/1/1'><trk><name>S</name><g:trkseg><trkpt lat='3' lon='4'/>"
+        "</g:trkseg></trk></gpx>",
+        {QStringLiteral("S: 3,4")});
+    row("prefixes of points alone",
+        "<gpx xmlns:g='http://www.topografix.com/GPX/1/1'><trk><name>P</name><trkseg><g:trkpt lat='3' lon='4'/>"
+        "</trkseg></trk></gpx>",
+        {QStringLiteral("P: 3,4")});
+    row("points as text",
+        gpx(track("T", "<compressedPoints>8,53 9,54</compressedPoints><x/>" + position("trkpt", "x", "8")
+                           + position("trkpt", "1", "2", "<x/>"))
+            + track("U", "<compressedPoints> </compressedPoints>")),
+        {QStringLiteral("T: 53,8 54,9 1,2")},
+        {QStringLiteral("3: unreadablePosition T"), QStringLiteral("4: trackWithoutPosition U")});
     row("prefixes of others",
         gpx("<x:wpt lat='1' lon='2'/>" + position("wpt", "1", "2", "<x:name>X</x:name><name>W</name>")),
         {QStringLiteral("W: 1,2")});
@@ -200,7 +214,8 @@ void tst_KRGpxImport::routes()
     const KRGPXConfiguredTrackList tracks =
         read(gpx("<rte>" + position("rtept", "1", "2", "<ele>3</ele><time>2024-05-01T12:00:00Z</time><desc>via</desc>")
                  + position("rtept", "3", "4", "<extensions><rpt lat='8' lon='9'/></extensions>")
-                 + "<desc>D</desc><name>R</name></rte><rte>" + position("rtept", "1", "2") + "</rte>"));
+                 + "<desc>D</desc><cmt>C</cmt><name>R</name></rte><rte><cmt>C</cmt><x/>" + position("rtept", "1", "2")
+                 + "</rte>"));
     QCOMPARE(tracks.size(), 2);
     QCOMPARE(tracks.first().name(), QStringLiteral("R"));
     QCOMPARE(tracks.first().description(), QStringLiteral("D"));
@@ -211,6 +226,7 @@ void tst_KRGpxImport::routes()
     QCOMPARE(points.first().description(), QStringLiteral("via"));
     QVERIFY(points.first().timeStamp().isValid());
     QVERIFY(tracks.last().effectiveShape() == PointTrackShape);
+    QCOMPARE(tracks.last().description(), QStringLiteral("C"));
 }
 
 void tst_KRGpxImport::drawnAsUsersWant()

@@ -82,11 +82,12 @@ void tst_KRKmlImport::readsPlainDocumentAsTheImporter()
                     "8.123456789,53,4 9,54\n10,55,6</coordinates></LineString>")
         + placemark("<name>Area</name><styleUrl>#s</styleUrl><Polygon><outerBoundaryIs><LinearRing><coordinates>"
                     "1,1 2,1 2,2 1,1</coordinates></LinearRing></outerBoundaryIs></Polygon>")
-        + "</Folder>" + placemark("<styleUrl>#icon</styleUrl>" + point) + placemark(point) + "</Document></kml>";
+        + "</Folder>" + placemark("<styleUrl>#icon</styleUrl>" + point) + placemark(point)
+        + placemark("<shape>hop</shape><coordinates>8,53 9,54</coordinates>") + "</Document></kml>";
     const KRGPXConfiguredTrackList tracks = read(QStringLiteral("plain.kml"), kml);
     const KRGPXConfiguredTrackList expected = KRTrackSelectionFactoryKmlFile().createConfiguredTrackList(
         QFileInfo(m_dir.filePath(QStringLiteral("plain.kml"))));
-    QCOMPARE(tracks.size(), 4);
+    QCOMPARE(tracks.size(), 5);
     QVERIFY(tracks == expected);
     QVERIFY(m_summary.isEmpty());
 }
@@ -163,14 +164,14 @@ void tst_KRKmlImport::styles()
     const QByteArray circle = "<LineString><coordinates>1,1 2,1 2,2 1,1</coordinates></LineString>";
     const QByteArray blueLine = "<LineStyle><color>ffff0000</color></LineStyle>";
     const auto map = [](const QByteArray &id, const QByteArray &key, const QByteArray &style) {
-        return "<StyleMap id='" + id + "'><Pair><key>" + key + "</key>" + style + "</Pair></StyleMap>";
+        return "<StyleMap id='" + id + "'><x/><Pair><key>" + key + "</key>" + style + "</Pair></StyleMap>";
     };
     const QByteArray styles =
-        map("outer", "normal", "<styleUrl>#map</styleUrl>") + map("odd", "other", "<styleUrl>#red</styleUrl>")
+        map("outer", "normal", "<x/><styleUrl>#map</styleUrl>") + map("odd", "other", "<styleUrl>#red</styleUrl>")
         + map("circle", "normal", "<styleUrl>#back</styleUrl>") + map("back", "normal", "<styleUrl>#circle</styleUrl>")
         + map("inside", "normal", "<Style>" + blueLine + "</Style>")
         + "<Style id='twice'><PolyStyle/></Style><Style id='twice'>" + blueLine
-        + "</Style><gx:CascadingStyle kml:id='cascading'><styleUrl>http://other#main</styleUrl><Style>" + blueLine
+        + "</Style><gx:CascadingStyle kml:id='cascading'><x/><styleUrl>http://other#main</styleUrl><Style>" + blueLine
         + "</Style></gx:CascadingStyle>";
     const int stroke = StrokeDisplayOption;
     const int both = StrokeDisplayOption | FillDisplayOption;
@@ -190,6 +191,12 @@ void tst_KRKmlImport::styles()
         {"icon", "<styleUrl>#icon</styleUrl>" + point, QColor(255, 255, 0), both},
         {"unknown", "<styleUrl>http://localhost/a.kml#x</styleUrl>" + line, standard, stroke},
         {"none", line, standard, stroke},
+        {"inline icon", "<Style><IconStyle><color>ff00ffff</color></IconStyle></Style>" + point, QColor(255, 255, 0),
+         both},
+        {"what others say in a style",
+         "<Style><LineStyle><x/><color>ffff0000</color></LineStyle><PolyStyle><x/><fill>1</fill></PolyStyle></Style>"
+             + line,
+         blue, both},
         {"inline without colours", "<Style><LabelStyle/></Style>" + point, standard, stroke},
         {"without #", "<styleUrl>red</styleUrl>" + line, red, both},
         {"the last of two", "<styleUrl>#twice</styleUrl>" + line, blue, stroke},

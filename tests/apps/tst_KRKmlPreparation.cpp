@@ -114,7 +114,10 @@ void tst_KRKmlPreparation::readsGeometries()
          "point 8,53"},
         {"coordinates alone", "<coordinates>8,53 9,54</coordinates>", "shape 8,53 9,54"},
         {"what describes something else",
-         "<ExtendedData>" + here + "</ExtendedData><Region>" + here + "</Region>" + here, "point 8,53"},
+         "<ExtendedData>" + here + "</ExtendedData><Metadata>" + here + "</Metadata><Region>" + here
+             + "</Region><LookAt>" + here + "</LookAt><Camera>" + here + "</Camera><BalloonStyle>" + here
+             + "</BalloonStyle>" + here,
+         "point 8,53"},
         {"area", "<Polygon><outerBoundaryIs>" + outline + "</outerBoundaryIs></Polygon>", "area 0,50 9,50 9,59 0,50"},
         {"open outline", "<Polygon><outerBoundaryIs>" + ring("0,50 9,50 9,59") + "</outerBoundaryIs></Polygon>",
          "area 0,50 9,50 9,59 0,50"},
