@@ -29,7 +29,7 @@ void tst_KRGPXPointScanner::takes_data()
         << QByteArray("<trkpt lat=\"1\" lon=\"2\">\r\n\t<time>2024-05-01T12:00:00.250Z</time> <ele>3</ele>\n</trkpt>")
         << QByteArray(" ") << QStringLiteral("2.,1.,3,1714564800250");
     QTest::newRow("what says nothing of the point")
-        << QByteArray("<trkpt lat=\"1\" lon=\"2\"><fix>3d</fix><extensions><a:b_c><ele>9</ele></a:b_c><d/> "
+        << QByteArray("<trkpt lat=\"1\" lon=\"2\"><fix>3d</fix><extensions><a:b_c><ele>9</ele></a:b_c><Z-9.d/> "
                       "</extensions></trkpt>")
         << QByteArray() << QStringLiteral("2.,1.");
     QTest::newRow("several") << QByteArray("<trkpt lat=\"1\" lon=\"2\"/><trkpt lat=\"3\" lon=\"4\"></trkpt>")
@@ -47,9 +47,15 @@ void tst_KRGPXPointScanner::takes_data()
     refuse("another element", "<trkptx lat=\"1\" lon=\"2\"/>");
     refuse("text before", "x<trkpt lat=\"1\" lon=\"2\"/>");
     refuseIn("time that is none", "<time>2023-02-29T12:00:00Z</time>");
-    refuseIn("hour 24", "<time>2024-05-01T24:00:00Z</time>");
-    refuseIn("year 0", "<time>0000-05-01T12:00:00Z</time>");
-    refuseIn("local time", "<time>2024-05-01T12:00:00+</time>");
+    // hour 24, year 0 and a local time among them
+    for (const char *noTime :
+         {"2024-05-01T24:00:00Z", "2024-05-01T12:60:00Z", "2024-05-01T12:00:60Z", "0000-05-01T12:00:00Z",
+          "2024-05-01T12:00:00+", "2024-05-01T12:00:0xZ", "2024-05-01T1x:00:00Z", "2024-05-01T12:0x:00Z",
+          "2024-05-01 12:00:00Z", "2024-05-01T12.00:00Z", "2024-05-01T12:00.00Z", "2024/05-01T12:00:00Z",
+          "2024-05/01T12:00:00Z", "2024-05-01T12:00:00,250Z", "2024-05-01T12:00:00.2x0Z", "2024-05-01T12:00:00.2Z"})
+        refuseIn(noTime, QByteArray("<time>") + noTime + "</time>");
+    refuseIn("time behind which there is more", "<time>2024-05-01T12:00:00Z </time>");
+    refuseIn("number of two points", "<ele>1.2.3</ele>");
     refuseIn("second elevation", "<ele>1</ele><ele>2</ele>");
     refuseIn("empty elevation", "<ele/>");
     refuseIn("description", "<desc>a</desc>");

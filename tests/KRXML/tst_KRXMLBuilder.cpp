@@ -13,6 +13,7 @@ class tst_KRXMLBuilder : public QObject
 private slots:
     void attributesAreSorted();
     void indentation();
+    void foreignNodes();
     void textsSurvive();
     void deepTreesNeedNoStack();
     void saveReplacesTheFile();
@@ -43,6 +44,14 @@ void tst_KRXMLBuilder::indentation()
     });
 }
 
+void tst_KRXMLBuilder::foreignNodes()
+{
+    QDomDocument document;
+    QVERIFY(document.setContent(QByteArray("<r><a><!-- <c> --></a><b><![CDATA[<&]]></b><?p i?></r>")));
+    QCOMPARE(KRXMLBuilder::toText(document), QStringLiteral("<r><a><!-- <c> --></a><b>&lt;&amp;</b></r>"));
+    QCOMPARE(KRXMLBuilder::toText(QDomDocument()), QString());
+}
+
 void tst_KRXMLBuilder::textsSurvive()
 {
     const KRTestTable<QString, QString> table{
@@ -53,6 +62,8 @@ void tst_KRXMLBuilder::textsSurvive()
          QString::fromUtf8("Grüße \xF0\x9F\x9A\xB2")},
         {"control characters are left out", QStringLiteral("a\u0001b\u0000c\uFFFFd").replace(QChar(0), QChar(2)),
          QStringLiteral("abcd")},
+        {"private characters", QStringLiteral("a\uE000b"), QStringLiteral("a\uE000b")},
+        {"half a character at the end", QString(QStringLiteral("x") + QChar(0xD800)), QStringLiteral("x")},
         {"half a character is left out", QString(QStringLiteral("x") + QChar(0xD800) + QStringLiteral("y")),
          QStringLiteral("xy")},
     };
