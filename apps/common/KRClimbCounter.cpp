@@ -1,5 +1,6 @@
 #include "KRClimbCounter.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 void KRClimbCounter::add(int elevationMetres)
@@ -29,8 +30,8 @@ void KRClimbCounter::add(int elevationMetres)
 // What it has gone the other way at first belongs to the climb, so that the way back goes down as far.
 void KRClimbCounter::leaveStart(int elevationMetres)
 {
-    m_lowest = qMin<qint64>(m_lowest, elevationMetres);
-    m_highest = qMax<qint64>(m_highest, elevationMetres);
+    m_lowest = std::min<qint64>(m_lowest, elevationMetres);
+    m_highest = std::max<qint64>(m_highest, elevationMetres);
     if (std::abs(elevationMetres - m_turn) < smallestTurnMetres)
         return;
     m_turn = elevationMetres > m_turn ? m_lowest : m_highest;

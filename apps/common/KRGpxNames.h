@@ -16,7 +16,7 @@ public:
     explicit KRGpxNames(const KRXmlStream &document);
 
     /// The name of the current element, without the prefix if that is GPX's.
-    QStringRef name(const KRXmlStream &stream) const;
+    QStringView name(const KRXmlStream &stream) const;
     bool isAt(const KRXmlStream &stream, const QString &elementName) const { return name(stream) == elementName; }
     /// Whether the current element is one of GPX's with a prefix.
     bool isPrefixed(const KRXmlStream &stream) const;

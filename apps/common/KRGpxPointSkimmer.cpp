@@ -131,16 +131,17 @@ void KRGpxPointSkimmer::skim()
     m_block += bytes;
 
     for (;;) {
+        const int size = int(m_block.size());
         const int start = m_block.indexOf(pointStart, m_position);
         if (start < 0) {
             // The beginning of a point may stand at the end of the block.
-            pass(m_isAtEnd ? m_block.size() : std::max(m_position, m_block.size() - pointStartSize));
+            pass(m_isAtEnd ? size : std::max(m_position, size - pointStartSize));
             return;
         }
         const char *const begin = m_block.constData() + start;
-        const char *const limit = m_block.constData() + std::min(m_block.size(), start + longestPoint);
+        const char *const limit = m_block.constData() + std::min(size, start + longestPoint);
         const char *const end = PointScanner(begin, limit).endOfPlainPoint();
-        const bool mayGoOn = !end && !m_isAtEnd && m_block.size() - start < longestPoint;
+        const bool mayGoOn = !end && !m_isAtEnd && size - start < longestPoint;
         pass(start);
         if (mayGoOn)
             return;

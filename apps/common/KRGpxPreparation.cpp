@@ -57,7 +57,7 @@ GpxPoint readPoint(KRXmlStream &stream, const KRGpxNames &names)
     // Intended: a device that knows no position writes (0, 0), which is not valid either.
     point.position = readPosition(stream);
     while (stream.readNextChild()) {
-        const QStringRef name = names.name(stream);
+        const QStringView name = names.name(stream);
         if (name == QLatin1String("ele"))
             point.elevation = KRMath::toInt(toDouble(stream.readText()));
         else if (name == QLatin1String("time"))

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-void KRKmlCoordinatesReader::read(const QStringRef &piece)
+void KRKmlCoordinatesReader::read(QStringView piece)
 {
     for (const QChar character : piece) {
         if (character.isSpace()) {

@@ -19,7 +19,7 @@ public:
     /// Appends to @p coordinates, which stay with the caller.
     explicit KRKmlCoordinatesReader(KRKmlCoordinates *coordinates) : m_coordinates(coordinates) { }
 
-    void read(const QStringRef &piece);
+    void read(QStringView piece);
     /// To be called behind the last piece.
     void finish();
 

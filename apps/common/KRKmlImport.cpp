@@ -46,7 +46,7 @@ KRGPXConfiguredTrackList KRKmlImport::read(KRErrorHistory *history)
     for (int first = 0; first < preparation.figures().size(); first += count) {
         const KRGPXConfiguredTrackList part =
             importer.decode(preparation.document(first, &count), m_file.fileName(), history);
-        for (int i = 0; i < std::min(part.size(), count); ++i)
+        for (int i = 0; i < std::min(int(part.size()), count); ++i)
             tracks.append(completed(part.at(i), preparation.figures().at(first + i)));
     }
     m_report += preparation.report();

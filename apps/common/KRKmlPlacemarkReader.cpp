@@ -162,7 +162,7 @@ void KRKmlPlacemarkReader::collectCoordinates(KRKmlCoordinates *coordinates)
         return;
     }
     KRKmlCoordinatesReader reader(coordinates);
-    m_stream.readText([&reader](const QStringRef &piece) { reader.read(piece); });
+    m_stream.readText([&reader](QStringView piece) { reader.read(piece); });
     reader.finish();
 }
 

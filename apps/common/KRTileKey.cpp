@@ -18,5 +18,5 @@ KRTileKey KRTileKey::ancestor(int levels) const
 uint qHash(const KRTileKey &key, uint seed) noexcept
 {
     const quint64 column = quint64(quint32(key.x)) << 32;
-    return ::qHash(column | quint32(key.y), seed) ^ uint(key.zoom);
+    return uint(::qHash(column | quint32(key.y), seed)) ^ uint(key.zoom);
 }

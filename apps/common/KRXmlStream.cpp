@@ -23,7 +23,7 @@ constexpr qint64 maximumDomAttributePairs = 10000000;
 constexpr qint64 maximumFileBytes = qint64(4) << 30;
 constexpr int longestDeclaration = 200; // bytes
 
-QStringRef withoutPrefix(const QStringRef &qualifiedName)
+QStringView withoutPrefix(QStringView qualifiedName)
 {
     return qualifiedName.mid(qualifiedName.indexOf(QLatin1Char(':')) + 1);
 }
@@ -35,7 +35,7 @@ QByteArray withoutWrongEncoding(const QByteArray &xml)
         QStringLiteral("encoding\\s*=\\s*[\"'](utf-?16|utf-?32|ucs-?[24])[a-z_-]*[\"']"),
         QRegularExpression::CaseInsensitiveOption);
     const QByteArray beginning = xml.left(longestDeclaration);
-    const QString declaration = QString::fromLatin1(beginning.left(std::max(0, beginning.indexOf("?>"))));
+    const QString declaration = QString::fromLatin1(beginning.left(std::max(0, int(beginning.indexOf("?>")))));
     const QRegularExpressionMatch match = claim.match(declaration);
     if (!match.hasMatch())
         return xml;
@@ -120,7 +120,7 @@ KRXmlStream::KRXmlStream(QIODevice *device) : m_device(device), m_xml(&m_device)
     m_xml.setNamespaceProcessing(false);
 }
 
-QStringRef KRXmlStream::name() const
+QStringView KRXmlStream::name() const
 {
     return withoutPrefix(m_xml.qualifiedName());
 }
@@ -167,11 +167,11 @@ void KRXmlStream::skipElement()
 QString KRXmlStream::readText()
 {
     QString text;
-    readText([&text](const QStringRef &piece) { text.append(piece); });
+    readText([&text](QStringView piece) { text.append(piece); });
     return text;
 }
 
-void KRXmlStream::readText(const std::function<void(const QStringRef &)> &take)
+void KRXmlStream::readText(const std::function<void(QStringView)> &take)
 {
     const int depthOfParent = m_depth - 1;
     while (m_depth > depthOfParent && !m_xml.atEnd()) {

@@ -40,9 +40,9 @@ public:
     explicit KRXmlStream(QIODevice *device);
 
     /// Without prefix.
-    QStringRef name() const;
+    QStringView name() const;
     /// With the prefix that the document uses.
-    QStringRef qualifiedName() const { return m_xml.qualifiedName(); }
+    QStringView qualifiedName() const { return m_xml.qualifiedName(); }
     bool isAt(const char *elementName) const { return name() == QLatin1String(elementName); }
     QXmlStreamAttributes attributes() const { return m_xml.attributes(); }
     /// Of the element that has just been entered, whatever its prefix; empty when there is none.
@@ -59,7 +59,7 @@ public:
     /// The text of the current element with that of all elements in it; moves behind the element.
     QString readText();
     /// The same piece by piece, for long texts.
-    void readText(const std::function<void(const QStringRef &piece)> &take);
+    void readText(const std::function<void(QStringView piece)> &take);
 
 private:
     Q_DISABLE_COPY(KRXmlStream)

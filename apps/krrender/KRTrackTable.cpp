@@ -98,7 +98,7 @@ QString aligned(const QList<QStringList> &rows, const QList<int> &numberColumns)
         for (int column = 0; column < row.size(); ++column) {
             if (widths.size() <= column)
                 widths.append(0);
-            widths[column] = std::max(widths.at(column), row.at(column).size());
+            widths[column] = std::max(widths.at(column), int(row.at(column).size()));
         }
     }
     QString text;

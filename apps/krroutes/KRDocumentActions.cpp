@@ -27,7 +27,7 @@ KRDocumentActions::KRDocumentActions(KRRouteWorkspace *workspace, QMainWindow *w
       m_openAction(KRViewerAction::make(window, QStringLiteral("ico_open"), tr("Ö&ffnen …"), QKeySequence::Open)),
       m_saveAction(KRViewerAction::make(window, QStringLiteral("ico_save"), tr("&Speichern"), QKeySequence::Save)),
       m_saveAsAction(KRViewerAction::make(window, QStringLiteral("ico_save_as"), tr("Speichern &unter …"),
-                                          QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S)))
+                                          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)))
 {
     m_openAction->setStatusTip(tr("Öffnet ein Routendokument oder fügt Routen aus anderen Dateien hinzu"));
     connect(m_newAction, &QAction::triggered, this, &KRDocumentActions::startNew);

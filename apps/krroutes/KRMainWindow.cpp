@@ -158,7 +158,7 @@ void KRMainWindow::createFileMenu()
     m_outputActions->addTo(menu);
     menu->addSeparator();
     QAction *const quit =
-        KRViewerAction::make(this, QStringLiteral("ico_quit"), tr("&Beenden"), QKeySequence(Qt::CTRL + Qt::Key_Q));
+        KRViewerAction::make(this, QStringLiteral("ico_quit"), tr("&Beenden"), QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, this, &QWidget::close);
     menu->addAction(quit);
     m_documentActions->addTo(m_toolBar);
@@ -174,12 +174,12 @@ void KRMainWindow::createEditMenu()
     undo->setShortcut(QKeySequence::Undo);
     QAction *const redo = m_workspace.undoStack()->createRedoAction(this);
     KRViewerIcons::setIcon(redo, QStringLiteral("ico_redo"));
-    redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
+    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
     QAction *const flightLine = KRViewerAction::make(this, QStringLiteral("ico_flight_line"), tr("&Fluglinie …"),
-                                                     QKeySequence(Qt::CTRL + Qt::Key_F));
+                                                     QKeySequence(Qt::CTRL | Qt::Key_F));
     connect(flightLine, &QAction::triggered, this, [this] { askForFlightLine(KRGeoPosition()); });
     QAction *const place =
-        KRViewerAction::make(this, QStringLiteral("ico_place_add"), tr("&Ort …"), QKeySequence(Qt::CTRL + Qt::Key_L));
+        KRViewerAction::make(this, QStringLiteral("ico_place_add"), tr("&Ort …"), QKeySequence(Qt::CTRL | Qt::Key_L));
     connect(place, &QAction::triggered, m_docks, &KRViewerDocks::showPlaces);
     QAction *const preferences = KRViewerAction::make(this, QStringLiteral("ico_preferences"), tr("&Einstellungen …"),
                                                       QKeySequence::Preferences);
@@ -212,7 +212,7 @@ void KRMainWindow::createViewMenu()
     menu->addSeparator();
     QAction *const next = KRViewerAction::make(this, QString(), tr("&Nächster Bereich"), QKeySequence(Qt::Key_F6));
     QAction *const previous =
-        KRViewerAction::make(this, QString(), tr("&Voriger Bereich"), QKeySequence(Qt::SHIFT + Qt::Key_F6));
+        KRViewerAction::make(this, QString(), tr("&Voriger Bereich"), QKeySequence(Qt::SHIFT | Qt::Key_F6));
     connect(next, &QAction::triggered, this, [this] { moveFocus(1); });
     connect(previous, &QAction::triggered, this, [this] { moveFocus(-1); });
     menu->addActions({next, previous});

@@ -12,14 +12,14 @@
 KRMapActions::KRMapActions(KRMapView *map, QMainWindow *window)
     : QObject(window), m_map(map),
       m_showAllAction(KRViewerAction::make(window, QStringLiteral("ico_fit_map"), tr("&Alle Routen zeigen"),
-                                           QKeySequence(Qt::CTRL + Qt::Key_0))),
+                                           QKeySequence(Qt::CTRL | Qt::Key_0))),
       m_zoomInAction(KRViewerAction::make(window, QStringLiteral("ico_zoom_in"), tr("Ver&größern"))),
       m_zoomOutAction(
           KRViewerAction::make(window, QStringLiteral("ico_zoom_out"), tr("V&erkleinern"), QKeySequence::ZoomOut)),
       m_labelsAction(KRViewerAction::make(window, QStringLiteral("ico_labels"), tr("Na&men der Routen"),
-                                          QKeySequence(Qt::CTRL + Qt::Key_B))),
+                                          QKeySequence(Qt::CTRL | Qt::Key_B))),
       m_legendAction(KRViewerAction::make(window, QStringLiteral("ico_legend"), tr("&Legende"),
-                                          QKeySequence(Qt::CTRL + Qt::Key_G)))
+                                          QKeySequence(Qt::CTRL | Qt::Key_G)))
 {
     const KRViewerSettings settings;
     m_labelsAction->setCheckable(true);
@@ -28,7 +28,7 @@ KRMapActions::KRMapActions(KRMapView *map, QMainWindow *window)
     m_legendAction->setChecked(settings.showsLegend());
     showNames();
     // What Ctrl++ is on keyboards where the plus sign needs the shift key.
-    m_zoomInAction->setShortcuts({QKeySequence(Qt::CTRL + Qt::Key_Plus), QKeySequence(Qt::CTRL + Qt::Key_Equal)});
+    m_zoomInAction->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     connect(m_showAllAction, &QAction::triggered, map, &KRMapView::showAll);
     connect(m_zoomInAction, &QAction::triggered, map, &KRMapView::zoomIn);
     connect(m_zoomOutAction, &QAction::triggered, map, &KRMapView::zoomOut);

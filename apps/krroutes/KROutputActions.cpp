@@ -45,7 +45,7 @@ KROutputActions::KROutputActions(KRRouteWorkspace *workspace, KRMapView *map, KR
                                  KRMapActions *mapActions, QMainWindow *window)
     : QObject(window), m_workspace(workspace), m_map(map), m_groundMenu(groundMenu), m_mapActions(mapActions),
       m_window(window), m_exportAction(KRViewerAction::make(window, QStringLiteral("ico_export"), tr("&Exportieren …"),
-                                                            QKeySequence(Qt::CTRL + Qt::Key_E))),
+                                                            QKeySequence(Qt::CTRL | Qt::Key_E))),
       m_printAction(KRViewerAction::make(window, QStringLiteral("ico_print"), tr("&Drucken …"), QKeySequence::Print))
 {
     m_exportAction->setStatusTip(tr("Schreibt die Karte als Bild oder die Routen für andere Programme"));

@@ -15,29 +15,29 @@
 KRTrackActions::KRTrackActions(KRRouteWorkspace *workspace, QMainWindow *window)
     : QObject(window), m_workspace(workspace), m_window(window)
 {
-    add(QStringLiteral("ico_fit_map"), tr("&Auf der Karte zeigen"), QKeySequence(Qt::CTRL + Qt::Key_T),
+    add(QStringLiteral("ico_fit_map"), tr("&Auf der Karte zeigen"), QKeySequence(Qt::CTRL | Qt::Key_T),
         &KRTrackActions::zoom);
     m_actions.append(nullptr);
     add(QStringLiteral("ico_rename"), tr("&Umbenennen …"), QKeySequence(Qt::Key_F2), &KRTrackActions::rename);
-    add(QStringLiteral("ico_duplicate"), tr("&Verdoppeln"), QKeySequence(Qt::CTRL + Qt::Key_D),
+    add(QStringLiteral("ico_duplicate"), tr("&Verdoppeln"), QKeySequence(Qt::CTRL | Qt::Key_D),
         &KRTrackActions::duplicate);
     add(QStringLiteral("ico_deleteListItem"), tr("&Löschen"), QKeySequence::Delete, &KRTrackActions::remove);
     m_actions.append(nullptr);
-    add(QStringLiteral("ico_reverse"), tr("&Richtung umkehren"), QKeySequence(Qt::CTRL + Qt::Key_R),
+    add(QStringLiteral("ico_reverse"), tr("&Richtung umkehren"), QKeySequence(Qt::CTRL | Qt::Key_R),
         &KRTrackActions::reverse);
     m_splitAction = add(QStringLiteral("ico_split"), tr("Am markierten Punkt &teilen"),
-                        QKeySequence(Qt::CTRL + Qt::Key_K), &KRTrackActions::splitAtMarker);
+                        QKeySequence(Qt::CTRL | Qt::Key_K), &KRTrackActions::splitAtMarker);
     m_splitAction->setStatusTip(tr("Markiert wird ein Punkt im Höhenprofil oder mit der rechten Maustaste"));
     m_splitSegmentsAction = add(QStringLiteral("ico_split_segments"), tr("In Abschnitte &zerlegen"), QKeySequence(),
                                 &KRTrackActions::splitSegments);
     m_joinAction = add(QStringLiteral("ico_join"), tr("Mit der nächsten ver&binden"),
-                       QKeySequence(Qt::CTRL + Qt::Key_J), &KRTrackActions::joinWithNext);
+                       QKeySequence(Qt::CTRL | Qt::Key_J), &KRTrackActions::joinWithNext);
     m_simplifyAction =
         add(QStringLiteral("ico_simplify"), tr("Verein&fachen …"), QKeySequence(), &KRTrackActions::simplify);
     m_actions.append(nullptr);
     m_upAction =
-        add(QStringLiteral("ico_up"), tr("Nach &oben"), QKeySequence(Qt::ALT + Qt::Key_Up), &KRTrackActions::moveUp);
-    m_downAction = add(QStringLiteral("ico_down"), tr("Nach u&nten"), QKeySequence(Qt::ALT + Qt::Key_Down),
+        add(QStringLiteral("ico_up"), tr("Nach &oben"), QKeySequence(Qt::ALT | Qt::Key_Up), &KRTrackActions::moveUp);
+    m_downAction = add(QStringLiteral("ico_down"), tr("Nach u&nten"), QKeySequence(Qt::ALT | Qt::Key_Down),
                        &KRTrackActions::moveDown);
     connect(workspace, &KRRouteWorkspace::selectionChanged, this, &KRTrackActions::updateActions);
     updateActions();

@@ -37,7 +37,7 @@ public:
     T decodeCSV(const QString &keys) const
     {
         int bits = 0;
-        for (const QStringRef &key : keys.splitRef(QLatin1Char(',')))
+        for (const QStringView key : QStringView(keys).split(QLatin1Char(',')))
             bits |= decode(key);
         return static_cast<T>(bits);
     }
@@ -48,7 +48,7 @@ private:
         QString key;
     };
 
-    T decode(const QStringRef &key) const
+    T decode(QStringView key) const
     {
         for (const Entry &entry : m_entries) {
             if (key == entry.key)

@@ -1,6 +1,6 @@
 #include "KRMath.h"
 
-#include <QString>
+#include <QString> // defines QStringView::toDouble()
 
 #include <charconv>
 #include <cmath>
@@ -24,15 +24,15 @@ int KRMath::toInt(double value)
     return static_cast<int>(value);
 }
 
-double KRMath::toDouble(const QStringRef &text, double defaultValue)
+double KRMath::toDouble(QStringView text, double defaultValue)
 {
     // Both ways round correctly, so the results do not differ.
     constexpr int mostCharacters = 32;
-    const int size = text.size();
+    const qsizetype size = text.size();
     if (size <= mostCharacters) {
         char characters[mostCharacters];
-        const QChar *const source = text.constData();
-        int plain = 0;
+        const QChar *const source = text.data();
+        qsizetype plain = 0;
         while (plain < size) {
             const ushort unicode = source[plain].unicode();
             const bool isSign = unicode == '-' && plain == 0;

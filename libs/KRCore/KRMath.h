@@ -2,7 +2,7 @@
 
 #include "KRCoreExport.h"
 
-class QStringRef;
+#include <QStringView>
 
 /// Number helpers that more than one class needs.
 namespace KRMath {
@@ -15,6 +15,6 @@ KRCORE_EXPORT int toInt(double value);
 
 /// The number that QString::toDouble() reads, to the last bit, but several times as fast for plain decimals;
 /// @p defaultValue where there is none.
-KRCORE_EXPORT double toDouble(const QStringRef &text, double defaultValue);
+KRCORE_EXPORT double toDouble(QStringView text, double defaultValue);
 
 } // namespace KRMath

@@ -21,13 +21,13 @@ qint64 millisecondsOf(qint64 seconds)
 
 } // namespace
 
-KRGPXCommaText KRGPXCommaText::decode(const QStringRef &text)
+KRGPXCommaText KRGPXCommaText::decode(QStringView text)
 {
-    std::array<QStringRef, mostFields> fields;
+    std::array<QStringView, mostFields> fields;
     std::size_t count = 0;
-    for (int begin = 0; begin <= text.size() && count < fields.size(); ++count) {
-        const int comma = text.indexOf(QLatin1Char(','), begin);
-        const int end = comma < 0 ? text.size() : comma;
+    for (qsizetype begin = 0; begin <= text.size() && count < fields.size(); ++count) {
+        const qsizetype comma = text.indexOf(QLatin1Char(','), begin);
+        const qsizetype end = comma < 0 ? text.size() : comma;
         fields[count] = text.mid(begin, end - begin);
         begin = end + 1;
     }

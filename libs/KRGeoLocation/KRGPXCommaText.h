@@ -1,8 +1,7 @@
 #pragma once
 
 #include <QString>
-
-class QStringRef;
+#include <QStringView>
 
 /// What the comma text of one point says, see KRGPXTrackPoint::decodeKml() and toKml().
 struct KRGPXCommaText {
@@ -12,7 +11,7 @@ struct KRGPXCommaText {
     qint64 milliseconds = 0; ///< since 1970, or KRGPXTrackSegment::noTime
 
     /// Takes the time for seconds, although encode() writes milliseconds.
-    static KRGPXCommaText decode(const QStringRef &text);
+    static KRGPXCommaText decode(QStringView text);
 
     QString encode() const { return join(encode(longitude), encode(latitude), elevation, milliseconds); }
     /// With at most ten decimals, and a point in any case: "12."

@@ -21,7 +21,7 @@ namespace {
 constexpr qint64 maximumAttributePairs = 100000000;
 
 /// Names that QXmlStreamReader and QDom agree on; it takes nearly any character, and QDom not all that XML allows.
-bool isPlainName(const QStringRef &name)
+bool isPlainName(QStringView name)
 {
     return std::all_of(name.cbegin(), name.cend(), [](QChar character) {
         const ushort unicode = character.unicode();
@@ -304,7 +304,7 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
     while (nextChild()) {
         if (!hasElevation && isAt(KRGPXVocabulary::elevationElement)) {
             hasElevation = true;
-            elevation = KRMath::toDouble(QStringRef(&readText()), 0.0);
+            elevation = KRMath::toDouble(readText(), 0.0);
         } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
             hasTimeStamp = true;
             timeStamp = toDateTime(readText());
@@ -345,7 +345,7 @@ bool KRGPXStreamReader::mayRunBegin() const
 {
     if (!m_runTarget || m_xml.characterOffset() != m_endOfToken || !m_runs.hasPassedTagEnd() || !m_runs.hasAsciiBytes())
         return false;
-    const QStringRef encoding = m_xml.documentEncoding();
+    const QStringView encoding = m_xml.documentEncoding();
     return encoding.isEmpty() || encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
 }
 

@@ -23,7 +23,7 @@ void KRGPXTrackElement::visitPositions(const PositionVisitor &visit) const
         latitudes.push_back(degrees.y());
         longitudes.push_back(degrees.x());
     }
-    visit({latitudes.data(), longitudes.data(), positions.size()});
+    visit({latitudes.data(), longitudes.data(), int(positions.size())});
 }
 
 KRGeoPositionRect KRGPXTrackElement::boundingBox() const
@@ -44,10 +44,10 @@ KRRange<QDateTime> KRGPXTrackElement::timeFrame() const
 
 double KRGPXTrackElement::safeDouble(const QString &text)
 {
-    return safeDouble(QStringRef(&text));
+    return safeDouble(QStringView(text));
 }
 
-double KRGPXTrackElement::safeDouble(const QStringRef &text)
+double KRGPXTrackElement::safeDouble(QStringView text)
 {
     // Intended: without a decimal point indexOf() gives -1, which leaves seven characters.
     return KRMath::toDouble(text.left(text.indexOf(QLatin1Char('.')) + 8), 0.0);

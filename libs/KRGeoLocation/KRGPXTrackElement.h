@@ -12,7 +12,7 @@
 #include <functional>
 
 class QString;
-class QStringRef;
+class QStringView;
 struct KRGeoPositionSpan;
 
 /**
@@ -49,7 +49,7 @@ public:
 
     /// Reads no more than seven decimals, without a decimal point no more than seven characters; 0 when unreadable.
     static double safeDouble(const QString &text);
-    static double safeDouble(const QStringRef &text);
+    static double safeDouble(QStringView text);
 
 protected:
     KRGPXTrackElement() = default;

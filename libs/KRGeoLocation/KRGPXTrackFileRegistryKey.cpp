@@ -32,5 +32,5 @@ uint qHash(const KRGPXTrackFileRegistryKey &key, uint seed)
 
 uint qHash(const QDir &dir, uint seed)
 {
-    return qHash(dir.exists() ? dir.canonicalPath() : dir.absolutePath(), seed);
+    return uint(qHash(dir.exists() ? dir.canonicalPath() : dir.absolutePath())) ^ seed;
 }

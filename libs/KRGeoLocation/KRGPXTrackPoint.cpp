@@ -21,10 +21,10 @@ KRGPXTrackPoint::~KRGPXTrackPoint() = default;
 
 KRGPXTrackPoint KRGPXTrackPoint::decodeKml(const QString &text)
 {
-    return decodeKml(QStringRef(&text));
+    return decodeKml(QStringView(text));
 }
 
-KRGPXTrackPoint KRGPXTrackPoint::decodeKml(const QStringRef &text)
+KRGPXTrackPoint KRGPXTrackPoint::decodeKml(QStringView text)
 {
     const KRGPXCommaText fields = KRGPXCommaText::decode(text);
     const bool hasTime = fields.milliseconds != KRGPXTrackSegment::noTime;

@@ -39,7 +39,7 @@ public:
      * 0 or no time.
      */
     static KRGPXTrackPoint decodeKml(const QString &text);
-    static KRGPXTrackPoint decodeKml(const QStringRef &text);
+    static KRGPXTrackPoint decodeKml(QStringView text);
 
     KRGeoPosition position() const;
     int elevation() const;

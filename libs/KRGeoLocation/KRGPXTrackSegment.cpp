@@ -45,7 +45,7 @@ void forEachCommaText(const QString &text, const Taker &take)
     while (end != text.cend()) {
         const auto begin = std::find_if_not(end, text.cend(), isSeparator);
         end = std::find_if(begin, text.cend(), isSeparator);
-        const auto point = KRGPXCommaText::decode(text.midRef(int(begin - text.cbegin()), int(end - begin)));
+        const auto point = KRGPXCommaText::decode(QStringView(text).mid(begin - text.cbegin(), end - begin));
         if (point.latitude != 0.0 || point.longitude != 0.0)
             take(point);
     }

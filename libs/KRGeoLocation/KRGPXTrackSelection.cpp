@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QDomElement>
 
+#include <algorithm>
+
 using KRValue::replaceIfDifferent;
 
 namespace {
@@ -20,7 +22,7 @@ const QString formerTrackElement = QStringLiteral("locationTrack");
 
 int scaledComponent(int component, int factor)
 {
-    return static_cast<int>(qBound<qint64>(0, qint64(component) * factor / 128, 255));
+    return static_cast<int>(std::clamp<qint64>(qint64(component) * factor / 128, 0, 255));
 }
 
 QColor scaledColor(const QColor &color, int factor)

@@ -39,7 +39,9 @@ KRGeoArc KRGeoArc::fromRadians(double radians)
 
 KRGeoArc KRGeoArc::fromVariant(const QVariant &variant)
 {
-    return variant.isNull() ? invalidDegrees : variant.toReal();
+    // Only Qt 5 takes a variant that holds a null text for a null variant.
+    const bool holdsNullText = variant.userType() == QMetaType::QString && variant.toString().isNull();
+    return variant.isNull() || holdsNullText ? invalidDegrees : variant.toReal();
 }
 
 KRGeoArc KRGeoArc::fromString(const QString &text)

@@ -89,7 +89,7 @@ bool KRGeoPositionImpl::operator<(const KRGeoPositionImpl &other) const
 
 uint KRGeoPositionImpl::hashValue() const
 {
-    return qHash(m_latitude.decimalDegrees() + m_longitude.decimalDegrees());
+    return uint(qHash(m_latitude.decimalDegrees() + m_longitude.decimalDegrees()));
 }
 
 KRGeoPositionImpl KRGeoPositionImpl::operator+(const KRGeoPositionImpl &other) const

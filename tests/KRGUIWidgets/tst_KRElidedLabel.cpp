@@ -45,7 +45,7 @@ void tst_KRElidedLabel::shortens()
     const QFontMetrics metrics = label.fontMetrics();
     const int textWidth = widthInCharacters * metrics.horizontalAdvance(QLatin1Char('x'));
     label.resize(textWidth + 2 * KRElidedLabel::textPaddingPx, lines * metrics.lineSpacing() + 2);
-    QTEST(label.visibleLines().count(), "expectedLines");
+    QTEST(int(label.visibleLines().count()), "expectedLines");
     QTEST(label.visibleLines().last().endsWith(QChar(0x2026)), "isElided");
     QCOMPARE(label.text(), text);
 }

@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXStreamReader.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestXml.h"
 
 #include <KRCore/KRXMLGuard.h>
 #include <KRCore/KRXMLLoader.h>
@@ -9,10 +10,8 @@
 #include <QDir>
 #include <QDomElement>
 #include <QLoggingCategory>
-#include <QTextCodec>
 #include <QtTest>
 
-#include <memory>
 #include <optional>
 
 namespace {
@@ -367,11 +366,6 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
     const QByteArray latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"
                              + track("<name>Gr\xFC\xDF"
                                      "e</name>");
-    const auto utf16 = [](const QString &text) {
-        const std::unique_ptr<QTextEncoder> encoder(
-            QTextCodec::codecForName("UTF-16BE")->makeEncoder(QTextCodec::IgnoreHeader));
-        return encoder->fromUnicode(text);
-    };
     QTest::addColumn<QByteArray>("xml");
     QTest::newRow("no track") << QByteArray("<gpx/>");
     QTest::newRow("only children of the root") << QByteArray("<trk><x><trk/></x><trk><trkseg/></trk><g:trk/></trk>");
@@ -392,16 +386,15 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
     QTest::newRow("attributes on lines of their own") << QByteArray("<gpx\r\n a='1'\r\n b='2'><trk\r/></gpx>");
     QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + track("<name>\xC3\xA4</name>");
     QTest::newRow("declared encoding") << latin;
-    QTest::newRow("UTF-16") << QTextCodec::codecForName("UTF-16")->fromUnicode(
-        QString::fromUtf8(track("<name>\xC3\xA4\xF0\x9F\x98\x80</name>")));
+    QTest::newRow("UTF-16") << KRTestXml::utf16(QString::fromUtf8(track("<name>\xC3\xA4\xF0\x9F\x98\x80</name>")));
     QTest::newRow("points in a comment") << track("<trkseg><!-- points that do not count, among them a trkpt>"
                                                   + spelledPoint + " --></trkseg>");
     QTest::newRow("points in CDATA") << track("<trkseg><![CDATA[ points that do not count, among them a trkpt>"
                                               + spelledPoint + "]]></trkseg>");
     QTest::newRow("bytes of characters that spell a point")
-        << utf16(QStringLiteral("<gpx>") + QString(bytesPerRead / 2 - 18, QLatin1Char(' '))
-                 + QStringLiteral("<trk><trkseg>"))
-               + spelledPoint + utf16(QStringLiteral("</trkseg></trk></gpx>"));
+        << KRTestXml::utf16BigEndian(QStringLiteral("<gpx>") + QString(bytesPerRead / 2 - 18, QLatin1Char(' '))
+                                     + QStringLiteral("<trk><trkseg>"))
+               + spelledPoint + KRTestXml::utf16BigEndian(QStringLiteral("</trkseg></trk></gpx>"));
     QTest::newRow("compressed points with markup inside")
         << track("<trkseg><compressedPoints>8,53<!-- c -->4 9,<b>54</b>\n<![CDATA[ 1,1]]></compressedPoints></trkseg>");
     QTest::newRow("mixed points") << track("<trkseg><trkpt/><compressedPoints>1,1</compressedPoints><trkpt/></trkseg>");

@@ -11,7 +11,7 @@ KRKmlCoordinates read(const QString &text)
 {
     KRKmlCoordinates coordinates;
     KRKmlCoordinatesReader reader(&coordinates);
-    reader.read(QStringRef(&text));
+    reader.read(text);
     reader.finish();
     return coordinates;
 }
@@ -99,8 +99,8 @@ void tst_KRKmlCoordinates::readsPieceByPiece()
     for (int first = 0; first <= text.size(); ++first) {
         KRKmlCoordinates coordinates;
         KRKmlCoordinatesReader reader(&coordinates);
-        reader.read(text.leftRef(first));
-        reader.read(text.midRef(first));
+        reader.read(QStringView(text).left(first));
+        reader.read(QStringView(text).mid(first));
         reader.finish();
         QCOMPARE(coordinates.toText(), expected);
     }

@@ -5,6 +5,7 @@
 #include "KRTestArchive.h"
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
+#include "KRTestXml.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRLogger.h>
@@ -273,7 +274,7 @@ void tst_KRKmlImport::encodings()
         {"UTF-8", text.toUtf8()},
         {"UTF-8 with a mark", "\xEF\xBB\xBF" + declared("UTF-8").toUtf8()},
         {"Latin-1", declared("ISO-8859-1").toLatin1()},
-        {"UTF-16", QTextCodec::codecForName("UTF-16")->fromUnicode(declared("UTF-16"))},
+        {"UTF-16", KRTestXml::utf16(declared("UTF-16"))},
         {"UTF-16, but not really", declared("utf-16").toUtf8()},
         {"zero bytes behind the text", text.toUtf8() + QByteArray(3, '\0')},
     };

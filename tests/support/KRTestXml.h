@@ -13,4 +13,21 @@ inline QDomElement element(const QByteArray &xml)
     return document.setContent(xml) ? document.documentElement() : QDomElement();
 }
 
+/// The text as it is, without a byte-order mark in front.
+inline QByteArray utf16BigEndian(const QString &text)
+{
+    QByteArray bytes;
+    for (const QChar character : text) {
+        bytes.append(char(character.row()));
+        bytes.append(char(character.cell()));
+    }
+    return bytes;
+}
+
+/// With a byte-order mark.
+inline QByteArray utf16(const QString &text)
+{
+    return utf16BigEndian(QChar(QChar::ByteOrderMark) + text);
+}
+
 } // namespace KRTestXml
