@@ -16,9 +16,13 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Svg Xml Concurrent LinguistTools)
+set(KR_QT_MINIMUM 5.15)
+if(KR_QT EQUAL 6)
+    set(KR_QT_MINIMUM 6.4)
+endif()
+find_package(Qt${KR_QT} ${KR_QT_MINIMUM} REQUIRED COMPONENTS Core Gui Widgets Svg Xml Concurrent LinguistTools)
 if(KR_BUILD_APPS)
-    find_package(Qt5 5.15 REQUIRED COMPONENTS Network PrintSupport Sql)
+    find_package(Qt${KR_QT} REQUIRED COMPONENTS Network PrintSupport Sql)
 endif()
 
 # Before 1.0 every minor version may change what programs rely on.

@@ -1,7 +1,8 @@
 #include "KRHostApplication.h"
 
+#include <KRCore/KRQtCompat.h>
+
 #include <QCoreApplication>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
@@ -78,7 +79,7 @@ void KRHostApplication::setup(QCoreApplication &application, const QString &name
     QCoreApplication::setApplicationVersion(QStringLiteral(KR_VERSION));
 
     if (speaksGerman()) {
-        install(application, QStringLiteral("qtbase_de"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+        install(application, QStringLiteral("qtbase_de"), KRQtCompat::translationsFolder());
         return;
     }
     initializeTranslations();

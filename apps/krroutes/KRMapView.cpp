@@ -1,5 +1,6 @@
 #include "KRMapView.h"
 
+#include <KRCore/KRQtCompat.h>
 #include <KRMapArea.h>
 #include <KRMapFurniture.h>
 #include <KRMapGround.h>
@@ -243,7 +244,7 @@ bool KRMapView::event(QEvent *event)
         const auto *const gesture = static_cast<QNativeGestureEvent *>(event);
         if (gesture->gestureType() != Qt::ZoomNativeGesture)
             break;
-        zoomAbout(gesture->localPos(), 1.0 + gesture->value());
+        zoomAbout(KRQtCompat::position(gesture), 1.0 + gesture->value());
         return true;
     }
     case QEvent::ToolTip: {
@@ -261,17 +262,17 @@ bool KRMapView::event(QEvent *event)
 void KRMapView::touchEvent(QTouchEvent *event)
 {
     event->accept();
-    const QList<QTouchEvent::TouchPoint> points = event->touchPoints();
-    if (points.size() > 1) {
-        const QLineF before(points.at(0).lastPos(), points.at(1).lastPos());
-        const QLineF now(points.at(0).pos(), points.at(1).pos());
+    const QList<KRQtCompat::Touch> touches = KRQtCompat::touches(event);
+    if (touches.size() > 1) {
+        const QLineF before(touches.at(0).lastPosition, touches.at(1).lastPosition);
+        const QLineF now(touches.at(0).position, touches.at(1).position);
         m_isPressed = false;
         m_wish.isOpen = false;
         const double factor = before.length() > 0.0 ? now.length() / before.length() : 1.0;
         changeViewport(m_viewport.zoomed(factor, before.center()).panned(now.center() - before.center()));
         return;
     }
-    const QPoint pixel = points.isEmpty() ? m_draggedTo : points.first().pos().toPoint();
+    const QPoint pixel = touches.isEmpty() ? m_draggedTo : touches.first().position.toPoint();
     if (event->type() == QEvent::TouchBegin)
         press(pixel);
     else if (event->type() == QEvent::TouchUpdate)
@@ -352,19 +353,19 @@ void KRMapView::mousePressEvent(QMouseEvent *event)
         QWidget::mousePressEvent(event);
         return;
     }
-    press(event->pos());
+    press(KRQtCompat::position(event).toPoint());
 }
 
 void KRMapView::mouseMoveEvent(QMouseEvent *event)
 {
-    dragTo(event->pos());
-    hover(event->pos());
+    dragTo(KRQtCompat::position(event).toPoint());
+    hover(KRQtCompat::position(event).toPoint());
 }
 
 void KRMapView::mouseReleaseEvent(QMouseEvent *event)
 {
-    release(event->pos(), event->button() == Qt::LeftButton);
-    hover(event->pos());
+    release(KRQtCompat::position(event).toPoint(), event->button() == Qt::LeftButton);
+    hover(KRQtCompat::position(event).toPoint());
 }
 
 void KRMapView::press(const QPoint &pixel)
@@ -402,7 +403,7 @@ void KRMapView::release(const QPoint &pixel, bool isClick)
 void KRMapView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
-        zoomAbout(event->localPos(), zoomStep);
+        zoomAbout(KRQtCompat::position(event), zoomStep);
 }
 
 void KRMapView::wheelEvent(QWheelEvent *event)

@@ -2,6 +2,8 @@
 
 #include "KRFigureTexts.h"
 
+#include <KRCore/KRQtCompat.h>
+
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLocale>
@@ -307,7 +309,7 @@ void KRProfileView::mouseMoveEvent(QMouseEvent *event)
     if (!isShowing())
         return;
     layOutAxes();
-    setMarker(m_profile->nearest(m_wayAxis.number(event->x()) * m_wayUnit));
+    setMarker(m_profile->nearest(m_wayAxis.number(KRQtCompat::position(event).toPoint().x()) * m_wayUnit));
 }
 
 void KRProfileView::leaveEvent(QEvent *event)

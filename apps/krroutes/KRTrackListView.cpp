@@ -2,6 +2,7 @@
 
 #include "KRTrackRowDelegate.h"
 
+#include <KRCore/KRQtCompat.h>
 #include <KRGUIWidgets/KRElidedLabel.h>
 #include <KRGeoLocation/KRGPXTrackListModel.h>
 #include <KRGeoLocation/KRGPXTrackMultiFunctionDelegateWidget.h>
@@ -249,7 +250,7 @@ void KRTrackListView::keyPressEvent(QKeyEvent *event)
 void KRTrackListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QListView::mouseDoubleClickEvent(event);
-    const QModelIndex index = indexAt(event->pos());
+    const QModelIndex index = indexAt(KRQtCompat::position(event).toPoint());
     if (index.isValid() && event->button() == Qt::LeftButton)
         emit zoomRequested(index.row());
 }
@@ -301,7 +302,7 @@ void KRTrackListView::dragMoveEvent(QDragMoveEvent *event)
     QListView::dragMoveEvent(event); // scrolls near the edges
     event->setAccepted(event->source() == this);
     if (event->isAccepted())
-        showInsertionMark(gapAt(event->pos()));
+        showInsertionMark(gapAt(KRQtCompat::dropPosition(event)));
 }
 
 void KRTrackListView::dragLeaveEvent(QDragLeaveEvent *event)
@@ -317,7 +318,7 @@ void KRTrackListView::dropEvent(QDropEvent *event)
     setState(NoState);
     event->setAccepted(event->source() == this);
     if (event->isAccepted())
-        dropCurrentTrack(event->pos());
+        dropCurrentTrack(KRQtCompat::dropPosition(event));
 }
 
 void KRTrackListView::dropCurrentTrack(const QPoint &position)

@@ -2,6 +2,7 @@
 #include "KRViewerIcons.h"
 #include "KRViewerOptions.h"
 
+#include <KRCore/KRQtCompat.h>
 #include <KRHostApplication.h>
 
 #include <QApplication>
@@ -9,8 +10,7 @@
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    KRQtCompat::enableHighDpi();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     KRHostApplication::prepare(false);
     const QApplication application(argc, argv);

@@ -1,6 +1,7 @@
 #include "KRFileHandler.h"
 
 #include "KRErrorHistory.h"
+#include "KRQtCompat.h"
 #include "KRXMLGuard.h"
 
 #include <QCoreApplication>
@@ -83,7 +84,7 @@ QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *h
         return QStringList();
 
     QTextStream stream(&source);
-    stream.setCodec("UTF-8");
+    KRQtCompat::useUtf8(&stream);
     QStringList lines;
     QString reason;
     qint64 charactersLeft = KRXMLGuard::maximumBytes; // The file may have grown since its size was asked for.

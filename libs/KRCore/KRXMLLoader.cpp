@@ -2,16 +2,17 @@
 
 #include "KRErrorHistory.h"
 #include "KRFileHandler.h"
+#include "KRQtCompat.h"
 #include "KRXMLGuard.h"
 
 #include <QCoreApplication>
 #include <QDomDocument>
 #include <QFileInfo>
-#include <QTextCodec>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -84,11 +85,7 @@ int endOfLiteralSection(const Text &xml, int place)
     return place;
 }
 
-/**
- * Writes each character reference beyond U+FFFF as the references of its two surrogates.
- *
- * QXmlSimpleReader keeps the lower 16 bits of a reference, which makes another character of "&#x1F600;".
- */
+/// Writes each character reference beyond U+FFFF as the references of its two surrogates.
 template <typename Text>
 Text withSurrogateReferences(const Text &xml)
 {
@@ -112,22 +109,11 @@ Text withSurrogateReferences(const Text &xml)
     return copied == 0 ? xml : result + xml.mid(copied);
 }
 
-/// Of a text in UTF-16 or UTF-32, with a byte-order mark or, in UTF-16, without one; null for any other.
-const QTextCodec *wideCodecOf(const QByteArray &xml)
-{
-    if (xml.startsWith(QByteArray("<\0", 2)))
-        return QTextCodec::codecForName("UTF-16LE");
-    if (xml.startsWith(QByteArray("\0<", 2)))
-        return QTextCodec::codecForName("UTF-16BE");
-    const QTextCodec *const codec = QTextCodec::codecForUtfText(xml, nullptr);
-    return codec && codec->name() != "UTF-8" ? codec : nullptr;
-}
-
 /// Of a text as bytes or as characters.
 template <typename Text>
 QDomElement documentElement(const Text &source, const QString &fileName, KRErrorHistory *history)
 {
-    const Text xml = withSurrogateReferences(source);
+    const Text xml = KRQtCompat::domCutsReferences ? withSurrogateReferences(source) : source;
     KRErrorHistory::Entry refusal;
     refusal.fileName = fileName;
     if (xml.trimmed().isEmpty()) {
@@ -153,8 +139,8 @@ QDomElement KRXMLLoader::loadDocumentElement(const QFileInfo &file, KRErrorHisto
 QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QString &fileName, KRErrorHistory *history)
 {
     // References are looked for in bytes that extend ASCII.
-    if (const QTextCodec *const codec = wideCodecOf(xml))
-        return documentElement(codec->toUnicode(xml), fileName, history);
+    if (const std::optional<QString> wideText = KRQtCompat::wideXmlText(xml))
+        return documentElement(*wideText, fileName, history);
     return documentElement(xml, fileName, history);
 }
 

@@ -1,5 +1,6 @@
 #include "KRGPXMarkerShape.h"
 
+#include <KRCore/KRQtCompat.h>
 #include <KRXML/KRXMLBuilder.h>
 
 #include <QDomElement>
@@ -102,10 +103,7 @@ QIcon KRGPXMarkerShape::createIcon(const QColor &pen, const QColor &fill) const
 
 void KRGPXMarkerShape::configurePainter(QPainter *painter, const QRectF & /*target*/) const
 {
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    painter->setRenderHints(QPainter::Antialiasing | QPainter::HighQualityAntialiasing);
-    QT_WARNING_POP
+    painter->setRenderHints(KRQtCompat::antialiasing());
     if (isSolid())
         return;
     QPen pen = painter->pen();

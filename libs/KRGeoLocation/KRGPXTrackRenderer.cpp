@@ -15,6 +15,7 @@
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRMath.h>
+#include <KRCore/KRQtCompat.h>
 
 #include <QPainter>
 #include <QtMath>
@@ -56,14 +57,6 @@ bool isPixel(const QPointF &point)
 double drawableWidth(double width)
 {
     return width > 0.0 ? std::min(width, widestLine) : 0.0;
-}
-
-void setAntialiasing(QPainter *painter)
-{
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    painter->setRenderHints(QPainter::Antialiasing | QPainter::HighQualityAntialiasing);
-    QT_WARNING_POP
 }
 
 // Other devices than images may be larger or elsewhere than their width and height tell.
@@ -229,7 +222,7 @@ void KRGPXTrackRenderer::paintOn(QImage *image, TrackRenderOption option, bool a
         return;
     QPainter painter(image);
     if (antialiased)
-        setAntialiasing(&painter);
+        painter.setRenderHints(KRQtCompat::antialiasing());
     renderWith(painter, option);
 }
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+/**
+ * Counts what KRXMLGuard meets on its way through a text. Once a limit is passed, everything is refused.
+ */
+class KRXMLCounter
+{
+public:
+    /// For a text of @p characters, of which @p ampersands may refer to entities.
+    KRXMLCounter(qint64 characters, qint64 ampersands);
+
+    // False when the text is refused.
+    bool declareEntity(qint64 characters);
+    bool enterElement(int attributes, qint64 charactersInAttributes);
+    bool addText(qint64 characters);
+
+    void leaveElement() { --m_depth; }
+
+    /// For users; null as long as nothing is refused.
+    QString refusal() const { return m_refusal; }
+
+private:
+    bool isWithinLimits();
+    bool refuse(const QString &refusal);
+    bool refuseExpansion();
+
+    qint64 m_charactersLeft;
+    qint64 m_ampersands;
+    int m_nodes = 0;
+    int m_depth = 0;
+    QString m_refusal;
+};
