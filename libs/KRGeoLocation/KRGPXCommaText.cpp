@@ -45,10 +45,10 @@ QString KRGPXCommaText::encode(double degrees)
 {
     if (!std::isfinite(degrees))
         return QString::number(degrees);
-    // As QString::number() writes it, but several times as fast.
+    // As QString::number() writes it, zero without a sign, but several times as fast.
     std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> text;
     const char *end =
-        std::to_chars(text.data(), text.data() + text.size(), degrees, std::chars_format::fixed, decimals).ptr;
+        std::to_chars(text.data(), text.data() + text.size(), degrees + 0.0, std::chars_format::fixed, decimals).ptr;
     // Intended: only zeroes go, the decimal point stays.
     while (end[-1] == '0')
         --end;
