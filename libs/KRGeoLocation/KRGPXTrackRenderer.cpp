@@ -297,7 +297,8 @@ void KRGPXTrackRenderer::drawAroundTheWorld(QPainter *painter, const QPainterPat
                                             const std::function<void()> &draw) const
 {
     const QPointF world = aroundTheWorldOffset();
-    const bool hasCopies = isFinite(world) && !world.isNull();
+    // On a round map longitude 180 and -180 are one place, but for what computing leaves of their difference.
+    const bool hasCopies = isFinite(world) && world.manhattanLength() >= 1.0;
     const KRIntRange shifts = hasCopies ? visibleShifts(painter) : KRIntRange(0, 0);
     const int rounds = hasCopies ? finishedRounds(path, world) : 0;
     // a path of one point alone knows no bounds

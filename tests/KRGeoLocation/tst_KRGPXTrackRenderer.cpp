@@ -148,6 +148,7 @@ private slots:
     void mapOverTheDateLine();
     void visibleShifts();
     void unseenCopiesChangeNothing();
+    void roundMapsHaveNoCopies();
     void markers();
     void invalidPositionHasNoMarker();
     void arrows();
@@ -462,6 +463,30 @@ void tst_KRGPXTrackRenderer::unseenCopiesChangeNothing()
     QVERIFY(alphaAt(all, 300, 179) > 0);
     QVERIFY(alphaAt(all, 0, 40) > 0);
     QVERIFY(alphaAt(all, 359, 100) > 0);
+}
+
+void tst_KRGPXTrackRenderer::roundMapsHaveNoCopies()
+{
+    class RoundRenderer : public KRGPXTrackRenderer
+    {
+    public:
+        explicit RoundRenderer(const KRGPXTrackSelection &selection)
+            : KRGPXTrackRenderer(selection, QSize(360, 180), 1.0)
+        { }
+        QPointF projectPosition(const KRGeoPosition &position) const override
+        {
+            const double turn = (position.longitude() - KRLongitude(8.0)).radians();
+            return QPointF(180.0 + 5000.0 * std::sin(turn), 90.0 - 90.0 * position.latitude().decimalDegrees());
+        }
+    };
+    const KRGPXTrackSegment ring =
+        KRGPXTrackSegment::decodeKml(QStringLiteral("7.5,-0.5 8.5,-0.5 8.5,0.5 7.5,0.5 7.5,-0.5"));
+    const KRGPXTrack area(QStringLiteral("area"), QString(), {ring}, PolygonTrackShape);
+    const RoundRenderer renderer(selectionOf(area, configurationOf(FillDisplayOption)));
+    // 180 and -180 are one place here, but for what computing leaves of their difference
+    QVERIFY(!renderer.aroundTheWorldOffset().isNull());
+    QVERIFY(renderer.aroundTheWorldOffset().manhattanLength() < 1e-9);
+    QCOMPARE(alphaAt(renderer.render(StyledRender), 180, 90), 64);
 }
 
 void tst_KRGPXTrackRenderer::markers()
