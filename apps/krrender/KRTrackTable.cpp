@@ -5,6 +5,7 @@
 #include "KRTrackFigures.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRMessageText.h>
 #include <KRGeoLocation/KRGPXTrackShape.h>
 
 #include <QJsonArray>
@@ -144,7 +145,7 @@ QString KRTrackTable::toText() const
     for (int i = 0; i < m_tracks.size(); ++i) {
         const KRGPXConfiguredTrack &track = m_tracks.at(i);
         const KRTrackFigures figures(track);
-        rows.append({QString::number(i + 1), track.name().simplified(), shapeKey(track),
+        rows.append({QString::number(i + 1), KRMessageText::printable(track.name().simplified()), shapeKey(track),
                      QString::number(figures.segmentCount()), QString::number(figures.pointCount()),
                      QString::number(figures.lengthKm(), 'f', 2),
                      figures.hasElevation() ? QString::number(figures.climbMetres()) : QString(),

@@ -1,5 +1,7 @@
 #include "KRErrorHistory.h"
 
+#include "KRMessageText.h"
+
 #include <QLoggingCategory>
 
 Q_LOGGING_CATEGORY(krIo, "kr.io")
@@ -9,7 +11,7 @@ QString KRErrorHistory::Entry::toString() const
     QString place = fileName;
     if (line > 0)
         place += QStringLiteral(":%1:%2").arg(line).arg(column);
-    return place + QStringLiteral(": ") + reason;
+    return KRMessageText::printable(place + QStringLiteral(": ") + reason);
 }
 
 void KRErrorHistory::report(KRErrorHistory *history, const Entry &entry)

@@ -22,7 +22,7 @@ public:
         int column = 0; ///< counted from 1; 0 where no place in the file is to blame
         QString reason; ///< for users, in their language, without the file name
 
-        /// "name:line:column: reason", with no more of the place than is known.
+        /// "name:line:column: reason" for a terminal or a log, in one line, with no more of the place than is known.
         QString toString() const;
     };
 
