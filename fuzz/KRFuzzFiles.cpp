@@ -2,6 +2,7 @@
 #include "KRFuzzLaws.h"
 #include "KRFuzzTargets.h"
 
+#include <KRCore/KRInputLimits.h>
 #include <KRRouteImport.h>
 
 #include <KRCore/KRXMLLoader.h>
@@ -91,11 +92,13 @@ QString KRFuzzTargets::kmz(const QByteArray &file)
             const QByteArray content = archive.fileContent(name);
             if (content.isNull() && history.isEmpty())
                 return QStringLiteral("An entry that cannot be read has a reason.");
-            if (content.size() > std::max<qint64>(KRZIP::freeBytes, KRZIP::maximumRatio * file.size()))
+            if (content.size()
+                > std::max<qint64>(KRInputLimits::archiveFreeBytes, KRInputLimits::archiveRatio * file.size()))
                 return QStringLiteral("An entry inflates to no more than the limit.");
         }
     }
     const KRGPXConfiguredTrackList tracks = KRTrackSelectionFactoryKmlFile().createConfiguredTrackList(input);
-    const QString broken = KRFuzzLaws::brokenBySize(KRFuzzLaws::tracksOf(tracks), qint64(KRZIP::maximumEntryBytes));
+    const QString broken =
+        KRFuzzLaws::brokenBySize(KRFuzzLaws::tracksOf(tracks), qint64(KRInputLimits::archiveEntryBytes));
     return broken.isNull() ? brokenByImport(input, "kmz") : broken;
 }

@@ -3,6 +3,7 @@
 #include "KRGpxPointSkimmer.h"
 #include "KRXmlStream.h"
 
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRMath.h>
 
 #include <cmath>
@@ -203,8 +204,8 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
 
 void KRGpxPreparation::countPoint(KRXmlStream &stream)
 {
-    if (++m_pointNumber > maximumPoints)
-        stream.refuse(tr("Die Datei hat mehr als %1 Wegpunkte und Punkte von Routen.").arg(maximumPoints));
+    if (++m_pointNumber > KRInputLimits::wayPoints)
+        stream.refuse(tr("Die Datei hat mehr als %1 Wegpunkte und Punkte von Routen.").arg(KRInputLimits::wayPoints));
 }
 
 void KRGpxPreparation::report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count)

@@ -22,8 +22,6 @@ class KRGpxPreparation
     Q_DECLARE_TR_FUNCTIONS(KRGpxPreparation)
 
 public:
-    static constexpr int maximumPoints = 500000; ///< way points and points of routes together
-
     explicit KRGpxPreparation(const QFileInfo &file) : m_file(file), m_report(file.filePath()) { }
 
     /// Whether the current element has a latitude and a longitude, of a place on the globe; (0, 0) is one.

@@ -1,5 +1,6 @@
 #include "KRKmlCoordinates.h"
 
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRMath.h>
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int decimals = 7;
 constexpr qint64 unitsPerDegree = 10000000;
-constexpr int longestTrackPosition = 1000; // characters
 constexpr qint64 fullTurn = 360 * unitsPerDegree;
 
 bool startsWith(QLatin1String text, char character)
@@ -109,7 +109,7 @@ void KRKmlCoordinates::append(QLatin1String longitude, QLatin1String latitude, Q
 {
     std::optional<qint64> longitudeUnits = toUnits(longitude, 360);
     std::optional<qint64> latitudeUnits = toUnits(latitude, 90);
-    if (!longitudeUnits || !latitudeUnits || count() == maximumCount) {
+    if (!longitudeUnits || !latitudeUnits || count() == KRInputLimits::positions) {
         ++m_unreadableCount;
         return;
     }
@@ -125,7 +125,7 @@ void KRKmlCoordinates::append(QLatin1String longitude, QLatin1String latitude, Q
 
 void KRKmlCoordinates::appendTrackPosition(const QString &text, const QDateTime &time)
 {
-    const QList<QByteArray> fields = text.left(longestTrackPosition).simplified().toLatin1().split(' ');
+    const QList<QByteArray> fields = text.left(KRInputLimits::positionCharacters).simplified().toLatin1().split(' ');
     if (fields.first().isEmpty())
         return;
     const auto field = [&fields](int index) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include <QDateTime>
@@ -24,8 +25,6 @@ public:
         bool operator==(const Position &other) const;
     };
 
-    static constexpr int maximumCount = 4000000; ///< positions beyond count as unreadable
-
     int count() const { return m_positions.size(); }
     bool isEmpty() const { return m_positions.isEmpty(); }
     /// More than one position, and the last one lies where the first one does.
@@ -49,7 +48,7 @@ public:
     void close();
 
     /// "longitude,latitude[,elevation]", separated by blanks; of the first @p mostPositions.
-    QString toText(int mostPositions = maximumCount) const;
+    QString toText(int mostPositions = KRInputLimits::positions) const;
     /// The points themselves, with times to the millisecond.
     KRGPXTrackSegment toSegment() const;
 

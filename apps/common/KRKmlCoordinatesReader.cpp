@@ -1,5 +1,7 @@
 #include "KRKmlCoordinatesReader.h"
 
+#include <KRCore/KRInputLimits.h>
+
 #include <algorithm>
 
 void KRKmlCoordinatesReader::read(QStringView piece)
@@ -14,8 +16,8 @@ void KRKmlCoordinatesReader::read(QStringView piece)
             if (!m_isInNumber)
                 startNumber();
             m_isInNumber = true;
-            if (m_number.size() <= longestNumber)
-                m_number.append(m_number.size() < longestNumber ? character.toLatin1() : '?');
+            if (m_number.size() <= KRInputLimits::numberCharacters)
+                m_number.append(m_number.size() < KRInputLimits::numberCharacters ? character.toLatin1() : '?');
         }
     }
 }

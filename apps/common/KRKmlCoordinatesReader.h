@@ -32,8 +32,6 @@ private:
     };
     using Number = QVarLengthArray<char, 32>;
 
-    static constexpr int longestNumber = 100; ///< characters; longer ones are not read
-
     void readComma();
     void startNumber();
     void settleNumber(Separator behind);

@@ -5,6 +5,7 @@
 namespace {
 
 constexpr int mostPositionsForImporter = 100000;
+constexpr int mostTextForImporter = 2000; // characters
 
 } // namespace
 
@@ -27,6 +28,11 @@ bool KRKmlFigure::isCompletedLater() const
     const bool hasTimes =
         std::any_of(parts.cbegin(), parts.cend(), [](const KRKmlCoordinates &part) { return part.hasTimes(); });
     return hasTimes || (geometry != Area && parts.size() > 1) || parts.first().count() > mostPositionsForImporter;
+}
+
+bool KRKmlFigure::hasLongTexts() const
+{
+    return name.size() + description.size() > mostTextForImporter;
 }
 
 QList<KRGPXTrackSegment> KRKmlFigure::segments() const

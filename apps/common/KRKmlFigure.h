@@ -23,9 +23,11 @@ struct KRKmlFigure {
     QList<KRKmlCoordinates> parts;
 
     KRKmlStyle::Use use() const;
-    /// Whether the importer gets only the beginning: it reads no more than one segment, times only to the second, and
-    /// long texts take much memory on their way through it.
+    /// Whether the importer gets only the first position: it reads no more than one segment, times only to the second,
+    /// and long texts take much memory on their way through it.
     bool isCompletedLater() const;
+    /// Whether the importer gets neither name nor description. All figures of a placemark have the same ones.
+    bool hasLongTexts() const;
     /// All positions, for what the importer did not get.
     QList<KRGPXTrackSegment> segments() const;
     /// For areas only.

@@ -4,8 +4,8 @@
 #include "KRKmzArchive.h"
 
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRLogger.h>
-#include <KRCore/KRXMLGuard.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryKmlFile.h>
 
 #include <algorithm>
@@ -57,18 +57,22 @@ QByteArray KRKmlImport::readDocument(KRErrorHistory *history)
 {
     if (m_file.suffix().compare(QLatin1String("kmz"), Qt::CaseInsensitive) == 0)
         return KRKmzArchive::read(m_file, history, &m_report);
-    return KRFileHandler::readAll(m_file, history, KRXMLGuard::maximumBytes);
+    return KRFileHandler::readAll(m_file, history, KRInputLimits::documentBytes);
 }
 
 KRGPXConfiguredTrack KRKmlImport::completed(const KRGPXConfiguredTrack &track, const KRKmlFigure &figure)
 {
     const bool hasHoles = figure.geometry == KRKmlFigure::Area && figure.parts.size() > 1;
-    if (!hasHoles && !figure.isCompletedLater())
+    if (!hasHoles && !figure.isCompletedLater() && !figure.hasLongTexts())
         return track;
 
+    // What the importer puts in place of an empty text stays.
+    const auto textOr = [&](const QString &text, const QString &replacement) {
+        return figure.hasLongTexts() && !text.isEmpty() ? text : replacement;
+    };
     KRGPXTrack complete = track.track();
-    if (figure.isCompletedLater())
-        complete = KRGPXTrack(track.name(), track.description(), figure.segments(), complete.shape());
+    complete = KRGPXTrack(textOr(figure.name, track.name()), textOr(figure.description, track.description()),
+                          figure.isCompletedLater() ? figure.segments() : complete.segments(), complete.shape());
     if (hasHoles) {
         const QList<KRGPXTrack> holes = figure.holes();
         for (const KRGPXTrack &hole : holes)

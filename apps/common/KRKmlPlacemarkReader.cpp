@@ -3,10 +3,14 @@
 #include "KRKmlCoordinatesReader.h"
 #include "KRXmlStream.h"
 
+#include <KRCore/KRInputLimits.h>
+
 #include <algorithm>
 #include <numeric>
 
 namespace {
+
+constexpr int longestShape = 200; // characters of all keys together
 
 QDateTime toDateTime(const QString &text)
 {
@@ -28,7 +32,7 @@ void closeRings(QList<KRKmlCoordinates> *rings)
 
 } // namespace
 
-QList<KRKmlFigure> KRKmlPlacemarkReader::read()
+void KRKmlPlacemarkReader::read()
 {
     const int line = m_stream.line();
     while (m_stream.readNextChild())
@@ -43,7 +47,7 @@ QList<KRKmlFigure> KRKmlPlacemarkReader::read()
             figure.parts.first().setTime(m_time);
     }
     reportFailures(line);
-    return m_nestedFigures + m_figures;
+    *m_allFigures += m_figures;
 }
 
 void KRKmlPlacemarkReader::readChild()
@@ -53,7 +57,7 @@ void KRKmlPlacemarkReader::readChild()
     } else if (m_stream.isAt("description")) {
         m_description = m_stream.readText().trimmed();
     } else if (m_stream.isAt("styleUrl")) {
-        m_look.reference = m_stream.readText().trimmed();
+        m_look.reference = KRKmlStyleTable::readReference(m_stream);
     } else if (KRKmlStyleTable::isStyle(m_stream)) {
         const KRKmlLook look = KRKmlStyleTable::readLook(m_stream);
         if (!look.reference.isEmpty())
@@ -63,7 +67,7 @@ void KRKmlPlacemarkReader::readChild()
         while (m_stream.readNextChild())
             m_time = toDateTime(m_stream.readText());
     } else if (m_stream.isAt("shape")) {
-        m_shape = m_stream.readText();
+        m_shape = m_stream.readText().left(longestShape);
     } else {
         readGeometry();
     }
@@ -100,7 +104,7 @@ void KRKmlPlacemarkReader::readGeometry()
         m_linesOfModels.append(line);
         m_stream.skipElement();
     } else if (m_stream.isAt("Placemark")) {
-        m_nestedFigures += KRKmlPlacemarkReader(m_stream, m_report).read();
+        KRKmlPlacemarkReader(m_stream, m_allFigures, m_report).read();
     } else if (isAside(m_stream)) {
         m_stream.skipElement();
     } else {
@@ -196,20 +200,22 @@ void KRKmlPlacemarkReader::addFigure(KRKmlFigure::Geometry geometry, const QList
     if (unreadableCount > 0)
         m_unreadablePositions.append({KRImportReport::UnreadablePosition, line, QString(), unreadableCount});
     m_figures.append(figure);
+    if (m_allFigures->size() + m_figures.size() > KRInputLimits::figures)
+        m_stream.refuse(tr("Die Datei hat mehr als %1 Figuren.").arg(KRInputLimits::figures));
 }
 
 void KRKmlPlacemarkReader::reportFailures(int line)
 {
     for (const int place : std::as_const(m_linesOfModels))
-        m_report.add(KRImportReport::Model, place, m_name);
+        m_report->add(KRImportReport::Model, place, m_name);
     for (const KRImportReport::Item &positions : std::as_const(m_unreadablePositions))
-        m_report.add(positions.kind, positions.line, m_name, positions.count);
+        m_report->add(positions.kind, positions.line, m_name, positions.count);
     if (m_figures.isEmpty() && !m_linesWithoutPosition.isEmpty()) {
-        m_report.add(KRImportReport::PlacemarkWithoutPosition, line, m_name);
+        m_report->add(KRImportReport::PlacemarkWithoutPosition, line, m_name);
     } else if (m_figures.isEmpty() && m_linesOfModels.isEmpty()) {
-        m_report.add(KRImportReport::PlacemarkWithoutGeometry, line, m_name);
+        m_report->add(KRImportReport::PlacemarkWithoutGeometry, line, m_name);
     } else {
         for (const int place : std::as_const(m_linesWithoutPosition))
-            m_report.add(KRImportReport::GeometryWithoutPosition, place, m_name);
+            m_report->add(KRImportReport::GeometryWithoutPosition, place, m_name);
     }
 }

@@ -13,11 +13,16 @@ class KRXmlStream;
  */
 class KRKmlPlacemarkReader
 {
-public:
-    /// The stream stands at the "Placemark".
-    KRKmlPlacemarkReader(KRXmlStream &stream, KRImportReport &report) : m_stream(stream), m_report(report) { }
+    Q_DECLARE_TR_FUNCTIONS(KRKmlPlacemarkReader)
 
-    QList<KRKmlFigure> read();
+public:
+    /// The stream stands at the "Placemark". It refuses the document when @p allFigures grows beyond KRInputLimits.
+    KRKmlPlacemarkReader(KRXmlStream &stream, QList<KRKmlFigure> *allFigures, KRImportReport *report)
+        : m_stream(stream), m_allFigures(allFigures), m_report(report)
+    { }
+
+    /// Appends to all figures, first those of placemarks inside this one.
+    void read();
 
 private:
     using Rings = QList<KRKmlCoordinates>;
@@ -32,14 +37,14 @@ private:
     void reportFailures(int line);
 
     KRXmlStream &m_stream;
-    KRImportReport &m_report;
+    QList<KRKmlFigure> *const m_allFigures;
+    KRImportReport *const m_report;
     QString m_name;
     QString m_description;
     QString m_shape;
     KRKmlLook m_look;
     QDateTime m_time;
     QList<KRKmlFigure> m_figures;
-    QList<KRKmlFigure> m_nestedFigures; // of placemarks inside this one
     // What was left out.
     QList<int> m_linesWithoutPosition;
     QList<int> m_linesOfModels;

@@ -2,6 +2,8 @@
 
 #include "KRXmlStream.h"
 
+#include <KRCore/KRInputLimits.h>
+
 namespace {
 
 constexpr int mostFiguresAtOnce = 10000;
@@ -55,19 +57,15 @@ void KRKmlPreparation::readElement(KRXmlStream &stream)
 
 void KRKmlPreparation::readPlacemark(KRXmlStream &stream)
 {
-    const QList<KRKmlFigure> figures = KRKmlPlacemarkReader(stream, m_report).read();
-    m_figures += figures;
+    const int countBefore = m_figures.size();
+    KRKmlPlacemarkReader(stream, &m_figures, &m_report).read();
     // No single figure has more than the limit, so the sum does not overflow before it is compared.
-    for (const KRKmlFigure &figure : figures) {
-        for (const KRKmlCoordinates &part : figure.parts)
+    for (int i = countBefore; i < m_figures.size() && m_positionCount < KRInputLimits::positions; ++i) {
+        for (const KRKmlCoordinates &part : m_figures.at(i).parts)
             m_positionCount += part.count();
-        if (m_positionCount >= maximumPositions)
-            break;
     }
-    if (m_positionCount >= maximumPositions)
-        stream.refuse(tr("Die Datei hat mehr als %1 Positionen.").arg(maximumPositions));
-    else if (m_figures.size() > maximumFigures)
-        stream.refuse(tr("Die Datei hat mehr als %1 Figuren.").arg(maximumFigures));
+    if (m_positionCount >= KRInputLimits::positions)
+        stream.refuse(tr("Die Datei hat mehr als %1 Positionen.").arg(KRInputLimits::positions));
 }
 
 bool KRKmlPreparation::readUndrawable(KRXmlStream &stream)
@@ -106,8 +104,10 @@ QString KRKmlPreparation::document(int first, int *count) const
     int next = first;
     while (next < m_figures.size() && next - first < mostFiguresAtOnce && text.size() < mostCharactersAtOnce) {
         const KRKmlFigure &figure = m_figures.at(next++);
-        QString placemark = element("name", figure.name.toHtmlEscaped())
-                            + element("description", figure.description.toHtmlEscaped()) + geometryXml(figure);
+        QString placemark = geometryXml(figure);
+        if (!figure.hasLongTexts())
+            placemark += element("name", figure.name.toHtmlEscaped())
+                         + element("description", figure.description.toHtmlEscaped());
         if (const std::optional<KRKmlStyle> style = m_styles.resolved(figure.look)) {
             const QString xml = style->toXml(figure.use());
             if (!styleNumbers.contains(xml))

@@ -17,9 +17,6 @@ class KRKmlPreparation
     Q_DECLARE_TR_FUNCTIONS(KRKmlPreparation)
 
 public:
-    static constexpr int maximumFigures = 500000;
-    static constexpr int maximumPositions = KRKmlCoordinates::maximumCount; ///< of all figures together
-
     /// @p fileName only names the document.
     explicit KRKmlPreparation(const QString &fileName) : m_fileName(fileName), m_report(fileName) { }
 

@@ -2,11 +2,11 @@
 
 #include "KRXmlStream.h"
 
+#include <KRCore/KRInputLimits.h>
+
 #include <QVarLengthArray>
 
 namespace {
-
-constexpr int longestChain = 16; // of styles that refer to another one; they may refer to each other for ever
 
 /// The look under the key "normal" is that of the map; without such a key it is the first.
 KRKmlLook readStyleMap(KRXmlStream &stream)
@@ -24,7 +24,7 @@ KRKmlLook readStyleMap(KRXmlStream &stream)
             if (stream.isAt("key"))
                 key = stream.readText().trimmed();
             else if (stream.isAt("styleUrl"))
-                look.reference = stream.readText().trimmed();
+                look.reference = KRKmlStyleTable::readReference(stream);
             else if (stream.isAt("Style"))
                 look.style = KRKmlStyle::read(stream);
             else
@@ -42,7 +42,7 @@ KRKmlLook readCascadingStyle(KRXmlStream &stream)
     KRKmlLook look;
     while (stream.readNextChild()) {
         if (stream.isAt("styleUrl"))
-            look.reference = stream.readText().trimmed();
+            look.reference = KRKmlStyleTable::readReference(stream);
         else if (stream.isAt("Style"))
             look.style = KRKmlStyle::read(stream);
         else
@@ -58,6 +58,13 @@ bool KRKmlStyleTable::isStyle(const KRXmlStream &stream)
     return stream.isAt("Style") || stream.isAt("StyleMap") || stream.isAt("CascadingStyle");
 }
 
+QString KRKmlStyleTable::readReference(KRXmlStream &stream)
+{
+    const QString reference = stream.readText().trimmed();
+    // Each figure of a placemark looks for it.
+    return reference.size() <= KRInputLimits::referenceCharacters ? reference : QString();
+}
+
 KRKmlLook KRKmlStyleTable::readLook(KRXmlStream &stream)
 {
     if (stream.isAt("StyleMap"))
@@ -69,8 +76,8 @@ KRKmlLook KRKmlStyleTable::readLook(KRXmlStream &stream)
 
 std::optional<KRKmlStyle> KRKmlStyleTable::resolved(const KRKmlLook &look) const
 {
-    QVarLengthArray<const KRKmlLook *, longestChain> chain;
-    for (const KRKmlLook *next = find(look.reference); next && chain.size() < longestChain;
+    QVarLengthArray<const KRKmlLook *, KRInputLimits::styleChain> chain;
+    for (const KRKmlLook *next = find(look.reference); next && chain.size() < KRInputLimits::styleChain;
          next = find(next->reference))
         chain.append(next);
     if (chain.isEmpty() && look.style.saysNothing())

@@ -19,6 +19,8 @@ class KRKmlStyleTable
 public:
     /// True for the elements that readLook() reads.
     static bool isStyle(const KRXmlStream &stream);
+    /// What a "styleUrl" says.
+    static QString readReference(KRXmlStream &stream);
     /// What a "Style", "StyleMap" or "gx:CascadingStyle" says.
     static KRKmlLook readLook(KRXmlStream &stream);
 

@@ -2,7 +2,7 @@
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
-#include <KRCore/KRXMLGuard.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
 #include <KRXML/KRXMLBuilder.h>
 
@@ -16,12 +16,8 @@
 
 namespace {
 
-// The time that QXmlStreamReader takes for a tag, and that the DOM takes for its text, grows with the square of its
-// attributes. Each of these sums of squares stands for about a second.
-constexpr qint64 maximumAttributePairs = 100000000;
-constexpr qint64 maximumDomAttributePairs = 10000000;
-constexpr qint64 maximumFileBytes = qint64(4) << 30;
 constexpr int longestDeclaration = 200; // bytes
+constexpr int mostMendedCharacters = 2 * KRInputLimits::mendedBytes; // references take more room than what they mean
 
 QStringView withoutPrefix(QStringView qualifiedName)
 {
@@ -46,7 +42,7 @@ QByteArray withoutWrongEncoding(const QByteArray &xml)
 qint64 attributePairs(const QDomElement &element)
 {
     const qint64 count = element.attributes().count();
-    qint64 pairs = count * count;
+    qint64 pairs = count > KRInputLimits::manyAttributes ? count * count : 0;
     for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
         pairs += attributePairs(child);
     return pairs;
@@ -60,9 +56,10 @@ bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHi
     buffer.setData(withoutWrongEncoding(xml));
     buffer.open(QIODevice::ReadOnly);
     KRXmlStream stream(&buffer);
+    stream.m_mostTokens = KRInputLimits::documentTokens;
     if (stream.readDocument(reader))
         return true;
-    if (stream.reportRefusal(fileName, history))
+    if (stream.reportRefusal(fileName, history) || stream.reportTooLarge(buffer.size(), fileName, history))
         return false;
     return readMended(KRXMLLoader::parseDocumentElement(buffer.data(), fileName, history), fileName, history, reader);
 }
@@ -70,13 +67,14 @@ bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHi
 bool KRXmlStream::read(const QFileInfo &file, KRErrorHistory *history, const Reader &reader, const Filter &filter)
 {
     QFile source(file.filePath());
-    if (!KRFileHandler::openForReading(source, history, maximumFileBytes))
+    if (!KRFileHandler::openForReading(source, history, KRInputLimits::streamedFileBytes))
         return false;
     const std::unique_ptr<QIODevice> filtered = filter ? filter(&source) : nullptr;
     KRXmlStream stream(filtered ? filtered.get() : &source);
     if (stream.readDocument(reader))
         return true;
-    if (stream.reportRefusal(file.filePath(), history))
+    if (stream.reportRefusal(file.filePath(), history)
+        || stream.reportTooLarge(source.size(), file.filePath(), history))
         return false;
     return readMended(KRXMLLoader::loadDocumentElement(file, history), file.filePath(), history, reader);
 }
@@ -89,20 +87,40 @@ bool KRXmlStream::reportRefusal(const QString &fileName, KRErrorHistory *history
     return !m_refusal.isNull();
 }
 
+/// False when the document may be read in another way.
+bool KRXmlStream::reportTooLarge(qint64 bytes, const QString &fileName, KRErrorHistory *history) const
+{
+    if (bytes <= KRInputLimits::mendedBytes)
+        return false;
+    const QString reason = m_device.hasRefused() ? tr("Ein Text oder ein Element ist zu groß.") : m_xml.errorString();
+    KRErrorHistory::report(history,
+                           {fileName, line(), int(m_xml.columnNumber()) + 1, tr("Kein lesbares XML: %1").arg(reason)});
+    return true;
+}
+
 /// Reads the XML that the builder makes of a DOM, which is free of all that the stream does not take.
-bool KRXmlStream::readMended(const QDomElement &root, const QString &fileName, KRErrorHistory *history,
-                             const Reader &reader)
+bool KRXmlStream::readMended(QDomElement root, const QString &fileName, KRErrorHistory *history, const Reader &reader)
 {
     if (root.isNull())
         return false;
-    if (attributePairs(root) > maximumDomAttributePairs) {
+    if (attributePairs(root) > KRInputLimits::attributePairs) {
         KRErrorHistory::report(history, {fileName, 0, 0, tr("Die Elemente haben zu viele Attribute.")});
         return false;
     }
     QDomDocument document;
     document.appendChild(document.importNode(root, true));
+    // No more of them at a time in memory than needed.
+    root.clear();
+    QString text = KRXMLBuilder::toText(document);
+    document.clear();
+    if (text.size() > mostMendedCharacters) {
+        KRErrorHistory::report(history,
+                               {fileName, 0, 0, tr("Das Dokument ist zu groß, um seine Fehler zu übergehen.")});
+        return false;
+    }
     QBuffer buffer;
-    buffer.setData(KRXMLBuilder::toText(document).toUtf8());
+    buffer.setData(text.toUtf8());
+    text.clear();
     buffer.open(QIODevice::ReadOnly);
     KRXmlStream stream(&buffer);
     stream.m_hasLines = false;
@@ -167,7 +185,12 @@ void KRXmlStream::skipElement()
 QString KRXmlStream::readText()
 {
     QString text;
-    readText([&text](QStringView piece) { text.append(piece); });
+    readText([this, &text](QStringView piece) {
+        if (text.size() + piece.size() > KRInputLimits::tokenBytes)
+            refuse(tr("Ein Text ist zu lang."));
+        else
+            text.append(piece);
+    });
     return text;
 }
 
@@ -190,18 +213,20 @@ bool KRXmlStream::readDocument(const Reader &reader)
     return !m_xml.hasError();
 }
 
-/// Errors are raised without a reason here, since the DOM that reads the document then has one of its own.
+/// The reasons are for large documents; smaller ones are read as a DOM then, which has reasons of its own.
 QXmlStreamReader::TokenType KRXmlStream::readToken()
 {
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
+    if (++m_tokens > m_mostTokens)
+        refuse(tr("Das Dokument hat mehr als %1 Elemente, Texte und Kommentare.").arg(m_mostTokens));
     if (token == QXmlStreamReader::StartElement) {
         ++m_depth;
         checkTag();
     } else if (token == QXmlStreamReader::EndElement) {
         --m_depth;
     } else if (token == QXmlStreamReader::DTD || token == QXmlStreamReader::EntityReference) {
-        m_xml.raiseError();
+        m_xml.raiseError(tr("Große Dateien mit Dokumenttyp werden nicht gelesen."));
     }
     return m_xml.hasError() ? QXmlStreamReader::Invalid : token;
 }
@@ -209,7 +234,10 @@ QXmlStreamReader::TokenType KRXmlStream::readToken()
 void KRXmlStream::checkTag()
 {
     const qint64 count = m_xml.attributes().size();
-    m_attributePairs += count * count;
-    if (m_depth > KRXMLGuard::maximumDepth || m_attributePairs > maximumAttributePairs)
-        m_xml.raiseError();
+    if (count > KRInputLimits::manyAttributes)
+        m_attributePairs += count * count;
+    if (m_attributePairs > KRInputLimits::attributePairs)
+        refuse(tr("Die Elemente haben zu viele Attribute."));
+    else if (m_depth > KRInputLimits::depth)
+        refuse(tr("Die Elemente sind tiefer als %1 Ebenen geschachtelt.").arg(KRInputLimits::depth));
 }

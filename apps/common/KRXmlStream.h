@@ -3,17 +3,18 @@
 #include <KRGeoLocation/KRGPXGuardedDevice.h>
 
 #include <QCoreApplication>
+#include <QDomElement>
 #include <QXmlStreamReader>
 
 #include <functional>
+#include <limits>
 #include <memory>
 
 class KRErrorHistory;
-class QDomElement;
 class QFileInfo;
 
 /**
- * Reads XML of unknown origin element by element, in the depth and sizes that KRXMLGuard allows.
+ * Reads XML of unknown origin element by element, within KRInputLimits.
  *
  * Prefixes need not be declared; name() and attribute() leave them away. QXmlStreamReader refuses some of what other
  * programs let pass (undeclared entities, duplicate attributes, control characters), and documents with a document
@@ -65,8 +66,8 @@ private:
     Q_DISABLE_COPY(KRXmlStream)
 
     bool reportRefusal(const QString &fileName, KRErrorHistory *history) const;
-    static bool readMended(const QDomElement &root, const QString &fileName, KRErrorHistory *history,
-                           const Reader &reader);
+    bool reportTooLarge(qint64 bytes, const QString &fileName, KRErrorHistory *history) const;
+    static bool readMended(QDomElement root, const QString &fileName, KRErrorHistory *history, const Reader &reader);
 
     bool readDocument(const Reader &reader);
     QXmlStreamReader::TokenType readToken();
@@ -76,6 +77,8 @@ private:
     QXmlStreamReader m_xml;
     QString m_refusal;
     qint64 m_attributePairs = 0;
+    qint64 m_tokens = 0;
+    qint64 m_mostTokens = std::numeric_limits<qint64>::max();
     int m_depth = 0;
     bool m_hasLines = true;
 };

@@ -1,8 +1,8 @@
 #include "KRFileHandler.h"
 
 #include "KRErrorHistory.h"
+#include "KRInputLimits.h"
 #include "KRQtCompat.h"
-#include "KRXMLGuard.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -80,21 +80,21 @@ QByteArray KRFileHandler::readAll(const QFileInfo &file, KRErrorHistory *history
 QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *history)
 {
     QFile source(file.filePath());
-    if (!openForReading(source, history, KRXMLGuard::maximumBytes))
+    if (!openForReading(source, history, KRInputLimits::documentBytes))
         return QStringList();
 
     QTextStream stream(&source);
     KRQtCompat::useUtf8(&stream);
     QStringList lines;
     QString reason;
-    qint64 charactersLeft = KRXMLGuard::maximumBytes; // The file may have grown since its size was asked for.
+    qint64 charactersLeft = KRInputLimits::documentBytes; // The file may have grown since its size was asked for.
     for (QString line = stream.readLine(); !line.isNull() && reason.isEmpty(); line = stream.readLine()) {
         charactersLeft -= line.size() + 1;
         if (charactersLeft < -1)
-            reason = tooLarge(KRXMLGuard::maximumBytes);
-        else if (lines.size() == maximumLines)
+            reason = tooLarge(KRInputLimits::documentBytes);
+        else if (lines.size() == KRInputLimits::textLines)
             reason = QCoreApplication::translate("KRFileHandler", "Die Datei hat zu viele Zeilen (mehr als %1).")
-                         .arg(maximumLines);
+                         .arg(KRInputLimits::textLines);
         else
             lines.append(line);
     }

@@ -18,8 +18,6 @@ class QFileInfo;
 class KRCORE_EXPORT KRFileHandler
 {
 public:
-    static constexpr int maximumLines = 4000000; ///< of a text, as each line costs memory of its own
-
     /// Opens @p file, which has its name already, for reading bytes. Files above @p maximumSize bytes are refused.
     static bool openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize);
 
@@ -27,7 +25,7 @@ public:
     static QByteArray readAll(const QFileInfo &file, KRErrorHistory *history, qint64 maximumSize);
 
     /// The lines without their ends, decoded as UTF-8, or as UTF-16 where a byte order mark says so. Empty when the
-    /// file could not be read, holds more than KRXMLGuard::maximumBytes or has more than maximumLines lines.
+    /// file could not be read, or is larger than KRInputLimits::documentBytes and textLines allow.
     static QStringList readTextFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
 
     /// Writes all bytes; until they are there the old file stays as it was. A pipe or a device gets them as they come.

@@ -1,26 +1,26 @@
 #include "KRXMLCounter.h"
 
-#include "KRXMLGuard.h"
+#include "KRInputLimits.h"
 
 #include <QCoreApplication>
 
 KRXMLCounter::KRXMLCounter(qint64 characters, qint64 ampersands)
-    : m_charactersLeft(characters + KRXMLGuard::maximumExpansion), m_ampersands(ampersands)
+    : m_charactersLeft(characters + KRInputLimits::entityCharacters), m_ampersands(ampersands)
 { }
 
 bool KRXMLCounter::declareEntity(qint64 characters)
 {
     // Before anything is expanded: a reader hands a text over only once it is complete.
-    return m_ampersands * characters <= KRXMLGuard::maximumExpansion || refuseExpansion();
+    return m_ampersands * characters <= KRInputLimits::entityCharacters || refuseExpansion();
 }
 
 bool KRXMLCounter::enterElement(int attributes, qint64 charactersInAttributes)
 {
     m_nodes += 1 + attributes;
     m_charactersLeft -= charactersInAttributes;
-    if (++m_depth > KRXMLGuard::maximumDepth)
+    if (++m_depth > KRInputLimits::depth)
         return refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
-                          .arg(KRXMLGuard::maximumDepth));
+                          .arg(KRInputLimits::depth));
     return isWithinLimits();
 }
 
@@ -31,11 +31,28 @@ bool KRXMLCounter::addText(qint64 characters)
     return isWithinLimits();
 }
 
+bool KRXMLCounter::addMarkup(qint64 nameCharacters, qint64 characters)
+{
+    ++m_nodes;
+    if (nameCharacters > KRInputLimits::nameCharacters || characters > KRInputLimits::markupCharacters)
+        return refuse(
+            QCoreApplication::translate("KRXMLGuard", "Ein Name, ein Attribut oder ein Kommentar ist zu lang."));
+    return isWithinLimits();
+}
+
+bool KRXMLCounter::addDeclaration(qint64 nameCharacters, qint64 characters)
+{
+    if (++m_declarations > KRInputLimits::declarations)
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Der Dokumenttyp hat mehr als %1 Vereinbarungen.")
+                          .arg(KRInputLimits::declarations));
+    return addMarkup(nameCharacters, characters);
+}
+
 bool KRXMLCounter::isWithinLimits()
 {
-    if (m_nodes > KRXMLGuard::maximumNodes)
+    if (m_nodes > KRInputLimits::nodes)
         return refuse(QCoreApplication::translate("KRXMLGuard", "Das Dokument hat mehr als %1 Knoten.")
-                          .arg(KRXMLGuard::maximumNodes));
+                          .arg(KRInputLimits::nodes));
     return m_charactersLeft >= 0 || refuseExpansion();
 }
 

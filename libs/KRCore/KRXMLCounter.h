@@ -15,6 +15,10 @@ public:
     bool declareEntity(qint64 characters);
     bool enterElement(int attributes, qint64 charactersInAttributes);
     bool addText(qint64 characters);
+    /// A comment, an instruction or an attribute, each as a whole.
+    bool addMarkup(qint64 nameCharacters, qint64 characters);
+    /// In a document type.
+    bool addDeclaration(qint64 nameCharacters, qint64 characters);
 
     void leaveElement() { --m_depth; }
 
@@ -29,6 +33,7 @@ private:
     qint64 m_charactersLeft;
     qint64 m_ampersands;
     int m_nodes = 0;
+    int m_declarations = 0;
     int m_depth = 0;
     QString m_refusal;
 };

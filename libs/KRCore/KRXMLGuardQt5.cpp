@@ -18,17 +18,37 @@ class CountingHandler : public QXmlDefaultHandler
 public:
     explicit CountingHandler(const KRXMLCounter &counter) : m_counter(counter) { }
 
-    bool internalEntityDecl(const QString & /*name*/, const QString &value) override
+    bool internalEntityDecl(const QString &name, const QString &value) override
     {
-        return m_counter.declareEntity(value.size());
+        return m_counter.declareEntity(value.size()) && m_counter.addDeclaration(name.size(), value.size());
+    }
+    bool externalEntityDecl(const QString &name, const QString &, const QString &) override
+    {
+        return m_counter.addDeclaration(name.size(), 0);
+    }
+    bool unparsedEntityDecl(const QString &name, const QString &, const QString &, const QString &) override
+    {
+        return m_counter.addDeclaration(name.size(), 0);
+    }
+    bool notationDecl(const QString &name, const QString &, const QString &) override
+    {
+        return m_counter.addDeclaration(name.size(), 0);
+    }
+    bool attributeDecl(const QString &, const QString &name, const QString &, const QString &,
+                       const QString &value) override
+    {
+        return m_counter.addDeclaration(name.size(), value.size());
     }
 
-    bool startElement(const QString &, const QString &, const QString &, const QXmlAttributes &attributes) override
+    bool startElement(const QString &, const QString &, const QString &name, const QXmlAttributes &attributes) override
     {
         qint64 characters = 0;
-        for (int i = 0; i < attributes.count(); ++i)
+        bool isShort = true;
+        for (int i = 0; i < attributes.count() && isShort; ++i) {
             characters += attributes.value(i).size();
-        return m_counter.enterElement(attributes.count(), characters);
+            isShort = m_counter.addMarkup(attributes.qName(i).size(), attributes.value(i).size());
+        }
+        return isShort && m_counter.addMarkup(name.size(), 0) && m_counter.enterElement(-1, characters);
     }
 
     bool endElement(const QString &, const QString &, const QString &) override
@@ -38,6 +58,13 @@ public:
     }
 
     bool characters(const QString &text) override { return m_counter.addText(text.size()); }
+
+    bool comment(const QString &text) override { return m_counter.addMarkup(0, text.size()); }
+    bool startCDATA() override { return m_counter.addMarkup(0, 0); }
+    bool processingInstruction(const QString &target, const QString &text) override
+    {
+        return m_counter.addMarkup(target.size(), text.size());
+    }
 
     bool error(const QXmlParseException &exception) override { return keep(exception); }
     bool fatalError(const QXmlParseException &exception) override { return keep(exception); }
@@ -71,6 +98,8 @@ bool passes(const QXmlInputSource &source, const KRXMLCounter &counter, KRErrorH
     reader.setContentHandler(&handler);
     reader.setErrorHandler(&handler);
     reader.setDeclHandler(&handler);
+    reader.setDTDHandler(&handler);
+    reader.setLexicalHandler(&handler);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
     reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
     if (reader.parse(&source, false))

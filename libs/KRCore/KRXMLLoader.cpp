@@ -2,6 +2,7 @@
 
 #include "KRErrorHistory.h"
 #include "KRFileHandler.h"
+#include "KRInputLimits.h"
 #include "KRQtCompat.h"
 #include "KRXMLGuard.h"
 
@@ -25,6 +26,12 @@ ushort codeOf(char byte)
 ushort codeOf(QChar character)
 {
     return character.unicode();
+}
+
+template <typename Text>
+bool isBlank(const Text &xml)
+{
+    return std::all_of(xml.cbegin(), xml.cend(), [](auto character) { return QChar(codeOf(character)).isSpace(); });
 }
 
 /// Whether @p ascii stands at @p place of the bytes or characters.
@@ -113,10 +120,18 @@ Text withSurrogateReferences(const Text &xml)
 template <typename Text>
 QDomElement documentElement(const Text &source, const QString &fileName, KRErrorHistory *history)
 {
-    const Text xml = KRQtCompat::domCutsReferences ? withSurrogateReferences(source) : source;
     KRErrorHistory::Entry refusal;
     refusal.fileName = fileName;
-    if (xml.trimmed().isEmpty()) {
+    const auto isReference = [](auto character) { return codeOf(character) == '&'; };
+    if (std::count_if(source.cbegin(), source.cend(), isReference) > KRInputLimits::references) {
+        refusal.reason = QCoreApplication::translate("KRXMLLoader",
+                                                     "Das Dokument hat mehr als %1 Verweise auf Zeichen und Entitäten.")
+                             .arg(KRInputLimits::references);
+        KRErrorHistory::report(history, refusal);
+        return QDomElement();
+    }
+    const Text xml = KRQtCompat::domCutsReferences ? withSurrogateReferences(source) : source;
+    if (isBlank(xml)) {
         refusal.reason = QCoreApplication::translate("KRXMLLoader", "Die Datei ist leer.");
     } else if (KRXMLGuard::accepts(xml, &refusal)) {
         // A failed setContent() leaves the tree that it had read so far.
@@ -132,7 +147,7 @@ QDomElement documentElement(const Text &source, const QString &fileName, KRError
 
 QDomElement KRXMLLoader::loadDocumentElement(const QFileInfo &file, KRErrorHistory *history)
 {
-    const QByteArray xml = KRFileHandler::readAll(file, history, KRXMLGuard::maximumBytes);
+    const QByteArray xml = KRFileHandler::readAll(file, history, KRInputLimits::documentBytes);
     return xml.isNull() ? QDomElement() : parseDocumentElement(xml, file.filePath(), history);
 }
 

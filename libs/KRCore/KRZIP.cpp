@@ -2,6 +2,8 @@
 
 #include "KRErrorHistory.h"
 #include "KRFileHandler.h"
+#include "KRInputLimits.h"
+#include "KRMessageText.h"
 #include "KRZIPGuard.h"
 
 #include <QByteArray>
@@ -20,14 +22,11 @@ struct EntryCloser {
 };
 using OpenEntry = std::unique_ptr<zip_file, EntryCloser>;
 
-/// A name out of an archive as part of a message: one line, not too long, nothing that a terminal would obey.
+/// A name out of an archive as part of a message.
 QString forMessage(const QString &name)
 {
-    QString shown = name.left(80);
-    for (QChar &character : shown)
-        if (!character.isPrint())
-            character = QLatin1Char('?');
-    return shown;
+    constexpr int mostCharacters = 80;
+    return KRMessageText::printable(name.left(mostCharacters));
 }
 
 QString errorText(int code)
@@ -76,12 +75,12 @@ QByteArray inflate(zip_file *entry, const zip_stat_t &expected, QString *reason)
         }
         content.append(piece.data(), int(count));
         const auto size = zip_uint64_t(content.size());
-        if (size > KRZIP::maximumEntryBytes) {
-            *reason = KRZIP::tr("er ist zu groß (mehr als %1 MB)").arg(KRZIP::maximumEntryBytes >> 20);
+        if (size > KRInputLimits::archiveEntryBytes) {
+            *reason = KRZIP::tr("er ist zu groß (mehr als %1 MB)").arg(KRInputLimits::archiveEntryBytes >> 20);
             break;
         }
-        if (size > KRZIP::freeBytes && size / KRZIP::maximumRatio > expected.comp_size) {
-            *reason = KRZIP::tr("er ist verdächtig dicht gepackt (mehr als %1:1)").arg(KRZIP::maximumRatio);
+        if (size > KRInputLimits::archiveFreeBytes && size / KRInputLimits::archiveRatio > expected.comp_size) {
+            *reason = KRZIP::tr("er ist verdächtig dicht gepackt (mehr als %1:1)").arg(KRInputLimits::archiveRatio);
             break;
         }
     }
@@ -114,7 +113,7 @@ bool KRZIP::open(OpenMode mode)
     if (mode != read)
         return false;
     QFile file(m_file.filePath());
-    if (!KRFileHandler::openForReading(file, m_history, maximumArchiveBytes))
+    if (!KRFileHandler::openForReading(file, m_history, KRInputLimits::streamedFileBytes))
         return false;
     QString reason = KRZIPGuard::refusal(&file);
     if (!reason.isEmpty()) {
@@ -132,9 +131,11 @@ bool KRZIP::open(OpenMode mode)
         return false;
     }
     const auto count = zip_uint64_t(zip_get_num_entries(m_archive.get(), 0));
-    if (count > maximumEntries)
-        report(tr("Das Archiv hat %1 Einträge, nur die ersten %2 werden beachtet.").arg(count).arg(maximumEntries));
-    m_names = entryNames(m_archive.get(), std::min<zip_uint64_t>(count, maximumEntries));
+    if (count > KRInputLimits::archiveEntries)
+        report(tr("Das Archiv hat %1 Einträge, nur die ersten %2 werden beachtet.")
+                   .arg(count)
+                   .arg(KRInputLimits::archiveEntries));
+    m_names = entryNames(m_archive.get(), std::min<zip_uint64_t>(count, KRInputLimits::archiveEntries));
     return true;
 }
 

@@ -17,8 +17,8 @@ struct zip;
  *
  * Entries are known by their names, which are nothing but texts here: no name is ever taken for a path, and nothing is
  * written to disk. Entries may be stored or deflated; encrypted ones are refused, and so is an archive in which two
- * entries have the same name or overlap. What headers say about sizes is not believed: the limits below hold for the
- * bytes that really come out.
+ * entries have the same name or overlap. What headers say about sizes is not believed: the limits of KRInputLimits hold
+ * for the bytes that really come out.
  *
  * Failures show as false, an empty list or a null array; the reason goes to the history, if there is one, which has
  * to outlive this object. One thread at a time; a moved-from object may only be assigned or destroyed.
@@ -32,12 +32,6 @@ public:
     enum OpenMode : int {
         read = 1,
     };
-
-    static constexpr qint64 maximumArchiveBytes = qint64(4) << 30; ///< of the file
-    static constexpr int maximumEntries = 10000; ///< entries beyond are not looked at
-    static constexpr int maximumEntryBytes = 64 << 20; ///< of one entry, inflated
-    static constexpr int maximumRatio = 200; ///< inflated bytes per packed one, once an entry exceeds freeBytes
-    static constexpr int freeBytes = 1 << 20; ///< inflated bytes that are allowed whatever the ratio is
 
     explicit KRZIP(const QFileInfo &file, KRErrorHistory *history = nullptr);
 

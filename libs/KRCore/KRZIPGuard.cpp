@@ -1,5 +1,7 @@
 #include "KRZIPGuard.h"
 
+#include "KRInputLimits.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QtEndian>
@@ -140,8 +142,9 @@ QString KRZIPGuard::refusal(QFile *archive)
     const auto place = findTable(archive);
     if (!place)
         return tr("Kein lesbares ZIP-Archiv, oder sein Ende fehlt.");
-    if (place->size() > maximumTableBytes)
-        return tr("Das Inhaltsverzeichnis des Archivs ist zu groß (mehr als %1 MB).").arg(maximumTableBytes >> 20);
+    if (place->size() > KRInputLimits::archiveTableBytes)
+        return tr("Das Inhaltsverzeichnis des Archivs ist zu groß (mehr als %1 MB).")
+            .arg(KRInputLimits::archiveTableBytes >> 20);
     archive->seek(qint64(place->begin));
     const QByteArray table = archive->read(qint64(place->size()));
     auto extents = extentsOfEntries(table, place->begin);

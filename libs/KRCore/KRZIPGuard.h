@@ -19,8 +19,6 @@ class KRZIPGuard
     Q_DECLARE_TR_FUNCTIONS(KRZIPGuard)
 
 public:
-    static constexpr int maximumTableBytes = 8 << 20; ///< of the table of contents
-
     /// Why the archive is not to be opened, an empty text when nothing speaks against it. Moves within the file.
     static QString refusal(QFile *archive);
 };

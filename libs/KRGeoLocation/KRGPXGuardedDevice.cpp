@@ -1,5 +1,7 @@
 #include "KRGPXGuardedDevice.h"
 
+#include <KRCore/KRInputLimits.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -18,7 +20,7 @@ qint64 KRGPXGuardedDevice::readData(char *bytes, qint64 maximumSize)
         m_tokenQuotes += std::count_if(bytes, bytes + size, [](char byte) { return byte == '"' || byte == '\''; });
     m_tokenBytes += size;
     m_hasCarriageReturns = m_hasCarriageReturns || std::memchr(bytes, '\r', size_t(size));
-    m_hasRefused = m_tokenBytes > maximumTokenBytes || m_tokenQuotes > maximumTokenQuotes;
+    m_hasRefused = m_tokenBytes > KRInputLimits::tokenBytes || m_tokenQuotes > KRInputLimits::tokenQuotes;
     return m_hasRefused ? -1 : size;
 }
 

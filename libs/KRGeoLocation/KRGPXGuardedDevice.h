@@ -5,7 +5,7 @@
 #include <QIODevice>
 
 /**
- * Passes the bytes of a device on to QXmlStreamReader, and ends where a single token grows beyond measure.
+ * Passes the bytes of a device on to QXmlStreamReader, and ends where a single token grows beyond KRInputLimits.
  *
  * The reader keeps a token in memory until it is complete, and compares each attribute of a tag with all others of
  * it: fifty thousand take many seconds. Both would be over only after the damage is done.
@@ -13,10 +13,6 @@
 class KRGEOLOCATION_EXPORT KRGPXGuardedDevice : public QIODevice
 {
 public:
-    static constexpr qint64 maximumTokenBytes = 64 << 20; ///< a tag, a text, a comment
-    /// Quotation marks in one token, twice the number of its attributes if it is a tag.
-    static constexpr qint64 maximumTokenQuotes = 10000;
-
     /// Reads from @p source, which is open and stays with the caller.
     explicit KRGPXGuardedDevice(QIODevice *source);
 

@@ -4,8 +4,8 @@
 #include "KRGPXVocabulary.h"
 
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRMath.h>
-#include <KRCore/KRXMLGuard.h>
 #include <KRXML/KRXMLParser.h>
 
 #include <QCoreApplication>
@@ -16,9 +16,6 @@
 #include <cstring>
 
 namespace {
-
-/// Comparisons of attributes with each other that QXmlStreamReader may spend on a file: about a second.
-constexpr qint64 maximumAttributePairs = 100000000;
 
 /// Names that QXmlStreamReader and QDom agree on; it takes nearly any character, and QDom not all that XML allows.
 bool isPlainName(QStringView name)
@@ -45,12 +42,12 @@ KRGPXStreamResult KRGPXStreamReader::readFile(const QFileInfo &file, KRErrorHist
                                               const std::function<bool(KRGPXStreamReader &)> &read)
 {
     QFile source(file.filePath());
-    if (!KRFileHandler::openForReading(source, history, maximumFileBytes))
+    if (!KRFileHandler::openForReading(source, history, KRInputLimits::streamedFileBytes))
         return StreamUnreadable;
     KRGPXStreamReader reader(&source);
     if (read(reader))
         return reader.isDomPreferable() ? StreamNeedsDom : StreamWasRead;
-    if (source.size() <= KRXMLGuard::maximumBytes)
+    if (source.size() <= KRInputLimits::documentBytes)
         return StreamNeedsDom;
     KRErrorHistory::Entry entry = reader.error();
     entry.fileName = file.filePath();
@@ -81,7 +78,7 @@ bool KRGPXStreamReader::readFirstTrack(KRGPXTrackImpl *track)
 
 bool KRGPXStreamReader::isDomPreferable() const
 {
-    return m_differsFromDom && m_nodes <= KRXMLGuard::maximumNodes && m_device.size() <= KRXMLGuard::maximumBytes;
+    return m_differsFromDom && m_nodes <= KRInputLimits::nodes && m_device.size() <= KRInputLimits::documentBytes;
 }
 
 KRErrorHistory::Entry KRGPXStreamReader::error() const
@@ -133,16 +130,17 @@ bool KRGPXStreamReader::checkTag()
 {
     const QXmlStreamAttributes attributes = m_xml.attributes();
     m_nodes += 1 + attributes.size();
-    m_attributePairs += qint64(attributes.size()) * attributes.size();
+    if (attributes.size() > KRInputLimits::manyAttributes)
+        m_attributePairs += qint64(attributes.size()) * attributes.size();
     m_differsFromDom =
         m_differsFromDom || !isPlainName(m_xml.qualifiedName())
         || !std::all_of(attributes.cbegin(), attributes.cend(),
                         [](const QXmlStreamAttribute &attribute) { return isPlainName(attribute.qualifiedName()); });
-    if (m_depth > KRXMLGuard::maximumDepth)
+    if (m_depth > KRInputLimits::depth)
         m_xml.raiseError(
             QCoreApplication::translate("KRGPXStreamReader", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
-                .arg(KRXMLGuard::maximumDepth));
-    else if (m_attributePairs > maximumAttributePairs)
+                .arg(KRInputLimits::depth));
+    else if (m_attributePairs > KRInputLimits::attributePairs)
         m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente haben zu viele Attribute."));
     else
         checkElements();
@@ -151,9 +149,18 @@ bool KRGPXStreamReader::checkTag()
 
 void KRGPXStreamReader::checkElements()
 {
-    if (m_elements > maximumElements)
-        m_xml.raiseError(
-            QCoreApplication::translate("KRGPXStreamReader", "Die Datei hat mehr als %1 Punkte.").arg(maximumElements));
+    const auto refuseMoreThan = [this](int limit, const char *reason) {
+        m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", reason).arg(limit));
+    };
+    if (m_points > KRInputLimits::points)
+        refuseMoreThan(KRInputLimits::points,
+                       QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Punkte."));
+    else if (m_segments > KRInputLimits::segments)
+        refuseMoreThan(KRInputLimits::segments,
+                       QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Abschnitte."));
+    else if (m_tracks > KRInputLimits::tracks)
+        refuseMoreThan(KRInputLimits::tracks,
+                       QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Strecken."));
 }
 
 /// Moves to the next child of the current element; false behind the last one, at the end of the current element.
@@ -194,7 +201,7 @@ const QString &KRGPXStreamReader::readText()
             m_text.append(m_xml.text());
         if (!isCharacters || m_xml.isCDATA())
             run = m_text.size();
-        if (m_text.size() > KRGPXGuardedDevice::maximumTokenBytes)
+        if (m_text.size() > KRInputLimits::tokenBytes)
             m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", "Ein Text ist zu lang."));
     }
     return m_text;
@@ -235,7 +242,7 @@ bool KRGPXStreamReader::readDocument(const std::function<void()> &readTrackEleme
 
 void KRGPXStreamReader::readTrack(KRGPXTrackImpl *track)
 {
-    ++m_elements;
+    ++m_tracks;
     while (nextChild()) {
         if (isAt(KRGPXVocabulary::nameElement))
             track->setName(textToKeep());
@@ -264,7 +271,7 @@ void KRGPXStreamReader::readEnclaves(KRGPXTrackImpl *track)
 
 KRGPXTrackSegment KRGPXStreamReader::readSegment()
 {
-    ++m_elements;
+    ++m_segments;
     KRGPXTrackSegment segment;
     while (nextPointOrOther(&segment)) {
         if (isAt(KRGPXVocabulary::pointElement))
@@ -282,14 +289,14 @@ void KRGPXStreamReader::readCompressedPoints(KRGPXTrackSegment *segment)
 {
     const int countBefore = segment->count();
     segment->appendCompressed(readText());
-    m_elements += segment->count() - countBefore;
+    m_points += segment->count() - countBefore;
     checkElements();
 }
 
 /// Of children with the same name the first one counts.
 void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
 {
-    ++m_elements;
+    ++m_points;
     const QXmlStreamAttributes attributes = m_xml.attributes();
     const double latitude =
         KRMath::toDouble(attributes.value(KRGPXVocabulary::latitudeAttribute), KRGPXVocabulary::missingCoordinate);
@@ -333,8 +340,8 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
     if (!mayRunBegin())
         return begin;
     const char *const endOfRun =
-        m_scanner.scan(begin, end, m_runTarget, maximumElements - m_elements, KRXMLGuard::maximumDepth - m_depth - 1);
-    m_elements += m_scanner.points();
+        m_scanner.scan(begin, end, m_runTarget, KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1);
+    m_points += m_scanner.points();
     m_nodes += m_scanner.nodes();
     countLines(begin, endOfRun);
     return endOfRun;

@@ -30,15 +30,11 @@ enum KRGPXStreamResult : int {
  * characters), and documents with a document type, which may hold entity bombs, are not read here at all. So a
  * failure of this class says no more than that the DOM has to decide.
  *
- * Nothing of a document counts unless it was read to its end. Elements nest up to the depth of KRXMLGuard.
+ * Nothing of a document counts unless it was read to its end. KRInputLimits hold.
  */
 class KRGEOLOCATION_EXPORT KRGPXStreamReader
 {
 public:
-    static constexpr qint64 maximumFileBytes = qint64(4) << 30; ///< larger files are refused
-    /// Points, segments and tracks together: less than a QList holds.
-    static constexpr int maximumElements = 50000000;
-
     /// Reads from @p device, which is open and stays with the caller.
     explicit KRGPXStreamReader(QIODevice *device);
 
@@ -97,7 +93,9 @@ private:
     QString m_text; // of the element read last; kept for its memory
     qint64 m_attributePairs = 0;
     int m_depth = 0;
-    int m_elements = 0;
+    int m_points = 0;
+    int m_segments = 0;
+    int m_tracks = 0;
     qint64 m_nodes = 0; // as KRXMLGuard counts them
     bool m_differsFromDom = false;
 };

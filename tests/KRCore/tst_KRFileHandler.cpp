@@ -1,6 +1,6 @@
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
-#include <KRCore/KRXMLGuard.h>
+#include <KRCore/KRInputLimits.h>
 
 #include "KRFileSizeLimit.h"
 #include "KRTestRegistry.h"
@@ -80,10 +80,10 @@ void tst_KRFileHandler::readsLines()
 void tst_KRFileHandler::refusesText()
 {
     const KRTestTable<QByteArray, bool> table{
-        {"as long as allowed", QByteArray(KRXMLGuard::maximumBytes, 'x'), true},
-        {"longer", QByteArray(KRXMLGuard::maximumBytes + 1, 'x'), false},
-        {"as many lines as allowed", QByteArray(KRFileHandler::maximumLines, '\n'), true},
-        {"one line more", QByteArray(KRFileHandler::maximumLines, '\n') + 'x', false},
+        {"as long as allowed", QByteArray(KRInputLimits::documentBytes, 'x'), true},
+        {"longer", QByteArray(KRInputLimits::documentBytes + 1, 'x'), false},
+        {"as many lines as allowed", QByteArray(KRInputLimits::textLines, '\n'), true},
+        {"one line more", QByteArray(KRInputLimits::textLines, '\n') + 'x', false},
     };
     table.forEach([&](const QByteArray &content, bool isAccepted) {
         KRErrorHistory history;

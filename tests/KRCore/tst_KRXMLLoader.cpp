@@ -1,5 +1,5 @@
 #include <KRCore/KRErrorHistory.h>
-#include <KRCore/KRXMLGuard.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
 
 #include "KRTestRegistry.h"
@@ -44,7 +44,7 @@ void tst_KRXMLLoader::readsWhatIsWellFormed()
         {"entity of its own", "<!DOCTYPE r [<!ENTITY e \"abc\">]><r>&e;</r>", QStringLiteral("abc")},
         {"references beyond U+FFFF", "<r>&#x1F600;&#128512;&#xE4;</r>", smile + smile + QStringLiteral("ä")},
         {"no references in CDATA", "<r><![CDATA[&#x1F600;]]]>]&#x1F600;</r>", QStringLiteral("&#x1F600;]]") + smile},
-        {"as deep as allowed", nested(KRXMLGuard::maximumDepth), {}},
+        {"as deep as allowed", nested(KRInputLimits::depth), {}},
     };
     table.forEach([](const QByteArray &xml, const QString &text) {
         KRErrorHistory history;
@@ -66,10 +66,10 @@ void tst_KRXMLLoader::refusesWithReason()
         {"unclosed element", "<r><a></r>", QStringLiteral("Kein lesbares XML")},
         {"reference cut off", "<r>&#x4", QStringLiteral("Kein lesbares XML")},
         {"reference beyond all characters, and no end", "<r>&#x1F600G;</s>", QStringLiteral("Kein lesbares XML")},
-        {"one level too deep", nested(KRXMLGuard::maximumDepth + 1), QStringLiteral("256")},
+        {"one level too deep", nested(KRInputLimits::depth + 1), QStringLiteral("256")},
         {"hundred thousand levels", nested(100000), QStringLiteral("256")},
         {"one flat entity again and again", flatEntity, QStringLiteral("Entitäten")},
-        {"more nodes than allowed", QByteArray("<r>" + QByteArray("<a/>").repeated(KRXMLGuard::maximumNodes) + "</r>"),
+        {"more nodes than allowed", QByteArray("<r>" + QByteArray("<a/>").repeated(KRInputLimits::nodes) + "</r>"),
          QStringLiteral("Knoten")},
     };
     table.forEach([](const QByteArray &xml, const QString &reason) {
@@ -91,7 +91,7 @@ void tst_KRXMLLoader::decodedTextKeepsItsCharacters()
 
 void tst_KRXMLLoader::decodedTextIsGuarded()
 {
-    const auto tooDeep = QString::fromLatin1(nested(KRXMLGuard::maximumDepth + 1));
+    const auto tooDeep = QString::fromLatin1(nested(KRInputLimits::depth + 1));
     KRErrorHistory history;
     QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
     for (const QString &xml : {tooDeep, QStringLiteral("<r>\n<a>"), QString()})

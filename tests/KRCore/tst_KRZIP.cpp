@@ -1,4 +1,5 @@
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRZIP.h>
 
 #include "KRTestArchive.h"
@@ -85,7 +86,7 @@ void tst_KRZIP::readsContent_data()
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("zero bytes inside") << QByteArray("a\0b", 3);
     QTest::newRow("more than one piece") << allBytes;
-    QTest::newRow("dense, but small") << QByteArray(KRZIP::freeBytes, ' ');
+    QTest::newRow("dense, but small") << QByteArray(KRInputLimits::archiveFreeBytes, ' ');
     QTest::newRow("empty") << QByteArray("");
 }
 
@@ -216,7 +217,7 @@ void tst_KRZIP::refusesEntry()
 
 void tst_KRZIP::limitOfAnEntry()
 {
-    const QByteArray largest(KRZIP::maximumEntryBytes, 'x');
+    const QByteArray largest(KRInputLimits::archiveEntryBytes, 'x');
     const KRZIP zip = opened(KRTestArchive::bytes(
         {KRTestArchive::stored("largest", largest), KRTestArchive::stored("larger", largest + 'x')}));
     QVERIFY(zip.fileContent(QStringLiteral("largest")) == largest);
@@ -228,10 +229,10 @@ void tst_KRZIP::limitOfAnEntry()
 void tst_KRZIP::looksAtSoManyEntriesOnly()
 {
     QList<KRTestArchive::Entry> entries;
-    for (int i = 0; i <= KRZIP::maximumEntries; ++i)
+    for (int i = 0; i <= KRInputLimits::archiveEntries; ++i)
         entries += KRTestArchive::stored(QByteArray::number(i), "x");
     const KRZIP zip = opened(KRTestArchive::bytes(entries));
-    QCOMPARE(zip.getFileNameList().size(), KRZIP::maximumEntries);
+    QCOMPARE(zip.getFileNameList().size(), KRInputLimits::archiveEntries);
     QCOMPARE(m_history.entries().size(), 1);
     QCOMPARE(zip.fileContent(QStringLiteral("9999")), QByteArray("x"));
     QVERIFY(zip.fileContent(QStringLiteral("10000")).isNull());

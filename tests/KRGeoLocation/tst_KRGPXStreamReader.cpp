@@ -1,9 +1,9 @@
+#include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXStreamReader.h>
 
 #include "KRTestRegistry.h"
 #include "KRTestXml.h"
 
-#include <KRCore/KRXMLGuard.h>
 #include <KRCore/KRXMLLoader.h>
 
 #include <QBuffer>
@@ -401,7 +401,7 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
     QTest::newRow("includes are ignored") << track("<include>/etc/hostname</include><trkseg/>");
     QTest::newRow("shape behind the points") << track("<trkseg><trkpt/></trkseg><shape>auto</shape>");
     QTest::newRow("enclaves within enclaves") << nestedEnclaves(5);
-    QTest::newRow("as deep as allowed") << nestedEnclaves((KRXMLGuard::maximumDepth - 3) / 2);
+    QTest::newRow("as deep as allowed") << nestedEnclaves((KRInputLimits::depth - 3) / 2);
     QTest::newRow("many attributes") << "<gpx" + attributes(2000) + "><trk><trkseg/></trk></gpx>";
     QTest::newRow("a text of many blocks") << track("<desc>" + QByteArray(300000, 'x') + "\"</desc>");
     QTest::newRow("time with an offset") << point("<time> 2024-05-01T12:00:00-03:30\n</time>");
@@ -557,7 +557,7 @@ void tst_KRGPXStreamReader::refuses_data()
     QTest::addColumn<QString>("reason");
     QTest::newRow("wrong nesting") << QByteArray("<gpx>\n<trk></gpx>") << 2 << QStringLiteral("Kein lesbares XML");
     QTest::newRow("text behind the end") << QByteArray("<gpx/>\n\nx") << 3 << QStringLiteral("Kein lesbares XML");
-    QTest::newRow("a level too deep") << nestedEnclaves((KRXMLGuard::maximumDepth - 3) / 2 + 1) << 1
+    QTest::newRow("a level too deep") << nestedEnclaves((KRInputLimits::depth - 3) / 2 + 1) << 1
                                       << QStringLiteral("256");
     QTest::newRow("hundred thousand levels") << nestedEnclaves(100000) << 1 << QStringLiteral("256");
     QTest::newRow("a tag of fifty thousand attributes")

@@ -4,7 +4,7 @@
 #include "KRTestTable.h"
 
 #include <KRCore/KRErrorHistory.h>
-#include <KRCore/KRXMLGuard.h>
+#include <KRCore/KRInputLimits.h>
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -108,7 +108,7 @@ void tst_KRGPXTrackFile::brokenAndTooLargeForADom()
     const QByteArray xml = "<gpx>\n<trk><trkseg/></trk>\n";
     const QFileInfo info = write(folder, QStringLiteral("large.gpx"), xml);
     // The rest of the file is a hole of zero bytes.
-    QVERIFY(QFile::resize(info.filePath(), KRXMLGuard::maximumBytes + 1));
+    QVERIFY(QFile::resize(info.filePath(), KRInputLimits::documentBytes + 1));
     KRErrorHistory history;
     QVERIFY(!KRGPXTrackFile(info, &history).isValid());
     QCOMPARE(history.entries().size(), 1);

@@ -5,6 +5,7 @@
 #include "KRTestRegistry.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRLogger.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRGeoLocationSettings.h>
@@ -275,8 +276,8 @@ void tst_KRGpxImport::brokenGivesNothing_data()
     QTest::newRow("broken among points that are passed over")
         << gpx(good + track("U", position("trkpt", "1", "2") + position("trkpt", "1", "2", "<ele>1</time>")));
     QTest::newRow("empty") << QByteArray();
-    QTest::newRow("more points than a host can hold") << gpx(
-        "<rte>" + QByteArray("<rtept lat='1' lon='2'/>").repeated(KRGpxPreparation::maximumPoints + 1) + "</rte>");
+    QTest::newRow("more points than a host can hold")
+        << gpx("<rte>" + QByteArray("<rtept lat='1' lon='2'/>").repeated(KRInputLimits::wayPoints + 1) + "</rte>");
 }
 
 void tst_KRGpxImport::brokenGivesNothing()

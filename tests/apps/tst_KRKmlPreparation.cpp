@@ -4,6 +4,7 @@
 #include "KRTestTable.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
 
 #include <QLoggingCategory>
 #include <QtTest>
@@ -271,13 +272,13 @@ void tst_KRKmlPreparation::broken()
 
 void tst_KRKmlPreparation::refusesBeyondLimits()
 {
-    const QByteArray tuples = QByteArray("1,2 ").repeated(KRKmlPreparation::maximumPositions / 2 + 1);
+    const QByteArray tuples = QByteArray("1,2 ").repeated(KRInputLimits::positions / 2 + 1);
     const QByteArray line = "<LineString><coordinates>" + tuples + "</coordinates></LineString>";
     const KRTestTable<QByteArray> table{
         {"positions of one line",
          "<Placemark><LineString><coordinates>" + tuples + tuples + "</coordinates></LineString></Placemark>"},
         {"positions of several lines", "<Placemark><a>" + line + line + "</a></Placemark>"},
-        {"figures", "<Placemark><a>" + here.repeated(KRKmlPreparation::maximumFigures + 1) + "</a></Placemark>"},
+        {"figures", "<Placemark><a>" + here.repeated(KRInputLimits::figures + 1) + "</a></Placemark>"},
     };
     table.forEach([](const QByteArray &kml) {
         KRErrorHistory history;

@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QtGlobal>
+
+/**
+ * How much of a file of unknown origin the libraries and the programs read; docs/limits.md tells users.
+ *
+ * Each limit lies far above what real files hold. It keeps a file that means harm from taking more than about two
+ * seconds or half a gigabyte, or from overflowing the stack. Whatever exceeds a limit is refused with a reason.
+ */
+namespace KRInputLimits {
+
+// --- Files
+
+/// Bytes of a file that is read piece by piece: GPX and archives. What fills it is counted further below.
+inline constexpr qint64 streamedFileBytes = qint64(4) << 30;
+/// Bytes of a document that is in memory as a whole, whose decoded text and tree take ten times as much.
+inline constexpr int documentBytes = 64 << 20;
+/// Lines of a text, as each is a string of its own, of some 60 bytes at least.
+inline constexpr int textLines = 4000000;
+
+/// Bytes that are read again as a route document names files more than once; fileOverhead is added for each time.
+inline constexpr qint64 repeatedBytes = 64 << 20;
+inline constexpr qint64 fileOverhead = 4096;
+
+// --- XML
+
+/// Nested elements, the root included: QDom recurses, and a thread may have no more than 256 kB of stack.
+inline constexpr int depth = 256;
+/// Elements, attributes, texts, comments and declarations that become a DOM, which takes some hundred bytes for each.
+inline constexpr int nodes = 500000;
+/// Declarations in a document type. The reader compares each with all others; the entities of HTML are some 250.
+inline constexpr int declarations = 5000;
+/// References to characters and entities in a text that becomes a DOM, whose reader is slow with them.
+inline constexpr int references = 2000000;
+/// Tags, texts and comments of a document that is in memory as a whole and read one by one, about a second.
+inline constexpr int documentTokens = 10000000;
+/// Characters of one name; QXmlStreamReader has the same limit.
+inline constexpr int nameCharacters = 4096;
+/// Characters of one attribute, comment or instruction that becomes part of a DOM.
+inline constexpr int markupCharacters = 4 << 20;
+/// Characters that entities may add to a text.
+inline constexpr int entityCharacters = 8 << 20;
+/// Bytes of one tag, text or comment, which an XML reader keeps in memory until it is complete.
+inline constexpr qint64 tokenBytes = 64 << 20;
+/// Quotation marks in one token, twice the number of its attributes if it is a tag.
+inline constexpr qint64 tokenQuotes = 10000;
+/// Attributes of a tag that count for attributePairs; real tags have fewer.
+inline constexpr int manyAttributes = 50;
+/// Comparisons of the attributes of a tag with each other, of all tags with many together: QXmlStreamReader and the
+/// DOM of what has to be mended compare each with each, ten million in up to a second.
+inline constexpr qint64 attributePairs = 10000000;
+/// Bytes of a document that breaks the rules of XML, or has a document type, and is read nevertheless: as a DOM, which
+/// is written again and read once more, some ten times as much is in memory for a while.
+inline constexpr int mendedBytes = 32 << 20;
+
+// --- GPX
+
+/// Points of a file, of some 30 bytes each: those of a file of streamedFileBytes.
+inline constexpr int points = 50000000;
+/// Segments of a file, of some 200 bytes each.
+inline constexpr int segments = 1000000;
+/// Tracks of a file with their enclaves, of some 500 bytes each.
+inline constexpr int tracks = 500000;
+/// Way points and points of routes together. Each way point becomes a track, of about 500 bytes.
+inline constexpr int wayPoints = 500000;
+
+// --- KML
+
+/// Points, lines and areas of a document. Each becomes a track, of about 500 bytes.
+inline constexpr int figures = 500000;
+/// Positions of all figures together, of some 40 bytes each until they are drawn.
+inline constexpr int positions = 4000000;
+/// Styles that refer to one another: they may do so in a ring.
+inline constexpr int styleChain = 16;
+/// Characters of the address of a style; longer ones lead nowhere.
+inline constexpr int referenceCharacters = 1000;
+/// Characters of a number; none that is longer has a meaning.
+inline constexpr int numberCharacters = 100;
+/// Characters of the text of one position.
+inline constexpr int positionCharacters = 1000;
+
+// --- ZIP archives
+
+/// Bytes of the table of contents, which is in memory as a whole.
+inline constexpr int archiveTableBytes = 8 << 20;
+/// Entries that are looked at; those behind are not, which is reported.
+inline constexpr int archiveEntries = 10000;
+/// Bytes of an entry as they really come out, whatever its headers claim.
+inline constexpr int archiveEntryBytes = documentBytes;
+/// Bytes that come out of a packed one: deflated text has 5 to 20, a bomb up to 1032.
+inline constexpr int archiveRatio = 200;
+/// Bytes that may come out at any ratio.
+inline constexpr int archiveFreeBytes = 1 << 20;
+
+// --- Pictures and tiles
+
+/// Of a picture, four bytes each in memory.
+inline constexpr int picturePixels = 64000000;
+/// Bytes of a tile as it is stored.
+inline constexpr int tileBytes = 8 << 20;
+/// Bytes of a value or a row in a tile file, at which SQLite gives up; smaller tiles are refused as too large.
+inline constexpr int tileRowBytes = 4 * tileBytes;
+/// Milliseconds that a query for a tile may take; usual is less than one.
+inline constexpr int tileQueryMs = 1500;
+/// Pixels of the longer side of a tile as it is stored; usual are 256 and 512.
+inline constexpr int tileSide = 2048;
+/// Characters of a value in the description of a tile file, of which only short ones are used.
+inline constexpr int tileMetadataCharacters = 4096;
+/// Values of such a description; there are some twenty.
+inline constexpr int tileMetadataRows = 1000;
+
+} // namespace KRInputLimits
