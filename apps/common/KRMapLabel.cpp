@@ -1,5 +1,7 @@
 #include "KRMapLabel.h"
 
+#include <KRXML/KRXMLBuilder.h>
+
 #include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPainter>
@@ -25,6 +27,15 @@ KRMapLabel::KRMapLabel(const QString &text, double letterHeight, const QColor &c
     : m_text(text), m_font(font(letterHeight)), m_color(color)
 {
     measure();
+}
+
+QString KRMapLabel::inOneLine(const QString &name, const QFont &font, double widest)
+{
+    // Measuring takes the time of all letters, of which no more than these would fit.
+    constexpr int mostCharacters = 500;
+    // In SVG the name becomes XML.
+    const QString line = KRXMLBuilder::readableText(name.left(mostCharacters).simplified());
+    return QFontMetricsF(font).elidedText(line, Qt::ElideRight, widest);
 }
 
 QFont KRMapLabel::font(double letterHeight)

@@ -21,6 +21,8 @@ public:
     /// @p text may have several lines, separated by "\n"; the letters are at least one pixel high.
     KRMapLabel(const QString &text, double letterHeight, const QColor &color);
 
+    /// A name of any length in one line that is no wider than that, in pixels.
+    static QString inOneLine(const QString &name, const QFont &font, double widest);
     /// Of names on the map; the same on all devices.
     static QFont font(double letterHeight);
 

@@ -5,7 +5,6 @@
 #include "KRTrackSample.h"
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
-#include <KRXML/KRXMLBuilder.h>
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -76,10 +75,9 @@ KRMapLegend::Layout KRMapLegend::layout(const KRGPXTrackSelection &selection, co
     const QFontMetricsF metrics(layout.font);
     double width = 0.0;
     for (int i = 0; i < named; ++i) {
-        // In SVG the name becomes XML.
-        const QString name = KRXMLBuilder::readableText(selection.value(i).name().simplified());
-        const QString text = name.isEmpty() ? tr("Route %1").arg(i + 1) : name;
-        layout.names.append(metrics.elidedText(text, Qt::ElideRight, widest));
+        const QString name = KRMapLabel::inOneLine(selection.value(i).name(), layout.font, widest);
+        layout.names.append(name.isEmpty() ? KRMapLabel::inOneLine(tr("Route %1").arg(i + 1), layout.font, widest)
+                                           : name);
         width = std::max(width, metrics.horizontalAdvance(layout.names.last()));
     }
     if (named < count) {

@@ -6,10 +6,6 @@
 #include "KRMapTrackRenderer.h"
 #include "KRTrackInView.h"
 
-#include <KRXML/KRXMLBuilder.h>
-
-#include <QFontMetricsF>
-
 namespace {
 
 // Pixels of a normal screen.
@@ -42,10 +38,9 @@ struct NamedTrack {
 
 KRMapLabel labelFor(const KRGPXConfiguredTrack &track, double factor)
 {
-    const QString name = KRXMLBuilder::readableText(track.name().simplified());
-    const QFontMetricsF metrics(KRMapLabel::font(letterHeight * factor));
-    return KRMapLabel(metrics.elidedText(name, Qt::ElideRight, widestName * factor), letterHeight * factor,
-                      letterColor(track.lineColor()));
+    const QString name =
+        KRMapLabel::inOneLine(track.name(), KRMapLabel::font(letterHeight * factor), widestName * factor);
+    return KRMapLabel(name, letterHeight * factor, letterColor(track.lineColor()));
 }
 
 double widthOf(const KRGPXConfiguredTrack &track, double factor)
