@@ -4,6 +4,7 @@
 #include "KRTrackKeeper.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
@@ -12,6 +13,7 @@
 
 #include <QDomDocument>
 #include <QFileInfo>
+#include <QSet>
 
 #include <cmath>
 
@@ -34,6 +36,23 @@ QHash<int, QDomElement> keptByNumber(const QDomElement &root)
          element = element.nextSiblingElement(keptElement))
         kept.insert(KRXMLParser::intAttribute(element, numberAttribute, -1), element);
     return kept;
+}
+
+/// Whether the tracks name the same files so often that reading them would take very long.
+bool namesFilesTooOften(const QDomElement &selection, const QDir &folder)
+{
+    QSet<QString> paths;
+    qint64 repeatedBytes = 0;
+    const QDomNodeList includes = selection.elementsByTagName(QStringLiteral("include"));
+    for (int i = 0; i < includes.count() && repeatedBytes <= KRInputLimits::repeatedBytes; ++i) {
+        const QFileInfo file(folder, includes.at(i).toElement().text());
+        const QString path = file.canonicalFilePath();
+        if (paths.contains(path))
+            repeatedBytes += file.size() + KRInputLimits::fileOverhead;
+        else if (!path.isEmpty())
+            paths.insert(path);
+    }
+    return repeatedBytes > KRInputLimits::repeatedBytes;
 }
 
 /// The XML of configurations cuts widths to whole pixels; says whether there was anything to keep.
@@ -82,6 +101,10 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
     const QString folderName = QFileInfo(root.attribute(folderAttribute)).fileName();
     const QDir folder = folderName.isEmpty() ? QDir(QString()) : QDir(file.absoluteDir().filePath(folderName));
     const QDomElement element = root.firstChildElement(selectionElement);
+    if (namesFilesTooOften(element, folder)) {
+        KRErrorHistory::report(history, file.filePath(), tr("Das Dokument nennt dieselben Dateien zu oft."));
+        return false;
+    }
     const KRGPXTrackSelection read(element, folder);
 
     KRGPXConfiguredTrackList tracks = read.tracks();
