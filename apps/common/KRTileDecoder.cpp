@@ -1,5 +1,7 @@
 #include "KRTileDecoder.h"
 
+#include <KRCore/KRInputLimits.h>
+
 #include <QBuffer>
 #include <QImageReader>
 
@@ -16,7 +18,7 @@ QImage KRTileDecoder::decode(const QByteArray &bytes, QString *problem)
         return QImage();
     }
     const QSize size = reader.size();
-    if (size.isEmpty() || size.width() > largestStoredSide || size.height() > largestStoredSide) {
+    if (size.isEmpty() || size.width() > KRInputLimits::tileSide || size.height() > KRInputLimits::tileSide) {
         *problem = tr("Eine Kachel hat eine ungewöhnliche Größe.");
         return QImage();
     }

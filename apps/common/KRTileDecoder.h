@@ -11,7 +11,6 @@ class KRTileDecoder
     Q_DECLARE_TR_FUNCTIONS(KRTileDecoder)
 
 public:
-    static constexpr int largestStoredSide = 2048; ///< pixels; larger ones are refused unread
     static constexpr int largestSide = 512; ///< pixels; larger ones are reduced to it
 
     /// PNG, JPEG or WebP, as a premultiplied square. Null with the reason in @p problem when that is not possible.

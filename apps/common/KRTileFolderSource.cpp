@@ -2,6 +2,7 @@
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRInputLimits.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -75,7 +76,7 @@ KRTileAnswer KRTileFolderSource::read(const KRTileKey &key) const
         if (!file.exists() && !file.isSymLink())
             continue;
         KRErrorHistory history;
-        const QByteArray bytes = KRFileHandler::readAll(file, &history, maximumBytes);
+        const QByteArray bytes = KRFileHandler::readAll(file, &history, KRInputLimits::tileBytes);
         if (!history.isEmpty())
             return {KRTileAnswer::Failed, QByteArray(), history.entries().first().toString()};
         return {KRTileAnswer::Found, bytes, QString()};

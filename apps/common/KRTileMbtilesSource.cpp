@@ -2,6 +2,7 @@
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRInputLimits.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -15,8 +16,6 @@
 
 namespace {
 
-constexpr int longestMetadata = 4096; ///< characters of one value
-constexpr int mostMetadata = 1000; ///< rows
 constexpr int longestCredit = 300; ///< characters
 
 /// Attributions are HTML with links; images leave a sign that stands for no letter.
@@ -69,6 +68,7 @@ QString KRTileMbtilesSource::connectTo(const QString &fileName)
     if (!m_database.open())
         return tr("Die Datei kann nicht geöffnet werden: %1").arg(m_database.lastError().databaseText());
 
+    m_guard.protect(m_database);
     QSqlQuery schema(m_database);
     schema.setForwardOnly(true);
     if (!schema.exec(QStringLiteral("SELECT name, type FROM sqlite_master WHERE name IN ('tiles', 'metadata')")))
@@ -91,7 +91,7 @@ QString KRTileMbtilesSource::connectTo(const QString &fileName)
     const bool isPrepared = m_query->prepare(
         QStringLiteral("SELECT length(tile_data), CASE WHEN length(tile_data) <= %1 THEN tile_data END FROM tiles "
                        "WHERE zoom_level = ? AND tile_column = ? AND tile_row = ? LIMIT 1")
-            .arg(maximumBytes));
+            .arg(KRInputLimits::tileBytes));
     return isPrepared ? QString()
                       : tr("Die Datei kann nicht gelesen werden: %1").arg(m_query->lastError().databaseText());
 }
@@ -101,10 +101,11 @@ void KRTileMbtilesSource::readMetadata()
     QSqlQuery query(m_database);
     query.setForwardOnly(true);
     query.exec(QStringLiteral("SELECT name, substr(value, 1, %1) FROM metadata LIMIT %2")
-                   .arg(longestMetadata)
-                   .arg(mostMetadata));
+                   .arg(KRInputLimits::tileMetadataCharacters)
+                   .arg(KRInputLimits::tileMetadataRows));
     while (query.next())
-        m_metadata.insert(query.value(0).toString().left(longestMetadata), query.value(1).toString());
+        m_metadata.insert(query.value(0).toString().left(KRInputLimits::tileMetadataCharacters),
+                          query.value(1).toString());
 }
 
 bool KRTileMbtilesSource::hasNumber(const QString &key) const
@@ -121,6 +122,7 @@ KRIntRange KRTileMbtilesSource::zoomRange()
     KRIntRange range(m_metadata.value(lowest).toInt(), m_metadata.value(highest).toInt());
     if (!hasNumber(lowest) || !hasNumber(highest)) {
         QSqlQuery query(m_database);
+        m_guard.startQuery();
         query.exec(QStringLiteral("SELECT min(zoom_level), max(zoom_level) FROM tiles"));
         if (query.next() && !query.value(0).isNull())
             range = KRIntRange(query.value(0).toInt(), query.value(1).toInt());
@@ -139,12 +141,17 @@ KRTileAnswer KRTileMbtilesSource::read(const KRTileKey &key)
     m_query->bindValue(0, key.zoom);
     m_query->bindValue(1, key.x);
     m_query->bindValue(2, key.rowFromSouth());
+    m_guard.startQuery();
+    const bool hasRow = m_query->exec() && m_query->next();
     KRTileAnswer answer;
-    if (!m_query->exec()) {
+    if (m_guard.hasInterrupted()) {
+        answer.kind = KRTileAnswer::Failed;
+        answer.reason = tr("Die Datei antwortet zu langsam.");
+    } else if (m_query->lastError().isValid()) {
         answer.kind = KRTileAnswer::Failed;
         answer.reason = tr("Die Datei kann nicht gelesen werden: %1").arg(m_query->lastError().databaseText());
-    } else if (m_query->next()) {
-        const bool isTooLarge = m_query->value(0).toLongLong() > maximumBytes;
+    } else if (hasRow) {
+        const bool isTooLarge = m_query->value(0).toLongLong() > KRInputLimits::tileBytes;
         answer.kind = isTooLarge ? KRTileAnswer::Failed : KRTileAnswer::Found;
         answer.bytes = m_query->value(1).toByteArray();
         answer.reason = isTooLarge ? tr("Eine Kachel ist zu groß.") : QString();

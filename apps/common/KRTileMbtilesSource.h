@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KRSqliteGuard.h"
 #include "KRTileSource.h"
 
 #include <QSqlDatabase>
@@ -9,7 +10,8 @@
 
 /**
  * Tiles in an MBTiles file: an SQLite database with the tables or views "tiles" and "metadata", rows counted from the
- * south. It is only read.
+ * south. It is only read, within
+ * KRInputLimits.
  */
 class KRTileMbtilesSource : public KRTileSource
 {
@@ -33,6 +35,7 @@ private:
     bool hasNumber(const QString &key) const;
     KRTileAnswer read(const KRTileKey &key);
 
+    KRSqliteGuard m_guard;
     QSqlDatabase m_database;
     std::optional<QSqlQuery> m_query; ///< prepared for one tile
     QHash<QString, QString> m_metadata;

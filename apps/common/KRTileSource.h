@@ -32,15 +32,13 @@ struct KRTileAnswer {
  * Where the tiles of a map come from: a file, a folder or the net.
  *
  * A source belongs to the thread in which it was opened; several threads open one each. Pictures are handed on as
- * they are, up to maximumBytes.
+ * they are, up to KRInputLimits::tileBytes.
  */
 class KRTileSource : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int maximumBytes = 8 << 20; ///< of one tile as it is stored
-
     /**
      * Opens what @p text names:
      * - an MBTiles file

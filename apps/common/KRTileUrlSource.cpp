@@ -1,6 +1,7 @@
 #include "KRTileUrlSource.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -169,7 +170,7 @@ QNetworkRequest KRTileUrlSource::requestFor(const KRTileKey &key) const
 
 void KRTileUrlSource::stopWhereTooLarge(QNetworkReply *reply) const
 {
-    if (reply->bytesAvailable() <= maximumBytes)
+    if (reply->bytesAvailable() <= KRInputLimits::tileBytes)
         return;
     reply->setProperty(tooLargeProperty, true); // aborting loses the bytes and with them the reason
     reply->abort();
@@ -192,7 +193,7 @@ void KRTileUrlSource::replaceByKept(const QUrl &address, KRTileAnswer *answer) c
         return;
     answer->kind = KRTileAnswer::Found;
     answer->isKept = true;
-    answer->bytes = kept->read(maximumBytes);
+    answer->bytes = kept->read(KRInputLimits::tileBytes);
 }
 
 KRTileAnswer KRTileUrlSource::answerOf(QNetworkReply *reply)
@@ -204,7 +205,7 @@ KRTileAnswer KRTileUrlSource::answerOf(QNetworkReply *reply)
     answer.reason = status >= 300 ? tr("Der Server antwortet mit %1.").arg(status) : reasonOf(*reply);
     if (status == 204 || status == 404 || status == 410) {
         answer.kind = KRTileAnswer::Absent;
-    } else if (reply->property(tooLargeProperty).toBool() || reply->bytesAvailable() > maximumBytes) {
+    } else if (reply->property(tooLargeProperty).toBool() || reply->bytesAvailable() > KRInputLimits::tileBytes) {
         answer.kind = KRTileAnswer::Failed;
         answer.reason = tr("Eine Kachel ist zu groß.");
     } else if (status == 200 && reply->error() == QNetworkReply::NoError) {

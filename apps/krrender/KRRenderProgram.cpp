@@ -7,12 +7,14 @@
 #include "KRPatientGround.h"
 #include "KRPictureFile.h"
 #include "KRPictureGround.h"
+#include "KRPictureReader.h"
 #include "KRRouteDocument.h"
 #include "KRTileGround.h"
 #include "KRTrackPalette.h"
 #include "KRTrackTable.h"
 
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRMessageText.h>
 #include <KRGeoLocation/KRGPXBeelineCreator.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 #include <KRGeoLocation/KRGeoPositionSpan.h>
@@ -29,7 +31,6 @@
 
 namespace {
 
-constexpr qint64 largestPictureBytes = qint64(1) << 30;
 constexpr int tilesTimeLimitMs = 60000;
 
 bool hasPosition(const KRGPXTrackElement &track)
@@ -44,7 +45,7 @@ bool hasPosition(const KRGPXTrackElement &track)
 
 void printLine(FILE *stream, const QString &text)
 {
-    const QByteArray bytes = text.toLocal8Bit();
+    const QByteArray bytes = KRMessageText::printable(text).toLocal8Bit();
     std::fprintf(stream, "%s\n", bytes.constData());
     std::fflush(stream);
 }
@@ -295,12 +296,9 @@ QImage KRRenderProgram::readMapPicture() const
     if (m_options.ground() != KRRenderOptions::Ground::Picture)
         return QImage();
     KRErrorHistory history;
-    const QByteArray bytes = KRFileHandler::readAll(QFileInfo(m_options.mapFile()), &history, largestPictureBytes);
-    const QImage picture = QImage::fromData(bytes);
-    if (picture.isNull()) {
-        const QString reason = history.isEmpty() ? tr("Das ist kein lesbares Bild.") : history.entries().first().reason;
-        printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.mapFile(), reason));
-    }
+    const QImage picture = KRPictureReader::read(QFileInfo(m_options.mapFile()), &history);
+    for (const KRErrorHistory::Entry &problem : history.entries())
+        printLine(stderr, QStringLiteral("krrender: ") + problem.toString());
     return picture;
 }
 
@@ -337,7 +335,7 @@ void KRRenderProgram::showProgress(const QString &message) const
     // One line that is written over again and again; nothing of it may stand in a file.
     if (m_options.isQuiet() || m_options.isVerbose() || !isatty(STDERR_FILENO))
         return;
-    const QByteArray bytes = message.toLocal8Bit();
+    const QByteArray bytes = KRMessageText::printable(message).toLocal8Bit();
     std::fprintf(stderr, "\r\033[K%s", bytes.constData());
     std::fflush(stderr);
 }

@@ -5,6 +5,7 @@
 #include "KRTileDecoder.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
 
 #include <QImage>
 #include <QTemporaryDir>
@@ -248,7 +249,7 @@ void tst_KRTileSource::filesThatAreNoFiles()
 {
     const QString folder = path(QStringLiteral("tiles"));
     KRTestTiles::writeFile(folder + QStringLiteral("/0/0/0.png"), KRTestTiles::picture({0, 0, 0}));
-    KRTestTiles::writeFile(folder + QStringLiteral("/1/0/0.png"), QByteArray(KRTileSource::maximumBytes + 1, ' '));
+    KRTestTiles::writeFile(folder + QStringLiteral("/1/0/0.png"), QByteArray(KRInputLimits::tileBytes + 1, ' '));
     QVERIFY(QDir().mkpath(folder + QStringLiteral("/1/0/1.png")));
     QVERIFY(QDir().mkpath(folder + QStringLiteral("/1/1")));
     QCOMPARE(::mkfifo(QFile::encodeName(folder + QStringLiteral("/1/1/0.png")).constData(), 0600), 0);
