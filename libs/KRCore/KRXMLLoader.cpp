@@ -116,6 +116,26 @@ Text withSurrogateReferences(const Text &xml)
     return copied == 0 ? xml : result + xml.mid(copied);
 }
 
+/// Whether a declaration "<!ELEMENT …>" nests parentheses beyond the depth of elements: the reader recurses there.
+template <typename Text>
+bool hasDeepContentModel(const Text &xml)
+{
+    int depth = 0;
+    bool isInDeclaration = false;
+    for (int i = 0; i < xml.size() && depth <= KRInputLimits::depth; ++i) {
+        const ushort character = codeOf(xml.at(i));
+        if (character == '<') {
+            isInDeclaration = standsAt(xml, i, "<!ELEMENT");
+            depth = 0;
+        } else if (isInDeclaration && character == '(') {
+            ++depth;
+        } else if (isInDeclaration && character == ')') {
+            --depth;
+        }
+    }
+    return depth > KRInputLimits::depth;
+}
+
 /// Of a text as bytes or as characters.
 template <typename Text>
 QDomElement documentElement(const Text &source, const QString &fileName, KRErrorHistory *history)
@@ -127,6 +147,11 @@ QDomElement documentElement(const Text &source, const QString &fileName, KRError
         refusal.reason = QCoreApplication::translate("KRXMLLoader",
                                                      "Das Dokument hat mehr als %1 Verweise auf Zeichen und Entitäten.")
                              .arg(KRInputLimits::references);
+        KRErrorHistory::report(history, refusal);
+        return QDomElement();
+    }
+    if (hasDeepContentModel(source)) {
+        refusal.reason = QCoreApplication::translate("KRXMLLoader", "Der Dokumenttyp ist zu tief geschachtelt.");
         KRErrorHistory::report(history, refusal);
         return QDomElement();
     }
