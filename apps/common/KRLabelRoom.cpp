@@ -29,7 +29,10 @@ QVector<QPointF> KRLabelRoom::placesFor(const QSizeF &size, const QPointF &wante
                 continue;
             // Close to the wanted place, but not hard at the border while there is room to keep away from it.
             const double nearest = size.width() / 2.0 + qMin(slack / 2.0, size.height());
-            places << QPointF(qBound(common.left + nearest, wanted.x(), common.right - nearest), yOfRow(row));
+            const double first = common.left + nearest;
+            // Without slack, rounding may put the last place in front of the first.
+            const double last = std::max(first, common.right - nearest);
+            places << QPointF(qBound(first, wanted.x(), last), yOfRow(row));
         }
     }
     const auto distance = [&](const QPointF &place) {
