@@ -5,6 +5,7 @@
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRInputLimits.h>
+#include <KRCore/KRXMLGuard.h>
 #include <KRCore/KRXMLLoader.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
@@ -174,7 +175,20 @@ bool KRRouteDocument::writeDocument(const QFileInfo &file, const QDir &folder, K
         if (!keepWidths(tracks.at(i).configuration(), kept) && !isTrackKept)
             root.removeChild(kept);
     }
-    return KRXMLBuilder::saveUTF8(document, file, history);
+    return isReadable(document, file, history) && KRXMLBuilder::saveUTF8(document, file, history);
+}
+
+bool KRRouteDocument::isReadable(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
+{
+    const QByteArray xml = KRXMLBuilder::toText(document, 1).toUtf8();
+    KRErrorHistory::Entry refusal;
+    if (xml.size() > KRInputLimits::documentBytes)
+        refusal.reason = tr("Es ist größer als %1 MB.").arg(KRInputLimits::documentBytes >> 20);
+    else if (KRXMLGuard::accepts(xml, &refusal))
+        return true;
+    KRErrorHistory::report(history, file.filePath(),
+                           tr("Das Dokument ließe sich nicht wieder öffnen: %1").arg(refusal.reason));
+    return false;
 }
 
 bool KRRouteDocument::writeTrackFiles(const QDir &folder, KRErrorHistory *history) const

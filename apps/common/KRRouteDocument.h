@@ -7,6 +7,7 @@
 #include <QString>
 
 class KRErrorHistory;
+class QDomDocument;
 class QDomElement;
 class QFileInfo;
 
@@ -41,7 +42,8 @@ public:
     /// False when the file is no document. Track files that cannot be read are reported as well, but are no failure.
     bool load(const QFileInfo &file, KRErrorHistory *history);
 
-    /// False when the document or one of its track files cannot be written; the old document is whole then.
+    /// False when the document or one of its track files cannot be written, or when the document has grown beyond what
+    /// could be read again (some 28,000 tracks); the old document is whole then.
     bool save(const QFileInfo &file, KRErrorHistory *history) const;
     /// The same without a folder: quick for many small tracks, but all points are written each time.
     bool saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const;
@@ -52,6 +54,8 @@ private:
     /// @p folder is QDir("") for no folder.
     bool writeDocument(const QFileInfo &file, const QDir &folder, KRErrorHistory *history) const;
     bool writeTrackFiles(const QDir &folder, KRErrorHistory *history) const;
+    /// Whether the document stays within the limits of what is read; reports when it does not.
+    static bool isReadable(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
 
     KRGPXTrackSelection m_selection;
 };

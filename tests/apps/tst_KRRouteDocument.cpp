@@ -67,6 +67,7 @@ private slots:
     void refusesWhatIsNoDocument_data();
     void refusesWhatIsNoDocument();
     void failedSaveKeepsTheOldDocument();
+    void whatCouldNotBeReadAgainIsNotWritten();
     void folderNameCannotLeadElsewhere();
 
 private:
@@ -234,6 +235,24 @@ void tst_KRRouteDocument::failedSaveKeepsTheOldDocument()
     QVERIFY(!written.save(document(), &history));
     QVERIFY(!history.isEmpty());
     QCOMPARE(contentOf(document().filePath()), old);
+}
+
+void tst_KRRouteDocument::whatCouldNotBeReadAgainIsNotWritten()
+{
+    // Four nodes for each description of a point, and no more than half a million in all.
+    KRGPXTrackSegment segment;
+    for (int i = 0; i < 126000; ++i)
+        segment.append(53.0, 8.0, 0, QDateTime(), QStringLiteral("x"));
+    const KRGPXTrack track(QStringLiteral("Tour"), QString(), {segment}, LineStringTrackShape);
+    KRRouteDocument document;
+    document.setSelection(KRGPXTrackSelection(
+        KRGPXConfiguredTrackList(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::defaultValue()))));
+    const QTemporaryDir dir;
+    const QFileInfo file(dir.filePath(QStringLiteral("Tour.krroute")));
+    KRErrorHistory history;
+    QVERIFY(!document.saveInOneFile(file, &history));
+    QCOMPARE(history.entries().size(), 1);
+    QVERIFY(!QFile::exists(file.filePath()));
 }
 
 void tst_KRRouteDocument::folderNameCannotLeadElsewhere()
