@@ -57,12 +57,32 @@
         <source>Kein lesbares XML: %1</source>
         <translation>No readable XML: %1</translation>
     </message>
+    <message>
+        <source>Ein Name, ein Attribut oder ein Kommentar ist zu lang.</source>
+        <translation>A name, an attribute or a comment is too long.</translation>
+    </message>
+    <message>
+        <source>Der Dokumenttyp hat mehr als %1 Vereinbarungen.</source>
+        <translation>The document type has more than %1 declarations.</translation>
+    </message>
+    <message>
+        <source>Die Elemente haben zu viele Attribute.</source>
+        <translation>The elements have too many attributes.</translation>
+    </message>
 </context>
 <context>
     <name>KRXMLLoader</name>
     <message>
         <source>Die Datei ist leer.</source>
         <translation>The file is empty.</translation>
+    </message>
+    <message>
+        <source>Das Dokument hat mehr als %1 Verweise auf Zeichen und Entitäten.</source>
+        <translation>The document has more than %1 references to characters and entities.</translation>
+    </message>
+    <message>
+        <source>Der Dokumenttyp ist zu tief geschachtelt.</source>
+        <translation>The document type is nested too deeply.</translation>
     </message>
 </context>
 <context>

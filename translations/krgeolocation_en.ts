@@ -38,6 +38,14 @@
         <source>Ein Text ist zu lang.</source>
         <translation>A text is too long.</translation>
     </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Abschnitte.</source>
+        <translation>The file has more than %1 segments.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Strecken.</source>
+        <translation>The file has more than %1 tracks.</translation>
+    </message>
 </context>
 <context>
     <name>KRGPXTrackListModel</name>

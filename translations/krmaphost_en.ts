@@ -178,14 +178,17 @@
     </message>
 </context>
 <context>
+    <name>KRKmlPlacemarkReader</name>
+    <message>
+        <source>Die Datei hat mehr als %1 Figuren.</source>
+        <translation>The file has more than %1 figures.</translation>
+    </message>
+</context>
+<context>
     <name>KRKmlPreparation</name>
     <message>
         <source>Die Datei hat mehr als %1 Positionen.</source>
         <translation>The file has more than %1 positions.</translation>
-    </message>
-    <message>
-        <source>Die Datei hat mehr als %1 Figuren.</source>
-        <translation>The file has more than %1 figures.</translation>
     </message>
 </context>
 <context>
@@ -210,6 +213,17 @@
     </message>
 </context>
 <context>
+    <name>KRPictureReader</name>
+    <message>
+        <source>Das ist kein lesbares Bild.</source>
+        <translation>This is no readable picture.</translation>
+    </message>
+    <message>
+        <source>Das Bild ist zu groß (mehr als %1 Millionen Pixel).</source>
+        <translation>The picture is too large (more than %1 million pixels).</translation>
+    </message>
+</context>
+<context>
     <name>KRRouteDocument</name>
     <message>
         <source>Das ist kein Routendokument.</source>
@@ -220,8 +234,16 @@
         <translation>The folder for the routes cannot be created.</translation>
     </message>
     <message>
-        <source>Die Route kann nicht gespeichert werden.</source>
-        <translation>The route cannot be saved.</translation>
+        <source>Das Dokument nennt dieselben Dateien zu oft.</source>
+        <translation>The document names the same files too often.</translation>
+    </message>
+    <message>
+        <source>Es ist größer als %1 MB.</source>
+        <translation>It is larger than %1 MB.</translation>
+    </message>
+    <message>
+        <source>Das Dokument ließe sich nicht wieder öffnen: %1</source>
+        <translation>The document could not be opened again: %1</translation>
     </message>
 </context>
 <context>
@@ -302,6 +324,10 @@
         <source>Eine Kachel ist zu groß.</source>
         <translation>A tile is too large.</translation>
     </message>
+    <message>
+        <source>Die Datei antwortet zu langsam.</source>
+        <translation>The file answers too slowly.</translation>
+    </message>
 </context>
 <context>
     <name>KRTilePainter</name>
@@ -377,6 +403,34 @@
     <message>
         <source>Das Dokument wird nicht verstanden: %1</source>
         <translation>The document is not understood: %1</translation>
+    </message>
+    <message>
+        <source>Ein Text oder ein Element ist zu groß.</source>
+        <translation>A text or an element is too large.</translation>
+    </message>
+    <message>
+        <source>Kein lesbares XML: %1</source>
+        <translation>No readable XML: %1</translation>
+    </message>
+    <message>
+        <source>Das Dokument ist zu groß, um seine Fehler zu übergehen.</source>
+        <translation>The document is too large for its faults to be passed over.</translation>
+    </message>
+    <message>
+        <source>Ein Text ist zu lang.</source>
+        <translation>A text is too long.</translation>
+    </message>
+    <message>
+        <source>Das Dokument hat mehr als %1 Elemente, Texte und Kommentare.</source>
+        <translation>The document has more than %1 elements, texts and comments.</translation>
+    </message>
+    <message>
+        <source>Große Dateien mit Dokumenttyp werden nicht gelesen.</source>
+        <translation>Large files with a document type are not read.</translation>
+    </message>
+    <message>
+        <source>Die Elemente sind tiefer als %1 Ebenen geschachtelt.</source>
+        <translation>The elements are nested more than %1 levels deep.</translation>
     </message>
 </context>
 </TS>

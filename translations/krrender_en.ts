@@ -251,10 +251,6 @@
         <translation>There is nothing to write.</translation>
     </message>
     <message>
-        <source>Das ist kein lesbares Bild.</source>
-        <translation>This is no readable picture.</translation>
-    </message>
-    <message>
         <source>Das Ergebnis kann nicht als %1 geschrieben werden.</source>
         <translation>The result cannot be written as %1.</translation>
     </message>

@@ -754,6 +754,10 @@
         <source>Die Karte wird geladen …</source>
         <translation>Loading the map …</translation>
     </message>
+    <message>
+        <source>Der Drucker nimmt die Karte nicht an.</source>
+        <translation>The printer does not accept the map.</translation>
+    </message>
 </context>
 <context>
     <name>KRMapView</name>
