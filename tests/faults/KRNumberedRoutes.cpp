@@ -14,12 +14,12 @@ constexpr int trackCount = 6;
 constexpr int pointCount = 400;
 constexpr int opacities = 200;
 
-QString labelOf(const QString &writer, int number)
+} // namespace
+
+QString KRNumberedRoutes::labelOf(const QString &writer, int number)
 {
     return writer + QLatin1Char('/') + QString::number(number);
 }
-
-} // namespace
 
 KRGPXTrackSelection KRNumberedRoutes::make(const QString &writer, int number)
 {
@@ -30,7 +30,7 @@ KRGPXTrackSelection KRNumberedRoutes::make(const QString &writer, int number)
         for (int k = 0; k < pointCount; ++k)
             segment.append(1.0 + 0.1 * i + 0.0001 * k, isShared ? 8.0 : 0.001 * (number + 1), i, QDateTime(),
                            QString());
-        const QString label = isShared ? writer : labelOf(writer, number);
+        const QString label = isShared ? writer : KRNumberedRoutes::labelOf(writer, number);
         const KRGPXTrack track(label, isShared ? QString() : label, {segment}, LineStringTrackShape);
         selection.addTrack(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::defaultValue()));
     }

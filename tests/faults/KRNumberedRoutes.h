@@ -14,7 +14,10 @@ namespace KRNumberedRoutes {
 
 KRGPXTrackSelection make(const QString &writer, int number);
 
-/// "writer/number" of the document that was read, or what is wrong with it, beginning with '!'.
+/// "writer/number"
+QString labelOf(const QString &writer, int number);
+
+/// The label of the document that was read, or what is wrong with it, beginning with '!'.
 QString whole(const KRGPXTrackSelection &selection);
 /// The same for a file.
 QString wholeFile(const QString &fileName);

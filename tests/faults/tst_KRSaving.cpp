@@ -20,10 +20,7 @@ constexpr int endless = 1000000;
 constexpr int nobody = 65534;
 constexpr int patienceMs = 60000;
 
-QString labelOf(const QString &writer, int number)
-{
-    return writer + QLatin1Char('/') + QString::number(number);
-}
+using KRNumberedRoutes::labelOf;
 
 /// The program that saves, with what it says.
 class Writer
