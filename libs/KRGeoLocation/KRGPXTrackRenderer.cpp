@@ -1,20 +1,22 @@
 #include "KRGPXTrackRenderer.h"
 
 #include "KRGPXConfiguredTrack.h"
+#include "KRGPXCroppingAlpha.h"
 #include "KRGPXImageMemory.h"
 #include "KRGPXImageStrips.h"
 #include "KRGPXMarkerShape.h"
 #include "KRGPXPathPainter.h"
 #include "KRGPXTrack.h"
+#include "KRGPXTrackChunks.h"
 #include "KRGPXTrackConfiguration.h"
 #include "KRGPXTrackDisplayOptions.h"
 #include "KRGPXTrackRendererDashes.h"
 #include "KRGPXTrackShape.h"
 #include "KRGPXTrackSmoothing.h"
+#include "KRGPXWorldCopies.h"
 #include "KRGeoPositionList.h"
 
 #include <KRCore/KRConcurrent.h>
-#include <KRCore/KRMath.h>
 #include <KRCore/KRQtCompat.h>
 
 #include <QPainter>
@@ -22,10 +24,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <memory>
-#include <numeric>
-#include <utility>
 
 namespace {
 
@@ -43,11 +42,6 @@ constexpr double barbAngle = 30.0;
 constexpr double farthestPixel = 1e12;
 constexpr double widestLine = 32767.0;
 
-bool isFinite(const QPointF &point)
-{
-    return std::isfinite(point.x()) && std::isfinite(point.y());
-}
-
 bool isPixel(const QPointF &point)
 {
     return std::abs(point.x()) <= farthestPixel && std::abs(point.y()) <= farthestPixel;
@@ -59,77 +53,6 @@ double drawableWidth(double width)
     return width > 0.0 ? std::min(width, widestLine) : 0.0;
 }
 
-// Other devices than images may be larger or elsewhere than their width and height tell.
-bool surelyMissesDevice(const QPainter *painter, const QRectF &bounds)
-{
-    const auto *const image = dynamic_cast<const QImage *>(painter->device());
-    if (image && !painter->deviceTransform().mapRect(bounds).intersects(image->rect()))
-        return true;
-    return painter->hasClipping() && !painter->clipBoundingRect().intersects(bounds);
-}
-
-bool missesPage(const QPainter *painter, const QRectF &bounds)
-{
-    const QPaintDevice *const device = painter->device();
-    const QRectF page(0.0, 0.0, device->width(), device->height());
-    return !painter->deviceTransform().mapRect(bounds).intersects(page);
-}
-
-// So many elements in all copies of a line are looked at in a moment.
-constexpr int mostElements = 20000000;
-
-// How often the path leads around the world before it comes to its last round.
-int finishedRounds(const QPainterPath &path, const QPointF &world)
-{
-    const double width = std::abs(world.x());
-    for (int i = 1; i < path.elementCount(); ++i)
-        if (std::abs(path.elementAt(i).x - path.elementAt(i - 1).x) > width)
-            return 0; // a place that is none, not a round
-    const double rounds = std::ceil(path.controlPointRect().width() / width) - 1.0;
-    return std::min(KRMath::toInt(std::max(0.0, rounds)), mostElements / std::max(1, path.elementCount()));
-}
-
-// The hole of an area over the date line may have been projected into another copy of the world.
-QPainterPath broughtTo(const QRectF &area, const QPainterPath &hole, const QPointF &world)
-{
-    const QRectF bounds = hole.controlPointRect();
-    const double worlds = std::round((area.center().x() - bounds.center().x()) / world.x());
-    if (!std::isfinite(worlds) || area.intersects(bounds) || !area.intersects(bounds.translated(worlds * world)))
-        return hole;
-    return hole.translated(worlds * world);
-}
-
-// Fewer points are projected sooner than they are handed to another thread.
-constexpr int pointsWorthSplitting = 4096;
-
-// A recorder without a fix may have written "nan", which has no place on any map.
-void appendRunsWithoutGaps(const KRGeoPositionSpan &positions, QList<KRGeoPositionSpan> *runs)
-{
-    const auto isGap = [&](int i) {
-        return !std::isfinite(positions.latitudes[i]) || !std::isfinite(positions.longitudes[i]);
-    };
-    for (int begin = 0, end = 0; begin < positions.count; begin = end + 1) {
-        for (end = begin; end < positions.count && !isGap(end);)
-            ++end;
-        if (end > begin)
-            runs->append(positions.mid(begin, end - begin));
-    }
-}
-
-QList<KRGeoPositionSpan> chunksOf(const KRGeoPositionSpan &positions)
-{
-    QList<KRGeoPositionSpan> chunks;
-    if (positions.count < pointsWorthSplitting) {
-        appendRunsWithoutGaps(positions, &chunks);
-        return chunks;
-    }
-    const QList<KRIntRange> ranges = KRIntRange(0, positions.count - 1).splitEvenlyForCpuCores();
-    for (const KRIntRange &range : ranges)
-        appendRunsWithoutGaps(positions.mid(range.minimum(), range.lastIndexEvenIfUnvalid() - range.minimum()),
-                              &chunks);
-    return chunks;
-}
-
 // 1 for a step eastwards over longitude 180, -1 for one westwards, else 0
 int dateLineCrossing(const KRLongitude &from, const KRLongitude &to)
 {
@@ -139,36 +62,6 @@ int dateLineCrossing(const KRLongitude &from, const KRLongitude &to)
     if (from.isEastOf(to) == startsInTheEast)
         return 0; // over the prime meridian
     return startsInTheEast ? 1 : -1;
-}
-
-KRGPXTrackRenderer::AlphaTable croppingTable(int opacity)
-{
-    KRGPXTrackRenderer::AlphaTable table;
-    for (int alpha = 0; alpha < int(table.size()); ++alpha)
-        table[std::size_t(alpha)] = uchar(opacity + (alpha * (255 - opacity)) / 255);
-    return table;
-}
-
-void setAlpha(QRgb *pixels, int count, uchar alpha)
-{
-    const QRgb bits = QRgb(alpha) << 24;
-    for (int x = 0; x < count; ++x)
-        pixels[x] = (pixels[x] & RGB_MASK) | bits;
-}
-
-// Most of a mask is empty, which is told from many pixels at once.
-void mergeAlpha(QRgb *pixels, const QRgb *mask, int count, const KRGPXTrackRenderer::AlphaTable &table)
-{
-    constexpr int blockSize = 32;
-    for (int begin = 0; begin < count; begin += blockSize) {
-        const int end = std::min(begin + blockSize, count);
-        if (std::accumulate(mask + begin, mask + end, QRgb(0), std::bit_or<QRgb>()) == 0) {
-            setAlpha(pixels + begin, end - begin, table[0]);
-            continue;
-        }
-        for (int x = begin; x < end; ++x)
-            pixels[x] = (pixels[x] & RGB_MASK) | (QRgb(table[std::size_t(qAlpha(mask[x]))]) << 24);
-    }
 }
 
 } // namespace
@@ -252,7 +145,7 @@ QImage KRGPXTrackRenderer::crop(const QImage &map) const
     // only its alpha counts, which a conversion out of the premultiplied format would leave as it is
     QImage mask = KRGPXImageMemory::transparentImage(m_targetImageSize);
     paintOn(&mask, OpaqueRender, true);
-    const AlphaTable table = croppingTable(opacity);
+    const AlphaTable table = KRGPXCroppingAlpha::tableFor(opacity);
     return KRGPXImageStrips::changed(
         map, QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied, [&](QImage *strip, int firstRow) {
             const int maskedRows = qBound(0, mask.height() - firstRow, strip->height());
@@ -270,10 +163,10 @@ void KRGPXTrackRenderer::mergeCropping(QImage &image, const QImage &mask, const 
         QRgb *const line = reinterpret_cast<QRgb *>(image.scanLine(y));
         int x = 0;
         if (y < mask.height()) {
-            mergeAlpha(line, reinterpret_cast<const QRgb *>(mask.constScanLine(y)), maskedWidth, table);
+            KRGPXCroppingAlpha::merge(line, reinterpret_cast<const QRgb *>(mask.constScanLine(y)), maskedWidth, table);
             x = maskedWidth;
         }
-        setAlpha(line + x, width - x, table[0]);
+        KRGPXCroppingAlpha::fill(line + x, width - x, table[0]);
     }
 }
 
@@ -282,37 +175,14 @@ QPointF KRGPXTrackRenderer::aroundTheWorldOffset() const
     return projectPosition(KRGeoPosition(0.0, 180.0)) - projectPosition(KRGeoPosition(0.0, -180.0));
 }
 
-KRIntRange KRGPXTrackRenderer::visibleShifts(QPainter *painter) const
+KRGPXWorldCopies KRGPXTrackRenderer::worldCopies() const
 {
-    const double world = aroundTheWorldOffset().x();
-    const int worldWidth = std::isfinite(world) ? KRMath::toInt(world) : 0;
-    const QPaintDevice *const device = painter->device();
-    const int count = device && worldWidth > 0 ? device->width() / worldWidth : 0;
-    return KRIntRange(-count - 1, count + 1);
+    return KRGPXWorldCopies(aroundTheWorldOffset());
 }
 
-// Without a world width the copies would all lie on each other, so only the first one is drawn.
-// A line of many rounds is in sight with the last of them, too, which needs copies farther away.
-void KRGPXTrackRenderer::drawAroundTheWorld(QPainter *painter, const QPainterPath &path, double reach,
-                                            const std::function<void()> &draw) const
+KRIntRange KRGPXTrackRenderer::visibleShifts(QPainter *painter) const
 {
-    const QPointF world = aroundTheWorldOffset();
-    // On a round map longitude 180 and -180 are one place, but for what computing leaves of their difference.
-    const bool hasCopies = isFinite(world) && world.manhattanLength() >= 1.0;
-    const KRIntRange shifts = hasCopies ? visibleShifts(painter) : KRIntRange(0, 0);
-    const int rounds = hasCopies ? finishedRounds(path, world) : 0;
-    // a path of one point alone knows no bounds
-    const QRectF points = path.isEmpty() ? QRectF(path.currentPosition(), QSizeF()) : path.controlPointRect();
-    const QRectF bounds = points.adjusted(-reach, -reach, reach, reach);
-    for (int shift = shifts.minimum() - rounds; shift <= shifts.maximum() + rounds; ++shift) {
-        painter->save();
-        if (shift != 0)
-            painter->translate(shift * world);
-        const bool isFarAway = shift < shifts.minimum() || shift > shifts.maximum();
-        if (!surelyMissesDevice(painter, bounds) && !(isFarAway && missesPage(painter, bounds)))
-            draw();
-        painter->restore();
-    }
+    return worldCopies().visibleShifts(painter->device());
 }
 
 double KRGPXTrackRenderer::detectAngleOfPath(const QPainterPath &path) const
@@ -386,9 +256,9 @@ QPainterPath KRGPXTrackRenderer::createPainterPath(const KRGPXConfiguredTrack &t
     if (enclaves.isEmpty())
         return path;
     const QRectF area = path.controlPointRect();
-    const QPointF world = aroundTheWorldOffset();
+    const KRGPXWorldCopies copies = worldCopies();
     for (const KRGPXTrack &enclave : enclaves)
-        path.addPath(broughtTo(area, createPainterPath(enclave, strength, steps), world));
+        path.addPath(copies.broughtTo(area, createPainterPath(enclave, strength, steps)));
     return path;
 }
 
@@ -403,28 +273,17 @@ QPainterPath KRGPXTrackRenderer::createPainterPath(const KRGPXTrack &track, int 
 
 std::vector<QPointF> KRGPXTrackRenderer::projectedPoints(const KRGPXTrack &track) const
 {
-    // The segments keep the columns that the chunks point into.
-    const QList<KRGPXTrackSegment> segments = track.segments();
-    Chunks chunks;
-    for (const KRGPXTrackSegment &segment : segments)
-        chunks += chunksOf(segment.positions());
-    Ranges ranges;
-    QList<int> chunkNumbers;
-    int pointCount = 0;
-    for (const KRGeoPositionSpan &chunk : std::as_const(chunks)) {
-        chunkNumbers.append(chunkNumbers.size());
-        ranges.append(KRIntRange(pointCount, pointCount + chunk.count - 1));
-        pointCount += chunk.count;
-    }
-
+    const KRGPXTrackChunks chunks(track);
+    const Chunks &spans = chunks.spans();
+    const Ranges &ranges = chunks.ranges();
     bool crossed = false;
     const std::unique_ptr<QPointF[]> offsets(
-        createDateLineCrossingOffsets(chunks, chunkNumbers, pointCount, ranges, &crossed));
-    auto points = std::vector<QPointF>(std::size_t(pointCount));
+        createDateLineCrossingOffsets(spans, chunks.numbers(), chunks.pointCount(), ranges, &crossed));
+    auto points = std::vector<QPointF>(std::size_t(chunks.pointCount()));
     QPointF *const target = points.data();
-    KRConcurrent::blockingMap(chunkNumbers, [&](int c) { projectPointsPP(c, chunks, ranges, target); });
+    KRConcurrent::blockingMap(chunks.numbers(), [&](int c) { projectPointsPP(c, spans, ranges, target); });
     if (crossed)
-        KRConcurrent::blockingMap(chunkNumbers, [&](int c) { shiftProjected(c, offsets.get(), ranges, target); });
+        KRConcurrent::blockingMap(chunks.numbers(), [&](int c) { shiftProjected(c, offsets.get(), ranges, target); });
     return points;
 }
 
@@ -518,7 +377,7 @@ void KRGPXTrackRenderer::drawLine(QPainter *painter, const KRGPXConfiguredTrack 
     }
     const KRGPXTrackConfiguration configuration = track.configuration();
     const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
-    drawAroundTheWorld(painter, path, reachOf(penFromTrack(configuration, option)), [&] {
+    worldCopies().forEach(painter, path, reachOf(penFromTrack(configuration, option)), [&] {
         drawPath(painter, path, configuration, option);
         if (hasArrow)
             drawArrowHead(painter, path, configuration, option);
@@ -534,8 +393,8 @@ void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const KRGPXConfiguredTra
         return;
     }
     const KRGPXTrackConfiguration configuration = track.configuration();
-    drawAroundTheWorld(painter, path, reachOf(penFromTrack(configuration, option)),
-                       [&] { drawPolygon(painter, path, configuration, option); });
+    worldCopies().forEach(painter, path, reachOf(penFromTrack(configuration, option)),
+                          [&] { drawPolygon(painter, path, configuration, option); });
 }
 
 void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const QPainterPath &path,
@@ -567,7 +426,7 @@ void KRGPXTrackRenderer::drawArrowHead(QPainter *painter, const QPainterPath &pa
     const QPointF tip = path.currentPosition();
     const QPen pen = solidPenFromTrack(configuration, option);
     const double reach = reachOf(pen);
-    if (surelyMissesDevice(painter, QRectF(tip, QSizeF()).adjusted(-reach, -reach, reach, reach)))
+    if (KRGPXWorldCopies::surelyMissesDevice(painter, QRectF(tip, QSizeF()).adjusted(-reach, -reach, reach, reach)))
         return;
     const double angle = detectAngleOfPath(path);
     const double halfDistance = std::hypot(tip.x() - start.x(), tip.y() - start.y()) * 0.5;
@@ -601,7 +460,7 @@ void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack
     painter->save();
     painter->setPen(pen);
     painter->setBrush(fills ? brushFromTrack(configuration, option) : QBrush(Qt::transparent));
-    drawAroundTheWorld(painter, QPainterPath(centre), reach,
-                       [&] { configuration.markerShape().draw(painter, centre, size, size); });
+    worldCopies().forEach(painter, QPainterPath(centre), reach,
+                          [&] { configuration.markerShape().draw(painter, centre, size, size); });
     painter->restore();
 }

@@ -17,12 +17,12 @@
 #include <QSize>
 
 #include <array>
-#include <functional>
 #include <vector>
 
 class KRGPXConfiguredTrack;
 class KRGPXTrack;
 class KRGPXTrackConfiguration;
+class KRGPXWorldCopies;
 class QPainter;
 
 /// How tracks are drawn. Every other number is taken as HaloRender.
@@ -148,8 +148,7 @@ private:
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
     QPainterPath thinnedPath(const std::vector<QPointF> &points) const;
     double reachOf(const QPen &pen) const;
-    void drawAroundTheWorld(QPainter *painter, const QPainterPath &path, double reach,
-                            const std::function<void()> &draw) const;
+    KRGPXWorldCopies worldCopies() const;
 
     KRGPXTrackSelection m_selection;
     QSize m_targetImageSize;

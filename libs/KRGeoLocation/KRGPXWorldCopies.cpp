@@ -1,0 +1,94 @@
+#include "KRGPXWorldCopies.h"
+
+#include <KRCore/KRMath.h>
+
+#include <QImage>
+#include <QPaintDevice>
+#include <QPainter>
+#include <QRectF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// So many elements in all copies of a line are looked at in a moment.
+constexpr int mostElements = 20000000;
+
+bool missesPage(const QPainter *painter, const QRectF &bounds)
+{
+    const QPaintDevice *const device = painter->device();
+    const QRectF page(0.0, 0.0, device->width(), device->height());
+    return !painter->deviceTransform().mapRect(bounds).intersects(page);
+}
+
+} // namespace
+
+KRIntRange KRGPXWorldCopies::visibleShifts(const QPaintDevice *device) const
+{
+    const int worldWidth = std::isfinite(m_offset.x()) ? KRMath::toInt(m_offset.x()) : 0;
+    const int count = device && worldWidth > 0 ? device->width() / worldWidth : 0;
+    return KRIntRange(-count - 1, count + 1);
+}
+
+QPainterPath KRGPXWorldCopies::broughtTo(const QRectF &area, const QPainterPath &hole) const
+{
+    const QRectF bounds = hole.controlPointRect();
+    if (!haveWidth() || area.intersects(bounds))
+        return hole;
+    const QPointF way = std::round((area.center().x() - bounds.center().x()) / m_offset.x()) * m_offset;
+    return area.intersects(bounds.translated(way)) ? hole.translated(way) : hole;
+}
+
+void KRGPXWorldCopies::forEach(QPainter *painter, const QPainterPath &path, double reach,
+                               const std::function<void()> &draw) const
+{
+    const KRIntRange shifts = areSeveral() ? visibleShifts(painter->device()) : KRIntRange(0, 0);
+    const int rounds = finishedRounds(path);
+    // a path of one point alone knows no bounds
+    const QRectF points = path.isEmpty() ? QRectF(path.currentPosition(), QSizeF()) : path.controlPointRect();
+    const QRectF bounds = points.adjusted(-reach, -reach, reach, reach);
+    for (int shift = shifts.minimum() - rounds; shift <= shifts.maximum() + rounds; ++shift) {
+        painter->save();
+        if (shift != 0)
+            painter->translate(shift * m_offset);
+        const bool isFarAway = shift < shifts.minimum() || shift > shifts.maximum();
+        if (!surelyMissesDevice(painter, bounds) && !(isFarAway && missesPage(painter, bounds)))
+            draw();
+        painter->restore();
+    }
+}
+
+bool KRGPXWorldCopies::surelyMissesDevice(const QPainter *painter, const QRectF &bounds)
+{
+    // Other devices than images may be larger or elsewhere than their width and height tell.
+    const auto *const image = dynamic_cast<const QImage *>(painter->device());
+    if (image && !painter->deviceTransform().mapRect(bounds).intersects(image->rect()))
+        return true;
+    return painter->hasClipping() && !painter->clipBoundingRect().intersects(bounds);
+}
+
+// On a round map longitude 180 and -180 are one place, but for what computing leaves of their difference.
+bool KRGPXWorldCopies::areSeveral() const
+{
+    return std::isfinite(m_offset.x()) && std::isfinite(m_offset.y()) && m_offset.manhattanLength() >= 1.0;
+}
+
+// Without one there is nothing to count rounds by.
+bool KRGPXWorldCopies::haveWidth() const
+{
+    return areSeveral() && std::abs(m_offset.x()) >= 1.0;
+}
+
+// How often the path leads around the world before it comes to its last round.
+int KRGPXWorldCopies::finishedRounds(const QPainterPath &path) const
+{
+    if (!haveWidth())
+        return 0;
+    const double width = std::abs(m_offset.x());
+    for (int i = 1; i < path.elementCount(); ++i)
+        if (std::abs(path.elementAt(i).x - path.elementAt(i - 1).x) > width)
+            return 0; // a place that is none, not a round
+    const double rounds = std::ceil(path.controlPointRect().width() / width) - 1.0;
+    return std::min(KRMath::toInt(std::max(0.0, rounds)), mostElements / std::max(1, path.elementCount()));
+}
