@@ -2,9 +2,9 @@
 #include "KRFuzzLaws.h"
 #include "KRFuzzTargets.h"
 
-#include <KRCore/KRInputLimits.h>
 #include <KRRouteImport.h>
 
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
 #include <KRCore/KRZIP.h>
 #include <KRGeoLocation/KRGPXStreamReader.h>

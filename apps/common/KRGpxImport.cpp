@@ -78,9 +78,9 @@ QList<KRGPXTrack> KRGpxImport::readOwnTracks(const KRGpxPreparation &preparation
     const QTemporaryDir dir;
     QFile rewritten(dir.filePath(m_file.fileName()));
     if (!dir.isValid() || !rewritten.open(QIODevice::ReadWrite)) {
-        KRErrorHistory::report(&m_problems, {m_file.filePath(), 0, 0,
-                                             tr("Die Datei kann nicht umgeschrieben werden: %1")
-                                                 .arg(dir.isValid() ? rewritten.errorString() : dir.errorString())});
+        KRErrorHistory::report(&m_problems, m_file.filePath(),
+                               tr("Die Datei kann nicht umgeschrieben werden: %1")
+                                   .arg(dir.isValid() ? rewritten.errorString() : dir.errorString()));
         return tracksOf(m_file);
     }
     if (!KRGpxRewriter::rewrite(m_file, &rewritten, &m_problems))

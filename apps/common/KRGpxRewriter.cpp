@@ -102,6 +102,6 @@ bool KRGpxRewriter::rewrite(const QFileInfo &file, QFile *target, KRErrorHistory
         return false;
     if (target->flush())
         return true;
-    KRErrorHistory::report(history, {target->fileName(), 0, 0, target->errorString()});
+    KRErrorHistory::report(history, target->fileName(), target->errorString());
     return false;
 }

@@ -32,7 +32,7 @@ QByteArray KRKmzArchive::read(const QFileInfo &file, KRErrorHistory *history, KR
         return QByteArray();
     const QStringList names = documents(archive.getFileNameList());
     if (names.isEmpty()) {
-        KRErrorHistory::report(history, {file.filePath(), 0, 0, tr("Das Archiv enthält kein KML-Dokument.")});
+        KRErrorHistory::report(history, file.filePath(), tr("Das Archiv enthält kein KML-Dokument."));
         return QByteArray();
     }
     for (const QString &name : names.mid(1))

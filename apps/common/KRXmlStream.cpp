@@ -104,7 +104,7 @@ bool KRXmlStream::readMended(QDomElement root, const QString &fileName, KRErrorH
     if (root.isNull())
         return false;
     if (attributePairs(root) > KRInputLimits::attributePairs) {
-        KRErrorHistory::report(history, {fileName, 0, 0, tr("Die Elemente haben zu viele Attribute.")});
+        KRErrorHistory::report(history, fileName, tr("Die Elemente haben zu viele Attribute."));
         return false;
     }
     QDomDocument document;

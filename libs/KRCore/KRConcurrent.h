@@ -52,7 +52,8 @@ void blockingMap(const QList<Item> &items, const Function &function)
         function(item);
 }
 
-/// The results of @p function for all items, in the order of the items.
+/// The results of @p function for all items, in the order of the items. A result needs a
+/// default constructor.
 template <typename Item, typename Function>
 QList<std::decay_t<std::invoke_result_t<Function, const Item &>>> blockingMapped(const QList<Item> &items,
                                                                                  const Function &function)

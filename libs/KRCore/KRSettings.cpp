@@ -63,6 +63,6 @@ void KRSettings::storeValue(const QString &key, const QVariant &value)
     if (!isStored) {
         const QString reason =
             QCoreApplication::translate("KRSettings", "Die Einstellungen konnten nicht gespeichert werden.");
-        KRErrorHistory::report(nullptr, {store->fileName(), 0, 0, reason});
+        KRErrorHistory::report(nullptr, store->fileName(), reason);
     }
 }

@@ -27,24 +27,23 @@ public:
     KRThreadHandover() = default;
 
     /// In a thread that has done the work or a part of it.
-    void giveBack() { release(); }
+    void giveBack()
+    {
+#ifdef KR_THREAD_SANITIZER
+        __tsan_release(this);
+#endif
+    }
+
     /// In the thread that goes on with it, once all others have given it back.
-    void takeBack() { acquire(); }
+    void takeBack()
+    {
+#ifdef KR_THREAD_SANITIZER
+        __tsan_acquire(this);
+#endif
+    }
 
 private:
     Q_DISABLE_COPY(KRThreadHandover)
-
-#ifdef KR_THREAD_SANITIZER
-    void acquire()
-    {
-        __tsan_acquire(this);
-    }
-    void release()
-    {
-        __tsan_release(this);
-    }
-#else
-    void acquire() { }
-    void release() { }
-#endif
 };
+
+#undef KR_THREAD_SANITIZER

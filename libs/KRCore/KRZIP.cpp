@@ -162,10 +162,7 @@ void KRZIP::close()
 
 void KRZIP::report(const QString &reason) const
 {
-    KRErrorHistory::Entry entry;
-    entry.fileName = m_file.filePath();
-    entry.reason = reason;
-    KRErrorHistory::report(m_history, entry);
+    KRErrorHistory::report(m_history, m_file.filePath(), reason);
 }
 
 void KRZIP::Closer::operator()(zip *archive) const

@@ -28,7 +28,7 @@ class KRCORE_EXPORT KRZIP
     Q_DECLARE_TR_FUNCTIONS(KRZIP)
 
 public:
-    /// Archives are only read.
+    /// What is opened is only read.
     enum OpenMode : int {
         read = 1,
     };

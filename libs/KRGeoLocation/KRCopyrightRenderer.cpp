@@ -46,20 +46,13 @@ void KRCopyrightRenderer::paintCopyRight(QPainter *painter, const QRect &area, d
         return;
     const QRectF box = copyrightRect(area, factor);
     painter->save();
-    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter->setFont(KRMapCaption::fontFor(*painter, factor));
+    KRMapCaption::prepare(painter, factor);
     if (factor < KRMapCaption::smallestReadableFactor) {
         const int y = KRMath::toInt(box.center().y());
-        painter->fillRect(box, KRMapCaption::semiOpaqueWhite);
-        painter->setPen(QPen(KRMapCaption::semiOpaqueBlack, 1.0, Qt::DashDotLine));
-        painter->drawLine(KRMath::toInt(box.center().x()), y, KRMath::toInt(box.right()), y);
+        const QLine line(KRMath::toInt(box.center().x()), y, KRMath::toInt(box.right()), y);
+        KRMapCaption::paintLine(painter, box, line);
     } else {
-        const double radius = box.height() * 0.5;
-        painter->setBrush(KRMapCaption::semiOpaqueWhite);
-        painter->setPen(KRMapCaption::semiOpaqueWhite);
-        painter->drawRoundedRect(box, radius, radius);
-        painter->setPen(KRMapCaption::semiOpaqueBlack);
-        painter->drawText(box, Qt::AlignHCenter | Qt::AlignVCenter, copyrightText());
+        KRMapCaption::paintText(painter, box, box.height() * 0.5, box, copyrightText());
     }
     painter->restore();
 }

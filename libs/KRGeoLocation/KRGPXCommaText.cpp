@@ -19,6 +19,20 @@ qint64 millisecondsOf(qint64 seconds)
     return seconds > mostSeconds || seconds < -mostSeconds ? KRGPXTrackSegment::noTime : seconds * 1000;
 }
 
+/// As KRGPXTrackPointImpl::encode() writes angles, zero without a sign, but several times as fast.
+QString textOf(double degrees)
+{
+    if (!std::isfinite(degrees))
+        return QString::number(degrees);
+    std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> text;
+    const char *end =
+        std::to_chars(text.data(), text.data() + text.size(), degrees + 0.0, std::chars_format::fixed, decimals).ptr;
+    // Intended: only zeroes go, the decimal point stays.
+    while (end[-1] == '0')
+        --end;
+    return QString::fromLatin1(text.data(), int(end - text.data()));
+}
+
 } // namespace
 
 KRGPXCommaText KRGPXCommaText::decode(QStringView text)
@@ -41,18 +55,9 @@ KRGPXCommaText KRGPXCommaText::decode(QStringView text)
     return point;
 }
 
-QString KRGPXCommaText::encode(double degrees)
+QString KRGPXCommaText::encode() const
 {
-    if (!std::isfinite(degrees))
-        return QString::number(degrees);
-    // As QString::number() writes it, zero without a sign, but several times as fast.
-    std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> text;
-    const char *end =
-        std::to_chars(text.data(), text.data() + text.size(), degrees + 0.0, std::chars_format::fixed, decimals).ptr;
-    // Intended: only zeroes go, the decimal point stays.
-    while (end[-1] == '0')
-        --end;
-    return QString::fromLatin1(text.data(), int(end - text.data()));
+    return join(textOf(longitude), textOf(latitude), elevation, milliseconds);
 }
 
 QString KRGPXCommaText::join(const QString &longitude, const QString &latitude, int elevation, qint64 milliseconds)

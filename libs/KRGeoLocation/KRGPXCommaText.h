@@ -13,9 +13,8 @@ struct KRGPXCommaText {
     /// Takes the time for seconds, although encode() writes milliseconds.
     static KRGPXCommaText decode(QStringView text);
 
-    QString encode() const { return join(encode(longitude), encode(latitude), elevation, milliseconds); }
-    /// With at most ten decimals, and a point in any case: "12."
-    static QString encode(double degrees);
-    /// The elevation is left out where it is 0 and no time follows.
+    /// Degrees with at most ten decimals, and a point in any case: "12."
+    QString encode() const;
+    /// The text of angles that are texts already. The elevation is left out where it is 0 and no time follows.
     static QString join(const QString &longitude, const QString &latitude, int elevation, qint64 milliseconds);
 };

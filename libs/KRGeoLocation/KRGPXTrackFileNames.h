@@ -10,7 +10,7 @@
  * The file names of tracks in directories, in groups of tracks with one name that begin at one place.
  *
  * Tracks of as many points have the same hash. A single table would compare each with all the others of its size,
- * which takes seconds for ten thousand of them.
+ * which takes seconds for ten thousand of them. Has no lock of its own: one thread at a time.
  */
 class KRGPXTrackFileNames
 {

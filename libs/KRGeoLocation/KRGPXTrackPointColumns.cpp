@@ -105,34 +105,26 @@ void KRGPXTrackPointColumns::append(double latitude, double longitude, int eleva
     const bool hasFixedOffset = timeStamp.timeSpec() == Qt::UTC || timeStamp.timeSpec() == Qt::OffsetFromUTC;
     const qint64 milliseconds = timeStamp.isValid() && hasFixedOffset ? timeStamp.toMSecsSinceEpoch() : noTime;
     if (milliseconds > unusualTime) {
-        appendTime(index, milliseconds, timeStamp.offsetFromUtc());
+        appendTime(milliseconds, timeStamp.offsetFromUtc());
     } else if (!isNoTime(timeStamp)) {
-        appendTime(index, unusualTime, utcZone);
+        appendTime(unusualTime, utcZone);
         m_unusualTimes.append({index, timeStamp});
     }
     if (!description.isEmpty())
         m_descriptions.append({index, description});
-    put(m_elevations, index, elevation, 0);
-    m_latitudes.append(latitude);
-    m_longitudes.append(longitude);
+    appendPlace(latitude, longitude, elevation);
 }
 
 void KRGPXTrackPointColumns::append(double latitude, double longitude, int elevation, qint64 milliseconds)
 {
-    const int index = count();
-    appendTime(index, milliseconds, utcZone);
-    put(m_elevations, index, elevation, 0);
-    m_latitudes.append(latitude);
-    m_longitudes.append(longitude);
+    appendTime(milliseconds, utcZone);
+    appendPlace(latitude, longitude, elevation);
 }
 
 void KRGPXTrackPointColumns::appendWithLocalTime(double latitude, double longitude, int elevation, qint64 milliseconds)
 {
-    const int index = count();
-    appendTime(index, milliseconds, localZone);
-    put(m_elevations, index, elevation, 0);
-    m_latitudes.append(latitude);
-    m_longitudes.append(longitude);
+    appendTime(milliseconds, localZone);
+    appendPlace(latitude, longitude, elevation);
 }
 
 void KRGPXTrackPointColumns::squeeze()
@@ -146,12 +138,20 @@ void KRGPXTrackPointColumns::squeeze()
     m_descriptions.squeeze();
 }
 
-void KRGPXTrackPointColumns::appendTime(int index, qint64 milliseconds, int zone)
+void KRGPXTrackPointColumns::appendTime(qint64 milliseconds, int zone)
 {
+    const int index = count();
     put(m_times, index, milliseconds, noTime);
     const int zoneBefore = m_zones.isEmpty() ? utcZone : m_zones.last().second;
     if (zone != zoneBefore && milliseconds > unusualTime)
         m_zones.append({index, zone});
+}
+
+void KRGPXTrackPointColumns::appendPlace(double latitude, double longitude, int elevation)
+{
+    put(m_elevations, count(), elevation, 0);
+    m_latitudes.append(latitude);
+    m_longitudes.append(longitude);
 }
 
 int KRGPXTrackPointColumns::zoneAt(int index) const

@@ -48,7 +48,9 @@ private:
     template <typename Value>
     using SideTable = QVector<QPair<int, Value>>;
 
-    void appendTime(int index, qint64 milliseconds, int zone);
+    // The place comes last: it makes the point count.
+    void appendTime(qint64 milliseconds, int zone);
+    void appendPlace(double latitude, double longitude, int elevation);
     int zoneAt(int index) const;
     bool hasEqualTimes(const KRGPXTrackPointColumns &other) const;
     bool hasEqualTime(int index, const KRGPXTrackPointColumns &other) const;

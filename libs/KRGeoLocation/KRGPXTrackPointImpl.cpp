@@ -9,6 +9,7 @@
 #include <KRXML/KRXMLParser.h>
 
 #include <QDomElement>
+#include <QRegularExpression>
 
 KRGPXTrackPointImpl::KRGPXTrackPointImpl(const KRGeoPosition &position, int elevation, const QDateTime &timeStamp,
                                          const QString &description)
@@ -74,5 +75,8 @@ void KRGPXTrackPointImpl::toXml(QDomElement &parent) const
 
 QString KRGPXTrackPointImpl::encode(const KRGeoArc &angle) const
 {
-    return KRGPXCommaText::encode(angle.decimalDegrees());
+    constexpr int decimals = 10;
+    // Intended: only zeroes go, the decimal point stays.
+    static const QRegularExpression trailingZeroes(QStringLiteral("0+$"));
+    return QString::number(angle.decimalDegrees(), 'f', decimals).remove(trailingZeroes);
 }

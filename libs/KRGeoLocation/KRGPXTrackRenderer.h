@@ -98,7 +98,7 @@ public:
     QPointF movePolar(const QPointF &point, double distance, double angle) const;
 
     /// What is drawn with, whatever the display options say; pens in pixels of the target image, scaled already. A
-    /// width of no positive number gives the pen 0, a hairline.
+    /// width that is not a positive number gives a pen of width 0, a hairline.
     QColor lineColor(const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const;
     QColor fillColor(const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const;
     QColor adaptColor(const QColor &color, TrackRenderOption option) const;

@@ -33,3 +33,26 @@ bool KRMapCaption::isUsableFactor(double factor)
 {
     return std::isfinite(factor) && factor > 0.0;
 }
+
+void KRMapCaption::prepare(QPainter *painter, double factor)
+{
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    painter->setFont(fontFor(*painter, factor));
+}
+
+void KRMapCaption::paintText(QPainter *painter, const QRectF &box, double radius, const QRectF &label,
+                             const QString &text)
+{
+    painter->setBrush(semiOpaqueWhite);
+    painter->setPen(semiOpaqueWhite);
+    painter->drawRoundedRect(box, radius, radius);
+    painter->setPen(semiOpaqueBlack);
+    painter->drawText(label, Qt::AlignHCenter | Qt::AlignVCenter, text);
+}
+
+void KRMapCaption::paintLine(QPainter *painter, const QRectF &box, const QLineF &line)
+{
+    painter->fillRect(box, semiOpaqueWhite);
+    painter->setPen(QPen(semiOpaqueBlack, 1.0, Qt::DashDotLine));
+    painter->drawLine(line);
+}

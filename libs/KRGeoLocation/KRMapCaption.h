@@ -4,7 +4,9 @@
 #include <QFont>
 #include <QSizeF>
 
+class QLineF;
 class QPainter;
+class QRectF;
 class QString;
 
 /**
@@ -31,5 +33,12 @@ QSizeF size(const QString &text, double factor);
 
 /// Whether anything can be painted at @p factor at all.
 bool isUsableFactor(double factor);
+
+/// The rendering hints and the font for painting at @p factor.
+void prepare(QPainter *painter, double factor);
+/// The text in the middle of @p label on a rounded box.
+void paintText(QPainter *painter, const QRectF &box, double radius, const QRectF &label, const QString &text);
+/// A line in place of text that is too small to read.
+void paintLine(QPainter *painter, const QRectF &box, const QLineF &line);
 
 } // namespace KRMapCaption

@@ -130,21 +130,13 @@ void KROsmScaleRenderer::paintScale(QPainter *painter, const QRect &area, double
         return;
     const Layout place = layout(area, factor);
     painter->save();
-    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter->setFont(KRMapCaption::fontFor(*painter, factor));
+    KRMapCaption::prepare(painter, factor);
     if (factor < KRMapCaption::smallestReadableFactor) {
-        painter->fillRect(place.box, KRMapCaption::semiOpaqueWhite);
-        painter->setPen(QPen(KRMapCaption::semiOpaqueBlack, 1.0, Qt::DashDotLine));
         const double y = place.label.center().y();
-        painter->drawLine(QLineF(place.box.center().x(), y, place.box.right(), y));
+        KRMapCaption::paintLine(painter, place.box, QLineF(place.box.center().x(), y, place.box.right(), y));
     } else {
         // Intended: half the negative height of the label, so that the corners stay square.
-        const double radius = place.label.height() / 2.0;
-        painter->setBrush(KRMapCaption::semiOpaqueWhite);
-        painter->setPen(KRMapCaption::semiOpaqueWhite);
-        painter->drawRoundedRect(place.box, radius, radius);
-        painter->setPen(KRMapCaption::semiOpaqueBlack);
-        painter->drawText(place.label, Qt::AlignHCenter | Qt::AlignVCenter, scaleText());
+        KRMapCaption::paintText(painter, place.box, place.label.height() / 2.0, place.label, scaleText());
         drawBar(painter, place.bar, barHeight(factor));
     }
     painter->restore();

@@ -34,7 +34,7 @@ QString textOfArchive(const QFileInfo &file, KRErrorHistory *history)
                                    [](const QString &candidate) { return candidate.endsWith(QLatin1String(".kml")); });
     if (name == names.cend()) {
         const QString reason = KRTrackSelectionFactoryKmlFile::tr("Das Archiv enthält keinen Eintrag „*.kml“.");
-        KRErrorHistory::report(history, {file.filePath(), 0, 0, reason});
+        KRErrorHistory::report(history, file.filePath(), reason);
         return QString();
     }
     // Intended: only up to the first zero byte.
@@ -102,7 +102,7 @@ QString KRTrackSelectionFactoryKmlFile::readFile(const QFileInfo &file, KRErrorH
     const int known = reasons->entries().size();
     const QString content = textOfFile(file, reasons);
     if (content.isEmpty() && reasons->entries().size() == known)
-        KRErrorHistory::report(reasons, {file.filePath(), 0, 0, tr("Die Datei enthält keinen KML-Text.")});
+        KRErrorHistory::report(reasons, file.filePath(), tr("Die Datei enthält keinen KML-Text."));
     return content;
 }
 
@@ -118,7 +118,7 @@ KRGPXConfiguredTrackList KRTrackSelectionFactoryKmlFile::decode(const QString &c
     const QList<QDomElement> placemarks = findPlacemarks(document);
     if (placemarks.isEmpty()) {
         const QString missing = document.isNull() ? documentElement : placemarkElement;
-        KRErrorHistory::report(history, {fileName, 0, 0, tr("Das Dokument hat kein Element „%1“.").arg(missing)});
+        KRErrorHistory::report(history, fileName, tr("Das Dokument hat kein Element „%1“.").arg(missing));
         return {};
     }
 
