@@ -108,11 +108,15 @@ void waitUntilDrawn(const KRMapView &view)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
 }
 
+void sendMouse(KRMapView *view, QEvent::Type type, const QPointF &pixel, Qt::MouseButton button, Qt::MouseButtons held)
+{
+    QMouseEvent event(type, pixel, view->mapToGlobal(pixel.toPoint()), button, held, Qt::NoModifier);
+    QApplication::sendEvent(view, &event);
+}
+
 void sendMove(KRMapView *view, const QPointF &pixel)
 {
-    QMouseEvent event(QEvent::MouseMove, pixel, view->mapToGlobal(pixel.toPoint()), Qt::NoButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QApplication::sendEvent(view, &event);
+    sendMouse(view, QEvent::MouseMove, pixel, Qt::NoButton, Qt::LeftButton);
 }
 
 void sendWheel(KRMapView *view, int turn)
@@ -168,13 +172,11 @@ int main(int argc, char *argv[])
     QTextStream(stdout) << trackCount << " tracks of " << pointCount << " points, first picture after "
                         << clock.elapsed() << " ms\n";
 
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(800, 500), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&view, &press);
+    sendMouse(&view, QEvent::MouseButtonPress, QPointF(800, 500), Qt::LeftButton, Qt::LeftButton);
     measure(&view, QStringLiteral("dragging"), [&](int frame) {
         sendMove(&view, QPointF(800.0 + 500.0 * std::sin(frame * 0.03), 500.0 + 300.0 * std::sin(frame * 0.02)));
     });
-    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(800, 500), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(&view, &release);
+    sendMouse(&view, QEvent::MouseButtonRelease, QPointF(800, 500), Qt::LeftButton, Qt::NoButton);
     measure(&view, QStringLiteral("zooming"), [&](int frame) { sendWheel(&view, frame / 60 % 2 == 0 ? 30 : -30); });
     measure(&view, QStringLiteral("pointing"), [&](int frame) {
         sendMove(&view, QPointF(800.0 + 700.0 * std::sin(frame * 0.07), 500.0 + 400.0 * std::sin(frame * 0.05)));

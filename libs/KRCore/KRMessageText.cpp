@@ -1,12 +1,13 @@
 #include "KRMessageText.h"
 
 #include <QString>
-#include <QVector>
+
+#include <string>
 
 namespace {
 
 /// Part of many emoji and of Persian and Indian words, and harmless.
-bool joinsLetters(uint character)
+bool joinsLetters(char32_t character)
 {
     return character == 0x200C || character == 0x200D;
 }
@@ -15,10 +16,10 @@ bool joinsLetters(uint character)
 
 QString KRMessageText::printable(const QString &text)
 {
-    QVector<uint> characters = text.toUcs4();
-    for (uint &character : characters) {
+    std::u32string characters = text.toStdU32String();
+    for (char32_t &character : characters) {
         if (!QChar::isPrint(character) && !joinsLetters(character))
-            character = '?';
+            character = U'?';
     }
-    return QString::fromUcs4(characters.constData(), characters.size());
+    return QString::fromStdU32String(characters);
 }

@@ -10,7 +10,6 @@
 #include <QPainter>
 #include <QSemaphore>
 #include <QSignalSpy>
-#include <QTouchDevice>
 #include <QWheelEvent>
 #include <QtTest>
 
@@ -289,7 +288,7 @@ void tst_KRMapView::doubleClickZoomsIn()
 void tst_KRMapView::fingersPinch()
 {
     ShownView view;
-    QTouchDevice *const screen = QTest::createTouchDevice();
+    auto *const screen = QTest::createTouchDevice();
     const double before = view.viewport().worldWidth();
     QTest::touchEvent(&view, screen).press(1, QPoint(350, 300), &view).press(2, QPoint(450, 300), &view);
     for (int i = 1; i <= 10; ++i) {
