@@ -4,6 +4,8 @@ _krrender()
 {
     local current=$2 previous=$3 words=
     COMPREPLY=()
+    # "--option=value" comes in three words.
+    [[ $previous == = ]] && previous=${COMP_WORDS[COMP_CWORD - 2]}
     case $previous in
         --format) words='png jpeg webp svg pdf gpx kml kmz' ;;
         --marker) words='disk circle x block rhombus star6 star9 star12 arrow' ;;
@@ -32,11 +34,11 @@ _krrender()
         return
     fi
     compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -d -- "$current")
     local name
     while IFS= read -r name; do
         case ${name,,} in
             *.gpx | *.kml | *.kmz | *.krroute) COMPREPLY+=("$name") ;;
-            *) [[ -d $name ]] && COMPREPLY+=("$name") ;;
         esac
     done < <(compgen -f -- "$current")
 }
