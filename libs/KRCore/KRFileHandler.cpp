@@ -106,20 +106,33 @@ QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *h
     return QStringList();
 }
 
+bool KRFileHandler::write(QFileDevice *file, const QByteArray &bytes)
+{
+    qint64 count = 0;
+    while (count < bytes.size()) {
+        const qint64 written = file->write(bytes.constData() + count, bytes.size() - count);
+        if (written <= 0)
+            return false;
+        count += written;
+    }
+    return true;
+}
+
 bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history)
 {
+    // Without a buffer, as commit() does not notice when the disk has no room for what is still in one.
+    constexpr QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
     // A pipe or a device takes the bytes; it must not be replaced by a file.
     const bool isChannel = file.exists() && !file.isFile() && !file.isDir();
     if (isChannel) {
         QFile channel(file.filePath());
-        if (channel.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && channel.write(bytes) == bytes.size())
+        if (channel.open(mode) && write(&channel, bytes))
             return true;
         KRErrorHistory::report(history, file.filePath(), channel.errorString());
         return false;
     }
     QSaveFile target(file.filePath());
-    // Flushed here, as commit() does not notice when the disk has no room for what is still in the buffer.
-    if (target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.flush() && target.commit())
+    if (target.open(mode) && write(&target, bytes) && target.commit())
         return true;
     KRErrorHistory::report(history, file.filePath(), target.errorString());
     return false;

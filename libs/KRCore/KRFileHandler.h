@@ -7,6 +7,7 @@
 
 class KRErrorHistory;
 class QFile;
+class QFileDevice;
 class QFileInfo;
 
 /**
@@ -27,6 +28,10 @@ public:
     /// The lines without their ends, decoded as UTF-8, or as UTF-16 where a byte order mark says so. Empty when the
     /// file could not be read, or is larger than KRInputLimits::documentBytes and textLines allow.
     static QStringList readTextFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
+
+    /// Writes all bytes into an open file without a buffer. False when it fails; errorString() knows the reason, which
+    /// it does not after a write that a full disk took only in part.
+    static bool write(QFileDevice *file, const QByteArray &bytes);
 
     /// Writes all bytes; until they are there the old file stays as it was. A pipe or a device gets them as they come.
     /// False when it fails.
