@@ -305,6 +305,8 @@ void KRRenderOptions::readOutput(const QCommandLineParser &parser)
 {
     m_document = parser.value(QStringLiteral("save"));
     m_output = parser.value(QStringLiteral("output"));
+    if (m_output.isEmpty() && !m_document.isEmpty() && parser.isSet(QStringLiteral("format")))
+        complain(tr("--format gilt nicht für --save und braucht daneben „-o“."));
     // Who only wants to save needs no picture.
     if (m_output.isEmpty() && m_document.isEmpty()) {
         const QString first =
@@ -324,14 +326,14 @@ void KRRenderOptions::readFormat(const QCommandLineParser &parser)
 {
     const QString text = parser.value(QStringLiteral("format"));
     const QString name = text.isEmpty() ? m_output : QStringLiteral("x.") + text;
+    if (KRRouteDocument::isDocument(QFileInfo(m_output)))
+        complain(tr("„%1“ ist ein Routendokument; das schreibt „--save“.").arg(m_output));
     m_format = KRPictureFile::formatOf(name);
     if (m_format.isEmpty())
         m_format = KRExchangeFile::formatOf(name);
     if (!parser.isSet(QStringLiteral("format"))) {
         if (writesToStandardOutput())
             m_format = QByteArrayLiteral("png");
-        else if (KRRouteDocument::isDocument(QFileInfo(m_output)))
-            complain(tr("„%1“ ist ein Routendokument; das schreibt „--save“.").arg(m_output));
         else if (!m_output.isEmpty() && m_format.isEmpty())
             complain(tr("„%1“ hat keine bekannte Endung (%2).").arg(m_output, formatNames()));
     } else if (m_format.isEmpty()) {

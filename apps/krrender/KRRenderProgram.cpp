@@ -14,7 +14,6 @@
 #include "KRTrackTable.h"
 
 #include <KRCore/KRFileHandler.h>
-#include <KRCore/KRMessageText.h>
 #include <KRGeoLocation/KRGPXBeelineCreator.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 #include <KRGeoLocation/KRGeoPositionSpan.h>
@@ -23,10 +22,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QTextStream>
 
 #include <algorithm>
-#include <cstdio>
 #include <unistd.h>
 
 namespace {
@@ -43,21 +40,14 @@ bool hasPosition(const KRGPXTrackElement &track)
     return isFound;
 }
 
-void printLine(FILE *stream, const QString &text)
-{
-    const QByteArray bytes = KRMessageText::printable(text).toLocal8Bit();
-    std::fprintf(stream, "%s\n", bytes.constData());
-    std::fflush(stream);
-}
-
 } // namespace
 
 int KRRenderProgram::run()
 {
     switch (m_options.task()) {
     case KRRenderOptions::Task::Complain:
-        printLine(stderr, QStringLiteral("krrender: ") + m_options.problem());
-        printLine(stderr, tr("„krrender --help“ nennt alle Möglichkeiten."));
+        m_console.complain(m_options.problem());
+        m_console.print(tr("„krrender --help“ nennt alle Möglichkeiten."));
         return WrongUsage;
     case KRRenderOptions::Task::PrintHelp:
         return print(m_options.helpText().toLocal8Bit());
@@ -86,17 +76,17 @@ int KRRenderProgram::run()
 QString KRRenderProgram::writeToStandardOutput(const QByteArray &bytes)
 {
     QFile out;
-    if (out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) && out.write(bytes) == bytes.size())
+    if (out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) && KRFileHandler::write(&out, bytes))
         return QString();
     return tr("Die Standardausgabe nimmt das Ergebnis nicht an.") + QLatin1Char(' ') + out.errorString();
 }
 
-int KRRenderProgram::print(const QByteArray &bytes) const
+int KRRenderProgram::print(const QByteArray &bytes)
 {
     const QString problem = writeToStandardOutput(bytes);
     if (problem.isEmpty())
         return codeOfImport();
-    printLine(stderr, QStringLiteral("krrender: ") + problem);
+    m_console.complain(problem);
     return WrongUsage;
 }
 
@@ -118,10 +108,10 @@ int KRRenderProgram::writeFiles(const KRGPXTrackSelection &tracks)
     return code;
 }
 
-int KRRenderProgram::save(const KRGPXTrackSelection &tracks) const
+int KRRenderProgram::save(const KRGPXTrackSelection &tracks)
 {
     if (tracks.isEmpty()) {
-        printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu schreiben."));
+        m_console.complain(tr("Es gibt nichts zu schreiben."));
         return SomethingLeftOut;
     }
     KRRouteDocument document;
@@ -130,14 +120,14 @@ int KRRenderProgram::save(const KRGPXTrackSelection &tracks) const
     if (document.save(QFileInfo(m_options.document()), &history))
         return AllDone;
     for (const KRErrorHistory::Entry &problem : history.entries())
-        printLine(stderr, QStringLiteral("krrender: ") + problem.toString());
+        m_console.complain(problem.toString());
     return WrongUsage;
 }
 
 int KRRenderProgram::exchange(const KRGPXTrackSelection &tracks)
 {
     if (tracks.isEmpty()) {
-        printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu schreiben."));
+        m_console.complain(tr("Es gibt nichts zu schreiben."));
         return SomethingLeftOut;
     }
     return write(KRExchangeFile::encode(tracks.tracks(), m_options.format(), title(tracks)));
@@ -154,29 +144,31 @@ void KRRenderProgram::readRoutes()
     QElapsedTimer timer;
     timer.start();
     m_import.setProgressFunction([this](const QString &fileName, int number, int count) {
-        showProgress(tr("%1/%2 %3 wird gelesen").arg(QString::number(number), QString::number(count), fileName));
+        m_console.showProgress(
+            tr("%1/%2 %3 wird gelesen").arg(QString::number(number), QString::number(count), fileName));
     });
     m_import.setPlain(m_options.isPlain());
     m_import.setSplitSegments(m_options.splitsSegments());
     m_import.read(m_options.inputs());
+    m_console.clearProgress();
     for (const KRErrorHistory::Entry &problem : m_import.problems().entries())
-        printLine(stderr, QStringLiteral("krrender: ") + problem.toString());
+        m_console.complain(problem.toString());
     for (const KRImportReport &report : m_import.reports())
         printReport(report);
     if (m_options.isVerbose())
-        say(tr("%1 Routen, in %2 ms gelesen").arg(m_import.tracks().size()).arg(timer.elapsed()));
+        m_console.say(tr("%1 Routen, in %2 ms gelesen").arg(m_import.tracks().size()).arg(timer.elapsed()));
 }
 
-void KRRenderProgram::printReport(const KRImportReport &report) const
+void KRRenderProgram::printReport(const KRImportReport &report)
 {
     const QString fileName = QStringLiteral("krrender: ") + report.fileName();
-    say(QStringLiteral("%1: %2").arg(fileName, report.summary()));
+    m_console.say(QStringLiteral("%1: %2").arg(fileName, report.summary()));
     if (!m_options.isVerbose())
         return;
     for (const KRImportReport::Item &item : report.items()) {
         const QString place =
             item.line > 0 ? QStringLiteral("%1:%2").arg(fileName, QString::number(item.line)) : fileName;
-        say(QStringLiteral("%1: %2").arg(place, KRImportReport::describe(item)));
+        m_console.say(QStringLiteral("%1: %2").arg(place, KRImportReport::describe(item)));
     }
 }
 
@@ -209,7 +201,7 @@ int KRRenderProgram::countOfUndrawn(const KRGPXTrackSelection &selection)
         if (hasPosition(track))
             continue;
         ++count;
-        printLine(stderr, QStringLiteral("krrender: ") + tr("Die Route „%1“ hat keine Position.").arg(track.name()));
+        m_console.complain(tr("Die Route „%1“ hat keine Position.").arg(track.name()));
     }
     return count;
 }
@@ -226,7 +218,7 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
         area = covered.padded();
     }
     if (!area.isValid() || tracks.isEmpty()) {
-        printLine(stderr, QStringLiteral("krrender: ") + tr("Es gibt nichts zu zeichnen."));
+        m_console.complain(tr("Es gibt nichts zu zeichnen."));
         return SomethingLeftOut;
     }
 
@@ -236,7 +228,7 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
 
     QElapsedTimer timer;
     timer.start();
-    showProgress(tr("Die Karte wird gezeichnet"));
+    m_console.showProgress(tr("Die Karte wird gezeichnet"));
     const std::unique_ptr<KRMapGround> ground = createGround(mapPicture, area);
     if (ground == nullptr && m_options.ground() != KRRenderOptions::Ground::None)
         return SomethingLeftOut;
@@ -250,13 +242,13 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     composition.setLabels(m_options.hasLabels());
     const QByteArray bytes = KRPictureFile::encode(composition, m_options.format(), title(tracks));
     if (m_options.isVerbose())
-        say(tr("in %1 ms gezeichnet").arg(timer.elapsed()));
+        m_console.say(tr("in %1 ms gezeichnet").arg(timer.elapsed()));
     const bool isWhole = undrawn == 0 && patientGround.gaps().count == 0;
     reportGaps(patientGround.gaps());
     return std::max<int>(write(bytes), isWhole ? AllDone : SomethingLeftOut);
 }
 
-std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture, const KRGeoPositionRect &area) const
+std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture, const KRGeoPositionRect &area)
 {
     switch (m_options.ground()) {
     case KRRenderOptions::Ground::BaseMap:
@@ -271,11 +263,11 @@ std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture
     return nullptr;
 }
 
-std::unique_ptr<KRMapGround> KRRenderProgram::createTileGround() const
+std::unique_ptr<KRMapGround> KRRenderProgram::createTileGround()
 {
     auto ground = std::make_unique<KRTileGround>(m_options.tiles());
     if (!ground->problem().isEmpty()) {
-        printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.tiles(), ground->problem()));
+        m_console.complain(QStringLiteral("%1: %2").arg(m_options.tiles(), ground->problem()));
         return nullptr;
     }
     if (!m_options.tilesCredit().isEmpty())
@@ -283,28 +275,28 @@ std::unique_ptr<KRMapGround> KRRenderProgram::createTileGround() const
     return ground;
 }
 
-void KRRenderProgram::reportGaps(const KRMapGaps &gaps) const
+void KRRenderProgram::reportGaps(const KRMapGaps &gaps)
 {
     if (gaps.count == 0)
         return;
     const QString message = tr("Fehlende Kacheln: %1. %2").arg(QString::number(gaps.count), gaps.reason);
-    printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.tiles(), message));
+    m_console.complain(QStringLiteral("%1: %2").arg(m_options.tiles(), message));
 }
 
-QImage KRRenderProgram::readMapPicture() const
+QImage KRRenderProgram::readMapPicture()
 {
     if (m_options.ground() != KRRenderOptions::Ground::Picture)
         return QImage();
     KRErrorHistory history;
     const QImage picture = KRPictureReader::read(QFileInfo(m_options.mapFile()), &history);
     for (const KRErrorHistory::Entry &problem : history.entries())
-        printLine(stderr, QStringLiteral("krrender: ") + problem.toString());
+        m_console.complain(problem.toString());
     return picture;
 }
 
 int KRRenderProgram::write(const QByteArray &bytes)
 {
-    showProgress(QString());
+    m_console.clearProgress();
     KRErrorHistory history;
     QString problem;
     if (bytes.isNull())
@@ -317,25 +309,9 @@ int KRRenderProgram::write(const QByteArray &bytes)
         problem = history.entries().first().reason;
     if (problem.isEmpty()) {
         if (m_options.isVerbose())
-            say(m_options.output());
+            m_console.say(m_options.output());
         return AllDone;
     }
-    printLine(stderr, QStringLiteral("krrender: %1: %2").arg(m_options.output(), problem));
+    m_console.complain(QStringLiteral("%1: %2").arg(m_options.output(), problem));
     return WrongUsage;
-}
-
-void KRRenderProgram::say(const QString &message) const
-{
-    if (!m_options.isQuiet())
-        printLine(stderr, message);
-}
-
-void KRRenderProgram::showProgress(const QString &message) const
-{
-    // One line that is written over again and again; nothing of it may stand in a file.
-    if (m_options.isQuiet() || m_options.isVerbose() || !isatty(STDERR_FILENO))
-        return;
-    const QByteArray bytes = KRMessageText::printable(message).toLocal8Bit();
-    std::fprintf(stderr, "\r\033[K%s", bytes.constData());
-    std::fflush(stderr);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KRConsole.h"
 #include "KRRenderOptions.h"
 #include "KRRouteImport.h"
 
@@ -26,32 +27,33 @@ public:
         WrongUsage = 2, ///< wrong options, or the output cannot be written
     };
 
-    explicit KRRenderProgram(const KRRenderOptions &options) : m_options(options) { }
+    explicit KRRenderProgram(const KRRenderOptions &options)
+        : m_options(options), m_console(options.isQuiet(), options.isVerbose())
+    { }
 
     int run();
 
 private:
     void readRoutes();
-    void printReport(const KRImportReport &report) const;
+    void printReport(const KRImportReport &report);
     int codeOfImport() const;
     /// The reason of a failure for the user, empty without one.
     static QString writeToStandardOutput(const QByteArray &bytes);
-    int print(const QByteArray &bytes) const;
+    int print(const QByteArray &bytes);
     int writeFiles(const KRGPXTrackSelection &tracks);
-    int save(const KRGPXTrackSelection &tracks) const;
+    int save(const KRGPXTrackSelection &tracks);
     int exchange(const KRGPXTrackSelection &tracks);
     int draw(const KRGPXTrackSelection &tracks);
     QString title(const KRGPXTrackSelection &tracks) const;
-    std::unique_ptr<KRMapGround> createGround(const QImage &picture, const KRGeoPositionRect &area) const;
-    std::unique_ptr<KRMapGround> createTileGround() const;
-    void reportGaps(const KRMapGaps &gaps) const;
-    QImage readMapPicture() const;
+    std::unique_ptr<KRMapGround> createGround(const QImage &picture, const KRGeoPositionRect &area);
+    std::unique_ptr<KRMapGround> createTileGround();
+    void reportGaps(const KRMapGaps &gaps);
+    QImage readMapPicture();
     int write(const QByteArray &bytes);
     KRGPXTrackSelection selection() const;
     int countOfUndrawn(const KRGPXTrackSelection &selection);
-    void say(const QString &message) const;
-    void showProgress(const QString &message) const;
 
     KRRenderOptions m_options;
+    KRConsole m_console;
     KRRouteImport m_import;
 };

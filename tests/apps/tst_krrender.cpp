@@ -42,6 +42,7 @@ private slots:
     void outputThatCannotBeWritten();
     void standardOutputThatTakesNothing();
     void fullDiskKeepsTheOldFiles();
+    void progressLeavesNoTrace();
     void languageFollowsTheLocale();
     void furnitureStandsOnEveryMap();
     void beelinesAndPlaces();
@@ -369,6 +370,8 @@ void tst_krrender::wrongUsage_data()
     row("unknown format", QStringLiteral("-o x.bmp x.gpx"), "x.bmp");
     row("unknown format by option", QStringLiteral("-o - --format bmp x.gpx"), "bmp");
     row("document as a picture", QStringLiteral("-o x.krroute x.gpx"), "--save");
+    row("document as a picture with a format", QStringLiteral("-o x.krroute --format png x.gpx"), "--save");
+    row("format of a document", QStringLiteral("--save x.krroute --format gpx x.gpx"), "-o");
     row("picture as a document", QStringLiteral("--save x.png x.gpx"), "-o");
     row("over the input", QStringLiteral("-o ./x.png x.png"), "x.png");
 }
@@ -513,7 +516,7 @@ void tst_krrender::standardOutputThatTakesNothing()
 void tst_krrender::fullDiskKeepsTheOldFiles()
 {
     const QByteArray old = "what was there before";
-    const QString fullDisk = QStringLiteral("ulimit -f 1; \"$0\" \"$@\"");
+    const QString fullDisk = QStringLiteral("export LC_ALL=C.utf8; ulimit -f 1; \"$0\" \"$@\"");
     for (const char *suffix : {"png", "jpg", "webp", "svg", "pdf", "gpx", "kml", "kmz", "krroute"}) {
         const QString file = write(QLatin1String("a.") + QLatin1String(suffix), old);
         const QString option =
@@ -522,11 +525,34 @@ void tst_krrender::fullDiskKeepsTheOldFiles()
             runFrom(fullDisk, {option, file, QStringLiteral("--size"), QStringLiteral("300x200"), sample(tour)});
         QVERIFY2(outcome.exitCode == 2, qPrintable(file + outcome.err));
         // The name of the file, or of one of its tracks, and a reason.
-        QVERIFY2(outcome.err.contains(QRegularExpression(QStringLiteral("^krrender: .*/(a|track)\\.[a-z]+: .+\n$"))),
+        QVERIFY2(outcome.err.contains(
+                     QRegularExpression(QStringLiteral("^krrender: .*/(a|track)\\.[a-z]+: File too large\n$"))),
                  qPrintable(outcome.err));
         QFile now(file);
         QVERIFY(now.open(QIODevice::ReadOnly));
         QCOMPARE(now.readAll(), old);
+    }
+    const Outcome redirected =
+        runFrom(fullDisk + QStringLiteral(" >a.png"), {QStringLiteral("-o"), QStringLiteral("-"), sample(tour)});
+    QVERIFY2(redirected.exitCode == 2 && redirected.err.endsWith(QLatin1String("File too large\n")),
+             qPrintable(redirected.err));
+}
+
+void tst_krrender::progressLeavesNoTrace()
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("script")).isEmpty())
+        QSKIP("nothing here that makes a terminal");
+    write(QStringLiteral("x.kml"), "<kml><NetworkLink/><Placemark><Point><coordinates>8,53</coordinates></Point>"
+                                   "</Placemark></kml>");
+    const QString onTerminal = QStringLiteral("script -qec \"'$0' $* x.kml\" /dev/null");
+    for (const char *options : {"--list", "--size 40x30", "--save a.krroute", "-o missing/a.png"}) {
+        const Outcome outcome = runFrom(onTerminal, {QLatin1String(options)});
+        QVERIFY2(outcome.out.contains("x.kml wird gelesen"), outcome.out.constData());
+        const QStringList lines = QString::fromUtf8(outcome.out).split(QLatin1Char('\n'));
+        for (const QString &line : lines) {
+            const QString seen = line.section(QStringLiteral("\r\033[K"), -1);
+            QVERIFY2(!seen.contains(QLatin1String(" wird ")), qPrintable(QLatin1String(options) + line));
+        }
     }
 }
 
