@@ -10,8 +10,7 @@
 
 /**
  * Tiles in an MBTiles file: an SQLite database with the tables or views "tiles" and "metadata", rows counted from the
- * south. It is only read, within
- * KRInputLimits.
+ * south. It is only read, within KRInputLimits.
  */
 class KRTileMbtilesSource : public KRTileSource
 {
