@@ -15,13 +15,10 @@
 
 namespace {
 
-// Paths of fewer elements that are shorter as well are drawn as a whole. Measured, for our rasteriser and for tiles.
-struct Shortness {
-    int elements;
-    double lengthPx;
-};
-constexpr Shortness shortForRaster{20, 500.0};
-constexpr Shortness shortForTiles{300, 5000.0};
+// Paths of fewer elements that are shorter as well are drawn as a whole, where there is no rasteriser of our own for
+// them. Measured.
+constexpr int fewElements = 300;
+constexpr double shortLengthPx = 5000.0;
 
 // Areas of fewer corners are filled as a whole. Measured.
 constexpr int fewCorners = 10000;
@@ -81,11 +78,15 @@ const QImage *imageOf(const QPainter *painter)
 }
 
 // Pens up to a pixel wide are drawn line by line, faster than anything here. Miters reach anywhere.
-bool isPenForTiles(const QPen &pen, const Stretch &stretch)
+bool isWidePen(const QPen &pen, const Stretch &stretch)
 {
-    return pen.style() == Qt::SolidLine && pen.brush().style() == Qt::SolidPattern && !pen.isCosmetic()
-           && pen.widthF() * stretch.least > 1.0
+    return pen.brush().style() == Qt::SolidPattern && !pen.isCosmetic() && pen.widthF() * stretch.least > 1.0
            && (pen.joinStyle() == Qt::RoundJoin || pen.joinStyle() == Qt::BevelJoin);
+}
+
+bool isDashed(const QPen &pen)
+{
+    return pen.style() >= Qt::DashLine && pen.style() <= Qt::DashDotDotLine;
 }
 
 double reachOf(const QPen &pen, const Stretch &stretch)
@@ -94,16 +95,16 @@ double reachOf(const QPen &pen, const Stretch &stretch)
     return pen.widthF() / 2.0 * corner * stretch.most + softEdgePx;
 }
 
-bool isLong(const QPainterPath &path, const QTransform &transform, const Shortness &shortness)
+bool isLong(const QPainterPath &path, const QTransform &transform)
 {
-    if (path.elementCount() >= shortness.elements)
+    if (path.elementCount() >= fewElements)
         return true;
     double length = 0.0;
-    for (int i = 1; i < path.elementCount() && length < shortness.lengthPx; ++i)
+    for (int i = 1; i < path.elementCount() && length < shortLengthPx; ++i)
         if (!path.elementAt(i).isMoveTo())
             length += (transform.map(QPointF(path.elementAt(i))) - transform.map(QPointF(path.elementAt(i - 1))))
                           .manhattanLength();
-    return length >= shortness.lengthPx;
+    return length >= shortLengthPx;
 }
 
 /**
@@ -164,6 +165,13 @@ bool paintOutline(const QPainterPath &outline, const QTransform &transform, cons
     return true;
 }
 
+QPainterPath linesInSight(const QPainterPath &path, const QTransform &transform, double reach, const QSize &size)
+{
+    QPainterPath lines;
+    KRGPXPathTiles(path, transform, reach, size, std::max(size.width(), size.height())).appendLines(0, &lines);
+    return lines;
+}
+
 /// Half of a length, in whole small parts.
 int halfOf(int length)
 {
@@ -204,20 +212,22 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
     const Stretch stretch = stretchOf(transform);
     const QImage *const image = imageOf(painter);
     const bool usesRaster = image && isForRaster(painter, image);
-    if (!image || !isPenForTiles(pen, stretch) || !hasLinesOnly(path) || !hasJoin(path)
-        || !isLong(path, transform, usesRaster ? shortForRaster : shortForTiles)) {
+    // In tiles nobody would know where the dashes begin.
+    const bool isKnownPen = isWidePen(pen, stretch) && (pen.style() == Qt::SolidLine || (usesRaster && isDashed(pen)));
+    if (!image || !isKnownPen || !hasLinesOnly(path) || !hasJoin(path) || (!usesRaster && !isLong(path, transform))) {
         painter->drawPath(path);
         return;
     }
     KRVectorRegisters::releaseUpperHalves();
     const double reach = reachOf(pen, stretch);
     if (usesRaster) {
-        const int wholeImage = std::max(image->width(), image->height());
-        const KRGPXPathTiles inSight(path, transform, reach, image->size(), wholeImage);
-        QPainterPath lines;
-        inSight.appendLines(0, &lines);
+        const QPainterPath lines = isDashed(pen) ? path : linesInSight(path, transform, reach, image->size());
         if (paintOutline(QPainterPathStroker(pen).createStroke(lines), transform, pen.color(), image))
             return;
+    }
+    if (isDashed(pen)) {
+        painter->drawPath(path);
+        return;
     }
     const KRGPXPathTiles tiles(path, transform, reach, image->size(), tileSize);
     PiecePainter pieces(painter, image);

@@ -186,10 +186,13 @@ void KRGPXPathRaster::add(const QPainterPath &outline, const QTransform &transfo
 // Level edges, and those above, below and to the right of the image, decide about nothing in it.
 void KRGPXPathRaster::addEdge(const Point &from, const Point &to)
 {
-    const bool isSeen = from.y != to.y && std::max(from.y, to.y) > 0
-                        && std::min(from.y, to.y) < m_size.height() * subpixels
-                        && std::min(from.x, to.x) < m_size.width() * subpixels;
-    if (isSeen)
+    const bool isBeside =
+        from.y != to.y && std::max(from.y, to.y) > 0 && std::min(from.y, to.y) < m_size.height() * subpixels;
+    if (!isBeside)
+        return;
+    m_left = std::min({m_left, from.x, to.x});
+    m_right = std::max({m_right, from.x, to.x});
+    if (std::min(from.x, to.x) < m_size.width() * subpixels)
         m_edges.push_back({from, to});
 }
 
@@ -218,10 +221,17 @@ std::vector<std::size_t> KRGPXPathRaster::sortIntoBands(std::vector<std::size_t>
 
 void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
 {
+    if (m_edges.empty())
+        return;
     std::vector<std::size_t> starts;
     const std::vector<std::size_t> sorted = sortIntoBands(&starts);
+    const int firstColumn = std::max(0, pixelOf(m_left));
+    const int lastColumn = std::min(m_size.width() - 1, std::max(firstColumn, pixelOf(m_right)));
+    const auto moved = [left = firstColumn * subpixels](const Edge &edge) {
+        return Edge{{edge.from.x - left, edge.from.y}, {edge.to.x - left, edge.to.y}};
+    };
     Band band;
-    band.width = m_size.width();
+    band.width = lastColumn - firstColumn + 1;
     band.cells.assign(std::size_t(bandRows) * std::size_t(band.width + 1), {0, 0});
     band.first.assign(bandRows, std::numeric_limits<int>::max());
     band.last.assign(bandRows, -1);
@@ -229,10 +239,10 @@ void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
         band.firstRow = int(i) * bandRows;
         band.endRow = std::min(band.firstRow + bandRows, m_size.height());
         for (std::size_t edge = starts[i]; edge < starts[i + 1]; ++edge)
-            addEdge(&band, m_edges[sorted[edge]]);
+            addEdge(&band, moved(m_edges[sorted[edge]]));
         for (int row = band.firstRow; row < band.endRow; ++row)
-            paintRow(&band, row - band.firstRow, reinterpret_cast<QRgb *>(pixels + std::ptrdiff_t(row) * bytesPerLine),
-                     color);
+            paintRow(&band, row - band.firstRow,
+                     reinterpret_cast<QRgb *>(pixels + std::ptrdiff_t(row) * bytesPerLine) + firstColumn, color);
     }
 }
 

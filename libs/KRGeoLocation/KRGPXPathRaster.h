@@ -7,6 +7,7 @@
 #include <QTransform>
 
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 class QImage;
@@ -57,7 +58,7 @@ private:
         std::uint32_t height;
         std::uint32_t area;
     };
-    /// Some rows of the image, with one cell more in front of each for all that lies to the left.
+    /// Some rows of the touched columns, with one cell more in front of each for all that lies to the left.
     struct Band;
 
     void addEdge(const Point &from, const Point &to);
@@ -68,4 +69,7 @@ private:
 
     QSize m_size;
     std::vector<Edge> m_edges;
+    // how far the outline reaches in the rows of the image, in 1/256 pixels
+    int m_left = std::numeric_limits<int>::max();
+    int m_right = std::numeric_limits<int>::min();
 };

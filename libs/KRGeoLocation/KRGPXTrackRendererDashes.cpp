@@ -17,7 +17,10 @@
 namespace {
 
 constexpr double finestPeriodPx = 1.0;
+// A longer path is cut.
 constexpr double mostPeriods = 10000.0;
+// So many dashes in sight of one path lie upon each other, and take a second.
+constexpr double mostDashes = 200000.0;
 
 // The length of dashes and gaps after which they repeat; 0 for a solid pen.
 double periodOf(const QPen &pen)
@@ -89,14 +92,17 @@ QPainterPath cutTo(const QRectF &area, const QPainterPath &path, double period)
 void KRGPXTrackRendererDashes::drawPath(QPainter *painter, const QPainterPath &path)
 {
     const double period = periodOf(painter->pen());
+    const bool isDashed = period > 0.0;
     const bool isRecorded = painter->paintEngine()->type() == QPaintEngine::Picture; // knows no size
-    if (period > 0.0 && period < finestPeriodPx) {
+    const bool isCut = isDashed && !isRecorded && path.length() > period * mostPeriods;
+    const QPainterPath dashed = isCut ? cutTo(wideView(painter), path, period) : path;
+    const bool isTooFine = isDashed && (period < finestPeriodPx || (isCut && dashed.length() > period * mostDashes));
+    painter->save();
+    if (isTooFine) {
         QPen solidPen = painter->pen();
         solidPen.setStyle(Qt::SolidLine);
-        painter->strokePath(path, solidPen);
-    } else if (period > 0.0 && !isRecorded && path.length() > period * mostPeriods) {
-        painter->drawPath(cutTo(wideView(painter), path, period));
-    } else {
-        KRGPXPathPainter::drawPath(painter, path);
+        painter->setPen(solidPen);
     }
+    KRGPXPathPainter::drawPath(painter, isTooFine ? path : dashed);
+    painter->restore();
 }

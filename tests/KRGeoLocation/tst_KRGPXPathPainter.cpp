@@ -192,7 +192,9 @@ void tst_KRGPXPathPainter::lines()
              {roundPen(10.0), roundPen(10.0, 100), roundPen(3.3, 100), roundPen(70.0, 100), roundPen(1.5),
               roundPen(1.0, 100), roundPen(0.0, 100), QPen(Qt::blue, 8.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin),
               QPen(Qt::blue, 8.0, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin),
-              QPen(Qt::blue, 4.0, Qt::DashLine, Qt::RoundCap, Qt::RoundJoin)}) {
+              QPen(Qt::blue, 4.0, Qt::DashLine, Qt::RoundCap, Qt::RoundJoin),
+              QPen(QColor(0, 0, 255, 90), 7.0, Qt::DashDotLine, Qt::FlatCap, Qt::BevelJoin),
+              QPen(Qt::blue, 4.0, Qt::NoPen)}) {
             const auto setPen = [&](QPainter *p) { p->setPen(pen); };
             const QImage expected = painted(setPen, [&](QPainter *p) { p->drawPath(path); });
             const QImage seen = painted(setPen, [&](QPainter *p) { KRGPXPathPainter::drawPath(p, path); });

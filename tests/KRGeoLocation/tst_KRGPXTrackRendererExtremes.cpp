@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrackRenderer.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXTrackConfiguration.h>
@@ -114,6 +115,11 @@ private:
     std::vector<int> m_sums;
 };
 
+int alphaInTheMiddle(const QImage &image)
+{
+    return qAlpha(image.pixel(image.width() / 2, image.height() / 2));
+}
+
 QImage blank(const QSize &size)
 {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
@@ -161,23 +167,24 @@ double wrapped(double longitude)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Places)
-
 class tst_KRGPXTrackRendererExtremes : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void lawsHold_data();
     void lawsHold();
-    void turnedWorldLooksTheSame_data();
     void turnedWorldLooksTheSame();
-    void everyRoundIsDrawn();
+    void extremePens();
+
+private:
+    static void checkLaws(const Places &places, KRGPXTrackShapeEnum shape, const Area &area, const QSize &size,
+                          const QByteArray &areaName);
+    static void checkTurnedWorlds(int shape, int legs, double longestStep, int marker, int smoothingStrength,
+                                  int tolerance);
 };
 
-void tst_KRGPXTrackRendererExtremes::lawsHold_data()
+void tst_KRGPXTrackRendererExtremes::lawsHold()
 {
-    QTest::addColumn<Places>("places");
     Places ring, rounds, betweenPoles, overDateLine;
     for (int i = -18; i <= 18; ++i)
         ring << Degrees{0.0, i * 10.0};
@@ -186,26 +193,23 @@ void tst_KRGPXTrackRendererExtremes::lawsHold_data()
         betweenPoles << Degrees{i % 2 == 0 ? 90.0 : -90.0, i * 1.2 - 180.0};
         overDateLine << Degrees{i * 0.5 - 75.0, i % 2 == 0 ? 179.0 : -179.0};
     }
-    QTest::newRow("nothing") << Places{};
-    QTest::newRow("one point") << Places{{10, 20}};
-    QTest::newRow("the same point twice") << Places{{10, 20}, {10, 20}};
-    QTest::newRow("two points") << Places{{10, 20}, {-30, 100}};
-    QTest::newRow("from pole to pole") << Places{{90, 10}, {-90, 10}};
-    QTest::newRow("over the pole") << Places{{60, 10}, {90, 100}, {60, -120}};
-    QTest::newRow("along the date line") << Places{{60, 180}, {-60, 180}, {-70, -180}, {70, -180}};
-    QTest::newRow("around the equator") << ring;
-    QTest::newRow("around and around") << rounds;
-    QTest::newRow("between the poles") << betweenPoles;
-    QTest::newRow("across the date line") << overDateLine;
-    QTest::newRow("the whole world") << Places{{-90, -180}, {-90, 180}, {90, 180}, {90, -180}, {-90, -180}};
-    QTest::newRow("not valid") << Places{{720, 720}, {10, 20}, {91, 200}, {30, 40}};
-    QTest::newRow("not finite") << Places{{notANumber, 0}, {0, infinity}, {10, 20}, {infinity, -infinity}, {30, 40}};
-    QTest::newRow("absurd") << Places{{greatest, -greatest}, {10, 20}, {-1e300, 1e18}, {1e-310, 1e-310}, {30, 40}};
-}
-
-void tst_KRGPXTrackRendererExtremes::lawsHold()
-{
-    QFETCH(Places, places);
+    const KRTestTable<Places> table{
+        {"nothing", {}},
+        {"one point", {{10, 20}}},
+        {"the same point twice", {{10, 20}, {10, 20}}},
+        {"two points", {{10, 20}, {-30, 100}}},
+        {"from pole to pole", {{90, 10}, {-90, 10}}},
+        {"over the pole", {{60, 10}, {90, 100}, {60, -120}}},
+        {"along the date line", {{60, 180}, {-60, 180}, {-70, -180}, {70, -180}}},
+        {"around the equator", ring},
+        {"around and around", rounds},
+        {"between the poles", betweenPoles},
+        {"across the date line", overDateLine},
+        {"the whole world", {{-90, -180}, {-90, 180}, {90, 180}, {90, -180}, {-90, -180}}},
+        {"not valid", {{720, 720}, {10, 20}, {91, 200}, {30, 40}}},
+        {"not finite", {{notANumber, 0}, {0, infinity}, {10, 20}, {infinity, -infinity}, {30, 40}}},
+        {"absurd", {{greatest, -greatest}, {10, 20}, {-1e300, 1e18}, {1e-310, 1e-310}, {30, 40}}},
+    };
     const QVector<Area> areas{{-180, -mercatorLimit, 180, mercatorLimit},
                               {-10, 0, 30, 60},
                               {170, -20, -170, 20},
@@ -223,61 +227,64 @@ void tst_KRGPXTrackRendererExtremes::lawsHold()
                               {-1e300, -89, 1e300, 89},
                               {-infinity, -infinity, infinity, infinity},
                               {0, 0, 1e-310, 1e-310}};
-    for (int i = 0; i < areas.size(); ++i) {
-        for (const QSize &size : {QSize(150, 100), QSize(1, 1), QSize(200, 2), QSize(0, 10)}) {
-            for (const auto shape : {LineStringTrackShape, PolygonTrackShape, PointTrackShape}) {
-                const auto marker = shape == PointTrackShape ? XMarkerShape : ArrowMarkerShape;
-                const KRGPXTrack track = trackOf(places);
-                const KRGPXConfiguredTrack opaque(track, configurationOf(shape, marker, 255));
-                const KRGPXConfiguredTrack translucent(track, configurationOf(shape, marker, 50));
-                const MercatorRenderer renderer(opaque, areas.at(i), size);
-                const QImage image = renderer.render(StyledRender);
-                QCOMPARE(image.isNull(), size.isEmpty());
-                if (image.isNull())
-                    continue;
-                const QByteArray place = QByteArray::number(i) + ", shape " + QByteArray::number(int(shape))
-                                         + ", width " + QByteArray::number(size.width());
-                const Painted painted(image);
-                QVERIFY2(!places.isEmpty() || painted.isEmpty(), place.constData());
-                // The plain painter miscalculates what is farther away than this.
-                if (renderer.aroundTheWorldOffset().x() < 1e7)
-                    QVERIFY2(Painted(reachOf(renderer)).isNear(painted, 0), place.constData());
-                const QImage pale = MercatorRenderer(translucent, areas.at(i), size).render(StyledRender);
-                QVERIFY2(Painted(pale).isNear(Painted(image, 16), 0) && painted.isNear(Painted(pale), 0),
-                         place.constData());
-                QImage map(size, QImage::Format_RGB32);
-                map.fill(Qt::white);
-                QVERIFY2(Painted(renderer.crop(map), 255).isNear(Painted(image, 255), 0), place.constData());
-            }
-        }
-    }
+    table.forEach([&](const Places &places) {
+        for (int i = 0; i < areas.size() && !QTest::currentTestFailed(); ++i)
+            for (const QSize &size : {QSize(150, 100), QSize(1, 1), QSize(200, 2), QSize(0, 10)})
+                for (const auto shape : {LineStringTrackShape, PolygonTrackShape, PointTrackShape})
+                    checkLaws(places, shape, areas.at(i), size, QByteArray::number(i));
+    });
 }
 
-void tst_KRGPXTrackRendererExtremes::turnedWorldLooksTheSame_data()
+void tst_KRGPXTrackRendererExtremes::checkLaws(const Places &places, KRGPXTrackShapeEnum shape, const Area &area,
+                                               const QSize &size, const QByteArray &areaName)
 {
-    QTest::addColumn<int>("shape");
-    QTest::addColumn<int>("legs");
-    QTest::addColumn<double>("longestStep");
-    QTest::addColumn<int>("marker");
-    QTest::addColumn<int>("smoothingStrength");
-    QTest::addColumn<int>("tolerance"); // pixels, beside one for each world that the picture is apart
-    QTest::newRow("line") << int(LineStringTrackShape) << 30 << 40.0 << int(NoMarkerShape) << 100 << 1;
-    QTest::newRow("smooth line") << int(LineStringTrackShape) << 30 << 40.0 << int(NoMarkerShape) << 30 << 1;
-    QTest::newRow("around the world") << int(LineStringTrackShape) << 30 << 170.0 << int(NoMarkerShape) << 100 << 1;
-    QTest::newRow("arrow") << int(LineStringTrackShape) << 4 << 60.0 << int(ArrowMarkerShape) << 100 << 4;
-    QTest::newRow("area") << int(PolygonTrackShape) << 12 << 60.0 << int(NoMarkerShape) << 100 << 1;
-    QTest::newRow("smooth area") << int(PolygonTrackShape) << 12 << 60.0 << int(NoMarkerShape) << 30 << 1;
-    QTest::newRow("marker") << int(PointTrackShape) << 0 << 0.0 << int(RhombusMarkerShape) << 100 << 1;
+    const QByteArray place = "area " + areaName + ", shape " + QByteArray::number(int(shape)) + ", width "
+                             + QByteArray::number(size.width());
+    const auto marker = shape == PointTrackShape ? XMarkerShape : ArrowMarkerShape;
+    const KRGPXTrack track = trackOf(places);
+    const MercatorRenderer renderer(KRGPXConfiguredTrack(track, configurationOf(shape, marker, 255)), area, size);
+    const QImage image = renderer.render(StyledRender);
+    QCOMPARE(image.isNull(), size.isEmpty());
+    if (image.isNull())
+        return;
+    const Painted painted(image);
+    const KRGeoPositionList marked = renderer.track().drawingPoints();
+    const bool hasPlace =
+        !marked.isEmpty()
+        && (shape != PointTrackShape || (marked.first().latitude().isValid() && marked.first().longitude().isValid()));
+    QVERIFY2(hasPlace || painted.isEmpty(), place.constData());
+    // The plain painter miscalculates what is farther away than this.
+    if (renderer.aroundTheWorldOffset().x() < 1e7)
+        QVERIFY2(Painted(reachOf(renderer)).isNear(painted, 0), place.constData());
+    const KRGPXConfiguredTrack translucent(track, configurationOf(shape, marker, 50));
+    const QImage pale = MercatorRenderer(translucent, area, size).render(StyledRender);
+    QVERIFY2(Painted(pale).isNear(Painted(image, 16), 0) && painted.isNear(Painted(pale), 0), place.constData());
+    QImage map(size, QImage::Format_RGB32);
+    map.fill(Qt::white);
+    QVERIFY2(Painted(renderer.crop(map), 255).isNear(Painted(image, 255), 0), place.constData());
 }
 
 void tst_KRGPXTrackRendererExtremes::turnedWorldLooksTheSame()
 {
-    QFETCH(int, shape);
-    QFETCH(int, legs);
-    QFETCH(double, longestStep);
-    QFETCH(int, marker);
-    QFETCH(int, smoothingStrength);
-    QFETCH(int, tolerance);
+    const int line = LineStringTrackShape;
+    const int area = PolygonTrackShape;
+    // shape, legs, longest step in degrees, marker, smoothing strength, and the tolerance in pixels beside one for
+    // each world that the pictures are apart
+    const KRTestTable<int, int, double, int, int, int> table{
+        {"line", line, 30, 40.0, NoMarkerShape, 100, 1},
+        {"smooth line", line, 30, 40.0, NoMarkerShape, 30, 1},
+        {"around the world", line, 30, 170.0, NoMarkerShape, 100, 1},
+        {"arrow", line, 4, 60.0, ArrowMarkerShape, 100, 4},
+        {"area", area, 12, 60.0, NoMarkerShape, 100, 1},
+        {"smooth area", area, 12, 60.0, NoMarkerShape, 30, 1},
+        {"marker", PointTrackShape, 0, 0.0, RhombusMarkerShape, 100, 1},
+    };
+    table.forEach(checkTurnedWorlds);
+}
+
+void tst_KRGPXTrackRendererExtremes::checkTurnedWorlds(int shape, int legs, double longestStep, int marker,
+                                                       int smoothingStrength, int tolerance)
+{
     const KRGPXTrackShape trackShape = KRGPXTrackShapeEnum(shape);
     const auto configuration = configurationOf(trackShape, KRGPXMarkerShapeEnum(marker), 255, smoothingStrength);
     const QSize size(300, 200);
@@ -334,23 +341,28 @@ void tst_KRGPXTrackRendererExtremes::turnedWorldLooksTheSame()
     QVERIFY(seen > 4);
 }
 
-void tst_KRGPXTrackRendererExtremes::everyRoundIsDrawn()
+void tst_KRGPXTrackRendererExtremes::extremePens()
 {
-    // one round after the other, each a degree farther north, the map showing just one place of each
-    const int rounds = 20;
-    Places places;
-    for (int i = 0; i <= rounds * 4; ++i)
-        places << Degrees{i * 0.25, wrapped(100.0 + i * 90.0)};
-    for (const double direction : {1.0, -1.0}) {
-        for (Degrees &place : places)
-            place.longitude *= direction;
-        const KRGPXConfiguredTrack track(trackOf(places), configurationOf(LineStringTrackShape, NoMarkerShape, 255));
-        const Area area{50.0 * direction - 1.0, -1.0, 50.0 * direction + 1.0, rounds + 1.0};
-        const QImage image = MercatorRenderer(track, area, QSize(40, 420)).render(StyledRender);
-        int lines = 0;
-        for (int y = 1; y < image.height(); ++y)
-            lines += qAlpha(image.pixel(20, y)) == 255 && qAlpha(image.pixel(20, y - 1)) < 255 ? 1 : 0;
-        QCOMPARE(lines, rounds);
+    // Through a narrow picture, away by a million pixels and back. Widths of files may be any number.
+    const Places far{{-0.01, 0}, {1, 0}, {1, 170}, {0, -170}, {0, 0.1}, {-1, 0.1}};
+    const Area area{-0.05, -0.01, 0.05, 0.01};
+    for (const double width : {-1.0, 1e-6, 0.4, 1.0, 1e4, 1e300, notANumber}) {
+        for (int style = Qt::NoPen; style <= Qt::DashDotDotLine; ++style) {
+            for (const auto shape : {LineStringTrackShape, PolygonTrackShape, PointTrackShape}) {
+                KRGPXTrackConfiguration configuration = configurationOf(shape, Star12MarkerShape, 255);
+                configuration.setLineWidth(width);
+                configuration.setPenStyle(KRPenStyle(style));
+                const KRGPXConfiguredTrack track(trackOf(shape == PointTrackShape ? far.mid(0, 1) : far),
+                                                 configuration);
+                for (const QSize &size : {QSize(300, 60), QSize(16384, 1)}) {
+                    const MercatorRenderer renderer(track, area, size);
+                    QVERIFY(!renderer.render(StyledRender).isNull());
+                    // the inside of a giant pen, and of a giant star
+                    const QImage opaque = renderer.render(OpaqueRender);
+                    QVERIFY(width < 1e4 || std::isnan(width) || alphaInTheMiddle(opaque) == 255);
+                }
+            }
+        }
     }
 }
 
