@@ -24,9 +24,9 @@ bool KRXMLCounter::enterElement(int attributes, qint64 charactersInAttributes)
     return isWithinLimits();
 }
 
-bool KRXMLCounter::addText(qint64 characters)
+bool KRXMLCounter::addText(qint64 characters, bool isBlank)
 {
-    ++m_nodes;
+    m_nodes += isBlank ? 0 : 1;
     m_charactersLeft -= characters;
     return isWithinLimits();
 }

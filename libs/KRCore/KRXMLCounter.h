@@ -14,7 +14,8 @@ public:
     // False when the text is refused.
     bool declareEntity(qint64 characters);
     bool enterElement(int attributes, qint64 charactersInAttributes);
-    bool addText(qint64 characters);
+    /// White space alone, between elements, does not become part of a DOM.
+    bool addText(qint64 characters, bool isBlank);
     /// A comment, an instruction or an attribute, each as a whole.
     bool addMarkup(qint64 nameCharacters, qint64 characters);
     /// In a document type.

@@ -7,6 +7,8 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
+#include <algorithm>
+
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
 
@@ -57,7 +59,12 @@ public:
         return true;
     }
 
-    bool characters(const QString &text) override { return m_counter.addText(text.size()); }
+    bool characters(const QString &text) override
+    {
+        const bool isBlank =
+            std::all_of(text.cbegin(), text.cend(), [](QChar character) { return character.isSpace(); });
+        return m_counter.addText(text.size(), isBlank);
+    }
 
     bool comment(const QString &text) override { return m_counter.addMarkup(0, text.size()); }
     bool startCDATA() override { return m_counter.addMarkup(0, 0); }

@@ -58,7 +58,7 @@ bool countToken(const QXmlStreamReader &reader, KRXMLCounter *counter)
         counter->leaveElement();
         return true;
     case QXmlStreamReader::Characters:
-        return counter->addText(reader.text().size());
+        return counter->addText(reader.text().size(), reader.isWhitespace());
     default:
         return !reader.hasError();
     }

@@ -38,6 +38,7 @@ void tst_KRXMLLoader::readsWhatIsWellFormed()
     const QString umlaut = QStringLiteral("ü");
     const QString smile = QStringLiteral("\U0001F600");
     const KRTestTable<QByteArray, QString> table{
+        {"white space that is no node", "<r>" + QByteArray("\n <a/>").repeated(KRInputLimits::nodes - 1) + "</r>", {}},
         {"UTF-8", "<r>\xC3\xBC</r>", umlaut},
         {"byte order mark", "\xEF\xBB\xBF<r>\xC3\xBC</r>", umlaut},
         {"declared Latin-1", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xFC</r>", umlaut},
