@@ -57,10 +57,13 @@ QString KRXMLBuilder::readableText(const QString &text)
     return kept;
 }
 
-bool KRXMLBuilder::saveUTF8(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
+QByteArray KRXMLBuilder::toUTF8(const QDomDocument &document)
 {
     const QString declaration = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-    const QByteArray bytes = (declaration + toText(document, 1) + QLatin1Char('\n')).toUtf8();
+    return (declaration + toText(document, 1) + QLatin1Char('\n')).toUtf8();
+}
 
-    return KRFileHandler::writeAll(file, bytes, history);
+bool KRXMLBuilder::saveUTF8(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
+{
+    return KRFileHandler::writeAll(file, toUTF8(document), history);
 }

@@ -2,6 +2,7 @@
 
 #include "KRXMLExport.h"
 
+#include <QByteArray>
 #include <QDomDocument>
 #include <QDomElement>
 #include <QString>
@@ -35,6 +36,9 @@ public:
 
     /// The text without the characters that no XML reader takes, for other ways of writing XML.
     static QString readableText(const QString &text);
+
+    /// What saveUTF8() writes.
+    static QByteArray toUTF8(const QDomDocument &document);
 
     /**
      * Writes the document as UTF-8 with an XML declaration; the old file stays whole until the new one is.
