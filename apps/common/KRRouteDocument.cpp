@@ -1,21 +1,22 @@
 #include "KRRouteDocument.h"
 
+#include "KRTrackFileReader.h"
 #include "KRTrackFileStamps.h"
+#include "KRTrackFileWriter.h"
 #include "KRTrackKeeper.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
-#include <KRCore/KRXMLGuard.h>
 #include <KRCore/KRXMLLoader.h>
-#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
 #include <KRXML/KRXMLBuilder.h>
 #include <KRXML/KRXMLParser.h>
 
 #include <QDomDocument>
 #include <QFileInfo>
-#include <QSet>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -24,7 +25,11 @@ const QString rootElement = QStringLiteral("routes");
 const QString selectionElement = QStringLiteral("selection");
 const QString tracksElement = QStringLiteral("gpxtrack");
 const QString trackElement = QStringLiteral("configuredTrack");
+const QString formerTrackElement = QStringLiteral("locationTrack");
+const QString trkElement = QStringLiteral("trk");
+const QString includeElement = QStringLiteral("include");
 const QString keptElement = QStringLiteral("kept");
+const QString placeholder = QStringLiteral("?"); // until the file has a name
 const QString folderAttribute = QStringLiteral("folder");
 const QString numberAttribute = QStringLiteral("number");
 const QString lineWidthAttribute = QStringLiteral("lineWidth");
@@ -39,21 +44,36 @@ QHash<int, QDomElement> keptByNumber(const QDomElement &root)
     return kept;
 }
 
-/// Whether the tracks name the same files so often that reading them would take very long.
-bool namesFilesTooOften(const QDomElement &selection, const QDir &folder)
+/// In the order in which they are read.
+QList<QDomElement> trackElements(const QDomElement &selection)
 {
-    QSet<QString> paths;
-    qint64 repeatedBytes = 0;
-    const QDomNodeList includes = selection.elementsByTagName(QStringLiteral("include"));
-    for (int i = 0; i < includes.count() && repeatedBytes <= KRInputLimits::repeatedBytes; ++i) {
-        const QFileInfo file(folder, includes.at(i).toElement().text());
-        const QString path = file.canonicalFilePath();
-        if (paths.contains(path))
-            repeatedBytes += file.size() + KRInputLimits::fileOverhead;
-        else if (!path.isEmpty())
-            paths.insert(path);
+    QList<QDomElement> elements;
+    const QDomElement tracks = selection.firstChildElement(tracksElement);
+    for (const QString &name : {formerTrackElement, trackElement}) {
+        for (QDomElement element = tracks.firstChildElement(name); !element.isNull();
+             element = element.nextSiblingElement(name))
+            elements.append(element);
     }
-    return repeatedBytes > KRInputLimits::repeatedBytes;
+    return elements;
+}
+
+/// Has the track of the element "configuredTrack" stand in a file, and nothing of it here.
+void nameFile(QDomElement configuredTrack, const QString &fileName)
+{
+    QDomElement trk = configuredTrack.ownerDocument().createElement(trkElement);
+    KRXMLBuilder::buildDomElement(trk, includeElement, fileName);
+    configuredTrack.replaceChild(trk, configuredTrack.firstChildElement(trkElement));
+}
+
+/// As KRXMLGuard counts them.
+int countNodes(const QDomNode &node)
+{
+    if (node.isText())
+        return node.nodeValue().isEmpty() ? 0 : 1;
+    int count = 1 + int(node.attributes().count());
+    for (QDomNode child = node.firstChild(); !child.isNull(); child = child.nextSibling())
+        count += countNodes(child);
+    return count;
 }
 
 /// The XML of configurations cuts widths to whole pixels; says whether there was anything to keep.
@@ -77,6 +97,17 @@ KRGPXTrackConfiguration withKeptWidths(KRGPXTrackConfiguration configuration, co
     return configuration;
 }
 
+/// The same with empty tracks.
+KRGPXTrackSelection withoutTracks(const KRGPXTrackSelection &selection)
+{
+    KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (KRGPXConfiguredTrack &track : tracks)
+        track.setTrack(KRGPXTrack());
+    KRGPXTrackSelection result(tracks);
+    result.setCroppingOpacity(selection.nominalCroppingOpacity());
+    return result;
+}
+
 } // namespace
 
 bool KRRouteDocument::isDocument(const QFileInfo &file)
@@ -91,6 +122,7 @@ QDir KRRouteDocument::trackFolder(const QFileInfo &file)
 
 bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
 {
+    const KRTrackFileStamps::Stamp stamp = KRTrackFileStamps::stampOf(file);
     const QDomElement root = KRXMLLoader::loadDocumentElement(file, history);
     if (root.isNull())
         return false;
@@ -102,70 +134,75 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
     const QString folderName = QFileInfo(root.attribute(folderAttribute)).fileName();
     const QDir folder = folderName.isEmpty() ? QDir(QString()) : QDir(file.absoluteDir().filePath(folderName));
     const QDomElement element = root.firstChildElement(selectionElement);
-    if (namesFilesTooOften(element, folder)) {
-        KRErrorHistory::report(history, file.filePath(), tr("Das Dokument nennt dieselben Dateien zu oft."));
-        return false;
-    }
-    const KRGPXTrackSelection read(element, folder);
-
-    KRGPXConfiguredTrackList tracks = read.tracks();
+    const KRGPXTrackSelection looks(element, QDir(QString()));
+    KRGPXConfiguredTrackList tracks = looks.tracks();
     const QHash<int, QDomElement> kept = keptByNumber(root);
-    QDomElement configuredTrack = element.firstChildElement(tracksElement).firstChildElement(trackElement);
-    for (int i = 0; i < tracks.size(); ++i, configuredTrack = configuredTrack.nextSiblingElement(trackElement))
-        tracks[i] = restoredTrack(tracks.at(i), configuredTrack, kept.value(i), folder, history);
-    m_selection = KRGPXTrackSelection(tracks);
-    m_selection.setCroppingOpacity(read.nominalCroppingOpacity());
-    return true;
-}
-
-KRGPXConfiguredTrack KRRouteDocument::restoredTrack(const KRGPXConfiguredTrack &track,
-                                                    const QDomElement &configuredTrack, const QDomElement &kept,
-                                                    const QDir &folder, KRErrorHistory *history) const
-{
-    const QString fileName = KRXMLParser::text(configuredTrack.firstChildElement(QStringLiteral("trk")),
-                                               QStringLiteral("include"), QString());
-    KRGPXTrack restored = KRTrackKeeper::restored(track.track(), kept);
-    if (!fileName.isEmpty()) {
-        const QFileInfo file(folder, fileName);
-        if (!restored.isValid() && KRXMLLoader::loadDocumentElement(file, history).isNull())
-            restored.setName(fileName);
-        if (restored.isValid())
-            KRTrackFileStamps::instance()->remember(file, restored);
-        KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(restored, folder), fileName);
+    const QList<QDomElement> elements = trackElements(element);
+    KRTrackFileReader reader(folder);
+    for (int i = 0; i < elements.size(); ++i) {
+        if (!reader.announce(elements.at(i).firstChildElement(trkElement), kept.value(i))) {
+            KRErrorHistory::report(history, file.filePath(), tr("Das Dokument nennt dieselben Dateien zu oft."));
+            return false;
+        }
     }
-    KRGPXConfiguredTrack result = track;
-    result.setTrack(restored);
-    result.setConfiguration(withKeptWidths(track.configuration(), kept));
-    return result;
+    for (int i = 0; i < tracks.size(); ++i) {
+        tracks[i].setTrack(reader.read(elements.at(i).firstChildElement(trkElement), kept.value(i), history));
+        tracks[i].setConfiguration(withKeptWidths(tracks.at(i).configuration(), kept.value(i)));
+    }
+    KRTrackFileStamps::instance()->remember(file, stamp);
+    m_selection = KRGPXTrackSelection(tracks);
+    m_selection.setCroppingOpacity(looks.nominalCroppingOpacity());
+    return true;
 }
 
 bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 {
     const QDir folder = trackFolder(file);
+    QDomDocument document = build(folder);
+    if (countNodes(document.documentElement()) > KRInputLimits::nodes) {
+        reportUnreadable(file, tr("Es hat mehr als %1 Knoten.").arg(KRInputLimits::nodes), history);
+        return false;
+    }
     if (!m_selection.isEmpty() && !folder.mkpath(QStringLiteral("."))) {
         KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Routen kann nicht angelegt werden."));
         return false;
     }
-    return writeDocument(file, folder, history);
+    // The track files first: a document must not name what is not there.
+    KRTrackFileWriter writer(folder);
+    learnFilesOf(file, writer);
+    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
+    const QList<QDomElement> elements = trackElements(document.documentElement().firstChildElement(selectionElement));
+    for (int i = 0; i < tracks.size(); ++i) {
+        const QString fileName = writer.write(tracks.at(i).track(), history);
+        if (fileName.isEmpty())
+            return false;
+        nameFile(elements.at(i), fileName);
+    }
+    if (!write(document, file, history))
+        return false;
+    writer.keepFiles();
+    KRTrackFileStamps::instance()->remember(file, KRTrackFileStamps::stampOf(file));
+    return true;
 }
 
 bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const
 {
-    return writeDocument(file, QDir(QString()), history);
+    return write(build(QDir(QString())), file, history);
 }
 
-bool KRRouteDocument::writeDocument(const QFileInfo &file, const QDir &folder, KRErrorHistory *history) const
+QDomDocument KRRouteDocument::build(const QDir &folder) const
 {
     const bool hasFolder = KRGPXTrackFileRegistryKey::namesDirectory(folder);
-    // The track files first: a document must not name what is not there.
-    if (hasFolder && !writeTrackFiles(folder, history))
-        return false;
     QDomDocument document;
     QDomElement root = KRXMLBuilder::buildRootElement(document, rootElement);
     if (hasFolder)
         root.setAttribute(folderAttribute, folder.dirName());
     QDomElement selection = KRXMLBuilder::buildDomElement(root, selectionElement);
-    m_selection.toXml(selection, folder);
+    (hasFolder ? withoutTracks(m_selection) : m_selection).toXml(selection, QDir(QString()));
+    if (hasFolder) {
+        for (const QDomElement &element : trackElements(selection))
+            nameFile(element, placeholder);
+    }
 
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     for (int i = 0; i < tracks.size(); ++i) {
@@ -175,39 +212,35 @@ bool KRRouteDocument::writeDocument(const QFileInfo &file, const QDir &folder, K
         if (!keepWidths(tracks.at(i).configuration(), kept) && !isTrackKept)
             root.removeChild(kept);
     }
-    return isReadable(document, file, history) && KRXMLBuilder::saveUTF8(document, file, history);
+    return document;
 }
 
-bool KRRouteDocument::isReadable(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
+void KRRouteDocument::learnFilesOf(const QFileInfo &file, const KRTrackFileWriter &writer) const
 {
-    const QByteArray xml = KRXMLBuilder::toText(document, 1).toUtf8();
-    KRErrorHistory::Entry refusal;
+    if (!file.exists() || KRTrackFileStamps::instance()->holds(file))
+        return;
+    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
+    const bool isAnyNew = std::any_of(tracks.cbegin(), tracks.cend(), [&](const KRGPXConfiguredTrack &track) {
+        return !writer.hasFile(track.track());
+    });
+    if (isAnyNew)
+        KRRouteDocument().load(file, nullptr);
+}
+
+bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
+{
+    const QByteArray xml = KRXMLBuilder::toUTF8(document);
+    KRErrorHistory refusals;
     if (xml.size() > KRInputLimits::documentBytes)
-        refusal.reason = tr("Es ist größer als %1 MB.").arg(KRInputLimits::documentBytes >> 20);
-    else if (KRXMLGuard::accepts(xml, &refusal))
-        return true;
-    KRErrorHistory::report(history, file.filePath(),
-                           tr("Das Dokument ließe sich nicht wieder öffnen: %1").arg(refusal.reason));
+        reportUnreadable(file, tr("Es ist größer als %1 MB.").arg(KRInputLimits::documentBytes >> 20), history);
+    else if (KRXMLLoader::parseDocumentElement(xml, file.filePath(), &refusals).isNull())
+        reportUnreadable(file, refusals.entries().first().reason, history);
+    else
+        return KRFileHandler::writeAll(file, xml, history);
     return false;
 }
 
-bool KRRouteDocument::writeTrackFiles(const QDir &folder, KRErrorHistory *history) const
+void KRRouteDocument::reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history)
 {
-    KRGPXTrackFileRegistry &registry = KRGPXTrackFileRegistry::instance();
-    KRTrackFileStamps *const stamps = KRTrackFileStamps::instance();
-    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
-    for (const KRGPXConfiguredTrack &track : tracks) {
-        const KRGPXTrackFileRegistryKey key(track.track(), folder);
-        const QString fileName = registry.fileName(key);
-        // A track without a segment stands for a file that could not be read, and that is left alone.
-        const bool hasFile =
-            !fileName.isEmpty()
-            && (!track.track().isValid() || stamps->holds(registry.createFileInfo(key, fileName), track.track()));
-        if (hasFile)
-            continue;
-        if (!registry.createNewFile(key, history))
-            return false;
-        stamps->remember(registry.createFileInfo(key, registry.fileName(key)), track.track());
-    }
-    return true;
+    KRErrorHistory::report(history, file.filePath(), tr("Das Dokument ließe sich nicht wieder öffnen: %1").arg(reason));
 }

@@ -7,8 +7,8 @@
 #include <QString>
 
 class KRErrorHistory;
+class KRTrackFileWriter;
 class QDomDocument;
-class QDomElement;
 class QFileInfo;
 
 /**
@@ -20,8 +20,7 @@ class QFileInfo;
  *
  * Whatever the XML of the library leaves out is kept as well, so that times and descriptions survive any number of
  * saves. A track file that cannot be read leaves an empty track with the name of the file in its place: saving keeps
- * the reference and does not touch the file. Belongs to the GUI thread; only saving may run in another one, on an
- * object of its own.
+ * the reference and does not touch the file. May be used in any thread, by one at a time.
  */
 class KRRouteDocument
 {
@@ -42,20 +41,20 @@ public:
     /// False when the file is no document. Track files that cannot be read are reported as well, but are no failure.
     bool load(const QFileInfo &file, KRErrorHistory *history);
 
-    /// False when the document or one of its track files cannot be written, or when the document has grown beyond what
-    /// could be read again (some 28,000 tracks); the old document is whole then.
+    /// False when the document or one of its track files cannot be written, or could not be read again (with more than
+    /// some 22,000 tracks); the old document is whole then, and there are no new files.
     bool save(const QFileInfo &file, KRErrorHistory *history) const;
     /// The same without a folder: quick for many small tracks, but all points are written each time.
     bool saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const;
 
 private:
-    KRGPXConfiguredTrack restoredTrack(const KRGPXConfiguredTrack &track, const QDomElement &configuredTrack,
-                                       const QDomElement &kept, const QDir &folder, KRErrorHistory *history) const;
-    /// @p folder is QDir("") for no folder.
-    bool writeDocument(const QFileInfo &file, const QDir &folder, KRErrorHistory *history) const;
-    bool writeTrackFiles(const QDir &folder, KRErrorHistory *history) const;
-    /// Whether the document stays within the limits of what is read; reports when it does not.
-    static bool isReadable(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
+    /// Tracks that get files in @p folder are left empty; it is QDir("") where they do not.
+    QDomDocument build(const QDir &folder) const;
+    /// Has the files of the document that is about to be replaced known, so that equal tracks are not written again.
+    void learnFilesOf(const QFileInfo &file, const KRTrackFileWriter &writer) const;
+    /// Unless the document goes beyond what is read.
+    static bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
+    static void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history);
 
     KRGPXTrackSelection m_selection;
 };

@@ -3,25 +3,23 @@
 #include <QFileInfo>
 #include <QMutexLocker>
 
-void KRTrackFileStamps::remember(const QFileInfo &file, const KRGPXTrack &track)
+KRTrackFileStamps::Stamp KRTrackFileStamps::stampOf(const QFileInfo &file)
 {
-    const Stamp stamp = stampOf(file, track);
+    // A fresh one, as the file may have changed since somebody asked the given one.
+    const QFileInfo present(file.filePath());
+    return present.isFile() ? Stamp{present.size(), present.lastModified()} : Stamp();
+}
+
+void KRTrackFileStamps::remember(const QFileInfo &file, const Stamp &stamp, const KRGPXTrack &track)
+{
     const QMutexLocker locker(&m_mutex);
-    m_stamps.insert(file.absoluteFilePath(), stamp);
+    m_files.insert(file.absoluteFilePath(), {stamp, track});
 }
 
 bool KRTrackFileStamps::holds(const QFileInfo &file, const KRGPXTrack &track) const
 {
-    const Stamp now = stampOf(file, track);
+    const Stamp now = stampOf(file);
     const QMutexLocker locker(&m_mutex);
-    const Stamp known = m_stamps.value(file.absoluteFilePath());
-    return now.lastChange.isValid() && now.lastChange == known.lastChange && now.size == known.size
-           && now.track == known.track;
-}
-
-KRTrackFileStamps::Stamp KRTrackFileStamps::stampOf(const QFileInfo &file, const KRGPXTrack &track)
-{
-    // A fresh one, as the file may have changed since somebody asked the given one.
-    const QFileInfo present(file.filePath());
-    return present.isFile() ? Stamp{present.size(), present.lastModified(), track} : Stamp{0, QDateTime(), track};
+    const QPair<Stamp, KRGPXTrack> known = m_files.value(file.absoluteFilePath());
+    return now.lastChange.isValid() && now == known.first && track == known.second;
 }

@@ -11,27 +11,30 @@
 class QFileInfo;
 
 /**
- * Knows for the whole process which track files hold what has been read from them or written to them last.
+ * Knows for the whole process which files hold what has been read from them or written to them last.
  *
  * A file that has been changed or replaced meanwhile, say by a backup that was put back or by another program, shows it
- * by its size or its time. May be called from several threads.
+ * by its size or its time. Nothing is ever forgotten; the tracks share their points with those that
+ * KRGPXTrackFileRegistry keeps. No digests, as tracks are equal within a tolerance. May be called from several threads.
  */
 class KRTrackFileStamps : public KRSingleton<KRTrackFileStamps>
 {
 public:
-    /// The file as it is now holds @p track.
-    void remember(const QFileInfo &file, const KRGPXTrack &track);
-    /// Whether the file is as it was when it was remembered with an equal track.
-    bool holds(const QFileInfo &file, const KRGPXTrack &track) const;
-
-private:
+    /// What tells a file from the one that replaces it.
     struct Stamp {
+        bool operator==(const Stamp &other) const { return size == other.size && lastChange == other.lastChange; }
+
         qint64 size = 0;
         QDateTime lastChange; ///< not valid without a file
-        KRGPXTrack track;
     };
-    static Stamp stampOf(const QFileInfo &file, const KRGPXTrack &track);
+    static Stamp stampOf(const QFileInfo &file);
 
-    QHash<QString, Stamp> m_stamps; // by absolute path
+    /// @p stamp is older than the reading, or younger than the writing. Documents have no track.
+    void remember(const QFileInfo &file, const Stamp &stamp, const KRGPXTrack &track = KRGPXTrack());
+    /// Whether the file is as it was when it was remembered with an equal track.
+    bool holds(const QFileInfo &file, const KRGPXTrack &track = KRGPXTrack()) const;
+
+private:
+    QHash<QString, QPair<Stamp, KRGPXTrack>> m_files; // by absolute path
     mutable QMutex m_mutex;
 };

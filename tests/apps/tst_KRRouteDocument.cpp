@@ -1,10 +1,12 @@
 #include "KRRouteDocument.h"
 
 #include "KRTestRegistry.h"
+#include "KRTrackFileStamps.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <QLoggingCategory>
 #include <QTemporaryDir>
@@ -53,6 +55,8 @@ QByteArray contentOf(const QString &fileName)
 
 } // namespace
 
+Q_DECLARE_METATYPE(KRGPXTrack)
+
 class tst_KRRouteDocument : public QObject
 {
     Q_OBJECT
@@ -67,7 +71,10 @@ private slots:
     void refusesWhatIsNoDocument_data();
     void refusesWhatIsNoDocument();
     void failedSaveKeepsTheOldDocument();
-    void whatCouldNotBeReadAgainIsNotWritten();
+    void whatIsSavedCanBeRead_data();
+    void whatIsSavedCanBeRead();
+    void filesStayWithTheirTracks();
+    void fileReplacedWhileItIsRead();
     void folderNameCannotLeadElsewhere();
 
 private:
@@ -237,22 +244,102 @@ void tst_KRRouteDocument::failedSaveKeepsTheOldDocument()
     QCOMPARE(contentOf(document().filePath()), old);
 }
 
-void tst_KRRouteDocument::whatCouldNotBeReadAgainIsNotWritten()
+void tst_KRRouteDocument::whatIsSavedCanBeRead_data()
 {
-    // Four nodes for each description of a point, and no more than half a million in all.
+    QTest::addColumn<QList<KRGPXTrack>>("tracks");
+    QTest::addColumn<bool>("isSaved");
+    // 1200 times a file of some 60 kB, which may be read again 64 MB in all.
     KRGPXTrackSegment segment;
+    for (int i = 0; i < 2000; ++i)
+        segment.append(53.0 + 1e-5 * i, 8.0, 7, QDateTime::fromSecsSinceEpoch(1715500000 + i, Qt::UTC), QString());
+    segment.append(point(53.5, 8.0, 0, QDateTime(), QStringLiteral("Ende")));
+    QList<KRGPXTrack> repeated;
+    for (int i = 0; i < 1200; ++i)
+        repeated.append(
+            KRGPXTrack(QStringLiteral("Runde"), QStringLiteral("immer wieder"), {segment}, LineStringTrackShape));
+    QTest::newRow("one track many times") << repeated << true;
+    // Half a million nodes in all: 22 for each track, four for each description of a point.
+    QList<KRGPXTrack> many;
+    for (int i = 0; i < 23000; ++i)
+        many.append(KRGPXTrack(point(53.0, 0.001 * i, 0, QDateTime(), QString())));
+    QTest::newRow("too many tracks") << many << false;
+    KRGPXTrackSegment described;
     for (int i = 0; i < 126000; ++i)
-        segment.append(53.0, 8.0, 0, QDateTime(), QStringLiteral("x"));
-    const KRGPXTrack track(QStringLiteral("Tour"), QString(), {segment}, LineStringTrackShape);
-    KRRouteDocument document;
-    document.setSelection(KRGPXTrackSelection(
-        KRGPXConfiguredTrackList(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::defaultValue()))));
-    const QTemporaryDir dir;
-    const QFileInfo file(dir.filePath(QStringLiteral("Tour.krroute")));
+        described.append(53.0, 8.0, 0, QDateTime(), QStringLiteral("x"));
+    QTest::newRow("too many descriptions")
+        << QList<KRGPXTrack>{KRGPXTrack(QString(), QString(), {described}, LineStringTrackShape)} << false;
+    const QString references = QString(2000001, QLatin1Char('&'));
+    QTest::newRow("too many references") << QList<KRGPXTrack>{KRGPXTrack(QString(), references, {segment},
+                                                                         LineStringTrackShape)}
+                                         << false;
+    KRGPXTrack deep = tour();
+    for (int i = 0; i < 130; ++i) {
+        KRGPXTrack outer = tour();
+        outer.addEnclave(deep);
+        deep = outer;
+    }
+    QTest::newRow("enclaves too deep for a track file") << QList<KRGPXTrack>{tour(), deep} << false;
+}
+
+/// And what is not leaves nothing behind.
+void tst_KRRouteDocument::whatIsSavedCanBeRead()
+{
+    QFETCH(QList<KRGPXTrack>, tracks);
+    KRRouteDocument written;
+    KRGPXTrackSelection selection;
+    for (const KRGPXTrack &track : std::as_const(tracks))
+        selection.addTrack(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::defaultValue()));
+    written.setSelection(selection);
     KRErrorHistory history;
-    QVERIFY(!document.saveInOneFile(file, &history));
-    QCOMPARE(history.entries().size(), 1);
-    QVERIFY(!QFile::exists(file.filePath()));
+    QTEST(written.save(document(), &history), "isSaved");
+    if (!history.isEmpty()) {
+        QCOMPARE(history.entries().size(), 1);
+        QVERIFY(!document().exists());
+        QCOMPARE(QDir(trackFile(QString())).entryList(QDir::Files), QStringList());
+        return;
+    }
+    const KRGPXTrackSelection read = load();
+    QVERIFY(read == selection);
+    // Equal tracks share their points, as they did before.
+    QCOMPARE(read.value(0).track().segments().first().positions().latitudes,
+             read.value(1).track().segments().first().positions().latitudes);
+}
+
+/// The former element is read before all others.
+void tst_KRRouteDocument::filesStayWithTheirTracks()
+{
+    KRGPXTrackSelection selection;
+    const QString names[] = {QStringLiteral("eins"), QStringLiteral("zwei")};
+    for (const QString &name : names)
+        selection.addTrack(KRGPXTrack(name, name, tour().segments(), LineStringTrackShape));
+    save(selection);
+    QString content = QString::fromUtf8(contentOf(document().filePath()));
+    const int second = content.lastIndexOf(QStringLiteral("<configuredTrack"));
+    content = content.left(second)
+              + content.mid(second).replace(QStringLiteral("configuredTrack"), QStringLiteral("locationTrack"));
+    QFile file(document().filePath());
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content.toUtf8()) > 0);
+    file.close();
+
+    selection = load();
+    QCOMPARE(selection.value(0).name(), QStringLiteral("zwei"));
+    save(selection);
+    QCOMPARE(load().value(0).name(), QStringLiteral("zwei"));
+    QCOMPARE(load().value(1).name(), QStringLiteral("eins"));
+}
+
+void tst_KRRouteDocument::fileReplacedWhileItIsRead()
+{
+    QFile file(path(QStringLiteral("track.gps")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("<includedTrack/>") > 0 && file.flush());
+    KRTrackFileStamps stamps;
+    const KRTrackFileStamps::Stamp before = KRTrackFileStamps::stampOf(QFileInfo(file));
+    stamps.remember(QFileInfo(file), before, tour());
+    QVERIFY(stamps.holds(QFileInfo(file), tour()));
+    QVERIFY(!stamps.holds(QFileInfo(file), KRGPXTrack()));
+    QVERIFY(file.write(" ") > 0 && file.flush());
+    stamps.remember(QFileInfo(file), before, tour());
+    QVERIFY(!stamps.holds(QFileInfo(file), tour()));
 }
 
 void tst_KRRouteDocument::folderNameCannotLeadElsewhere()

@@ -80,6 +80,7 @@ private slots:
     void twoAtOnce();
     void replacedTrackFiles();
     void nameTakenAfterAFailure();
+    void sameTracksFromAnotherProcess();
 
 private:
     QString path(const QString &name) const { return m_dir->filePath(name); }
@@ -294,6 +295,16 @@ void tst_KRSaving::nameTakenAfterAFailure()
     QCOMPARE(save(2), QString());
     QVERIFY(routes.save(QFileInfo(document()), nullptr));
     QCOMPARE(KRNumberedRoutes::wholeFile(document()), QStringLiteral("here/1"));
+}
+
+void tst_KRSaving::sameTracksFromAnotherProcess()
+{
+    QCOMPARE(save(1), QString());
+    const QStringList files = tracks().entryList(QDir::Files);
+    QCOMPARE(files.size(), 6);
+    QCOMPARE(save(1), QString());
+    QCOMPARE(tracks().entryList(QDir::Files), files);
+    QCOMPARE(KRNumberedRoutes::wholeFile(document()), labelOf(QStringLiteral("w"), 1));
 }
 
 static const KRTestRegistration<tst_KRSaving> registration;

@@ -1,0 +1,79 @@
+#include "KRTrackFileReader.h"
+
+#include "KRTrackFileStamps.h"
+#include "KRTrackKeeper.h"
+
+#include <KRCore/KRInputLimits.h>
+#include <KRCore/KRXMLLoader.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
+#include <KRXML/KRXMLBuilder.h>
+#include <KRXML/KRXMLParser.h>
+
+#include <QCryptographicHash>
+#include <QDomDocument>
+#include <QFileInfo>
+
+namespace {
+
+const QString includeElement = QStringLiteral("include");
+
+/// Of the elements inside both, without the attributes of these two.
+QByteArray digestOf(const QDomElement &trk, const QDomElement &kept)
+{
+    QDomDocument document;
+    QDomElement root = KRXMLBuilder::buildRootElement(document, QStringLiteral("content"));
+    for (const QDomElement &element : {trk, kept}) {
+        for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
+            root.appendChild(document.importNode(child, true));
+    }
+    return QCryptographicHash::hash(KRXMLBuilder::toText(document).toUtf8(), QCryptographicHash::Sha256);
+}
+
+} // namespace
+
+bool KRTrackFileReader::announce(const QDomElement &trk, const QDomElement &kept)
+{
+    const QByteArray digest = digestOf(trk, kept);
+    if (m_announced.contains(digest))
+        return true;
+    m_announced.insert(digest);
+    for (QDomElement include = trk.firstChildElement(includeElement); !include.isNull();
+         include = include.nextSiblingElement(includeElement)) {
+        const QFileInfo file(m_folder, include.text());
+        const QString path = file.canonicalFilePath();
+        if (m_paths.contains(path))
+            m_repeatedBytes += file.size() + KRInputLimits::fileOverhead;
+        else if (!path.isEmpty())
+            m_paths.insert(path);
+    }
+    return m_repeatedBytes <= KRInputLimits::repeatedBytes;
+}
+
+KRGPXTrack KRTrackFileReader::read(const QDomElement &trk, const QDomElement &kept, KRErrorHistory *history)
+{
+    const QDomElement include = trk.firstChildElement(includeElement);
+    if (include.isNull() || !KRGPXTrackFileRegistryKey::namesDirectory(m_folder))
+        return KRTrackKeeper::restored(KRGPXTrack(trk, QDir(QString())), kept);
+    const QByteArray digest = digestOf(trk, kept);
+    const auto known = m_tracks.constFind(digest);
+    return known != m_tracks.constEnd() ? *known
+                                        : *m_tracks.insert(digest, readFile(trk, include.text(), kept, history));
+}
+
+KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fileName, const QDomElement &kept,
+                                       KRErrorHistory *history) const
+{
+    const QFileInfo file(m_folder, fileName);
+    // Taken before: what replaces the file while it is read must not pass for what comes out.
+    const KRTrackFileStamps::Stamp stamp = KRTrackFileStamps::stampOf(file);
+    KRGPXTrack track = KRTrackKeeper::restored(KRGPXTrack(trk, m_folder), kept);
+    if (fileName.isEmpty())
+        return track;
+    if (track.isValid())
+        KRTrackFileStamps::instance()->remember(file, stamp, track);
+    else if (KRXMLLoader::loadDocumentElement(file, history).isNull())
+        track.setName(fileName);
+    KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(track, m_folder), fileName);
+    return track;
+}

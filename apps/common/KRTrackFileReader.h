@@ -1,0 +1,42 @@
+#pragma once
+
+#include <KRGeoLocation/KRGPXTrack.h>
+
+#include <QByteArray>
+#include <QDir>
+#include <QHash>
+#include <QSet>
+#include <QString>
+
+class KRErrorHistory;
+class QDomElement;
+
+/**
+ * Reads the tracks of a route document, each file once: tracks that are the same share their points.
+ *
+ * A document of unknown origin may name a file again in ways that do not come from saving it, with other descriptions
+ * for example. Each takes another reading, of which there may be too many.
+ */
+class KRTrackFileReader
+{
+public:
+    /// @p folder is QDir("") for documents without one, whose tracks name no files.
+    explicit KRTrackFileReader(const QDir &folder) : m_folder(folder) { }
+
+    /// The same as read() will get. False when all of them together go beyond KRInputLimits::repeatedBytes.
+    bool announce(const QDomElement &trk, const QDomElement &kept);
+
+    /// The track of the element "trk", with what KRTrackKeeper has @p kept of it. One that cannot be read is not valid
+    /// and has the name of its file.
+    KRGPXTrack read(const QDomElement &trk, const QDomElement &kept, KRErrorHistory *history);
+
+private:
+    KRGPXTrack readFile(const QDomElement &trk, const QString &fileName, const QDomElement &kept,
+                        KRErrorHistory *history) const;
+
+    QDir m_folder;
+    QSet<QByteArray> m_announced; // digests
+    QHash<QByteArray, KRGPXTrack> m_tracks; // by a digest of their elements
+    QSet<QString> m_paths; // of all files that are announced
+    qint64 m_repeatedBytes = 0;
+};
