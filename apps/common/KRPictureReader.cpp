@@ -3,6 +3,7 @@
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
+#include <KRCore/KRQtCompat.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -33,6 +34,7 @@ QImage KRPictureReader::read(const QFileInfo &file, KRErrorHistory *history)
             problem =
                 tr("Das Bild ist zu groß (mehr als %1 Millionen Pixel).").arg(KRInputLimits::picturePixels / 1000000);
         } else if (!size.isEmpty()) {
+            KRQtCompat::allowPictures(KRInputLimits::picturePixels);
             const QImage picture = reader.read();
             if (!picture.isNull())
                 return picture;

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QImageReader>
 #include <QLibraryInfo>
 #include <QList>
 #include <QPainter>
@@ -43,6 +44,18 @@ inline void enableHighDpi()
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+}
+
+/// Lets pictures of so many pixels be read. All readers of Qt 6 share a limit, of 128 MB unless told otherwise.
+inline void allowPictures(qint64 pixels)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    Q_UNUSED(pixels)
+#else
+    // Channels of 16 bits take eight bytes a pixel.
+    const int megabytes = int(pixels * 8 / (1024 * 1024)) + 1;
+    QImageReader::setAllocationLimit(qMax(megabytes, QImageReader::allocationLimit()));
 #endif
 }
 

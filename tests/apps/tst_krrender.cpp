@@ -1,7 +1,9 @@
+#include "KRPictureReader.h"
 #include "KRTestRegistry.h"
 #include "KRTestTiles.h"
 
 #include <QBuffer>
+#include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QJsonArray>
@@ -296,6 +298,11 @@ void tst_krrender::pictureAsMap()
         run({QStringLiteral("--map"), path(QStringLiteral("broken.png")), QStringLiteral("-o"), picture, sample(tour)});
     QCOMPARE(broken.exitCode, 1);
     QVERIFY(broken.err.contains(QLatin1String("broken.png")));
+
+    QImage large(5900, 5900, QImage::Format_RGB32); // 139 MB
+    large.fill(Qt::green);
+    QVERIFY(large.save(path(QStringLiteral("large.png"))));
+    QCOMPARE(KRPictureReader::read(QFileInfo(path(QStringLiteral("large.png"))), nullptr).size(), large.size());
 }
 
 void tst_krrender::ferryCrossesTheDateLine()
