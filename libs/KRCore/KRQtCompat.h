@@ -28,6 +28,9 @@ namespace KRQtCompat {
 /// Qt 5's DOM keeps the lower 16 bits of a reference like "&#x1F600;", which makes another character of it.
 inline constexpr bool domCutsReferences = QT_VERSION < QT_VERSION_CHECK(6, 0, 0);
 
+/// Qt 5's DOM reads much that breaks the rules of XML, such as an attribute twice or bytes that are no UTF-8.
+inline constexpr bool domReadsBrokenXml = QT_VERSION < QT_VERSION_CHECK(6, 0, 0);
+
 /// Where Qt keeps translations of its own texts.
 inline QString translationsFolder()
 {

@@ -5,6 +5,7 @@
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRInputLimits.h>
+#include <KRCore/KRQtCompat.h>
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -64,21 +65,26 @@ void tst_KRGPXTrackFile::tracksAndTheirNames()
 void tst_KRGPXTrackFile::readableAsDomOnly()
 {
     const auto track = [](const QByteArray &name) { return "<gpx><trk>" + name + "<trkseg/></trk></gpx>"; };
-    const KRTestTable<QByteArray, QString> table{
-        {"carriage returns", track("<name>a\r\nb</name>"), QStringLiteral("a\r\nb")},
-        {"attribute twice", track("<name a='1' a='2'>a</name>"), QStringLiteral("a")},
-        {"undeclared entity", track("<name>a&nbsp;b</name>"), QStringLiteral("ab")},
-        {"control character", track("<name>a\x01</name>"), QStringLiteral("a\x01")},
-        {"bad UTF-8", track("<name>a\xE4</name>"), QStringLiteral("a\uFFFD")},
-        {"declared entity", "<!DOCTYPE gpx [<!ENTITY e 'abc'>]>" + track("<name>&e;</name>"), QStringLiteral("abc")},
+    const QString refused;
+    // The names that Qt 5 and Qt 6 read.
+    const KRTestTable<QByteArray, QString, QString> table{
+        {"carriage returns", track("<name>a\r\nb</name>"), QStringLiteral("a\r\nb"), QStringLiteral("a\nb")},
+        {"attribute twice", track("<name a='1' a='2'>a</name>"), QStringLiteral("a"), refused},
+        {"undeclared entity", track("<name>a&nbsp;b</name>"), QStringLiteral("ab"), refused},
+        {"control character", track("<name>a\x01</name>"), QStringLiteral("a\x01"), refused},
+        {"bad UTF-8", track("<name>a\xE4</name>"), QStringLiteral("a\uFFFD"), refused},
+        {"declared entity", "<!DOCTYPE gpx [<!ENTITY e 'abc'>]>" + track("<name>&e;</name>"), QStringLiteral("abc"),
+         QStringLiteral("abc")},
     };
-    table.forEach([](const QByteArray &xml, const QString &name) {
+    table.forEach([](const QByteArray &xml, const QString &withQt5, const QString &withQt6) {
+        const QString name = KRQtCompat::domReadsBrokenXml ? withQt5 : withQt6;
         const QTemporaryDir folder;
         KRErrorHistory history;
         const KRGPXTrackFile trackFile(write(folder, QStringLiteral("dom.gpx"), xml), &history);
-        QCOMPARE(trackFile.tracks().size(), 1);
-        QCOMPARE(trackFile.tracks().first().name(), name);
-        QVERIFY(history.isEmpty());
+        QCOMPARE(trackFile.tracks().size(), name.isNull() ? 0 : 1);
+        QCOMPARE(history.isEmpty(), !name.isNull());
+        if (!name.isNull())
+            QCOMPARE(trackFile.tracks().first().name(), name);
     });
 }
 

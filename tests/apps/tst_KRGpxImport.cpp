@@ -152,8 +152,10 @@ void tst_KRGpxImport::reads_data()
         gpx("<x:wpt lat='1' lon='2'/>" + position("wpt", "1", "2", "<x:name>X</x:name><name>W</name>")),
         {QStringLiteral("W: 1,2")});
     row("in extensions", gpx("<extensions>" + position("wpt", "1", "2") + "</extensions>"), {});
-    row("undeclared entity", gpx("<wpt lat='1' lon='2'><name>a&nbsp;b</name></wpt>" + track("T", two)),
-        {QStringLiteral("T: 53,8 54,9"), QStringLiteral("ab: 1,2")});
+    row("entity",
+        "<!DOCTYPE gpx [<!ENTITY e '-'>]><gpx><wpt lat='1' lon='2'><name>a&e;b</name></wpt>" + track("T", two)
+            + "</gpx>",
+        {QStringLiteral("T: 53,8 54,9"), QStringLiteral("a-b: 1,2")});
 }
 
 void tst_KRGpxImport::reads()

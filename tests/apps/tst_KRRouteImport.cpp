@@ -109,7 +109,7 @@ void tst_KRRouteImport::manyFilesAreReadAsOneByOne()
         write(QStringLiteral("late fault.gpx"), "<gpx><trk><trkseg>" + points + "</gpx>"),
         write(QStringLiteral("prefixed.gpx"), "<g:gpx><g:trk><g:trkseg><g:trkpt lat='x' lon='8'/><g:trkpt lat='1' "
                                               "lon='8'/></g:trkseg></g:trk><g:wpt lat='1' lon='2'/></g:gpx>"),
-        write(QStringLiteral("entity.gpx"), "<gpx><wpt lat='1' lon='2'><name>a&nbsp;b</name></wpt><rte/></gpx>"),
+        write(QStringLiteral("entity.gpx"), "<!DOCTYPE gpx><gpx><wpt lat='1' lon='2'><name>W</name></wpt><rte/></gpx>"),
         write(QStringLiteral("nothing.gpx"), "<gpx/>"),
         write(QStringLiteral("notes.txt"), "notes"),
         m_dir.filePath(QStringLiteral("missing.gpx"))};

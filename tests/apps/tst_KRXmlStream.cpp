@@ -4,6 +4,7 @@
 #include "KRTestTable.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRQtCompat.h>
 
 #include <QBuffer>
 #include <QLoggingCategory>
@@ -55,6 +56,8 @@ private slots:
 
 void tst_KRXmlStream::reads()
 {
+    const QString unreadable = QStringLiteral("unreadable");
+    const auto broken = [&](const QString &text) { return KRQtCompat::domReadsBrokenXml ? text : unreadable; };
     const KRTestTable<QByteArray, QString> table{
         {"lines and nested text", "<a>\n<b>x<c>y</c>z</b>\n<d/>\n</a>", QStringLiteral("b@2(xyz) d@3()")},
         {"prefixes, declared or not", "<k:a xmlns:k='u'><k:b>1</k:b><gx:c>2</gx:c></k:a>",
@@ -66,18 +69,19 @@ void tst_KRXmlStream::reads()
         {"UTF-16 declared, UTF-8 written", "<?xml version='1.0' encoding='UTF-16'?><a><b>\xC3\xBC</b></a>",
          QStringLiteral("b@1(ü)")},
         // From here on the DOM helps, and lines are not known.
-        {"undeclared entity", "<a>\n<b>x&nbsp;y</b></a>", QStringLiteral("b@0(xy)")},
         {"declared entity", "<!DOCTYPE a [<!ENTITY e 'E'>]><a><b>&e;</b></a>", QStringLiteral("b@0(E)")},
-        {"duplicate attribute", "<a><b c='1' c='2'>x</b></a>", QStringLiteral("b@0(x)")},
-        {"control character", "<a><b>x\x01y</b></a>", QStringLiteral("b@0(xy)")},
+        {"undeclared entity", "<a>\n<b>x&nbsp;y</b></a>", broken(QStringLiteral("b@0(xy)"))},
+        {"duplicate attribute", "<a><b c='1' c='2'>x</b></a>", broken(QStringLiteral("b@0(x)"))},
+        {"control character", "<a><b>x\x01y</b></a>", broken(QStringLiteral("b@0(xy)"))},
         {"256 levels", nested(256), QStringLiteral("a@1()")},
         {"thousand attributes", withAttributes(1000), QStringLiteral("b@1()")},
-        {"thousand of them, read by the DOM", "<r>&nbsp;" + withAttributes(1000) + "</r>", QStringLiteral("a@0()")},
+        {"thousand of them, read by the DOM", "<!DOCTYPE r><r>" + withAttributes(1000) + "</r>",
+         QStringLiteral("a@0()")},
     };
-    table.forEach([](const QByteArray &xml, const QString &expected) {
+    table.forEach([&](const QByteArray &xml, const QString &expected) {
         KRErrorHistory history;
         QCOMPARE(childrenOf(xml, &history), expected);
-        QVERIFY(history.isEmpty());
+        QCOMPARE(history.isEmpty(), expected != unreadable);
     });
 }
 

@@ -205,7 +205,8 @@ public:
         if (kind == QLatin1String("track"))
             return factsOf(KRGPXTrack(element, QDir(QString())));
         if (kind == QLatin1String("includedTrack"))
-            return factsOf(KRGPXTrackFile(save(QStringLiteral("track.gps"), m_block.text.toUtf8())).tracks().value(0));
+            return factsOf(
+                KRGPXTrackFile(QFileInfo(save(QStringLiteral("track.gps"), m_block.text.toUtf8()))).tracks().value(0));
         if (kind == QLatin1String("comma-text"))
             return factsOf(
                 KRGPXTrack(QString(), QString(), {KRGPXTrackSegment::decodeKml(m_block.text)}, LineStringTrackShape));
