@@ -10,9 +10,9 @@ class QDomElement;
 /**
  * One track together with how it is drawn.
  *
- * As a track element it answers for the track. Queries are const and may run in several threads at once; the default
- * constructor asks the user's settings and, like reading and writing XML, belongs into the GUI thread. Setters tell
- * whether anything changed.
+ * As a track element it answers for the track. Threads may do with it what they may do with a KRGPXTrack; only the
+ * default constructor, which asks the user's settings, belongs into the GUI thread. Setters tell whether anything
+ * changed.
  */
 class KRGEOLOCATION_EXPORT KRGPXConfiguredTrack : public KRGPXTrackElement
 {

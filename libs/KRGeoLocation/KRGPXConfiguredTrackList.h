@@ -9,7 +9,7 @@ class KRGPXTrackSelectionComparisonResult;
 /**
  * Configured tracks in the order in which they are drawn and listed. Valid when not empty.
  *
- * Shares its data like every QList. GUI thread only, but for plain reading.
+ * Shares its data like every QList. What asks the user or his settings belongs into the GUI thread, as with the track.
  */
 class KRGEOLOCATION_EXPORT KRGPXConfiguredTrackList : public QList<KRGPXConfiguredTrack>
 {

@@ -14,9 +14,9 @@ class QFileInfo;
  * The shape is linestring unless something else was read or set. A track is valid when it has a segment, even one
  * without points. A QDir("") stands for "no directory" wherever one is handed in.
  *
- * Implicitly shared: copying copies no point. The const queries may run in several threads at once; reading and
- * writing XML uses the file registry of the process and belongs into the main thread. A moved-from track may only be
- * assigned or destroyed. Nothing throws; missing and unknown elements are skipped.
+ * Implicitly shared: copying copies no point. The const functions may run in several threads at once, and so may
+ * reading: each thread with nodes and a QDir of its own, as the file registry has a lock. A moved-from track may only
+ * be assigned or destroyed. Nothing throws; missing and unknown elements are skipped.
  */
 class KRGEOLOCATION_EXPORT KRGPXTrack : public KRGPXTrackElement
 {

@@ -6,8 +6,8 @@
  * The tracks that are shown together, and how much of the map outside their areas shines through.
  *
  * The cropping opacity is 0 (nothing) to 255 (the whole map, nothing cropped) and 255 at first; any number is stored
- * as it is given. Valid when there is a track. Setters tell whether anything changed. GUI thread only, but for the
- * queries of a track element, which may run in several threads at once.
+ * as it is given. Valid when there is a track. Setters tell whether anything changed. Threads may do with it what they
+ * may do with a KRGPXTrack, but adding a track without a look and value() without a track belong into the GUI thread.
  */
 class KRGEOLOCATION_EXPORT KRGPXTrackSelection : public KRGPXTrackElement
 {

@@ -10,6 +10,7 @@
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 #include <KRGeoLocation/KRMapProjection.h>
 
+#include <QDomDocument>
 #include <QRunnable>
 #include <QTemporaryDir>
 #include <QThreadPool>
@@ -254,6 +255,7 @@ void tst_KRThreads::saving()
     KRGPXTrackFileRegistry &registry = KRGPXTrackFileRegistry::instance();
     constexpr int count = 6;
     std::vector<QStringList> names(count + 1);
+    std::vector<int> counts(count + 1);
     runEverywhere(count, [&](int i) {
         for (int k = 0; k < 4; ++k) {
             // Every track is saved by several threads.
@@ -263,10 +265,15 @@ void tst_KRThreads::saving()
             names[std::size_t(i + 1)].append(registry.createAssignedFile(key));
             registry.createFileInfo(key, registry.fileName(key)).size();
         }
+        QDomDocument document;
+        QDomElement element = document.appendChild(document.createElement(QStringLiteral("tracks"))).toElement();
+        routes().toXml(element, QDir(folder.path()));
+        counts[std::size_t(i + 1)] = KRGPXTrackSelection(element, QDir(folder.path())).count();
     });
+    QCOMPARE(counts, std::vector<int>(counts.size(), routes().count()));
     for (const QStringList &given : names)
         QCOMPARE(given, names.front());
-    QCOMPARE(dir.entryList(QDir::Files).size(), 4);
+    QCOMPARE(dir.entryList(QDir::Files).size(), 4 + routes().count());
 }
 
 static const KRTestRegistration<tst_KRThreads> registration;
