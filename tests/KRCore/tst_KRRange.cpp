@@ -1,9 +1,15 @@
+#include <KRCore/KRIntRange.h>
 #include <KRCore/KRRange.h>
 
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
+#include <QImage>
+#include <QThread>
 #include <QtTest>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -34,12 +40,11 @@ class tst_KRRange : public QObject
 private slots:
     void expandTo();
     void overlaps();
-    void derivedRuleForOneValueAppliesToRanges();
     void order();
     void validity();
-    void center();
     void timeFrame();
-    void invalidTimesCount();
+    void splitEvenlyForCpuCores();
+    void rowsAndColumns();
 };
 
 void tst_KRRange::expandTo()
@@ -47,13 +52,11 @@ void tst_KRRange::expandTo()
     IntRange range;
     QVERIFY(range.isNull());
     range.expandTo(5);
-    QVERIFY(range == IntRange(5, 5));
-    QVERIFY(!range.isNull());
-    range.expandTo(9);
-    range.expandTo(-3);
-    range.expandTo(7);
-    QVERIFY(range == IntRange(-3, 9));
-    QVERIFY(range != IntRange(-3, 8));
+    QVERIFY(range == IntRange(5, 5) && !range.isNull());
+    for (const int value : {9, -3, 7})
+        range.expandTo(value);
+    QVERIFY(range == IntRange(-3, 9) && range != IntRange(-3, 8));
+    QCOMPARE(range.center(), 3);
 }
 
 void tst_KRRange::overlaps()
@@ -72,15 +75,10 @@ void tst_KRRange::overlaps()
         QCOMPARE(range.intersects(other), intersects);
         QCOMPARE(other.intersects(range), intersects);
     });
-}
-
-void tst_KRRange::derivedRuleForOneValueAppliesToRanges()
-{
+    // A derived rule for one value applies to ranges.
     const OddRange odd(1, 9);
-    QVERIFY(odd.contains(IntRange(3, 5)));
-    QVERIFY(!odd.contains(IntRange(3, 6)));
-    QVERIFY(odd.intersects(IntRange(3, 20)));
-    QVERIFY(!odd.intersects(IntRange(4, 6)));
+    QVERIFY(odd.contains(IntRange(3, 5)) && !odd.contains(IntRange(3, 6)));
+    QVERIFY(odd.intersects(IntRange(3, 20)) && !odd.intersects(IntRange(4, 6)));
 }
 
 void tst_KRRange::order()
@@ -99,48 +97,74 @@ void tst_KRRange::order()
 
 void tst_KRRange::validity()
 {
-    QVERIFY(IntRange(5, 5).isValid());
-    QVERIFY(IntRange(-1, 5).isValid());
-    QVERIFY(!IntRange(5, 4).isValid());
+    QVERIFY(IntRange(5, 5).isValid() && IntRange(-1, 5).isValid() && !IntRange(5, 4).isValid());
     // A time frame without a duration is none; its ends may be in any order.
-    QVERIFY(!TimeFrame().isValid());
-    QVERIFY(!TimeFrame(at(8), at(8)).isValid());
-    QVERIFY(TimeFrame(at(8), at(9)).isValid());
-    QVERIFY(TimeFrame(at(9), at(8)).isValid());
-}
-
-void tst_KRRange::center()
-{
-    QCOMPARE(IntRange(2, 8).center(), 5);
-    QCOMPARE(TimeFrame(at(8), at(10)).center(), at(9));
-    QCOMPARE(TimeFrame(at(10), at(8)).center(), at(9));
-    QVERIFY(!TimeFrame().center().isValid());
+    QVERIFY(!TimeFrame().isValid() && !TimeFrame(at(8), at(8)).isValid());
+    QVERIFY(TimeFrame(at(8), at(9)).isValid() && TimeFrame(at(9), at(8)).isValid());
 }
 
 void tst_KRRange::timeFrame()
 {
     TimeFrame frame;
     QVERIFY(frame.isNull());
-    frame.expandTo(at(10));
-    QVERIFY(frame == TimeFrame(at(10), at(10)));
-    frame.expandTo(at(8));
-    frame.expandTo(at(12));
+    for (const int hour : {10, 8, 12})
+        frame.expandTo(at(hour));
     QVERIFY(frame == TimeFrame(at(8), at(12)));
-    QVERIFY(frame.contains(at(8)));
-    QVERIFY(frame.contains(TimeFrame(at(9), at(12))));
-    QVERIFY(!frame.contains(at(13)));
+    QCOMPARE(frame.center(), at(10));
+    QCOMPARE(TimeFrame(at(10), at(8)).center(), at(9));
+    QVERIFY(!TimeFrame().center().isValid());
+    QVERIFY(frame.contains(at(8)) && !frame.contains(at(13)) && frame.contains(TimeFrame(at(9), at(12))));
     QVERIFY(frame.intersects(TimeFrame(at(12), at(13))));
     QVERIFY(frame < TimeFrame(at(9), at(10)));
+    // Intended: an invalid time is earlier than every other, and nothing skips it.
+    frame.expandTo(QDateTime());
+    QVERIFY(frame == TimeFrame(QDateTime(), at(12)) && frame.isValid());
 }
 
-void tst_KRRange::invalidTimesCount()
+void tst_KRRange::splitEvenlyForCpuCores()
 {
-    // Intended: an invalid time is earlier than every other, and nothing skips it.
-    TimeFrame frame(at(8), at(8));
-    frame.expandTo(QDateTime());
-    frame.expandTo(at(9));
-    QVERIFY(frame == TimeFrame(QDateTime(), at(9)));
-    QVERIFY(frame.isValid());
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+    const int cores = QThread::idealThreadCount();
+    const KRTestTable<int, int, int> table{
+        {"nothing", 0, -1, 0},
+        {"far from anything", 10, -10, 0},
+        {"one index", 7, 7, 1},
+        {"as many as cores", 0, cores - 1, cores},
+        {"one more than cores", 0, cores, cores},
+        {"not from 0", -500, 501, cores},
+        {"every int", lowest, highest, cores},
+    };
+    table.forEach([](int minimum, int maximum, int expectedParts) {
+        const QList<KRIntRange> parts = KRIntRange(minimum, maximum).splitEvenlyForCpuCores();
+        QCOMPARE(parts.size(), expectedParts);
+        qint64 next = minimum;
+        qint64 smallest = std::numeric_limits<qint64>::max();
+        qint64 largest = 0;
+        for (const KRIntRange &part : parts) {
+            QCOMPARE(qint64(part.minimum()), next);
+            const qint64 size = qint64(part.maximum()) - part.minimum() + 1;
+            smallest = std::min(smallest, size);
+            largest = std::max(largest, size);
+            next += size;
+        }
+        if (!parts.isEmpty()) {
+            QCOMPARE(next, qint64(maximum) + 1);
+            QVERIFY(smallest >= 1);
+            QVERIFY(largest - smallest <= 1);
+        }
+    });
+}
+
+void tst_KRRange::rowsAndColumns()
+{
+    const QImage image(30, 20, QImage::Format_ARGB32);
+    QCOMPARE(KRIntRange::rowsOfImage(image), KRIntRange(0, 19));
+    QCOMPARE(KRIntRange::columnsOfImage(image), KRIntRange(0, 29));
+    QVERIFY(!KRIntRange::rowsOfImage(QImage()).isValid());
+    const KRIntRange none = KRIntRange::columnsOfImage(QImage());
+    QVERIFY(!none.isValid() && !none.contains(0));
+    QCOMPARE(none.lastIndexEvenIfUnvalid(), none.minimum());
 }
 
 static const KRTestRegistration<tst_KRRange> registration;

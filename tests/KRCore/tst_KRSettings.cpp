@@ -8,8 +8,6 @@
 #include <QRegularExpression>
 #include <QtTest>
 
-#include <memory>
-
 namespace {
 
 class PlaceSettings : public KRSettings
@@ -37,45 +35,29 @@ class tst_KRSettings : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void keepsValues_data();
     void keepsValues();
     void reportsWhatItCannotSave();
     void fullDiskKeepsTheOldSettings();
-
-private:
-    std::unique_ptr<KRTemporarySettings> m_settings;
 };
-
-void tst_KRSettings::init()
-{
-    m_settings.reset(); // before the next one, which remembers the present file
-    m_settings = std::make_unique<KRTemporarySettings>();
-}
-
-void tst_KRSettings::keepsValues_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("umlauts") << QStringLiteral("Gößnitz");
-    QTest::newRow("what INI files treat specially") << QStringLiteral("<a b=\"%1\" c='[x]; y=z, w'/>\n@Invalid()");
-    QTest::newRow("empty") << QStringLiteral("");
-}
 
 void tst_KRSettings::keepsValues()
 {
-    QFETCH(QString, name);
-    PlaceSettings written;
-    written.isVisible.setValue(false);
-    written.name.setValue(name);
-    written.saveAll();
-    QVERIFY(QFile::exists(m_settings->fileName()));
-
+    const KRTemporarySettings file;
+    // umlauts, what INI files treat specially, and nothing
+    for (const QString &name :
+         {QStringLiteral("Gößnitz"), QStringLiteral("<a b=\"%1\" c='[x]; y=z, w'/>\n@Invalid()"), QStringLiteral("")}) {
+        PlaceSettings written;
+        written.isVisible.setValue(false);
+        written.name.setValue(name);
+        written.saveAll();
+        PlaceSettings read;
+        read.loadAll();
+        QCOMPARE(read.isVisible.value(), false);
+        QCOMPARE(read.name.value(), name);
+    }
+    KRSettings::setFileName(file.dir().filePath(QStringLiteral("other.ini")));
     PlaceSettings read;
-    read.loadAll();
-    QCOMPARE(read.isVisible.value(), false);
-    QCOMPARE(read.name.value(), name);
-
-    KRSettings::setFileName(m_settings->dir().filePath(QStringLiteral("other.ini")));
+    read.isVisible.setValue(false);
     read.loadAll();
     QCOMPARE(read.isVisible.value(), true);
     QCOMPARE(read.name.value(), QStringLiteral("Ort"));
@@ -83,19 +65,20 @@ void tst_KRSettings::keepsValues()
 
 void tst_KRSettings::reportsWhatItCannotSave()
 {
-    const QString directory = m_settings->dir().filePath(QStringLiteral("directory.ini"));
+    const KRTemporarySettings file;
+    const QString directory = file.dir().filePath(QStringLiteral("directory.ini"));
     QVERIFY(QDir().mkdir(directory));
     KRSettings::setFileName(directory);
-    PlaceSettings settings;
     const QRegularExpression report(QStringLiteral("directory\\.ini: Die Einstellungen konnten nicht"));
     QTest::ignoreMessage(QtWarningMsg, report);
     QTest::ignoreMessage(QtWarningMsg, report);
-    settings.saveAll();
+    PlaceSettings().saveAll();
     QVERIFY(QFileInfo(directory).isDir());
 }
 
 void tst_KRSettings::fullDiskKeepsTheOldSettings()
 {
+    const KRTemporarySettings temporary;
     const QString old(1000, QLatin1Char('a'));
     const QString next(1000, QLatin1Char('n'));
     PlaceSettings settings;
@@ -109,7 +92,7 @@ void tst_KRSettings::fullDiskKeepsTheOldSettings()
         QTest::ignoreMessage(QtWarningMsg, report);
         settings.saveAll();
     }
-    QFile file(m_settings->fileName());
+    QFile file(temporary.fileName());
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().contains("name=" + old.toLatin1()));
     settings.saveAll();

@@ -1,6 +1,7 @@
 #include <KRGUIWidgets/KRElidedLabel.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -9,45 +10,35 @@ class tst_KRElidedLabel : public QObject
     Q_OBJECT
 
 private slots:
-    void shortens_data();
     void shortens();
     void everyLineFits();
     void blinksInTheColorsOfThePalette();
 };
 
-void tst_KRElidedLabel::shortens_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("wordWrap");
-    QTest::addColumn<int>("widthInCharacters");
-    QTest::addColumn<int>("lines");
-    QTest::addColumn<int>("expectedLines");
-    QTest::addColumn<bool>("isElided");
-    const QString words = QStringLiteral("along the river and back");
-    QTest::newRow("fits") << words << true << 40 << 3 << 1 << false;
-    QTest::newRow("wraps") << words << true << 14 << 3 << 2 << false;
-    QTest::newRow("no wrap wanted") << words << false << 14 << 3 << 1 << true;
-    QTest::newRow("last line shortened") << words << true << 8 << 2 << 2 << true;
-    QTest::newRow("lower than a line") << words << true << 8 << 0 << 1 << true;
-    QTest::newRow("one long word breaks") << QString(30, QLatin1Char('x')) << true << 12 << 9 << 3 << false;
-    QTest::newRow("line breaks do not count") << QStringLiteral("a\nb\n\nc") << true << 20 << 3 << 1 << false;
-    QTest::newRow("nothing") << QString() << true << 20 << 3 << 1 << false;
-}
-
 void tst_KRElidedLabel::shortens()
 {
-    QFETCH(QString, text);
-    QFETCH(bool, wordWrap);
-    QFETCH(int, widthInCharacters);
-    QFETCH(int, lines);
-    KRElidedLabel label(text);
-    label.setWordWrap(wordWrap);
-    const QFontMetrics metrics = label.fontMetrics();
-    const int textWidth = widthInCharacters * metrics.horizontalAdvance(QLatin1Char('x'));
-    label.resize(textWidth + 2 * KRElidedLabel::textPaddingPx, lines * metrics.lineSpacing() + 2);
-    QTEST(int(label.visibleLines().count()), "expectedLines");
-    QTEST(label.visibleLines().last().endsWith(QChar(0x2026)), "isElided");
-    QCOMPARE(label.text(), text);
+    const QString words = QStringLiteral("along the river and back");
+    // text, word wrap, width in characters, height in lines, lines to be seen, whether the last one is cut
+    const KRTestTable<QString, bool, int, int, int, bool> table{
+        {"fits", words, true, 40, 3, 1, false},
+        {"wraps", words, true, 14, 3, 2, false},
+        {"no wrap wanted", words, false, 14, 3, 1, true},
+        {"last line shortened", words, true, 8, 2, 2, true},
+        {"lower than a line", words, true, 8, 0, 1, true},
+        {"one long word breaks", QString(30, QLatin1Char('x')), true, 12, 9, 3, false},
+        {"line breaks do not count", QStringLiteral("a\nb\n\nc"), true, 20, 3, 1, false},
+        {"nothing", QString(), true, 20, 3, 1, false},
+    };
+    table.forEach([](const QString &text, bool wordWrap, int characters, int lines, int expectedLines, bool isElided) {
+        KRElidedLabel label(text);
+        label.setWordWrap(wordWrap);
+        const QFontMetrics metrics = label.fontMetrics();
+        const int textWidth = characters * metrics.horizontalAdvance(QLatin1Char('x'));
+        label.resize(textWidth + 2 * KRElidedLabel::textPaddingPx, lines * metrics.lineSpacing() + 2);
+        QCOMPARE(label.visibleLines().count(), expectedLines);
+        QCOMPARE(label.visibleLines().last().endsWith(QChar(0x2026)), isElided);
+        QCOMPARE(label.text(), text);
+    });
 }
 
 void tst_KRElidedLabel::everyLineFits()

@@ -2,6 +2,7 @@
 
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -15,7 +16,6 @@ class tst_KRIconRegistry : public QObject
 private slots:
     void sharesIcons();
     void followsThePalette();
-    void isSharpAtEverySize_data();
     void isSharpAtEverySize();
     void warnsOfUnknownKeys();
 };
@@ -68,34 +68,29 @@ void tst_KRIconRegistry::followsThePalette()
     QCOMPARE(selected, QColor(Qt::red));
 }
 
-void tst_KRIconRegistry::isSharpAtEverySize_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("ratio");
-    QTest::newRow("list row") << QSize(16, 16) << 1.0;
-    QTest::newRow("tool bar, twice the pixels") << QSize(24, 24) << 2.0;
-    QTest::newRow("large, one and a half") << QSize(64, 64) << 1.5;
-    QTest::newRow("wide: stays in the middle") << QSize(90, 30) << 1.0;
-}
-
 void tst_KRIconRegistry::isSharpAtEverySize()
 {
-    QFETCH(QSize, size);
-    QFETCH(double, ratio);
-    const QIcon icon = KRIconRegistry::instance()->icon(QStringLiteral("ico_fit_map"));
-    QImage image((QSizeF(size) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    icon.paint(&painter, QRect(QPoint(0, 0), size));
-    painter.end();
-    const QRect drawn = KRTestPicture::boundsOf(image, [](const QColor &color) { return color.alpha() > 0; });
-    const int side = qMin(image.width(), image.height());
-    QVERIFY(drawn.height() > side * 3 / 4 && drawn.height() <= side);
-    QVERIFY(drawn.width() > side * 3 / 4 && drawn.width() <= side);
-    QVERIFY(qAbs(drawn.center().x() - image.rect().center().x()) <= 1);
-    // An enlarged picture would have no full pixels left beside its blurred edges.
-    QCOMPARE(inkOf(image).alpha(), 255);
+    const KRTestTable<QSize, double> table{
+        {"list row", QSize(16, 16), 1.0},
+        {"tool bar, twice the pixels", QSize(24, 24), 2.0},
+        {"large, one and a half", QSize(64, 64), 1.5},
+        {"wide: stays in the middle", QSize(90, 30), 1.0},
+    };
+    table.forEach([](const QSize &size, double ratio) {
+        QImage image((QSizeF(size) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        KRIconRegistry::instance()->icon(QStringLiteral("ico_fit_map")).paint(&painter, QRect(QPoint(0, 0), size));
+        painter.end();
+        const QRect drawn = KRTestPicture::boundsOf(image, [](const QColor &color) { return color.alpha() > 0; });
+        const int side = qMin(image.width(), image.height());
+        QVERIFY(drawn.height() > side * 3 / 4 && drawn.height() <= side);
+        QVERIFY(drawn.width() > side * 3 / 4 && drawn.width() <= side);
+        QVERIFY(qAbs(drawn.center().x() - image.rect().center().x()) <= 1);
+        // An enlarged picture would have no full pixels left beside its blurred edges.
+        QCOMPARE(inkOf(image).alpha(), 255);
+    });
 }
 
 void tst_KRIconRegistry::warnsOfUnknownKeys()

@@ -2,21 +2,13 @@
 
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
+#include "KRTestXml.h"
 
 #include <QtTest>
 
 #include <cmath>
 
-namespace {
-
-QDomElement element(const QByteArray &xml)
-{
-    QDomDocument document;
-    document.setContent(xml);
-    return document.documentElement();
-}
-
-} // namespace
+using KRTestXml::element;
 
 class tst_KRXMLParser : public QObject
 {

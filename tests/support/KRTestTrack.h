@@ -4,10 +4,21 @@
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include <QDateTime>
+#include <QDir>
 #include <QList>
 
-/// Tracks that lead straight north, so that their figures are seen from their points.
+/// Tracks that stand in the tests themselves.
 namespace KRTestTrack {
+
+/// Where files are neither read nor written: everything stands in one document.
+const QDir noDir = QDir(QString());
+
+/// A track of one segment from a text of "longitude,latitude" or more.
+inline KRGPXTrack track(const QString &coordinates, KRGPXTrackShapeEnum shape = LineStringTrackShape,
+                        const QString &name = QStringLiteral("track"))
+{
+    return KRGPXTrack::decodeKml(name, QString(), coordinates, shape);
+}
 
 constexpr double kmPerDegree = 111.1774733520461; // on the sphere of 6370 km
 
@@ -17,6 +28,7 @@ struct Point {
     int second; ///< negative: no time
 };
 
+/// A track that leads straight north, so that its figures are seen from its points.
 inline KRGPXTrack northwards(const QList<QList<Point>> &segments)
 {
     QList<KRGPXTrackSegment> trackSegments;

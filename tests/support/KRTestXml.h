@@ -13,6 +13,17 @@ inline QDomElement element(const QByteArray &xml)
     return document.setContent(xml) ? document.documentElement() : QDomElement();
 }
 
+/// The children of an element as "name=text;", those without any text as "name;".
+inline QString childrenOf(const QDomElement &parent)
+{
+    QString children;
+    for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement()) {
+        const QString text = child.text().simplified();
+        children += child.tagName() + (text.isEmpty() ? text : QLatin1Char('=') + text) + QLatin1Char(';');
+    }
+    return children;
+}
+
 /// The text as it is, without a byte-order mark in front.
 inline QByteArray utf16BigEndian(const QString &text)
 {
