@@ -2,6 +2,7 @@
 
 #include "KRRecordingTranslator.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QComboBox>
 #include <QSpinBox>
@@ -12,42 +13,36 @@ class tst_KRGeoArcEdit : public QObject
     Q_OBJECT
 
 private slots:
-    void showsAngles_data();
     void showsAngles();
     void readsWhatIsTyped();
     void offersHemispheres();
 };
 
-void tst_KRGeoArcEdit::showsAngles_data()
-{
-    QTest::addColumn<double>("angle");
-    QTest::addColumn<int>("degrees");
-    QTest::addColumn<int>("minutes");
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<QString>("hemisphere");
-    QTest::addColumn<double>("expected");
-    QTest::newRow("south") << -8.5 << 8 << 30 << 0.0 << QStringLiteral("Süd") << -8.5;
-    QTest::newRow("north") << 53.1368 << 53 << 8 << 12.48 << QStringLiteral("Nord") << 53.1368;
-    QTest::newRow("less than a degree south turns north") << -0.5 << 0 << 30 << 0.0 << QStringLiteral("Nord") << 0.5;
-    QTest::newRow("seconds do not wrap to 0") << 8.2 << 8 << 11 << 59.999 << QStringLiteral("Nord") << 8.199999722;
-    QTest::newRow("whole turn") << -360.0 << 360 << 0 << 0.0 << QStringLiteral("Süd") << -360.0;
-    QTest::newRow("not valid") << 720.0 << 360 << 0 << 0.0 << QStringLiteral("Nord") << 360.0;
-    QTest::newRow("huge") << -1e300 << 360 << 8 << 59.999 << QStringLiteral("Süd") << -360.149999722;
-}
-
 void tst_KRGeoArcEdit::showsAngles()
 {
-    QFETCH(double, angle);
-    QFETCH(double, expected);
-    KRGeoArcEdit edit(nullptr, true);
-    edit.setGeoArc(angle);
-    const QList<QSpinBox *> boxes = edit.findChildren<QSpinBox *>();
-    QTEST(boxes.at(0)->value(), "degrees");
-    QTEST(boxes.at(1)->value(), "minutes");
-    QTEST(edit.findChild<QDoubleSpinBox *>()->value(), "seconds");
-    QTEST(edit.findChild<QComboBox *>()->currentText(), "hemisphere");
-    QVERIFY2(qAbs(edit.geoArc().decimalDegrees() - expected) < 1e-8,
-             qPrintable(QString::number(edit.geoArc().decimalDegrees(), 'f', 12)));
+    const QString north = QStringLiteral("Nord");
+    const QString south = QStringLiteral("Süd");
+    const KRTestTable<double, int, int, double, QString, double> table{
+        {"south", -8.5, 8, 30, 0.0, south, -8.5},
+        {"north", 53.1368, 53, 8, 12.48, north, 53.1368},
+        {"less than a degree south turns north", -0.5, 0, 30, 0.0, north, 0.5},
+        {"seconds do not wrap to 0", 8.2, 8, 11, 59.999, north, 8.199999722},
+        {"whole turn", -360.0, 360, 0, 0.0, south, -360.0},
+        {"not valid", 720.0, 360, 0, 0.0, north, 360.0},
+        {"huge", -1e300, 360, 8, 59.999, south, -360.149999722},
+    };
+    table.forEach(
+        [](double angle, int degrees, int minutes, double seconds, const QString &hemisphere, double expected) {
+            KRGeoArcEdit edit(nullptr, true);
+            edit.setGeoArc(angle);
+            const QList<QSpinBox *> boxes = edit.findChildren<QSpinBox *>();
+            QCOMPARE(boxes.at(0)->value(), degrees);
+            QCOMPARE(boxes.at(1)->value(), minutes);
+            QCOMPARE(edit.findChild<QDoubleSpinBox *>()->value(), seconds);
+            QCOMPARE(edit.findChild<QComboBox *>()->currentText(), hemisphere);
+            QVERIFY2(qAbs(edit.geoArc().decimalDegrees() - expected) < 1e-8,
+                     qPrintable(QString::number(edit.geoArc().decimalDegrees(), 'f', 12)));
+        });
 }
 
 void tst_KRGeoArcEdit::readsWhatIsTyped()

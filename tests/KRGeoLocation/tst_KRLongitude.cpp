@@ -1,3 +1,4 @@
+#include <KRGeoLocation/KRLatitude.h>
 #include <KRGeoLocation/KRLongitude.h>
 
 #include "KRRecordingTranslator.h"
@@ -7,8 +8,18 @@
 #include <QDebug>
 #include <QtTest>
 
+#include <cmath>
 #include <limits>
 
+namespace {
+
+constexpr double invalid = KRGeoArc::invalidDegrees;
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+} // namespace
+
+/// Longitudes, and latitudes, which are written and read in the same way.
 class tst_KRLongitude : public QObject
 {
     Q_OBJECT
@@ -16,75 +27,111 @@ class tst_KRLongitude : public QObject
 private slots:
     void parse();
     void folding();
-    void band();
+    void bands();
     void eastAndWest();
     void hemispheres();
-    void comparisonKnowsNoDateLine();
+    void calculating();
     void texts();
     void textsAreTranslated();
 };
 
 void tst_KRLongitude::parse()
 {
-    const KRTestTable<QString, double> table{
-        {"east", QStringLiteral("E8.25"), 8.25},
-        {"west", QStringLiteral("W8.25"), -8.25},
-        {"no letter", QStringLiteral("-8.25"), -8.25},
-        {"lower case", QStringLiteral("w8.25"), KRGeoArc::invalidDegrees},
-        {"the German letter is none", QStringLiteral("O8.25"), KRGeoArc::invalidDegrees},
-        {"letter of a latitude", QStringLiteral("N8.25"), KRGeoArc::invalidDegrees},
+    const KRTestTable<QString, double, double> table{
+        {"north", QStringLiteral("N53.5"), 53.5, invalid},
+        {"south", QStringLiteral("S53.5"), -53.5, invalid},
+        {"east", QStringLiteral("E53.5"), invalid, 53.5},
+        {"west", QStringLiteral("W53.5"), invalid, -53.5},
+        {"no letter", QStringLiteral("-53.5"), -53.5, -53.5},
+        {"sign and letter multiply", QStringLiteral("S-53.5"), 53.5, invalid},
+        {"blank behind the letter", QStringLiteral("N 53.5"), 53.5, invalid},
+        {"beyond the pole", QStringLiteral("S120"), -120.0, invalid},
+        {"lower case", QStringLiteral("n53.5"), invalid, invalid},
+        {"blank in front of the letter", QStringLiteral(" N53.5"), invalid, invalid},
+        {"letter at the end", QStringLiteral("53.5N"), invalid, invalid},
+        {"the German letter is none", QStringLiteral("O53.5"), invalid, invalid},
+        {"two letters", QStringLiteral("NS53.5"), invalid, invalid},
+        {"decimal comma", QStringLiteral("53,5"), invalid, invalid},
+        {"too large for a number", QStringLiteral("S1e400"), invalid, invalid},
+        {"only the letter", QStringLiteral("S"), invalid, invalid},
+        {"empty", {}, invalid, invalid},
     };
-    table.forEach(
-        [](const QString &text, double expected) { QCOMPARE(KRLongitude::parse(text).decimalDegrees(), expected); });
+    table.forEach([](const QString &text, double latitude, double longitude) {
+        QCOMPARE(KRLatitude::parse(text).decimalDegrees(), latitude);
+        QCOMPARE(KRLongitude::parse(text).decimalDegrees(), longitude);
+    });
+    for (const double degrees : {-90.0, -33.8688, -1e-8, 0.0, 53.14118, 123.456}) {
+        QCOMPARE(KRLatitude::parse(KRLatitude(degrees).toString(false)).decimalDegrees(), degrees);
+        QCOMPARE(KRLongitude::parse(KRLongitude(degrees).toString(false)).decimalDegrees(), degrees);
+    }
 }
 
 void tst_KRLongitude::folding()
 {
+    // Both ends stay as they are, and what lies between them.
+    for (int degrees = -2000; degrees <= 2000; ++degrees) {
+        const double longitude = KRLongitude::safeLongitude(degrees).decimalDegrees();
+        QCOMPARE(std::fmod(degrees - longitude, 360.0), 0.0);
+        QVERIFY(std::abs(longitude) <= 180.0 && (std::abs(degrees) > 180 || longitude == degrees));
+        QCOMPARE(KRLongitude(degrees).normalized().decimalDegrees(), longitude);
+        // Intended: half a turn for latitudes, not a reflection.
+        const double latitude = KRLatitude::safeLatitude(degrees).decimalDegrees();
+        QCOMPARE(std::fmod(degrees - latitude, 180.0), 0.0);
+        QVERIFY(std::abs(latitude) <= 90.0 && (std::abs(degrees) > 90 || latitude == degrees));
+    }
     const KRTestTable<double, double> table{
-        {"inside", -8.25, -8.25},
-        {"180 stays", 180.0, 180.0},
-        {"-180 stays", -180.0, -180.0},
-        {"just over the date line", 190.0, -170.0},
-        {"just over the date line westwards", -190.0, 170.0},
-        {"one and a half turns", 540.0, 180.0},
-        {"one and a half turns westwards", -540.0, -180.0},
         {"many turns", 360e9 + 30.0, 30.0},
-        {"infinite", std::numeric_limits<double>::infinity(), KRGeoArc::invalidDegrees},
-        {"not a number", std::numeric_limits<double>::quiet_NaN(), KRGeoArc::invalidDegrees},
+        {"infinite", infinity, invalid},
+        {"minus infinite", -infinity, invalid},
+        {"not a number", notANumber, invalid},
     };
     table.forEach([](double degrees, double expected) {
+        QCOMPARE(KRLatitude::safeLatitude(degrees).decimalDegrees(), expected);
         QCOMPARE(KRLongitude::safeLongitude(degrees).decimalDegrees(), expected);
         QCOMPARE(KRLongitude(degrees).normalized().decimalDegrees(), expected);
-        QVERIFY(KRLongitude(-1e300).normalized().isInValidRange());
     });
+    QVERIFY(KRLatitude::safeLatitude(1e300).isInValidRange());
+    QVERIFY(KRLongitude(-1e300).normalized().isInValidRange());
 }
 
-void tst_KRLongitude::band()
+void tst_KRLongitude::bands()
 {
-    QVERIFY(KRLongitude(180.0000005).isInValidRange());
-    QVERIFY(KRLongitude(-180.0000005).isInValidRange());
-    QVERIFY(!KRLongitude(180.00001).isInValidRange());
+    // of a latitude: inside, bounded, with a distance of 0.01 to the poles; each holds for the south as well
+    const KRTestTable<double, bool, double, double> table{
+        {"inside", 45.0, true, 45.0, 45.0},
+        {"closer to the pole than 0.01", 89.995, true, 89.995, 89.995},
+        {"within the tolerance of the pole", 89.9999995, true, 89.9999995, 89.99},
+        {"pole", 90.0, true, 90.0, 89.99},
+        {"a hair beyond", 90.0000005, true, 90.0, 89.99},
+        {"beyond", 95.0, false, 90.0, 89.99},
+    };
+    table.forEach([](double degrees, bool isInside, double bounded, double caught) {
+        for (const double sign : {1.0, -1.0}) {
+            const KRLatitude latitude = sign * degrees;
+            QCOMPARE(latitude.isInValidRange(), isInside);
+            QCOMPARE(latitude.bounded().decimalDegrees(), sign * bounded);
+            QCOMPARE(latitude.catchOutOfBound().decimalDegrees(), sign * caught);
+            const KRLongitude longitude = sign * (90.0 + degrees);
+            QCOMPARE(longitude.isInValidRange(), isInside);
+            QCOMPARE(longitude.bounded().decimalDegrees(), sign * (90.0 + bounded));
+        }
+    });
     QVERIFY(!KRLongitude().isInValidRange());
-    QCOMPARE(KRLongitude(180.0000005).bounded().decimalDegrees(), 180.0);
-    QCOMPARE(KRLongitude(-190.0).bounded().decimalDegrees(), -180.0);
-    QCOMPARE(KRLongitude(-179.0).bounded().decimalDegrees(), -179.0);
 }
 
 void tst_KRLongitude::eastAndWest()
 {
-    const KRTestTable<double, double, bool, bool> table{
-        {"same", 10.0, 10.0, false, false},
-        {"east", 10.0, -160.0, true, false},
-        {"opposite is neither", 10.0, -170.0, false, false},
-        {"the other way is shorter", 10.0, -171.0, false, true},
-        {"across the date line", -170.0, 170.0, true, false},
-        {"across the date line westwards", 170.0, -170.0, false, true},
-        {"both names of the date line", 180.0, -180.0, false, false},
-    };
-    table.forEach([](double degrees, double other, bool isEast, bool isWest) {
-        QCOMPARE(KRLongitude(degrees).isEastOf(other), isEast);
-        QCOMPARE(KRLongitude(degrees).isWestOf(other), isWest);
-    });
+    // The shorter way counts, opposite places are neither, and the date line has two names.
+    for (int a = -180; a <= 180; a += 10) {
+        for (int b = -180; b <= 180; b += 10) {
+            const int eastwards = (a - b + 720) % 360;
+            QCOMPARE(KRLongitude(a).isEastOf(b), eastwards > 0 && eastwards < 180);
+            QCOMPARE(KRLongitude(a).isWestOf(b), eastwards > 180);
+            // Numbers are compared as they are.
+            QCOMPARE(KRLongitude(a) > b, a > b);
+            QCOMPARE(KRLongitude(a) == b, a == b);
+        }
+    }
 }
 
 void tst_KRLongitude::hemispheres()
@@ -102,12 +149,20 @@ void tst_KRLongitude::hemispheres()
         QCOMPARE(KRLongitude(degrees).isInWesternHemisphere(), isWestern);
         QCOMPARE(KRLongitude(degrees).isInEasternHemisphere(), !isWestern);
     });
+    for (const double degrees : {0.0, -1e-9, 1e-9}) {
+        QCOMPARE(KRLatitude(degrees).isInSouthernHemisphere(), degrees < 0.0);
+        QCOMPARE(KRLatitude(degrees).isInNorthernHemisphere(), degrees >= 0.0);
+        QCOMPARE(KRLatitude(degrees).isNorthOf(0.0), degrees > 0.0);
+        QCOMPARE(KRLatitude(degrees).isSouthOf(0.0), degrees < 0.0);
+    }
 }
 
-void tst_KRLongitude::comparisonKnowsNoDateLine()
+void tst_KRLongitude::calculating()
 {
-    QVERIFY(KRLongitude(170.0) > -170.0);
-    QVERIFY(KRLongitude(180.0) != -180.0);
+    KRLatitude latitude = (KRLatitude(80.0) + 20.0 - 40.0) * 3.0 / 2.0;
+    latitude += 5.0;
+    QCOMPARE(latitude.decimalDegrees(), 95.0);
+    QCOMPARE((latitude / 0.0).decimalDegrees(), invalid);
     KRLongitude longitude = KRLongitude(170.0) + 20.0;
     longitude += 1.0;
     QCOMPARE(longitude.decimalDegrees(), 191.0);
@@ -115,37 +170,48 @@ void tst_KRLongitude::comparisonKnowsNoDateLine()
 
 void tst_KRLongitude::texts()
 {
-    const KRTestTable<double, QString, QString> table{
-        {"east", 8.5, QStringLiteral("8° 30′ 0″ Ost"), QStringLiteral("E8.50000000")},
-        {"west", -0.5, QStringLiteral("0° 30′ 0″ West"), QStringLiteral("W0.50000000")},
-        {"date line", -180.0, QStringLiteral("180° 0′ 0″ Ost"), QStringLiteral("E180.00000000")},
-        // Intended: the letter tells the hemisphere of the meridian, the number is not folded.
-        {"beyond", 190.0, QStringLiteral("190° 0′ 0″ West"), QStringLiteral("W190.00000000")},
-        {"invalid", KRGeoArc::invalidDegrees, {}, {}},
+    const auto textsOf = [](const auto &angle) {
+        QString debugText;
+        QDebug(&debugText) << angle;
+        return angle.toString(true) + QLatin1Char('|') + angle.toString(false) + QLatin1Char('|') + debugText;
     };
-    table.forEach([](double degrees, const QString &longText, const QString &shortText) {
-        const KRLongitude longitude = degrees;
-        QCOMPARE(longitude.toString(true), longText);
-        QCOMPARE(longitude.toString(false), shortText);
-        QCOMPARE(longitude.toString(false).isNull(), !longitude.isValid());
-        QString text;
-        QDebug(&text) << longitude;
-        QCOMPARE(text, longitude.toString(false) + QLatin1Char(' '));
-    });
+    const KRTestTable<QString, QString> table{
+        {"south", textsOf(KRLatitude(-8.5)), QStringLiteral("8° 30′ 0″ Süd|S8.50000000|S8.50000000 ")},
+        {"equator", textsOf(KRLatitude(0.0)), QStringLiteral("0° 0′ 0″ Nord|N0.00000000|N0.00000000 ")},
+        {"seconds with a fraction", textsOf(KRLatitude(53.1368125)),
+         QStringLiteral("53° 8′ 12.525″ Nord|N53.13681250|N53.13681250 ")},
+        // Intended: the seconds are rounded for themselves.
+        {"sixty seconds", textsOf(KRLatitude(8.2)), QStringLiteral("8° 11′ 60″ Nord|N8.20000000|N8.20000000 ")},
+        {"invalid latitude", textsOf(KRLatitude()), QStringLiteral("|| ")},
+        {"east", textsOf(KRLongitude(8.5)), QStringLiteral("8° 30′ 0″ Ost|E8.50000000|E8.50000000 ")},
+        {"west", textsOf(KRLongitude(-0.5)), QStringLiteral("0° 30′ 0″ West|W0.50000000|W0.50000000 ")},
+        {"date line", textsOf(KRLongitude(-180.0)), QStringLiteral("180° 0′ 0″ Ost|E180.00000000|E180.00000000 ")},
+        // Intended: the letter tells the hemisphere of the meridian, the number is not folded.
+        {"beyond", textsOf(KRLongitude(190.0)), QStringLiteral("190° 0′ 0″ West|W190.00000000|W190.00000000 ")},
+        {"invalid longitude", textsOf(KRLongitude()), QStringLiteral("|| ")},
+    };
+    table.forEach([](const QString &texts, const QString &expected) { QCOMPARE(texts, expected); });
+    for (const bool isLong : {true, false})
+        QVERIFY(KRLatitude().toString(isLong).isNull() && KRLongitude().toString(isLong).isNull());
 }
 
 void tst_KRLongitude::textsAreTranslated()
 {
     const KRRecordingTranslator translator;
     for (const double degrees : {1.0, -1.0}) {
-        const KRLongitude longitude = degrees;
-        QVERIFY(!longitude.toString(true).isEmpty());
-        QVERIFY(!longitude.toString(false).isEmpty());
+        for (const bool isLong : {true, false})
+            QVERIFY(!KRLatitude(degrees).toString(isLong).isEmpty());
+        for (const bool isLong : {true, false})
+            QVERIFY(!KRLongitude(degrees).toString(isLong).isEmpty());
     }
     // Blanks and spelling of the comments belong to the key of existing translations.
     const QStringList expected = {
+        QStringLiteral("QObject|%1° %2′ %3″ Nord|Coordinate / Nautical Bearing  Latitude  Breite"),
+        QStringLiteral("KRLatitude|N|short for 'north'"),
         QStringLiteral("QObject|%1° %2′ %3″ Ost|Coordinate / Nautilal Bearing   Longitude/Länge"),
         QStringLiteral("KRLongitude|E|short for 'east'"),
+        QStringLiteral("QObject|%1° %2′ %3″ Süd|Coordinate / Nautical Bearing  Latitude  Breite"),
+        QStringLiteral("KRLatitude|S|short for 'south'"),
         QStringLiteral("QObject|%1° %2′ %3″ West|Coordinate / Nautilal Bearing   Longitude/Länge"),
         QStringLiteral("KRLongitude|W|short for 'west'"),
     };

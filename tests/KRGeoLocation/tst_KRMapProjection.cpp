@@ -82,13 +82,11 @@ private slots:
     void pixelsAreCutTowardZero();
     void manyAtOnceAsOneByOne();
     void wideningIsSymmetric();
-    void fittingAreaStaysAsItIs();
     void dateLine();
     void convertIsTheInverse();
-    void hugeImage();
     void outsideTheMercatorSquare();
-    void emptyAreaOrImage();
     void epsilonEqual();
+    void emptyAreaOrImage();
 };
 
 void tst_KRMapProjection::normalized()
@@ -114,12 +112,8 @@ void tst_KRMapProjection::normalized()
 void tst_KRMapProjection::wholeWorldIsASquare()
 {
     const KRMapProjection projection = wholeWorld(256);
-    const QPointF middle = projection.projectate(KRGeoPosition(0.0, 0.0));
-    QCOMPARE(middle.x(), 128.0);
-    QVERIFY2(middle.y() == 127.0 || middle.y() == 128.0, "a hair below 128 is cut to 127");
     QCOMPARE(projection.getPixelCoordinateByMapCoordinate(0.0, -90.0).x(), 64.0);
     QCOMPARE(projection.getPixelCoordinateByMapCoordinate(mercatorLimit, -180.0), QPointF(0.0, 0.0));
-
     // rounding may fold an end over the date line, so only the remainder of 360 counts
     const KRGeoPositionRect box = projection.resultBoundingBox();
     QVERIFY(isNear(std::abs(std::remainder(box.west().decimalDegrees(), 360.0)), 180.0, 1e-6));
@@ -193,6 +187,7 @@ void tst_KRMapProjection::wideningIsSymmetric()
         {"tall image", area(50.0, 54.0, 6.0, 18.0), QSize(200, 1000)},
         {"southern hemisphere", area(-40.0, -10.0, -70.0, -60.0), QSize(800, 600)},
         {"over the date line", area(-5.0, 5.0, 175.0, -175.0), QSize(640, 200)},
+        {"360 times its width is no int", area(-5.0, 5.0, -20.0, 20.0), QSize(8000000, 4000000)},
     };
     table.forEach([](const KRGeoPositionRect &requested, const QSize &size) {
         const KRMapProjection projection(requested, size);
@@ -202,22 +197,14 @@ void tst_KRMapProjection::wideningIsSymmetric()
         const QPointF bottomRight = projection.getPixelCoordinateByMapCoordinate(requested.south().decimalDegrees(),
                                                                                  east < west ? east + 360.0 : east);
         const double leftMargin = topLeft.x();
-        const double rightMargin = size.width() - bottomRight.x();
         const double topMargin = topLeft.y();
-        const double bottomMargin = size.height() - bottomRight.y();
-        QVERIFY(isNear(leftMargin, rightMargin, 1.0));
-        QVERIFY(isNear(topMargin, bottomMargin, 1.0));
+        QVERIFY(isNear(leftMargin, size.width() - bottomRight.x(), 1.0));
+        QVERIFY(isNear(topMargin, size.height() - bottomRight.y(), 1.0));
         QVERIFY2(isNear(leftMargin, 0.0, 1.0) || isNear(topMargin, 0.0, 1.0), "only one direction is widened");
         QVERIFY(leftMargin > 10.0 || topMargin > 10.0);
+        const KRGeoPositionRect fitting = projection.resultBoundingBox();
+        QVERIFY(KRMapProjection(fitting, size).resultBoundingBox() == fitting);
     });
-}
-
-void tst_KRMapProjection::fittingAreaStaysAsItIs()
-{
-    const QSize size(400, 300);
-    const KRGeoPositionRect fitting = KRMapProjection(area(50.0, 54.0, 6.0, 8.0), size).resultBoundingBox();
-    const KRGeoPositionRect again = KRMapProjection(fitting, size).resultBoundingBox();
-    QVERIFY(again == fitting);
 }
 
 void tst_KRMapProjection::dateLine()
@@ -257,15 +244,6 @@ void tst_KRMapProjection::convertIsTheInverse()
     });
 }
 
-void tst_KRMapProjection::hugeImage()
-{
-    // 360 times this width does not fit into an int
-    const QSize size(8000000, 4000000);
-    const KRMapProjection projection(area(-5.0, 5.0, -20.0, 20.0), size);
-    QVERIFY(isNear(projection.getPixelCoordinateByMapCoordinate(0.0, 20.0).x(), size.width(), 1.0));
-    QVERIFY(isNear(projection.getPixelCoordinateByMapCoordinate(0.0, 0.0).x(), size.width() / 2, 1.0));
-}
-
 void tst_KRMapProjection::outsideTheMercatorSquare()
 {
     const KRTestTable<double, double, QPointF> table{
@@ -278,9 +256,16 @@ void tst_KRMapProjection::outsideTheMercatorSquare()
     };
     table.forEach([](double latitude, double longitude, QPointF pixel) {
         const QPointF projected = wholeWorld(1000).projectate(KRGeoPosition(latitude, longitude));
-        QVERIFY(isNear(projected.x(), pixel.x(), 1.0));
-        QVERIFY(isNear(projected.y(), pixel.y(), 1.0));
+        QVERIFY(isNear(projected.x(), pixel.x(), 1.0) && isNear(projected.y(), pixel.y(), 1.0));
     });
+}
+
+void tst_KRMapProjection::epsilonEqual()
+{
+    const KRGeoPosition position(53.0, 8.0);
+    QVERIFY(KRMapProjection::epsilonEqual(position, KRGeoPosition(53.25, 7.75), 0.25));
+    QVERIFY(!KRMapProjection::epsilonEqual(position, KRGeoPosition(53.0, 8.5), 0.25));
+    QVERIFY(!KRMapProjection::epsilonEqual(position, KRGeoPosition(53.5, 8.0), 0.25));
 }
 
 void tst_KRMapProjection::emptyAreaOrImage()
@@ -288,12 +273,9 @@ void tst_KRMapProjection::emptyAreaOrImage()
     const KRGeoPositionRect town = area(53.10, 53.16, 8.15, 8.28);
     const KRTestTable<KRGeoPositionRect, QSize> table{
         {"no image", town, QSize(0, 0)},
-        {"no height", town, QSize(100, 0)},
-        {"no width", town, QSize(0, 100)},
         {"invalid size", town, QSize()},
         {"single point", area(53.0, 53.0, 8.0, 8.0), QSize(100, 100)},
         {"single meridian", area(50.0, 53.0, 8.0, 8.0), QSize(100, 100)},
-        {"single parallel", area(53.0, 53.0, 8.0, 9.0), QSize(100, 100)},
         {"unset", KRGeoPositionRect(), QSize(100, 100)},
         {"pole to pole", area(-90.0, 90.0, -180.0, 180.0), QSize(100, 100)},
         {"not a number", area(notANumber, notANumber, notANumber, notANumber), QSize(100, 100)},
@@ -308,16 +290,6 @@ void tst_KRMapProjection::emptyAreaOrImage()
         QVERIFY(box.west().decimalDegrees() <= 720.0);
         projection.convert(QPoint(1, 1));
     });
-}
-
-void tst_KRMapProjection::epsilonEqual()
-{
-    const KRGeoPosition position(53.0, 8.0);
-    QVERIFY(KRMapProjection::epsilonEqual(KRGeoArc(8.0), KRGeoArc(8.25), 0.25));
-    QVERIFY(!KRMapProjection::epsilonEqual(KRGeoArc(8.0), KRGeoArc(8.25), 0.125));
-    QVERIFY(KRMapProjection::epsilonEqual(position, KRGeoPosition(53.25, 7.75), 0.25));
-    QVERIFY(!KRMapProjection::epsilonEqual(position, KRGeoPosition(53.0, 8.5), 0.25));
-    QVERIFY(!KRMapProjection::epsilonEqual(position, KRGeoPosition(53.5, 8.0), 0.25));
 }
 
 static const KRTestRegistration<tst_KRMapProjection> registration;
