@@ -1,85 +1,93 @@
 #include <KRGeoLocation/KRGPXFullShapeListModel.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QIcon>
 #include <QSignalSpy>
 #include <QtTest>
 
+/// The model of shapes to choose from, and the shapes in it.
 class tst_KRGPXFullShapeListModel : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void startsEmpty();
-    void fills_data();
+    void normalized();
     void fills();
-    void picksColors_data();
     void picksColors();
     void announcesIconsWithEverySetter();
     void showsItsShapes();
 };
 
-void tst_KRGPXFullShapeListModel::startsEmpty()
+namespace {
+
+KRGPXFullShape shape(int trackShape, int marker)
 {
-    const KRGPXFullShapeListModel model;
-    QCOMPARE(model.rowCount(), 0);
-    QVERIFY(model.markerAt(0) == KRGPXFullShape());
-    QVERIFY(model.markerAt(-1) == KRGPXFullShape());
-    QCOMPARE(model.indexOf(KRGPXFullShape(PointTrackShape, DiskMarkerShape)), -1);
-    QVERIFY(model.wouldBeInvisible());
+    return {static_cast<KRGPXTrackShapeEnum>(trackShape), static_cast<KRGPXMarkerShapeEnum>(marker)};
 }
 
-void tst_KRGPXFullShapeListModel::fills_data()
+} // namespace
+
+void tst_KRGPXFullShapeListModel::normalized()
 {
-    QTest::addColumn<int>("trackShape");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("searchedTrackShape");
-    QTest::addColumn<int>("searchedMarker");
-    QTest::addColumn<int>("expectedRow");
-    QTest::newRow("a line: area, line, arrow") << 4 << 3 << 4 << 1024 << 2;
-    QTest::newRow("a line: no point") << 4 << 3 << 1 << 1 << -1;
-    QTest::newRow("only the searched one is normalized") << 4 << 3 << 8 << 1024 << 0;
-    QTest::newRow("a flight line") << 2 << 1 << 2 << 0 << 0;
-    QTest::newRow("auto has nothing to choose") << 256 << 0 << 4 << 0 << -1;
+    const KRTestTable<KRGPXTrackShapeEnum, int, int> table{
+        {"a point has no arrow", PointTrackShape, (ArrowMarkerShape | DiskMarkerShape), 1},
+        {"a point keeps every marker but 4", PointTrackShape, 0x7FF, 0x3FB},
+        {"a line has nothing but the arrow", LineStringTrackShape, 0x7FF, 0x400},
+        {"an area has no marker", PolygonTrackShape, 1, 0},
+        {"a flight line has no marker", HopTrackShape, 0x400, 0},
+        {"auto has no marker", AutoTrackShape, 1, 0},
+    };
+    table.forEach([](KRGPXTrackShapeEnum trackShape, int marker, int expected) {
+        KRGPXFullShape full = shape(trackShape, marker);
+        const KRGPXFullShape normalized = full.normalized();
+        QVERIFY(full == shape(trackShape, marker));
+        QVERIFY(normalized == shape(trackShape, expected));
+        full.normalize();
+        QVERIFY(full == normalized);
+    });
 }
 
 void tst_KRGPXFullShapeListModel::fills()
 {
-    QFETCH(int, trackShape);
-    QFETCH(int, searchedTrackShape);
-    QFETCH(int, searchedMarker);
-    KRGPXFullShapeListModel model;
-    QSignalSpy resets(&model, &KRGPXFullShapeListModel::modelReset);
-    model.fill(KRGPXTrackShape(static_cast<KRGPXTrackShapeEnum>(trackShape)));
-    QCOMPARE(resets.count(), 1);
-    QTEST(model.rowCount(), "rows");
-    QTEST(model.indexOf(KRGPXFullShape(static_cast<KRGPXTrackShapeEnum>(searchedTrackShape),
-                                       static_cast<KRGPXMarkerShapeEnum>(searchedMarker))),
-          "expectedRow");
-}
-
-void tst_KRGPXFullShapeListModel::picksColors_data()
-{
-    QTest::addColumn<int>("options");
-    QTest::addColumn<QColor>("stroke");
-    QTest::addColumn<QColor>("fill");
-    QTest::newRow("both") << 3 << QColor(Qt::red) << QColor(Qt::green);
-    QTest::newRow("line only") << 1 << QColor(Qt::red) << QColor(Qt::transparent);
-    QTest::newRow("filling only") << 6 << QColor(Qt::transparent) << QColor(Qt::green);
-    QTest::newRow("nothing to be seen") << 4 << QColor(Qt::black) << QColor(Qt::black);
+    const KRTestTable<int, int, KRGPXFullShape, int> table{
+        {"a line: area, line, arrow", 4, 3, shape(4, 1024), 2},           {"a line: no point", 4, 3, shape(1, 1), -1},
+        {"only the searched one is normalized", 4, 3, shape(8, 1024), 0}, {"a flight line", 2, 1, shape(2, 0), 0},
+        {"auto has nothing to choose", 256, 0, shape(4, 0), -1},
+    };
+    table.forEach([](int trackShape, int rows, const KRGPXFullShape &searched, int expectedRow) {
+        KRGPXFullShapeListModel model;
+        QCOMPARE(model.rowCount(), 0);
+        QCOMPARE(model.indexOf(searched), -1);
+        QSignalSpy resets(&model, &KRGPXFullShapeListModel::modelReset);
+        model.fill(KRGPXTrackShape(static_cast<KRGPXTrackShapeEnum>(trackShape)));
+        QCOMPARE(resets.count(), 1);
+        QCOMPARE(model.rowCount(), rows);
+        QCOMPARE(model.indexOf(searched), expectedRow);
+        for (const int row : {-1, rows})
+            QVERIFY(model.markerAt(row) == KRGPXFullShape());
+    });
 }
 
 void tst_KRGPXFullShapeListModel::picksColors()
 {
-    QFETCH(int, options);
-    KRGPXFullShapeListModel model;
-    model.setStrokeColor(Qt::red);
-    model.setFillColor(Qt::green);
-    model.setDisplayOptions(static_cast<KRGPXTrackDisplayOptionsEnum>(options));
-    QTEST(model.effectiveStrokeColor(), "stroke");
-    QTEST(model.effectiveFillColor(), "fill");
-    QCOMPARE(model.wouldBeInvisible(), (options & 3) == 0);
+    const KRTestTable<int, QColor, QColor> table{
+        {"both", 3, QColor(Qt::red), QColor(Qt::green)},
+        {"line only", 1, QColor(Qt::red), QColor(Qt::transparent)},
+        {"filling only", 6, QColor(Qt::transparent), QColor(Qt::green)},
+        {"nothing to be seen", 4, QColor(Qt::black), QColor(Qt::black)},
+    };
+    table.forEach([](int options, const QColor &stroke, const QColor &fill) {
+        KRGPXFullShapeListModel model;
+        QVERIFY(model.wouldBeInvisible());
+        model.setStrokeColor(Qt::red);
+        model.setFillColor(Qt::green);
+        model.setDisplayOptions(static_cast<KRGPXTrackDisplayOptionsEnum>(options));
+        QCOMPARE(model.effectiveStrokeColor(), stroke);
+        QCOMPARE(model.effectiveFillColor(), fill);
+        QCOMPARE(model.wouldBeInvisible(), (options & 3) == 0);
+    });
 }
 
 void tst_KRGPXFullShapeListModel::announcesIconsWithEverySetter()
@@ -100,16 +108,18 @@ void tst_KRGPXFullShapeListModel::announcesIconsWithEverySetter()
 void tst_KRGPXFullShapeListModel::showsItsShapes()
 {
     KRGPXFullShapeListModel model;
-    model.fill(PointTrackShape);
-    model.setStrokeColor(Qt::red);
     model.setFillColor(Qt::blue);
     model.setDisplayOptions(FillDisplayOption);
-    const QModelIndex disk = model.index(model.indexOf(KRGPXFullShape(PointTrackShape, DiskMarkerShape)), 0);
+    model.fill(PointTrackShape);
+    const QModelIndex disk = model.index(model.indexOf(shape(PointTrackShape, DiskMarkerShape)), 0);
     QCOMPARE(disk.data().toString(), QStringLiteral("Punkt"));
-    QVERIFY(!disk.data(Qt::ToolTipRole).toString().isEmpty());
     QVERIFY(!disk.data(Qt::EditRole).isValid());
-    const QImage icon = disk.data(Qt::DecorationRole).value<QIcon>().pixmap(32, 32).toImage();
-    QCOMPARE(icon.pixelColor(16, 16), QColor(Qt::blue));
+    QCOMPARE(disk.data(Qt::DecorationRole).value<QIcon>().pixmap(32).toImage().pixelColor(16, 16), QColor(Qt::blue));
+    model.fill(LineStringTrackShape);
+    const QModelIndex arrow = model.index(2, 0);
+    QCOMPARE(arrow.data().toString(), QStringLiteral("Pfeil"));
+    QCOMPARE(arrow.data(Qt::ToolTipRole).toString(), QStringLiteral("Alle Punkte werden zu einer Strecke verbunden."));
+    QVERIFY(arrow.data(Qt::DecorationRole).value<QIcon>().isNull());
 }
 
 static const KRTestRegistration<tst_KRGPXFullShapeListModel> registration;

@@ -1,55 +1,33 @@
 #include <KRGeoLocation/KRGPXTrack.h>
 
+#include "KRTestFolder.h"
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
+#include "KRTestTrack.h"
 #include "KRTestXml.h"
 
 #include <KRCore/KRXMLLoader.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
 
 #include <algorithm>
 
+using KRTestTrack::noDir;
+using KRTestTrack::track;
+using KRTestXml::childrenOf;
+
 namespace {
 
-const QDir noDir = QDir(QString());
-
-KRGPXTrack read(const QByteArray &xml)
+KRGPXTrack read(const QByteArray &children)
 {
-    return KRGPXTrack(KRTestXml::element(xml), noDir);
-}
-
-/// A track of one segment from comma texts.
-KRGPXTrack track(const QString &coordinates, KRGPXTrackShapeEnum shape = LineStringTrackShape)
-{
-    return KRGPXTrack::decodeKml(QStringLiteral("track"), QString(), coordinates, shape);
+    return KRGPXTrack(KRTestXml::element("<trk>" + children + "</trk>"), noDir);
 }
 
 QString square(double size)
 {
     return QStringLiteral("%1,%1 %2,%1 %2,%2 %1,%2 %1,%1").arg(10 - size).arg(10 + size);
-}
-
-/// The children of an element as "name=text;", those without text of their own as "name;".
-QString childrenOf(const QDomElement &parent)
-{
-    QString children;
-    for (QDomElement child = parent.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        children += child.tagName()
-                    + (child.text().isEmpty() ? QString() : QLatin1Char('=') + child.text().simplified())
-                    + QLatin1Char(';');
-    return children;
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
 }
 
 } // namespace
@@ -61,18 +39,12 @@ class tst_KRGPXTrack : public QObject
 private slots:
     void shapeAfterReading();
     void read();
-    void readingAddsToTheTrack();
     void fromPoint();
-    void fromKml();
     void elementQueries();
-    void queriesWithoutPoints();
     void body();
-    void externalFile();
+    void files();
     void include();
     void includeRegistersTheFile();
-    void missingIncludeIsRegistered();
-    void currentDirectoryIsADirectory();
-    void saveAsGpxFile();
     void isEnclave();
     void equality();
     void order();
@@ -96,57 +68,38 @@ void tst_KRGPXTrack::shapeAfterReading()
         {"the last shape wins", "<shape>point</shape><shape>hop</shape>" + open, int(HopTrackShape)},
         {"no key", "<shape>blob</shape>" + open, int(UnknownTrackShape)},
     };
-    table.forEach([](const QByteArray &body, int expected) {
-        QCOMPARE(int(::read("<trk>" + body + "</trk>").shape().value()), expected);
-    });
+    table.forEach([](const QByteArray &body, int expected) { QCOMPARE(int(::read(body).shape().value()), expected); });
+    // Only reading XML replaces auto.
+    QVERIFY(track(square(1), AutoTrackShape).hasShape(AutoTrackShape));
 }
 
 void tst_KRGPXTrack::read()
 {
     const KRTestTable<QByteArray, QString, QString, int, int> table{
-        {"the last name and description win", "<trk><name>a</name><desc>b</desc><name>c</name><desc>d</desc></trk>",
+        {"the last name and description win", "<name>a</name><desc>b</desc><name>c</name><desc>d</desc>",
          QStringLiteral("c"), QStringLiteral("d"), 0, 0},
-        {"an empty one too", "<trk><name>a</name><name/></trk>", {}, {}, 0, 0},
-        {"text of nested elements belongs to the name",
-         "<trk><name>a <b>bold<![CDATA[ & ]]></b><!-- not me -->one</name></trk>",
-         QStringLiteral("a bold & one"),
-         {},
-         0,
-         0},
-        {"prefixed and deeper elements are others",
-         "<trk><gpx:name>a</gpx:name><x><trkseg/></x><rte/></trk>",
-         {},
-         {},
-         0,
-         0},
+        {"an empty one too", "<name>a</name><name/>", {}, {}, 0, 0},
+        {"text of nested elements belongs to the name", "<name>a <b>bold<![CDATA[ & ]]></b><!-- not me -->one</name>",
+         QStringLiteral("a bold & one"), QString(), 0, 0},
+        {"prefixed and deeper elements are others", "<gpx:name>a</gpx:name><x><trkseg/></x><rte/>", {}, {}, 0, 0},
         {"each child of enclaves is one, whatever its name",
-         "<trk><trkseg/><enclaves><trk/><island><trkseg/></island></enclaves><enclaves><trk/></enclaves>"
-         "<trkseg/></trk>",
-         {},
-         {},
-         2,
-         3},
-        {"includes are ignored without a directory", "<trk><include>/etc/passwd</include></trk>", {}, {}, 0, 0},
+         "<trkseg/><enclaves><trk/><island><trkseg/></island></enclaves><enclaves><trk/></enclaves><trkseg/>",
+         QString(), QString(), 2, 3},
+        {"includes are ignored without a directory", "<include>/etc/passwd</include>", {}, {}, 0, 0},
     };
     table.forEach(
         [](const QByteArray &xml, const QString &name, const QString &description, int segments, int enclaves) {
-            const KRGPXTrack track = ::read(xml);
-            QCOMPARE(track.name(), name);
-            QCOMPARE(track.description(), description);
-            QCOMPARE(track.segments().size(), segments);
-            QCOMPARE(track.enclaves().size(), enclaves);
+            const KRGPXTrack read = ::read(xml);
+            QCOMPARE(read.name(), name);
+            QCOMPARE(read.description(), description);
+            QCOMPARE(read.segments().size(), segments);
+            QCOMPARE(read.enclaves().size(), enclaves);
+            // What is read comes to what there is.
+            KRGPXTrack more = track(QStringLiteral("1,1 2,2"));
+            more.fromXml(KRTestXml::element("<trk>" + xml + "</trk>"), noDir);
+            QCOMPARE(more.segments().size(), segments + 1);
+            QCOMPARE(more.name(), xml.contains("<name>") ? name : QStringLiteral("track"));
         });
-}
-
-void tst_KRGPXTrack::readingAddsToTheTrack()
-{
-    KRGPXTrack track = ::track(QStringLiteral("1,1 2,2"));
-    track.fromXml(KRTestXml::element("<trk><trkseg/><desc>more</desc></trk>"), noDir);
-    QCOMPARE(track.segments().size(), 2);
-    QCOMPARE(track.name(), QStringLiteral("track"));
-    QCOMPARE(track.description(), QStringLiteral("more"));
-    track.fromXml(QDomElement(), noDir);
-    QCOMPARE(track.segments().size(), 2);
 }
 
 void tst_KRGPXTrack::fromPoint()
@@ -157,80 +110,58 @@ void tst_KRGPXTrack::fromPoint()
         {"beyond any angle", 720.0, 8.0, false},
     };
     table.forEach([](double latitude, double longitude, bool isValid) {
-        const KRGPXTrack track(
+        const KRGPXTrack place(
             KRGPXTrackPoint(KRGeoPosition(latitude, longitude), 3, QDateTime(), QStringLiteral("Leuchtturm")));
-        QCOMPARE(track.name(), QStringLiteral("Leuchtturm"));
-        QVERIFY(track.description().isEmpty());
-        QVERIFY(track.hasShape(PointTrackShape));
-        QCOMPARE(track.isValid(), isValid);
-        QCOMPARE(track.isSinglePoint(), isValid);
+        QCOMPARE(place.name(), QStringLiteral("Leuchtturm"));
+        QVERIFY(place.description().isEmpty());
+        QVERIFY(place.hasShape(PointTrackShape));
+        QCOMPARE(place.isValid(), isValid);
+        QCOMPARE(place.isSinglePoint(), isValid);
     });
-}
-
-void tst_KRGPXTrack::fromKml()
-{
-    const KRGPXTrack track = KRGPXTrack::decodeKml(QStringLiteral("Weg"), QStringLiteral("lang"),
-                                                   QStringLiteral("\n8,53,0 9,54,0\n"), AutoTrackShape);
-    QCOMPARE(track.name(), QStringLiteral("Weg"));
-    QCOMPARE(track.description(), QStringLiteral("lang"));
-    QCOMPARE(track.countPoints(), 2);
-    // Only reading XML replaces auto.
-    QVERIFY(track.hasShape(AutoTrackShape));
-    QCOMPARE(track.naturalShape(), KRGPXTrackShape(LineStringTrackShape));
 }
 
 void tst_KRGPXTrack::elementQueries()
 {
-    const KRGPXTrack track = ::read("<trk><trkseg><compressedPoints>1,1 2,2 3,3 4,4 5,5</compressedPoints></trkseg>"
-                                    "<trkseg/><trkseg><compressedPoints>6,6,0,0 7,7</compressedPoints></trkseg></trk>");
-    QCOMPARE(track.countPoints(), 7);
-    const KRGeoPositionList positions = track.allPoints();
+    const KRGPXTrack walk = ::read("<trkseg><compressedPoints>1,1 2,2 3,3 4,4 5,5</compressedPoints></trkseg>"
+                                   "<trkseg/><trkseg><compressedPoints>6,6,0,0 7,7</compressedPoints></trkseg>");
+    const KRGeoPositionList positions = walk.allPoints();
+    QCOMPARE(walk.countPoints(), 7);
     QCOMPARE(positions.size(), 7);
-    QCOMPARE(track.firstPoint(), KRGeoPosition(1, 1));
-    QCOMPARE(track.lastPoint(), KRGeoPosition(7, 7));
-    QVERIFY(!track.isSinglePoint());
+    QCOMPARE(walk.firstPoint(), KRGeoPosition(1, 1));
+    QCOMPARE(walk.lastPoint(), KRGeoPosition(7, 7));
+    QVERIFY(!walk.isSinglePoint());
 
-    const QList<QDateTime> timeStamps = track.allTimeStamps();
-    QCOMPARE(timeStamps.size(), 7);
-    QCOMPARE(timeStamps.at(5), QDateTime::fromSecsSinceEpoch(0));
-    QVERIFY(!timeStamps.at(6).isValid());
+    QCOMPARE(walk.allTimeStamps().at(5), QDateTime::fromSecsSinceEpoch(0));
+    QVERIFY(walk.allTimeStamps().size() == 7 && !walk.allTimeStamps().at(6).isValid());
 
     // No chunk spans two segments, and an empty segment has none.
     const int cores = QThread::idealThreadCount();
-    const QList<KRGeoPositionList> chunks = track.chunkedPoints();
+    const QList<KRGeoPositionList> chunks = walk.chunkedPoints();
     QCOMPARE(chunks.size(), std::min(5, cores) + std::min(2, cores));
     KRGeoPositionList joined;
     for (const KRGeoPositionList &chunk : chunks)
         joined += chunk;
     QCOMPARE(joined, positions);
-}
 
-void tst_KRGPXTrack::queriesWithoutPoints()
-{
-    const KRGPXTrack none;
-    QCOMPARE(none.firstPoint(), KRGeoPosition::null());
-    QCOMPARE(none.lastPoint(), KRGeoPosition());
-    QVERIFY(!none.isSinglePoint());
-    QVERIFY(!none.isValid());
-    QVERIFY(none.allPoints().isEmpty());
-    QVERIFY(none.chunkedPoints().isEmpty());
-    QVERIFY(none.timeFrame().isNull());
-
-    const KRGPXTrack endsEmpty = ::read("<trk><trkseg/><trkseg><trkpt/></trkseg><trkseg/></trk>");
-    QVERIFY(endsEmpty.isValid());
-    QCOMPARE(endsEmpty.firstPoint(), KRGeoPosition::null());
-    QCOMPARE(endsEmpty.lastPoint(), KRGeoPosition());
-    QVERIFY(!endsEmpty.isSinglePoint());
+    const KRGPXTrack endsEmpty = ::read("<trkseg/><trkseg><trkpt/></trkseg><trkseg/>");
+    for (const KRGPXTrack &odd : {KRGPXTrack(), endsEmpty}) {
+        QCOMPARE(odd.firstPoint(), KRGeoPosition::null());
+        QCOMPARE(odd.lastPoint(), KRGeoPosition());
+        QVERIFY(!odd.isSinglePoint());
+        QCOMPARE(odd.isValid(), odd == endsEmpty);
+        QCOMPARE(odd.chunkedPoints().size(), odd.countPoints());
+        QVERIFY(odd.timeFrame().isNull());
+    }
     QCOMPARE(endsEmpty.boundingBox(), KRGeoPositionRect(KRGeoPosition(1, 1), KRGeoPosition(1, 1)));
 }
 
 void tst_KRGPXTrack::body()
 {
     QDomElement root = KRTestXml::element("<root/>");
-    KRGPXTrack track = ::track(QStringLiteral("8,53 9,54"), PolygonTrackShape);
-    track.fromXml(KRTestXml::element("<trk><desc>gone</desc><trkseg/></trk>"), noDir);
-    track.addEnclave(KRGPXTrack());
-    track.toXml(root, noDir);
+    KRGPXTrack area = track(QStringLiteral("8,53 9,54"), PolygonTrackShape);
+    area.fromXml(KRTestXml::element("<trk><desc>gone</desc><trkseg/></trk>"), noDir);
+    area.addEnclave(KRGPXTrack());
+    area.toXml(root, noDir);
     QCOMPARE(childrenOf(root.firstChildElement(QStringLiteral("trk"))),
              QStringLiteral("name=track;shape=polygon;trkseg=8.,53. 9.,54.;trkseg;enclaves=linestring;"));
 
@@ -239,106 +170,80 @@ void tst_KRGPXTrack::body()
     QCOMPARE(childrenOf(bare), QStringLiteral("name;shape=linestring;"));
 }
 
-void tst_KRGPXTrack::externalFile()
+void tst_KRGPXTrack::files()
 {
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
+    const KRTestFolder folder;
     KRGPXTrack lake = track(square(2), PolygonTrackShape);
     KRGPXTrack island = track(square(1), PolygonTrackShape);
     island.addEnclave(track(square(0.5), PolygonTrackShape));
     lake.addEnclave(island);
     QDomElement root = KRTestXml::element("<root/>");
-    lake.toXml(root, dir);
-    const QDomElement trk = root.firstChildElement(QStringLiteral("trk"));
-    QCOMPARE(childrenOf(trk), QStringLiteral("include=track.gps;"));
+    lake.toXml(root, folder.dir());
+    QCOMPARE(childrenOf(root.firstChildElement()), QStringLiteral("include=track.gps;"));
 
-    const QDomElement included = KRXMLLoader::loadDocumentElement(QFileInfo(dir, QStringLiteral("track.gps")));
+    const QDomElement included = KRXMLLoader::loadDocumentElement(QFileInfo(folder.path(QStringLiteral("track.gps"))));
     QCOMPARE(included.tagName(), QStringLiteral("includedTrack"));
     QCOMPARE(KRGPXTrack(included.firstChildElement(), noDir), lake);
-    QCOMPARE(KRGPXTrack(trk, dir), lake);
+    QCOMPARE(KRGPXTrack(root.firstChildElement(QStringLiteral("trk")), folder.dir()), lake);
+
+    const QFileInfo file(folder.path(QStringLiteral("out.gpx")));
+    lake.saveAsGpxFile(file);
+    const QDomElement gpx = KRXMLLoader::loadDocumentElement(file);
+    QCOMPARE(gpx.tagName(), QStringLiteral("gpx"));
+    QCOMPARE(gpx.childNodes().size(), 1);
+    QCOMPARE(KRGPXTrack(gpx.firstChildElement(), noDir), lake);
 }
 
 void tst_KRGPXTrack::include()
 {
+    const KRTestFolder folder;
+    folder.write(QStringLiteral("two.gps"), "<x><y/><trk><name>two</name><trkseg><trkpt/><trkpt/></trkseg></trk>"
+                                            "<trk><name>second</name></trk></x>");
+    folder.write(QStringLiteral("nested.gps"), "<x><trk><name>nested</name><include>two.gps</include></trk></x>");
+    folder.write(QStringLiteral("broken.gps"), "<x><trk><name>broken</name><trkseg><trkpt/></trkseg>");
+    folder.write(QStringLiteral("empty.gps"), "<x/>");
+    const QString outer = QStringLiteral("outer");
+    const QString two = QStringLiteral("two");
+    const QByteArray point = "<trkseg><trkpt/></trkseg>";
     const KRTestTable<QByteArray, QString, int> table{
-        {"merged into what stands around it",
-         "<trk><name>outer</name><trkseg><trkpt/></trkseg><include>two.gps</include>"
-         "<trkseg><trkpt/></trkseg></trk>",
-         QStringLiteral("two"), 4},
-        {"what follows wins", "<trk><include>two.gps</include><name>outer</name></trk>", QStringLiteral("outer"), 2},
-        {"several", "<trk><include>two.gps</include><include>two.gps</include></trk>", QStringLiteral("two"), 4},
-        {"no include within an include", "<trk><include>nested.gps</include></trk>", QStringLiteral("nested"), 0},
-        {"no include within an enclave",
-         "<trk><enclaves><trk><include>two.gps</include></trk></enclaves></trk>",
-         {},
-         0},
-        {"not there", "<trk><name>outer</name><include>three.gps</include></trk>", QStringLiteral("outer"), 0},
-        {"broken", "<trk><include>broken.gps</include></trk>", {}, 0},
-        {"without a track", "<trk><include>empty.gps</include></trk>", {}, 0},
-        {"names nothing, so the directory", "<trk><include/></trk>", {}, 0},
+        {"merged into what stands around it", "<name>outer</name>" + point + "<include>two.gps</include>" + point, two,
+         4},
+        {"what follows wins", "<include>two.gps</include><name>outer</name>", outer, 2},
+        {"several", "<include>two.gps</include><include>two.gps</include>", two, 4},
+        {"no include within an include", "<include>nested.gps</include>", QStringLiteral("nested"), 0},
+        {"no include within an enclave", "<enclaves><trk><include>two.gps</include></trk></enclaves>", {}, 0},
+        {"not there", "<name>outer</name><include>three.gps</include>", outer, 0},
+        {"broken", "<include>broken.gps</include>", {}, 0},
+        {"without a track", "<include>empty.gps</include>", {}, 0},
+        {"names nothing, so the directory", "<include/>", {}, 0},
     };
-    table.forEach([](const QByteArray &xml, const QString &name, int points) {
-        const QTemporaryDir folder;
-        writeFile(folder.filePath(QStringLiteral("two.gps")),
-                  "<x><y/><trk><name>two</name><trkseg><trkpt/><trkpt/></trkseg></trk>"
-                  "<trk><name>second</name></trk></x>");
-        writeFile(folder.filePath(QStringLiteral("nested.gps")),
-                  "<x><trk><name>nested</name><include>two.gps</include></trk></x>");
-        writeFile(folder.filePath(QStringLiteral("broken.gps")),
-                  "<x><trk><name>broken</name><trkseg><trkpt/></trkseg>");
-        writeFile(folder.filePath(QStringLiteral("empty.gps")), "<x/>");
-        const KRGPXTrack track(KRTestXml::element(xml), QDir(folder.path()));
-        QCOMPARE(track.name(), name);
-        QCOMPARE(track.countPoints(), points);
+    table.forEach([&](const QByteArray &xml, const QString &name, int points) {
+        const KRGPXTrack merged(KRTestXml::element("<trk>" + xml + "</trk>"), folder.dir());
+        QCOMPARE(merged.name(), name);
+        QCOMPARE(merged.countPoints(), points);
     });
 }
 
 void tst_KRGPXTrack::includeRegistersTheFile()
 {
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
-    writeFile(folder.filePath(QStringLiteral("mine.gps")),
-              "<x><trk><shape>auto</shape><trkseg><compressedPoints>1,1 2,2 1,1</compressedPoints></trkseg></trk></x>");
-    const KRGPXTrack track(KRTestXml::element("<trk><include>mine.gps</include></trk>"), dir);
-    QVERIFY(track.hasShape(PolygonTrackShape));
-
-    QDomElement root = KRTestXml::element("<root/>");
-    track.toXml(root, dir);
-    QCOMPARE(childrenOf(root.firstChildElement()), QStringLiteral("include=mine.gps;"));
-    QCOMPARE(dir.entryList(QDir::Files), QStringList{QStringLiteral("mine.gps")});
-}
-
-void tst_KRGPXTrack::missingIncludeIsRegistered()
-{
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
-    const KRGPXTrack track(KRTestXml::element("<trk><name>outer</name><include>gone.gps</include></trk>"), dir);
-    QCOMPARE(KRGPXTrackFileRegistry::instance().fileName(KRGPXTrackFileRegistryKey(track, dir)),
-             QStringLiteral("gone.gps"));
-}
-
-void tst_KRGPXTrack::currentDirectoryIsADirectory()
-{
+    const KRTestFolder folder;
+    const QByteArray closed = "<trkseg><compressedPoints>1,1 2,2 1,1</compressedPoints></trkseg>";
+    folder.write(QStringLiteral("mine.gps"), "<x><trk><shape>auto</shape>" + closed + "</trk></x>");
+    for (const char *const fileName : {"mine.gps", "gone.gps"}) { // also when the file is missing
+        const QByteArray xml = QByteArray("<trk><include>") + fileName + "</include></trk>";
+        const KRGPXTrack included(KRTestXml::element(xml), folder.dir());
+        QCOMPARE(included.hasShape(PolygonTrackShape), included.isValid());
+        QDomElement root = KRTestXml::element("<root/>");
+        included.toXml(root, folder.dir());
+        QCOMPARE(childrenOf(root.firstChildElement()), QStringLiteral("include=%1;").arg(QLatin1String(fileName)));
+        QCOMPARE(folder.files(), QStringList{QStringLiteral("mine.gps")});
+    }
     // Comparing directories would take the current one for "no directory", and the points would be lost.
-    const QTemporaryDir folder;
-    writeFile(folder.filePath(QStringLiteral("mine.gps")), "<x><trk><trkseg><trkpt/></trkseg></trk></x>");
     const QString before = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(folder.path()));
-    const KRGPXTrack track(KRTestXml::element("<trk><include>mine.gps</include></trk>"), QDir(QDir::currentPath()));
+    QVERIFY(QDir::setCurrent(folder.dir().path()));
+    const KRGPXTrack included(KRTestXml::element("<trk><include>mine.gps</include></trk>"), QDir(QDir::currentPath()));
     QVERIFY(QDir::setCurrent(before));
-    QCOMPARE(track.countPoints(), 1);
-}
-
-void tst_KRGPXTrack::saveAsGpxFile()
-{
-    const QTemporaryDir folder;
-    const QFileInfo file(folder.filePath(QStringLiteral("out.gpx")));
-    const KRGPXTrack track = ::track(QStringLiteral("8,53,4 9,54"));
-    track.saveAsGpxFile(file);
-    const QDomElement root = KRXMLLoader::loadDocumentElement(file);
-    QCOMPARE(root.tagName(), QStringLiteral("gpx"));
-    QCOMPARE(root.childNodes().size(), 1);
-    QCOMPARE(KRGPXTrack(root.firstChildElement(), noDir), track);
+    QVERIFY(included.isValid());
 }
 
 void tst_KRGPXTrack::isEnclave()
@@ -355,38 +260,37 @@ void tst_KRGPXTrack::isEnclave()
     table.forEach([](const QString &outer, const QString &inner, bool expected) {
         const KRGPXTrack area = track(outer, PolygonTrackShape);
         QCOMPARE(area.isEnclave(track(inner, PolygonTrackShape)), expected);
-        QVERIFY(!area.isEnclave(track(inner, LineStringTrackShape)));
-        QVERIFY(!track(outer, LineStringTrackShape).isEnclave(track(inner, PolygonTrackShape)));
+        QVERIFY(!area.isEnclave(track(inner)));
+        QVERIFY(!track(outer).isEnclave(track(inner, PolygonTrackShape)));
     });
 }
 
 void tst_KRGPXTrack::equality()
 {
-    const QList<KRGPXTrackSegment> segments{KRGPXTrackSegment::decodeKml(QStringLiteral("8,53 9,54"))};
-    const QString name = QStringLiteral("a");
-    const QString description = QStringLiteral("b");
-    const KRGPXTrack track(name, description, segments, LineStringTrackShape);
-    QCOMPARE(track, KRGPXTrack(name, description, {KRGPXTrackSegment::decodeKml(QStringLiteral("8,53 9,54"))},
-                               LineStringTrackShape));
-    QVERIFY(track != KRGPXTrack(QString(), description, segments, LineStringTrackShape));
-    QVERIFY(track != KRGPXTrack(name, QString(), segments, LineStringTrackShape));
-    QVERIFY(track != KRGPXTrack(name, description, {}, LineStringTrackShape));
-    QVERIFY(track != KRGPXTrack(name, description, segments, PolygonTrackShape));
-    KRGPXTrack withEnclave = track;
+    const auto trackOf = [](const char *name, const char *description, const QString &coordinates, int shape) {
+        const QList<KRGPXTrackSegment> segments{KRGPXTrackSegment::decodeKml(coordinates)};
+        return KRGPXTrack(QLatin1String(name), QLatin1String(description), segments, KRGPXTrackShapeEnum(shape));
+    };
+    const QString line = QStringLiteral("8,53 9,54");
+    const KRGPXTrack walk = trackOf("a", "b", line, LineStringTrackShape);
+    KRGPXTrack withEnclave = walk;
+    QCOMPARE(withEnclave, trackOf("a", "b", line, LineStringTrackShape));
     withEnclave.addEnclave(KRGPXTrack());
-    QVERIFY(track != withEnclave);
+    for (const KRGPXTrack &other : {trackOf("", "b", line, 4), trackOf("a", "", line, 4), trackOf("a", "b", {}, 4),
+                                    trackOf("a", "b", line, PolygonTrackShape), withEnclave})
+        QVERIFY(walk != other);
 }
 
 void tst_KRGPXTrack::order()
 {
-    const QByteArray one = "<trk><trkseg><trkpt lat=\"9\" lon=\"9\"/></trkseg></trk>";
-    const QByteArray two = "<trk><trkseg><trkpt/></trkseg><trkseg><trkpt/></trkseg></trk>";
+    const QByteArray one = "<trkseg><trkpt lat=\"9\" lon=\"9\"/></trkseg>";
+    const QByteArray two = "<trkseg><trkpt/></trkseg><trkseg><trkpt/></trkseg>";
     const KRTestTable<QByteArray, QByteArray, bool> table{
         {"fewer points", one, two, true},
-        {"none at all", "<trk/>", one, true},
-        {"both without points", "<trk/>", "<trk><trkseg/></trk>", false},
-        {"first position decides, empty segments do not count", "<trk><trkseg><trkpt lat=\"-9\"/></trkseg></trk>",
-         "<trk><trkseg/><trkseg><trkpt lat=\"-8\"/></trkseg></trk>", true},
+        {"none at all", {}, one, true},
+        {"both without points", {}, "<trkseg/>", false},
+        {"first position decides, empty segments do not count", "<trkseg><trkpt lat=\"-9\"/></trkseg>",
+         "<trkseg/><trkseg><trkpt lat=\"-8\"/></trkseg>", true},
         {"same first position", one, one, false},
     };
     table.forEach([](const QByteArray &smaller, const QByteArray &larger, bool differ) {
@@ -394,8 +298,7 @@ void tst_KRGPXTrack::order()
         const KRGPXTrack b = ::read(larger);
         QCOMPARE(a < b, differ);
         QCOMPARE(b > a, differ);
-        QVERIFY(!(b < a));
-        QVERIFY(!(a > b));
+        QVERIFY(!(b < a) && !(a > b));
     });
 }
 

@@ -1,5 +1,8 @@
 #include <KRGeoLocation/KRGPXTrackConfiguration.h>
+#include <KRGeoLocation/KRGPXTrackStyleList.h>
+#include <KRGeoLocation/KRGeoLocationSettings.h>
 
+#include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 #include "KRTestXml.h"
@@ -28,28 +31,14 @@ class tst_KRGPXTrackConfiguration : public QObject
     Q_OBJECT
 
 private slots:
-    void defaults();
     void setters();
-    void roundTrip();
-    void writesWholePixels();
+    void roundTripAndWidths();
     void readsWithDefaults();
-    void readsWidths();
     void serializes();
-    void decodesColors();
     void readsKmlColors();
     void readsKmlWidths();
-    void multipliesAlpha();
-    void haloBecomesVisible();
-    void debugText();
+    void findsKmlStylesByReference();
 };
-
-void tst_KRGPXTrackConfiguration::defaults()
-{
-    const KRGPXTrackConfiguration expected(QColor(QStringLiteral("#ff9100")), 10.0, QColor(QStringLiteral("#50FCA404")),
-                                           0.0, StrokeDisplayOption, DiskMarkerShape, AutoTrackShape, 1, 100, 1);
-    QCOMPARE(KRGPXTrackConfiguration::defaultValue(), expected);
-    QCOMPARE(KRGPXTrackConfiguration(), expected);
-}
 
 void tst_KRGPXTrackConfiguration::setters()
 {
@@ -75,7 +64,7 @@ void tst_KRGPXTrackConfiguration::setters()
     });
 }
 
-void tst_KRGPXTrackConfiguration::roundTrip()
+void tst_KRGPXTrackConfiguration::roundTripAndWidths()
 {
     const KRGPXTrackConfiguration configuration(QColor(1, 2, 3, 4), 7.0, QColor(250, 251, 252, 253), 5.0,
                                                 AllDisplayOptions, ArrowMarkerShape, HopTrackShape, Qt::DotLine, 35,
@@ -87,21 +76,25 @@ void tst_KRGPXTrackConfiguration::roundTrip()
     expected.setCurrentDisplayOptions(static_cast<KRGPXTrackDisplayOptionsEnum>(3));
     QCOMPARE(KRGPXTrackConfiguration::fromXml(parent), expected);
     QCOMPARE(KRGPXTrackConfiguration::deserialize(configuration.serialize()), expected);
-}
 
-void tst_KRGPXTrackConfiguration::writesWholePixels()
-{
-    const KRTestTable<double, double> table{
+    for (const char *const text : {"2,5", "", "nan", "inf", "1e400", "-0"}) {
+        const auto read = written(QByteArray("<pensize>") + text + "</pensize><halosize>" + text + "</halosize>");
+        QCOMPARE(read.lineWidth().toDouble(), 0.0);
+        QCOMPARE(read.haloWidth().toDouble(), 0.0);
+    }
+    QCOMPARE(written("<pensize>2.5</pensize>").lineWidth().toDouble(), 2.5);
+
+    const KRTestTable<double, double> wholePixels{
         {"fractions are cut", 10.7, 10.0},
         {"cut toward zero", -0.7, 0.0},
         {"huge", 1e300, 2147483647.0},
         {"not a number", std::numeric_limits<double>::quiet_NaN(), 0.0},
     };
-    table.forEach([](double width, double readBack) {
-        KRGPXTrackConfiguration configuration;
-        configuration.setLineWidth(width);
-        configuration.setHaloWidth(width);
-        const auto read = KRGPXTrackConfiguration::deserialize(configuration.serialize());
+    wholePixels.forEach([](double width, double readBack) {
+        KRGPXTrackConfiguration wide;
+        wide.setLineWidth(width);
+        wide.setHaloWidth(width);
+        const auto read = KRGPXTrackConfiguration::deserialize(wide.serialize());
         QCOMPARE(read.lineWidth().toDouble(), readBack);
         QCOMPARE(read.haloWidth().toDouble(), readBack);
     });
@@ -116,52 +109,34 @@ void tst_KRGPXTrackConfiguration::readsWithDefaults()
     expected.setHaloWidth(20.0);
     QCOMPARE(read, expected);
     QCOMPARE(read.fillColor().rgba(), qRgba(0x20, 0x40, 0x60, 128));
+    QVERIFY(expected.wouldChangeHaloToVisibleAgainst(KRGPXTrackConfiguration()));
+    QVERIFY(!KRGPXTrackConfiguration().wouldChangeHaloToVisibleAgainst(expected));
+    QVERIFY(!expected.wouldChangeHaloToVisibleAgainst(written("<halosize>0.5</halosize>")));
 
     QCOMPARE(written("<pensize>4</pensize><displayOptions>fill</displayOptions>").haloWidth(), KRDistance(4.0));
     QCOMPARE(written("").lineColor().rgba(), qRgba(0, 0, 0, 0));
     QCOMPARE(written("<color>#80ffffff</color><fillcolor/>").fillColor().rgba(), qRgba(0, 0, 0, 0));
-}
-
-void tst_KRGPXTrackConfiguration::readsWidths()
-{
-    const KRTestTable<QByteArray, double> table{
-        {"fraction", "2.5", 2.5},     {"decimal comma", "2,5", 0.0}, {"empty", {}, 0.0},
-        {"not a number", "nan", 0.0}, {"infinite", "inf", 0.0},      {"too large for a double", "1e400", 0.0},
-    };
-    table.forEach([](const QByteArray &text, double expected) {
-        const auto read = written("<pensize>" + text + "</pensize><halosize>" + text + "</halosize>");
-        QCOMPARE(read.lineWidth().toDouble(), expected);
-        QCOMPARE(read.haloWidth().toDouble(), expected);
-    });
+    QCOMPARE(KRGPXTrackConfiguration::multiplyAlpha(QColor(1, 2, 3, 200), 2.0).rgba(), qRgba(1, 2, 3, 255));
+    QCOMPARE(KRGPXTrackConfiguration::multiplyAlpha(QColor(1, 2, 3, 200), -1.0).rgba(), qRgba(1, 2, 3, 0));
 }
 
 void tst_KRGPXTrackConfiguration::serializes()
 {
-    QCOMPARE(KRGPXTrackConfiguration::defaultValue().serialize(),
+    const auto standard = KRGPXTrackConfiguration::defaultValue();
+    QCOMPARE(KRGPXTrackConfiguration(), standard);
+    QCOMPARE(standard.serialize(),
              QStringLiteral("<config smoothing=\"100\" smoothingSteps=\"1\"><pensize>10</pensize>"
                             "<color>#ffff9100</color><fillcolor>#50fca404</fillcolor><halosize>0</halosize>"
                             "<displayOptions>stroke</displayOptions><markerShape>disk</markerShape>"
                             "<trackShape>auto</trackShape><penStyle>1</penStyle></config>"));
+    QString text;
+    QDebug(&text) << standard << "next";
+    QCOMPARE(text,
+             QStringLiteral("KRGPXTrackConfiguration -- #ff9100; 10.0 px; #fca404; 0.0 px; stroke; disk; auto next "));
     // Of a broken text the part before the fault counts.
     const auto broken = KRGPXTrackConfiguration::deserialize(QStringLiteral("<config><pensize>3</pensize><color>#ff"));
     QCOMPARE(broken.lineWidth().toDouble(), 3.0);
     QCOMPARE(KRGPXTrackConfiguration::deserialize(QString()).lineColor().alpha(), 0);
-}
-
-void tst_KRGPXTrackConfiguration::decodesColors()
-{
-    const KRTestTable<QByteArray, QRgb> table{
-        {"KML: alpha, blue, green, red", "<s><color>7f0080ff</color></s>", qRgba(0xff, 0x80, 0, 0x7f)},
-        {"our own: alpha, red, green, blue", "<s><color>#7f0080ff</color></s>", qRgba(0, 0x80, 0xff, 0x7f)},
-        {"six digits: red, green, blue", "<s><color>0080ff</color></s>", qRgba(0, 0x80, 0xff, 0xff)},
-        {"blanks around", "<s><color>\n ff0080ff </color></s>", qRgba(0xff, 0x80, 0, 0xff)},
-        {"unreadable", "<s><color>ff0080f</color></s>", qRgba(0, 0, 0, 0)},
-        {"empty", "<s><color/></s>", qRgba(0, 0, 0, 0)},
-        {"missing", "<s/>", qRgba(0, 0, 0, 0)},
-    };
-    table.forEach([](const QByteArray &style, QRgb expected) {
-        QCOMPARE(KRGPXTrackConfiguration::decodeColor(element(style)).rgba(), expected);
-    });
 }
 
 void tst_KRGPXTrackConfiguration::readsKmlColors()
@@ -170,6 +145,18 @@ void tst_KRGPXTrackConfiguration::readsKmlColors()
     const QByteArray clearLine("<LineStyle><color>000000ff</color></LineStyle>");
     const QByteArray blueArea("<PolyStyle><color>40ff0000</color></PolyStyle>");
     const QByteArray denseArea("<PolyStyle><color>c0ff0000</color></PolyStyle>");
+    const KRTestTable<QByteArray, QRgb> decoded{
+        {"KML: alpha, blue, green, red", "<s><color>7f0080ff</color></s>", qRgba(0xff, 0x80, 0, 0x7f)},
+        {"our own: alpha, red, green, blue", "<s><color>#7f0080ff</color></s>", qRgba(0, 0x80, 0xff, 0x7f)},
+        {"six digits: red, green, blue", "<s><color>0080ff</color></s>", qRgba(0, 0x80, 0xff, 0xff)},
+        {"blanks around", "<s><color>\n ff0080ff </color></s>", qRgba(0xff, 0x80, 0, 0xff)},
+        {"unreadable", "<s><color>ff0080f</color></s>", qRgba(0, 0, 0, 0)},
+        {"empty", "<s><color/></s>", qRgba(0, 0, 0, 0)},
+        {"missing", "<s/>", qRgba(0, 0, 0, 0)},
+    };
+    decoded.forEach([](const QByteArray &style, QRgb expected) {
+        QCOMPARE(KRGPXTrackConfiguration::decodeColor(element(style)).rgba(), expected);
+    });
     const KRTestTable<QByteArray, QRgb, QRgb, int> table{
         {"both", redLine + blueArea, qRgba(255, 0, 0, 255), qRgba(0, 0, 255, 0x40), 3},
         {"only a line: the area half as opaque", redLine, qRgba(255, 0, 0, 255), qRgba(255, 0, 0, 127), 1},
@@ -184,8 +171,6 @@ void tst_KRGPXTrackConfiguration::readsKmlColors()
         QCOMPARE(configuration.lineColor().rgba(), line);
         QCOMPARE(configuration.fillColor().rgba(), fill);
         QCOMPARE(static_cast<int>(configuration.currentDisplayOptions().value()), options);
-        QCOMPARE(configuration.trackShape().value(), AutoTrackShape);
-        QCOMPARE(configuration.markerShape().value(), DiskMarkerShape);
     });
 }
 
@@ -207,39 +192,38 @@ void tst_KRGPXTrackConfiguration::readsKmlWidths()
     });
 }
 
-void tst_KRGPXTrackConfiguration::multipliesAlpha()
+void tst_KRGPXTrackConfiguration::findsKmlStylesByReference()
 {
-    const KRTestTable<int, double, int> table{
-        {"half of opaque", 255, 0.5, 128},
-        {"more than opaque", 200, 2.0, 255},
-        {"less than nothing", 200, -1.0, 0},
-        {"nothing stays nothing", 0, 100.0, 0},
+    const QByteArray red = "<Style id=\"red\"><LineStyle><color>ff0000ff</color></LineStyle></Style>";
+    const QByteArray blue = "<Style id=\"blue\"><PolyStyle><color>ffff0000</color></PolyStyle></Style>";
+    const QByteArray nameless = "<Style><LineStyle><color>ff00ff00</color></LineStyle></Style>";
+    const QByteArray otherRed = "<Style id=\"red\"><LineStyle><color>ff000080</color></LineStyle></Style>";
+    // Not the default of the user.
+    const KRTemporarySettings temporarySettings;
+    KRGPXTrackConfiguration chosen;
+    chosen.setLineColor(Qt::cyan);
+    KRGeoLocationSettings::instance()->setDefaultTrackConfiguration(chosen);
+    const QRgb none = KRGPXTrackConfiguration::defaultValue().lineColor().rgba();
+    const KRTestTable<QByteArray, QString, QRgb> table{
+        {"first of several", red + blue + nameless, QStringLiteral("#red"), qRgb(255, 0, 0)},
+        {"behind other elements", red + "<Folder/>text<!-- -->" + blue, QStringLiteral("#blue"), qRgb(0, 0, 255)},
+        {"without id", red + nameless, QStringLiteral("#"), qRgb(0, 255, 0)},
+        {"same id twice: the last", red + blue + otherRed, QStringLiteral("#red"), qRgb(128, 0, 0)},
+        {"id without #", red, QStringLiteral("red"), none},
+        {"other case", red, QStringLiteral("#Red"), none},
+        {"blanks around", red, QStringLiteral(" #red\n"), none},
+        {"in another document", red, QStringLiteral("other.kml#red"), none},
+        {"empty reference", red + nameless, {}, none},
+        {"style map", red + "<StyleMap id=\"map\"><Pair><styleUrl>#red</styleUrl></Pair><Style id=\"map\"/></StyleMap>",
+         QStringLiteral("#map"), none},
+        {"style in a folder", "<Folder>" + red + "</Folder>", QStringLiteral("#red"), none},
+        {"no styles", {}, QStringLiteral("#red"), none},
     };
-    table.forEach([](int alpha, double factor, int expected) {
-        const QColor result = KRGPXTrackConfiguration::multiplyAlpha(QColor(10, 20, 30, alpha), factor);
-        QCOMPARE(result.rgba(), qRgba(10, 20, 30, expected));
+    table.forEach([](const QByteArray &children, const QString &reference, QRgb lineColor) {
+        const auto styles = KRGPXTrackStyleList::fromKml(KRTestXml::element("<Document>" + children + "</Document>"));
+        QCOMPARE(styles.findStyling(reference).lineColor().rgba(), lineColor);
     });
-}
-
-void tst_KRGPXTrackConfiguration::haloBecomesVisible()
-{
-    KRGPXTrackConfiguration without;
-    KRGPXTrackConfiguration with;
-    with.setHaloWidth(0.5);
-    KRGPXTrackConfiguration withOther;
-    withOther.setHaloWidth(5.0);
-    QVERIFY(with.wouldChangeHaloToVisibleAgainst(without));
-    QVERIFY(!without.wouldChangeHaloToVisibleAgainst(with));
-    QVERIFY(!withOther.wouldChangeHaloToVisibleAgainst(with));
-    QVERIFY(!without.wouldChangeHaloToVisibleAgainst(without));
-}
-
-void tst_KRGPXTrackConfiguration::debugText()
-{
-    QString text;
-    QDebug(&text) << KRGPXTrackConfiguration::defaultValue() << "next";
-    QCOMPARE(text, QStringLiteral("KRGPXTrackConfiguration -- #ff9100; 10.0 px; #fca404; 0.0 px; stroke; disk; auto "
-                                  "next "));
+    KRGeoLocationSettings::instance()->setDefaultTrackConfiguration(KRGPXTrackConfiguration::defaultValue());
 }
 
 static const KRTestRegistration<tst_KRGPXTrackConfiguration> registration;

@@ -1,28 +1,17 @@
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 
+#include "KRTestFolder.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
+#include "KRTestTrack.h"
 
 #include <KRCore/KRXMLLoader.h>
 
 #include <QDomElement>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <QtConcurrentMap>
 #include <QtTest>
 
-namespace {
-
-KRGPXTrack track(const QString &coordinates)
-{
-    return KRGPXTrack::decodeKml(QStringLiteral("track"), QString(), coordinates, LineStringTrackShape);
-}
-
-QStringList filesIn(const QDir &dir)
-{
-    return dir.entryList(QDir::Files, QDir::Name);
-}
-
-} // namespace
+using KRTestTrack::track;
 
 class tst_KRGPXTrackFileRegistry : public QObject
 {
@@ -30,21 +19,18 @@ class tst_KRGPXTrackFileRegistry : public QObject
 
 private slots:
     void unchangedTrackKeepsItsFile();
-    void almostEqualTrackKeepsItsFile_data();
     void almostEqualTrackKeepsItsFile();
     void tracksGetTheirOwnFiles();
-    void nameOfALostFileIsNotGivenAway();
     void failedWriteKeepsTheName();
     void savingFromSeveralThreads();
-    void sameDirectory_data();
     void sameDirectory();
     void keys();
 };
 
 void tst_KRGPXTrackFileRegistry::unchangedTrackKeepsItsFile()
 {
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
+    const KRTestFolder folder;
+    const QDir dir = folder.dir();
     KRGPXTrackFileRegistry registry;
     const KRGPXTrackFileRegistryKey key(track(QStringLiteral("8,53 9,54")), dir);
     QVERIFY(registry.fileName(key).isEmpty());
@@ -54,71 +40,58 @@ void tst_KRGPXTrackFileRegistry::unchangedTrackKeepsItsFile()
     QVERIFY(QFile::remove(registry.createFileInfo(key, QStringLiteral("track.gps")).filePath()));
     const KRGPXTrackFileRegistryKey equalKey(track(QStringLiteral("8,53 9,54")), dir);
     QCOMPARE(registry.createAssignedFile(equalKey), QStringLiteral("track.gps"));
-    QVERIFY(filesIn(dir).isEmpty());
-}
-
-void tst_KRGPXTrackFileRegistry::almostEqualTrackKeepsItsFile_data()
-{
-    // Positions are equal up to 1e-6 degrees, wherever the registry draws lines between them.
-    QTest::addColumn<QString>("coordinates");
-    QTest::addColumn<QString>("almostEqual");
-    QTest::newRow("south") << QStringLiteral("8.12345,53.00001 9,54") << QStringLiteral("8.12345,53.0000092 9,54");
-    QTest::newRow("west") << QStringLiteral("8.00001,53.12345 9,54") << QStringLiteral("8.0000092,53.12345 9,54");
-    QTest::newRow("north-east") << QStringLiteral("-8.0000004,-53.0000004 9,54")
-                                << QStringLiteral("-7.9999996,-52.9999996 9,54");
-    QTest::newRow("end") << QStringLiteral("8,53 9,54") << QStringLiteral("8,53 9.0000008,53.9999992");
-    QTest::newRow("nothing") << QString() << QStringLiteral(" ");
+    QVERIFY(folder.files().isEmpty());
+    // Nor is the name of a file given away that was only read, and is lost.
+    registry.registerFile(KRGPXTrackFileRegistryKey(track(QStringLiteral("7,53")), dir), QStringLiteral("track_1.gps"));
+    const KRGPXTrackFileRegistryKey fresh(track(QStringLiteral("9,54")), dir);
+    QCOMPARE(registry.createAssignedFile(fresh), QStringLiteral("track_2.gps"));
 }
 
 void tst_KRGPXTrackFileRegistry::almostEqualTrackKeepsItsFile()
 {
-    QFETCH(QString, coordinates);
-    QFETCH(QString, almostEqual);
-    const QDir dir(QStringLiteral("/somewhere"));
-    const KRGPXTrackFileRegistryKey key(track(coordinates), dir);
-    const KRGPXTrackFileRegistryKey almostEqualKey(track(almostEqual), dir);
-    KRGPXTrackFileRegistry registry;
-    registry.registerFile(key, QStringLiteral("first.gps"));
-    QCOMPARE(registry.fileName(almostEqualKey), QStringLiteral("first.gps"));
-    registry.registerFile(almostEqualKey, QStringLiteral("second.gps"));
-    QCOMPARE(registry.fileName(key), QStringLiteral("second.gps"));
+    // Positions are equal up to 1e-6 degrees, wherever the registry draws lines between them.
+    const KRTestTable<QString, QString> table{
+        {"south", QStringLiteral("8.12345,53.00001 9,54"), QStringLiteral("8.12345,53.0000092 9,54")},
+        {"west", QStringLiteral("8.00001,53.12345 9,54"), QStringLiteral("8.0000092,53.12345 9,54")},
+        {"north-east", QStringLiteral("-8.0000004,-53.0000004 9,54"), QStringLiteral("-7.9999996,-52.9999996 9,54")},
+        {"end", QStringLiteral("8,53 9,54"), QStringLiteral("8,53 9.0000008,53.9999992")},
+        {"nothing", QString(), QStringLiteral(" ")},
+    };
+    table.forEach([](const QString &coordinates, const QString &almostEqual) {
+        const QDir dir(QStringLiteral("/somewhere"));
+        const KRGPXTrackFileRegistryKey key(track(coordinates), dir);
+        const KRGPXTrackFileRegistryKey almostEqualKey(track(almostEqual), dir);
+        KRGPXTrackFileRegistry registry;
+        registry.registerFile(key, QStringLiteral("first.gps"));
+        QCOMPARE(registry.fileName(almostEqualKey), QStringLiteral("first.gps"));
+        registry.registerFile(almostEqualKey, QStringLiteral("second.gps"));
+        QCOMPARE(registry.fileName(key), QStringLiteral("second.gps"));
+    });
 }
 
 void tst_KRGPXTrackFileRegistry::tracksGetTheirOwnFiles()
 {
-    const QTemporaryDir folder;
-    const QTemporaryDir otherFolder;
-    const QDir dir(folder.path());
+    const KRTestFolder folder;
+    const KRTestFolder otherFolder;
+    const QDir dir = folder.dir();
     KRGPXTrackFileRegistry registry;
     const KRGPXTrack first = track(QStringLiteral("8,53 9,54"));
     KRGPXTrack renamed = first;
     renamed.setName(QStringLiteral("renamed"));
     QCOMPARE(registry.createAssignedFile(KRGPXTrackFileRegistryKey(first, dir)), QStringLiteral("track.gps"));
     QCOMPARE(registry.createAssignedFile(KRGPXTrackFileRegistryKey(renamed, dir)), QStringLiteral("track_1.gps"));
-    const KRGPXTrackFileRegistryKey elsewhere(first, QDir(otherFolder.path()));
+    const KRGPXTrackFileRegistryKey elsewhere(first, otherFolder.dir());
     QCOMPARE(registry.createAssignedFile(elsewhere), QStringLiteral("track.gps"));
-    QCOMPARE(filesIn(dir), (QStringList{QStringLiteral("track.gps"), QStringLiteral("track_1.gps")}));
+    QCOMPARE(folder.files(), (QStringList{QStringLiteral("track.gps"), QStringLiteral("track_1.gps")}));
 
     const QDomElement root = KRXMLLoader::loadDocumentElement(QFileInfo(dir, QStringLiteral("track_1.gps")));
-    QCOMPARE(KRGPXTrack(root.firstChildElement(), QDir(QString())), renamed);
-}
-
-void tst_KRGPXTrackFileRegistry::nameOfALostFileIsNotGivenAway()
-{
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
-    KRGPXTrackFileRegistry registry;
-    const KRGPXTrackFileRegistryKey lost(track(QStringLiteral("8,53")), dir);
-    registry.registerFile(lost, QStringLiteral("track.gps"));
-    const KRGPXTrackFileRegistryKey fresh(track(QStringLiteral("9,54")), dir);
-    QCOMPARE(registry.createAssignedFile(fresh), QStringLiteral("track_1.gps"));
-    QCOMPARE(registry.createAssignedFile(lost), QStringLiteral("track.gps"));
+    QCOMPARE(KRGPXTrack(root.firstChildElement(), KRTestTrack::noDir), renamed);
 }
 
 void tst_KRGPXTrackFileRegistry::failedWriteKeepsTheName()
 {
-    const QTemporaryDir folder;
-    const QDir missing(folder.filePath(QStringLiteral("missing")));
+    const KRTestFolder folder;
+    const QDir missing(folder.path(QStringLiteral("missing")));
     KRGPXTrackFileRegistry registry;
     const KRGPXTrackFileRegistryKey key(track(QStringLiteral("8,53")), missing);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("track\\.gps: .+")));
@@ -129,8 +102,8 @@ void tst_KRGPXTrackFileRegistry::failedWriteKeepsTheName()
 
 void tst_KRGPXTrackFileRegistry::savingFromSeveralThreads()
 {
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
+    const KRTestFolder folder;
+    const QDir dir = folder.dir();
     KRGPXTrackFileRegistry registry;
     QList<KRGPXTrackFileRegistryKey> keys;
     for (int i = 1; i <= 20; ++i)
@@ -140,32 +113,24 @@ void tst_KRGPXTrackFileRegistry::savingFromSeveralThreads()
     for (const KRGPXTrackFileRegistryKey &key : keys)
         names.insert(registry.fileName(key));
     QCOMPARE(names.size(), keys.size());
-    QCOMPARE(filesIn(dir).size(), keys.size());
-}
-
-void tst_KRGPXTrackFileRegistry::sameDirectory_data()
-{
-    QTest::addColumn<QString>("suffix");
-    QTest::newRow("slash at the end") << QStringLiteral("/");
-    QTest::newRow("there and back") << QStringLiteral("/sub/..");
-    QTest::newRow("through a link") << QStringLiteral("/link");
+    QCOMPARE(folder.files().size(), keys.size());
 }
 
 void tst_KRGPXTrackFileRegistry::sameDirectory()
 {
-    QFETCH(QString, suffix);
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
+    const KRTestFolder folder;
+    const QDir dir = folder.dir();
     QVERIFY(dir.mkdir(QStringLiteral("sub")));
-    QVERIFY(QFile::link(folder.path(), folder.filePath(QStringLiteral("link"))));
-    QDir sameDir(folder.path() + suffix);
-    sameDir.setNameFilters({QStringLiteral("*.gpx")});
-
+    QVERIFY(QFile::link(dir.path(), folder.path(QStringLiteral("link"))));
     const KRGPXTrack points = track(QStringLiteral("8,53"));
     KRGPXTrackFileRegistry registry;
     registry.registerFile(KRGPXTrackFileRegistryKey(points, dir), QStringLiteral("mine.gps"));
-    QCOMPARE(registry.fileName(KRGPXTrackFileRegistryKey(points, sameDir)), QStringLiteral("mine.gps"));
-    QCOMPARE(qHash(sameDir), qHash(dir));
+    for (const char *const suffix : {"/", "/sub/..", "/link"}) {
+        QDir sameDir(dir.path() + QLatin1String(suffix));
+        sameDir.setNameFilters({QStringLiteral("*.gpx")});
+        QCOMPARE(registry.fileName(KRGPXTrackFileRegistryKey(points, sameDir)), QStringLiteral("mine.gps"));
+        QCOMPARE(qHash(sameDir), qHash(dir));
+    }
 }
 
 void tst_KRGPXTrackFileRegistry::keys()
@@ -176,7 +141,7 @@ void tst_KRGPXTrackFileRegistry::keys()
     QCOMPARE(key.hash(), 2u);
     QVERIFY(key.isValid());
     QVERIFY(!KRGPXTrackFileRegistryKey(KRGPXTrack(), somewhere).isValid());
-    QVERIFY(!KRGPXTrackFileRegistryKey(points, QDir(QString())).isValid());
+    QVERIFY(!KRGPXTrackFileRegistryKey(points, KRTestTrack::noDir).isValid());
     QVERIFY(KRGPXTrackFileRegistryKey(points, QDir(QDir::currentPath())).isValid());
     QVERIFY(key != KRGPXTrackFileRegistryKey(points, QDir(QStringLiteral("/elsewhere"))));
     QVERIFY(key != KRGPXTrackFileRegistryKey(track(QStringLiteral("8,53 9,55")), somewhere));

@@ -3,6 +3,7 @@
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QAbstractItemModelTester>
 #include <QDataStream>
@@ -13,7 +14,6 @@
 #include <memory>
 
 using Mime = std::unique_ptr<QMimeData>;
-Q_DECLARE_METATYPE(QList<int>)
 
 class tst_KRGPXTrackListModel : public QObject
 {
@@ -22,9 +22,7 @@ class tst_KRGPXTrackListModel : public QObject
 private slots:
     void init();
     void showsNamesAndDescriptions();
-    void drops_data();
     void drops();
-    void survivesAnyPayload_data();
     void survivesAnyPayload();
     void refusesOtherData();
     void moves();
@@ -94,70 +92,57 @@ void tst_KRGPXTrackListModel::showsNamesAndDescriptions()
     QCOMPARE(m_model->flags(QModelIndex()), Qt::ItemFlags(Qt::ItemIsDropEnabled));
     QVERIFY(m_model->flags(first).testFlag(Qt::ItemIsDragEnabled));
     QCOMPARE(m_model->trackAt(first).name(), QStringLiteral("B"));
-    QVERIFY(m_model->trackAt(-1) == KRGPXConfiguredTrack());
-    QVERIFY(m_model->trackAt(5) == KRGPXConfiguredTrack());
-}
-
-void tst_KRGPXTrackListModel::drops_data()
-{
-    QTest::addColumn<QList<int>>("rows");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<int>("parentRow");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<int>("selected");
-    QTest::newRow("first row before the last") << QList<int>{0} << 4 << 0 << -1 << "BCDEA" << 4;
-    QTest::newRow("upwards between rows") << QList<int>{3, 4} << 1 << 0 << -1 << "ADEBC" << 1;
-    QTest::newRow("onto a row") << QList<int>{4} << -1 << -1 << 2 << "ABECD" << 2;
-    QTest::newRow("onto itself") << QList<int>{2} << -1 << -1 << 2 << "ABCDE" << 2;
-    QTest::newRow("into the empty area") << QList<int>{1} << -1 << -1 << -1 << "ACDEB" << 4;
-    QTest::newRow("below the last row") << QList<int>{1} << 5 << 0 << -1 << "ACDEB" << 4;
-    QTest::newRow("several to the end") << QList<int>{0, 1} << -1 << -1 << -1 << "CDEAB" << 4;
-    QTest::newRow("all to the end") << QList<int>{4, 3, 2, 1, 0} << 5 << 0 << -1 << "EDCBA" << 4;
-    QTest::newRow("several downwards, rows as dragged") << QList<int>{0, 1} << 2 << 0 << -1 << "BADCE" << 2;
+    for (const int row : {-1, 5})
+        QVERIFY(m_model->trackAt(row) == KRGPXConfiguredTrack());
 }
 
 void tst_KRGPXTrackListModel::drops()
 {
-    QFETCH(QList<int>, rows);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(int, parentRow);
-    QSignalSpy selected(m_model.get(), &KRGPXTrackListModel::pleaseSelectTrack);
-    QSignalSpy resets(m_model.get(), &KRGPXTrackListModel::modelReset);
-    const Mime data = dragged(rows);
-    QVERIFY(m_model->dropMimeData(data.get(), Qt::MoveAction, row, column, m_model->index(parentRow, 0)));
-    QTEST(names(), "expected");
-    QCOMPARE(selected.count(), 1);
-    QTEST(selected.first().first().toInt(), "selected");
-    QVERIFY(resets.isEmpty());
-}
-
-void tst_KRGPXTrackListModel::survivesAnyPayload_data()
-{
-    QTest::addColumn<QStringList>("rows");
-    QTest::addColumn<int>("cutBytes");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("nothing") << QStringList() << 0 << "ABCDE";
-    QTest::newRow("no number") << QStringList{QStringLiteral("x"), QString(), QStringLiteral("1")} << 0 << "ACDEB";
-    QTest::newRow("rows that there are not")
-        << QStringList{QStringLiteral("-1"), QStringLiteral("5"), QStringLiteral("99999999999")} << 0 << "ABCDE";
-    QTest::newRow("cut off") << QStringList{QStringLiteral("2"), QStringLiteral("1")} << 1 << "ABDEC";
+    // rows dragged, the row dropped in front of, or the one dropped onto
+    const KRTestTable<QList<int>, int, int, const char *, int> table{
+        {"first row before the last", QList<int>{0}, 4, -1, "BCDEA", 4},
+        {"upwards between rows", QList<int>{3, 4}, 1, -1, "ADEBC", 1},
+        {"onto a row", QList<int>{4}, -1, 2, "ABECD", 2},
+        {"onto itself", QList<int>{2}, -1, 2, "ABCDE", 2},
+        {"into the empty area", QList<int>{1}, -1, -1, "ACDEB", 4},
+        {"below the last row", QList<int>{1}, 5, -1, "ACDEB", 4},
+        {"several to the end", QList<int>{0, 1}, -1, -1, "CDEAB", 4},
+        {"all to the end", QList<int>{4, 3, 2, 1, 0}, 5, -1, "EDCBA", 4},
+        {"several downwards, rows as dragged", QList<int>{0, 1}, 2, -1, "BADCE", 2},
+    };
+    table.forEach([this](const QList<int> &rows, int row, int parentRow, const char *expected, int target) {
+        init();
+        QSignalSpy selected(m_model.get(), &KRGPXTrackListModel::pleaseSelectTrack);
+        QSignalSpy resets(m_model.get(), &KRGPXTrackListModel::modelReset);
+        const Mime data = dragged(rows);
+        const QModelIndex parent = m_model->index(parentRow, 0);
+        QVERIFY(m_model->dropMimeData(data.get(), Qt::MoveAction, row, row < 0 ? -1 : 0, parent));
+        QCOMPARE(names(), QLatin1String(expected));
+        QCOMPARE(selected, QList<QVariantList>{QVariantList{target}});
+        QVERIFY(resets.isEmpty());
+    });
 }
 
 void tst_KRGPXTrackListModel::survivesAnyPayload()
 {
-    QFETCH(QStringList, rows);
-    QFETCH(int, cutBytes);
-    QByteArray payload;
-    QDataStream stream(&payload, QIODevice::WriteOnly);
-    for (const QString &row : std::as_const(rows))
-        stream << row;
-    payload.chop(cutBytes);
-    QMimeData data;
-    data.setData(QStringLiteral("application/gpxtrack"), payload);
-    QVERIFY(m_model->dropMimeData(&data, Qt::MoveAction, -1, -1, QModelIndex()));
-    QTEST(names(), "expected");
+    const auto list = [](const char *rows) { return QString::fromLatin1(rows).split(QLatin1Char(' ')); };
+    const KRTestTable<QStringList, int, QString> table{
+        {"nothing", QStringList(), 0, QStringLiteral("ABCDE")},
+        {"no number", list("x  1"), 0, QStringLiteral("ACDEB")},
+        {"rows that there are not", list("-1 5 99999999999"), 0, QStringLiteral("ACDEB")},
+        {"cut off", list("2 1"), 1, QStringLiteral("ACEBD")},
+    };
+    table.forEach([this](const QStringList &rows, int cutBytes, const QString &expected) {
+        QByteArray payload;
+        QDataStream stream(&payload, QIODevice::WriteOnly);
+        for (const QString &row : rows)
+            stream << row;
+        payload.chop(cutBytes);
+        QMimeData data;
+        data.setData(QStringLiteral("application/gpxtrack"), payload);
+        QVERIFY(m_model->dropMimeData(&data, Qt::MoveAction, -1, -1, QModelIndex()));
+        QCOMPARE(names(), expected);
+    });
 }
 
 void tst_KRGPXTrackListModel::refusesOtherData()
@@ -181,15 +166,14 @@ void tst_KRGPXTrackListModel::moves()
     QSignalSpy changes(m_model.get(), &KRGPXTrackListModel::dataChanged);
     m_model->moveTrack(3, 1);
     QCOMPARE(names(), QStringLiteral("ADBCE"));
-    QCOMPARE(changes.count(), 1);
-    QCOMPARE(changes.first().at(0).toModelIndex(), m_model->index(1, 0));
-    QCOMPARE(changes.first().at(1).toModelIndex(), m_model->index(3, 1));
+    QCOMPARE(changes.first().first().toModelIndex(), m_model->index(1, 0));
+    QCOMPARE(changes.takeFirst().at(1).toModelIndex(), m_model->index(3, 1));
     m_model->moveTrack(2, 2);
     m_model->moveTrack(7, 0);
-    QCOMPARE(changes.count(), 1);
+    QVERIFY(changes.isEmpty());
     m_model->moveTrack(0, 9);
     QCOMPARE(names(), QStringLiteral("DBCEA"));
-    QCOMPARE(changes.last().at(1).toModelIndex(), m_model->index(4, 1));
+    QCOMPARE(changes.first().at(1).toModelIndex(), m_model->index(4, 1));
 }
 
 void tst_KRGPXTrackListModel::resetsOnlyForNewTracks()

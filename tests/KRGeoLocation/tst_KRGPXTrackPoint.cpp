@@ -32,12 +32,12 @@ class tst_KRGPXTrackPoint : public QObject
 private slots:
     void read();
     void writeXml();
-    void toKml();
     void toKmlOfAnyNumber();
     void decodeKml();
     void timesGrowWithEverySave();
     void equality();
     void asElement();
+    void safeDouble();
 };
 
 void tst_KRGPXTrackPoint::read()
@@ -56,6 +56,8 @@ void tst_KRGPXTrackPoint::read()
         {"time with blanks, a fraction and an offset", "<trkpt><time> 2024-05-01T14:00:00.5+02:00\n</time></trkpt>",
          QStringLiteral("1.,1.,0,1714564800500")},
         {"only own children count", "<trkpt><x><ele>3</ele></x></trkpt>", QStringLiteral("1.,1.")},
+        {"time without elevation", "<trkpt lat='53' lon='100'><time>2024-05-01T12:00:00Z</time></trkpt>",
+         QStringLiteral("100.,53.,0,1714564800000")},
         {"the first of its name", "<trkpt><ele>3</ele><ele>4</ele></trkpt>", QStringLiteral("1.,1.,3")},
     };
     table.forEach([](const QByteArray &xml, const QString &expected) {
@@ -67,11 +69,8 @@ void tst_KRGPXTrackPoint::writeXml()
 {
     const KRGeoPosition position(53.14117999999999, -8.25);
     const KRTestTable<KRGPXTrackPoint, QString, QString, QString> table{
-        {"position only",
-         KRGPXTrackPoint(position, 0, QDateTime(), QString()),
-         QStringLiteral("53.14118"),
-         QStringLiteral("-8.25"),
-         {}},
+        {"position only", KRGPXTrackPoint(position, 0, QDateTime(), QString()), QStringLiteral("53.14118"),
+         QStringLiteral("-8.25"), QString()},
         {"everything", KRGPXTrackPoint(position, -3, noon, QStringLiteral("a < b")), QStringLiteral("53.14118"),
          QStringLiteral("-8.25"), QStringLiteral("ele=-3;time=2024-05-01T12:00:00Z;desc=a < b;")},
         {"ten significant digits", KRGPXTrackPoint(KRGeoPosition(123.45678901234, 1e-12), 0, noon, {}),
@@ -85,30 +84,9 @@ void tst_KRGPXTrackPoint::writeXml()
         const QDomElement trkpt = trkseg.firstChildElement(QStringLiteral("trkpt"));
         QCOMPARE(trkpt.attribute(QStringLiteral("lat")), latitude);
         QCOMPARE(trkpt.attribute(QStringLiteral("lon")), longitude);
-        QString children;
-        for (QDomElement child = trkpt.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-            children += child.tagName() + QLatin1Char('=') + child.text() + QLatin1Char(';');
-        QCOMPARE(children, expectedChildren);
+        QCOMPARE(KRTestXml::childrenOf(trkpt), expectedChildren);
         QCOMPARE(KRGPXTrackPoint(trkpt), point);
     });
-}
-
-void tst_KRGPXTrackPoint::toKml()
-{
-    const KRGeoPosition position(53.0, 8.25);
-    const QString description = QStringLiteral("lost");
-    const KRTestTable<KRGPXTrackPoint, QString> table{
-        {"the point stays behind whole degrees", KRGPXTrackPoint(position, 0, QDateTime(), description),
-         QStringLiteral("8.25,53.")},
-        {"elevation", KRGPXTrackPoint(position, -12, QDateTime(), description), QStringLiteral("8.25,53.,-12")},
-        {"time without elevation", KRGPXTrackPoint(position, 0, noon, description),
-         QStringLiteral("8.25,53.,0,1714564800000")},
-        {"ten decimals", KRGPXTrackPoint(KRGeoPosition(0.0, -0.123456789012), 0, QDateTime(), {}),
-         QStringLiteral("-0.123456789,0.")},
-        {"hundreds keep their zeroes", KRGPXTrackPoint(KRGeoPosition(10.0, 100.0), 0, QDateTime(), {}),
-         QStringLiteral("100.,10.")},
-    };
-    table.forEach([](const KRGPXTrackPoint &point, const QString &expected) { QCOMPARE(point.toKml(), expected); });
 }
 
 void tst_KRGPXTrackPoint::toKmlOfAnyNumber()
@@ -171,10 +149,11 @@ void tst_KRGPXTrackPoint::equality()
     const QString description = QStringLiteral("here");
     const KRGPXTrackPoint point(position, 5, noon, description);
     QCOMPARE(point, KRGPXTrackPoint(KRGeoPosition(53.0000005, 8.0), 5, noon, description));
-    QVERIFY(point != KRGPXTrackPoint(KRGeoPosition(53.1, 8.0), 5, noon, description));
-    QVERIFY(point != KRGPXTrackPoint(position, 6, noon, description));
-    QVERIFY(point != KRGPXTrackPoint(position, 5, QDateTime(), description));
-    QVERIFY(point != KRGPXTrackPoint(position, 5, noon, QString()));
+    for (const KRGPXTrackPoint &other :
+         {KRGPXTrackPoint(KRGeoPosition(53.1, 8.0), 5, noon, description),
+          KRGPXTrackPoint(position, 6, noon, description), KRGPXTrackPoint(position, 5, QDateTime(), description),
+          KRGPXTrackPoint(position, 5, noon, QString())})
+        QVERIFY(point != other);
 
     // Not a number equals nothing, so only a copy, which shares its fields, can be equal.
     const KRGPXTrackPoint nowhere(KRGeoPosition(std::nan(""), 8.0), 0, noon, QString());
@@ -186,17 +165,33 @@ void tst_KRGPXTrackPoint::equality()
 void tst_KRGPXTrackPoint::asElement()
 {
     const KRGPXTrackPoint nullPoint;
-    QVERIFY(nullPoint.isNull());
     QVERIFY(liesExactlyAt(nullPoint, 0.0, 0.0));
-    QVERIFY(nullPoint.isSinglePoint());
-    QCOMPARE(nullPoint.allTimeStamps(), QList<QDateTime>{QDateTime()});
+    for (const KRGPXTrackPoint &point : {nullPoint, KRGPXTrackPoint(KRGeoPosition(0.0, 1e-7), 5, noon, QString())}) {
+        QCOMPARE(point.isNull(), point == nullPoint);
+        QVERIFY(point.isSinglePoint());
+        QCOMPARE(point.chunkedPoints(), QList<KRGeoPositionList>{point.allPoints()});
+        QCOMPARE(point.allPoints(), KRGeoPositionList{point.position()});
+        QCOMPARE(point.firstPoint(), point.lastPoint());
+        QCOMPARE(point.allTimeStamps(), QList<QDateTime>{point.timeStamp()});
+    }
+}
 
-    const KRGPXTrackPoint point(KRGeoPosition(0.0, 1e-7), 5, noon, QString());
-    QVERIFY(!point.isNull());
-    QCOMPARE(point.chunkedPoints(), QList<KRGeoPositionList>{point.allPoints()});
-    QCOMPARE(point.allPoints(), KRGeoPositionList{point.position()});
-    QCOMPARE(point.firstPoint(), point.lastPoint());
-    QCOMPARE(point.allTimeStamps(), QList<QDateTime>{noon});
+void tst_KRGPXTrackPoint::safeDouble()
+{
+    const KRTestTable<QString, double> table{
+        {"seven decimals are kept", QStringLiteral("53.123456789"), 53.1234567},
+        {"seven characters without a point", QStringLiteral("123456789"), 1234567.0},
+        {"the sign is one of the seven", QStringLiteral("-123456789"), -123456.0},
+        {"leading zeroes too", QStringLiteral("00000012"), 1.0},
+        {"an exponent behind the seventh decimal is lost", QStringLiteral("1.23456789e-05"), 1.2345678},
+        {"a nearer one counts", QStringLiteral("1.5e2"), 150.0},
+        {"point at the end", QStringLiteral("12."), 12.0},
+        {"too large for a double", QStringLiteral("1e400"), 0.0},
+        {"decimal comma", QStringLiteral("1,5"), 0.0},
+        {"empty", {}, 0.0},
+    };
+    table.forEach(
+        [](const QString &text, double expected) { QVERIFY(KRGPXTrackElement::safeDouble(text) == expected); });
 }
 
 static const KRTestRegistration<tst_KRGPXTrackPoint> registration;

@@ -1,6 +1,7 @@
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTestXml.h"
 
 #include <KRCore/KRIntRange.h>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <memory>
 
 namespace {
@@ -38,69 +40,53 @@ class tst_KRGPXTrackSegment : public QObject
     Q_OBJECT
 
 private slots:
-    void read_data();
     void read();
-    void decodeTrackPoints_data();
     void decodeTrackPoints();
     void writeAndReadBack();
     void longTextsAreParted();
-    void chunksOnTheMainThread_data();
     void chunksOnTheMainThread();
     void chunksOnAnotherThread();
-    void collectBlock();
-    void boundingBox_data();
     void boundingBox();
     void emptySegment();
     void keepsWhateverPointsHold();
     void appending();
     void equality();
-    void equalityOfTimes_data();
-    void equalityOfTimes();
+    void timeFrame();
 };
-
-void tst_KRGPXTrackSegment::read_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("both forms mixed, in document order")
-        << QByteArray("<trkseg><compressedPoints>8,53</compressedPoints><trkpt lat=\"54\" lon=\"9\"/>"
-                      "<trkpt lat=\"55\" lon=\"10\"/><compressedPoints>11,56 12,57</compressedPoints></trkseg>")
-        << QStringLiteral("8.,53. 9.,54. 10.,55. 11.,56. 12.,57.");
-    QTest::newRow("null points stay where GPX names them")
-        << QByteArray("<trkseg><trkpt lat=\"0\" lon=\"0\"/><compressedPoints>0,0 1,1</compressedPoints></trkseg>")
-        << QStringLiteral("0.,0. 1.,1.");
-    QTest::newRow("other children and deeper points are ignored")
-        << QByteArray("<trkseg><wpt lat=\"1\" lon=\"1\"/><extensions><trkpt lat=\"2\" lon=\"2\"/></extensions>"
-                      "<gpx:trkpt lat=\"3\" lon=\"3\"/></trkseg>")
-        << QString();
-}
 
 void tst_KRGPXTrackSegment::read()
 {
-    QFETCH(QByteArray, xml);
-    QTEST(positionsOf(KRGPXTrackSegment(KRTestXml::element(xml))), "expected");
-}
-
-void tst_KRGPXTrackSegment::decodeTrackPoints_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("white space around and between") << QStringLiteral("\n 8.2,53.1\n\t 9.5,53.6,12,1700000000 \n")
-                                                    << QStringLiteral("8.2,53.1 9.5,53.6,12,1700000000000");
-    QTest::newRow("no-break spaces separate nothing")
-        << QStringLiteral("8,53\u00a0 8,53\u00a09,54") << QStringLiteral("8.,53. 8.,0.,54");
-    QTest::newRow("a blank behind the comma makes two points")
-        << QStringLiteral("8, 53") << QStringLiteral("8.,0. 53.,0.");
-    QTest::newRow("null points vanish") << QStringLiteral("0,0 x 0,0,100 , 1e-9,0 0,0.1")
-                                        << QStringLiteral("0.000000001,0. 0.,0.1");
-    QTest::newRow("blanks only") << QStringLiteral(" \r\n\v\f") << QString();
+    const KRTestTable<QByteArray, QString> table{
+        {"both forms mixed, in document order",
+         "<compressedPoints>8,53</compressedPoints><trkpt lat=\"54\" lon=\"9\"/><trkpt lat=\"55\" lon=\"10\"/>"
+         "<compressedPoints>11,56 12,57</compressedPoints>",
+         QStringLiteral("8.,53. 9.,54. 10.,55. 11.,56. 12.,57.")},
+        {"null points stay where GPX names them",
+         "<trkpt lat=\"0\" lon=\"0\"/><compressedPoints>0,0 1,1</compressedPoints>", QStringLiteral("0.,0. 1.,1.")},
+        {"other children and deeper points are ignored",
+         "<wpt lat=\"1\" lon=\"1\"/><extensions><trkpt lat=\"2\" lon=\"2\"/></extensions><gpx:trkpt/>",
+         {}},
+    };
+    table.forEach([](const QByteArray &children, const QString &expected) {
+        QCOMPARE(positionsOf(KRGPXTrackSegment(KRTestXml::element("<trkseg>" + children + "</trkseg>"))), expected);
+    });
 }
 
 void tst_KRGPXTrackSegment::decodeTrackPoints()
 {
-    QFETCH(QString, text);
-    QTEST(positionsOf(KRGPXTrackSegment::decodeKml(text)), "expected");
-    QCOMPARE(KRGPXTrackSegment(KRGPXTrackSegment::decodeTrackPoints(text)), KRGPXTrackSegment::decodeKml(text));
+    const KRTestTable<QString, QString> table{
+        {"white space around and between", QStringLiteral("\n 8.2,53.1\n\t 9.5,53.6,12,1700000000 \n"),
+         QStringLiteral("8.2,53.1 9.5,53.6,12,1700000000000")},
+        {"no-break spaces separate nothing", QStringLiteral("8,53\u00a0 8,53\u00a09,54"),
+         QStringLiteral("8.,53. 8.,0.,54")},
+        {"a blank behind the comma makes two points", QStringLiteral("8, 53"), QStringLiteral("8.,0. 53.,0.")},
+        {"null points vanish", QStringLiteral("0,0 x 0,0,100 , 1e-9,0 0,0.1"), QStringLiteral("0.000000001,0. 0.,0.1")},
+        {"blanks only", QStringLiteral(" \r\n\v\f"), {}},
+    };
+    table.forEach([](const QString &text, const QString &expected) {
+        QCOMPARE(positionsOf(KRGPXTrackSegment::decodeKml(text)), expected);
+        QCOMPARE(KRGPXTrackSegment(KRGPXTrackSegment::decodeTrackPoints(text)), KRGPXTrackSegment::decodeKml(text));
+    });
 }
 
 void tst_KRGPXTrackSegment::writeAndReadBack()
@@ -110,12 +96,8 @@ void tst_KRGPXTrackSegment::writeAndReadBack()
         KRGPXTrackPoint(KRGeoPosition(53.12345678, -8.5), -4, QDateTime(), QStringLiteral("lost")),
         KRGPXTrackPoint(KRGeoPosition(53.2, 8.6), 0, QDateTime(), QString())});
     segment.toXml(trk);
-    const QDomElement trkseg = trk.firstChildElement();
-    QCOMPARE(trkseg.tagName(), QStringLiteral("trkseg"));
-    QCOMPARE(trkseg.childNodes().size(), 1);
-    QCOMPARE(trkseg.firstChildElement(QStringLiteral("compressedPoints")).text(),
-             QStringLiteral("-8.5,53.12345678,-4\n8.6,53.2"));
-
+    const QDomElement trkseg = trk.firstChildElement(QStringLiteral("trkseg"));
+    QCOMPARE(KRTestXml::childrenOf(trkseg), QStringLiteral("compressedPoints=-8.5,53.12345678,-4 8.6,53.2;"));
     const KRGPXTrackSegment again(trkseg);
     QCOMPARE(again.allPoints(), segment.allPoints());
     QCOMPARE(again.trackPoints().first().elevation(), -4);
@@ -128,38 +110,31 @@ void tst_KRGPXTrackSegment::longTextsAreParted()
 {
     QList<KRGPXTrackPoint> points;
     const KRGPXTrackPoint point(KRGeoPosition(53.0, 8.0), 0, QDateTime(), QString());
-    for (int i = 0; i < 1000001; ++i)
-        points.append(point);
-    QDomDocument document;
-    QDomElement trk = document.appendChild(document.createElement(QStringLiteral("trk"))).toElement();
+    std::fill_n(std::back_inserter(points), 1000001, point);
+    QDomElement trk = KRTestXml::element("<trk/>");
     KRGPXTrackSegment(points).toXml(trk);
     QCOMPARE(trk.firstChildElement().elementsByTagName(QStringLiteral("compressedPoints")).size(), 2);
     QCOMPARE(KRGPXTrackSegment(trk.firstChildElement()).count(), 1000001);
 }
 
-void tst_KRGPXTrackSegment::chunksOnTheMainThread_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::newRow("no point, no chunk") << 0;
-    QTest::newRow("one point") << 1;
-    QTest::newRow("fewer points than cores or not") << 3;
-    QTest::newRow("many points") << 10001;
-}
-
 void tst_KRGPXTrackSegment::chunksOnTheMainThread()
 {
-    QFETCH(int, count);
-    const KRGPXTrackSegment segment = segmentOf(count);
-    QVERIFY(segment.weAreaRunningInMainThread());
-    const QList<KRGeoPositionList> chunks = segment.chunkedPoints();
-    QCOMPARE(chunks.size(), std::min(count, QThread::idealThreadCount()));
-    KRGeoPositionList joined;
-    for (const KRGeoPositionList &chunk : chunks) {
-        QVERIFY(!chunk.isEmpty());
-        joined += chunk;
+    for (const int count : {0, 1, 3, 10001}) {
+        const KRGPXTrackSegment segment = segmentOf(count);
+        QVERIFY(segment.weAreaRunningInMainThread());
+        const QList<KRGeoPositionList> chunks = segment.chunkedPoints();
+        QCOMPARE(chunks.size(), std::min(count, QThread::idealThreadCount()));
+        KRGeoPositionList joined;
+        for (const KRGeoPositionList &chunk : chunks) {
+            QVERIFY(!chunk.isEmpty());
+            joined += chunk;
+        }
+        QCOMPARE(joined, segment.allPoints());
+        QCOMPARE(joined.size(), count);
     }
-    QCOMPARE(joined, segment.allPoints());
-    QCOMPARE(joined.size(), count);
+    const KRGPXTrackSegment ten = segmentOf(10);
+    QCOMPARE(ten.collectBlock(KRIntRange(3, 5)), ten.allPoints().mid(3, 3));
+    QVERIFY(ten.collectBlock(KRIntRange(3, 2)).isEmpty());
 }
 
 void tst_KRGPXTrackSegment::chunksOnAnotherThread()
@@ -180,63 +155,53 @@ void tst_KRGPXTrackSegment::chunksOnAnotherThread()
     QCOMPARE(chunksOfNothing, QList<KRGeoPositionList>{KRGeoPositionList()});
 }
 
-void tst_KRGPXTrackSegment::collectBlock()
-{
-    const KRGPXTrackSegment segment = segmentOf(10);
-    QCOMPARE(segment.collectBlock(KRIntRange(3, 5)), segment.allPoints().mid(3, 3));
-    QVERIFY(segment.collectBlock(KRIntRange(3, 2)).isEmpty());
-}
-
-void tst_KRGPXTrackSegment::boundingBox_data()
-{
-    QTest::addColumn<QString>("coordinates");
-    QTest::addColumn<KRGeoPositionRect>("expected");
-    const KRGeoPositionRect bremen(KRGeoPosition(53.0, 8.0), KRGeoPosition(54.0, 9.0));
-    QTest::newRow("corners of different points") << QStringLiteral("9,53 8,54") << bremen;
-    QTest::newRow("other worlds and no numbers do not count")
-        << QStringLiteral("9,53 361,0 0,-361 nan,1 8,54") << bremen;
-    QTest::newRow("no date line") << QStringLiteral("170,1 -170,1")
-                                  << KRGeoPositionRect(KRGeoPosition(1.0, -170.0), KRGeoPosition(1.0, 170.0));
-    QTest::newRow("a corner without a position")
-        << QStringLiteral("0,1 1,0") << KRGeoPositionRect(KRGeoPosition(0.0, 0.0), KRGeoPosition(1.0, 1.0));
-    QTest::newRow("none") << QStringLiteral("400,400") << KRGeoPositionRect();
-}
-
 void tst_KRGPXTrackSegment::boundingBox()
 {
-    QFETCH(QString, coordinates);
-    const KRGPXTrackSegment segment = KRGPXTrackSegment::decodeKml(coordinates);
-    QTEST(segment.boundingBox(), "expected");
-    QCOMPARE(segment.boundingBox(), segment.allPoints().boundingBox());
+    const auto rect = [](double south, double west, double north, double east) {
+        return KRGeoPositionRect(KRGeoPosition(south, west), KRGeoPosition(north, east));
+    };
+    const KRTestTable<QString, KRGeoPositionRect> table{
+        {"corners of different points", QStringLiteral("9,53 8,54"), rect(53, 8, 54, 9)},
+        {"other worlds and no numbers do not count", QStringLiteral("9,53 361,0 0,-361 nan,1 8,54"),
+         rect(53, 8, 54, 9)},
+        {"no date line", QStringLiteral("170,1 -170,1"), rect(1, -170, 1, 170)},
+        {"a corner without a position", QStringLiteral("0,1 1,0"), rect(0, 0, 1, 1)},
+        {"none", QStringLiteral("400,400"), KRGeoPositionRect()},
+    };
+    table.forEach([](const QString &coordinates, const KRGeoPositionRect &expected) {
+        const KRGPXTrackSegment segment = KRGPXTrackSegment::decodeKml(coordinates);
+        QCOMPARE(segment.boundingBox(), expected);
+        QCOMPARE(segment.allPoints().boundingBox(), expected);
+    });
 }
 
 void tst_KRGPXTrackSegment::emptySegment()
 {
+    // The body of the base counts positions.
+    for (const int count : {0, 1, 2})
+        QCOMPARE(segmentOf(count).KRGPXTrackElement::isSinglePoint(), count == 1);
     const KRGPXTrackSegment empty;
-    QVERIFY(!empty.isValid());
-    QVERIFY(!empty.isSinglePoint());
-    QVERIFY(empty.allPoints().isEmpty());
+    QVERIFY(!empty.isValid() && !empty.isSinglePoint());
     QVERIFY(empty.allTimeStamps().isEmpty());
     QCOMPARE(empty.firstPoint(), KRGeoPosition::null());
     QCOMPARE(empty.lastPoint(), KRGeoPosition());
-
     QDomElement trk = KRTestXml::element("<trk/>");
     empty.toXml(trk);
-    const QDomElement trkseg = trk.firstChildElement(QStringLiteral("trkseg"));
-    QVERIFY(!trkseg.firstChildElement(QStringLiteral("compressedPoints")).isNull());
-    QVERIFY(!KRGPXTrackSegment(trkseg).isValid());
+    QCOMPARE(KRTestXml::childrenOf(trk.firstChildElement(QStringLiteral("trkseg"))),
+             QStringLiteral("compressedPoints;"));
 }
 
 void tst_KRGPXTrackSegment::keepsWhateverPointsHold()
 {
     const QDate day(2024, 5, 1);
+    const QTime clock(12, 0);
     const QList<QDateTime> times{QDateTime(),
                                  noon,
-                                 QDateTime(day, QTime(12, 0), Qt::LocalTime),
-                                 QDateTime(day, QTime(12, 0), Qt::OffsetFromUTC, 7200),
+                                 QDateTime(day, clock, Qt::LocalTime),
+                                 QDateTime(day, clock, Qt::OffsetFromUTC, 7200),
                                  QDateTime(),
-                                 QDateTime(day, QTime(12, 0), Qt::OffsetFromUTC, -12600),
-                                 QDateTime(day, QTime(12, 0), QTimeZone("Europe/Berlin")),
+                                 QDateTime(day, clock, Qt::OffsetFromUTC, -12600),
+                                 QDateTime(day, clock, QTimeZone("Europe/Berlin")),
                                  QDateTime(QDate(), QTime(), Qt::UTC),
                                  QDateTime::fromMSecsSinceEpoch(-1, Qt::UTC),
                                  noon.addMSecs(1)};
@@ -252,15 +217,16 @@ void tst_KRGPXTrackSegment::keepsWhateverPointsHold()
     for (int i = 0; i < points.size(); ++i) {
         commaTexts.append(points.at(i).toKml());
         const KRGPXTrackPoint point = segment.trackPoint(i);
-        QCOMPARE(point.position().toPointF().x(), points.at(i).position().toPointF().x());
-        QCOMPARE(point.position().toPointF().y(), points.at(i).position().toPointF().y());
-        QCOMPARE(point.elevation(), points.at(i).elevation());
-        QCOMPARE(point.timeStamp(), points.at(i).timeStamp());
-        QCOMPARE(point.timeStamp().timeSpec(), points.at(i).timeStamp().timeSpec());
-        QCOMPARE(point.timeStamp().offsetFromUtc(), points.at(i).timeStamp().offsetFromUtc());
-        QCOMPARE(point.timeStamp().isValid(), points.at(i).timeStamp().isValid());
-        QCOMPARE(point.description(), points.at(i).description());
-        QCOMPARE(segment.allTimeStamps().at(i), points.at(i).timeStamp());
+        const KRGPXTrackPoint &expected = points.at(i);
+        QCOMPARE(point.position().toPointF().x(), expected.position().toPointF().x());
+        QCOMPARE(point.position().toPointF().y(), expected.position().toPointF().y());
+        QCOMPARE(point.elevation(), expected.elevation());
+        QCOMPARE(point.timeStamp(), expected.timeStamp());
+        QCOMPARE(point.timeStamp().timeSpec(), expected.timeStamp().timeSpec());
+        QCOMPARE(point.timeStamp().offsetFromUtc(), expected.timeStamp().offsetFromUtc());
+        QCOMPARE(point.timeStamp().isValid(), expected.timeStamp().isValid());
+        QCOMPARE(point.description(), expected.description());
+        QCOMPARE(segment.allTimeStamps().at(i), expected.timeStamp());
     }
     QCOMPARE(KRGPXTrackSegment(segment.trackPoints()), segment);
     QCOMPARE(segment.toKml(), commaTexts.join(QLatin1Char('\n')));
@@ -280,10 +246,24 @@ void tst_KRGPXTrackSegment::appending()
 
 void tst_KRGPXTrackSegment::equality()
 {
+    const KRTestTable<QDateTime, QDateTime> table{
+        {"one instant in two zones", noon, noon.toOffsetFromUtc(3600)},
+        {"in local time", noon, noon.toLocalTime()},
+        {"other instants, same clock", noon, QDateTime(noon.date(), noon.time(), Qt::OffsetFromUTC, 3600)},
+        {"no time and 1970", QDateTime(), QDateTime::fromMSecsSinceEpoch(0, Qt::UTC)},
+        {"no time and a local one", QDateTime(), noon.toLocalTime()},
+    };
+    table.forEach([](const QDateTime &a, const QDateTime &b) {
+        const auto segmentWith = [](const QDateTime &time) {
+            return KRGPXTrackSegment(KRGPXTrackPoint(KRGeoPosition(53.0, 8.0), 0, time, QString()));
+        };
+        QCOMPARE(segmentWith(a) == segmentWith(b), a == b);
+        // Comma text gives local times, kept in another way than those of points.
+        const KRGPXTrackSegment read = KRGPXTrackSegment::decodeKml(QStringLiteral("8,53,0,1714564800"));
+        QCOMPARE(read == segmentWith(a), noon == a);
+    });
     QCOMPARE(segmentOf(3), segmentOf(3));
     QVERIFY(segmentOf(3) != segmentOf(4));
-    QVERIFY(segmentOf(0) == KRGPXTrackSegment());
-
     // Not a number equals nothing, so only a copy, which shares its points, can be equal.
     KRGPXTrackSegment nowhere;
     nowhere.append(std::nan(""), 8.0, 0, noon, QString());
@@ -291,28 +271,28 @@ void tst_KRGPXTrackSegment::equality()
     QVERIFY(copy == nowhere);
 }
 
-void tst_KRGPXTrackSegment::equalityOfTimes_data()
+void tst_KRGPXTrackSegment::timeFrame()
 {
-    QTest::addColumn<QDateTime>("a");
-    QTest::addColumn<QDateTime>("b");
-    QTest::newRow("one instant in two zones") << noon << noon.toOffsetFromUtc(3600);
-    QTest::newRow("in local time") << noon << noon.toLocalTime();
-    QTest::newRow("other instants, same clock") << noon << QDateTime(noon.date(), noon.time(), Qt::OffsetFromUTC, 3600);
-    QTest::newRow("no time and 1970") << QDateTime() << QDateTime::fromMSecsSinceEpoch(0, Qt::UTC);
-    QTest::newRow("no time and a local one") << QDateTime() << noon.toLocalTime();
-}
-
-void tst_KRGPXTrackSegment::equalityOfTimes()
-{
-    QFETCH(QDateTime, a);
-    QFETCH(QDateTime, b);
-    const auto segmentWith = [](const QDateTime &time) {
-        return KRGPXTrackSegment(KRGPXTrackPoint(KRGeoPosition(53.0, 8.0), 0, time, QString()));
+    const QDateTime none;
+    const QDateTime morning = noon.addSecs(-4 * 3600);
+    const QDateTime evening = noon.addSecs(8 * 3600);
+    const KRTestTable<QList<QDateTime>, QDateTime, QDateTime, bool> table{
+        {"no time stamps", QList<QDateTime>{}, none, none, false},
+        {"a single instant is no frame", QList<QDateTime>{noon}, noon, noon, false},
+        {"any order", QList<QDateTime>{noon, evening, morning}, morning, evening, true},
+        {"an invalid one is earlier than all", QList<QDateTime>{morning, none, evening}, none, evening, true},
+        {"invalid ones at the start leave the frame unset", QList<QDateTime>{none, none, noon}, noon, noon, false},
     };
-    QCOMPARE(segmentWith(a) == segmentWith(b), a == b);
-    // Comma text gives local times, kept in another way than those of points.
-    const KRGPXTrackSegment read = KRGPXTrackSegment::decodeKml(QStringLiteral("8,53,0,1714564800"));
-    QCOMPARE(read == segmentWith(a), noon == a);
+    table.forEach(
+        [](const QList<QDateTime> &timeStamps, const QDateTime &minimum, const QDateTime &maximum, bool isValid) {
+            KRGPXTrackSegment segment;
+            for (const QDateTime &timeStamp : timeStamps)
+                segment.append(53.1, 8.8, 0, timeStamp, QString());
+            const KRRange<QDateTime> frame = segment.timeFrame();
+            QCOMPARE(frame.minimum(), minimum);
+            QCOMPARE(frame.maximum(), maximum);
+            QCOMPARE(frame.isValid(), isValid);
+        });
 }
 
 static const KRTestRegistration<tst_KRGPXTrackSegment> registration;

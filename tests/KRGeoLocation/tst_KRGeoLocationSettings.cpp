@@ -1,39 +1,33 @@
 #include <KRGeoLocation/KRGeoLocationSettings.h>
+#include <KRGeoLocation/KRPreferencesGeoLocation.h>
 
+#include "KRRecordingTranslator.h"
 #include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
 
+#include <QCheckBox>
 #include <QFile>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <memory>
-
+/// The settings, and the page on which they are edited.
 class tst_KRGeoLocationSettings : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init();
     void keepsBothSettings();
     void tellsWhenTheFeatureIsSwitchedOff();
     void savesTheDefaultConfigurationOnlyWhenItChanges();
-    void answersWithWhatIsStored();
     void unreadableConfigurationIsTransparent();
-
-private:
-    std::unique_ptr<KRTemporarySettings> m_settings;
+    void pageHasTitleAndTexts();
+    void pageEditsTheSettings();
 };
-
-void tst_KRGeoLocationSettings::init()
-{
-    m_settings.reset(); // before the next one, which remembers the present file
-    m_settings = std::make_unique<KRTemporarySettings>();
-}
 
 void tst_KRGeoLocationSettings::keepsBothSettings()
 {
+    const KRTemporarySettings file;
     KRGPXTrackConfiguration configuration;
     configuration.setLineColor(QColor(1, 2, 3, 4));
     configuration.setHaloWidth(3.0);
@@ -46,13 +40,14 @@ void tst_KRGeoLocationSettings::keepsBothSettings()
     QVERIFY(!read.instantlyAddLocations());
     QCOMPARE(read.defaultTrackConfiguration(), configuration);
 
-    const QSettings store(m_settings->fileName(), QSettings::IniFormat);
+    const QSettings store(file.fileName(), QSettings::IniFormat);
     QCOMPARE(store.allKeys(),
              QStringList({QStringLiteral("defaultTrackConfiguration"), QStringLiteral("instantlyAddLocations")}));
 }
 
 void tst_KRGeoLocationSettings::tellsWhenTheFeatureIsSwitchedOff()
 {
+    const KRTemporarySettings file;
     KRGeoLocationSettings settings;
     QSignalSpy spy(&settings, &KRGeoLocationSettings::instantlyAddLocationsDisabled);
     settings.setInstantlyAddLocations(true);
@@ -63,47 +58,78 @@ void tst_KRGeoLocationSettings::tellsWhenTheFeatureIsSwitchedOff()
     QCOMPARE(spy.takeFirst().first().toBool(), true);
     settings.setInstantlyAddLocations(true);
     QCOMPARE(spy.takeFirst().first().toBool(), false);
-    QVERIFY(!QFile::exists(m_settings->fileName()));
+    QVERIFY(!QFile::exists(file.fileName()));
 }
 
 void tst_KRGeoLocationSettings::savesTheDefaultConfigurationOnlyWhenItChanges()
 {
+    const KRTemporarySettings file;
     KRGeoLocationSettings settings;
     settings.setDefaultTrackConfiguration(KRGPXTrackConfiguration::defaultValue());
-    QVERIFY(!QFile::exists(m_settings->fileName()));
+    QVERIFY(!QFile::exists(file.fileName()));
 
-    KRGPXTrackConfiguration configuration;
-    configuration.setSmoothingSteps(4);
-    settings.setDefaultTrackConfiguration(configuration);
-    QVERIFY(QFile::remove(m_settings->fileName()));
-    settings.setDefaultTrackConfiguration(configuration);
-    QVERIFY(!QFile::exists(m_settings->fileName()));
-}
-
-void tst_KRGeoLocationSettings::answersWithWhatIsStored()
-{
     KRGPXTrackConfiguration configuration;
     configuration.setLineWidth(10.7);
     configuration.setMarkerShape(XMarkerShape);
-    KRGeoLocationSettings settings;
     settings.setDefaultTrackConfiguration(configuration);
-    configuration.setLineWidth(10.0);
+    QVERIFY(QFile::remove(file.fileName()));
+    settings.setDefaultTrackConfiguration(configuration);
+    QVERIFY(!QFile::exists(file.fileName()));
+    configuration.setLineWidth(10.0); // the answer is what is stored
     QCOMPARE(settings.defaultTrackConfiguration(), configuration);
-
-    KRGeoLocationSettings::instance()->setDefaultTrackConfiguration(configuration);
-    QCOMPARE(KRGPXTrackConfiguration::currentDefaultConfiguration(), configuration);
-    KRGeoLocationSettings::instance()->setDefaultTrackConfiguration(KRGPXTrackConfiguration::defaultValue());
-    QCOMPARE(KRGPXTrackConfiguration::currentDefaultConfiguration(), KRGPXTrackConfiguration::defaultValue());
 }
 
 void tst_KRGeoLocationSettings::unreadableConfigurationIsTransparent()
 {
-    QSettings(m_settings->fileName(), QSettings::IniFormat)
+    const KRTemporarySettings file;
+    QSettings(file.fileName(), QSettings::IniFormat)
         .setValue(QStringLiteral("defaultTrackConfiguration"), QStringLiteral("rubbish"));
     KRGeoLocationSettings settings;
     settings.loadSettings();
     QCOMPARE(settings.defaultTrackConfiguration().lineColor().alpha(), 0);
     QCOMPARE(settings.defaultTrackConfiguration().lineWidth().toDouble(), 10.0);
+}
+
+void tst_KRGeoLocationSettings::pageHasTitleAndTexts()
+{
+    const KRRecordingTranslator translator;
+    const KRPreferencesGeoLocation page(nullptr);
+    QCOMPARE(page.title(), QStringLiteral("Landkarten"));
+    QCOMPARE(page.objectName(), QStringLiteral("GeoLocationGroupBox"));
+    QVERIFY(page.findChild<QCheckBox *>(QStringLiteral("myInstantlyAddLocations")) != nullptr);
+    QVERIFY(translator.requests().contains(
+        QStringLiteral("KRPreferencesGeoLocation|Wenn man ein Suchergebnis anklickt, soll es direkt in die Liste der "
+                       "Orte eingefügt werden.|CHECKBOX")));
+    QVERIFY(translator.requests().contains(QStringLiteral(
+        "KRPreferencesGeoLocation|Alternativ wird hierfür ein Knopf angeboten, der explizit benutzt werden muss.|")));
+}
+
+void tst_KRGeoLocationSettings::pageEditsTheSettings()
+{
+    const KRTemporarySettings file;
+    KRGeoLocationSettings *const settings = KRGeoLocationSettings::instance();
+    settings->setInstantlyAddLocations(true);
+    KRPreferencesGeoLocation page(nullptr);
+    page.resize(page.sizeHint());
+    page.readFromConfig();
+    auto *const box = page.findChild<QCheckBox *>();
+    QVERIFY(box->isChecked());
+
+    QSignalSpy disabled(settings, &KRGeoLocationSettings::instantlyAddLocationsDisabled);
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(5, box->height() / 2));
+    QVERIFY(disabled.isEmpty()); // until the page is written
+    page.writeToConfig();
+    QCOMPARE(disabled.count(), 1);
+    QCOMPARE(disabled.first().first().toBool(), true);
+
+    QVERIFY(QFile::remove(file.fileName()));
+    page.writeToConfig();
+    QCOMPARE(disabled.count(), 1);
+    QVERIFY(QFile::exists(file.fileName()));
+    KRGeoLocationSettings stored;
+    stored.loadSettings();
+    QVERIFY(!stored.instantlyAddLocations());
+    settings->setInstantlyAddLocations(true);
 }
 
 static const KRTestRegistration<tst_KRGeoLocationSettings> registration;
