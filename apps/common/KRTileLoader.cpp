@@ -137,9 +137,10 @@ bool KRTileLoader::isToBeAsked(const KRTileKey &key) const
 void KRTileLoader::take(const KRTileKey &key, const KRTileAnswer &answer)
 {
     m_underWay.remove(key);
+    bool isSettled = true;
     switch (answer.kind) {
     case KRTileAnswer::Found:
-        takePicture(key, answer);
+        isSettled = takePicture(key, answer);
         break;
     case KRTileAnswer::Absent:
         m_store->setAbsent(key);
@@ -148,43 +149,48 @@ void KRTileLoader::take(const KRTileKey &key, const KRTileAnswer &answer)
         m_store->setFailed(key, answer.reason, -1);
         break;
     case KRTileAnswer::Later:
-        tryLater(key, answer);
+        tryLater(key, answer.reason, answer.waitMs);
+        isSettled = false;
         break;
     case KRTileAnswer::Overloaded:
         pause(answer);
+        isSettled = false;
         break;
     }
-    if (answer.kind == KRTileAnswer::Found || answer.kind == KRTileAnswer::Absent) {
+    if (isSettled)
         m_delays.remove(key);
-        if (std::exchange(m_pauses, 0) > 0)
-            m_store->setProblem(QString());
-    }
+    if (isSettled && answer.kind != KRTileAnswer::Failed && std::exchange(m_pauses, 0) > 0)
+        m_store->setProblem(QString());
     emit advanced();
     workSoon();
 }
 
-void KRTileLoader::takePicture(const KRTileKey &key, const KRTileAnswer &answer)
+bool KRTileLoader::takePicture(const KRTileKey &key, const KRTileAnswer &answer)
 {
     QString problem;
     const QImage image = KRTileDecoder::decode(answer.bytes, &problem);
-    if (!image.isNull())
-        m_store->insert(key, image);
-    else if (answer.isKept)
-        m_source->forget(key); // and it is asked for again
-    else
+    if (image.isNull() && answer.isKept) {
+        m_source->forget(key, answer);
+        tryLater(key, problem, 0);
+        return false;
+    }
+    if (image.isNull())
         m_store->setFailed(key, problem, -1);
+    else
+        m_store->insert(key, image);
+    return true;
 }
 
-void KRTileLoader::tryLater(const KRTileKey &key, const KRTileAnswer &answer)
+void KRTileLoader::tryLater(const KRTileKey &key, const QString &reason, int waitMs)
 {
     Delay &delay = m_delays[key];
     ++delay.attempts;
     if (delay.attempts >= mostAttempts) {
         m_delays.remove(key);
-        m_store->setFailed(key, answer.reason, retryMs);
+        m_store->setFailed(key, reason, retryMs);
         return;
     }
-    delay.end = QDeadlineTimer(std::max(answer.waitMs, attemptDelayMs * delay.attempts));
+    delay.end = QDeadlineTimer(std::max(waitMs, attemptDelayMs * delay.attempts));
 }
 
 void KRTileLoader::pause(const KRTileAnswer &answer)

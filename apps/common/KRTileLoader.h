@@ -49,8 +49,9 @@ private:
     void dropUnwished(const KRTileKeyList &wishes);
     bool isToBeAsked(const KRTileKey &key) const;
     void take(const KRTileKey &key, const KRTileAnswer &answer);
-    void takePicture(const KRTileKey &key, const KRTileAnswer &answer);
-    void tryLater(const KRTileKey &key, const KRTileAnswer &answer);
+    /// False when what was kept on the disk is none, and has to be asked for again.
+    bool takePicture(const KRTileKey &key, const KRTileAnswer &answer);
+    void tryLater(const KRTileKey &key, const QString &reason, int waitMs);
     void pause(const KRTileAnswer &answer);
     void giveUp(const KRTileKeyList &wishes);
     void wakeUpForRetries(const KRTileKeyList &wishes);

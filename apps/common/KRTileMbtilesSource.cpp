@@ -115,17 +115,23 @@ bool KRTileMbtilesSource::hasNumber(const QString &key) const
     return isNumber;
 }
 
+std::optional<int> KRTileMbtilesSource::outermostZoom(const QString &direction)
+{
+    // An index has it at its end, whereas min() and max() in one query read all of it.
+    QSqlQuery query(m_database);
+    m_guard.startQuery();
+    query.exec(QStringLiteral("SELECT zoom_level FROM tiles ORDER BY zoom_level %1 LIMIT 1").arg(direction));
+    return query.next() ? std::optional<int>(query.value(0).toInt()) : std::nullopt;
+}
+
 KRIntRange KRTileMbtilesSource::zoomRange()
 {
     const QString lowest = QStringLiteral("minzoom");
     const QString highest = QStringLiteral("maxzoom");
     KRIntRange range(m_metadata.value(lowest).toInt(), m_metadata.value(highest).toInt());
     if (!hasNumber(lowest) || !hasNumber(highest)) {
-        QSqlQuery query(m_database);
-        m_guard.startQuery();
-        query.exec(QStringLiteral("SELECT min(zoom_level), max(zoom_level) FROM tiles"));
-        if (query.next() && !query.value(0).isNull())
-            range = KRIntRange(query.value(0).toInt(), query.value(1).toInt());
+        range = KRIntRange(outermostZoom(QStringLiteral("ASC")).value_or(range.minimum()),
+                           outermostZoom(QStringLiteral("DESC")).value_or(range.maximum()));
     }
     const int minimum = qBound(0, range.minimum(), int(KRTileKey::largestZoom));
     return KRIntRange(minimum, qBound(minimum, range.maximum(), int(KRTileKey::largestZoom)));

@@ -32,6 +32,8 @@ private:
     QString connectTo(const QString &fileName);
     void readMetadata();
     bool hasNumber(const QString &key) const;
+    /// The first in an order of SQL, "ASC" or "DESC"; not set without any tile.
+    std::optional<int> outermostZoom(const QString &direction);
     KRTileAnswer read(const KRTileKey &key);
 
     KRSqliteGuard m_guard;

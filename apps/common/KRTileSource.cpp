@@ -21,4 +21,4 @@ std::unique_ptr<KRTileSource> KRTileSource::open(const QString &text, KRErrorHis
 
 void KRTileSource::cancel(const KRTileKey & /*key*/) { }
 
-void KRTileSource::forget(const KRTileKey & /*key*/) { }
+void KRTileSource::forget(const KRTileKey & /*key*/, const KRTileAnswer & /*answer*/) { }

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QUrl>
 
 #include <memory>
 
@@ -25,6 +26,7 @@ struct KRTileAnswer {
     QByteArray bytes;
     QString reason; ///< for users, where it failed
     bool isKept = false; ///< the bytes do not come from the source itself, but were kept on the disk
+    QUrl address{}; ///< where it came from in the end, of sources that may send on to another place
     int waitMs = 0; ///< how long the source itself asks to be left alone, 0 where it does not say
 };
 
@@ -63,8 +65,9 @@ public:
     virtual void request(const KRTileKey &key) = 0;
     /// The answer is no longer wanted and does not come.
     virtual void cancel(const KRTileKey &key);
-    /// What was kept of the tile on the disk is damaged and shall not come again.
-    virtual void forget(const KRTileKey &key);
+    /// What was kept on the disk and given as @p answer is damaged. It does not come again, and the next request for
+    /// the tile goes past all that is kept.
+    virtual void forget(const KRTileKey &key, const KRTileAnswer &answer);
 
 signals:
     void answered(const KRTileKey &key, const KRTileAnswer &answer);

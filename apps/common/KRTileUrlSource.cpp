@@ -1,53 +1,25 @@
 #include "KRTileUrlSource.h"
 
+#include "KRTileCache.h"
+
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRInputLimits.h>
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QNetworkDiskCache>
 #include <QNetworkReply>
 #include <QNetworkRequest>
-#include <QStandardPaths>
 #include <QUrl>
 #include <QVariant>
 
-#include <algorithm>
-
 namespace {
 
-constexpr qint64 cacheBytes = qint64(200) << 20;
-constexpr int usualDaysInCache = 7;
 constexpr int transferTimeoutMs = 20000;
 constexpr int mostRedirections = 4;
 /// Services that go further are rare, and a level that is not there only means a coarser picture.
 constexpr int largestUsualZoom = 19;
 constexpr qint64 longestWaitS = 600;
 constexpr char tooLargeProperty[] = "krTooLarge";
-
-/// Tiles are asked for again after a week where their server leaves it open.
-class TileCache : public QNetworkDiskCache
-{
-public:
-    explicit TileCache(QObject *parent) : QNetworkDiskCache(parent)
-    {
-        setCacheDirectory(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/tiles"));
-        setMaximumCacheSize(cacheBytes);
-    }
-
-    QIODevice *prepare(const QNetworkCacheMetaData &metaData) override
-    {
-        const QNetworkCacheMetaData::RawHeaderList headers = metaData.rawHeaders();
-        const bool hasRule =
-            metaData.expirationDate().isValid() || std::any_of(headers.begin(), headers.end(), [](const auto &header) {
-                return header.first.toLower() == "cache-control";
-            });
-        QNetworkCacheMetaData kept = metaData;
-        if (!hasRule)
-            kept.setExpirationDate(QDateTime::currentDateTimeUtc().addDays(usualDaysInCache));
-        return QNetworkDiskCache::prepare(kept);
-    }
-};
 
 QByteArray userAgent()
 {
@@ -91,9 +63,10 @@ QString reasonOf(const QNetworkReply &reply)
 
 } // namespace
 
-KRTileUrlSource::KRTileUrlSource(const KRTileTemplate &addresses) : m_addresses(addresses)
+KRTileUrlSource::KRTileUrlSource(const KRTileTemplate &addresses)
+    : m_addresses(addresses), m_cache(new KRTileCache(&m_manager))
 {
-    m_manager.setCache(new TileCache(&m_manager));
+    m_manager.setCache(m_cache);
     m_manager.setRedirectPolicy(QNetworkRequest::NoLessSafeRedirectPolicy);
     m_manager.setTransferTimeout(transferTimeoutMs);
 }
@@ -132,7 +105,10 @@ KRIntRange KRTileUrlSource::zoomRange()
 void KRTileUrlSource::request(const KRTileKey &key)
 {
     cancel(key);
-    QNetworkReply *const reply = m_manager.get(requestFor(key));
+    QNetworkRequest request = requestFor(key);
+    if (m_damaged.remove(key))
+        request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    QNetworkReply *const reply = m_manager.get(request);
     m_replies.insert(key, reply);
     connect(reply, &QNetworkReply::readyRead, this, [this, reply] { stopWhereTooLarge(reply); });
     connect(reply, &QNetworkReply::finished, this, [this, key, reply] { finish(key, reply); });
@@ -148,9 +124,10 @@ void KRTileUrlSource::cancel(const KRTileKey &key)
     reply->deleteLater();
 }
 
-void KRTileUrlSource::forget(const KRTileKey &key)
+void KRTileUrlSource::forget(const KRTileKey &key, const KRTileAnswer &answer)
 {
-    m_manager.cache()->remove(requestFor(key).url());
+    m_damaged.insert(key);
+    m_cache->discard(answer.address);
 }
 
 QNetworkRequest KRTileUrlSource::requestFor(const KRTileKey &key) const
@@ -181,14 +158,14 @@ void KRTileUrlSource::finish(const KRTileKey &key, QNetworkReply *reply)
     m_replies.remove(key);
     KRTileAnswer answer = answerOf(reply);
     if (answer.kind == KRTileAnswer::Later || answer.kind == KRTileAnswer::Overloaded)
-        replaceByKept(reply->request().url(), &answer);
+        replaceByKept(&answer);
     reply->deleteLater();
     emit answered(key, answer);
 }
 
-void KRTileUrlSource::replaceByKept(const QUrl &address, KRTileAnswer *answer) const
+void KRTileUrlSource::replaceByKept(KRTileAnswer *answer) const
 {
-    const std::unique_ptr<QIODevice> kept(m_manager.cache()->data(address));
+    const std::unique_ptr<QIODevice> kept(m_cache->data(answer->address));
     if (kept == nullptr)
         return;
     answer->kind = KRTileAnswer::Found;
@@ -200,6 +177,7 @@ KRTileAnswer KRTileUrlSource::answerOf(QNetworkReply *reply)
 {
     KRTileAnswer answer;
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    answer.address = reply->url();
     answer.waitMs = waitMsOf(*reply);
     // Qt's own words would name the whole address, which may hold somebody's key.
     answer.reason = status >= 300 ? tr("Der Server antwortet mit %1.").arg(status) : reasonOf(*reply);

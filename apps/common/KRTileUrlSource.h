@@ -5,11 +5,11 @@
 
 #include <QHash>
 #include <QNetworkAccessManager>
-#include <QPointer>
+#include <QSet>
 
+class KRTileCache;
 class QNetworkReply;
 class QNetworkRequest;
-class QUrl;
 
 /**
  * Tiles from a server of the net, kept on disk for as long as the server allows.
@@ -29,7 +29,7 @@ public:
     int maximumRequests() const override { return 4; }
     void request(const KRTileKey &key) override;
     void cancel(const KRTileKey &key) override;
-    void forget(const KRTileKey &key) override;
+    void forget(const KRTileKey &key, const KRTileAnswer &answer) override;
 
 private:
     explicit KRTileUrlSource(const KRTileTemplate &addresses);
@@ -38,10 +38,12 @@ private:
     void stopWhereTooLarge(QNetworkReply *reply) const;
     void finish(const KRTileKey &key, QNetworkReply *reply);
     /// An old tile is better than none.
-    void replaceByKept(const QUrl &address, KRTileAnswer *answer) const;
+    void replaceByKept(KRTileAnswer *answer) const;
     static KRTileAnswer answerOf(QNetworkReply *reply);
 
     KRTileTemplate m_addresses;
     QNetworkAccessManager m_manager;
+    KRTileCache *m_cache; ///< of the manager
     QHash<KRTileKey, QNetworkReply *> m_replies; ///< those under way
+    QSet<KRTileKey> m_damaged; ///< on the disk
 };

@@ -32,6 +32,7 @@ private slots:
     void creditIsPlainText();
     void levels_data();
     void levels();
+    void levelsOfLargeFiles();
     void severalThreadsReadOneFile();
     void brokenTiles_data();
     void brokenTiles();
@@ -189,6 +190,24 @@ void tst_KRTileSource::levels()
     const KRIntRange range = KRTileSource::open(file, nullptr)->zoomRange();
     QCOMPARE(range.minimum(), expected.minimum());
     QCOMPARE(range.maximum(), expected.maximum());
+}
+
+void tst_KRTileSource::levelsOfLargeFiles()
+{
+    // Few rows that take long stand for very many.
+    const QString file = path(QStringLiteral("a.mbtiles"));
+    KRTestTiles::runSql(
+        file, {QStringLiteral("CREATE TABLE map (zoom_level int, tile_column int, tile_row int, tile_data blob)"),
+               QStringLiteral("CREATE INDEX levels ON map (zoom_level)"),
+               QStringLiteral("WITH RECURSIVE numbers(n) AS (SELECT 0 UNION ALL SELECT n + 1 FROM numbers LIMIT 8000) "
+                              "INSERT INTO map SELECT 3 + n % 6, n, n, 'x' FROM numbers"),
+               QStringLiteral("CREATE VIEW tiles AS SELECT * FROM map "
+                              "WHERE length(hex(zeroblob(1000000 + 0 * tile_row))) > 0")});
+    const std::unique_ptr<KRTileSource> source = KRTileSource::open(file, nullptr);
+    const KRIntRange range = source->zoomRange();
+    QCOMPARE(range.minimum(), 3);
+    QCOMPARE(range.maximum(), 8);
+    QCOMPARE(ask(source.get(), {3, 0, 7}).kind, KRTileAnswer::Found);
 }
 
 void tst_KRTileSource::severalThreadsReadOneFile()
