@@ -34,6 +34,7 @@ KRDocumentActions::KRDocumentActions(KRRouteWorkspace *workspace, QMainWindow *w
     connect(m_openAction, &QAction::triggered, this, &KRDocumentActions::askForFiles);
     connect(m_saveAction, &QAction::triggered, this, &KRDocumentActions::save);
     connect(m_saveAsAction, &QAction::triggered, this, &KRDocumentActions::saveAs);
+    connect(m_loader, &KRRouteLoader::tracksAdded, this, &KRDocumentActions::tracksAdded);
     connect(m_recentFiles, &KRRecentFilesMenu::fileChosen, this,
             [this](const QString &fileName) { openFiles({fileName}); });
 }
@@ -60,7 +61,6 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
     const bool isDocument = fileNames.size() == 1 && KRRouteDocument::isDocument(QFileInfo(fileNames.first()));
     if (isDocument && !mayLoseChanges())
         return;
-    const int firstRow = m_workspace->selection().count();
     const bool isRead = isDocument ? m_loader->openDocument(fileNames.first()) : m_loader->import(fileNames);
     if (!isRead)
         return;
@@ -68,8 +68,6 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
         if (QFileInfo::exists(fileName))
             KRViewerSettings().addRecentFile(fileName);
     }
-    if (!isDocument)
-        emit tracksAdded(firstRow);
 }
 
 bool KRDocumentActions::mayLoseChanges()

@@ -59,9 +59,12 @@ bool KRRouteLoader::import(const QStringList &fileNames)
         return false;
     progress.setValue(fileNames.size());
 
+    const int firstRow = m_workspace->selection().count();
     const int count = import.tracks().size();
     m_workspace->addTracks(import.tracks(),
                            count == 1 ? tr("Route hinzufügen") : tr("%1 Routen hinzufügen").arg(count));
+    if (count > 0)
+        emit tracksAdded(firstRow);
     report(import.problems(), import.reports());
     return count > 0;
 }

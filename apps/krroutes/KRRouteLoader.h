@@ -30,6 +30,10 @@ public:
     /// Opens a route document instead of the one that is open. False, with a message, when it cannot be read.
     bool openDocument(const QString &fileName);
 
+signals:
+    /// While the report of their files is still to come.
+    void tracksAdded(int firstRow);
+
 private:
     void report(const KRErrorHistory &problems, const QList<KRImportReport> &reports);
 

@@ -268,13 +268,17 @@ void tst_KRMainWindow::tellsWhatIsNotDrawn()
     kml.write("<kml><Document><NetworkLink><name>Wetter</name></NetworkLink><Placemark><name>Ort</name><Point>"
               "<coordinates>8.2,53.1</coordinates></Point></Placemark></Document></kml>");
     kml.close();
+    const auto *const map = m_window->findChild<KRMapView *>();
     QString text;
+    KRGeoPosition seenMeanwhile;
     KRDialogAnswer answers({[&](QWidget *dialog) {
+        seenMeanwhile = map->viewport().center();
         text = qobject_cast<KRImportReportDialog *>(dialog)->text();
         QTest::keyClick(dialog, Qt::Key_Escape);
     }});
     m_window->openFiles({kml.fileName(), path(QStringLiteral("fehlt.gpx"))});
     QVERIFY(answers.isDone());
+    QCOMPARE(seenMeanwhile, map->viewport().center());
     QCOMPARE(names(), QStringList(QStringLiteral("Ort")));
     QCOMPARE(KRViewerSettings().recentFiles().first(), kml.fileName());
     QVERIFY2(text.contains(QLatin1String("Wetter")) && text.contains(QLatin1String("fehlt.gpx")), qPrintable(text));
