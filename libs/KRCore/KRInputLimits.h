@@ -31,10 +31,29 @@ inline constexpr int depth = 256;
 inline constexpr int nodes = 500000;
 /// Declarations in a document type. The reader compares each with all others; the entities of HTML are some 250.
 inline constexpr int declarations = 5000;
-/// References to characters and entities in a text that becomes a DOM, whose reader is slow with them.
+/// Bytes of an XML declaration: a reader compares the encoding that it names with all that there are.
+inline constexpr int declarationBytes = 4096;
+/// Words in the texts of a DOM, with blanks between them: each may be a position, which takes some 100 bytes for a
+/// while.
+inline constexpr int words = 4000000;
+/// References to characters and entities in a text that becomes a DOM, whose reader is slow with them, and in any one
+/// tag or text.
 inline constexpr int references = 2000000;
 /// Tags, texts and comments of a document that is in memory as a whole and read one by one, about a second.
-inline constexpr int documentTokens = 10000000;
+inline constexpr int documentTokens = 8000000;
+/// The same, and bytes, of a file that is read piece by piece, beside as many for each point in it. Plain points, which
+/// no XML reader sees, do not count.
+inline constexpr int bulkTokens = 2000000;
+inline constexpr int bulkBytes = 64 << 20;
+inline constexpr int tokensPerPoint = 500;
+inline constexpr int bytesPerPoint = 1 << 14;
+/// As how many of them a reference counts, which takes as long.
+inline constexpr int tokensPerReference = 2;
+/// Tags, texts and comments that one name, description or list of positions consists of.
+inline constexpr int textPieces = 100000;
+/// Characters of one name or description, and of all of a file that is read piece by piece, of two bytes each.
+inline constexpr int keptCharacters = 4 << 20;
+inline constexpr int allKeptCharacters = 64 << 20;
 /// Characters of one name; QXmlStreamReader has the same limit.
 inline constexpr int nameCharacters = 4096;
 /// Characters of one attribute, comment or instruction that becomes part of a DOM.
@@ -47,8 +66,8 @@ inline constexpr qint64 tokenBytes = 64 << 20;
 inline constexpr qint64 tokenQuotes = 10000;
 /// Attributes of a tag that count for attributePairs; real tags have fewer.
 inline constexpr int manyAttributes = 50;
-/// Comparisons of the attributes of a tag with each other, of all tags with many together: QXmlStreamReader and the
-/// DOM of what has to be mended compare each with each, ten million in up to a second.
+/// Comparisons of the attributes of a tag with each other, of all tags with many together: readers compare each with
+/// each, ten million in up to a second.
 inline constexpr qint64 attributePairs = 10000000;
 /// Bytes of a document that breaks the rules of XML, or has a document type, and is read nevertheless: as a DOM, which
 /// is written again and read once more, some ten times as much is in memory for a while.
@@ -58,17 +77,21 @@ inline constexpr int mendedBytes = 32 << 20;
 
 /// Points of a file, of some 30 bytes each: those of a file of streamedFileBytes.
 inline constexpr int points = 50000000;
+/// Points of one comma text, which is in memory beside them; we write half as many.
+inline constexpr int textPoints = 2000000;
 /// Segments of a file, of some 200 bytes each.
 inline constexpr int segments = 1000000;
-/// Tracks of a file with their enclaves, of some 500 bytes each.
-inline constexpr int tracks = 500000;
-/// Way points and points of routes together. Each way point becomes a track, of about 500 bytes.
-inline constexpr int wayPoints = 500000;
+/// Tracks of a file with their enclaves, of some 500 bytes each. Drawing them takes longer than reading.
+inline constexpr int tracks = 100000;
+/// Way points and routes together. Each becomes a track.
+inline constexpr int wayPoints = tracks;
+/// Points of all routes together, which are held twice.
+inline constexpr int routePoints = 500000;
 
 // --- KML
 
-/// Points, lines and areas of a document. Each becomes a track, of about 500 bytes.
-inline constexpr int figures = 500000;
+/// Points, lines and areas of a document. Each becomes a track, in a way that takes longer than that of GPX.
+inline constexpr int figures = 50000;
 /// Positions of all figures together, of some 40 bytes each until they are drawn.
 inline constexpr int positions = 4000000;
 /// Styles that refer to one another: they may do so in a ring.

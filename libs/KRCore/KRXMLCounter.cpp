@@ -4,30 +4,59 @@
 
 #include <QCoreApplication>
 
+namespace {
+
+int countWords(const QString &text)
+{
+    int count = 0;
+    bool isInWord = false;
+    for (const QChar character : text) {
+        const bool wasInWord = isInWord;
+        isInWord = character.unicode() > ' ';
+        count += isInWord && !wasInWord;
+    }
+    return count;
+}
+
+} // namespace
+
 KRXMLCounter::KRXMLCounter(qint64 characters, qint64 ampersands)
     : m_charactersLeft(characters + KRInputLimits::entityCharacters), m_ampersands(ampersands)
 { }
 
-bool KRXMLCounter::declareEntity(qint64 characters)
+bool KRXMLCounter::declareEntity(const QString &name, qint64 characters)
 {
+    // They may hide declarations from everyone who looks at the text.
+    if (name.startsWith(QLatin1Char('%')))
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Der Dokumenttyp hat Parameter-Entitäten."));
     // Before anything is expanded: a reader hands a text over only once it is complete.
-    return m_ampersands * characters <= KRInputLimits::entityCharacters || refuseExpansion();
+    if (m_ampersands * characters > KRInputLimits::entityCharacters)
+        return refuseExpansion();
+    return addDeclaration(name.size(), characters);
 }
 
-bool KRXMLCounter::enterElement(int attributes, qint64 charactersInAttributes)
+bool KRXMLCounter::enterElement(qint64 attributes, qint64 charactersInAttributes)
 {
-    m_nodes += 1 + attributes;
     m_charactersLeft -= charactersInAttributes;
+    if (attributes > KRInputLimits::manyAttributes)
+        m_attributePairs += attributes * attributes;
+    if (m_attributePairs > KRInputLimits::attributePairs)
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente haben zu viele Attribute."));
     if (++m_depth > KRInputLimits::depth)
         return refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
                           .arg(KRInputLimits::depth));
     return isWithinLimits();
 }
 
-bool KRXMLCounter::addText(qint64 characters, bool isBlank)
+bool KRXMLCounter::addText(const QString &text)
 {
-    m_nodes += isBlank ? 0 : 1;
-    m_charactersLeft -= characters;
+    const int words = countWords(text);
+    m_nodes += words > 0 ? 1 : 0;
+    m_charactersLeft -= text.size();
+    m_words += words;
+    if (m_words > KRInputLimits::words)
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Die Texte des Dokuments haben mehr als %1 Wörter.")
+                          .arg(KRInputLimits::words));
     return isWithinLimits();
 }
 

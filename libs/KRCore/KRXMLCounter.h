@@ -12,10 +12,12 @@ public:
     KRXMLCounter(qint64 characters, qint64 ampersands);
 
     // False when the text is refused.
-    bool declareEntity(qint64 characters);
-    bool enterElement(int attributes, qint64 charactersInAttributes);
+    /// A parameter entity has a name that begins with "%".
+    bool declareEntity(const QString &name, qint64 characters);
+    /// The element and its attributes are to be added as markup besides.
+    bool enterElement(qint64 attributes, qint64 charactersInAttributes);
     /// White space alone, between elements, does not become part of a DOM.
-    bool addText(qint64 characters, bool isBlank);
+    bool addText(const QString &text);
     /// A comment, an instruction or an attribute, each as a whole.
     bool addMarkup(qint64 nameCharacters, qint64 characters);
     /// In a document type.
@@ -34,6 +36,8 @@ private:
     qint64 m_charactersLeft;
     qint64 m_ampersands;
     int m_nodes = 0;
+    qint64 m_words = 0;
+    qint64 m_attributePairs = 0;
     int m_declarations = 0;
     int m_depth = 0;
     QString m_refusal;

@@ -1,3 +1,4 @@
+#include "KRQtCompat.h"
 #include "KRXMLCounter.h"
 #include "KRXMLGuard.h"
 
@@ -6,8 +7,6 @@
 #include <QXmlDefaultHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
-
-#include <algorithm>
 
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
@@ -22,7 +21,7 @@ public:
 
     bool internalEntityDecl(const QString &name, const QString &value) override
     {
-        return m_counter.declareEntity(value.size()) && m_counter.addDeclaration(name.size(), value.size());
+        return m_counter.declareEntity(name, value.size());
     }
     bool externalEntityDecl(const QString &name, const QString &, const QString &) override
     {
@@ -50,7 +49,7 @@ public:
             characters += attributes.value(i).size();
             isShort = m_counter.addMarkup(attributes.qName(i).size(), attributes.value(i).size());
         }
-        return isShort && m_counter.addMarkup(name.size(), 0) && m_counter.enterElement(-1, characters);
+        return isShort && m_counter.addMarkup(name.size(), 0) && m_counter.enterElement(attributes.count(), characters);
     }
 
     bool endElement(const QString &, const QString &, const QString &) override
@@ -59,12 +58,7 @@ public:
         return true;
     }
 
-    bool characters(const QString &text) override
-    {
-        const bool isBlank =
-            std::all_of(text.cbegin(), text.cend(), [](QChar character) { return character.isSpace(); });
-        return m_counter.addText(text.size(), isBlank);
-    }
+    bool characters(const QString &text) override { return m_counter.addText(text); }
 
     bool comment(const QString &text) override { return m_counter.addMarkup(0, text.size()); }
     bool startCDATA() override { return m_counter.addMarkup(0, 0); }
@@ -98,9 +92,28 @@ private:
     int m_column = 0;
 };
 
-bool passes(const QXmlInputSource &source, const KRXMLCounter &counter, KRErrorHistory::Entry *refusal)
+} // namespace
+
+std::optional<QString> KRXMLGuard::decoded(const QByteArray &xml)
 {
-    CountingHandler handler(counter);
+    if (const std::optional<QString> wideText = KRQtCompat::wideXmlText(xml))
+        return wideText;
+    // In some encodings that a declaration may name, such as UTF-7, nothing looks like what it is.
+    QXmlInputSource source;
+    source.setData(xml);
+    return source.data();
+}
+
+bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+{
+    return accepts(*decoded(xml), refusal);
+}
+
+bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
+{
+    QXmlInputSource source;
+    source.setData(xml);
+    CountingHandler handler(KRXMLCounter(xml.size(), xml.count(QLatin1Char('&'))));
     QXmlSimpleReader reader;
     reader.setContentHandler(&handler);
     reader.setErrorHandler(&handler);
@@ -115,22 +128,6 @@ bool passes(const QXmlInputSource &source, const KRXMLCounter &counter, KRErrorH
     refusal->line = handler.line();
     refusal->column = handler.column();
     return false;
-}
-
-} // namespace
-
-bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
-{
-    QXmlInputSource source;
-    source.setData(xml);
-    return passes(source, KRXMLCounter(xml.size(), xml.count('&')), refusal);
-}
-
-bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
-{
-    QXmlInputSource source;
-    source.setData(xml);
-    return passes(source, KRXMLCounter(xml.size(), xml.count(QLatin1Char('&'))), refusal);
 }
 
 QT_WARNING_POP

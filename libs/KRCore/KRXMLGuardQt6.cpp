@@ -1,8 +1,12 @@
+#include "KRInputLimits.h"
+#include "KRQtCompat.h"
 #include "KRXMLCounter.h"
 #include "KRXMLGuard.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QRegularExpression>
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -37,28 +41,53 @@ bool hasTooManyAttributes(const QByteArray &xml)
     return xml.contains("<!ATTLIST") || attributePairs(xml) > maximumAttributePairs;
 }
 
+bool countDocumentType(const QXmlStreamReader &reader, KRXMLCounter *counter)
+{
+    const QXmlStreamEntityDeclarations entities = reader.entityDeclarations();
+    const bool isEachShort =
+        std::all_of(entities.cbegin(), entities.cend(), [counter](const QXmlStreamEntityDeclaration &entity) {
+            return counter->declareEntity(entity.name().toString(), entity.value().size());
+        });
+    // The reader tells of no others. Entities count twice, which real types bear.
+    qsizetype declarations = reader.text().count(QLatin1String("<!"));
+    while (declarations > 0 && counter->addDeclaration(0, 0))
+        --declarations;
+    static const QRegularExpression parameterEntity(QStringLiteral("<!ENTITY\\s+%"));
+    const bool hasParameters = reader.text().toString().contains(parameterEntity);
+    return isEachShort && declarations == 0 && (!hasParameters || counter->declareEntity(QStringLiteral("%"), 0));
+}
+
+bool countElement(const QXmlStreamReader &reader, KRXMLCounter *counter)
+{
+    const QXmlStreamAttributes attributes = reader.attributes();
+    qint64 characters = 0;
+    const bool isEachShort =
+        std::all_of(attributes.cbegin(), attributes.cend(), [&](const QXmlStreamAttribute &attribute) {
+            characters += attribute.value().size();
+            return counter->addMarkup(attribute.qualifiedName().size(), attribute.value().size());
+        });
+    return isEachShort && counter->addMarkup(reader.qualifiedName().size(), 0)
+           && counter->enterElement(attributes.size(), characters);
+}
+
 /// False at an error or a limit.
 bool countToken(const QXmlStreamReader &reader, KRXMLCounter *counter)
 {
     switch (reader.tokenType()) {
-    case QXmlStreamReader::DTD: {
-        const QXmlStreamEntityDeclarations entities = reader.entityDeclarations();
-        return std::all_of(entities.cbegin(), entities.cend(), [counter](const QXmlStreamEntityDeclaration &entity) {
-            return counter->declareEntity(entity.value().size());
-        });
-    }
-    case QXmlStreamReader::StartElement: {
-        const QXmlStreamAttributes attributes = reader.attributes();
-        qint64 characters = 0;
-        for (const QXmlStreamAttribute &attribute : attributes)
-            characters += attribute.value().size();
-        return counter->enterElement(int(attributes.size()), characters);
-    }
+    case QXmlStreamReader::DTD:
+        return countDocumentType(reader, counter);
+    case QXmlStreamReader::StartElement:
+        return countElement(reader, counter);
     case QXmlStreamReader::EndElement:
         counter->leaveElement();
         return true;
     case QXmlStreamReader::Characters:
-        return counter->addText(reader.text().size(), reader.isWhitespace());
+        return (!reader.isCDATA() || counter->addMarkup(0, 0)) && counter->addText(reader.text().toString());
+    case QXmlStreamReader::Comment:
+        return counter->addMarkup(0, reader.text().size());
+    case QXmlStreamReader::ProcessingInstruction:
+        return counter->addMarkup(reader.processingInstructionTarget().size(),
+                                  reader.processingInstructionData().size());
     default:
         return !reader.hasError();
     }
@@ -91,8 +120,27 @@ bool passes(const Text &xml, qint64 ampersands, bool hasManyAttributes, KRErrorH
 
 } // namespace
 
+std::optional<QString> KRXMLGuard::decoded(const QByteArray &xml)
+{
+    if (const std::optional<QString> wideText = KRQtCompat::wideXmlText(xml))
+        return wideText;
+    // In some encodings that a declaration may name, such as UTF-7, nothing looks like what it is.
+    static const QRegularExpression declaration(
+        QStringLiteral("^\\s*<\\?xml\\s[^>]*\\bencoding\\s*=\\s*[\"']([^\"']+)[\"']"));
+    const QString encoding =
+        declaration.match(QString::fromLatin1(xml.left(KRInputLimits::declarationBytes))).captured(1);
+    if (encoding.isEmpty() || encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0)
+        return std::nullopt;
+    QStringDecoder decoder(encoding.toLatin1().constData());
+    if (!decoder.isValid())
+        return std::nullopt;
+    return QString(decoder(xml));
+}
+
 bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
 {
+    if (const std::optional<QString> text = decoded(xml))
+        return accepts(*text, refusal);
     return passes(xml, xml.count('&'), hasTooManyAttributes(xml), refusal);
 }
 

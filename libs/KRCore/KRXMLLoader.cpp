@@ -136,6 +136,16 @@ bool hasDeepContentModel(const Text &xml)
     return depth > KRInputLimits::depth;
 }
 
+/// In UTF-16 every other byte is zero.
+bool hasEndlessDeclaration(const QByteArray &xml)
+{
+    constexpr int longestMark = 3; // of the byte order
+    const QByteArray beginning = xml.left(KRInputLimits::declarationBytes).replace('\0', "");
+    const int place = beginning.indexOf("<?xml");
+    return place >= 0 && place <= longestMark && xml.size() > KRInputLimits::declarationBytes
+           && !beginning.contains("?>");
+}
+
 /// Of a text as bytes or as characters.
 template <typename Text>
 QDomElement documentElement(const Text &source, const QString &fileName, KRErrorHistory *history)
@@ -178,9 +188,13 @@ QDomElement KRXMLLoader::loadDocumentElement(const QFileInfo &file, KRErrorHisto
 
 QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QString &fileName, KRErrorHistory *history)
 {
-    // References are looked for in bytes that extend ASCII.
-    if (const std::optional<QString> wideText = KRQtCompat::wideXmlText(xml))
-        return documentElement(*wideText, fileName, history);
+    if (hasEndlessDeclaration(xml)) {
+        KRErrorHistory::report(history, fileName,
+                               QCoreApplication::translate("KRXMLLoader", "Die XML-Deklaration ist zu lang."));
+        return QDomElement();
+    }
+    if (const std::optional<QString> text = KRXMLGuard::decoded(xml))
+        return documentElement(*text, fileName, history);
     return documentElement(xml, fileName, history);
 }
 

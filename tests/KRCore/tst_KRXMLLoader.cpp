@@ -18,6 +18,26 @@ QByteArray nested(int levels)
     return QByteArray("<a>").repeated(levels) + QByteArray("</a>").repeated(levels);
 }
 
+/// A document type that nests parentheses, which its reader does by recursion.
+QByteArray contentModel(int levels)
+{
+    return "<!DOCTYPE r [<!ELEMENT r " + QByteArray(levels, '(') + 'a' + QByteArray(levels, ')') + ">]><r/>";
+}
+
+QByteArray utf7(const QByteArray &xml)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-7\"?>"
+           + QByteArray(xml).replace('<', "+ADw-").replace('!', "+ACE-").replace('&', "+ACY-");
+}
+
+QByteArray utf16(const QByteArray &xml)
+{
+    QByteArray result;
+    for (const char character : xml)
+        result += QByteArray(1, character) + '\0';
+    return result;
+}
+
 } // namespace
 
 class tst_KRXMLLoader : public QObject
@@ -46,6 +66,8 @@ void tst_KRXMLLoader::readsWhatIsWellFormed()
         {"references beyond U+FFFF", "<r>&#x1F600;&#128512;&#xE4;</r>", smile + smile + QStringLiteral("ä")},
         {"no references in CDATA", "<r><![CDATA[&#x1F600;]]]>]&#x1F600;</r>", QStringLiteral("&#x1F600;]]") + smile},
         {"as deep as allowed", nested(KRInputLimits::depth), {}},
+        {"content model as deep as allowed", contentModel(KRInputLimits::depth), {}},
+        {"UTF-7", utf7("<r>a&lt;</r>"), QStringLiteral("a<")},
     };
     table.forEach([](const QByteArray &xml, const QString &text) {
         KRErrorHistory history;
@@ -72,6 +94,18 @@ void tst_KRXMLLoader::refusesWithReason()
         {"one flat entity again and again", flatEntity, QStringLiteral("Entitäten")},
         {"more nodes than allowed", QByteArray("<r>" + QByteArray("<a/>").repeated(KRInputLimits::nodes) + "</r>"),
          QStringLiteral("Knoten")},
+        {"words", "<r>" + QByteArray("1,1 ").repeated(KRInputLimits::words + 1) + "</r>", QStringLiteral("Wörter")},
+        {"encoding without end", "<?xml version=\"1.0\" encoding=\"" + QByteArray(5000, 'a') + "\"?><r/>",
+         QStringLiteral("Deklaration")},
+        {"references", "<r>" + QByteArray("&lt;").repeated(KRInputLimits::references + 1), QStringLiteral("Verweise")},
+        {"references in UTF-7",
+         utf7("<!DOCTYPE r [<!ENTITY e \"" + QByteArray(4000, 'x') + "\">]><r>" + QByteArray("&e;").repeated(5000)),
+         QStringLiteral("Entitäten")},
+        {"content model", contentModel(KRInputLimits::depth + 1), QStringLiteral("geschachtelt")},
+        {"content model in UTF-7", utf7(contentModel(KRInputLimits::depth + 1)), QStringLiteral("geschachtelt")},
+        {"content model in UTF-16", utf16(contentModel(KRInputLimits::depth + 1)), QStringLiteral("geschachtelt")},
+        {"content model in an entity", "<!DOCTYPE r [<!ENTITY % p \"&#60;!ELEMENT r (a)>\"> %p;]><r/>",
+         QStringLiteral("Parameter-Entitäten")},
     };
     table.forEach([](const QByteArray &xml, const QString &reason) {
         KRErrorHistory history;
