@@ -29,8 +29,9 @@ void KRGpxImport::read()
 {
     KRGpxPreparation preparation(m_file);
     if (!preparation.read(&m_problems)) {
-        // The importer may still find tracks, as it passes over what there is too much of.
-        m_ownTracks = tracksOf(m_file);
+        // The importer may still find tracks, as it passes over what else there may be too much of.
+        if (!preparation.hasTooManyTracks())
+            m_ownTracks = tracksOf(m_file);
         return;
     }
     QList<KRGPXTrack> tracks = readOwnTracks(preparation);

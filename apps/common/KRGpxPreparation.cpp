@@ -5,6 +5,7 @@
 
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRMath.h>
+#include <KRGeoLocation/KRGPXCommaText.h>
 
 #include <cmath>
 
@@ -115,6 +116,8 @@ void KRGpxPreparation::readTrack(KRXmlStream &stream)
 {
     const int line = stream.line();
     m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
+    ++m_trackNumber;
+    checkCounts(stream);
     QString name;
     bool hasSegment = false;
     PointCount count;
@@ -140,11 +143,17 @@ void KRGpxPreparation::readSegment(KRXmlStream &stream, PointCount *count)
     while (stream.readNextChild()) {
         if (m_names.isAt(stream, trackPointElement)) {
             m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
+            stream.allowForPoints(1);
             count->add(hasPosition(stream), stream.line());
             stream.skipElement();
         } else if (m_names.isAt(stream, compressedPointsElement)) {
-            if (!stream.readText().trimmed().isEmpty())
-                ++count->readable;
+            int textCount = 0;
+            stream.readText([&](QStringView piece) { textCount += KRGPXCommaText::count(piece); });
+            stream.allowForPoints(textCount);
+            m_hasTooManyTracks = textCount > KRInputLimits::textPoints;
+            if (m_hasTooManyTracks)
+                stream.refuse(tr("Ein Text hat mehr als %1 Punkte.").arg(KRInputLimits::textPoints));
+            count->readable += textCount;
         } else {
             stream.skipElement();
         }
@@ -155,8 +164,10 @@ void KRGpxPreparation::readWayPoint(KRXmlStream &stream)
 {
     const int line = stream.line();
     const GpxPoint point = readPoint(stream, m_names);
-    countPoint(stream);
+    stream.allowForPoints(1);
+    countTexts(stream, point.name, point.description, point.comment);
     ++m_wayPointNumber;
+    checkCounts(stream);
     if (!point.position.isValid()) {
         m_report.add(KRImportReport::WayPointWithoutPosition, line, point.name);
         return;
@@ -179,7 +190,10 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
         if (m_names.isAt(stream, routePointElement)) {
             const int pointLine = stream.line();
             const GpxPoint point = readPoint(stream, m_names);
-            countPoint(stream);
+            stream.allowForPoints(1);
+            ++m_routePointNumber;
+            checkCounts(stream);
+            countTexts(stream, point.description, QString(), QString());
             count.add(point.position.isValid(), pointLine);
             if (point.position.isValid())
                 point.appendTo(&points);
@@ -193,7 +207,9 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
             stream.skipElement();
         }
     }
+    countTexts(stream, name, description, comment);
     ++m_routeNumber;
+    checkCounts(stream);
     report(KRImportReport::RouteWithoutPosition, line, name, count);
     if (!points.isValid())
         return;
@@ -202,10 +218,22 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
                                firstNonEmpty(description, comment), {points}, LineStringTrackShape));
 }
 
-void KRGpxPreparation::countPoint(KRXmlStream &stream)
+void KRGpxPreparation::checkCounts(KRXmlStream &stream)
 {
-    if (++m_pointNumber > KRInputLimits::wayPoints)
-        stream.refuse(tr("Die Datei hat mehr als %1 Wegpunkte und Punkte von Routen.").arg(KRInputLimits::wayPoints));
+    m_hasTooManyTracks = m_trackNumber > KRInputLimits::tracks;
+    if (m_hasTooManyTracks)
+        stream.refuse(tr("Die Datei hat mehr als %1 Strecken.").arg(KRInputLimits::tracks));
+    else if (m_wayPointNumber + m_routeNumber > KRInputLimits::wayPoints)
+        stream.refuse(tr("Die Datei hat mehr als %1 Wegpunkte und Routen.").arg(KRInputLimits::wayPoints));
+    else if (m_routePointNumber > KRInputLimits::routePoints)
+        stream.refuse(tr("Die Datei hat mehr als %1 Punkte von Routen.").arg(KRInputLimits::routePoints));
+}
+
+void KRGpxPreparation::countTexts(KRXmlStream &stream, const QString &a, const QString &b, const QString &c)
+{
+    m_keptCharacters += qint64(a.size()) + b.size() + c.size();
+    if (m_keptCharacters > KRInputLimits::allKeptCharacters)
+        stream.refuse(tr("Die Namen und Beschreibungen sind zusammen zu lang."));
 }
 
 void KRGpxPreparation::report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count)

@@ -30,6 +30,8 @@ public:
     /// False when the file cannot be read; the reason is reported then.
     bool read(KRErrorHistory *history);
 
+    /// Whether it cannot be read as there are too many tracks in it, or points in one text.
+    bool hasTooManyTracks() const { return m_hasTooManyTracks; }
     /// The way points, then the routes, each in the order of the file.
     QList<KRGPXTrack> tracks() const { return m_wayPoints + m_routes; }
     /// How many tracks the importer should find, those without a position included.
@@ -52,7 +54,8 @@ private:
     void readSegment(KRXmlStream &stream, PointCount *count);
     void readWayPoint(KRXmlStream &stream);
     void readRoute(KRXmlStream &stream);
-    void countPoint(KRXmlStream &stream);
+    void checkCounts(KRXmlStream &stream);
+    void countTexts(KRXmlStream &stream, const QString &a, const QString &b, const QString &c);
     void report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count);
 
     QFileInfo m_file;
@@ -61,8 +64,11 @@ private:
     QList<KRGPXTrack> m_routes;
     int m_countOfOwnTracks = 0;
     bool m_needsRewriting = false;
+    bool m_hasTooManyTracks = false;
     int m_wayPointNumber = 0; // of all in the file, also those that are left out
     int m_routeNumber = 0;
-    int m_pointNumber = 0;
+    int m_routePointNumber = 0;
+    int m_trackNumber = 0;
+    qint64 m_keptCharacters = 0;
     KRImportReport m_report;
 };

@@ -5,6 +5,8 @@
 #include "KRXmlStream.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
+#include <KRGeoLocation/KRGPXCommaText.h>
 
 #include <QBuffer>
 #include <QFile>
@@ -52,14 +54,24 @@ private:
         while (m_stream.readNextChild()) {
             if (isAt("trkpt"))
                 copyPoint();
+            else if (isAt("compressedPoints"))
+                copyCompressedPoints();
             else
-                copyTextOf({"compressedPoints"});
+                m_stream.skipElement();
         }
         m_writer.writeEndElement();
     }
 
+    void copyCompressedPoints()
+    {
+        const QString text = m_stream.readText(KRInputLimits::tokenBytes);
+        m_stream.allowForPoints(KRGPXCommaText::count(text));
+        m_writer.writeTextElement(QStringLiteral("compressedPoints"), text);
+    }
+
     void copyPoint()
     {
+        m_stream.allowForPoints(1);
         if (!KRGpxPreparation::hasPosition(m_stream)) {
             m_stream.skipElement();
             return;

@@ -41,6 +41,7 @@ constexpr KindTexts kindTexts[] = {
     {"otherDocument", QT_TRANSLATE_NOOP("KRImportReport", "weiteres KML-Dokument"),
      QT_TRANSLATE_NOOP("KRImportReport", "weitere KML-Dokumente")},
 };
+constexpr int longestName = 1000; // characters
 static_assert(std::size(kindTexts) == KRImportReport::OtherDocument + 1);
 
 } // namespace
@@ -54,7 +55,7 @@ void KRImportReport::add(Kind kind, int line, const QString &name, int count)
 {
     m_counts[kind] += count;
     if (m_items.size() < maximumItems)
-        m_items.append({kind, line, name.simplified(), count});
+        m_items.append({kind, line, name.left(longestName).simplified(), count});
 }
 
 KRImportReport &KRImportReport::operator+=(const KRImportReport &other)

@@ -109,7 +109,7 @@ void KRKmlCoordinates::append(QLatin1String longitude, QLatin1String latitude, Q
 {
     std::optional<qint64> longitudeUnits = toUnits(longitude, 360);
     std::optional<qint64> latitudeUnits = toUnits(latitude, 90);
-    if (!longitudeUnits || !latitudeUnits || count() == KRInputLimits::positions) {
+    if (!longitudeUnits || !latitudeUnits || isFull()) {
         ++m_unreadableCount;
         return;
     }

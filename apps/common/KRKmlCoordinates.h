@@ -27,6 +27,7 @@ public:
 
     int count() const { return m_positions.size(); }
     bool isEmpty() const { return m_positions.isEmpty(); }
+    bool isFull() const { return count() == KRInputLimits::positions; }
     /// More than one position, and the last one lies where the first one does.
     bool isClosed() const;
     bool hasTimes() const { return !m_times.isEmpty(); }

@@ -8,6 +8,9 @@ void KRKmlCoordinatesReader::read(QStringView piece)
 {
     for (const QChar character : piece) {
         if (character.isSpace()) {
+            // Such a document is not read.
+            if (m_coordinates->isFull())
+                return;
             m_isInNumber = false;
             m_hasBlank = true;
         } else if (character == QLatin1Char(',')) {

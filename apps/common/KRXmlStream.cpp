@@ -39,15 +39,6 @@ QByteArray withoutWrongEncoding(const QByteArray &xml)
     return corrected.replace(match.capturedStart(), match.capturedLength(), QByteArray(match.capturedLength(), ' '));
 }
 
-qint64 attributePairs(const QDomElement &element)
-{
-    const qint64 count = element.attributes().count();
-    qint64 pairs = count > KRInputLimits::manyAttributes ? count * count : 0;
-    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
-        pairs += attributePairs(child);
-    return pairs;
-}
-
 } // namespace
 
 bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHistory *history, const Reader &reader)
@@ -56,7 +47,7 @@ bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHi
     buffer.setData(withoutWrongEncoding(xml));
     buffer.open(QIODevice::ReadOnly);
     KRXmlStream stream(&buffer);
-    stream.m_mostTokens = KRInputLimits::documentTokens;
+    stream.m_device.expectDocument();
     if (stream.readDocument(reader))
         return true;
     if (stream.reportRefusal(fileName, history) || stream.reportTooLarge(buffer.size(), fileName, history))
@@ -103,10 +94,6 @@ bool KRXmlStream::readMended(QDomElement root, const QString &fileName, KRErrorH
 {
     if (root.isNull())
         return false;
-    if (attributePairs(root) > KRInputLimits::attributePairs) {
-        KRErrorHistory::report(history, fileName, tr("Die Elemente haben zu viele Attribute."));
-        return false;
-    }
     QDomDocument document;
     document.appendChild(document.importNode(root, true));
     // No more of them at a time in memory than needed.
@@ -124,6 +111,7 @@ bool KRXmlStream::readMended(QDomElement root, const QString &fileName, KRErrorH
     buffer.open(QIODevice::ReadOnly);
     KRXmlStream stream(&buffer);
     stream.m_hasLines = false;
+    stream.m_device.expectDocument();
     if (stream.readDocument(reader))
         return true;
     if (stream.reportRefusal(fileName, history))
@@ -182,11 +170,11 @@ void KRXmlStream::skipElement()
         readToken();
 }
 
-QString KRXmlStream::readText()
+QString KRXmlStream::readText(int mostCharacters)
 {
     QString text;
-    readText([this, &text](QStringView piece) {
-        if (text.size() + piece.size() > KRInputLimits::tokenBytes)
+    readText([&](QStringView piece) {
+        if (text.size() + piece.size() > mostCharacters)
             refuse(tr("Ein Text ist zu lang."));
         else
             text.append(piece);
@@ -197,8 +185,11 @@ QString KRXmlStream::readText()
 void KRXmlStream::readText(const std::function<void(QStringView)> &take)
 {
     const int depthOfParent = m_depth - 1;
+    const qint64 mostTokens = m_device.tokens() + KRInputLimits::textPieces;
     while (m_depth > depthOfParent && !m_xml.atEnd()) {
-        if (readToken() == QXmlStreamReader::Characters)
+        if (m_device.tokens() == mostTokens)
+            refuse(tr("Ein Text ist zu zerstückelt."));
+        else if (readToken() == QXmlStreamReader::Characters)
             take(m_xml.text());
     }
 }
@@ -218,8 +209,8 @@ QXmlStreamReader::TokenType KRXmlStream::readToken()
 {
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
-    if (++m_tokens > m_mostTokens)
-        refuse(tr("Das Dokument hat mehr als %1 Elemente, Texte und Kommentare.").arg(m_mostTokens));
+    if (!m_device.isInProportion())
+        refuse(tr("Die Datei hat für das, was zu zeichnen ist, zu viel anderen Inhalt."));
     if (token == QXmlStreamReader::StartElement) {
         ++m_depth;
         checkTag();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXGuardedDevice.h>
 
 #include <QCoreApplication>
@@ -7,7 +8,6 @@
 #include <QXmlStreamReader>
 
 #include <functional>
-#include <limits>
 #include <memory>
 
 class KRErrorHistory;
@@ -51,6 +51,8 @@ public:
     /// Where the start tag of the current element ends, counted from 1; 0 for a text that the DOM has made.
     int line() const { return m_hasLines ? int(m_xml.lineNumber()) : 0; }
 
+    /// To be called at points of a file, which may hold as much more then.
+    void allowForPoints(int count) { m_device.allowForPoints(count); }
     /// Ends reading: the document is not read, for this reason, which is for users.
     void refuse(const QString &reason);
 
@@ -58,7 +60,7 @@ public:
     bool readNextChild();
     void skipElement();
     /// The text of the current element with that of all elements in it; moves behind the element.
-    QString readText();
+    QString readText(int mostCharacters = KRInputLimits::keptCharacters);
     /// The same piece by piece, for long texts.
     void readText(const std::function<void(QStringView piece)> &take);
 
@@ -77,8 +79,6 @@ private:
     QXmlStreamReader m_xml;
     QString m_refusal;
     qint64 m_attributePairs = 0;
-    qint64 m_tokens = 0;
-    qint64 m_mostTokens = std::numeric_limits<qint64>::max();
     int m_depth = 0;
     bool m_hasLines = true;
 };

@@ -146,32 +146,53 @@ bool hasEndlessDeclaration(const QByteArray &xml)
            && !beginning.contains("?>");
 }
 
+/// Whether a tag or a comment is so long that its name, an attribute or itself must be, which the guard would find out
+/// only behind it.
+template <typename Text>
+bool hasEndlessTag(const Text &xml)
+{
+    constexpr qint64 mostCharacters = 2 * KRInputLimits::markupCharacters;
+    auto at = xml.cbegin();
+    const auto isOpening = [](auto character) { return codeOf(character) == '<'; };
+    const auto isClosing = [](auto character) { return codeOf(character) == '>'; };
+    while ((at = std::find_if(at, xml.cend(), isOpening)) != xml.cend()) {
+        const int begin = int(at - xml.cbegin());
+        at = std::find_if(at, xml.cend(), isClosing);
+        if (at - xml.cbegin() - begin > mostCharacters && !standsAt(xml, begin, "<![CDATA["))
+            return true;
+    }
+    return false;
+}
+
+/// What speaks against reading the text, before anything is done with it; empty if nothing.
+template <typename Text>
+QString refusalOf(const Text &xml)
+{
+    const auto isReference = [](auto character) { return codeOf(character) == '&'; };
+    if (std::count_if(xml.cbegin(), xml.cend(), isReference) > KRInputLimits::references)
+        return QCoreApplication::translate("KRXMLLoader",
+                                           "Das Dokument hat mehr als %1 Verweise auf Zeichen und Entitäten.")
+            .arg(KRInputLimits::references);
+    if (hasDeepContentModel(xml))
+        return QCoreApplication::translate("KRXMLLoader", "Der Dokumenttyp ist zu tief geschachtelt.");
+    if (hasEndlessTag(xml))
+        return QCoreApplication::translate("KRXMLLoader", "Ein Element oder ein Kommentar ist zu lang.");
+    return isBlank(xml) ? QCoreApplication::translate("KRXMLLoader", "Die Datei ist leer.") : QString();
+}
+
 /// Of a text as bytes or as characters.
 template <typename Text>
 QDomElement documentElement(const Text &source, const QString &fileName, KRErrorHistory *history)
 {
     KRErrorHistory::Entry refusal;
     refusal.fileName = fileName;
-    const auto isReference = [](auto character) { return codeOf(character) == '&'; };
-    if (std::count_if(source.cbegin(), source.cend(), isReference) > KRInputLimits::references) {
-        refusal.reason = QCoreApplication::translate("KRXMLLoader",
-                                                     "Das Dokument hat mehr als %1 Verweise auf Zeichen und Entitäten.")
-                             .arg(KRInputLimits::references);
-        KRErrorHistory::report(history, refusal);
-        return QDomElement();
-    }
-    if (hasDeepContentModel(source)) {
-        refusal.reason = QCoreApplication::translate("KRXMLLoader", "Der Dokumenttyp ist zu tief geschachtelt.");
-        KRErrorHistory::report(history, refusal);
-        return QDomElement();
-    }
-    const Text xml = KRQtCompat::domCutsReferences ? withSurrogateReferences(source) : source;
-    if (isBlank(xml)) {
-        refusal.reason = QCoreApplication::translate("KRXMLLoader", "Die Datei ist leer.");
-    } else if (KRXMLGuard::accepts(xml, &refusal)) {
+    refusal.reason = refusalOf(source);
+    if (refusal.reason.isEmpty()) {
+        const Text xml = KRQtCompat::domCutsReferences ? withSurrogateReferences(source) : source;
         // A failed setContent() leaves the tree that it had read so far.
         QDomDocument document;
-        if (document.setContent(xml, false, &refusal.reason, &refusal.line, &refusal.column))
+        if (KRXMLGuard::accepts(xml, &refusal)
+            && document.setContent(xml, false, &refusal.reason, &refusal.line, &refusal.column))
             return document.documentElement();
     }
     KRErrorHistory::report(history, refusal);

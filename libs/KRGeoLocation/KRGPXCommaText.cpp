@@ -35,6 +35,18 @@ QString textOf(double degrees)
 
 } // namespace
 
+int KRGPXCommaText::count(QStringView texts)
+{
+    int count = 0;
+    bool isBetween = true;
+    for (const QChar character : texts) {
+        const bool isBehind = isBetween;
+        isBetween = isSeparator(character);
+        count += isBehind && !isBetween;
+    }
+    return count;
+}
+
 KRGPXCommaText KRGPXCommaText::decode(QStringView text)
 {
     std::array<QStringView, mostFields> fields;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KRGeoLocationExport.h"
+
 #include <QString>
 #include <QStringView>
 
@@ -9,6 +11,15 @@ struct KRGPXCommaText {
     double longitude = 0.0;
     int elevation = 0; ///< whole metres
     qint64 milliseconds = 0; ///< since 1970, or KRGPXTrackSegment::noTime
+
+    /// The white space of ASCII alone: a no-break space belongs to the number next to it.
+    static bool isSeparator(QChar character)
+    {
+        const ushort unicode = character.unicode();
+        return unicode == ' ' || (unicode >= '\t' && unicode <= '\r');
+    }
+    /// How many comma texts there are, with separators between them.
+    static KRGEOLOCATION_EXPORT int count(QStringView texts);
 
     /// Takes the time for seconds, although encode() writes milliseconds.
     static KRGPXCommaText decode(QStringView text);

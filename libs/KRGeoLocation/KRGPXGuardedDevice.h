@@ -8,7 +8,8 @@
  * Passes the bytes of a device on to QXmlStreamReader, and ends where a single token grows beyond KRInputLimits.
  *
  * The reader keeps a token in memory until it is complete, and compares each attribute of a tag with all others of
- * it: fifty thousand take many seconds. Both would be over only after the damage is done.
+ * it: fifty thousand take many seconds. Both would be over only after the damage is done. It also counts what passes,
+ * for a file may be large because of its points, and for nothing else.
  */
 class KRGEOLOCATION_EXPORT KRGPXGuardedDevice : public QIODevice
 {
@@ -24,10 +25,22 @@ public:
     /// Whether a carriage return has passed, which the reader turns into a line feed or drops.
     bool hasCarriageReturns() const { return m_hasCarriageReturns; }
 
+    /// Expects no points but a document that was in memory as a whole.
+    void expectDocument();
+    /// To be called for points that have been read, beside which a file may hold as much more.
+    void allowForPoints(int count) { m_points += count; }
+    /// Whether tokens, references and bytes are in proportion to the points.
+    bool isInProportion() const;
+    /// How often a token was started.
+    qint64 tokens() const { return m_tokens; }
+
     /// To be called whenever the reader has completed a token.
     void startToken()
     {
+        ++m_tokens;
+        m_isInDeclaration = false;
         m_tokenBytes = 0;
+        m_tokenReferences = 0;
         m_tokenQuotes = 0;
     }
 
@@ -36,8 +49,18 @@ protected:
     qint64 writeData(const char *bytes, qint64 size) override;
 
 private:
+    bool isTokenTooLarge() const;
+
     QIODevice *const m_source;
+    bool m_isInDeclaration = true; // or before the first tag of a document without one
+    qint64 m_mostTokens;
+    qint64 m_mostBytes;
+    qint64 m_tokens = 0;
+    qint64 m_references = 0; // what looks like the beginning of one
+    qint64 m_bytes = 0;
+    qint64 m_points = 0;
     qint64 m_tokenBytes = 0;
+    qint64 m_tokenReferences = 0;
     qint64 m_tokenQuotes = 0;
     bool m_hasRefused = false;
     bool m_hasCarriageReturns = false;

@@ -1,5 +1,6 @@
 #include "KRGPXStreamReader.h"
 
+#include "KRGPXCommaText.h"
 #include "KRGPXTrackImpl.h"
 #include "KRGPXVocabulary.h"
 
@@ -47,7 +48,7 @@ KRGPXStreamResult KRGPXStreamReader::readFile(const QFileInfo &file, KRErrorHist
     KRGPXStreamReader reader(&source);
     if (read(reader))
         return reader.isDomPreferable() ? StreamNeedsDom : StreamWasRead;
-    if (source.size() <= KRInputLimits::documentBytes)
+    if (!reader.m_isRefused && source.size() <= KRInputLimits::documentBytes)
         return StreamNeedsDom;
     KRErrorHistory::Entry entry = reader.error();
     entry.fileName = file.filePath();
@@ -101,6 +102,11 @@ QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
     m_endOfToken = m_xml.characterOffset();
+    if (!m_device.isInProportion()) {
+        refuse(
+            QCoreApplication::translate("KRGPXStreamReader", "Die Datei hat für ihre Punkte zu viel anderen Inhalt."));
+        return QXmlStreamReader::Invalid;
+    }
     switch (token) {
     case QXmlStreamReader::StartElement:
         ++m_depth;
@@ -150,7 +156,7 @@ bool KRGPXStreamReader::checkTag()
 void KRGPXStreamReader::checkElements()
 {
     const auto refuseMoreThan = [this](int limit, const char *reason) {
-        m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", reason).arg(limit));
+        refuse(QCoreApplication::translate("KRGPXStreamReader", reason).arg(limit));
     };
     if (m_points > KRInputLimits::points)
         refuseMoreThan(KRInputLimits::points,
@@ -161,6 +167,13 @@ void KRGPXStreamReader::checkElements()
     else if (m_tracks > KRInputLimits::tracks)
         refuseMoreThan(KRInputLimits::tracks,
                        QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Strecken."));
+}
+
+/// The DOM is not asked then, which would take no more of it.
+void KRGPXStreamReader::refuse(const QString &reason)
+{
+    m_isRefused = true;
+    m_xml.raiseError(reason);
 }
 
 /// Moves to the next child of the current element; false behind the last one, at the end of the current element.
@@ -188,11 +201,12 @@ void KRGPXStreamReader::skipElement()
 }
 
 /// The text of the current element with all that is nested in it, as QDomElement::text() gives it.
-const QString &KRGPXStreamReader::readText()
+const QString &KRGPXStreamReader::readText(qint64 mostCharacters)
 {
     m_text.resize(0);
     int run = 0; // where the text since the last markup begins
     const int depthOfParent = m_depth - 1;
+    const qint64 mostTokens = m_device.tokens() + KRInputLimits::textPieces;
     while (m_depth > depthOfParent && !m_xml.atEnd()) {
         const bool isCharacters = nextToken() == QXmlStreamReader::Characters;
         if (!isCharacters || m_xml.isCDATA())
@@ -201,8 +215,8 @@ const QString &KRGPXStreamReader::readText()
             m_text.append(m_xml.text());
         if (!isCharacters || m_xml.isCDATA())
             run = m_text.size();
-        if (m_text.size() > KRInputLimits::tokenBytes)
-            m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", "Ein Text ist zu lang."));
+        if (m_text.size() > mostCharacters || m_device.tokens() > mostTokens)
+            refuse(QCoreApplication::translate("KRGPXStreamReader", "Ein Text ist zu lang oder zu zerstückelt."));
     }
     return m_text;
 }
@@ -210,7 +224,10 @@ const QString &KRGPXStreamReader::readText()
 /// The same as a text of its own, without the memory that readText() keeps.
 QString KRGPXStreamReader::textToKeep()
 {
-    readText();
+    readText(KRInputLimits::keptCharacters);
+    m_keptCharacters += m_text.size();
+    if (m_keptCharacters > KRInputLimits::allKeptCharacters)
+        refuse(QCoreApplication::translate("KRGPXStreamReader", "Die Namen und Beschreibungen sind zusammen zu lang."));
     if (m_device.hasCarriageReturns() && m_text.contains(QLatin1Char('\n')))
         m_differsFromDom = true;
     return QString(m_text.constData(), m_text.size());
@@ -251,7 +268,7 @@ void KRGPXStreamReader::readTrack(KRGPXTrackImpl *track)
         else if (isAt(KRGPXVocabulary::segmentElement))
             track->addSegment(readSegment());
         else if (isAt(KRGPXVocabulary::shapeElement))
-            track->setShape(KRGPXTrackShape(readText()));
+            track->setShape(KRGPXTrackShape(readText(KRInputLimits::keptCharacters)));
         else if (isAt(KRGPXVocabulary::enclavesElement))
             readEnclaves(track);
         else
@@ -287,9 +304,17 @@ KRGPXTrackSegment KRGPXStreamReader::readSegment()
 
 void KRGPXStreamReader::readCompressedPoints(KRGPXTrackSegment *segment)
 {
+    const QString &text = readText(KRInputLimits::tokenBytes);
+    const int count = KRGPXCommaText::count(text);
+    if (count > KRInputLimits::textPoints) {
+        refuse(QCoreApplication::translate("KRGPXStreamReader", "Ein Text hat mehr als %1 Punkte.")
+                   .arg(KRInputLimits::textPoints));
+        return;
+    }
     const int countBefore = segment->count();
-    segment->appendCompressed(readText());
+    segment->appendCompressed(text);
     m_points += segment->count() - countBefore;
+    m_device.allowForPoints(segment->count() - countBefore);
     checkElements();
 }
 
@@ -297,6 +322,7 @@ void KRGPXStreamReader::readCompressedPoints(KRGPXTrackSegment *segment)
 void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
 {
     ++m_points;
+    m_device.allowForPoints(1);
     const QXmlStreamAttributes attributes = m_xml.attributes();
     const double latitude =
         KRMath::toDouble(attributes.value(KRGPXVocabulary::latitudeAttribute), KRGPXVocabulary::missingCoordinate);
@@ -311,10 +337,10 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
     while (nextChild()) {
         if (!hasElevation && isAt(KRGPXVocabulary::elevationElement)) {
             hasElevation = true;
-            elevation = KRMath::toDouble(readText(), 0.0);
+            elevation = KRMath::toDouble(readText(KRInputLimits::keptCharacters), 0.0);
         } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
             hasTimeStamp = true;
-            timeStamp = toDateTime(readText());
+            timeStamp = toDateTime(readText(KRInputLimits::keptCharacters));
         } else if (!hasDescription && isAt(KRGPXVocabulary::descriptionElement)) {
             hasDescription = true;
             description = textToKeep();
@@ -342,6 +368,7 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
     const char *const endOfRun =
         m_scanner.scan(begin, end, m_runTarget, KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1);
     m_points += m_scanner.points();
+    m_device.allowForPoints(m_scanner.points());
     m_nodes += m_scanner.nodes();
     countLines(begin, endOfRun);
     return endOfRun;

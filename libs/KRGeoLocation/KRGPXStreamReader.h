@@ -62,8 +62,9 @@ private:
     bool isAt(const QString &elementName) const { return m_xml.qualifiedName() == elementName; }
     bool checkTag();
     void checkElements();
+    void refuse(const QString &reason);
     void skipElement();
-    const QString &readText();
+    const QString &readText(qint64 mostCharacters);
     QString textToKeep();
     void dropBlanks(int begin);
 
@@ -92,10 +93,12 @@ private:
     KRGPXUtcTime m_time;
     QString m_text; // of the element read last; kept for its memory
     qint64 m_attributePairs = 0;
+    qint64 m_keptCharacters = 0;
     int m_depth = 0;
     int m_points = 0;
     int m_segments = 0;
     int m_tracks = 0;
     qint64 m_nodes = 0; // as KRXMLGuard counts them
     bool m_differsFromDom = false;
+    bool m_isRefused = false;
 };

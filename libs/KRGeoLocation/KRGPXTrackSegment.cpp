@@ -18,33 +18,14 @@ namespace {
 /// How many points one text holds at most: readers refuse texts above 64 MB, and a point takes up to 60 bytes.
 constexpr int pointsPerText = 1000000;
 
-/// The white space of ASCII alone: a no-break space belongs to the number next to it.
-bool isSeparator(QChar character)
-{
-    const ushort unicode = character.unicode();
-    return unicode == ' ' || (unicode >= '\t' && unicode <= '\r');
-}
-
-int countCommaTexts(const QString &text)
-{
-    int count = 0;
-    bool isBetween = true;
-    for (const QChar character : text) {
-        const bool isBehind = isBetween;
-        isBetween = isSeparator(character);
-        count += isBehind && !isBetween;
-    }
-    return count;
-}
-
 /// Reads comma texts separated by white space and hands over those that are no null points.
 template <typename Taker>
 void forEachCommaText(const QString &text, const Taker &take)
 {
     auto end = text.cbegin();
     while (end != text.cend()) {
-        const auto begin = std::find_if_not(end, text.cend(), isSeparator);
-        end = std::find_if(begin, text.cend(), isSeparator);
+        const auto begin = std::find_if_not(end, text.cend(), KRGPXCommaText::isSeparator);
+        end = std::find_if(begin, text.cend(), KRGPXCommaText::isSeparator);
         const auto point = KRGPXCommaText::decode(QStringView(text).mid(begin - text.cbegin(), end - begin));
         if (point.latitude != 0.0 || point.longitude != 0.0)
             take(point);
@@ -220,7 +201,7 @@ void KRGPXTrackSegment::append(double latitude, double longitude, int elevation,
 void KRGPXTrackSegment::appendCompressed(const QString &text)
 {
     KRGPXTrackPointColumns *const columns = d.data();
-    const int added = countCommaTexts(text);
+    const int added = KRGPXCommaText::count(text);
     // A long text alone may fill the memory: no room is left over then. Short ones let the columns grow by themselves.
     if (added > columns->count())
         columns->reserve(columns->count() + added);

@@ -94,6 +94,7 @@ void tst_KRXMLLoader::refusesWithReason()
         {"one flat entity again and again", flatEntity, QStringLiteral("Entitäten")},
         {"more nodes than allowed", QByteArray("<r>" + QByteArray("<a/>").repeated(KRInputLimits::nodes) + "</r>"),
          QStringLiteral("Knoten")},
+        {"tag without end", "<r " + QByteArray(9 << 20, ' '), QStringLiteral("Element")},
         {"words", "<r>" + QByteArray("1,1 ").repeated(KRInputLimits::words + 1) + "</r>", QStringLiteral("Wörter")},
         {"encoding without end", "<?xml version=\"1.0\" encoding=\"" + QByteArray(5000, 'a') + "\"?><r/>",
          QStringLiteral("Deklaration")},

@@ -279,7 +279,7 @@ void tst_KRGpxImport::brokenGivesNothing_data()
         << gpx(good + track("U", position("trkpt", "1", "2") + position("trkpt", "1", "2", "<ele>1</time>")));
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("more points than a host can hold")
-        << gpx("<rte>" + QByteArray("<rtept lat='1' lon='2'/>").repeated(KRInputLimits::wayPoints + 1) + "</rte>");
+        << gpx("<rte>" + QByteArray("<rtept lat='1' lon='2'/>").repeated(KRInputLimits::routePoints + 1) + "</rte>");
 }
 
 void tst_KRGpxImport::brokenGivesNothing()
