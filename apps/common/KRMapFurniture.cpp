@@ -1,5 +1,7 @@
 #include "KRMapFurniture.h"
 
+#include "KRMapGround.h"
+
 #include <KRCore/KRMath.h>
 #include <KRGeoLocation/KRCopyrightRenderer.h>
 #include <KRGeoLocation/KRMapProjection.h>
@@ -23,7 +25,6 @@ constexpr double creditLetters = 22.0;
 constexpr double smallestCreditLetters = 11.0; // whatever the factor is, unless the picture is tiny
 constexpr double creditMargin = 10.0;
 constexpr double creditPadding = 10.0; // to the left and to the right, a quarter of it above and below
-constexpr double creditDistance = 6.0;
 /// Of the picture; the rest is for the scale bar.
 constexpr double creditShare = 0.44;
 constexpr double shortestBar = 40.0;
@@ -78,6 +79,14 @@ void KRMapFurniture::paintScaleBar(QPainter *painter, const QSize &size, const K
     scaleRenderer(size, projection, fitting).paintScale(painter, QRect(QPoint(), size), fitting);
 }
 
+void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const KRMapGround &ground, double factor)
+{
+    if (ground.isBaseMap())
+        paintAttribution(painter, size, factor);
+    else
+        paintCredit(painter, size, ground.credit(), factor);
+}
+
 void KRMapFurniture::paintAttribution(QPainter *painter, const QSize &size, double factor)
 {
     KRCopyrightRenderer().paintCopyRight(painter, QRect(QPoint(), size), fittingFactor(size, factor));
@@ -87,6 +96,11 @@ QRectF KRMapFurniture::scaleBarBox(const QSize &size, const KRMapProjection &pro
 {
     const double fitting = fittingFactor(size, factor);
     return scaleRenderer(size, projection, fitting).scaleBox(QRect(QPoint(), size), fitting);
+}
+
+QRectF KRMapFurniture::creditBox(const QSize &size, const KRMapGround &ground, double factor)
+{
+    return ground.isBaseMap() ? attributionBox(size, factor) : creditBox(size, ground.credit(), factor);
 }
 
 QRectF KRMapFurniture::attributionBox(const QSize &size, double factor)
@@ -104,7 +118,7 @@ QRectF KRMapFurniture::creditBox(const QSize &size, const QString &text, double 
     if (text.isEmpty() || letters.isEmpty())
         return QRectF();
     QRectF box = letters.adjusted(-padding, -padding / 4.0, padding, padding / 4.0);
-    box.moveBottomRight(QPointF(size.width() - margin, attributionBox(size, factor).top() - creditDistance * fitting));
+    box.moveBottomRight(QPointF(size.width() - margin, size.height() - margin));
     return box;
 }
 

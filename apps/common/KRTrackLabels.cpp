@@ -2,7 +2,6 @@
 
 #include "KRLabelRoom.h"
 #include "KRMapCells.h"
-#include "KRMapFurniture.h"
 #include "KRMapTrackRenderer.h"
 #include "KRTrackInView.h"
 
@@ -85,12 +84,6 @@ bool addBeside(const NamedTrack &track, const KRMapCells *cells, double factor, 
 
 } // namespace
 
-void KRTrackLabels::paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
-                          const QSize &size, double factor)
-{
-    arranged(selection, projection, size, factor, QVector<QRectF>()).paint(&painter);
-}
-
 KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, const KRMapProjection &projection,
                                         const QSize &size, double factor, const QVector<QRectF> &keptFree)
 {
@@ -108,8 +101,6 @@ KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, co
     }
 
     KRMapLabelBoard board(QRectF(QPointF(), size), labelMargin * factor);
-    board.keepFree(KRMapFurniture::scaleBarBox(size, projection, factor));
-    board.keepFree(KRMapFurniture::attributionBox(size, factor));
     for (const QRectF &box : keptFree)
         board.keepFree(box);
     for (const NamedTrack &track : std::as_const(named)) {

@@ -213,8 +213,12 @@ void KRMapDrawingThread::paintNames(QPainter *painter, const Task &task)
     const QSize size = task.window.deviceSize();
     const double factor = task.window.devicePixelRatio();
 
-    QVector<QRectF> taken{KRMapFurniture::scaleBarBox(size, projection, furnitureFactor * factor),
-                          KRMapFurniture::attributionBox(size, furnitureFactor * factor)};
+    QVector<QRectF> taken{KRMapFurniture::scaleBarBox(size, projection, furnitureFactor * factor)};
+    {
+        const QMutexLocker locker(&m_groundMutex);
+        if (m_ground != nullptr)
+            taken << KRMapFurniture::creditBox(size, *m_ground, furnitureFactor * factor);
+    }
     if (task.hasLegend)
         taken << KRMapLegend::box(task.selection, projection, size, factor);
     KRMapLabelBoard labels(QRectF(), 0.0);

@@ -324,10 +324,8 @@ void KRMapView::paintFurniture(QPainter *painter) const
     painter->save();
     painter->scale(1.0 / m_viewport.devicePixelRatio(), 1.0 / m_viewport.devicePixelRatio());
     KRMapFurniture::paintScaleBar(painter, size, m_viewport.projection(), factor);
-    if (m_ground != nullptr) {
-        KRMapFurniture::paintAttribution(painter, size, factor);
-        KRMapFurniture::paintCredit(painter, size, m_ground->credit(), factor);
-    }
+    if (m_ground != nullptr)
+        KRMapFurniture::paintCredit(painter, size, *m_ground, factor);
     painter->drawImage(m_legendCorner, m_legend);
     painter->restore();
 }

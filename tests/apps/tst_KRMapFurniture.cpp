@@ -18,8 +18,8 @@ private slots:
     void barIsRightAlongTheMiddle_data();
     void barIsRightAlongTheMiddle();
     void smallPicturesGetSmallFurniture();
-    void creditStandsAboveTheAttribution_data();
-    void creditStandsAboveTheAttribution();
+    void creditStandsInPlaceOfTheAttribution_data();
+    void creditStandsInPlaceOfTheAttribution();
 };
 
 void tst_KRMapFurniture::barIsRightAlongTheMiddle_data()
@@ -74,7 +74,7 @@ void tst_KRMapFurniture::smallPicturesGetSmallFurniture()
         QCOMPARE(small.pixel(90, y), QColor(Qt::red).rgba());
 }
 
-void tst_KRMapFurniture::creditStandsAboveTheAttribution_data()
+void tst_KRMapFurniture::creditStandsInPlaceOfTheAttribution_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QString>("text");
@@ -89,7 +89,7 @@ void tst_KRMapFurniture::creditStandsAboveTheAttribution_data()
     QTest::newRow("several lines") << QSize(1600, 1200) << lengthy << 1.0 << 3;
 }
 
-void tst_KRMapFurniture::creditStandsAboveTheAttribution()
+void tst_KRMapFurniture::creditStandsInPlaceOfTheAttribution()
 {
     QFETCH(QSize, size);
     QFETCH(QString, text);
@@ -105,20 +105,20 @@ void tst_KRMapFurniture::creditStandsAboveTheAttribution()
     KRMapFurniture::paintCredit(&painter, size, text, factor);
     painter.end();
 
-    const QRect below = KRTestPicture::boundsOfPainted(attribution);
-    const QRect above = KRTestPicture::boundsOfPainted(credit);
-    QVERIFY(above.bottom() < below.top() && below.top() - above.bottom() < below.height());
-    QVERIFY(qAbs(above.right() - below.right()) <= 2);
+    const QRect place = KRTestPicture::boundsOfPainted(attribution);
+    const QRect box = KRTestPicture::boundsOfPainted(credit);
+    QVERIFY(qAbs(box.bottom() - place.bottom()) <= 2);
+    QVERIFY(qAbs(box.right() - place.right()) <= 2);
     // Readable, on so many lines, and beside the scale bar wherever that stands.
-    QVERIFY(above.height() >= 12 * lines && above.height() < 40.0 * factor * (lines + 0.5));
+    QVERIFY(box.height() >= 12 * lines && box.height() < 40.0 * factor * (lines + 0.5));
     for (double width = 0.01; width < 100.0; width *= 1.7) {
         const KRGeoPositionRect area(KRLatitudeRange(50.0, 50.001), KRLongitudeRange(0.0, width));
         const KRMapProjection projection(area, size);
-        QVERIFY(!KRMapFurniture::scaleBarBox(size, projection, factor).intersects(above));
+        QVERIFY(!KRMapFurniture::scaleBarBox(size, projection, factor).intersects(box));
     }
     // The letters are whole within their box.
     const QRect letters = KRTestPicture::boundsOfDark(credit);
-    QVERIFY(above.adjusted(1, 1, -1, -1).contains(letters));
+    QVERIFY(box.adjusted(1, 1, -1, -1).contains(letters));
 }
 
 static const KRTestRegistration<tst_KRMapFurniture> registration;

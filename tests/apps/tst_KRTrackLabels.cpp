@@ -1,4 +1,3 @@
-#include "KRMapFurniture.h"
 #include "KRMapTrackRenderer.h"
 #include "KRNamedTrack.h"
 #include "KRTestPicture.h"
@@ -79,12 +78,11 @@ void tst_KRTrackLabels::namesKeepApart()
                                       QStringLiteral("Weg %1").arg(i)));
     }
     const KRMapProjection projection(fijiArea, size);
-    const QRectF kept(600.0, 0.0, 200.0, 300.0);
-    const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, {kept}).labels();
+    const QVector<QRectF> keptFree{{600.0, 0.0, 200.0, 300.0}, {0.0, 500.0, 300.0, 100.0}};
+    const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, keptFree).labels();
     QVERIFY(labels.size() > 40);
     QCOMPARE(labels.first().text(), QStringLiteral("Weg 0"));
-    QVector<QRectF> taken{kept, KRMapFurniture::scaleBarBox(size, projection, 1.0),
-                          KRMapFurniture::attributionBox(size, 1.0)};
+    QVector<QRectF> taken = keptFree;
     for (const KRMapLabel &label : labels) {
         QVERIFY(QRectF(QPointF(), size).contains(label.box()));
         for (const QRectF &box : std::as_const(taken))

@@ -744,7 +744,7 @@ void tst_krrender::tilesAsMap()
     const QColor ground = KRTestTiles::color(KRTestTiles::keyAt(3, 53.15, 8.2));
     QVERIFY(countOf(picture, ground) > 800 * 600 / 2);
 
-    // Its box stands above that of the library, whatever it says.
+    // Its box stands alone, whatever it says: nothing of the library's map is seen.
     const QImage bare = draw(QStringLiteral("b.png"), {QStringLiteral("--no-attribution")});
     const QImage other =
         draw(QStringLiteral("c.png"), {QStringLiteral("--tiles-credit"), QStringLiteral("Andere Leute")});
@@ -753,7 +753,7 @@ void tst_krrender::tilesAsMap()
         int height = 0;
         for (int y = 0; y < 600; ++y)
             height += credited.copy(0, y, 800, 1) != bare.copy(0, y, 800, 1);
-        QVERIFY2(height > 62 && height < 85, qPrintable(QString::number(height)));
+        QVERIFY2(height > 20 && height < 45, qPrintable(QString::number(height)));
     }
 }
 
