@@ -20,7 +20,7 @@ namespace {
 constexpr int fewElements = 300;
 constexpr double shortLengthPx = 5000.0;
 
-// Areas of fewer corners are filled as a whole. Measured.
+// Areas of fewer corners are filled as a whole, where the rasteriser of our own cannot do it. Measured.
 constexpr int fewCorners = 10000;
 
 // Parts of areas are divided until they are this small, or hold this little. Measured.
@@ -157,7 +157,7 @@ bool paintOutline(const QPainterPath &outline, const QTransform &transform, cons
     const double far = KRGPXPathRaster::farthestPx;
     if (!QRectF(-far, -far, 2.0 * far, 2.0 * far).contains(bounds))
         return false;
-    KRGPXPathRaster raster(image->size());
+    KRGPXPathRaster raster(image->size(), outline.fillRule());
     raster.add(outline, transform);
     // Intended: the pixels that the painter paints on, without a detaching or a copy.
     raster.paint(const_cast<uchar *>(image->constBits()), image->bytesPerLine(),
@@ -170,6 +170,13 @@ QPainterPath linesInSight(const QPainterPath &path, const QTransform &transform,
     QPainterPath lines;
     KRGPXPathTiles(path, transform, reach, size, std::max(size.width(), size.height())).appendLines(0, &lines);
     return lines;
+}
+
+// The painter calculates lines across more than that with other roundings.
+bool isNear(const QRectF &bounds)
+{
+    constexpr double far = 32767.0;
+    return bounds.width() <= far && bounds.height() <= far && QRectF(-far, -far, 2.0 * far, 2.0 * far).contains(bounds);
 }
 
 /// Half of a length, in whole small parts.
@@ -244,10 +251,18 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
 void KRGPXPathPainter::fillPath(QPainter *painter, const QPainterPath &path, const QBrush &brush)
 {
     const QImage *const image = imageOf(painter);
-    if (!image || brush.style() != Qt::SolidPattern || path.elementCount() < fewCorners) {
+    if (!image || brush.style() != Qt::SolidPattern) {
+        painter->fillPath(path, brush);
+        return;
+    }
+    const QTransform transform = painter->deviceTransform();
+    if (isForRaster(painter, image) && isNear(transform.mapRect(path.controlPointRect()))
+        && paintOutline(path, transform, brush.color(), image))
+        return;
+    if (path.elementCount() < fewCorners) {
         painter->fillPath(path, brush);
         return;
     }
     PiecePainter pieces(painter, image);
-    fillPart(&pieces, image->rect(), KRGPXPathExcerpt(path, painter->deviceTransform()), brush);
+    fillPart(&pieces, image->rect(), KRGPXPathExcerpt(path, transform), brush);
 }

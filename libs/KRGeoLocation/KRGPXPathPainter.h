@@ -9,13 +9,13 @@ class QPainterPath;
 /**
  * Paints long paths fast, with the same pixels as QPainter.
  *
- * The time that QPainter's antialiasing takes grows with the square of what a row of pixels holds. So the outlines of
- * lines go through a rasteriser of our own into the usual formats of images. Where that one cannot do it, an image is
+ * The time that QPainter's antialiasing takes grows with the square of what a row of pixels holds. So lines and areas
+ * go through a rasteriser of our own into the usual formats of images. Where that one cannot do it, an image is
  * painted part by part, each time with nothing but what decides about the pixels there: lines in tiles, areas in
  * halves of halves. All other devices, which keep paths as they are, get the whole path, and so do images where that
  * is faster or where the ways could be told apart.
  *
- * Only of paths that leave the range of +-32767 pixels QPainter itself makes a copy cut to that range, whose rounded
+ * Only of lines that leave the range of +-32767 pixels QPainter itself makes a copy cut to that range, whose rounded
  * corners differ here and there by one level of a colour. Everything happens on the calling thread.
  */
 namespace KRGPXPathPainter {

@@ -124,15 +124,20 @@ void paintPixels(QRgb *begin, QRgb *end, unsigned coverage, QRgb color)
 }
 
 // Of 255.
-unsigned coverageOf(std::uint32_t area)
+unsigned coverageOf(std::uint32_t area, Qt::FillRule fillRule)
 {
-    const int part = std::abs(int(area) >> (subpixelBits + 1));
+    int part = std::abs(int(area) >> (subpixelBits + 1));
+    if (fillRule == Qt::OddEvenFill) {
+        part %= 2 * subpixels;
+        part = std::min(part, 2 * subpixels - part);
+    }
     return unsigned(std::min(part, 255));
 }
 
 } // namespace
 
 struct KRGPXPathRaster::Band {
+    Qt::FillRule fillRule;
     int firstRow;
     int endRow;
     int width;
@@ -231,6 +236,7 @@ void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
         return Edge{{edge.from.x - left, edge.from.y}, {edge.to.x - left, edge.to.y}};
     };
     Band band;
+    band.fillRule = m_fillRule;
     band.width = lastColumn - firstColumn + 1;
     band.cells.assign(std::size_t(bandRows) * std::size_t(band.width + 1), {0, 0});
     band.first.assign(bandRows, std::numeric_limits<int>::max());
@@ -332,18 +338,18 @@ void KRGPXPathRaster::paintRow(Band *band, int row, QRgb *pixels, QRgb color)
     std::uint32_t height = 0;
     for (int i = first; i <= last;) {
         height += cells[i].height;
-        const unsigned coverage = coverageOf(height * (2 * subpixels) - cells[i].area);
+        const unsigned coverage = coverageOf(height * (2 * subpixels) - cells[i].area, band->fillRule);
         if (i > 0 && coverage > 0)
             paintPixels(pixels + i - 1, pixels + i, coverage, color);
         cells[i] = {0, 0};
         const int untouched = ++i;
         while (i <= last && cells[i].height == 0 && cells[i].area == 0)
             ++i;
-        const unsigned full = coverageOf(height * (2 * subpixels));
+        const unsigned full = coverageOf(height * (2 * subpixels), band->fillRule);
         if (full > 0 && i > untouched)
             paintPixels(pixels + untouched - 1, pixels + i - 1, full, color);
     }
-    const unsigned coverage = coverageOf(height * (2 * subpixels));
+    const unsigned coverage = coverageOf(height * (2 * subpixels), band->fillRule);
     if (coverage > 0 && last < band->width)
         paintPixels(pixels + last, pixels + band->width, coverage, color);
     first = std::numeric_limits<int>::max();

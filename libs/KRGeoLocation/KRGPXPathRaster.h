@@ -24,13 +24,13 @@ class KRGPXPathRaster
 {
 public:
     /// @param size of the image in pixels
-    explicit KRGPXPathRaster(const QSize &size) : m_size(size) { }
+    KRGPXPathRaster(const QSize &size, Qt::FillRule fillRule) : m_size(size), m_fillRule(fillRule) { }
 
     /// Whether coordinates up to here can be kept.
     static constexpr double farthestPx = 1e6;
 
     /**
-     * Adds a path to the area that is painted; where it overlaps itself, the winding rule holds.
+     * Adds a path to the area that is painted.
      *
      * @param transform from the path to pixels; moves and scales only
      */
@@ -68,6 +68,7 @@ private:
     static void paintRow(Band *band, int row, QRgb *pixels, QRgb color);
 
     QSize m_size;
+    Qt::FillRule m_fillRule;
     std::vector<Edge> m_edges;
     // how far the outline reaches in the rows of the image, in 1/256 pixels
     int m_left = std::numeric_limits<int>::max();
