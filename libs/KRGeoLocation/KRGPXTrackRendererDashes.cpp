@@ -97,12 +97,14 @@ void KRGPXTrackRendererDashes::drawPath(QPainter *painter, const QPainterPath &p
     const bool isCut = isDashed && !isRecorded && path.length() > period * mostPeriods;
     const QPainterPath dashed = isCut ? cutTo(wideView(painter), path, period) : path;
     const bool isTooFine = isDashed && (period < finestPeriodPx || (isCut && dashed.length() > period * mostDashes));
-    painter->save();
-    if (isTooFine) {
-        QPen solidPen = painter->pen();
-        solidPen.setStyle(Qt::SolidLine);
-        painter->setPen(solidPen);
+    if (!isTooFine) {
+        KRGPXPathPainter::drawPath(painter, dashed);
+        return;
     }
-    KRGPXPathPainter::drawPath(painter, isTooFine ? path : dashed);
+    QPen solidPen = painter->pen();
+    solidPen.setStyle(Qt::SolidLine);
+    painter->save();
+    painter->setPen(solidPen);
+    KRGPXPathPainter::drawPath(painter, path);
     painter->restore();
 }
