@@ -53,6 +53,7 @@ void tst_KRFileHandler::readsLines()
         QCOMPARE(KRFileHandler::readTextFile(written(content), &history), expected);
         QVERIFY(history.isEmpty());
     });
+    QVERIFY(!KRFileHandler::readAll(written(QByteArray()), nullptr, 100).isNull()); // null tells a failure
 }
 
 void tst_KRFileHandler::refusesText()

@@ -58,8 +58,9 @@ void tst_KRGPXPointScanner::readsWhatItTakesAsTheDom()
     for (const char *const body : {"<ele>1</ele><ele>2</ele>", "<ele/>", "<desc>a</desc>", "<a>", "<!-- -->",
                                    "<a:b:c/>", "<a><b></a></b>", "<a>&amp;</a>", "<a>]]></a>"})
         texts.append(start + body + "</trkpt>");
-    for (const char *const time : {"2024-05-01T24:00:00Z", "2024-05-01T12:60:00Z", "2024-05-01T12:00:60Z",
-                                   "0000-05-01T12:00:00Z", "2023-02-29T12:00:00Z", "2024-05-01T12:00:00.2Z"})
+    for (const char *const time :
+         {"2024-05-01T24:00:00Z", "2024-05-01T24:30:00Z", "2024-05-01T12:60:00Z", "2024-05-01T12:00:60Z",
+          "0000-05-01T12:00:00Z", "2023-02-29T12:00:00Z", "2024-05-01T12:00:00.2Z"})
         texts.append(start + "<time>" + time + "</time></trkpt>");
     for (int place = 0; place < plain.size(); ++place)
         for (const char byte : QByteArray("x<>&/.,-+91:;=! \"'\n\x01\xE4"))

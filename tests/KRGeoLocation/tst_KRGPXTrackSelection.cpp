@@ -174,9 +174,9 @@ void tst_KRGPXTrackSelection::firstLooksAtTheFirstTrackAndLastSearches()
     const KRGPXConfiguredTrack empty = line(QStringLiteral("empty"), QString());
     KRGPXTrackSelection selection;
     QVERIFY(!selection.firstPoint().isValid() && !selection.lastPoint().isValid());
-    selection.addTracks({empty, line(QStringLiteral("a")), empty});
+    selection.addTracks({empty, line(QStringLiteral("a")), line(QStringLiteral("b"), QStringLiteral("9,55")), empty});
     QVERIFY(!selection.firstPoint().isValid());
-    QCOMPARE(selection.lastPoint(), KRGeoPosition(54.0, 9.0));
+    QCOMPARE(selection.lastPoint(), KRGeoPosition(55.0, 9.0));
     selection.removeAt(0);
     QCOMPARE(selection.firstPoint(), KRGeoPosition(53.0, 8.0));
 }
