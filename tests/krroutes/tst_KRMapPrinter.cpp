@@ -113,7 +113,7 @@ void tst_KRMapPrinter::previewTurnsThePage()
         auto *const dialog = qobject_cast<QPrintPreviewDialog *>(window);
         QVERIFY(dialog);
         auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
-        isTurned = preview->orientation() == QPrinter::Landscape;
+        isTurned = int(preview->orientation()) == int(QPageLayout::Landscape);
         pages = preview->pageCount();
         QTest::keyClick(dialog, Qt::Key_Escape);
     }});
