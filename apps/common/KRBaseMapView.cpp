@@ -37,7 +37,8 @@ KRBaseMapView::KRBaseMapView(const KRMapProjection &projection, const QSizeF &im
     const double latitude = projection.convert(QPoint(0, equator)).latitude().decimalDegrees();
     m_offset.setY(projection.latitudeToNormalized(latitude) * m_worldSize - equator);
 
-    m_visible = QRectF(m_offset / m_worldSize, m_imageSize / m_worldSize);
+    if (isValid())
+        m_visible = QRectF(m_offset / m_worldSize, m_imageSize / m_worldSize);
 }
 
 bool KRBaseMapView::isValid() const
