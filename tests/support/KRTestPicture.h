@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QPainter>
 #include <QRect>
 
 #include <functional>
@@ -30,6 +31,21 @@ inline QRect boundsOfDark(const QImage &image)
 inline QRect boundsOfPainted(const QImage &image)
 {
     return boundsOf(image, [](const QColor &color) { return color != QColor(Qt::white); });
+}
+
+/// Whether @p paint covers a rectangle of that size at (0, 0), wherever that lies, and nothing else.
+inline bool fills(const QSize &size, const std::function<void(QPainter *painter)> &paint)
+{
+    const QColor untouched(Qt::magenta);
+    QImage sheet(size + QSize(150, 100), QImage::Format_RGB32);
+    sheet.fill(untouched);
+    QPainter painter(&sheet);
+    painter.translate(100, 50);
+    paint(&painter);
+    painter.end();
+    const QRect rect(QPoint(100, 50), size);
+    return boundsOf(sheet, [&](const QColor &color) { return color != untouched; }) == rect
+           && boundsOf(sheet.copy(rect), [&](const QColor &color) { return color == untouched; }).isNull();
 }
 
 } // namespace KRTestPicture
