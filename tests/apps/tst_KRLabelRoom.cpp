@@ -1,5 +1,4 @@
 #include "KRLabelRoom.h"
-#include "KRMapLabelBoard.h"
 
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
@@ -13,8 +12,6 @@ class tst_KRLabelRoom : public QObject
 private slots:
     void middleLiesInside();
     void placesLieInside();
-    void noPlaceForLargeBoxes();
-    void boardKeepsLabelsApart();
 
 private:
     /// A wide arm to the left above a narrow one to the right, joined by a foot.
@@ -51,31 +48,11 @@ void tst_KRLabelRoom::placesLieInside()
     }
     for (int i = 1; i < places.size(); ++i)
         QVERIFY(QLineF(wanted, places.at(i - 1)).length() <= QLineF(wanted, places.at(i)).length());
-}
 
-void tst_KRLabelRoom::noPlaceForLargeBoxes()
-{
     QVERIFY(KRLabelRoom(hook()).placesFor(QSizeF(101, 5), QPointF(50, 50)).isEmpty());
     QVERIFY(KRLabelRoom(hook()).placesFor(QSizeF(50, 30), QPointF(50, 50)).isEmpty());
     QVERIFY(KRLabelRoom(hook()).placesFor(QSizeF(5, 1e12), QPointF(50, 50)).isEmpty());
     QVERIFY(KRLabelRoom(QPolygonF()).placesFor(QSizeF(5, 5), QPointF()).isEmpty());
-}
-
-void tst_KRLabelRoom::boardKeepsLabelsApart()
-{
-    KRMapLabelBoard board(QRectF(0, 0, 400, 200), 2.0);
-    KRMapLabel label(QStringLiteral("Bremen"), 12.0, Qt::black);
-    label.moveCenter(QPointF(200, 100));
-    board.keepFree(QRectF(195, 140, 10, 10));
-    QVERIFY(board.tryAdd(label));
-    QVERIFY(!board.tryAdd(label));
-    label.moveCenter(QPointF(200, 145));
-    QVERIFY(!board.tryAdd(label));
-    label.moveCenter(QPointF(200, label.size().height() / 2.0 + 1.0));
-    QVERIFY2(!board.tryAdd(label), "within the margin along the edge");
-    label.moveCenter(QPointF(200, label.size().height() / 2.0 + 3.0));
-    QVERIFY(board.tryAdd(label));
-    QCOMPARE(board.labels().size(), 2);
 }
 
 static const KRTestRegistration<tst_KRLabelRoom> registration;

@@ -1,8 +1,10 @@
 #include "KRMapFurniture.h"
 #include "KRMapLegend.h"
 #include "KRNamedTrack.h"
+#include "KRTestMap.h"
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 #include <KRGeoLocation/KRMapProjection.h>
@@ -15,15 +17,13 @@ class tst_KRMapLegend : public QObject
     Q_OBJECT
 
 private slots:
-    void keepsToItsPlace_data();
     void keepsToItsPlace();
     void showsTheLookOfEachTrack();
 };
 
 namespace {
 
-const KRGeoPositionRect area(KRLatitudeRange(KRLatitude(50.0), KRLatitude(54.0)),
-                             KRLongitudeRange(KRLongitude(6.0), KRLongitude(12.0)));
+const KRGeoPositionRect area = KRTestMap{50.0, 54.0, 6.0, 12.0}.area();
 
 KRGPXTrackSelection tracks(int count, const QString &name)
 {
@@ -44,45 +44,36 @@ QImage painted(const KRGPXTrackSelection &selection, const QSize &size, double f
 
 } // namespace
 
-void tst_KRMapLegend::keepsToItsPlace_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("isThere");
-    const QString brief = QStringLiteral("Weg");
-    const QString lengthy = QStringLiteral("Ein Weg mit einem Namen, der nicht enden will ").repeated(9);
-    QTest::newRow("one track") << QSize(1600, 1200) << 1.0 << 1 << brief << true;
-    QTest::newRow("high density") << QSize(1600, 1200) << 2.0 << 5 << brief << true;
-    QTest::newRow("long names") << QSize(1600, 1200) << 1.0 << 5 << lengthy << true;
-    QTest::newRow("many tracks") << QSize(800, 600) << 1.0 << 1000 << lengthy << true;
-    QTest::newRow("small picture") << QSize(300, 200) << 1.0 << 20 << lengthy << true;
-    QTest::newRow("flat picture") << QSize(1200, 300) << 1.0 << 20 << brief << true;
-    QTest::newRow("no room") << QSize(300, 24) << 1.0 << 3 << brief << false;
-    QTest::newRow("no track") << QSize(800, 600) << 1.0 << 0 << brief << false;
-}
-
 void tst_KRMapLegend::keepsToItsPlace()
 {
-    QFETCH(QSize, size);
-    QFETCH(double, factor);
-    QFETCH(int, count);
-    QFETCH(QString, name);
-    const KRGPXTrackSelection selection = tracks(count, name);
-    const KRMapProjection projection(area, size);
-    const QRect legend = KRTestPicture::boundsOf(painted(selection, size, factor),
-                                                 [](const QColor &color) { return color != QColor(Qt::gray); });
-    QTEST(!legend.isEmpty(), "isThere");
-    const QRectF box = KRMapLegend::box(selection, projection, size, factor);
-    QVERIFY(legend.isEmpty() ? box.isEmpty() : box.adjusted(-2, -2, 2, 2).contains(legend));
-    if (legend.isEmpty())
-        return;
-    QVERIFY(legend.width() < size.width() / 2 && legend.left() > size.width() / 2);
-    QVERIFY(!box.intersects(KRMapFurniture::scaleBarBox(size, projection, factor)));
-    QVERIFY(!box.intersects(KRMapFurniture::attributionBox(size, factor)));
-    const QString credit = QStringLiteral("Kacheln der Stadt");
-    QVERIFY(!box.intersects(KRMapFurniture::creditBox(size, credit, factor)));
+    const QString brief = QStringLiteral("Weg");
+    const QString lengthy = QStringLiteral("Ein Weg mit einem Namen, der nicht enden will ").repeated(9);
+    const KRTestTable<QSize, double, int, QString, bool> table{
+        {"one track", QSize(1600, 1200), 1.0, 1, brief, true},
+        {"high density", QSize(1600, 1200), 2.0, 5, brief, true},
+        {"long names", QSize(1600, 1200), 1.0, 5, lengthy, true},
+        {"many tracks", QSize(800, 600), 1.0, 1000, lengthy, true},
+        {"small picture", QSize(300, 200), 1.0, 20, lengthy, true},
+        {"flat picture", QSize(1200, 300), 1.0, 20, brief, true},
+        {"no room", QSize(300, 24), 1.0, 3, brief, false},
+        {"no track", QSize(800, 600), 1.0, 0, brief, false},
+    };
+    table.forEach([&](const QSize &size, double factor, int count, const QString &name, bool isThere) {
+        const KRGPXTrackSelection selection = tracks(count, name);
+        const KRMapProjection projection(area, size);
+        const QRect legend = KRTestPicture::boundsOf(painted(selection, size, factor),
+                                                     [](const QColor &color) { return color != QColor(Qt::gray); });
+        QCOMPARE(!legend.isEmpty(), isThere);
+        const QRectF box = KRMapLegend::box(selection, projection, size, factor);
+        QVERIFY(legend.isEmpty() ? box.isEmpty() : box.adjusted(-2, -2, 2, 2).contains(legend));
+        if (legend.isEmpty())
+            return;
+        QVERIFY(legend.width() < size.width() / 2 && legend.left() > size.width() / 2);
+        QVERIFY(!box.intersects(KRMapFurniture::scaleBarBox(size, projection, factor)));
+        QVERIFY(!box.intersects(KRMapFurniture::attributionBox(size, factor)));
+        const QString credit = QStringLiteral("Kacheln der Stadt");
+        QVERIFY(!box.intersects(KRMapFurniture::creditBox(size, credit, factor)));
+    });
 }
 
 void tst_KRMapLegend::showsTheLookOfEachTrack()

@@ -1,6 +1,9 @@
 #include "KRTrackEditing.h"
 
+#include "KRSegmentSplitter.h"
+
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -12,11 +15,11 @@ KRGPXTrackSegment segment(const QString &text)
 }
 
 /// Segments are parted by "|". Each point has its own time, elevation and description.
-KRGPXConfiguredTrack spawnTrack(const QString &text, KRGPXTrackShapeEnum configuredShape = AutoTrackShape)
+KRGPXConfiguredTrack spawnTrack(const char *text, KRGPXTrackShapeEnum configuredShape = AutoTrackShape)
 {
     QList<KRGPXTrackSegment> segments;
     int second = 0;
-    for (const QString &part : text.split(QLatin1Char('|'))) {
+    for (const QString &part : QString::fromLatin1(text).split(QLatin1Char('|'))) {
         KRGPXTrackSegment described;
         for (const KRGPXTrackPoint &point : segment(part).trackPoints()) {
             ++second;
@@ -46,6 +49,15 @@ QString describe(const KRGPXConfiguredTrack &track)
     return parts.join(QLatin1Char('|'));
 }
 
+/// The same of all tracks, parted by slashes.
+QString describe(const KRGPXConfiguredTrackList &tracks)
+{
+    QStringList texts;
+    for (const KRGPXConfiguredTrack &track : tracks)
+        texts.append(describe(track));
+    return texts.join(QLatin1String(" / "));
+}
+
 } // namespace
 
 class tst_KRTrackEditing : public QObject
@@ -53,84 +65,105 @@ class tst_KRTrackEditing : public QObject
     Q_OBJECT
 
 private slots:
-    void splits_data();
     void splits();
-    void splitsRing();
+    void splitsSegments();
     void keepsAreaWithEnclaves();
     void reverses();
     void joins();
     void findsNearestPoint();
 };
 
-void tst_KRTrackEditing::splits_data()
-{
-    QTest::addColumn<QString>("points");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("parts");
-    const QString plain = QStringLiteral("1,1 2,1 3,1 4,1");
-    const QString gap = QStringLiteral("1,1 2,1|3,1 4,1 5,1");
-    QTest::newRow("inside: both keep the point") << plain << 2 << QStringLiteral("1 2 3 / 3 4");
-    QTest::newRow("first point") << plain << 0 << QStringLiteral("1 2 3 4");
-    QTest::newRow("last point") << plain << 3 << QStringLiteral("1 2 3 4");
-    QTest::newRow("no such point") << plain << 7 << QStringLiteral("1 2 3 4");
-    QTest::newRow("no point chosen") << plain << -1 << QStringLiteral("1 2 3 4");
-    QTest::newRow("end of a segment: at the gap") << gap << 1 << QStringLiteral("1 2 / 3 4 5");
-    QTest::newRow("start of a segment: at the gap") << gap << 2 << QStringLiteral("1 2 / 3 4 5");
-    QTest::newRow("inside the second segment") << gap << 3 << QStringLiteral("1 2|3 4 / 4 5");
-    QTest::newRow("single points") << QStringLiteral("1,1|2,1|3,1") << 1 << QStringLiteral("1 / 2|3");
-}
-
 void tst_KRTrackEditing::splits()
 {
-    QFETCH(QString, points);
-    QFETCH(int, number);
-    const KRGPXConfiguredTrack track = spawnTrack(points);
-    const KRGPXConfiguredTrackList tracks = KRTrackEditing::split(track, number);
-    QStringList parts;
-    for (const KRGPXConfiguredTrack &part : tracks)
-        parts.append(describe(part));
-    QTEST(parts.join(QStringLiteral(" / ")), "parts");
-    if (tracks.size() == 1) {
-        QVERIFY(tracks.first() == track);
-        return;
-    }
-    QCOMPARE(tracks.at(0).name(), QStringLiteral("Tour (1)"));
-    QCOMPARE(tracks.at(1).name(), QStringLiteral("Tour (2)"));
-    QCOMPARE(tracks.at(1).description(), QStringLiteral("Text"));
-    QCOMPARE(tracks.at(0).lineColor(), QColor(Qt::green));
-    // Joining undoes it, with all that the points hold.
-    QVERIFY(KRTrackEditing::joined(tracks.at(0), tracks.at(1)) == track);
-}
+    const char *const plain = "1,1 2,1 3,1 4,1";
+    const char *const gap = "1,1 2,1|3,1 4,1 5,1";
+    const KRTestTable<const char *, int, const char *> table{
+        {"inside: both keep the point", plain, 2, "1 2 3 / 3 4"},
+        {"first point", plain, 0, "1 2 3 4"},
+        {"last point", plain, 3, "1 2 3 4"},
+        {"no such point", plain, 7, "1 2 3 4"},
+        {"no point chosen", plain, -1, "1 2 3 4"},
+        {"end of a segment: at the gap", gap, 1, "1 2 / 3 4 5"},
+        {"start of a segment: at the gap", gap, 2, "1 2 / 3 4 5"},
+        {"inside the second segment", gap, 3, "1 2|3 4 / 4 5"},
+        {"single points", "1,1|2,1|3,1", 1, "1 / 2|3"},
+    };
+    table.forEach([](const char *points, int number, const char *parts) {
+        const KRGPXConfiguredTrack track = spawnTrack(points);
+        const KRGPXConfiguredTrackList tracks = KRTrackEditing::split(track, number);
+        QCOMPARE(describe(tracks), QLatin1String(parts));
+        if (tracks.size() == 1) {
+            QVERIFY(tracks.first() == track);
+            return;
+        }
+        QCOMPARE(tracks.at(0).name(), QStringLiteral("Tour (1)"));
+        QCOMPARE(tracks.at(1).name(), QStringLiteral("Tour (2)"));
+        QCOMPARE(tracks.at(1).description(), QStringLiteral("Text"));
+        QCOMPARE(tracks.at(0).lineColor(), QColor(Qt::green));
+        // Joining undoes it, with all that the points hold.
+        QVERIFY(KRTrackEditing::joined(tracks.at(0), tracks.at(1)) == track);
+    });
 
-void tst_KRTrackEditing::splitsRing()
-{
-    const QString ring = QStringLiteral("1,1 2,1 2,2 1,1");
-    for (const KRGPXConfiguredTrack &part : KRTrackEditing::split(spawnTrack(ring), 1))
+    // A ring becomes lines.
+    for (const KRGPXConfiguredTrack &part : KRTrackEditing::split(spawnTrack("1,1 2,1 2,2 1,1"), 1))
         QVERIFY(part.effectiveShape() == LineStringTrackShape);
     // What the user has chosen stays.
-    const QString line = QStringLiteral("1,1 2,1 2,2 3,3");
-    for (const KRGPXConfiguredTrack &part : KRTrackEditing::split(spawnTrack(line, PolygonTrackShape), 1))
+    for (const KRGPXConfiguredTrack &part : KRTrackEditing::split(spawnTrack("1,1 2,1 2,2 3,3", PolygonTrackShape), 1))
         QVERIFY(part.effectiveShape() == PolygonTrackShape);
+}
+
+void tst_KRTrackEditing::splitsSegments()
+{
+    const KRTestTable<const char *, const char *> table{
+        {"one is empty", "1,1 2,2||3,3 4,4", "1 2 / 3 4"},
+        {"nothing to split", "1,1 2,2", "1 2"},
+        {"nothing at all", "", ""},
+    };
+    table.forEach([](const char *points, const char *parts) {
+        const KRGPXConfiguredTrack track = spawnTrack(points);
+        const KRGPXConfiguredTrackList tracks = KRSegmentSplitter::split(KRGPXConfiguredTrackList(track));
+        QCOMPARE(describe(tracks), QLatin1String(parts));
+        if (tracks.size() == 1) {
+            QVERIFY(tracks.first() == track);
+            return;
+        }
+        QCOMPARE(tracks.at(0).name(), QStringLiteral("Tour (1)"));
+        QCOMPARE(tracks.at(1).name(), QStringLiteral("Tour (2)"));
+        QVERIFY(tracks.at(1).track().segments().first() == track.track().segments().last());
+        QCOMPARE(tracks.at(1).description(), QStringLiteral("Text"));
+        QCOMPARE(tracks.at(1).lineColor(), QColor(Qt::green));
+    });
+    // Together a line; apart a round trip, a point and a line, unless the user has chosen a shape.
+    const char *const points = "1,1 2,1 2,2 1,1|5,5|6,6 7,7";
+    const KRGPXConfiguredTrackList natural = KRSegmentSplitter::split({spawnTrack(points)});
+    QCOMPARE(natural.size(), 3);
+    QVERIFY(natural.at(0).effectiveShape() == PolygonTrackShape);
+    QVERIFY(natural.at(1).effectiveShape() == PointTrackShape);
+    QVERIFY(natural.at(2).effectiveShape() == LineStringTrackShape);
+    for (const KRGPXConfiguredTrack &track : KRSegmentSplitter::split({spawnTrack(points, PolygonTrackShape)}))
+        QVERIFY(track.effectiveShape() == PolygonTrackShape);
 }
 
 void tst_KRTrackEditing::keepsAreaWithEnclaves()
 {
-    KRGPXConfiguredTrack area = spawnTrack(QStringLiteral("1,1 9,1 9,9 1,1"));
+    KRGPXConfiguredTrack area = spawnTrack("1,1 9,1|9,9 1,1");
     KRGPXTrack outline = area.track();
     outline.addEnclave(
         KRGPXTrack(QString(), QString(), {segment(QStringLiteral("2,2 3,2 3,3 2,2"))}, PolygonTrackShape));
     area.setTrack(outline);
-    QVERIFY(KRTrackEditing::split(area, 2) == KRGPXConfiguredTrackList(area));
+    const KRGPXConfiguredTrackList alone(area);
+    QVERIFY(KRTrackEditing::split(area, 2) == alone);
+    QVERIFY(KRSegmentSplitter::split(alone) == alone);
 
     const KRGPXConfiguredTrack reversed = KRTrackEditing::reversed(area);
-    QCOMPARE(describe(reversed), QStringLiteral("1 9 9 1"));
+    QCOMPARE(describe(reversed), QStringLiteral("1 9|9 1"));
     QVERIFY(reversed.track().enclaves() == outline.enclaves());
     QCOMPARE(KRTrackEditing::joined(area, area).track().enclaves().size(), 2);
 }
 
 void tst_KRTrackEditing::reverses()
 {
-    const KRGPXConfiguredTrack track = spawnTrack(QStringLiteral("1,1 2,1|3,1 4,1 5,1"), PolygonTrackShape);
+    const KRGPXConfiguredTrack track = spawnTrack("1,1 2,1|3,1 4,1 5,1", PolygonTrackShape);
     const KRGPXConfiguredTrack reversed = KRTrackEditing::reversed(track);
     QCOMPARE(describe(reversed), QStringLiteral("5 4 3|2 1"));
     QVERIFY(reversed.track().segments().first().trackPoints().first()
@@ -140,26 +173,25 @@ void tst_KRTrackEditing::reverses()
 
 void tst_KRTrackEditing::joins()
 {
-    const KRGPXConfiguredTrack first = spawnTrack(QStringLiteral("1,1 2,1"));
-    const KRGPXConfiguredTrack second =
-        KRTrackEditing::renamed(spawnTrack(QStringLiteral("3,1 4,1")), QStringLiteral("Rest"));
+    const KRGPXConfiguredTrack first = spawnTrack("1,1 2,1");
+    const KRGPXConfiguredTrack second = KRTrackEditing::renamed(spawnTrack("3,1 4,1"), QStringLiteral("Rest"));
     const KRGPXConfiguredTrack joined = KRTrackEditing::joined(first, second);
     QCOMPARE(describe(joined), QStringLiteral("1 2|3 4"));
     QCOMPARE(joined.name(), QStringLiteral("Tour"));
     QCOMPARE(joined.description(), QStringLiteral("Text"));
     QCOMPARE(joined.lineColor(), QColor(Qt::green));
     // The same place at another time is another point.
-    const KRGPXConfiguredTrack later = spawnTrack(QStringLiteral("2,1 3,1"));
+    const KRGPXConfiguredTrack later = spawnTrack("2,1 3,1");
     QCOMPARE(describe(KRTrackEditing::joined(first, later)), QStringLiteral("1 2|2 3"));
     // There and back again: the line has become a ring.
-    const KRGPXConfiguredTrack back = spawnTrack(QStringLiteral("2,2 1,1"));
+    const KRGPXConfiguredTrack back = spawnTrack("2,2 1,1");
     QVERIFY(KRTrackEditing::joined(first, back).effectiveShape() == PolygonTrackShape);
     QVERIFY(KRTrackEditing::joined(KRGPXConfiguredTrack(), first).track().segments() == first.track().segments());
 }
 
 void tst_KRTrackEditing::findsNearestPoint()
 {
-    const KRGPXConfiguredTrack track = spawnTrack(QStringLiteral("170,1 175,1|179,1 -179,1"));
+    const KRGPXConfiguredTrack track = spawnTrack("170,1 175,1|179,1 -179,1");
     QCOMPARE(KRTrackEditing::nearestPoint(track, KRGeoPosition(1.0, 180.0)), 2);
     QCOMPARE(KRTrackEditing::nearestPoint(track, KRGeoPosition(1.0, -179.4)), 3);
     QCOMPARE(KRTrackEditing::nearestPoint(track, KRGeoPosition()), -1);

@@ -1,13 +1,14 @@
 #include "KRMapTrackRenderer.h"
 #include "KRNamedTrack.h"
+#include "KRTestMap.h"
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTrackLabels.h"
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 #include <KRGeoLocation/KRMapProjection.h>
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 class tst_KRTrackLabels : public QObject
@@ -15,7 +16,6 @@ class tst_KRTrackLabels : public QObject
     Q_OBJECT
 
 private slots:
-    void namesStandByTheirTracks_data();
     void namesStandByTheirTracks();
     void namesKeepApart();
     void namesKeepOffLines();
@@ -23,47 +23,41 @@ private slots:
 
 namespace {
 
-const KRGeoPositionRect fijiArea(KRLatitudeRange(KRLatitude(-21.0), KRLatitude(-9.0)),
-                                 KRLongitudeRange(KRLongitude(170.0), KRLongitude(-175.0)));
+const KRGeoPositionRect fijiArea = KRTestMap{-21.0, -9.0, 170.0, -175.0}.area();
 const QSize size(800, 600);
 
 } // namespace
 
-void tst_KRTrackLabels::namesStandByTheirTracks_data()
-{
-    QTest::addColumn<KRGPXConfiguredTrack>("track");
-    QTest::addColumn<QRectF>("within"); // parts of the picture; empty where there is to be no name
-    const auto row = [](const char *text, const KRGeoPositionList &positions, KRGPXTrackShapeEnum shape,
-                        const QRectF &within, const QString &name = QStringLiteral("Fähre")) {
-        QTest::newRow(text) << namedTrack(positions, KRGPXTrackShape(shape), Qt::red, name) << within;
-    };
-    const KRGeoPositionList line{{-15.0, 171.0}, {-15.0, 175.0}};
-    row("line", line, LineStringTrackShape, {0.0, 0.3, 0.5, 0.4});
-    row("across the date line", {{-15.0, 178.0}, {-15.0, -178.0}}, LineStringTrackShape, {0.4, 0.3, 0.4, 0.4});
-    row("marker across the date line", {{-10.0, -177.0}}, PointTrackShape, {0.7, 0.0, 0.3, 0.3});
-    row("middle of an area", {{-10.0, 171.0}, {-10.0, 177.0}, {-14.0, 177.0}, {-14.0, 171.0}}, PolygonTrackShape,
-        {0.15, 0.1, 0.25, 0.3});
-    row("part in view", {{-15.0, 100.0}, {-15.0, 173.0}}, LineStringTrackShape, {0.0, 0.3, 0.3, 0.4});
-    row("out of view", {{15.0, 100.0}, {15.0, 110.0}}, LineStringTrackShape, {});
-    row("no position", {{720.0, 720.0}}, PointTrackShape, {});
-    row("no name", line, LineStringTrackShape, {}, QString());
-    row("name to be cut", line, LineStringTrackShape, {0.0, 0.3, 0.7, 0.4}, QStringLiteral("W").repeated(500));
-}
-
 void tst_KRTrackLabels::namesStandByTheirTracks()
 {
-    QFETCH(KRGPXConfiguredTrack, track);
-    QFETCH(QRectF, within);
-    KRGPXTrackSelection selection;
-    selection.addTrack(track);
-    const QVector<KRMapLabel> labels =
-        KRTrackLabels::arranged(selection, KRMapProjection(fijiArea, size), size, 1.0, {}).labels();
-    QCOMPARE(labels.size(), within.isEmpty() ? 0 : 1);
-    if (labels.isEmpty())
-        return;
-    const QRectF place(within.x() * size.width(), within.y() * size.height(), within.width() * size.width(),
-                       within.height() * size.height());
-    QVERIFY(place.contains(labels.first().box()));
+    const QString ferry = QStringLiteral("Fähre");
+    const KRGeoPositionList line{{-15.0, 171.0}, {-15.0, 175.0}};
+    const KRGeoPositionList area{{-10.0, 171.0}, {-10.0, 177.0}, {-14.0, 177.0}, {-14.0, 171.0}};
+    // the parts of the picture in which the name stands; empty where there is to be none
+    const KRTestTable<KRGeoPositionList, KRGPXTrackShapeEnum, QString, QRectF> table{
+        {"line", line, LineStringTrackShape, ferry, {0.0, 0.3, 0.5, 0.4}},
+        {"across the date line", {{-15.0, 178.0}, {-15.0, -178.0}}, LineStringTrackShape, ferry, {0.4, 0.3, 0.4, 0.4}},
+        {"marker across the date line", {{-10.0, -177.0}}, PointTrackShape, ferry, {0.7, 0.0, 0.3, 0.3}},
+        {"middle of an area", area, PolygonTrackShape, ferry, {0.15, 0.1, 0.25, 0.3}},
+        {"part in view", {{-15.0, 100.0}, {-15.0, 173.0}}, LineStringTrackShape, ferry, {0.0, 0.3, 0.3, 0.4}},
+        {"out of view", {{15.0, 100.0}, {15.0, 110.0}}, LineStringTrackShape, ferry, {}},
+        {"no position", {{720.0, 720.0}}, PointTrackShape, ferry, {}},
+        {"no name", line, LineStringTrackShape, QString(), {}},
+        {"name to be cut", line, LineStringTrackShape, QStringLiteral("W").repeated(500), {0.0, 0.3, 0.7, 0.4}},
+    };
+    table.forEach(
+        [](const KRGeoPositionList &positions, KRGPXTrackShapeEnum shape, const QString &name, const QRectF &within) {
+            KRGPXTrackSelection selection;
+            selection.addTrack(namedTrack(positions, KRGPXTrackShape(shape), Qt::red, name));
+            const QVector<KRMapLabel> labels =
+                KRTrackLabels::arranged(selection, KRMapProjection(fijiArea, size), size, 1.0, {}).labels();
+            QCOMPARE(labels.size(), within.isEmpty() ? 0 : 1);
+            if (labels.isEmpty())
+                return;
+            const QRectF place(within.x() * size.width(), within.y() * size.height(), within.width() * size.width(),
+                               within.height() * size.height());
+            QVERIFY(place.contains(labels.first().box()));
+        });
 }
 
 void tst_KRTrackLabels::namesKeepApart()

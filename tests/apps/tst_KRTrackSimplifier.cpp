@@ -1,6 +1,7 @@
 #include "KRTrackSimplifier.h"
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRGeoLocation/KRGPXBeelineCreator.h>
 #include <KRGeoLocation/KRGPXTrackPoint.h>
@@ -9,6 +10,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -60,66 +62,57 @@ class tst_KRTrackSimplifier : public QObject
     Q_OBJECT
 
 private slots:
-    void leavesOut_data();
     void leavesOut();
-    void metresAnywhere_data();
     void metresAnywhere();
     void staysWithinTolerance();
     void keepsRings();
     void keepsFlightLine();
     void keepsSegmentsAndOddPoints();
-    void manyPoints_data();
     void manyPoints();
 };
 
-void tst_KRTrackSimplifier::leavesOut_data()
-{
-    QTest::addColumn<double>("tolerance");
-    QTest::addColumn<QString>("left");
-    QTest::newRow("none: only what lies on the line") << 0.0 << QStringLiteral("0 2 3 4 7");
-    QTest::newRow("negative is none") << -5.0 << QStringLiteral("0 2 3 4 7");
-    QTest::newRow("below the bump") << 9.0 << QStringLiteral("0 3 4 7");
-    QTest::newRow("above the bump") << 11.0 << QStringLiteral("0 4 7");
-    QTest::newRow("above everything") << 1e9 << QStringLiteral("0 7");
-}
-
 void tst_KRTrackSimplifier::leavesOut()
 {
-    QFETCH(double, tolerance);
-    // Along a line with a bump of 10 metres, then round a corner.
-    const KRGPXConfiguredTrack track =
-        spawnTrack({{0, 0}, {50, 0}, {100, 0}, {150, 10}, {1000, 0}, {1000, 10.5}, {1000, 500}, {1000, 1000}});
-    const KRTrackSimplifier simplifier(track);
-    const KRGPXConfiguredTrack simplified = simplifier.simplified(tolerance);
-    QTEST(numbersLeft(simplified), "left");
-    QCOMPARE(simplifier.countPoints(tolerance), simplified.track().countPoints());
-    QCOMPARE(simplifier.countAllPoints(), 8);
-    QVERIFY(simplified.configuration() == track.configuration());
-    // Points are left as they were.
-    QVERIFY(simplified.track().segments().first().trackPoints().last()
-            == track.track().segments().first().trackPoints().last());
-}
-
-void tst_KRTrackSimplifier::metresAnywhere_data()
-{
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<double>("latitude");
-    QTest::newRow("equator") << 8.0 << 0.5;
-    QTest::newRow("north") << 8.0 << 80.0;
-    QTest::newRow("south") << -70.0 << -55.0;
-    QTest::newRow("date line") << 179.9995 << 53.0;
+    const KRTestTable<double, const char *> table{
+        {"none: only what lies on the line", 0.0, "0 2 3 4 7"},
+        {"negative is none", -5.0, "0 2 3 4 7"},
+        {"below the bump", 9.0, "0 3 4 7"},
+        {"above the bump", 11.0, "0 4 7"},
+        {"above everything", 1e9, "0 7"},
+    };
+    table.forEach([&](double tolerance, const char *left) {
+        // Along a line with a bump of 10 metres, then round a corner.
+        const KRGPXConfiguredTrack track =
+            spawnTrack({{0, 0}, {50, 0}, {100, 0}, {150, 10}, {1000, 0}, {1000, 10.5}, {1000, 500}, {1000, 1000}});
+        const KRTrackSimplifier simplifier(track);
+        const KRGPXConfiguredTrack simplified = simplifier.simplified(tolerance);
+        QCOMPARE(numbersLeft(simplified), QString::fromUtf8(left));
+        QCOMPARE(simplifier.countPoints(tolerance), simplified.track().countPoints());
+        QCOMPARE(simplifier.countAllPoints(), 8);
+        QVERIFY(simplified.configuration() == track.configuration());
+        // Points are left as they were.
+        QVERIFY(simplified.track().segments().first().trackPoints().last()
+                == track.track().segments().first().trackPoints().last());
+    });
 }
 
 void tst_KRTrackSimplifier::metresAnywhere()
 {
-    QFETCH(double, longitude);
-    QFETCH(double, latitude);
-    // A bump of 10 metres is one of 10 metres everywhere, in either direction.
-    for (const QVector<Place> &places : {QVector<Place>{{0, 0}, {50, 10}, {100, 0}}, {{0, 0}, {10, 50}, {0, 100}}}) {
-        const KRTrackSimplifier simplifier(spawnTrack(places, longitude, latitude));
-        QCOMPARE(simplifier.countPoints(9.9), 3);
-        QCOMPARE(simplifier.countPoints(10.1), 2);
-    }
+    const KRTestTable<double, double> table{
+        {"equator", 8.0, 0.5},
+        {"north", 8.0, 80.0},
+        {"south", -70.0, -55.0},
+        {"date line", 179.9995, 53.0},
+    };
+    table.forEach([&](double longitude, double latitude) {
+        // A bump of 10 metres is one of 10 metres everywhere, in either direction.
+        for (const QVector<Place> &places :
+             {QVector<Place>{{0, 0}, {50, 10}, {100, 0}}, {{0, 0}, {10, 50}, {0, 100}}}) {
+            const KRTrackSimplifier simplifier(spawnTrack(places, longitude, latitude));
+            QCOMPARE(simplifier.countPoints(9.9), 3);
+            QCOMPARE(simplifier.countPoints(10.1), 2);
+        }
+    });
 }
 
 void tst_KRTrackSimplifier::staysWithinTolerance()
@@ -141,15 +134,12 @@ void tst_KRTrackSimplifier::staysWithinTolerance()
         for (int i = 0; i < walk.size() - 1; ++i) {
             if (i == left.at(next).toInt())
                 ++next;
-            const Place from = walk.at(left.at(next - 1).toInt());
-            const Place to = walk.at(left.at(next).toInt());
-            const double dx = to.x - from.x;
-            const double dy = to.y - from.y;
-            const Place at = walk.at(i);
-            const double square = dx * dx + dy * dy;
-            const double part =
-                square > 0 ? qBound(0.0, ((at.x - from.x) * dx + (at.y - from.y) * dy) / square, 1.0) : 0.0;
-            const double away = std::hypot(at.x - from.x - part * dx, at.y - from.y - part * dy);
+            const auto place = [&](int k) { return QPointF(walk.at(k).x, walk.at(k).y); };
+            const QPointF from = place(left.at(next - 1).toInt());
+            const QPointF way = place(left.at(next).toInt()) - from;
+            const double square = QPointF::dotProduct(way, way);
+            const double part = square > 0 ? QPointF::dotProduct(place(i) - from, way) / square : 0.0;
+            const double away = QLineF(from + qBound(0.0, part, 1.0) * way, place(i)).length();
             QVERIFY2(away < tolerance * 1.01, qPrintable(QString::number(away)));
         }
     }
@@ -194,40 +184,40 @@ void tst_KRTrackSimplifier::keepsSegmentsAndOddPoints()
     QCOMPARE(KRTrackSimplifier(KRGPXConfiguredTrack()).countPoints(1.0), 0);
 }
 
-void tst_KRTrackSimplifier::manyPoints_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::newRow("zigzag") << 0;
-    QTest::newRow("one place") << 1;
-    QTest::newRow("straight") << 2;
-    QTest::newRow("growing zigzag") << 3;
-}
-
 void tst_KRTrackSimplifier::manyPoints()
 {
     // With time n² each of these would take minutes.
-    QFETCH(int, kind);
-    QVector<Place> places;
-    for (int i = 0; i < 100000; ++i) {
-        const double side = i % 2;
-        switch (kind) {
-        case 0:
-            places.append({i * 30.0, side * 20.0});
-            break;
-        case 1:
-            places.append({0.0, 0.0});
-            break;
-        case 2:
-            places.append({i * 0.1, i * 0.2});
-            break;
-        default:
-            places.append({i * 0.1, side * i * 0.001});
-        }
-    }
-    const KRTrackSimplifier simplifier(spawnTrack(places));
-    QVERIFY(simplifier.countPoints(1e5) < 5);
-    if (kind == 0)
-        QVERIFY(simplifier.countPoints(1.0) > 99000);
+    using Places = std::function<Place(int)>;
+    const KRTestTable<Places, int> table{
+        {"zigzag",
+         [](int i) {
+             return Place{i * 30.0, i % 2 * 20.0};
+         },
+         99000},
+        {"one place",
+         [](int) {
+             return Place{0.0, 0.0};
+         },
+         0},
+        {"straight",
+         [](int i) {
+             return Place{i * 0.1, i * 0.2};
+         },
+         0},
+        {"growing zigzag",
+         [](int i) {
+             return Place{i * 0.1, i % 2 * i * 0.001};
+         },
+         0},
+    };
+    table.forEach([](const Places &placeAt, int atLeast) {
+        QVector<Place> places;
+        for (int i = 0; i < 100000; ++i)
+            places.append(placeAt(i));
+        const KRTrackSimplifier simplifier(spawnTrack(places));
+        QVERIFY(simplifier.countPoints(1e5) < 5);
+        QVERIFY(simplifier.countPoints(1.0) > atLeast);
+    });
 }
 
 static const KRTestRegistration<tst_KRTrackSimplifier> registration;

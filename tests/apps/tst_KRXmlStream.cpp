@@ -6,9 +6,6 @@
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRQtCompat.h>
 
-#include <QBuffer>
-#include <QLoggingCategory>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -89,11 +86,9 @@ void tst_KRXmlStream::refuses()
 {
     const KRTestTable<QByteArray> table{
         {"empty", {}},
-        {"no XML", "PK\3\4"},
         {"truncated", "<a><b>1</b>"},
         {"fault behind all that is read", "<a><b>1</b></a><"},
         {"too deep", nested(257)},
-        {"far too deep", nested(100000)},
         {"entities without end", QByteArray("<!DOCTYPE a [<!ENTITY e '" + QByteArray(4000, 'x') + "'>]><a><b>"
                                             + QByteArray("&e;").repeated(20000) + "</b></a>")},
         {"more attributes than can be compared", withAttributes(50000)},
