@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QList>
+#include <QMessageBox>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QTimer>
-#include <QWidget>
+#include <QtTest>
 
 #include <functional>
 #include <utility>
@@ -24,6 +27,46 @@ public:
         m_timer.setInterval(20);
         m_timer.start();
         QObject::connect(&m_timer, &QTimer::timeout, [this] { look(); });
+    }
+
+    static Answer key(Qt::Key key)
+    {
+        return [key](QWidget *dialog) { QTest::keyClick(dialog, key); };
+    }
+    /// Of a message box, whose text goes to @p text.
+    static Answer button(QMessageBox::StandardButton button, QString *text = nullptr)
+    {
+        return [button, text](QWidget *dialog) {
+            auto *const box = qobject_cast<QMessageBox *>(dialog);
+            QVERIFY(box != nullptr);
+            if (text != nullptr)
+                *text = box->text();
+            QTest::mouseClick(box->button(button), Qt::LeftButton);
+        };
+    }
+    /// Gives a name to a dialog for files, and confirms it.
+    static Answer file(const QString &fileName)
+    {
+        return [fileName](QWidget *dialog) {
+            auto *const edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+            QVERIFY(edit != nullptr);
+            edit->setText(fileName); // typed, it would be completed, whose list takes the key that follows
+            QTest::keyClick(edit, Qt::Key_Return);
+        };
+    }
+    /// The button whose text begins so, without its mnemonic; a check box is one, too.
+    template <typename Button = QAbstractButton>
+    static Button *findButton(const QWidget &parent, const char *text)
+    {
+        for (Button *const button : parent.findChildren<Button *>()) {
+            if (button->text().remove(QLatin1Char('&')).startsWith(QString::fromUtf8(text)))
+                return button;
+        }
+        qFatal("no button \"%s\"", text);
+    }
+    static void press(const QWidget &parent, const char *text)
+    {
+        QTest::mouseClick(findButton<QPushButton>(parent, text), Qt::LeftButton);
     }
 
     /// Whether each answer was asked for, and no other.

@@ -1,16 +1,14 @@
 #include "KRAutosave.h"
 
 #include "KRRouteWorkspace.h"
+#include "KRTestFile.h"
 #include "KRTestRegistry.h"
 
 #include <KRRouteDocument.h>
 
-#include <KRCore/KRErrorHistory.h>
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
-#include <QDirIterator>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -45,6 +43,16 @@ void copyAsAfterCrash(const QDir &place, const QDir &copy)
     }
 }
 
+/// A document that is saved unasked, after a moment.
+struct Work {
+    explicit Work(const QDir &place) : autosave(&workspace, place) { autosave.setDelay(10); }
+    void add(const char *name) { workspace.addTracks(oneTrack(QLatin1String(name)), QString()); }
+    bool wait() { return QSignalSpy(&autosave, &KRAutosave::written).wait(); }
+
+    KRRouteWorkspace workspace;
+    KRAutosave autosave;
+};
+
 } // namespace
 
 class tst_KRAutosave : public QObject
@@ -52,155 +60,103 @@ class tst_KRAutosave : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void workSurvivesACrash_data();
+    void init() { m_dir = std::make_unique<QTemporaryDir>(); }
     void workSurvivesACrash();
     void runningProgramsKeepTheirWork();
-    void pointsAreWrittenOnce();
-    void savingRemovesIt();
-    void anEndWithoutCrashLeavesNothing();
+    void nothingStaysThatIsNotNeeded();
     void recoveredDocumentRefersToItsUnreadableFiles();
     void workStaysWithItsDocument();
     void unusablePlaceIsReported();
 
 private:
-    QDir place() const { return QDir(m_dir->filePath(QStringLiteral("recovery"))); }
-    QDir afterCrash() const { return QDir(m_dir->filePath(QStringLiteral("crashed"))); }
+    QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
+    QDir place() const { return QDir(path("recovery")); }
+    QDir afterCrash() const { return QDir(path("crashed")); }
+    QStringList unsaved(const QDir &dir) const { return filesBelow(dir).filter(QStringLiteral("unsaved.krroute")); }
 
     std::unique_ptr<QTemporaryDir> m_dir;
 };
 
 static const KRTestRegistration<tst_KRAutosave> registration;
 
-void tst_KRAutosave::init()
-{
-    m_dir = std::make_unique<QTemporaryDir>();
-}
-
-void tst_KRAutosave::workSurvivesACrash_data()
-{
-    QTest::addColumn<int>("largestFile");
-    QTest::newRow("in one file") << 1000;
-    QTest::newRow("with track files") << 3;
-}
-
 void tst_KRAutosave::workSurvivesACrash()
 {
-    QFETCH(int, largestFile);
-    KRRouteWorkspace workspace;
-    KRAutosave autosave(&workspace, place());
-    autosave.setDelay(10);
-    autosave.setLargestFile(largestFile);
-    const QString document = m_dir->filePath(QStringLiteral("Reise.krroute"));
-    workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
-    QVERIFY(workspace.save(document, nullptr));
-    workspace.addTracks(oneTrack(QStringLiteral("Neu")), QString());
-    workspace.setCroppingOpacity(17);
-    QVERIFY(QSignalSpy(&autosave, &KRAutosave::written).wait());
-    copyAsAfterCrash(place(), afterCrash());
+    for (const int largestFile : {1000, 3}) { // in one file, and with track files
+        init();
+        Work work(place());
+        work.autosave.setLargestFile(largestFile);
+        const QString document = path("Reise.krroute");
+        work.add("Tour");
+        QVERIFY(work.workspace.save(document, nullptr));
+        work.add("Neu");
+        work.workspace.setCroppingOpacity(17);
+        QVERIFY(work.wait());
+        copyAsAfterCrash(place(), afterCrash());
 
-    auto folders = KRRecoveryFolder::leftBehind(afterCrash());
-    QCOMPARE(folders.size(), std::size_t(1));
-    QCOMPARE(folders.front()->documentFile(), document);
+        auto folders = KRRecoveryFolder::leftBehind(afterCrash());
+        QCOMPARE(folders.size(), std::size_t(1));
+        QCOMPARE(folders.front()->documentFile(), document);
 
-    KRRouteWorkspace recovered;
-    QVERIFY(recovered.recover(folders.front()->recoveryFile(), folders.front()->documentFile(), nullptr));
-    QVERIFY(recovered.selection() == workspace.selection());
-    QCOMPARE(recovered.selection().allTimeStamps(), workspace.selection().allTimeStamps());
-    QVERIFY(recovered.isModified());
-    QCOMPARE(recovered.fileName(), document);
+        KRRouteWorkspace recovered;
+        QVERIFY(recovered.recover(folders.front()->recoveryFile(), folders.front()->documentFile(), nullptr));
+        QVERIFY(recovered.selection() == work.workspace.selection());
+        QCOMPARE(recovered.selection().allTimeStamps(), work.workspace.selection().allTimeStamps());
+        QVERIFY(recovered.isModified());
+        QCOMPARE(recovered.fileName(), document);
 
-    // What has been recovered stays safe, and is asked for once.
-    {
-        KRAutosave next(&recovered, afterCrash());
-        next.setDelay(10);
-        next.adopt(std::move(folders.front()));
-        QVERIFY(KRRecoveryFolder::leftBehind(afterCrash()).empty());
-        QCOMPARE(filesBelow(afterCrash()).filter(QStringLiteral("unsaved.krroute")).size(), 1);
+        // What has been recovered stays safe, and is asked for once.
+        {
+            KRAutosave next(&recovered, afterCrash());
+            next.setDelay(10);
+            next.adopt(std::move(folders.front()));
+            QVERIFY(KRRecoveryFolder::leftBehind(afterCrash()).empty());
+            QCOMPARE(unsaved(afterCrash()).size(), 1);
+        }
+        QCOMPARE(filesBelow(afterCrash()), QStringList());
     }
-    QCOMPARE(filesBelow(afterCrash()), QStringList());
 }
 
 void tst_KRAutosave::runningProgramsKeepTheirWork()
 {
-    KRRouteWorkspace workspaces[2];
-    KRAutosave first(&workspaces[0], place());
-    first.setDelay(10);
-    KRAutosave second(&workspaces[1], place());
-    second.setDelay(10);
-    QSignalSpy firstWritten(&first, &KRAutosave::written);
-    QSignalSpy secondWritten(&second, &KRAutosave::written);
-    workspaces[0].addTracks(oneTrack(QStringLiteral("A")), QString());
-    workspaces[1].addTracks(oneTrack(QStringLiteral("B")), QString());
-    QTRY_COMPARE(firstWritten.count(), 1);
-    QTRY_COMPARE(secondWritten.count(), 1);
+    Work first(place());
+    Work second(place());
+    first.add("A");
+    QVERIFY(first.wait());
+    second.add("B");
+    QVERIFY(second.wait());
     QVERIFY(KRRecoveryFolder::leftBehind(place()).empty());
-    QCOMPARE(filesBelow(place()).filter(QStringLiteral("unsaved.krroute")).size(), 2);
+    QCOMPARE(unsaved(place()).size(), 2);
 }
 
-void tst_KRAutosave::pointsAreWrittenOnce()
+void tst_KRAutosave::nothingStaysThatIsNotNeeded()
 {
-    KRRouteWorkspace workspace;
-    KRAutosave autosave(&workspace, place());
-    autosave.setDelay(10);
-    autosave.setLargestFile(1);
-    QSignalSpy written(&autosave, &KRAutosave::written);
-    workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
-    QVERIFY(written.wait());
-    const QStringList trackFiles = filesBelow(place()).filter(QStringLiteral(".tracks/"));
-    QCOMPARE(trackFiles.size(), 1);
-    const QString trackFile = place().filePath(trackFiles.first());
-    const QDateTime firstTime = QFileInfo(trackFile).lastModified();
-
-    KRGPXTrackConfiguration look = workspace.selection().configuration(0);
-    look.setLineWidth(3.0);
-    workspace.setConfiguration(0, look);
-    QVERIFY(written.wait());
-    QCOMPARE(filesBelow(place()).filter(QStringLiteral(".tracks/")), trackFiles);
-    QCOMPARE(QFileInfo(trackFile).lastModified(), firstTime);
-}
-
-void tst_KRAutosave::savingRemovesIt()
-{
-    KRRouteWorkspace workspace;
-    KRAutosave autosave(&workspace, place());
-    autosave.setDelay(10);
-    workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
-    QVERIFY(QSignalSpy(&autosave, &KRAutosave::written).wait());
-    QVERIFY(workspace.save(m_dir->filePath(QStringLiteral("Reise.krroute")), nullptr));
-    QCOMPARE(filesBelow(place()).filter(QStringLiteral("unsaved.krroute")), QStringList());
-}
-
-void tst_KRAutosave::anEndWithoutCrashLeavesNothing()
-{
-    KRRouteWorkspace workspace;
     {
-        KRAutosave autosave(&workspace, place());
-        autosave.setDelay(10);
-        workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
-        QVERIFY(QSignalSpy(&autosave, &KRAutosave::written).wait());
+        Work work(place());
+        work.add("Tour");
+        QVERIFY(work.wait());
+        QVERIFY(work.workspace.save(path("Reise.krroute"), nullptr));
+        QCOMPARE(unsaved(place()), QStringList());
+        work.add("Neu");
+        QVERIFY(work.wait());
+        QCOMPARE(unsaved(place()).size(), 1);
     }
-    QVERIFY(place().entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
+    QVERIFY(place().isEmpty());
 }
 
 void tst_KRAutosave::recoveredDocumentRefersToItsUnreadableFiles()
 {
-    const QString document = m_dir->filePath(QStringLiteral("Reise.krroute"));
+    const QString document = path("Reise.krroute");
     const QDir trackFolder = KRRouteDocument::trackFolder(QFileInfo(document));
     KRRouteWorkspace writer;
     writer.addTracks(oneTrack(QStringLiteral("Tour")), QString());
     QVERIFY(writer.save(document, nullptr));
-    QFile damaged(trackFolder.filePath(trackFolder.entryList(QDir::Files).first()));
-    QVERIFY(damaged.open(QIODevice::WriteOnly));
-    damaged.write("<includedTrack><trk>");
-    damaged.close();
+    const QString damaged = trackFolder.filePath(trackFolder.entryList(QDir::Files).first());
+    KRTestFile::write(damaged, "<includedTrack><trk>");
 
-    KRRouteWorkspace workspace;
-    KRAutosave autosave(&workspace, place());
-    autosave.setDelay(10);
-    QVERIFY(workspace.open(document, nullptr));
-    workspace.setCroppingOpacity(17);
-    QVERIFY(QSignalSpy(&autosave, &KRAutosave::written).wait());
+    Work work(place());
+    QVERIFY(work.workspace.open(document, nullptr));
+    work.workspace.setCroppingOpacity(17);
+    QVERIFY(work.wait());
     copyAsAfterCrash(place(), afterCrash());
     const auto folders = KRRecoveryFolder::leftBehind(afterCrash());
     KRRouteWorkspace recovered;
@@ -215,8 +171,7 @@ void tst_KRAutosave::recoveredDocumentRefersToItsUnreadableFiles()
     QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
     QVERIFY(recovered.isChangedOutside());
     QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
-    QVERIFY(damaged.open(QIODevice::ReadOnly));
-    QCOMPARE(damaged.readAll(), QByteArray("<includedTrack><trk>"));
+    QCOMPARE(KRTestFile::content(damaged), QByteArray("<includedTrack><trk>"));
 }
 
 void tst_KRAutosave::workStaysWithItsDocument()
@@ -235,13 +190,10 @@ void tst_KRAutosave::workStaysWithItsDocument()
 
 void tst_KRAutosave::unusablePlaceIsReported()
 {
-    QFile inTheWay(place().path());
-    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
-    KRRouteWorkspace workspace;
-    KRAutosave autosave(&workspace, place());
-    autosave.setDelay(10);
-    QSignalSpy failed(&autosave, &KRAutosave::failed);
-    workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
+    KRTestFile::write(place().path(), "in the way");
+    Work work(place());
+    QSignalSpy failed(&work.autosave, &KRAutosave::failed);
+    work.add("Tour");
     QVERIFY(failed.wait());
     QVERIFY(!failed.first().first().toString().isEmpty());
 }

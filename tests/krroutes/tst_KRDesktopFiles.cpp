@@ -1,11 +1,9 @@
+#include "KRTestFile.h"
 #include "KRTestRegistry.h"
 
 #include <KRRouteDocument.h>
 #include <KRRouteImport.h>
 
-#include <QMimeDatabase>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QtTest>
 
 /// What desktops are told about the files that the viewer opens.
@@ -15,7 +13,6 @@ class tst_KRDesktopFiles : public QObject
 
 private slots:
     void initTestCase();
-
     void desktopSendsWhatTheViewerOpens();
     void documentIsKnownByItsContents();
     void metainfoSaysTheSame();
@@ -31,16 +28,11 @@ namespace {
 const QString documentType = QStringLiteral("application/vnd.krgeolocation.routes+xml");
 const QString desktopDir = QStringLiteral(KR_PACKAGING_DIR "/desktop/");
 
-QString textOf(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
 QStringList typesOfDesktopFile()
 {
     static const QRegularExpression line(QStringLiteral("^MimeType=(.*);$"), QRegularExpression::MultilineOption);
-    const QString text = textOf(desktopDir + QStringLiteral("de.krgeolocation.krroutes.desktop"));
+    const QString text =
+        QString::fromUtf8(KRTestFile::content(desktopDir + QStringLiteral("de.krgeolocation.krroutes.desktop")));
     return line.match(text).captured(1).split(QLatin1Char(';'));
 }
 
@@ -99,7 +91,8 @@ void tst_KRDesktopFiles::documentIsKnownByItsContents()
 
 void tst_KRDesktopFiles::metainfoSaysTheSame()
 {
-    const QString text = textOf(desktopDir + QStringLiteral("de.krgeolocation.krroutes.metainfo.xml.in"));
+    const QString text = QString::fromUtf8(
+        KRTestFile::content(desktopDir + QStringLiteral("de.krgeolocation.krroutes.metainfo.xml.in")));
     static const QRegularExpression element(QStringLiteral("<mediatype>(.*)</mediatype>"));
     QStringList types;
     for (auto found = element.globalMatch(text); found.hasNext();)

@@ -1,6 +1,7 @@
 #include <KRAxis.h>
 #include <KRElevationProfile.h>
 #include <KRTestRegistry.h>
+#include <KRTestTable.h>
 #include <KRTestTrack.h>
 
 #include <QtTest>
@@ -23,62 +24,41 @@ class tst_KRElevationProfile : public QObject
     Q_OBJECT
 
 private slots:
-    void drawable_data();
     void drawable();
-    void nearest_data();
     void nearest();
     void segmentsHaveNoWayBetween();
     void linesKeepExtremes();
     void speedAt();
-    void axisMarks_data();
     void axisMarks();
 };
 
 static const KRTestRegistration<tst_KRElevationProfile> registration;
 
-void tst_KRElevationProfile::drawable_data()
-{
-    QTest::addColumn<QList<double>>("kilometres");
-    QTest::addColumn<QList<int>>("elevations");
-    QTest::addColumn<bool>("hasElevation");
-    QTest::addColumn<bool>("isDrawable");
-    QTest::newRow("no points") << QList<double>{} << QList<int>{} << false << false;
-    QTest::newRow("no elevations") << QList<double>{0, 1} << QList<int>{0, 0} << false << false;
-    QTest::newRow("one point") << QList<double>{1} << QList<int>{100} << true << false;
-    QTest::newRow("one elevation") << QList<double>{0, 1} << QList<int>{0, 100} << true << false;
-    QTest::newRow("all at one place") << QList<double>{1, 1} << QList<int>{100, 120} << true << false;
-    QTest::newRow("below the sea") << QList<double>{0, 1} << QList<int>{-100, -50} << true << true;
-}
-
 void tst_KRElevationProfile::drawable()
 {
-    QFETCH(QList<double>, kilometres);
-    QFETCH(QList<int>, elevations);
-    QList<Point> points;
-    for (int i = 0; i < kilometres.size(); ++i)
-        points.append({kilometres.at(i), elevations.at(i), -1});
-    const KRElevationProfile profile = profileOf({points});
-    QTEST(profile.hasElevation(), "hasElevation");
-    QTEST(profile.isDrawable(), "isDrawable");
-    QCOMPARE(profile.lines(100).isEmpty(), !profile.isDrawable());
-}
-
-void tst_KRElevationProfile::nearest_data()
-{
-    QTest::addColumn<double>("way");
-    QTest::addColumn<int>("index");
-    QTest::newRow("before the start") << -1.0 << 0;
-    QTest::newRow("nearer to the first") << 0.9 << 0;
-    QTest::newRow("nearer to the second") << 1.1 << 1;
-    QTest::newRow("at a point") << 2.0 << 1;
-    QTest::newRow("beyond the end") << 9.0 << 2;
+    const KRTestTable<QList<Point>, bool, bool> table{
+        {"no points", {}, false, false},
+        {"no elevations", {{0, 0, -1}, {1, 0, -1}}, false, false},
+        {"one point", {{1, 100, -1}}, true, false},
+        {"one elevation", {{0, 0, -1}, {1, 100, -1}}, true, false},
+        {"all at one place", {{1, 100, -1}, {1, 120, -1}}, true, false},
+        {"below the sea", {{0, -100, -1}, {1, -50, -1}}, true, true},
+    };
+    table.forEach([](const QList<Point> &points, bool hasElevation, bool isDrawable) {
+        const KRElevationProfile profile = profileOf({points});
+        QCOMPARE(profile.hasElevation(), hasElevation);
+        QCOMPARE(profile.isDrawable(), isDrawable);
+        QCOMPARE(profile.lines(100).isEmpty(), !isDrawable);
+    });
 }
 
 void tst_KRElevationProfile::nearest()
 {
-    QFETCH(double, way);
-    QTEST(profileOf({{{0, 100, -1}, {2, 100, -1}, {3, 100, -1}}}).nearest(way), "index");
-    QCOMPARE(KRElevationProfile().nearest(way), -1);
+    const KRElevationProfile profile = profileOf({{{0, 100, -1}, {2, 100, -1}, {3, 100, -1}}});
+    const QMap<double, int> expected{{-1.0, 0}, {0.9, 0}, {1.1, 1}, {2.0, 1}, {9.0, 2}};
+    for (const double way : expected.keys())
+        QCOMPARE(profile.nearest(way), expected.value(way));
+    QCOMPARE(KRElevationProfile().nearest(1.0), -1);
 }
 
 void tst_KRElevationProfile::segmentsHaveNoWayBetween()
@@ -141,34 +121,25 @@ void tst_KRElevationProfile::speedAt()
     QCOMPARE(profile.speedKmhAt(-1), 0.0);
 }
 
-void tst_KRElevationProfile::axisMarks_data()
-{
-    QTest::addColumn<double>("from");
-    QTest::addColumn<double>("to");
-    QTest::addColumn<bool>("endsAtMarks");
-    QTest::addColumn<QVector<double>>("marks");
-    QTest::addColumn<int>("decimals");
-    QTest::newRow("heights") << 117.0 << 388.0 << true << QVector<double>{100, 150, 200, 250, 300, 350, 400} << 0;
-    QTest::newRow("below the sea") << -7.0 << 13.0 << true << QVector<double>{-10, -5, 0, 5, 10, 15} << 0;
-    QTest::newRow("way") << 0.0 << 17.4 << false << QVector<double>{0, 5, 10, 15} << 0;
-    QTest::newRow("short way") << 0.0 << 1.19 << false << QVector<double>{0, 0.2, 0.4, 0.6, 0.8, 1.0} << 1;
-    QTest::newRow("ends at a mark") << 0.0 << 0.3 << false << QVector<double>{0, 0.05, 0.1, 0.15, 0.2, 0.25, 0.3} << 2;
-    QTest::newRow("round the world") << 0.0 << 40000.0 << false << QVector<double>{0, 10000, 20000, 30000, 40000} << 0;
-}
-
 void tst_KRElevationProfile::axisMarks()
 {
-    QFETCH(double, from);
-    QFETCH(double, to);
-    QFETCH(bool, endsAtMarks);
-    QFETCH(QVector<double>, marks);
-    const KRAxis axis(from, to, 500.0, 100.0, 60.0, endsAtMarks); // room for six marks
-    QCOMPARE(axis.marks().size(), marks.size());
-    for (int i = 0; i < marks.size(); ++i)
-        QVERIFY(qAbs(axis.marks().at(i) - marks.at(i)) < 1e-9 * (1.0 + to));
-    QTEST(axis.decimals(), "decimals");
-    QCOMPARE(axis.number(axis.pixel(to)), to);
-    QVERIFY(axis.from() <= from && axis.to() >= to);
+    const KRTestTable<double, double, bool, QVector<double>, int> table{
+        {"heights", 117.0, 388.0, true, {100, 150, 200, 250, 300, 350, 400}, 0},
+        {"below the sea", -7.0, 13.0, true, {-10, -5, 0, 5, 10, 15}, 0},
+        {"way", 0.0, 17.4, false, {0, 5, 10, 15}, 0},
+        {"short way", 0.0, 1.19, false, {0, 0.2, 0.4, 0.6, 0.8, 1.0}, 1},
+        {"ends at a mark", 0.0, 0.3, false, {0, 0.05, 0.1, 0.15, 0.2, 0.25, 0.3}, 2},
+        {"round the world", 0.0, 40000.0, false, {0, 10000, 20000, 30000, 40000}, 0},
+    };
+    table.forEach([&](double from, double to, bool endsAtMarks, const QVector<double> &marks, int decimals) {
+        const KRAxis axis(from, to, 500.0, 100.0, 60.0, endsAtMarks); // room for six marks
+        QCOMPARE(axis.marks().size(), marks.size());
+        for (int i = 0; i < marks.size(); ++i)
+            QVERIFY(qAbs(axis.marks().at(i) - marks.at(i)) < 1e-9 * (1.0 + to));
+        QCOMPARE(axis.decimals(), decimals);
+        QCOMPARE(axis.number(axis.pixel(to)), to);
+        QVERIFY(axis.from() <= from && axis.to() >= to);
+    });
 }
 
 #include "tst_KRElevationProfile.moc"

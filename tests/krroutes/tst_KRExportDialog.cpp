@@ -1,21 +1,15 @@
 #include "KRDialogAnswer.h"
 #include "KRExportDialog.h"
+#include "KRTestFile.h"
+#include "KRTestMap.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRBaseMapGround.h>
 #include <KRRouteImport.h>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QGroupBox>
-#include <QImage>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 /// Exports as a person does: chooses, types a name, and presses the button.
 class tst_KRExportDialog : public QObject
@@ -24,15 +18,12 @@ class tst_KRExportDialog : public QObject
 
 private slots:
     void initTestCase();
-    void init();
-    void writesWhatIsChosen_data();
+    void init() { m_dir = std::make_unique<QTemporaryDir>(); }
     void writesWhatIsChosen();
     void showsWhatIsChosen();
     void asksBeforeItReplaces();
-    void saysWhatWentWrong_data();
     void saysWhatWentWrong();
     void remembersTheChoices();
-    void cancelWritesNothing();
 
 private:
     template <typename Widget>
@@ -40,17 +31,14 @@ private:
     {
         return dialog.findChild<Widget *>(QLatin1String(name));
     }
-    static void press(const KRExportDialog &dialog, const QString &text);
     static void choose(const KRExportDialog &dialog, const char *format);
     void type(const KRExportDialog &dialog, const char *field, const QString &text) const;
-    QString path(const QString &name) const { return m_dir->filePath(name); }
-    QByteArray content(const QString &name) const;
+    QString path(const char *name) const { return m_dir->filePath(QString::fromUtf8(name)); }
 
     std::unique_ptr<QTemporaryDir> m_dir;
     KRGPXTrackSelection m_selection;
     KRBaseMapGround m_ground;
-    const KRGeoPositionRect m_shownArea{KRLatitudeRange(KRLatitude(52.0), KRLatitude(54.0)),
-                                        KRLongitudeRange(KRLongitude(7.0), KRLongitude(10.0))};
+    const KRGeoPositionRect m_shownArea = KRTestMap{52.0, 54.0, 7.0, 10.0}.area();
 };
 
 void tst_KRExportDialog::initTestCase()
@@ -59,22 +47,6 @@ void tst_KRExportDialog::initTestCase()
     import.read({QStringLiteral(KR_SAMPLES_DIR "/oldenburg-radtour.gpx")});
     m_selection = KRGPXTrackSelection(import.tracks());
     QCOMPARE(m_selection.count(), 1);
-}
-
-void tst_KRExportDialog::init()
-{
-    m_dir = std::make_unique<QTemporaryDir>();
-}
-
-void tst_KRExportDialog::press(const KRExportDialog &dialog, const QString &text)
-{
-    for (QPushButton *const button : dialog.findChildren<QPushButton *>()) {
-        if (button->text().remove(QLatin1Char('&')).startsWith(text)) {
-            QTest::mouseClick(button, Qt::LeftButton);
-            return;
-        }
-    }
-    QFAIL(qPrintable(QStringLiteral("no button ") + text));
 }
 
 void tst_KRExportDialog::choose(const KRExportDialog &dialog, const char *format)
@@ -96,55 +68,37 @@ void tst_KRExportDialog::type(const KRExportDialog &dialog, const char *field, c
     QTest::keyClicks(target, text);
 }
 
-QByteArray tst_KRExportDialog::content(const QString &name) const
-{
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void tst_KRExportDialog::writesWhatIsChosen_data()
-{
-    QTest::addColumn<QByteArray>("format");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("written");
-    QTest::addColumn<QByteArray>("start");
-    const auto row = [](const char *format, const char *typed, const char *written, const QByteArray &start) {
-        QTest::newRow(written) << QByteArray(format) << QString::fromUtf8(typed) << QString::fromUtf8(written) << start;
-    };
-    row("png", "Ausflug.png", "Ausflug.png", "\x89PNG");
-    row("jpeg", "Ausflug", "Ausflug.jpg", "\xff\xd8\xff");
-    row("jpeg", "a.JPEG", "a.JPEG", "\xff\xd8\xff");
-    row("svg", "Straße 1.5", "Straße 1.5.svg", "<?xml");
-    row("pdf", "a.png", "a.png.pdf", "%PDF-");
-    row("gpx", "a", "a.gpx", "<?xml");
-    row("kml", "a", "a.kml", "<?xml");
-    row("kmz", "a", "a.kmz", "PK");
-}
-
 void tst_KRExportDialog::writesWhatIsChosen()
 {
-    QFETCH(QByteArray, format);
-    QFETCH(QString, typed);
-    QFETCH(QString, written);
-    QFETCH(QByteArray, start);
-    KRExportDialog dialog(m_selection, m_shownArea, &m_ground);
-    dialog.show();
-    choose(dialog, format.constData());
-    const bool isPicture = format != "gpx" && format != "kml" && format != "kmz";
-    QCOMPARE(child<QSpinBox>(dialog, "width")->isEnabled(), isPicture);
-    type(dialog, "file", path(typed));
-    KRDialogAnswer answers({});
-    QTest::keyClick(child<QLineEdit>(dialog, "file"), Qt::Key_Return);
-    QVERIFY(answers.isDone());
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
-    QVERIFY(!dialog.isVisible());
-    QCOMPARE(content(written).left(start.size()), start);
-    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files), QStringList(written));
+    // the format, the name as typed and as written, and how the file begins
+    const KRTestTable<QByteArray, const char *, const char *, QByteArray> table{
+        {"the name as it is", "png", "Ausflug.png", "Ausflug.png", "\x89PNG"},
+        {"suffix added", "jpeg", "Ausflug", "Ausflug.jpg", "\xff\xd8\xff"},
+        {"another suffix of the format", "jpeg", "a.JPEG", "a.JPEG", "\xff\xd8\xff"},
+        {"a dot is no suffix", "svg", "Straße 1.5", "Straße 1.5.svg", "<?xml"},
+        {"suffix of another format", "pdf", "a.png", "a.png.pdf", "%PDF-"},
+        {"no picture", "kmz", "a", "a.kmz", "PK"},
+    };
+    table.forEach([this](const QByteArray &format, const char *typed, const char *written, const QByteArray &start) {
+        init();
+        KRExportDialog dialog(m_selection, m_shownArea, &m_ground);
+        dialog.show();
+        choose(dialog, format.constData());
+        QCOMPARE(child<QSpinBox>(dialog, "width")->isEnabled(), format != "kmz");
+        type(dialog, "file", path(typed));
+        KRDialogAnswer answers({});
+        QTest::keyClick(child<QLineEdit>(dialog, "file"), Qt::Key_Return);
+        QVERIFY(answers.isDone());
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(KRTestFile::content(path(written)).left(start.size()), start);
+        QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files), QStringList(QString::fromUtf8(written)));
+    });
 }
 
 void tst_KRExportDialog::showsWhatIsChosen()
 {
-    const auto picture = [this](const QString &name, const QStringList &switches) {
+    const auto picture = [this](const QList<QByteArray> &switches) {
         KRExportDialog dialog(m_selection, m_shownArea, &m_ground);
         dialog.show();
         choose(dialog, "png");
@@ -152,25 +106,24 @@ void tst_KRExportDialog::showsWhatIsChosen()
         type(dialog, "height", QStringLiteral("400"));
         for (const char *option : {"ground", "legend", "labels"}) {
             auto *const box = child<QCheckBox>(dialog, option);
-            if (box->isChecked() != switches.contains(QLatin1String(option)))
+            if (box->isChecked() != switches.contains(option))
                 QTest::keyClick(box, Qt::Key_Space);
         }
-        child<QComboBox>(dialog, "area")->setCurrentIndex(switches.contains(QLatin1String("all")) ? 1 : 0);
-        type(dialog, "file", path(name));
-        press(dialog, QStringLiteral("Exportieren"));
-        return QImage(path(name + QStringLiteral(".png")));
+        child<QComboBox>(dialog, "area")->setCurrentIndex(switches.contains("all") ? 1 : 0);
+        init();
+        type(dialog, "file", path("a.png"));
+        KRDialogAnswer::press(dialog, "Exportieren");
+        return QImage(path("a.png"));
     };
-    const QString ground = QStringLiteral("ground");
-    const QImage tracks = picture(QStringLiteral("tracks"), {});
+    const QImage tracks = picture({});
     QCOMPARE(tracks.size(), QSize(700, 400));
     QCOMPARE(tracks.pixelColor(3, 3).alpha(), 0);
-    const QImage map = picture(QStringLiteral("map"), {ground});
+    const QImage map = picture({"ground"});
     QCOMPARE(map.pixelColor(3, 3).alpha(), 255);
-    const QImage legend = picture(QStringLiteral("legend"), {ground, QStringLiteral("legend")});
+    const QImage legend = picture({"ground", "legend"});
     QVERIFY(legend.copy(500, 0, 200, 60) != map.copy(500, 0, 200, 60));
     QCOMPARE(legend.copy(0, 100, 700, 300), map.copy(0, 100, 700, 300));
-    QVERIFY(picture(QStringLiteral("labels"), {ground, QStringLiteral("labels")}) != map);
-    const QImage all = picture(QStringLiteral("all"), {ground, QStringLiteral("all")});
+    QVERIFY(picture({"ground", "labels"}) != map);
     // The route fills the picture of all routes, and a small part of the shown area.
     const auto orange = [](const QImage &image) {
         int count = 0;
@@ -179,7 +132,7 @@ void tst_KRExportDialog::showsWhatIsChosen()
                 count += image.pixelColor(x, y).hsvSaturation() > 240 ? 1 : 0;
         return count;
     };
-    QVERIFY(orange(all) > 2 * orange(map));
+    QVERIFY(orange(picture({"ground", "all"})) > 2 * orange(map));
 }
 
 void tst_KRExportDialog::asksBeforeItReplaces()
@@ -187,50 +140,34 @@ void tst_KRExportDialog::asksBeforeItReplaces()
     KRExportDialog dialog(m_selection, m_shownArea, &m_ground);
     dialog.show();
     choose(dialog, "gpx");
-    QFile old(path(QStringLiteral("a.gpx")));
-    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
-    old.close();
-    type(dialog, "file", old.fileName());
-    KRDialogAnswer answers({[](QWidget *box) { QTest::keyClick(box, Qt::Key_Escape); },
-                            [](QWidget *box) {
-                                auto *const message = qobject_cast<QMessageBox *>(box);
-                                QVERIFY(message && message->text().contains(QLatin1String("a.gpx")));
-                                QTest::mouseClick(message->button(QMessageBox::Yes), Qt::LeftButton);
-                            }});
-    press(dialog, QStringLiteral("Exportieren"));
-    QCOMPARE(content(QStringLiteral("a.gpx")), QByteArray("old"));
+    const QString file = KRTestFile::write(path("a.gpx"), "old");
+    type(dialog, "file", file);
+    QString text;
+    KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Escape), KRDialogAnswer::button(QMessageBox::Yes, &text)});
+    KRDialogAnswer::press(dialog, "Exportieren");
+    QCOMPARE(KRTestFile::content(file), QByteArray("old"));
     QVERIFY(dialog.isVisible());
-    press(dialog, QStringLiteral("Exportieren"));
-    QVERIFY(content(QStringLiteral("a.gpx")).contains("<trkpt"));
+    KRDialogAnswer::press(dialog, "Exportieren");
+    QVERIFY(KRTestFile::content(file).contains("<trkpt"));
+    QVERIFY(text.contains(QLatin1String("a.gpx")));
     QVERIFY(answers.isDone());
-}
-
-void tst_KRExportDialog::saysWhatWentWrong_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("no folder") << QStringLiteral("missing/a.png") << QStringLiteral("a.png");
-    QTest::newRow("a folder") << QStringLiteral("folder.png") << QStringLiteral("folder.png");
 }
 
 void tst_KRExportDialog::saysWhatWentWrong()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, told);
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder.png")));
     KRExportDialog dialog(m_selection, m_shownArea, &m_ground);
     dialog.show();
     choose(dialog, "png");
-    type(dialog, "file", path(name));
+    type(dialog, "file", path("missing/a.png"));
     QString text;
-    KRDialogAnswer answers({[&text](QWidget *box) {
-        text = qobject_cast<QMessageBox *>(box)->text();
-        QTest::keyClick(box, Qt::Key_Return);
-    }});
-    press(dialog, QStringLiteral("Exportieren"));
+    KRDialogAnswer answers({KRDialogAnswer::button(QMessageBox::Ok, &text)});
+    KRDialogAnswer::press(dialog, "Exportieren");
     QVERIFY(answers.isDone());
-    QVERIFY2(text.contains(told) && text.section(QLatin1String("\n\n"), 1).size() > 10, qPrintable(text));
+    QVERIFY2(text.contains(QLatin1String("a.png")) && text.section(QLatin1String("\n\n"), 1).size() > 10,
+             qPrintable(text));
     QVERIFY(dialog.isVisible() && dialog.isEnabled());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    QVERIFY(!dialog.isVisible());
 }
 
 void tst_KRExportDialog::remembersTheChoices()
@@ -241,8 +178,8 @@ void tst_KRExportDialog::remembersTheChoices()
         choose(dialog, "svg");
         type(dialog, "width", QStringLiteral("321"));
         child<QCheckBox>(dialog, "legend")->setChecked(true);
-        type(dialog, "file", path(QStringLiteral("a")));
-        press(dialog, QStringLiteral("Exportieren"));
+        type(dialog, "file", path("a"));
+        KRDialogAnswer::press(dialog, "Exportieren");
     }
     const KRExportDialog dialog(m_selection, KRGeoPositionRect(), nullptr);
     QCOMPARE(child<QComboBox>(dialog, "format")->currentData().toByteArray(), QByteArray("svg"));
@@ -256,16 +193,6 @@ void tst_KRExportDialog::remembersTheChoices()
     m_dir.reset();
     const KRExportDialog withoutFolder(m_selection, m_shownArea, nullptr);
     QVERIFY(QFileInfo(withoutFolder.fileName()).dir().exists());
-}
-
-void tst_KRExportDialog::cancelWritesNothing()
-{
-    KRExportDialog dialog(m_selection, m_shownArea, &m_ground);
-    dialog.show();
-    type(dialog, "file", path(QStringLiteral("a")));
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-    QVERIFY(!dialog.isVisible());
-    QVERIFY(QDir(m_dir->path()).isEmpty());
 }
 
 static const KRTestRegistration<tst_KRExportDialog> registration;

@@ -3,21 +3,13 @@
 #include <KRGroundMenu.h>
 #include <KRGroundSettings.h>
 #include <KRTestRegistry.h>
+#include <KRTestTable.h>
 #include <KRTileGround.h>
 
 #include "KRDialogAnswer.h"
 
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QImage>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 class tst_KRGroundMenu : public QObject
 {
@@ -27,17 +19,14 @@ private slots:
     void init();
     void groundFollowsTheChoice();
     void tilesAreAskedFor();
-    void onlyWhatOpensIsAccepted_data();
     void onlyWhatOpensIsAccepted();
     void choiceIsKept();
     void recentTilesAreOfferedAgain();
-    void problemsAreTold();
-    void names_data();
     void names();
 
 private:
-    static QAction *actionOf(QMenu &menu, const QString &text);
-    QString tileFolder(const QString &name) const;
+    static QAction *actionOf(QMenu &menu, const char *text);
+    QString tileFolder(const char *name) const;
 
     QTemporaryDir m_dir;
 };
@@ -52,23 +41,23 @@ void tst_KRGroundMenu::init()
 }
 
 /// As the menu is when it opens.
-QAction *tst_KRGroundMenu::actionOf(QMenu &menu, const QString &text)
+QAction *tst_KRGroundMenu::actionOf(QMenu &menu, const char *text)
 {
     emit menu.aboutToShow();
     const QList<QAction *> actions = menu.actions();
     for (QAction *const action : actions) {
-        if (action->text().remove(QLatin1Char('&')).contains(text))
+        if (action->text().remove(QLatin1Char('&')).contains(QLatin1String(text)))
             return action;
     }
     return nullptr;
 }
 
-QString tst_KRGroundMenu::tileFolder(const QString &name) const
+QString tst_KRGroundMenu::tileFolder(const char *name) const
 {
-    const QString folder = m_dir.filePath(name);
-    QDir().mkpath(folder + QStringLiteral("/0/0"));
+    const QString folder = m_dir.filePath(QLatin1String(name));
     QImage image(256, 256, QImage::Format_RGB32);
     image.fill(Qt::green);
+    QDir().mkpath(folder + QStringLiteral("/0/0"));
     image.save(folder + QStringLiteral("/0/0/0.png"));
     return folder;
 }
@@ -84,22 +73,22 @@ void tst_KRGroundMenu::groundFollowsTheChoice()
         wasThere = !before.isNull();
         after = ground;
     });
-    menu.setChoice(KRGroundChoice::tiles(tileFolder(QStringLiteral("a")), QStringLiteral("Stadt")));
+    menu.setChoice(KRGroundChoice::tiles(tileFolder("a"), QStringLiteral("Stadt")));
     QVERIFY(wasThere);
     QVERIFY(before.isNull());
     QVERIFY(qobject_cast<KRTileGround *>(after) != nullptr);
     QCOMPARE(after->credit(), QStringLiteral("Stadt"));
 
-    actionOf(menu, QStringLiteral("Keine Karte"))->trigger();
+    actionOf(menu, "Keine Karte")->trigger();
     QVERIFY(menu.ground() == nullptr && after.isNull());
-    QVERIFY(actionOf(menu, QStringLiteral("Keine Karte"))->isChecked());
-    QVERIFY(!actionOf(menu, QStringLiteral("Eingebaute Karte"))->isChecked());
+    QVERIFY(actionOf(menu, "Keine Karte")->isChecked());
+    QVERIFY(!actionOf(menu, "Eingebaute Karte")->isChecked());
 }
 
 void tst_KRGroundMenu::tilesAreAskedFor()
 {
     KRGroundMenu menu;
-    const QString folder = tileFolder(QStringLiteral("asked"));
+    const QString folder = tileFolder("asked");
     {
         KRDialogAnswer answer({[&](QWidget *dialog) {
             auto *const source = dialog->findChild<QComboBox *>();
@@ -114,57 +103,62 @@ void tst_KRGroundMenu::tilesAreAskedFor()
             }
             QTest::keyClick(dialog, Qt::Key_Return);
         }});
-        actionOf(menu, QStringLiteral("Kacheln"))->trigger();
+        actionOf(menu, "Kacheln")->trigger();
         QVERIFY(answer.isDone());
     }
     QCOMPARE(menu.choice(), KRGroundChoice::tiles(folder, QStringLiteral("Die Stadt")));
 
-    KRDialogAnswer escape({[](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }});
-    actionOf(menu, QStringLiteral("Kacheln"))->trigger();
+    KRDialogAnswer escape({KRDialogAnswer::key(Qt::Key_Escape)});
+    actionOf(menu, "Kacheln")->trigger();
     QVERIFY(escape.isDone());
     QCOMPARE(menu.choice().source(), folder);
 }
 
-void tst_KRGroundMenu::onlyWhatOpensIsAccepted_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<bool>("isGood");
-    QTest::addColumn<QString>("word"); // of the note
-    QTest::newRow("nothing") << "" << false << "";
-    QTest::newRow("blanks") << "  " << false << "";
-    QTest::newRow("missing file") << "/nowhere/a.mbtiles" << false << "gefunden";
-    QTest::newRow("half an address") << "https://tiles.example/{z}/{x}" << false << "{y}";
-    QTest::newRow("address") << "https://tiles.example/{z}/{x}/{y}.png" << true << "tiles.example";
-    QTest::newRow("folder") << "@" << true << "diesem Rechner";
-}
-
 void tst_KRGroundMenu::onlyWhatOpensIsAccepted()
 {
-    QFETCH(QString, source);
-    QFETCH(bool, isGood);
-    QFETCH(QString, word);
-    KRGroundDialog dialog;
-    dialog.findChild<QComboBox *>()->setEditText(source == QLatin1String("@") ? tileFolder(source) : source);
-    const auto isNoted = [&] {
-        for (const QLabel *const label : dialog.findChildren<QLabel *>()) {
-            if (!label->text().isEmpty() && label->text().contains(word))
-                return true;
-        }
-        return false;
+    // word: of the note
+    const KRTestTable<const char *, bool, const char *> table{
+        {"nothing", "", false, ""},
+        {"blanks", "  ", false, ""},
+        {"missing file", "/nowhere/a.mbtiles", false, "gefunden"},
+        {"half an address", "https://tiles.example/{z}/{x}", false, "{y}"},
+        {"address", "https://tiles.example/{z}/{x}/{y}.png", true, "tiles.example"},
+        {"folder", "@", true, "diesem Rechner"},
     };
-    QPushButton *const ok = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
-    QTRY_VERIFY(isNoted() && ok->isEnabled() == isGood);
-    QTest::qWait(300); // after the check
-    QCOMPARE(ok->isEnabled(), isGood);
+    table.forEach([&](const char *source, bool isGood, const char *word) {
+        KRGroundDialog dialog;
+        const bool isFolder = *source == '@';
+        dialog.findChild<QComboBox *>()->setEditText(isFolder ? tileFolder(source) : QString::fromLatin1(source));
+        const auto isNoted = [&] {
+            for (const QLabel *const label : dialog.findChildren<QLabel *>()) {
+                if (!label->text().isEmpty() && label->text().contains(QLatin1String(word)))
+                    return true;
+            }
+            return false;
+        };
+        QPushButton *const ok = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+        QTRY_VERIFY(isNoted() && ok->isEnabled() == isGood);
+        QTest::qWait(300); // after the check
+        QCOMPARE(ok->isEnabled(), isGood);
+    });
 }
 
 void tst_KRGroundMenu::choiceIsKept()
 {
-    const KRGroundChoice tiles = KRGroundChoice::tiles(tileFolder(QStringLiteral("kept")), QStringLiteral("Wir"));
+    const KRGroundChoice tiles = KRGroundChoice::tiles(tileFolder("kept"), QStringLiteral("Wir"));
     for (const KRGroundChoice &choice : {tiles, KRGroundChoice::noMap(), KRGroundChoice()}) {
         KRGroundMenu().setChoice(choice);
         QCOMPARE(KRGroundMenu().choice(), choice);
     }
+
+    KRGroundMenu menu;
+    QSignalSpy problems(&menu, &KRGroundMenu::problemChanged);
+    menu.setChoice(KRGroundChoice::tiles(QStringLiteral("/nowhere/a.mbtiles"), QString()));
+    QCOMPARE(problems.count(), 1);
+    QVERIFY(problems.first().first().toString().contains(QStringLiteral("gefunden")));
+    menu.setChoice(KRGroundChoice());
+    QCOMPARE(problems.count(), 2);
+    QVERIFY(problems.last().first().toString().isEmpty());
 }
 
 void tst_KRGroundMenu::recentTilesAreOfferedAgain()
@@ -179,39 +173,24 @@ void tst_KRGroundMenu::recentTilesAreOfferedAgain()
     QCOMPARE(std::count_if(recent.begin(), recent.end(),
                            [&](const KRGroundChoice &choice) { return choice.source() == recent.first().source(); }),
              1);
-    actionOf(menu, QStringLiteral("11.mbtiles"))->trigger();
+    actionOf(menu, "11.mbtiles")->trigger();
     QCOMPARE(menu.choice().source(), QStringLiteral("/tiles/11.mbtiles"));
-    QVERIFY(actionOf(menu, QStringLiteral("11.mbtiles"))->isChecked());
+    QVERIFY(actionOf(menu, "11.mbtiles")->isChecked());
 
-    actionOf(menu, QStringLiteral("Liste leeren"))->trigger();
-    QVERIFY(actionOf(menu, QStringLiteral("11.mbtiles")) == nullptr);
-}
-
-void tst_KRGroundMenu::problemsAreTold()
-{
-    KRGroundMenu menu;
-    QSignalSpy problems(&menu, &KRGroundMenu::problemChanged);
-    menu.setChoice(KRGroundChoice::tiles(QStringLiteral("/nowhere/a.mbtiles"), QString()));
-    QCOMPARE(problems.count(), 1);
-    QVERIFY(problems.first().first().toString().contains(QStringLiteral("gefunden")));
-    menu.setChoice(KRGroundChoice());
-    QCOMPARE(problems.count(), 2);
-    QVERIFY(problems.last().first().toString().isEmpty());
-}
-
-void tst_KRGroundMenu::names_data()
-{
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("/home/us/Karten/region.mbtiles") << "region.mbtiles";
-    QTest::newRow("/home/us/Karten/Kacheln") << "Kacheln";
-    QTest::newRow("/home/us/Karten/{z}/{x}/{-y}.png") << "Karten";
-    QTest::newRow("https://tiles.example/v1/{z}/{x}/{y}.png?key=secret") << "tiles.example";
+    actionOf(menu, "Liste leeren")->trigger();
+    QVERIFY(actionOf(menu, "11.mbtiles") == nullptr);
 }
 
 void tst_KRGroundMenu::names()
 {
-    QFETCH(QString, expected);
-    QCOMPARE(KRGroundChoice::tiles(QString::fromLatin1(QTest::currentDataTag()), QString()).name(), expected);
+    const QVector<QPair<const char *, const char *>> cases{
+        {"/home/us/Karten/region.mbtiles", "region.mbtiles"},
+        {"/home/us/Karten/Kacheln", "Kacheln"},
+        {"/home/us/Karten/{z}/{x}/{-y}.png", "Karten"},
+        {"https://tiles.example/v1/{z}/{x}/{y}.png?key=secret", "tiles.example"},
+    };
+    for (const auto &[source, name] : cases)
+        QCOMPARE(KRGroundChoice::tiles(QLatin1String(source), QString()).name(), QLatin1String(name));
 }
 
 #include "tst_KRGroundMenu.moc"

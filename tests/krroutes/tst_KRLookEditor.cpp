@@ -1,16 +1,14 @@
+#include "KRDialogAnswer.h"
+
 #include <KRColorButton.h>
 #include <KRCroppingControl.h>
 #include <KRFullShapeChooser.h>
 #include <KRLookEditor.h>
 #include <KRTestRegistry.h>
+#include <KRTestTable.h>
 
-#include <QCheckBox>
-#include <QColorDialog>
-#include <QLabel>
-#include <QPushButton>
-#include <QSlider>
-#include <QSpinBox>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -18,21 +16,11 @@ namespace {
 
 /// The control that a label with this text leads to.
 template <typename Control>
-Control *controlFor(const QWidget &widget, const QString &text)
+Control *controlFor(const QWidget &widget, const char *text)
 {
     for (const QLabel *label : widget.findChildren<QLabel *>()) {
-        if (label->text().remove(QLatin1Char('&')) == text)
+        if (label->text().remove(QLatin1Char('&')) == QString::fromUtf8(text))
             return qobject_cast<Control *>(label->buddy());
-    }
-    return nullptr;
-}
-
-template <typename Button>
-Button *buttonWith(const QWidget &widget, const QString &text)
-{
-    for (Button *button : widget.findChildren<Button *>()) {
-        if (button->text().remove(QLatin1Char('&')) == text)
-            return button;
     }
     return nullptr;
 }
@@ -46,14 +34,12 @@ class tst_KRLookEditor : public QObject
 private slots:
     void init();
     void cleanup();
-    void offersShapes_data();
     void offersShapes();
     void choosesByKeyAndClick();
     void switchesOptions();
     void announcesEveryStep();
     void triesColors();
     void keepsWhatIsNotShown();
-    void editsLookWithoutTrack();
     void wheelScrolls();
     void asksForMore();
     void croppingControl();
@@ -96,33 +82,33 @@ KRGPXTrackConfiguration tst_KRLookEditor::announced() const
     return m_spy->isEmpty() ? KRGPXTrackConfiguration() : m_spy->last().first().value<KRGPXTrackConfiguration>();
 }
 
-void tst_KRLookEditor::offersShapes_data()
-{
-    QTest::addColumn<int>("natural");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<bool>("canFill");
-    QTest::newRow("line: area, line, arrow") << int(LineStringTrackShape) << 3 << QStringLiteral("Strecke") << false;
-    QTest::newRow("area: nine markers, area") << int(PolygonTrackShape) << 10 << QStringLiteral("Fläche") << true;
-    QTest::newRow("point: nine markers") << int(PointTrackShape) << 9 << QStringLiteral("Punkt") << true;
-    QTest::newRow("empty track") << int(UnknownTrackShape) << 0 << QStringLiteral("unbekannt") << false;
-}
-
 void tst_KRLookEditor::offersShapes()
 {
-    QFETCH(int, natural);
-    QFETCH(QString, label);
-    const KRGPXTrackShape shape(static_cast<KRGPXTrackShapeEnum>(natural));
-    KRGPXTrackConfiguration configuration;
-    configuration.setTrackShape(shape);
-    show(configuration, shape);
-    QTEST(m_chooser->model()->rowCount(), "count");
-    QTEST(buttonWith<QCheckBox>(*m_editor, tr("Fläche füllen"))->isEnabled(), "canFill");
-    const QList<QLabel *> labels = m_editor->findChildren<QLabel *>();
-    QVERIFY(std::any_of(labels.begin(), labels.end(), [&](const QLabel *text) { return text->text() == label; }));
-    // All tiles are in sight.
-    for (int row = 0; row < m_chooser->model()->rowCount(); ++row)
-        QVERIFY(m_chooser->viewport()->rect().contains(m_chooser->visualRect(m_chooser->model()->index(row, 0))));
+    const KRTestTable<KRGPXTrackShapeEnum, int, const char *, bool> table{
+        {"line: area, line, arrow", LineStringTrackShape, 3, "Strecke", false},
+        {"area: nine markers, area", PolygonTrackShape, 10, "Fläche", true},
+        {"point: nine markers", PointTrackShape, 9, "Punkt", true},
+        {"empty track", UnknownTrackShape, 0, "unbekannt", false},
+    };
+    table.forEach([&](KRGPXTrackShapeEnum natural, int count, const char *label, bool canFill) {
+        KRGPXTrackConfiguration configuration;
+        configuration.setTrackShape(natural);
+        show(configuration, natural);
+        QCOMPARE(m_chooser->model()->rowCount(), count);
+        QCOMPARE(KRDialogAnswer::findButton(*m_editor, "Fläche füllen")->isEnabled(), canFill);
+        const QList<QLabel *> labels = m_editor->findChildren<QLabel *>();
+        QVERIFY(std::any_of(labels.begin(), labels.end(),
+                            [&](const QLabel *text) { return text->text() == QString::fromUtf8(label); }));
+        // All tiles are in sight.
+        for (int row = 0; row < m_chooser->model()->rowCount(); ++row)
+            QVERIFY(m_chooser->viewport()->rect().contains(m_chooser->visualRect(m_chooser->model()->index(row, 0))));
+    });
+
+    // The look of no track in particular.
+    show(KRGPXTrackConfiguration(), AutoTrackShape);
+    m_chooser->setCurrentIndex(m_chooser->model()->index(2, 0));
+    QVERIFY(announced().markerShape() == Star6MarkerShape);
+    QVERIFY(announced().trackShape() == AutoTrackShape);
 }
 
 void tst_KRLookEditor::choosesByKeyAndClick()
@@ -153,11 +139,10 @@ void tst_KRLookEditor::switchesOptions()
     show(configuration, LineStringTrackShape);
     QLabel *const warning = m_editor->findChild<QLabel *>(QStringLiteral("warningLabel"));
     QVERIFY(!warning->isVisible());
-    QTest::mouseClick(buttonWith<QCheckBox>(*m_editor, tr("Linie zeichnen")), Qt::LeftButton, Qt::NoModifier,
-                      QPoint(8, 8));
+    QTest::keyClick(KRDialogAnswer::findButton(*m_editor, "Linie zeichnen"), Qt::Key_Space);
     QVERIFY(announced().currentDisplayOptions() == NoDisplayOption);
     QVERIFY(warning->isVisible());
-    QTest::keyClick(buttonWith<QCheckBox>(*m_editor, tr("Fläche füllen")), Qt::Key_Space);
+    QTest::keyClick(KRDialogAnswer::findButton(*m_editor, "Fläche füllen"), Qt::Key_Space);
     QVERIFY(announced().currentDisplayOptions() == FillDisplayOption);
     QVERIFY(!warning->isVisible());
     // A line that is only filled could not be seen, so it is drawn.
@@ -170,7 +155,7 @@ void tst_KRLookEditor::switchesOptions()
 void tst_KRLookEditor::announcesEveryStep()
 {
     show(KRGPXTrackConfiguration(), LineStringTrackShape);
-    QWidget *const width = controlFor<QWidget>(*m_editor, tr("Breite:"));
+    QWidget *const width = controlFor<QWidget>(*m_editor, "Breite:");
     QTest::keyClick(width->findChild<QSlider *>(), Qt::Key_Right);
     QCOMPARE(announced().lineWidth().toDouble(), 11.0);
     QCOMPARE(width->findChild<QSpinBox *>()->value(), 11);
@@ -180,9 +165,9 @@ void tst_KRLookEditor::announcesEveryStep()
     QCOMPARE(m_spy->count(), 4);
     QCOMPARE(announced().lineWidth().toDouble(), 250.0);
 
-    QTest::keyClick(controlFor<QWidget>(*m_editor, tr("Glättung:"))->findChild<QSpinBox *>(), Qt::Key_PageUp);
+    QTest::keyClick(controlFor<QWidget>(*m_editor, "Glättung:")->findChild<QSpinBox *>(), Qt::Key_PageUp);
     QCOMPARE(announced().smoothingStrength(), 90);
-    QTest::keyClick(controlFor<QSpinBox>(*m_editor, tr("Feste Punkte:")), Qt::Key_Up);
+    QTest::keyClick(controlFor<QSpinBox>(*m_editor, "Feste Punkte:"), Qt::Key_Up);
     QCOMPARE(announced().smoothingSteps(), 2);
 }
 
@@ -191,7 +176,7 @@ void tst_KRLookEditor::triesColors()
     KRGPXTrackConfiguration configuration;
     configuration.setLineColor(Qt::blue);
     show(configuration, LineStringTrackShape);
-    auto *const button = controlFor<KRColorButton>(*m_editor, tr("Linienfarbe:"));
+    auto *const button = controlFor<KRColorButton>(*m_editor, "Linienfarbe:");
     for (const bool isAccepted : {false, true}) {
         QTest::keyClick(button, Qt::Key_Space);
         const QPointer<QColorDialog> dialog = button->findChild<QColorDialog *>();
@@ -214,23 +199,15 @@ void tst_KRLookEditor::keepsWhatIsNotShown()
     configuration.setTrackShape(HopTrackShape);
     configuration.setCurrentDisplayOptions(AllDisplayOptions);
     show(configuration, LineStringTrackShape);
-    QTest::keyClick(controlFor<QWidget>(*m_editor, tr("Hof:"))->findChild<QSpinBox *>(), Qt::Key_Up);
+    QTest::keyClick(controlFor<QWidget>(*m_editor, "Hof:")->findChild<QSpinBox *>(), Qt::Key_Up);
     configuration.setHaloWidth(1.0);
     QVERIFY(announced() == configuration);
-}
-
-void tst_KRLookEditor::editsLookWithoutTrack()
-{
-    show(KRGPXTrackConfiguration(), AutoTrackShape);
-    m_chooser->setCurrentIndex(m_chooser->model()->index(2, 0));
-    QVERIFY(announced().markerShape() == Star6MarkerShape);
-    QVERIFY(announced().trackShape() == AutoTrackShape);
 }
 
 void tst_KRLookEditor::wheelScrolls()
 {
     show(KRGPXTrackConfiguration(), LineStringTrackShape);
-    auto *const width = controlFor<QWidget>(*m_editor, tr("Breite:"))->findChild<QSpinBox *>();
+    auto *const width = controlFor<QWidget>(*m_editor, "Breite:")->findChild<QSpinBox *>();
     const auto turnWheel = [&] {
         QWheelEvent event(QPointF(5, 5), QPointF(), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
@@ -248,12 +225,12 @@ void tst_KRLookEditor::asksForMore()
 {
     QSignalSpy all(m_editor.get(), &KRLookEditor::applyToAllRequested);
     QSignalSpy byDefault(m_editor.get(), &KRLookEditor::useAsDefaultRequested);
-    QTest::mouseClick(buttonWith<QPushButton>(*m_editor, tr("Für alle Routen")), Qt::LeftButton);
+    KRDialogAnswer::press(*m_editor, "Für alle Routen");
     QCOMPARE(all.count(), 1);
-    QTest::mouseClick(buttonWith<QPushButton>(*m_editor, tr("Als Standard")), Qt::LeftButton);
+    KRDialogAnswer::press(*m_editor, "Als Standard");
     QCOMPARE(byDefault.count(), 1);
     m_editor->setButtonsVisible(false);
-    QVERIFY(!buttonWith<QPushButton>(*m_editor, tr("Als Standard"))->isVisible());
+    QVERIFY(!KRDialogAnswer::findButton(*m_editor, "Als Standard")->isVisible());
 }
 
 void tst_KRLookEditor::croppingControl()

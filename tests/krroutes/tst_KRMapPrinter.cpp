@@ -1,8 +1,11 @@
 #include "KRDialogAnswer.h"
 #include "KRFileSizeLimit.h"
 #include "KRMapPrinter.h"
+#include "KRTestFile.h"
+#include "KRTestMap.h"
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRBaseMapGround.h>
 #include <KRRouteImport.h>
@@ -12,8 +15,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 class tst_KRMapPrinter : public QObject
@@ -22,11 +23,8 @@ class tst_KRMapPrinter : public QObject
 
 private slots:
     void initTestCase();
-    void fillsThePage_data();
     void fillsThePage();
-    void previewTurnsThePage_data();
     void previewTurnsThePage();
-    void nothingToPrint();
     void fullDiskKeepsTheOldFile();
 
 private:
@@ -35,16 +33,6 @@ private:
     QWidget m_window;
 };
 
-namespace {
-
-KRGeoPositionRect areaOf(double south, double north, double west, double east)
-{
-    return KRGeoPositionRect(KRLatitudeRange(KRLatitude(south), KRLatitude(north)),
-                             KRLongitudeRange(KRLongitude(west), KRLongitude(east)));
-}
-
-} // namespace
-
 void tst_KRMapPrinter::initTestCase()
 {
     KRRouteImport import;
@@ -52,80 +40,71 @@ void tst_KRMapPrinter::initTestCase()
     m_selection = KRGPXTrackSelection(import.tracks());
 }
 
-void tst_KRMapPrinter::fillsThePage_data()
-{
-    QTest::addColumn<int>("orientation");
-    QTest::addColumn<int>("resolution");
-    QTest::newRow("portrait") << int(QPageLayout::Portrait) << 1200;
-    QTest::newRow("landscape") << int(QPageLayout::Landscape) << 300;
-}
-
 void tst_KRMapPrinter::fillsThePage()
 {
-    QFETCH(int, orientation);
-    QFETCH(int, resolution);
-    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
-        QSKIP("the program that draws pages is not installed");
-    const QTemporaryDir dir;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(dir.filePath(QStringLiteral("page.pdf")));
-    printer.setResolution(resolution);
-    printer.setPageSize(QPageSize(QPageSize::A4));
-    printer.setPageOrientation(QPageLayout::Orientation(orientation));
-    printer.setPageMargins(QMarginsF(20.0, 20.0, 20.0, 20.0), QPageLayout::Millimeter);
-    KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, nullptr);
+    const KRTestTable<QPageLayout::Orientation, int> table{
+        {"portrait", QPageLayout::Portrait, 1200},
+        {"landscape", QPageLayout::Landscape, 300},
+    };
+    table.forEach([&](QPageLayout::Orientation orientation, int resolution) {
+        if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+            QSKIP("the program that draws pages is not installed");
+        const QTemporaryDir dir;
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(dir.filePath(QStringLiteral("page.pdf")));
+        printer.setResolution(resolution);
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        printer.setPageOrientation(orientation);
+        printer.setPageMargins(QMarginsF(20.0, 20.0, 20.0, 20.0), QPageLayout::Millimeter);
+        KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, nullptr);
 
-    // A tenth of a millimetre is a pixel.
-    QProcess program;
-    program.start(QStringLiteral("pdftoppm"),
-                  {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("254"), printer.outputFileName()});
-    QVERIFY(program.waitForFinished(60000));
-    const QImage page = QImage::fromData(program.readAllStandardOutput());
-    const QRect painted = KRTestPicture::boundsOfPainted(page);
-    const QRect expected = page.rect().adjusted(200, 200, -200, -200);
-    QCOMPARE(page.width() > page.height(), orientation == QPageLayout::Landscape);
-    for (const int difference : {painted.left() - expected.left(), painted.top() - expected.top(),
-                                 painted.right() - expected.right(), painted.bottom() - expected.bottom()})
-        QVERIFY2(qAbs(difference) <= 12, qPrintable(QString::number(difference)));
-    // The whole route is on it, with a line of a millimetre or so.
-    const QRect route = KRTestPicture::boundsOf(page, [](const QColor &color) { return color.hsvSaturation() > 240; });
-    QVERIFY(expected.contains(route));
-    QVERIFY(route.width() > expected.width() / 2 || route.height() > expected.height() / 2);
-}
-
-void tst_KRMapPrinter::previewTurnsThePage_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("area");
-    QTest::addColumn<bool>("isLandscape");
-    QTest::newRow("wide") << areaOf(50.0, 52.0, 5.0, 15.0) << true;
-    QTest::newRow("high") << areaOf(40.0, 60.0, 5.0, 8.0) << false;
-    QTest::newRow("wide across the date line") << areaOf(-20.0, -15.0, 170.0, -170.0) << true;
+        // A tenth of a millimetre is a pixel.
+        QProcess program;
+        program.start(QStringLiteral("pdftoppm"),
+                      {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("254"), printer.outputFileName()});
+        QVERIFY(program.waitForFinished(60000));
+        const QImage page = QImage::fromData(program.readAllStandardOutput());
+        const QRect painted = KRTestPicture::boundsOfPainted(page);
+        const QRect expected = page.rect().adjusted(200, 200, -200, -200);
+        QCOMPARE(page.width() > page.height(), orientation == QPageLayout::Landscape);
+        for (const int difference : {painted.left() - expected.left(), painted.top() - expected.top(),
+                                     painted.right() - expected.right(), painted.bottom() - expected.bottom()})
+            QVERIFY2(qAbs(difference) <= 12, qPrintable(QString::number(difference)));
+        // The whole route is on it, with a line of a millimetre or so.
+        const QRect route =
+            KRTestPicture::boundsOf(page, [](const QColor &color) { return color.hsvSaturation() > 240; });
+        QVERIFY(expected.contains(route));
+        QVERIFY(route.width() > expected.width() / 2 || route.height() > expected.height() / 2);
+    });
 }
 
 void tst_KRMapPrinter::previewTurnsThePage()
 {
-    QFETCH(KRGeoPositionRect, area);
-    QFETCH(bool, isLandscape);
-    bool isTurned = !isLandscape;
-    int pages = 0;
-    KRDialogAnswer answers({[&](QWidget *window) {
-        auto *const dialog = qobject_cast<QPrintPreviewDialog *>(window);
-        QVERIFY(dialog);
-        auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
-        isTurned = int(preview->orientation()) == int(QPageLayout::Landscape);
-        pages = preview->pageCount();
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    }});
-    KRMapPrinter(m_selection, area, &m_ground).preview(&m_window);
-    QVERIFY(answers.isDone());
-    QCOMPARE(isTurned, isLandscape);
-    QCOMPARE(pages, 1);
-}
+    const KRTestTable<KRTestMap, bool> table{
+        {"wide", {50.0, 52.0, 5.0, 15.0}, true},
+        {"high", {40.0, 60.0, 5.0, 8.0}, false},
+        {"wide across the date line", {-20.0, -15.0, 170.0, -170.0}, true},
+    };
+    table.forEach([&](const KRTestMap &area, bool isLandscape) {
+        bool isTurned = !isLandscape;
+        int pages = 0;
+        KRDialogAnswer answers({[&](QWidget *window) {
+            auto *const dialog = qobject_cast<QPrintPreviewDialog *>(window);
+            QVERIFY(dialog);
+            auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
+            isTurned = int(preview->orientation()) == int(QPageLayout::Landscape);
+            pages = preview->pageCount();
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        }});
+        KRMapPrinter(m_selection, area.area(), &m_ground).preview(&m_window);
+        QVERIFY(answers.isDone());
+        QCOMPARE(isTurned, isLandscape);
+        QCOMPARE(pages, 1);
+    });
 
-void tst_KRMapPrinter::nothingToPrint()
-{
-    KRDialogAnswer answers({[](QWidget *box) { QTest::keyClick(box, Qt::Key_Return); }});
+    // Nothing to print is told.
+    KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Return)});
     KRMapPrinter(KRGPXTrackSelection(), KRGeoPositionRect(), nullptr).preview(&m_window);
     QVERIFY(answers.isDone());
 }
@@ -133,22 +112,18 @@ void tst_KRMapPrinter::nothingToPrint()
 void tst_KRMapPrinter::fullDiskKeepsTheOldFile()
 {
     const QTemporaryDir dir;
-    QFile file(dir.filePath(QStringLiteral("page.pdf")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("old");
-    file.close();
+    const QString file = KRTestFile::write(dir.filePath(QStringLiteral("page.pdf")), "old");
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(file.fileName());
+    printer.setOutputFileName(file);
     KRErrorHistory history;
     {
         const KRFileSizeLimit fullDisk(1000);
         KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, &history);
     }
     QCOMPARE(history.entries().size(), 1);
-    QVERIFY(history.entries().first().fileName.endsWith(QLatin1String("page.pdf")));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("old"));
+    QCOMPARE(history.entries().first().fileName, file);
+    QCOMPARE(KRTestFile::content(file), QByteArray("old"));
 }
 
 static const KRTestRegistration<tst_KRMapPrinter> registration;

@@ -1,5 +1,7 @@
 #include <KRMapViewport.h>
+#include <KRTestMap.h>
 #include <KRTestRegistry.h>
+#include <KRTestTable.h>
 
 #include <QtTest>
 
@@ -7,15 +9,9 @@
 
 namespace {
 
-KRMapViewport viewOf(double latitude, double longitude, const QSize &size, double devicePixelRatio = 1.0)
+KRMapViewport viewOf(const KRGeoPosition &middle, const QSize &size, double devicePixelRatio = 1.0)
 {
-    return KRMapViewport().resized(size, devicePixelRatio).centeredOn(KRGeoPosition(latitude, longitude));
-}
-
-KRGeoPositionRect area(double south, double west, double north, double east)
-{
-    return KRGeoPositionRect(KRLatitudeRange(KRLatitude(south), KRLatitude(north)),
-                             KRLongitudeRange(KRLongitude(west), KRLongitude(east)));
+    return KRMapViewport().resized(size, devicePixelRatio).centeredOn(middle);
 }
 
 double distance(const QPointF &a, const QPointF &b)
@@ -30,48 +26,39 @@ class tst_KRMapViewport : public QObject
     Q_OBJECT
 
 private slots:
-    void zoomKeepsThePlaceUnderThePointer_data();
     void zoomKeepsThePlaceUnderThePointer();
     void panGoesRoundTheWorldAndStopsAtTheEnds();
-    void fitsAreas_data();
     void fitsAreas();
-    void scaleIsLimited_data();
     void scaleIsLimited();
     void pixelsAndPositions();
-    void projectionAgrees_data();
     void projectionAgrees();
-    void picturesMoveByWholePixels_data();
     void picturesMoveByWholePixels();
 };
 
 static const KRTestRegistration<tst_KRMapViewport> registration;
 
-void tst_KRMapViewport::zoomKeepsThePlaceUnderThePointer_data()
-{
-    QTest::addColumn<KRGeoPosition>("middle");
-    QTest::addColumn<QPointF>("pixel");
-    QTest::newRow("beside the middle") << KRGeoPosition(53.14, 8.21) << QPointF(100.0, 500.0);
-    QTest::newRow("across the date line") << KRGeoPosition(-17.0, 179.9) << QPointF(790.0, 300.0);
-}
-
 void tst_KRMapViewport::zoomKeepsThePlaceUnderThePointer()
 {
-    QFETCH(KRGeoPosition, middle);
-    QFETCH(QPointF, pixel);
-    KRMapViewport view = viewOf(middle.latitude().decimalDegrees(), middle.longitude().decimalDegrees(), {800, 600});
-    const KRGeoPosition place = view.positionAt(pixel);
-    for (int i = 0; i < 40; ++i) {
-        view = view.zoomed(1.2, pixel);
-        QVERIFY(distance(view.pixelOf(place), pixel) < 0.01);
-    }
-    for (int i = 0; i < 40; ++i)
-        view = view.zoomed(1.0 / 1.2, pixel);
-    QVERIFY(distance(view.pixelOf(middle), QPointF(400.0, 300.0)) < 0.01);
+    const KRTestTable<KRGeoPosition, QPointF> table{
+        {"beside the middle", {53.14, 8.21}, {100.0, 500.0}},
+        {"across the date line", {-17.0, 179.9}, {790.0, 300.0}},
+    };
+    table.forEach([&](const KRGeoPosition &middle, const QPointF &pixel) {
+        KRMapViewport view = viewOf(middle, {800, 600});
+        const KRGeoPosition place = view.positionAt(pixel);
+        for (int i = 0; i < 40; ++i) {
+            view = view.zoomed(1.2, pixel);
+            QVERIFY(distance(view.pixelOf(place), pixel) < 0.01);
+        }
+        for (int i = 0; i < 40; ++i)
+            view = view.zoomed(1.0 / 1.2, pixel);
+        QVERIFY(distance(view.pixelOf(middle), QPointF(400.0, 300.0)) < 0.01);
+    });
 }
 
 void tst_KRMapViewport::panGoesRoundTheWorldAndStopsAtTheEnds()
 {
-    const KRMapViewport start = viewOf(53.0, 170.0, {800, 600});
+    const KRMapViewport start = viewOf({53.0, 170.0}, {800, 600});
     const KRMapViewport east = start.panned(QPointF(-start.worldWidth() / 18.0, 0.0));
     QVERIFY(std::abs(east.center().longitude().decimalDegrees() + 170.0) < 1e-9);
     QVERIFY(start.panned(QPointF(7.0 * start.worldWidth(), 0.0)).center() == start.center());
@@ -85,64 +72,56 @@ void tst_KRMapViewport::panGoesRoundTheWorldAndStopsAtTheEnds()
     QVERIFY(std::abs(small.center().latitude().decimalDegrees()) < 1e-9);
 }
 
-void tst_KRMapViewport::fitsAreas_data()
-{
-    QTest::addColumn<KRGeoPositionRect>("shown");
-    QTest::addColumn<double>("longitude");
-    QTest::newRow("wide") << area(53.0, 7.0, 53.1, 9.0) << 8.0;
-    QTest::newRow("tall") << area(40.0, 8.0, 60.0, 8.1) << 8.05;
-    QTest::newRow("across the date line") << area(-20.0, 177.0, -13.0, -171.0) << -177.0;
-    QTest::newRow("the whole world") << area(-60.0, -180.0, 80.0, 180.0) << 0.0;
-}
-
 void tst_KRMapViewport::fitsAreas()
 {
-    QFETCH(KRGeoPositionRect, shown);
-    QFETCH(double, longitude);
-    const KRMapViewport view = KRMapViewport().resized({800, 600}, 1.0).fitted(shown, 20);
-    QVERIFY(std::abs(view.center().longitude().decimalDegrees() - longitude) < 1e-9);
-    double free = 1000.0;
-    for (const KRGeoPosition &corner : {shown.northWest(), shown.southEast()}) {
-        const QPointF pixel = view.pixelOf(corner);
-        for (const double side : {pixel.x(), 800.0 - pixel.x(), pixel.y(), 600.0 - pixel.y()})
-            free = std::min(free, side);
-    }
-    QVERIFY2(std::abs(free - 20.0) < 1e-6, qPrintable(QString::number(free)));
-    QVERIFY(view.fitted(KRGeoPositionRect(), 20) == view);
-}
-
-void tst_KRMapViewport::scaleIsLimited_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("devicePixelRatio");
-    QTest::newRow("common") << QSize(800, 600) << 1.0;
-    QTest::newRow("small") << QSize(60, 40) << 1.0;
-    QTest::newRow("a wall at high density") << QSize(12000, 3000) << 3.0;
-    QTest::newRow("tall") << QSize(100, 4000) << 1.5;
+    const KRTestTable<KRTestMap, double> table{
+        {"wide", {53.0, 53.1, 7.0, 9.0}, 8.0},
+        {"tall", {40.0, 60.0, 8.0, 8.1}, 8.05},
+        {"across the date line", {-20.0, -13.0, 177.0, -171.0}, -177.0},
+        {"the whole world", {-60.0, 80.0, -180.0, 180.0}, 0.0},
+    };
+    table.forEach([&](const KRTestMap &shown, double longitude) {
+        const KRMapViewport view = KRMapViewport().resized({800, 600}, 1.0).fitted(shown.area(), 20);
+        QVERIFY(std::abs(view.center().longitude().decimalDegrees() - longitude) < 1e-9);
+        double free = 1000.0;
+        for (const KRGeoPosition &corner : {shown.area().northWest(), shown.area().southEast()}) {
+            const QPointF pixel = view.pixelOf(corner);
+            for (const double side : {pixel.x(), 800.0 - pixel.x(), pixel.y(), 600.0 - pixel.y()})
+                free = std::min(free, side);
+        }
+        QVERIFY2(std::abs(free - 20.0) < 1e-6, qPrintable(QString::number(free)));
+        QVERIFY(view.fitted(KRGeoPositionRect(), 20) == view);
+    });
 }
 
 void tst_KRMapViewport::scaleIsLimited()
 {
-    QFETCH(QSize, size);
-    QFETCH(double, devicePixelRatio);
-    const QPointF middle(size.width() / 2.0, size.height() / 2.0);
-    const KRMapViewport start = viewOf(-43.9, -176.5, size, devicePixelRatio);
-    for (const double factor : {1e300, 1e-300, 0.0}) {
-        const KRMapViewport view = start.zoomed(factor, middle);
-        // The pixels of one world, which the track renderer counts in int, and of a place at its other side.
-        const KRMapProjection projection = view.projection();
-        const double world = projection.getPixelCoordinateByMapCoordinate(0.0, 180.0).x()
-                             - projection.getPixelCoordinateByMapCoordinate(0.0, -180.0).x();
-        QVERIFY(std::abs(world - view.worldWidth() * devicePixelRatio) <= 3.0);
-        QVERIFY(world >= 127.0 && world <= (1 << 30) + 3.0);
-        const KRGeoPosition top = projection.convert(QPoint(0, 0));
-        QVERIFY(std::isfinite(top.latitude().decimalDegrees()) && std::isfinite(top.longitude().decimalDegrees()));
-    }
+    const KRTestTable<QSize, double> table{
+        {"common", QSize(800, 600), 1.0},
+        {"small", QSize(60, 40), 1.0},
+        {"a wall at high density", QSize(12000, 3000), 3.0},
+        {"tall", QSize(100, 4000), 1.5},
+    };
+    table.forEach([&](const QSize &size, double devicePixelRatio) {
+        const QPointF middle(size.width() / 2.0, size.height() / 2.0);
+        const KRMapViewport start = viewOf({-43.9, -176.5}, size, devicePixelRatio);
+        for (const double factor : {1e300, 1e-300, 0.0}) {
+            const KRMapViewport view = start.zoomed(factor, middle);
+            // The pixels of one world, which the track renderer counts in int, and of a place at its other side.
+            const KRMapProjection projection = view.projection();
+            const double world = projection.getPixelCoordinateByMapCoordinate(0.0, 180.0).x()
+                                 - projection.getPixelCoordinateByMapCoordinate(0.0, -180.0).x();
+            QVERIFY(std::abs(world - view.worldWidth() * devicePixelRatio) <= 3.0);
+            QVERIFY(world >= 127.0 && world <= (1 << 30) + 3.0);
+            const KRGeoPosition top = projection.convert(QPoint(0, 0));
+            QVERIFY(std::isfinite(top.latitude().decimalDegrees()) && std::isfinite(top.longitude().decimalDegrees()));
+        }
+    });
 }
 
 void tst_KRMapViewport::pixelsAndPositions()
 {
-    const KRMapViewport view = viewOf(10.0, 175.0, {3000, 1000}).zoomed(0.5, QPointF(1500.0, 500.0));
+    const KRMapViewport view = viewOf({10.0, 175.0}, {3000, 1000}).zoomed(0.5, QPointF(1500.0, 500.0));
     // The window is wider than the world and higher than the map.
     QCOMPARE(view.worldWidth(), 1024.0);
     const KRGeoPosition far = view.positionAt(QPointF(2900.0, 500.0));
@@ -155,57 +134,49 @@ void tst_KRMapViewport::pixelsAndPositions()
     QVERIFY(small.positionAt(QPointF(200.0, 460.0)).isValid());
 }
 
-void tst_KRMapViewport::projectionAgrees_data()
-{
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<double>("devicePixelRatio");
-    QTest::newRow("far away") << 0.0 << 1.0;
-    QTest::newRow("country") << 4.0 << 1.0;
-    QTest::newRow("street, high density") << 4000.0 << 2.0;
-    QTest::newRow("as near as it gets, broken density") << 1e9 << 1.5;
-}
-
 void tst_KRMapViewport::projectionAgrees()
 {
-    QFETCH(double, factor);
-    QFETCH(double, devicePixelRatio);
-    const KRMapViewport view =
-        viewOf(-18.1, 179.9, {801, 603}, devicePixelRatio).zoomed(factor, QPointF(400.0, 300.0)).grown(31);
-    const KRMapProjection projection = view.projection();
-    for (const QPointF &pixel : {QPointF(300.0, 380.0), QPointF(420.0, 300.0), QPointF(520.0, 410.0)}) {
-        const QPointF world = view.worldAt(pixel);
-        const QPointF projected = projection.getPixelCoordinateByMapCoordinate(
-            projection.normalizedToLatitude(world.y()), projection.normalizedToLongitude(world.x()));
-        QVERIFY2(distance(projected, pixel * devicePixelRatio) < 2.0,
-                 qPrintable(QStringLiteral("%1 %2").arg(projected.x()).arg(projected.y())));
-    }
-}
-
-void tst_KRMapViewport::picturesMoveByWholePixels_data()
-{
-    QTest::addColumn<double>("devicePixelRatio");
-    QTest::addColumn<QPointF>("step");
-    QTest::newRow("common") << 1.0 << QPointF(-333.0, 0.0);
-    QTest::newRow("broken density") << 1.5 << QPointF(-101.0, 13.0);
-    QTest::newRow("fine steps") << 2.0 << QPointF(-0.3, 0.2);
+    const KRTestTable<double, double> table{
+        {"far away", 0.0, 1.0},
+        {"country", 4.0, 1.0},
+        {"street, high density", 4000.0, 2.0},
+        {"as near as it gets, broken density", 1e9, 1.5},
+    };
+    table.forEach([&](double factor, double devicePixelRatio) {
+        const KRMapViewport view =
+            viewOf({-18.1, 179.9}, {801, 603}, devicePixelRatio).zoomed(factor, QPointF(400.0, 300.0)).grown(31);
+        const KRMapProjection projection = view.projection();
+        for (const QPointF &pixel : {QPointF(300.0, 380.0), QPointF(420.0, 300.0), QPointF(520.0, 410.0)}) {
+            const QPointF world = view.worldAt(pixel);
+            const QPointF projected = projection.getPixelCoordinateByMapCoordinate(
+                projection.normalizedToLatitude(world.y()), projection.normalizedToLongitude(world.x()));
+            QVERIFY2(distance(projected, pixel * devicePixelRatio) < 2.0,
+                     qPrintable(QStringLiteral("%1 %2").arg(projected.x()).arg(projected.y())));
+        }
+    });
 }
 
 void tst_KRMapViewport::picturesMoveByWholePixels()
 {
-    QFETCH(double, devicePixelRatio);
-    QFETCH(QPointF, step);
-    const KRMapViewport start =
-        viewOf(53.0, 179.0, {800, 600}, devicePixelRatio).zoomed(12.34, QPointF(17.0, 3.0)).grown(64);
-    KRMapViewport view = start;
-    for (int i = 0; i < 20; ++i) {
-        view = view.panned(step);
-        const QPointF corner = view.rectOf(start).topLeft() * devicePixelRatio;
-        QVERIFY(distance(corner, QPointF(std::round(corner.x()), std::round(corner.y()))) < 1e-3);
-        QVERIFY(distance(corner, (i + 1) * step * devicePixelRatio) <= 1.5);
-    }
-    // Half the scale: the other picture takes half the room.
-    const QRectF scaled = start.zoomed(0.5, QPointF(464.0, 364.0)).rectOf(start);
-    QVERIFY(std::abs(scaled.width() - 464.0) < 1e-6 && distance(scaled.center(), QPointF(464.0, 364.0)) < 2.0);
+    const KRTestTable<double, QPointF> table{
+        {"common", 1.0, {-333.0, 0.0}},
+        {"broken density", 1.5, {-101.0, 13.0}},
+        {"fine steps", 2.0, {-0.3, 0.2}},
+    };
+    table.forEach([&](double devicePixelRatio, const QPointF &step) {
+        const KRMapViewport start =
+            viewOf({53.0, 179.0}, {800, 600}, devicePixelRatio).zoomed(12.34, QPointF(17.0, 3.0)).grown(64);
+        KRMapViewport view = start;
+        for (int i = 0; i < 20; ++i) {
+            view = view.panned(step);
+            const QPointF corner = view.rectOf(start).topLeft() * devicePixelRatio;
+            QVERIFY(distance(corner, QPointF(std::round(corner.x()), std::round(corner.y()))) < 1e-3);
+            QVERIFY(distance(corner, (i + 1) * step * devicePixelRatio) <= 1.5);
+        }
+        // Half the scale: the other picture takes half the room.
+        const QRectF scaled = start.zoomed(0.5, QPointF(464.0, 364.0)).rectOf(start);
+        QVERIFY(std::abs(scaled.width() - 464.0) < 1e-6 && distance(scaled.center(), QPointF(464.0, 364.0)) < 2.0);
+    });
 }
 
 #include "tst_KRMapViewport.moc"

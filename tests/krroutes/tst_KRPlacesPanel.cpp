@@ -5,14 +5,10 @@
 #include <KRPlaceEdit.h>
 #include <KRPlacesPanel.h>
 #include <KRTestRegistry.h>
+#include <KRTestTable.h>
 
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSpinBox>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 
@@ -23,12 +19,8 @@ class tst_KRPlacesPanel : public QObject
 private slots:
     void init();
     void cleanup();
-    void clickAddsInstantly();
-    void buttonAdds();
-    void searches_data();
+    void placesAreAdded();
     void searches();
-    void returnKeyAdds();
-    void placeByAngles_data();
     void placeByAngles();
     void flightLine();
     void flightLineNeedsTwoPlaces();
@@ -68,17 +60,22 @@ void tst_KRPlacesPanel::click(int row)
                       m_list->visualItemRect(m_list->item(row)).center());
 }
 
-void tst_KRPlacesPanel::clickAddsInstantly()
+void tst_KRPlacesPanel::placesAreAdded()
 {
     QVERIFY(!m_button->isVisible());
     click(1);
     QCOMPARE(m_spy->count(), 1);
-    QCOMPARE(m_spy->first().at(0).toString(), QStringLiteral("Bremen"));
-    QCOMPARE(m_spy->first().at(1).value<KRGeoPosition>(), KRGeoPosition(53.0792962, 8.806422));
-}
+    QCOMPARE(m_spy->last().at(0).toString(), QStringLiteral("Bremen"));
+    QCOMPARE(m_spy->last().at(1).value<KRGeoPosition>(), KRGeoPosition(53.0792962, 8.806422));
+    QTest::keyClick(m_list, Qt::Key_Return);
+    QCOMPARE(m_spy->count(), 2);
+    // A double click is not two places more than the two clicks that it is made of.
+    QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                       m_list->visualItemRect(m_list->item(2)).center());
+    QVERIFY(m_spy->count() <= 4);
 
-void tst_KRPlacesPanel::buttonAdds()
-{
+    m_list->setCurrentItem(nullptr);
+    m_spy->clear();
     KRGeoLocationSettings::instance()->setInstantlyAddLocations(false);
     QVERIFY(m_button->isVisible());
     QTest::mouseClick(m_button, Qt::LeftButton);
@@ -91,63 +88,42 @@ void tst_KRPlacesPanel::buttonAdds()
     QVERIFY(!m_button->isVisible());
 }
 
-void tst_KRPlacesPanel::searches_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("found");
-    QTest::newRow("part of a name, in any case") << QStringLiteral("  enb") << QStringLiteral("Oldenburg");
-    QTest::newRow("several") << QStringLiteral("ne") << QStringLiteral("Sydney|New York|Polynesien");
-    QTest::newRow("coordinates") << QStringLiteral("S33.5 E150.5") << QStringLiteral("S33.5 E150.5");
-    QTest::newRow("nothing") << QStringLiteral("xyz") << QString();
-}
-
 void tst_KRPlacesPanel::searches()
 {
-    QFETCH(QString, text);
-    QTest::keyClicks(m_panel->findChild<QLineEdit *>(), text);
-    QStringList names;
-    for (int row = 0; row < m_list->count(); ++row)
-        names.append(m_list->item(row)->text());
-    QTEST(names.join(QLatin1Char('|')), "found");
-    QCOMPARE(m_list->isVisible(), !names.isEmpty());
-    QTest::keyClick(m_panel->findChild<QLineEdit *>(), Qt::Key_Return);
-    QCOMPARE(m_spy->count(), names.isEmpty() ? 0 : 1);
-}
-
-void tst_KRPlacesPanel::returnKeyAdds()
-{
-    m_list->setFocus();
-    QTest::keyClick(m_list, Qt::Key_Down);
-    QTest::keyClick(m_list, Qt::Key_Return);
-    QCOMPARE(m_spy->count(), 1);
-    // A double click is not two places more than the two clicks that it is made of.
-    QTest::mouseDClick(m_list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                       m_list->visualItemRect(m_list->item(2)).center());
-    QVERIFY(m_spy->count() <= 3);
-}
-
-void tst_KRPlacesPanel::placeByAngles_data()
-{
-    QTest::addColumn<double>("latitude");
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<bool>("isValid");
-    QTest::newRow("plain") << 53.5 << 8.25 << true;
-    QTest::newRow("half a degree south and west") << -0.5 << -0.25 << true;
-    QTest::newRow("beyond the pole") << 95.0 << 8.0 << false;
-    QTest::newRow("beyond the date line") << 50.0 << 190.0 << false;
-    QTest::newRow("no place") << 0.0 << 0.0 << false;
+    const KRTestTable<const char *, const char *> table{
+        {"part of a name, in any case", "  enb", "Oldenburg"},
+        {"several", "ne", "Sydney|New York|Polynesien"},
+        {"coordinates", "S33.5 E150.5", "S33.5 E150.5"},
+        {"nothing", "xyz", ""},
+    };
+    table.forEach([&](const char *text, const char *found) {
+        init();
+        QTest::keyClicks(m_panel->findChild<QLineEdit *>(), QLatin1String(text));
+        QStringList names;
+        for (int row = 0; row < m_list->count(); ++row)
+            names.append(m_list->item(row)->text());
+        QCOMPARE(names.join(QLatin1Char('|')), QLatin1String(found));
+        QCOMPARE(m_list->isVisible(), !names.isEmpty());
+        QTest::keyClick(m_panel->findChild<QLineEdit *>(), Qt::Key_Return);
+        QCOMPARE(m_spy->count(), names.isEmpty() ? 0 : 1);
+    });
 }
 
 void tst_KRPlacesPanel::placeByAngles()
 {
-    QFETCH(double, latitude);
-    QFETCH(double, longitude);
-    KRPlaceEdit edit{QString()};
-    edit.showPosition(KRGeoPosition(latitude, longitude));
-    QTEST(edit.position().isValid(), "isValid");
-    if (edit.position().isValid())
-        QCOMPARE(edit.position(), KRGeoPosition(latitude, longitude));
-    QVERIFY(edit.name().isEmpty());
+    const KRTestTable<double, double, bool> table{
+        {"plain", 53.5, 8.25, true},           {"half a degree south and west", -0.5, -0.25, true},
+        {"beyond the pole", 95.0, 8.0, false}, {"beyond the date line", 50.0, 190.0, false},
+        {"no place", 0.0, 0.0, false},
+    };
+    table.forEach([&](double latitude, double longitude, bool isValid) {
+        KRPlaceEdit edit{QString()};
+        edit.showPosition(KRGeoPosition(latitude, longitude));
+        QCOMPARE(edit.position().isValid(), isValid);
+        if (edit.position().isValid())
+            QCOMPARE(edit.position(), KRGeoPosition(latitude, longitude));
+        QVERIFY(edit.name().isEmpty());
+    });
 }
 
 void tst_KRPlacesPanel::flightLine()
@@ -178,16 +154,18 @@ void tst_KRPlacesPanel::flightLine()
 void tst_KRPlacesPanel::flightLineNeedsTwoPlaces()
 {
     KRFlightLineDialog dialog;
-    dialog.show();
     QPushButton *const okButton = dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
     QVERIFY(okButton->isEnabled());
-    dialog.setStart(KRGeoPosition(40.73061, -73.935242));
-    QVERIFY2(!okButton->isEnabled(), "the same place twice");
-    QVERIFY(!dialog.track().isValid());
-    dialog.setStart(KRGeoPosition(40.0, 8.0));
-    QVERIFY(okButton->isEnabled());
-    dialog.setStart(KRGeoPosition(100.0, 8.0));
-    QVERIFY(!okButton->isEnabled());
+    const KRTestTable<double, double, bool> table{
+        {"the same place twice", 40.73061, -73.935242, false},
+        {"another place", 40.0, 8.0, true},
+        {"no place", 100.0, 8.0, false},
+    };
+    table.forEach([&](double latitude, double longitude, bool isGood) {
+        dialog.setStart(KRGeoPosition(latitude, longitude));
+        QCOMPARE(okButton->isEnabled(), isGood);
+        QCOMPARE(dialog.track().isValid(), isGood);
+    });
 }
 
 #include "tst_KRPlacesPanel.moc"

@@ -6,14 +6,8 @@
 #include <KRSimplifyDialog.h>
 #include <KRTestRegistry.h>
 
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QSlider>
-#include <QTabWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 class tst_KRPreferencesDialog : public QObject
 {
@@ -21,7 +15,6 @@ class tst_KRPreferencesDialog : public QObject
 
 private slots:
     void init();
-    void storesOnlyWhenAccepted_data();
     void storesOnlyWhenAccepted();
     void resetsLook();
     void ordersPages();
@@ -40,33 +33,28 @@ void tst_KRPreferencesDialog::init()
     settings->setDefaultTrackConfiguration(look);
 }
 
-void tst_KRPreferencesDialog::storesOnlyWhenAccepted_data()
-{
-    QTest::addColumn<bool>("isAccepted");
-    QTest::newRow("OK") << true;
-    QTest::newRow("Escape") << false;
-}
-
 void tst_KRPreferencesDialog::storesOnlyWhenAccepted()
 {
-    QFETCH(bool, isAccepted);
-    KRPreferencesDialog dialog;
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    QTest::keyClick(dialog.findChild<QCheckBox *>(QStringLiteral("myInstantlyAddLocations")), Qt::Key_Space);
-    QSlider *const width = dialog.findChild<KRPreferencesLook *>()->findChildren<QSlider *>().first();
-    QTest::keyClick(width, Qt::Key_Right);
-    if (isAccepted)
-        QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
-    else
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    QVERIFY(!dialog.isVisible());
-    const KRGeoLocationSettings *const settings = KRGeoLocationSettings::instance();
-    QCOMPARE(settings->instantlyAddLocations(), !isAccepted);
-    QCOMPARE(settings->defaultTrackConfiguration().lineWidth().toDouble(), isAccepted ? 5.0 : 4.0);
-    // The shape of one track is none for all.
-    if (isAccepted)
-        QVERIFY(settings->defaultTrackConfiguration().trackShape() == AutoTrackShape);
+    for (const bool isAccepted : {false, true}) {
+        init();
+        KRPreferencesDialog dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTest::keyClick(dialog.findChild<QCheckBox *>(QStringLiteral("myInstantlyAddLocations")), Qt::Key_Space);
+        QSlider *const width = dialog.findChild<KRPreferencesLook *>()->findChildren<QSlider *>().first();
+        QTest::keyClick(width, Qt::Key_Right);
+        if (isAccepted)
+            QTest::mouseClick(dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+        else
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        QVERIFY(!dialog.isVisible());
+        const KRGeoLocationSettings *const settings = KRGeoLocationSettings::instance();
+        QCOMPARE(settings->instantlyAddLocations(), !isAccepted);
+        QCOMPARE(settings->defaultTrackConfiguration().lineWidth().toDouble(), isAccepted ? 5.0 : 4.0);
+        // The shape of one track is none for all.
+        if (isAccepted)
+            QVERIFY(settings->defaultTrackConfiguration().trackShape() == AutoTrackShape);
+    }
 }
 
 void tst_KRPreferencesDialog::resetsLook()
@@ -83,14 +71,11 @@ void tst_KRPreferencesDialog::resetsLook()
 
 void tst_KRPreferencesDialog::ordersPages()
 {
-    class Box : public KRPreferencesBox
-    {
-    public:
+    struct Box : KRPreferencesBox {
         explicit Box(KRPreferencesType type) : KRPreferencesBox(type, QStringLiteral("Box")) { }
-        void readFromConfig() override { ++reads; }
-        void writeToConfig() override { ++writes; }
-        int reads = 0;
-        int writes = 0;
+        void readFromConfig() override { calls += QLatin1Char('r'); }
+        void writeToConfig() override { calls += QLatin1Char('w'); }
+        QString calls;
     };
     KRPreferencesDialog dialog;
     auto *const general = new Box(GeneralPreferences);
@@ -101,9 +86,8 @@ void tst_KRPreferencesDialog::ordersPages()
     QCOMPARE(tabs->count(), 3);
     QVERIFY(tabs->widget(0)->isAncestorOf(general));
     QVERIFY(tabs->widget(1)->isAncestorOf(map));
-    QCOMPARE(general->reads, 1);
     dialog.accept();
-    QCOMPARE(general->writes, 1);
+    QCOMPARE(general->calls, QStringLiteral("rw"));
 }
 
 void tst_KRPreferencesDialog::simplifies()
@@ -124,15 +108,14 @@ void tst_KRPreferencesDialog::simplifies()
     };
     QTRY_VERIFY(says(QStringLiteral(" 2.")));
     QVERIFY(okButton->isEnabled());
-    QCOMPARE(dialog.simplified().track().countPoints(), 2);
     // A tenth of that is too little to leave out any.
     QSlider *const slider = dialog.findChild<QSlider *>();
-    QTest::keyClick(slider, Qt::Key_PageDown);
-    QTest::keyClick(slider, Qt::Key_PageDown);
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(slider, Qt::Key_PageDown);
     QCOMPARE(dialog.findChild<QDoubleSpinBox *>()->value(), 1.0);
     QVERIFY(!okButton->isEnabled());
-    QTest::keyClick(slider, Qt::Key_PageUp);
-    QTest::keyClick(slider, Qt::Key_PageUp);
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(slider, Qt::Key_PageUp);
     QTest::mouseClick(okButton, Qt::LeftButton);
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     QCOMPARE(dialog.simplified().track().countPoints(), 2);

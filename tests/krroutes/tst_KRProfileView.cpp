@@ -4,7 +4,6 @@
 #include <KRTestRegistry.h>
 
 #include <QLabel>
-#include <QLocale>
 #include <QtTest>
 
 #include <memory>
@@ -89,19 +88,14 @@ void tst_KRProfileView::markerByKeys()
 {
     m_view->setTrack(spawnTrack(101));
     m_view->setFocus();
-    QTest::keyClick(m_view.get(), Qt::Key_Right);
-    QCOMPARE(hovered().latitude().decimalDegrees(), 10.0);
     // Each press moves on by a point at least, and never beyond the ends.
-    QTest::keyClick(m_view.get(), Qt::Key_Right);
-    QCOMPARE(hovered().latitude().decimalDegrees(), 10.001);
-    QTest::keyClick(m_view.get(), Qt::Key_Left);
-    QTest::keyClick(m_view.get(), Qt::Key_Left);
-    QCOMPARE(hovered().latitude().decimalDegrees(), 10.0);
-    QTest::keyClick(m_view.get(), Qt::Key_PageUp);
-    QCOMPARE(hovered().latitude().decimalDegrees(), 10.01);
-    QTest::keyClick(m_view.get(), Qt::Key_End);
-    QTest::keyClick(m_view.get(), Qt::Key_Right);
-    QCOMPARE(hovered().latitude().decimalDegrees(), 10.1);
+    const QVector<QPair<Qt::Key, double>> latitudes{
+        {Qt::Key_Right, 10.0},   {Qt::Key_Right, 10.001}, {Qt::Key_Left, 10.0}, {Qt::Key_Left, 10.0},
+        {Qt::Key_PageUp, 10.01}, {Qt::Key_End, 10.1},     {Qt::Key_Right, 10.1}};
+    for (const auto &[key, latitude] : latitudes) {
+        QTest::keyClick(m_view.get(), key);
+        QCOMPARE(hovered().latitude().decimalDegrees(), latitude);
+    }
     QVERIFY(m_view->accessibleDescription().contains(QStringLiteral("40")));
     QTest::keyClick(m_view.get(), Qt::Key_Escape);
     QVERIFY(!hovered().isValid());
@@ -109,21 +103,20 @@ void tst_KRProfileView::markerByKeys()
 
 void tst_KRProfileView::emptyStates()
 {
-    QVERIFY(!m_view->accessibleDescription().isEmpty());
-    m_view->setTrack(spawnTrack(10, 0));
-    const QString withoutElevation = m_view->accessibleDescription();
-    m_view->setTrack(spawnTrack(1));
-    QVERIFY(m_view->accessibleDescription() != withoutElevation);
-    m_view->setTrack(KRGPXTrack());
-    QCOMPARE(m_view->accessibleDescription(), withoutElevation);
+    const auto stateOf = [this](const KRGPXTrack &track) {
+        m_view->setTrack(track);
+        return m_view->accessibleDescription();
+    };
+    const QString cleared = m_view->accessibleDescription();
+    QVERIFY(!cleared.isEmpty());
+    QVERIFY(stateOf(spawnTrack(10, 0)) != stateOf(spawnTrack(1)));
+    QCOMPARE(stateOf(KRGPXTrack()), stateOf(spawnTrack(10, 0)));
     QTest::mouseMove(m_view.get(), QPoint(250, 80));
     QTest::keyClick(m_view.get(), Qt::Key_Right);
     QCOMPARE(m_spy->count(), 0);
-    m_view->setTrack(spawnTrack(10));
-    QVERIFY(m_view->accessibleDescription().isEmpty());
+    QVERIFY(stateOf(spawnTrack(10)).isEmpty());
     m_view->clear();
-    QVERIFY(!m_view->accessibleDescription().isEmpty());
-    QCoreApplication::processEvents();
+    QCOMPARE(m_view->accessibleDescription(), cleared);
 }
 
 void tst_KRProfileView::readsLargeTracks()

@@ -6,20 +6,19 @@
 
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QDragEnterEvent>
-#include <QMimeData>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QToolButton>
-#include <QToolTip>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 
 using RowWidget = KRGPXTrackMultiFunctionDelegateWidget;
+
+static KRGPXConfiguredTrack named(const QString &name, const QString &description = QString())
+{
+    return KRGPXConfiguredTrack(KRGPXTrack(name, description, {}, LineStringTrackShape), KRGPXTrackConfiguration());
+}
 
 class tst_KRTrackListView : public QObject
 {
@@ -30,7 +29,6 @@ private slots:
     void cleanup();
     void isUsedByKeys();
     void movesTracksByKeys();
-    void movesTracksByDragging_data();
     void movesTracksByDragging();
     void leavesOtherDropsToTheWindow();
     void keepsTheCurrentTrack();
@@ -39,12 +37,16 @@ private slots:
     void sparesFocusedAndBlinkingRows();
     void leadsByTabToTheButtonsOfTheCurrentRow();
     void showsTheCurrentRow();
-    void standsInForMissingNames();
-    void tellsMoreInToolTips_data();
     void tellsMoreInToolTips();
 
 private:
+    void show(const KRGPXConfiguredTrackList &tracks);
     void fill(int count);
+    void press(Qt::Key key, Qt::KeyboardModifier modifier = Qt::NoModifier)
+    {
+        QTest::keyClick(m_view.get(), key, modifier);
+    }
+    void click(int row) { QTest::mouseClick(rowWidget(row), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10)); }
     QString names() const;
     RowWidget *rowWidget(int row) const;
     int openRows() const { return m_view->viewport()->findChildren<RowWidget *>().count(); }
@@ -70,16 +72,18 @@ void tst_KRTrackListView::cleanup()
     m_model.reset();
 }
 
+void tst_KRTrackListView::show(const KRGPXConfiguredTrackList &tracks)
+{
+    m_model->setSelection(KRGPXTrackSelection(tracks));
+    QTRY_VERIFY(rowWidget(0) != nullptr); // as soon as it has been painted
+}
+
 void tst_KRTrackListView::fill(int count)
 {
     KRGPXConfiguredTrackList tracks;
-    for (int number = 0; number < count; ++number) {
-        const QString name = count <= 26 ? QString(QChar('A' + number)) : QStringLiteral("Track %1").arg(number);
-        tracks +=
-            KRGPXConfiguredTrack(KRGPXTrack(name, QString(), {}, LineStringTrackShape), KRGPXTrackConfiguration());
-    }
-    m_model->setSelection(KRGPXTrackSelection(tracks));
-    QTRY_VERIFY(rowWidget(0) != nullptr); // as soon as it has been painted
+    for (int number = 0; number < count; ++number)
+        tracks += named(count <= 26 ? QString(QChar('A' + number)) : QStringLiteral("Track %1").arg(number));
+    show(tracks);
 }
 
 QString tst_KRTrackListView::names() const
@@ -109,20 +113,20 @@ void tst_KRTrackListView::isUsedByKeys()
     QSignalSpy edits(m_view.get(), &KRTrackListView::editRequested);
     QSignalSpy zooms(m_view.get(), &KRTrackListView::zoomRequested);
     QSignalSpy deletions(m_view.get(), &KRTrackListView::deleteRequested);
-    QTest::keyClick(m_view.get(), Qt::Key_Delete); // nothing is current yet
+    press(Qt::Key_Delete); // nothing is current yet
     QVERIFY(deletions.isEmpty());
-    QTest::keyClick(m_view.get(), Qt::Key_Down);
-    QTest::keyClick(m_view.get(), Qt::Key_Down);
-    QTest::keyClick(m_view.get(), Qt::Key_Return);
-    QTest::keyClick(m_view.get(), Qt::Key_Space);
-    QTest::keyClick(m_view.get(), Qt::Key_Delete);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    press(Qt::Key_Space);
+    press(Qt::Key_Delete);
     QTest::keyClicks(m_view.get(), QStringLiteral("d"));
     QCOMPARE(edits, QList<QList<QVariant>>{{1}});
     QCOMPARE(zooms, QList<QList<QVariant>>{{1}});
     QCOMPARE(deletions, QList<QList<QVariant>>{{1}});
     QCOMPARE(m_view->currentTrack(), 3);
     QCOMPARE(current.last().first().toInt(), 3);
-    QTest::mouseClick(rowWidget(2), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10));
+    click(2);
     QCOMPARE(m_view->currentTrack(), 2);
     QTest::mouseDClick(rowWidget(4), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10));
     QCOMPARE(zooms.last().first().toInt(), 4);
@@ -132,42 +136,32 @@ void tst_KRTrackListView::movesTracksByKeys()
 {
     fill(4);
     m_view->selectTrack(0);
-    QTest::keyClick(m_view.get(), Qt::Key_Up, Qt::AltModifier); // it is the first already
+    press(Qt::Key_Up, Qt::AltModifier); // it is the first already
     QCOMPARE(names(), QStringLiteral("ABCD"));
-    QTest::keyClick(m_view.get(), Qt::Key_Down, Qt::AltModifier);
-    QTest::keyClick(m_view.get(), Qt::Key_Down, Qt::AltModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
     QCOMPARE(names(), QStringLiteral("BCAD"));
     QCOMPARE(m_view->currentTrack(), 2);
-    QTest::keyClick(m_view.get(), Qt::Key_Up, Qt::AltModifier);
+    press(Qt::Key_Up, Qt::AltModifier);
     QCOMPARE(names(), QStringLiteral("BACD"));
     QCOMPARE(m_view->currentTrack(), 1);
 }
 
-void tst_KRTrackListView::movesTracksByDragging_data()
-{
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("targetRow");
-    QTest::addColumn<double>("part");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("down, above a row") << 0 << 3 << 0.2 << "BCADE";
-    QTest::newRow("down, below a row") << 0 << 3 << 0.8 << "BCDAE";
-    QTest::newRow("up, above a row") << 4 << 1 << 0.2 << "AEBCD";
-    QTest::newRow("up, below a row") << 4 << 1 << 0.8 << "ABECD";
-    QTest::newRow("onto itself") << 2 << 2 << 0.9 << "ABCDE";
-    QTest::newRow("below all rows") << 1 << 4 << 3.0 << "ACDEB";
-}
-
 void tst_KRTrackListView::movesTracksByDragging()
 {
-    QFETCH(int, row);
-    QFETCH(int, targetRow);
-    QFETCH(double, part);
-    fill(5);
-    // A real drag needs a window system; this is what it ends with.
-    QTest::mouseClick(rowWidget(row), Qt::LeftButton, Qt::NoModifier, QPoint(20, 10));
-    m_view->dropCurrentTrack(positionIn(targetRow, part));
-    QTEST(names(), "expected");
-    QCOMPARE(m_model->trackAt(m_view->currentTrack()).name(), QString(QChar('A' + row)));
+    const KRTestTable<int, int, double, const char *> table{
+        {"down, above a row", 0, 3, 0.2, "BCADE"}, {"down, below a row", 0, 3, 0.8, "BCDAE"},
+        {"up, above a row", 4, 1, 0.2, "AEBCD"},   {"up, below a row", 4, 1, 0.8, "ABECD"},
+        {"onto itself", 2, 2, 0.9, "ABCDE"},       {"below all rows", 1, 4, 3.0, "ACDEB"},
+    };
+    table.forEach([&](int row, int targetRow, double part, const char *expected) {
+        fill(5);
+        // A real drag needs a window system; this is what it ends with.
+        click(row);
+        m_view->dropCurrentTrack(positionIn(targetRow, part));
+        QCOMPARE(names(), QString::fromUtf8(expected));
+        QCOMPARE(m_model->trackAt(m_view->currentTrack()).name(), QString(QChar('A' + row)));
+    });
 }
 
 void tst_KRTrackListView::leavesOtherDropsToTheWindow()
@@ -178,14 +172,12 @@ void tst_KRTrackListView::leavesOtherDropsToTheWindow()
     data->setUrls({QUrl::fromLocalFile(QStringLiteral("/a.gpx"))});
     const QPoint position = positionIn(2, 0.8);
     QDragEnterEvent enter(position, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_view->viewport(), &enter);
-    QVERIFY(!enter.isAccepted());
     QDragMoveEvent move(position, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_view->viewport(), &move);
-    QVERIFY(!move.isAccepted());
     QDropEvent drop(position, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_view->viewport(), &drop);
-    QVERIFY(!drop.isAccepted());
+    for (QDropEvent *const event : std::initializer_list<QDropEvent *>{&enter, &move, &drop}) {
+        QApplication::sendEvent(m_view->viewport(), event);
+        QVERIFY(!event->isAccepted());
+    }
     QCOMPARE(names(), QStringLiteral("ABC"));
 }
 
@@ -219,14 +211,13 @@ void tst_KRTrackListView::opensContextMenus()
     fill(3);
     m_view->selectTrack(1);
     QSignalSpy menus(m_view.get(), &KRTrackListView::contextMenuRequested);
-    QWidget *const label = rowWidget(2)->childAt(20, 10);
-    QContextMenuEvent onRow(QContextMenuEvent::Mouse, QPoint(3, 3), label->mapToGlobal(QPoint(3, 3)));
-    QApplication::sendEvent(label, &onRow);
-    const QPoint beside = positionIn(2, 3.0);
-    QContextMenuEvent besideRows(QContextMenuEvent::Mouse, beside, m_view->viewport()->mapToGlobal(beside));
-    QApplication::sendEvent(m_view->viewport(), &besideRows);
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-    QApplication::sendEvent(m_view->viewport(), &byKey);
+    const auto ask = [](QContextMenuEvent::Reason reason, QWidget *widget, const QPoint &position) {
+        QContextMenuEvent event(reason, position, widget->mapToGlobal(position));
+        QApplication::sendEvent(widget, &event);
+    };
+    ask(QContextMenuEvent::Mouse, rowWidget(2)->childAt(20, 10), QPoint(3, 3));
+    ask(QContextMenuEvent::Mouse, m_view->viewport(), positionIn(2, 3.0));
+    ask(QContextMenuEvent::Keyboard, m_view->viewport(), QPoint());
     QCOMPARE(menus.count(), 3);
     QCOMPARE(menus.at(0).first().toInt(), 2);
     QCOMPARE(menus.at(1).first().toInt(), -1);
@@ -243,7 +234,7 @@ void tst_KRTrackListView::opensOnlyRowsNearby()
         QCoreApplication::processEvents();
     }
     m_view->selectTrack(5);
-    QTest::keyClick(m_view.get(), Qt::Key_End);
+    press(Qt::Key_End);
     QTRY_VERIFY(rowWidget(9999) != nullptr);
     QTRY_VERIFY(rowWidget(0) == nullptr);
     QVERIFY(openRows() <= 3 * rowsPerPage);
@@ -292,55 +283,34 @@ void tst_KRTrackListView::showsTheCurrentRow()
     m_view->selectTrack(1);
     QVERIFY(colorOf(1) != usual);
     QCOMPARE(colorOf(0), usual);
-}
 
-void tst_KRTrackListView::standsInForMissingNames()
-{
-    const KRGPXTrack nameless(QStringLiteral(" "), QString(), {}, LineStringTrackShape);
-    m_model->setSelection(
-        KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack(nameless, KRGPXTrackConfiguration()))));
-    QTRY_VERIFY(rowWidget(0) != nullptr);
+    // Something stands in for a missing name.
+    show({named(QStringLiteral(" "))});
     const QImage name = m_view->viewport()->grab(QRect(positionIn(0, 0.0) - QPoint(18, 0), QSize(80, 25))).toImage();
     const QColor background = m_view->palette().color(QPalette::Base);
     const QRect text = KRTestPicture::boundsOf(name, [&](const QColor &color) { return color != background; });
     QVERIFY(text.width() > 30);
 }
 
-void tst_KRTrackListView::tellsMoreInToolTips_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("description");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("plain") << "A & B"
-                           << "up\ndown"
-                           << "<p><b>A &amp; B</b></p><p>up<br>down</p>";
-    QTest::newRow("name only") << "A"
-                               << " \n"
-                               << "<p><b>A</b></p>";
-    QTest::newRow("description of a web page")
-        << "A"
-        << "<p>see <img src='/dev/zero'><b>more</b></p>" << QStringLiteral("<p><b>A</b></p><p>see more</p>");
-    QTest::newRow("markup in the name is shown") << "<img>"
-                                                 << ""
-                                                 << "<p><b>&lt;img&gt;</b></p>";
-    QTest::newRow("shortened") << "A" << QString(999999, QLatin1Char('x'))
-                               << QStringLiteral("<p><b>A</b></p><p>") + QString(600, QLatin1Char('x'))
-                                      + QStringLiteral("\u2026</p>");
-}
-
 void tst_KRTrackListView::tellsMoreInToolTips()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, description);
-    const KRGPXTrack track(name, description, {}, LineStringTrackShape);
-    m_model->setSelection(
-        KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration()))));
-    QTRY_VERIFY(rowWidget(0) != nullptr);
-    QToolTip::hideText();
-    QWidget *const label = rowWidget(0)->childAt(20, 10);
-    QHelpEvent help(QEvent::ToolTip, QPoint(3, 3), label->mapToGlobal(QPoint(3, 3)));
-    QApplication::sendEvent(label, &help);
-    QTEST(QToolTip::text(), "expected");
+    const QByteArray lengthy(999999, 'x');
+    const QByteArray cut = "<p><b>A</b></p><p>" + lengthy.left(600) + "\u2026</p>";
+    const KRTestTable<const char *, const char *, const char *> table{
+        {"plain", "A & B", "up\ndown", "<p><b>A &amp; B</b></p><p>up<br>down</p>"},
+        {"name only", "A", " \n", "<p><b>A</b></p>"},
+        {"web page", "A", "<p>see <img src='/dev/zero'><b>more</b></p>", "<p><b>A</b></p><p>see more</p>"},
+        {"markup in the name is shown", "<img>", "", "<p><b>&lt;img&gt;</b></p>"},
+        {"shortened", "A", lengthy.constData(), cut.constData()},
+    };
+    table.forEach([&](const char *name, const char *description, const char *expected) {
+        show({named(QLatin1String(name), QLatin1String(description))});
+        QToolTip::hideText();
+        QWidget *const label = rowWidget(0)->childAt(20, 10);
+        QHelpEvent help(QEvent::ToolTip, QPoint(3, 3), label->mapToGlobal(QPoint(3, 3)));
+        QApplication::sendEvent(label, &help);
+        QCOMPARE(QToolTip::text(), QString::fromUtf8(expected));
+    });
 }
 
 static const KRTestRegistration<tst_KRTrackListView> registration;

@@ -1,9 +1,8 @@
 #include "KRRecoveryFolder.h"
 #include "KRRouteWorkspace.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 /// The program itself, as a process of its own.
@@ -12,7 +11,6 @@ class tst_krroutes : public QObject
     Q_OBJECT
 
 private slots:
-    void answersOnTheCommandLine_data();
     void answersOnTheCommandLine();
     void workSurvivesBeingKilled();
 };
@@ -33,28 +31,23 @@ QProcessEnvironment environment(const QTemporaryDir &home)
 
 } // namespace
 
-void tst_krroutes::answersOnTheCommandLine_data()
-{
-    QTest::addColumn<QString>("argument");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("answer");
-    QTest::newRow("help") << "--help" << 0 << "--version";
-    QTest::newRow("version") << "--version" << 0 << "krroutes ";
-    QTest::newRow("unknown option") << "--no-such-option" << 2 << "no-such-option";
-}
-
 void tst_krroutes::answersOnTheCommandLine()
 {
-    QFETCH(QString, argument);
-    QFETCH(QString, answer);
-    const QTemporaryDir home;
-    QProcess process;
-    process.setProcessEnvironment(environment(home));
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral(KR_KRROUTES), {argument});
-    QVERIFY(process.waitForFinished());
-    QTEST(process.exitCode(), "exitCode");
-    QVERIFY(QString::fromLocal8Bit(process.readAll()).contains(answer));
+    const KRTestTable<const char *, int, const char *> table{
+        {"help", "--help", 0, "--version"},
+        {"version", "--version", 0, "krroutes "},
+        {"unknown option", "--no-such-option", 2, "no-such-option"},
+    };
+    table.forEach([&](const char *argument, int exitCode, const char *answer) {
+        const QTemporaryDir home;
+        QProcess process;
+        process.setProcessEnvironment(environment(home));
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(QStringLiteral(KR_KRROUTES), {QString::fromUtf8(argument)});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), exitCode);
+        QVERIFY(QString::fromLocal8Bit(process.readAll()).contains(QString::fromUtf8(answer)));
+    });
 }
 
 void tst_krroutes::workSurvivesBeingKilled()
