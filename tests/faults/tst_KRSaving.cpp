@@ -1,14 +1,12 @@
 #include "KRFileSizeLimit.h"
 #include "KRNumberedRoutes.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRRouteDocument.h>
 
 #include <KRCore/KRErrorHistory.h>
 
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <sys/mount.h>
@@ -73,21 +71,19 @@ class tst_KRSaving : public QObject
 private slots:
     void init();
     void killedInTheMiddle();
-    void hindered_data();
     void hindered();
     void fullDisk();
-    void twoAtOnce_data();
     void twoAtOnce();
     void replacedTrackFiles();
     void nameTakenAfterAFailure();
     void sameTracksFromAnotherProcess();
 
 private:
-    QString path(const QString &name) const { return m_dir->filePath(name); }
-    QString document() const { return path(QStringLiteral("place/Reise.krroute")); }
+    QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
+    QString document() const { return path("place/Reise.krroute"); }
     QDir tracks() const { return KRRouteDocument::trackFolder(QFileInfo(document())); }
     /// Saves in a process of its own; what it complains about, empty when all went well.
-    QString save(int number, const QString &variable = QString(), int value = 0) const;
+    QString save(int number, const char *variable = nullptr, int value = 0) const;
 
     std::unique_ptr<QTemporaryDir> m_dir;
 };
@@ -103,14 +99,14 @@ void tst_KRSaving::init()
     // For writers that are not the superuser.
     QVERIFY(QFile::setPermissions(m_dir->path(), QFile::Permissions(0x7755)));
     if (::geteuid() == 0)
-        QCOMPARE(::chown(QFile::encodeName(path(QStringLiteral("place"))).constData(), nobody, gid_t(nobody)), 0);
+        QCOMPARE(::chown(QFile::encodeName(path("place")).constData(), nobody, gid_t(nobody)), 0);
 }
 
-QString tst_KRSaving::save(int number, const QString &variable, int value) const
+QString tst_KRSaving::save(int number, const char *variable, int value) const
 {
     Writer writer;
-    if (!variable.isEmpty())
-        writer.setEnvironment(variable, value);
+    if (variable != nullptr)
+        writer.setEnvironment(QLatin1String(variable), value);
     writer.start(document(), QStringLiteral("w"), number, 1);
     const QStringList lines = writer.finish();
     if (writer.hasSucceeded())
@@ -148,65 +144,55 @@ void tst_KRSaving::killedInTheMiddle()
     QCOMPARE(KRNumberedRoutes::wholeFile(document()), labelOf(name, next));
 }
 
-void tst_KRSaving::hindered_data()
-{
-    // A shell command in the folder above, what it hinders, and the limits of the writer.
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("remedy");
-    QTest::addColumn<QString>("named");
-    QTest::addColumn<QString>("variable");
-    QTest::addColumn<int>("value");
-    const auto row = [](const char *name, const char *fault, const char *remedy, const char *named,
-                        const char *variable = "KR_WRITER_USER", int value = nobody) {
-        QTest::newRow(name) << QString::fromLatin1(fault) << QString::fromLatin1(remedy) << QString::fromLatin1(named)
-                            << QString::fromLatin1(variable) << value;
-    };
-    row("folder of the document read-only", "chmod 555 place", "chmod 755 place", "Reise.krroute");
-    row("folder of the tracks read-only", "chmod 555 place/Reise.tracks", "chmod 755 place/Reise.tracks", "track_");
-    row("folder of the tracks not to be entered", "chmod 000 place/Reise.tracks", "chmod 755 place/Reise.tracks",
-        "Reise.tracks");
-    row("document read-only", "chmod 444 place/Reise.krroute", "chmod 644 place/Reise.krroute", "Reise.krroute");
-    row("folder in the place of the document", "mv place/Reise.krroute old; mkdir place/Reise.krroute",
-        "rmdir place/Reise.krroute; mv old place/Reise.krroute", "Reise.krroute");
-    row("file in the place of the folder", "mv place/Reise.tracks old; touch place/Reise.tracks",
-        "rm place/Reise.tracks; mv old place/Reise.tracks", "Reise.tracks");
-    row("folder away", "mv place old", "mv old place", "Reise.tracks");
-    row("link to a folder that is away", "mv place/Reise.tracks old; ln -s nowhere place/Reise.tracks",
-        "rm place/Reise.tracks; mv old place/Reise.tracks", "Reise.tracks");
-    row("no byte can be written", "true", "true", "track_", "KR_WRITER_LIMIT", 0);
-    row("part of a track can be written", "true", "true", "track_", "KR_WRITER_LIMIT", 3000);
-#ifndef __SANITIZE_ADDRESS__ // which opens files itself
-    row("no descriptor left for a file", "true", "true", "track_", "KR_WRITER_FILES", 0);
-#endif
-}
-
 void tst_KRSaving::hindered()
 {
-    QFETCH(QString, fault);
-    QFETCH(QString, remedy);
-    QFETCH(QString, named);
-    QFETCH(QString, variable);
-    QFETCH(int, value);
-    const auto shell = [this](const QString &command) {
+    const auto shell = [this](const char *command) {
         QProcess process;
         process.setWorkingDirectory(m_dir->path());
-        process.start(QStringLiteral("sh"), {QStringLiteral("-ec"), command});
+        process.start(QStringLiteral("sh"), {QStringLiteral("-ec"), QLatin1String(command)});
         return process.waitForFinished() && process.exitCode() == 0;
     };
-    QCOMPARE(save(0, QStringLiteral("KR_WRITER_USER"), nobody), QString());
-    QVERIFY(shell(fault));
-    const QString complaint = save(1, variable, value);
-    QVERIFY2(complaint.contains(QRegularExpression(named + QStringLiteral("[^:]*: .+"))), qPrintable(complaint));
-    QVERIFY(shell(remedy));
-    QCOMPARE(KRNumberedRoutes::wholeFile(document()), QStringLiteral("w/0"));
-    QVERIFY(tracks().entryInfoList({QStringLiteral("*")}, QDir::Files).size() < 20);
-    QCOMPARE(save(1, QStringLiteral("KR_WRITER_USER"), nobody), QString());
-    QCOMPARE(KRNumberedRoutes::wholeFile(document()), QStringLiteral("w/1"));
+    const char *const user = "KR_WRITER_USER";
+    // A shell command in the folder above, its reverse, what it hinders, and the limits of the writer.
+    const KRTestTable<const char *, const char *, const char *, const char *, int> table{
+        {"folder of the document read-only", "chmod 555 place", "chmod 755 place", "Reise.krroute", user, nobody},
+        {"folder of the tracks read-only", "chmod 555 place/Reise.tracks", "chmod 755 place/Reise.tracks", "track_",
+         user, nobody},
+        {"folder of the tracks not to be entered", "chmod 000 place/Reise.tracks", "chmod 755 place/Reise.tracks",
+         "Reise.tracks", user, nobody},
+        {"document read-only", "chmod 444 place/Reise.krroute", "chmod 644 place/Reise.krroute", "Reise.krroute", user,
+         nobody},
+        {"folder in the place of the document", "mv place/Reise.krroute old; mkdir place/Reise.krroute",
+         "rmdir place/Reise.krroute; mv old place/Reise.krroute", "Reise.krroute", user, nobody},
+        {"file in the place of the folder", "mv place/Reise.tracks old; touch place/Reise.tracks",
+         "rm place/Reise.tracks; mv old place/Reise.tracks", "Reise.tracks", user, nobody},
+        {"folder away", "mv place old", "mv old place", "Reise.tracks", user, nobody},
+        {"link to a folder that is away", "mv place/Reise.tracks old; ln -s nowhere place/Reise.tracks",
+         "rm place/Reise.tracks; mv old place/Reise.tracks", "Reise.tracks", user, nobody},
+        {"no byte can be written", "true", "true", "track_", "KR_WRITER_LIMIT", 0},
+        {"part of a track can be written", "true", "true", "track_", "KR_WRITER_LIMIT", 3000},
+#ifndef __SANITIZE_ADDRESS__ // which opens files itself
+        {"no descriptor left for a file", "true", "true", "track_", "KR_WRITER_FILES", 0},
+#endif
+    };
+    table.forEach([&](const char *fault, const char *remedy, const char *named, const char *variable, int value) {
+        init();
+        QCOMPARE(save(0, user, nobody), QString());
+        QVERIFY(shell(fault));
+        const QString complaint = save(1, variable, value);
+        const QRegularExpression expected(QLatin1String(named) + QStringLiteral("[^:]*: .+"));
+        QVERIFY2(complaint.contains(expected), qPrintable(complaint));
+        QVERIFY(shell(remedy));
+        QCOMPARE(KRNumberedRoutes::wholeFile(document()), QStringLiteral("w/0"));
+        QVERIFY(tracks().entryInfoList(QDir::Files).size() < 20);
+        QCOMPARE(save(1, user, nobody), QString());
+        QCOMPARE(KRNumberedRoutes::wholeFile(document()), QStringLiteral("w/1"));
+    });
 }
 
 void tst_KRSaving::fullDisk()
 {
-    const QByteArray place = QFile::encodeName(path(QStringLiteral("place")));
+    const QByteArray place = QFile::encodeName(path("place"));
     if (::mount("tmpfs", place.constData(), "tmpfs", 0, "size=256k,mode=0777") != 0)
         QSKIP("this user may not mount a small disk");
     int number = 0;
@@ -222,42 +208,41 @@ void tst_KRSaving::fullDisk()
     QCOMPARE(state, labelOf(QStringLiteral("w"), number - 2));
 }
 
-void tst_KRSaving::twoAtOnce_data()
-{
-    QTest::addColumn<QString>("second");
-    QTest::newRow("two documents in one folder") << QStringLiteral("place/Anders.krroute");
-    QTest::newRow("the same document") << QStringLiteral("place/Reise.krroute");
-    QTest::newRow("two documents with one folder of tracks") << QStringLiteral("place/Reise.KRROUTE");
-}
-
 void tst_KRSaving::twoAtOnce()
 {
-    QFETCH(QString, second);
-    const int rounds = 60;
-    const QStringList documents{document(), path(second)};
-    const QStringList names{QStringLiteral("one"), QStringLiteral("two")};
-    QCOMPARE(save(0), QString());
-    Writer writers[2];
-    for (int i = 0; i < 2; ++i)
-        writers[i].start(documents.at(i), names.at(i), 1, rounds);
-    int readings = 0;
-    while (writers[0].isRunning() || writers[1].isRunning()) {
-        for (Writer &writer : writers)
-            writer.waitALittle();
-        const QString state = KRNumberedRoutes::wholeFile(document());
-        QVERIFY2(!state.startsWith(QLatin1Char('!')), qPrintable(state));
-        ++readings;
-    }
-    QVERIFY(readings > 3);
-    for (Writer &writer : writers) {
-        writer.finish();
-        QVERIFY(writer.hasSucceeded());
-    }
-    const QString last = KRNumberedRoutes::wholeFile(document());
-    const bool isShared = documents.at(0) == documents.at(1);
-    QVERIFY(last == labelOf(names.at(0), rounds) || (isShared && last == labelOf(names.at(1), rounds)));
-    if (!isShared)
-        QCOMPARE(KRNumberedRoutes::wholeFile(documents.at(1)), labelOf(names.at(1), rounds));
+    const KRTestTable<const char *> table{
+        {"two documents in one folder", "place/Anders.krroute"},
+        {"the same document", "place/Reise.krroute"},
+        {"two documents with one folder of tracks", "place/Reise.KRROUTE"},
+    };
+    table.forEach([&](const char *second) {
+        init();
+        const int rounds = 60;
+        const QStringList documents{document(), path(second)};
+        const QStringList names{QStringLiteral("one"), QStringLiteral("two")};
+        QCOMPARE(save(0), QString());
+        Writer writers[2];
+        for (int i = 0; i < 2; ++i)
+            writers[i].start(documents.at(i), names.at(i), 1, rounds);
+        int readings = 0;
+        while (writers[0].isRunning() || writers[1].isRunning()) {
+            for (Writer &writer : writers)
+                writer.waitALittle();
+            const QString state = KRNumberedRoutes::wholeFile(document());
+            QVERIFY2(!state.startsWith(QLatin1Char('!')), qPrintable(state));
+            ++readings;
+        }
+        QVERIFY(readings > 3);
+        for (Writer &writer : writers) {
+            writer.finish();
+            QVERIFY(writer.hasSucceeded());
+        }
+        const QString last = KRNumberedRoutes::wholeFile(document());
+        const bool isShared = documents.at(0) == documents.at(1);
+        QVERIFY(last == labelOf(names.at(0), rounds) || (isShared && last == labelOf(names.at(1), rounds)));
+        if (!isShared)
+            QCOMPARE(KRNumberedRoutes::wholeFile(documents.at(1)), labelOf(names.at(1), rounds));
+    });
 }
 
 /// Somebody puts other files in the place of those that this process has written or read.
@@ -284,7 +269,7 @@ void tst_KRSaving::nameTakenAfterAFailure()
     KRRouteDocument routes;
     routes.setSelection(KRNumberedRoutes::make(QStringLiteral("here"), 1));
     QVERIFY(QDir().mkpath(tracks().path()));
-    QVERIFY(QFile::setPermissions(path(QStringLiteral("place")), QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(path("place"), QFile::Permissions(0x7777)));
     {
         const KRFileSizeLimit limit(100);
         KRErrorHistory history;
