@@ -15,12 +15,30 @@
 namespace {
 
 const QString markerShapeElement = QStringLiteral("markerShape");
+constexpr double usualPenWidth = 5.0;
 
 // strokePath() instead of drawPath(), which would fill a second time: a translucent filling would come out too dense.
 void fillAndStroke(QPainter *painter, const QPainterPath &path)
 {
     painter->fillPath(path, painter->brush());
     painter->strokePath(path, painter->pen());
+}
+
+QImage drawnImage(const KRGPXMarkerShape &shape, const QSize &size, int margin, double penWidth, const QColor &pen,
+                  const QColor &fill)
+{
+    QImage image(size.width() + margin, size.height() + margin, QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    image.fill(Qt::transparent);
+
+    QPainter painter(&image);
+    painter.translate(QPoint(margin / 2, margin / 2));
+    painter.setPen(QPen(QBrush(pen), penWidth, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    painter.setBrush(fill);
+    const QPointF centre(std::round(size.width() * 0.5), std::round(size.height() * 0.5));
+    shape.draw(&painter, centre, centre.x(), centre.y());
+    return image;
 }
 
 } // namespace
@@ -80,25 +98,22 @@ QRectF KRGPXMarkerShape::targetRect(const QPointF &centre, double rx, double ry)
 
 QImage KRGPXMarkerShape::createImage(const QSize &size, int margin, const QColor &pen, const QColor &fill) const
 {
-    QImage image(size.width() + margin, size.height() + margin, QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return image;
-    image.fill(Qt::transparent);
-
-    QPainter painter(&image);
-    painter.translate(QPoint(margin / 2, margin / 2));
-    painter.setPen(QPen(QBrush(pen), 5.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    painter.setBrush(fill);
-    const QPointF centre(std::round(size.width() * 0.5), std::round(size.height() * 0.5));
-    draw(&painter, centre, centre.x(), centre.y());
-    return image;
+    return drawnImage(*this, size, margin, usualPenWidth, pen, fill);
 }
 
 QIcon KRGPXMarkerShape::createIcon(const QColor &pen, const QColor &fill) const
 {
     if (!isValid() || *this == ArrowMarkerShape)
         return {};
-    return QIcon(QPixmap::fromImage(createImage(QSize(20, 20), 12, pen, fill)));
+    // Shapes grow with their pen, not with the scale of the painter.
+    QIcon icon;
+    for (const int ratio : {1, 2, 3}) {
+        QPixmap pixmap =
+            QPixmap::fromImage(drawnImage(*this, QSize(20, 20) * ratio, 12 * ratio, usualPenWidth * ratio, pen, fill));
+        pixmap.setDevicePixelRatio(ratio);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
 }
 
 void KRGPXMarkerShape::configurePainter(QPainter *painter, const QRectF & /*target*/) const

@@ -180,8 +180,24 @@ void tst_KRGPXMarkerShape::imagesAndIcons()
     for (const KRGPXMarkerShape &shape : KRGPXMarkerShape::allPointShapes()) {
         ofPoints.append(shape.value());
         const QIcon icon = shape.createIcon(Qt::black, Qt::red);
-        QCOMPARE(icon.availableSizes(), QList<QSize>{QSize(32, 32)});
-        QCOMPARE(icon.pixmap(32, 32).toImage().pixelColor(16, 16), QColor(Qt::red));
+        const auto imageOf = [&icon](int side) {
+            return icon.pixmap(side, side).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        };
+        const QImage usual = shape.createImage(QSize(20, 20), 12, Qt::black, Qt::red);
+        QCOMPARE(imageOf(32), usual);
+        // The same for finer screens, with lines as thick and more detail.
+        for (const int ratio : {2, 3}) {
+            const QImage fine = imageOf(32 * ratio);
+            QCOMPARE(fine.size(), usual.size() * ratio);
+            QVERIFY(fine != usual.scaled(fine.size()));
+            const auto inkOf = [](const QImage &picture) {
+                double ink = 0.0;
+                for (int i = 0; i < picture.width() * picture.height(); ++i)
+                    ink += picture.pixelColor(i % picture.width(), i / picture.width()).alphaF();
+                return ink;
+            };
+            QVERIFY(qAbs(inkOf(fine) / (ratio * ratio) / inkOf(usual) - 1.0) < 0.1);
+        }
     }
     QCOMPARE(ofPoints, QVector<int>({1, 2, 128, 256, 512, 8, 16, 32, 64}));
 }
