@@ -1,6 +1,7 @@
 #include "KRMapArea.h"
 
 #include <KRGeoLocation/KRGPXTrackElement.h>
+#include <KRGeoLocation/KRGPXTrackSelection.h>
 #include <KRGeoLocation/KRGeoPosition.h>
 #include <KRGeoLocation/KRGeoPositionList.h>
 #include <KRGeoLocation/KRGeoPositionSpan.h>
@@ -42,6 +43,15 @@ bool KRMapArea::isValidPosition(double latitude, double longitude)
     const KRGeoArc y = latitude;
     const KRGeoArc x = longitude;
     return y.isValid() && x.isValid() && !(y.isNull() && x.isNull());
+}
+
+KRGeoPositionRect KRMapArea::paddedAreaOf(const KRGPXTrackSelection &selection)
+{
+    KRMapArea covered;
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks)
+        covered.add(track);
+    return covered.padded();
 }
 
 void KRMapArea::add(const KRGPXTrackElement &track)

@@ -5,6 +5,7 @@
 #include <array>
 
 class KRGPXTrackElement;
+class KRGPXTrackSelection;
 class QString;
 
 /**
@@ -22,6 +23,9 @@ public:
 
     /// Whether a position of these degrees is valid, without making it.
     static bool isValidPosition(double latitude, double longitude);
+
+    /// The area to show of the tracks together, as padded() has it.
+    static KRGeoPositionRect paddedAreaOf(const KRGPXTrackSelection &selection);
 
     /// Adds all valid positions of a track, joined to one line.
     void add(const KRGPXTrackElement &track);

@@ -12,8 +12,10 @@ class KRPatientGround : public KRMapGround
     Q_OBJECT
 
 public:
+    static constexpr int usualTimeLimitMs = 120000;
+
     /// @p ground is not owned and must live as long; @p timeLimitMs is for each picture.
-    KRPatientGround(KRMapGround *ground, int timeLimitMs, QObject *parent = nullptr);
+    explicit KRPatientGround(KRMapGround *ground, int timeLimitMs = usualTimeLimitMs, QObject *parent = nullptr);
 
     void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
     void paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;

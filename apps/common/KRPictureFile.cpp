@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
+#include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
@@ -79,25 +80,24 @@ bool writeSvg(QBuffer *buffer, const KRMapComposition &map, const QString &title
     return painter.end();
 }
 
-bool writePdf(QBuffer *buffer, const KRMapComposition &map, const QString &title)
+QByteArray createPdf(const KRMapComposition &map, const QString &title)
 {
     const int largestSide = std::max(map.size().width(), map.size().height());
     const double resolution = std::max(pixelsPerInch * map.factor(), largestSide * pointsPerInch / largestPagePoints);
     const QSizeF points = (QSizeF(map.size()) * pointsPerInch / resolution).expandedTo(QSizeF(1.0, 1.0));
 
-    QPdfWriter writer(buffer);
-    writer.setTitle(title);
-    writer.setCreator(creator());
-    writer.setResolution(std::max(1, KRMath::toInt(resolution)));
-    writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF(0.0, 0.0, 0.0, 0.0));
-    QPainter painter;
-    if (!painter.begin(&writer))
-        return false;
-    // Pages are whole points wide and high.
-    painter.scale(double(writer.width()) / map.size().width(), double(writer.height()) / map.size().height());
-    map.paint(&painter);
-    return painter.end();
+    const QPageLayout layout(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch),
+                             QPageLayout::Portrait, QMarginsF());
+    const auto paint = [&map](QPagedPaintDevice *page) {
+        QPainter painter;
+        if (!painter.begin(page))
+            return false;
+        // Pages are whole points wide and high.
+        painter.scale(double(page->width()) / map.size().width(), double(page->height()) / map.size().height());
+        map.paint(&painter);
+        return painter.end();
+    };
+    return KRPictureFile::encodePdf(layout, std::max(1, KRMath::toInt(resolution)), title, paint);
 }
 
 } // namespace
@@ -112,15 +112,26 @@ QByteArray KRPictureFile::formatOf(const QString &fileName)
 
 QByteArray KRPictureFile::encode(const KRMapComposition &map, const QByteArray &format, const QString &title)
 {
+    if (format == "pdf")
+        return createPdf(map, title);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    bool isWritten = false;
-    if (format == "svg")
-        isWritten = writeSvg(&buffer, map, title);
-    else if (format == "pdf")
-        isWritten = writePdf(&buffer, map, title);
-    else
-        isWritten = writePicture(&buffer, map.render(), format);
+    const bool isWritten =
+        format == "svg" ? writeSvg(&buffer, map, title) : writePicture(&buffer, map.render(), format);
     return isWritten ? bytes : QByteArray();
+}
+
+QByteArray KRPictureFile::encodePdf(const QPageLayout &layout, int dotsPerInch, const QString &title,
+                                    const std::function<bool(QPagedPaintDevice *page)> &paint)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(title);
+    writer.setCreator(creator());
+    writer.setResolution(dotsPerInch);
+    writer.setPageLayout(layout);
+    return paint(&writer) ? bytes : QByteArray();
 }

@@ -4,7 +4,11 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 class KRMapComposition;
+class QPagedPaintDevice;
+class QPageLayout;
 
 /**
  * Turns maps into the bytes of picture files.
@@ -16,6 +20,8 @@ class KRMapComposition;
 class KRPictureFile
 {
 public:
+    static constexpr int largestSidePx = 32767; ///< QPainter's raster engine ends there
+
     static QList<QByteArray> formats() { return {"png", "jpeg", "webp", "svg", "pdf"}; }
 
     /// The format of formats() that the suffix stands for, empty for any other.
@@ -24,4 +30,8 @@ public:
     /// Encodes in a format of formatOf(). Formats without transparency get a white ground. Null when it fails.
     /// SVG and PDF carry the title.
     static QByteArray encode(const KRMapComposition &map, const QByteArray &format, const QString &title);
+
+    /// A PDF of one page, null when @p paint says that it failed.
+    static QByteArray encodePdf(const QPageLayout &layout, int dotsPerInch, const QString &title,
+                                const std::function<bool(QPagedPaintDevice *page)> &paint);
 };

@@ -98,7 +98,6 @@ constexpr OptionText optionTexts[] = {
     {"v,version", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Zeigt die Version.")},
 };
 
-constexpr int largestSidePx = 32767; // QPainter's raster engine ends there
 constexpr double largestScale = 20.0;
 
 bool isSameFile(const QFileInfo &a, const QFileInfo &b)
@@ -135,7 +134,8 @@ std::optional<QSize> readSize(const QString &text)
     static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})[xX×](\\d{1,5})$"));
     const QRegularExpressionMatch match = pattern.match(text);
     const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
-    if (!match.hasMatch() || size.isEmpty() || size.width() > largestSidePx || size.height() > largestSidePx)
+    const int largestSide = KRPictureFile::largestSidePx;
+    if (!match.hasMatch() || size.isEmpty() || size.width() > largestSide || size.height() > largestSide)
         return std::nullopt;
     return size;
 }

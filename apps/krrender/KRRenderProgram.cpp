@@ -28,8 +28,6 @@
 
 namespace {
 
-constexpr int tilesTimeLimitMs = 60000;
-
 bool hasPosition(const KRGPXTrackElement &track)
 {
     bool isFound = false;
@@ -211,12 +209,8 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     const int undrawn = countOfUndrawn(tracks);
 
     KRGeoPositionRect area = m_options.area();
-    if (!area.isValid()) {
-        KRMapArea covered;
-        for (const KRGPXConfiguredTrack &track : tracks.tracks())
-            covered.add(track);
-        area = covered.padded();
-    }
+    if (!area.isValid())
+        area = KRMapArea::paddedAreaOf(tracks);
     if (!area.isValid() || tracks.isEmpty()) {
         m_console.complain(tr("Es gibt nichts zu zeichnen."));
         return SomethingLeftOut;
@@ -232,7 +226,7 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     const std::unique_ptr<KRMapGround> ground = createGround(mapPicture, area);
     if (ground == nullptr && m_options.ground() != KRRenderOptions::Ground::None)
         return SomethingLeftOut;
-    KRPatientGround patientGround(ground.get(), tilesTimeLimitMs);
+    KRPatientGround patientGround(ground.get());
     KRMapComposition composition(tracks, area, m_options.size().value_or(mapPicture.size()), m_options.scale());
     composition.setGround(ground == nullptr ? nullptr : &patientGround);
     composition.setRenderOption(m_options.renderOption());

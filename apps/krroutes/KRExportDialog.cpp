@@ -33,14 +33,12 @@
 namespace {
 
 constexpr int smallestSidePx = 16;
-constexpr int largestSidePx = 16384; // the picture takes four bytes a pixel, and some layers as much again
 constexpr double largestFactor = 20.0;
-constexpr int tilesTimeLimitMs = 120000;
 
 QSpinBox *sideBox()
 {
     auto *const box = new QSpinBox;
-    box->setRange(smallestSidePx, largestSidePx);
+    box->setRange(smallestSidePx, KRPictureFile::largestSidePx);
     box->setSingleStep(100);
     return box;
 }
@@ -52,15 +50,16 @@ QLabel *labelFor(QWidget *widget, const QString &text)
     return label;
 }
 
-/// A name without what file systems do not take.
-QString proposedName(const KRGPXTrackSelection &selection, const QString &otherwise)
+/// A name for a file, without what file systems do not take.
+QString fileNameOf(const QString &title)
 {
-    QString name = selection.count() == 1 ? selection.value(0).name().simplified() : QString();
-    for (QChar &character : name) {
-        if (QStringLiteral("/\\:*?\"<>|").contains(character) || !character.isPrint())
-            character = QLatin1Char('_');
+    QString name = title.simplified().left(100);
+    for (int i = 0; i < name.size(); ++i) {
+        const bool isLeadingDot = i == 0 && name.at(i) == QLatin1Char('.');
+        if (isLeadingDot || QStringLiteral("/\\:*?\"<>|").contains(name.at(i)) || !name.at(i).isPrint())
+            name[i] = QLatin1Char('_');
     }
-    return name.isEmpty() || name.startsWith(QLatin1Char('.')) ? otherwise : name.left(100);
+    return name;
 }
 
 /// One that there is: the last one may be gone, and not everybody has a folder for documents.
@@ -115,6 +114,7 @@ QGroupBox *KRExportDialog::createFileBox()
     };
     addFormat(tr("PNG-Bild"), "png");
     addFormat(tr("JPEG-Bild"), "jpeg");
+    addFormat(tr("WebP-Bild"), "webp");
     addFormat(tr("SVG-Zeichnung"), "svg");
     addFormat(tr("PDF-Dokument"), "pdf");
     addFormat(tr("GPX: Routen für andere Programme"), "gpx");
@@ -183,10 +183,8 @@ void KRExportDialog::readSettings()
     m_heightBox->setValue(settings.size().height());
     m_factorBox->setValue(settings.factor());
     m_groundBox->setChecked(settings.hasGround() && m_ground);
-    m_legendBox->setChecked(settings.hasLegend());
-    m_labelsBox->setChecked(settings.hasLabels());
 
-    m_fileEdit->setText(QDir::toNativeSeparators(proposedFolder().filePath(proposedName(m_selection, tr("Karte")))));
+    m_fileEdit->setText(QDir::toNativeSeparators(proposedFolder().filePath(tr("Karte"))));
 }
 
 void KRExportDialog::saveSettings() const
@@ -199,10 +197,24 @@ void KRExportDialog::saveSettings() const
         settings.setShowsAllTracks(m_areaBox->currentData().toBool());
     if (m_ground)
         settings.setGround(m_groundBox->isChecked());
-    settings.setLegend(m_legendBox->isChecked());
-    settings.setLabels(m_labelsBox->isChecked());
     settings.save();
     KRViewerSettings().setLastFolder(QFileInfo(fileName()).absolutePath());
+}
+
+void KRExportDialog::setTitle(const QString &title)
+{
+    m_fileEdit->setText(QDir::toNativeSeparators(proposedFolder().filePath(fileNameOf(title))));
+    followFormat();
+}
+
+void KRExportDialog::setLegend(bool isShown)
+{
+    m_legendBox->setChecked(isShown);
+}
+
+void KRExportDialog::setLabels(bool areShown)
+{
+    m_labelsBox->setChecked(areShown);
 }
 
 QString KRExportDialog::fileName() const
@@ -248,10 +260,7 @@ KRGeoPositionRect KRExportDialog::area() const
 {
     if (!m_areaBox->currentData().toBool())
         return m_shownArea;
-    KRMapArea covered;
-    for (const KRGPXConfiguredTrack &track : m_selection.tracks())
-        covered.add(track);
-    const KRGeoPositionRect padded = covered.padded();
+    const KRGeoPositionRect padded = KRMapArea::paddedAreaOf(m_selection);
     return padded.isValid() ? padded : m_shownArea;
 }
 
@@ -311,7 +320,7 @@ bool KRExportDialog::createPicture(QByteArray *bytes)
         return false;
     }
     KRMapComposition map(m_selection, shown, QSize(m_widthBox->value(), m_heightBox->value()), m_factorBox->value());
-    KRPatientGround ground(m_ground, tilesTimeLimitMs);
+    KRPatientGround ground(m_ground);
     if (m_ground && m_groundBox->isChecked())
         map.setGround(&ground);
     map.setLegend(m_legendBox->isChecked());

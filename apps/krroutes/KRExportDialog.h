@@ -16,8 +16,8 @@ class QSpinBox;
 /**
  * Writes the map as a picture, or the routes for other programs, as the user chooses.
  *
- * It closes when the file is written; what went wrong is told with file and reason, and the dialog stays. The choices
- * are those of the last time.
+ * It closes when the file is written; what went wrong is told with file and reason, and the dialog stays. Format, size
+ * and area are those of the last time.
  */
 class KRExportDialog : public QDialog
 {
@@ -28,6 +28,12 @@ public:
     /// @param ground is not owned; nullptr for none
     KRExportDialog(const KRGPXTrackSelection &selection, const KRGeoPositionRect &shownArea, KRMapGround *ground,
                    QWidget *parent = nullptr);
+
+    /// The file is proposed by this name.
+    void setTitle(const QString &title);
+    /// What the map shows at present, from which the user may depart.
+    void setLegend(bool isShown);
+    void setLabels(bool areShown);
 
     /// The file to be written, with its suffix.
     QString fileName() const;

@@ -20,16 +20,12 @@ public:
     double factor() const { return m_factor.value(); }
     bool showsAllTracks() const { return m_showsAllTracks.value(); }
     bool hasGround() const { return m_hasGround.value(); }
-    bool hasLegend() const { return m_hasLegend.value(); }
-    bool hasLabels() const { return m_hasLabels.value(); }
 
     void setFormat(const QByteArray &format) { m_format.setValue(format); }
     void setSize(const QSize &size) { m_size.setValue(size); }
     void setFactor(double factor) { m_factor.setValue(factor); }
     void setShowsAllTracks(bool showsAllTracks) { m_showsAllTracks.setValue(showsAllTracks); }
     void setGround(bool hasGround) { m_hasGround.setValue(hasGround); }
-    void setLegend(bool hasLegend) { m_hasLegend.setValue(hasLegend); }
-    void setLabels(bool hasLabels) { m_hasLabels.setValue(hasLabels); }
 
     void save() const;
 
@@ -39,6 +35,4 @@ private:
     KRConfigItem<double> m_factor;
     KRConfigItem<bool> m_showsAllTracks;
     KRConfigItem<bool> m_hasGround;
-    KRConfigItem<bool> m_hasLegend;
-    KRConfigItem<bool> m_hasLabels;
 };

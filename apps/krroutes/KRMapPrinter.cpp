@@ -5,18 +5,17 @@
 #include <KRMapArea.h>
 #include <KRMapComposition.h>
 #include <KRPatientGround.h>
+#include <KRPictureFile.h>
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
 #include <KRGeoLocation/KRMapProjection.h>
 
-#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 #include <QMessageBox>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
@@ -24,7 +23,6 @@ namespace {
 
 /// Of the map on paper: lines and letters have half the size that they have on a screen.
 constexpr double pixelsPerInch = 180.0;
-constexpr int tilesTimeLimitMs = 60000;
 
 /// In pixels of the map.
 QSize mapSize(const QPagedPaintDevice &page)
@@ -32,19 +30,12 @@ QSize mapSize(const QPagedPaintDevice &page)
     return (page.pageLayout().paintRect(QPageLayout::Inch).size() * pixelsPerInch).toSize();
 }
 
-KRGeoPositionRect areaOf(const KRGPXTrackSelection &selection)
-{
-    KRMapArea covered;
-    for (const KRGPXConfiguredTrack &track : selection.tracks())
-        covered.add(track);
-    return covered.padded();
-}
-
 } // namespace
 
 KRMapPrinter::KRMapPrinter(const KRGPXTrackSelection &selection, const KRGeoPositionRect &shownArea,
                            KRMapGround *ground)
-    : m_selection(selection), m_area(shownArea.isValid() ? shownArea : areaOf(selection)), m_ground(ground)
+    : m_selection(selection), m_area(shownArea.isValid() ? shownArea : KRMapArea::paddedAreaOf(selection)),
+      m_ground(ground)
 { }
 
 bool KRMapPrinter::isLandscape() const
@@ -64,7 +55,7 @@ void KRMapPrinter::preview(QWidget *window) const
         return;
     }
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(m_selection.count() == 1 ? m_selection.value(0).name().simplified() : tr("Karte"));
+    printer.setDocName(m_title);
     printer.setPageOrientation(isLandscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
     if (!fetchGround(printer, window))
         return;
@@ -83,7 +74,7 @@ bool KRMapPrinter::fetchGround(const QPrinter &printer, QWidget *window) const
     if (!m_ground || m_ground->isVector())
         return true;
     // The preview paints at once, with what is at hand; this brings it there.
-    KRPatientGround ground(m_ground, tilesTimeLimitMs);
+    KRPatientGround ground(m_ground);
     QImage picture(mapSize(printer), QImage::Format_RGB32);
     return KRBackgroundTask::run(
         window, tr("Die Karte wird geladen …"),
@@ -96,25 +87,20 @@ bool KRMapPrinter::fetchGround(const QPrinter &printer, QWidget *window) const
 
 void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history) const
 {
+    const int dotsPerInch = printer->resolution();
     const bool isForFile = printer->paintEngine()->type() == QPaintEngine::Pdf && !printer->outputFileName().isEmpty();
-    if (isForFile)
-        KRFileHandler::writeAll(QFileInfo(printer->outputFileName()), createPdf(*printer), history);
-    else if (!paintPage(printer, printer->resolution()))
-        KRErrorHistory::report(history, printer->printerName(), tr("Der Drucker nimmt die Karte nicht an."));
-}
-
-QByteArray KRMapPrinter::createPdf(const QPrinter &printer) const
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setTitle(printer.docName());
-    writer.setCreator(QCoreApplication::applicationName());
-    writer.setResolution(printer.resolution());
-    writer.setPageLayout(printer.pageLayout());
-    paintPage(&writer, writer.resolution());
-    return bytes;
+    if (!isForFile) {
+        if (!paintPage(printer, dotsPerInch))
+            KRErrorHistory::report(history, printer->printerName(), tr("Der Drucker nimmt die Karte nicht an."));
+        return;
+    }
+    const QByteArray pdf =
+        KRPictureFile::encodePdf(printer->pageLayout(), dotsPerInch, printer->docName(),
+                                 [&](QPagedPaintDevice *page) { return paintPage(page, dotsPerInch); });
+    if (pdf.isNull())
+        KRErrorHistory::report(history, printer->outputFileName(), tr("Die Karte kann nicht gezeichnet werden."));
+    else
+        KRFileHandler::writeAll(QFileInfo(printer->outputFileName()), pdf, history);
 }
 
 bool KRMapPrinter::paintPage(QPagedPaintDevice *page, int dotsPerInch) const

@@ -23,6 +23,8 @@ public:
     /// @param ground is not owned; nullptr for none
     KRMapPrinter(const KRGPXTrackSelection &selection, const KRGeoPositionRect &shownArea, KRMapGround *ground);
 
+    /// What the print job and the document are called.
+    void setTitle(const QString &title) { m_title = title; }
     void setLegend(bool isPrinted) { m_hasLegend = isPrinted; }
     void setLabels(bool isPrinted) { m_hasLabels = isPrinted; }
 
@@ -34,13 +36,13 @@ public:
 
 private:
     bool paintPage(QPagedPaintDevice *page, int dotsPerInch) const;
-    QByteArray createPdf(const QPrinter &printer) const;
     bool isLandscape() const;
     bool fetchGround(const QPrinter &printer, QWidget *window) const;
 
     KRGPXTrackSelection m_selection;
     KRGeoPositionRect m_area;
     KRMapGround *m_ground;
+    QString m_title;
     bool m_hasLegend = false;
     bool m_hasLabels = false;
 };

@@ -63,9 +63,24 @@ void KROutputActions::addTo(QToolBar *toolBar) const
     toolBar->addActions({m_exportAction, m_printAction});
 }
 
+QString KROutputActions::title() const
+{
+    const KRGPXTrackSelection tracks = m_workspace->selection();
+    const QString document = QFileInfo(m_workspace->fileName()).completeBaseName();
+    const QString track = tracks.count() == 1 ? tracks.value(0).name().simplified() : QString();
+    for (const QString &name : {document, track}) {
+        if (!name.isEmpty())
+            return name;
+    }
+    return tr("Karte");
+}
+
 void KROutputActions::exportMap()
 {
     KRExportDialog dialog(m_workspace->selection(), areaOf(m_map->viewport()), m_groundMenu->ground(), m_window);
+    dialog.setTitle(title());
+    dialog.setLabels(m_mapActions->showsLabels());
+    dialog.setLegend(m_mapActions->showsLegend());
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString file = QDir::toNativeSeparators(QFileInfo(dialog.fileName()).absoluteFilePath());
@@ -75,6 +90,7 @@ void KROutputActions::exportMap()
 void KROutputActions::printMap()
 {
     KRMapPrinter printer(m_workspace->selection(), areaOf(m_map->viewport()), m_groundMenu->ground());
+    printer.setTitle(title());
     printer.setLabels(m_mapActions->showsLabels());
     printer.setLegend(m_mapActions->showsLegend());
     printer.preview(m_window);

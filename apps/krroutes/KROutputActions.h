@@ -25,6 +25,8 @@ public:
     void addTo(QToolBar *toolBar) const;
 
 private:
+    /// What file and print job are called: as the document, or as its only route.
+    QString title() const;
     void exportMap();
     void printMap();
 
