@@ -18,7 +18,6 @@ public:
     void paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
                     const QVector<QRectF> &keptFree) override;
     bool isVector() const override { return true; }
-    bool isBaseMap() const override { return true; }
 
 private:
     const KRBaseMap m_map;

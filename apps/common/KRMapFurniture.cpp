@@ -25,6 +25,7 @@ constexpr double creditLetters = 22.0;
 constexpr double smallestCreditLetters = 11.0; // whatever the factor is, unless the picture is tiny
 constexpr double creditMargin = 10.0;
 constexpr double creditPadding = 10.0; // to the left and to the right, a quarter of it above and below
+constexpr double creditDistance = 6.0;
 /// Of the picture; the rest is for the scale bar.
 constexpr double creditShare = 0.44;
 constexpr double shortestBar = 40.0;
@@ -81,10 +82,8 @@ void KRMapFurniture::paintScaleBar(QPainter *painter, const QSize &size, const K
 
 void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const KRMapGround &ground, double factor)
 {
-    if (ground.isBaseMap())
-        paintAttribution(painter, size, factor);
-    else
-        paintCredit(painter, size, ground.credit(), factor);
+    paintAttribution(painter, size, factor);
+    paintCredit(painter, size, ground.credit(), factor);
 }
 
 void KRMapFurniture::paintAttribution(QPainter *painter, const QSize &size, double factor)
@@ -100,7 +99,7 @@ QRectF KRMapFurniture::scaleBarBox(const QSize &size, const KRMapProjection &pro
 
 QRectF KRMapFurniture::creditBox(const QSize &size, const KRMapGround &ground, double factor)
 {
-    return ground.isBaseMap() ? attributionBox(size, factor) : creditBox(size, ground.credit(), factor);
+    return attributionBox(size, factor).united(creditBox(size, ground.credit(), factor));
 }
 
 QRectF KRMapFurniture::attributionBox(const QSize &size, double factor)
@@ -118,7 +117,7 @@ QRectF KRMapFurniture::creditBox(const QSize &size, const QString &text, double 
     if (text.isEmpty() || letters.isEmpty())
         return QRectF();
     QRectF box = letters.adjusted(-padding, -padding / 4.0, padding, padding / 4.0);
-    box.moveBottomRight(QPointF(size.width() - margin, size.height() - margin));
+    box.moveBottomRight(QPointF(size.width() - margin, attributionBox(size, factor).top() - creditDistance * fitting));
     return box;
 }
 

@@ -17,15 +17,16 @@ class KRMapFurniture
 public:
     /// The bar is right along the middle row of the picture; elsewhere the scale of the map is another.
     static void paintScaleBar(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor);
-    /// Whom the ground is owed to: the attribution of the library for the embedded map, its own credit for any other.
+    /// The attribution of the library, and the credit of the ground above it.
     static void paintCredit(QPainter *painter, const QSize &size, const KRMapGround &ground, double factor);
     static void paintAttribution(QPainter *painter, const QSize &size, double factor);
-    /// In the place of the attribution and in its look; long texts take several lines. Nothing is painted for an empty
-    /// text.
+    /// Above the place of the attribution and in its look; long texts take several lines. Nothing is painted for an
+    /// empty text.
     static void paintCredit(QPainter *painter, const QSize &size, const QString &text, double factor);
 
     /// Where they are painted, for others to keep away from.
     static QRectF scaleBarBox(const QSize &size, const KRMapProjection &projection, double factor);
+    /// Around both boxes.
     static QRectF creditBox(const QSize &size, const KRMapGround &ground, double factor);
     static QRectF attributionBox(const QSize &size, double factor);
     static QRectF creditBox(const QSize &size, const QString &text, double factor);

@@ -50,9 +50,7 @@ public:
     /// Whether it is painted as lines, areas and text, which documents keep as such; other grounds become one image.
     virtual bool isVector() const { return false; }
 
-    /// Whether the embedded map is seen, to which the credit of the library belongs.
-    virtual bool isBaseMap() const { return false; }
-    /// Whom any other map is owed to, one line of plain text; empty where nobody has to be named.
+    /// Whom the map is owed to, one line of plain text; empty where the credit of the library says it.
     virtual QString credit() const { return QString(); }
 
 signals:

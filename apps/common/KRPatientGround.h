@@ -22,7 +22,6 @@ public:
     void paintNames(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
                     const QVector<QRectF> &keptFree) override;
     bool isVector() const override { return m_ground->isVector(); }
-    bool isBaseMap() const override { return m_ground->isBaseMap(); }
     QString credit() const override { return m_ground->credit(); }
 
     /// From now on nothing is waited for; may be called from any thread.

@@ -2,7 +2,6 @@
 #include "KRMapComposition.h"
 #include "KRNamedTrack.h"
 #include "KRPictureFile.h"
-#include "KRPictureGround.h"
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
 
@@ -23,7 +22,6 @@ private slots:
     void documentsLookLikeThePicture_data();
     void documentsLookLikeThePicture();
     void paintsIntoAnyCorner();
-    void creditsItsGroundOnly();
 };
 
 namespace {
@@ -161,21 +159,6 @@ void tst_KRMapComposition::paintsIntoAnyCorner()
     const QImage cut =
         sheet.copy(QRect(QPoint(100, 50), 2 * size)).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     QVERIFY(meanDifference(cut, map.render()) < 1.5);
-}
-
-void tst_KRMapComposition::creditsItsGroundOnly()
-{
-    QImage paper(2, 2, QImage::Format_RGB32);
-    paper.fill(Qt::white);
-    KRBaseMapGround baseMap;
-    KRPictureGround picture(paper, fijiArea);
-    for (KRMapGround *const ground : {static_cast<KRMapGround *>(&baseMap), static_cast<KRMapGround *>(&picture)}) {
-        KRMapComposition map(KRGPXTrackSelection(), fijiArea, QSize(300, 200), 1.0);
-        map.setGround(ground);
-        const QImage withCredit = map.render();
-        map.setAttribution(false);
-        QCOMPARE(withCredit != map.render(), ground == &baseMap);
-    }
 }
 
 static const KRTestRegistration<tst_KRMapComposition> registration;

@@ -18,8 +18,8 @@ private slots:
     void barIsRightAlongTheMiddle_data();
     void barIsRightAlongTheMiddle();
     void smallPicturesGetSmallFurniture();
-    void creditStandsInPlaceOfTheAttribution_data();
-    void creditStandsInPlaceOfTheAttribution();
+    void creditStandsAboveTheAttribution_data();
+    void creditStandsAboveTheAttribution();
 };
 
 void tst_KRMapFurniture::barIsRightAlongTheMiddle_data()
@@ -74,7 +74,7 @@ void tst_KRMapFurniture::smallPicturesGetSmallFurniture()
         QCOMPARE(small.pixel(90, y), QColor(Qt::red).rgba());
 }
 
-void tst_KRMapFurniture::creditStandsInPlaceOfTheAttribution_data()
+void tst_KRMapFurniture::creditStandsAboveTheAttribution_data()
 {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<QString>("text");
@@ -89,7 +89,7 @@ void tst_KRMapFurniture::creditStandsInPlaceOfTheAttribution_data()
     QTest::newRow("several lines") << QSize(1600, 1200) << lengthy << 1.0 << 3;
 }
 
-void tst_KRMapFurniture::creditStandsInPlaceOfTheAttribution()
+void tst_KRMapFurniture::creditStandsAboveTheAttribution()
 {
     QFETCH(QSize, size);
     QFETCH(QString, text);
@@ -107,7 +107,7 @@ void tst_KRMapFurniture::creditStandsInPlaceOfTheAttribution()
 
     const QRect place = KRTestPicture::boundsOfPainted(attribution);
     const QRect box = KRTestPicture::boundsOfPainted(credit);
-    QVERIFY(qAbs(box.bottom() - place.bottom()) <= 2);
+    QVERIFY(box.bottom() < place.top() && place.top() - box.bottom() < place.height());
     QVERIFY(qAbs(box.right() - place.right()) <= 2);
     // Readable, on so many lines, and beside the scale bar wherever that stands.
     QVERIFY(box.height() >= 12 * lines && box.height() < 40.0 * factor * (lines + 0.5));
