@@ -184,8 +184,11 @@ QByteArray KRZIP::pack(const QString &name, const QByteArray &content)
     // The archive gives the source back when it is closed only if somebody else holds it too.
     zip_source_keep(bytes);
     zip_source *const entry = zip_source_buffer(archive, content.constData(), zip_uint64_t(content.size()), 0);
-    const bool isAdded =
-        zip_file_add(archive, name.toUtf8().constData(), entry, ZIP_FL_ENC_UTF_8) >= 0 && zip_close(archive) == 0;
+    const zip_int64_t index = zip_file_add(archive, name.toUtf8().constData(), entry, ZIP_FL_ENC_UTF_8);
+    // Of 1980-01-01, so that equal content makes equal archives.
+    constexpr zip_uint16_t firstDosDate = 1 << 5 | 1;
+    const bool isAdded = index >= 0 && zip_file_set_dostime(archive, zip_uint64_t(index), 0, firstDosDate, 0) == 0
+                         && zip_close(archive) == 0;
     QByteArray packed;
     if (!isAdded) {
         zip_discard(archive);

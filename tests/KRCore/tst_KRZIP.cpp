@@ -32,6 +32,7 @@ private slots:
     void messagesShowNamesHarmlessly();
     void onlyRegularFiles();
     void closedArchiveHasNothing();
+    void packsAlikeAtAnyTime();
 
 private:
     /// Puts the archive in place of the last one and opens it; what was reported before is forgotten.
@@ -307,6 +308,13 @@ void tst_KRZIP::closedArchiveHasNothing()
     QVERIFY(zip.fileContent(QStringLiteral("a")).isNull());
     QVERIFY(zip.open(KRZIP::read));
     QCOMPARE(zip.fileContent(QStringLiteral("a")), QByteArray("1"));
+}
+
+void tst_KRZIP::packsAlikeAtAnyTime()
+{
+    const QByteArray archive = KRZIP::pack(QStringLiteral("doc.kml"), "<kml/>");
+    QCOMPARE(archive.mid(10, 4), QByteArray("\0\0\x21\0", 4));
+    QCOMPARE(opened(archive).fileContent(QStringLiteral("doc.kml")), QByteArray("<kml/>"));
 }
 
 static const KRTestRegistration<tst_KRZIP> registration;
