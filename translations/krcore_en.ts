@@ -69,6 +69,14 @@
         <source>Die Elemente haben zu viele Attribute.</source>
         <translation>The elements have too many attributes.</translation>
     </message>
+    <message>
+        <source>Der Dokumenttyp hat Parameter-Entitäten.</source>
+        <translation>The document type has parameter entities.</translation>
+    </message>
+    <message>
+        <source>Die Texte des Dokuments haben mehr als %1 Wörter.</source>
+        <translation>The texts of the document have more than %1 words.</translation>
+    </message>
 </context>
 <context>
     <name>KRXMLLoader</name>
@@ -83,6 +91,14 @@
     <message>
         <source>Der Dokumenttyp ist zu tief geschachtelt.</source>
         <translation>The document type is nested too deeply.</translation>
+    </message>
+    <message>
+        <source>Ein Element oder ein Kommentar ist zu lang.</source>
+        <translation>An element or a comment is too long.</translation>
+    </message>
+    <message>
+        <source>Die XML-Deklaration ist zu lang.</source>
+        <translation>The XML declaration is too long.</translation>
     </message>
 </context>
 <context>

@@ -35,16 +35,28 @@
         <translation>The file has more than %1 points.</translation>
     </message>
     <message>
-        <source>Ein Text ist zu lang.</source>
-        <translation>A text is too long.</translation>
-    </message>
-    <message>
         <source>Die Datei hat mehr als %1 Abschnitte.</source>
         <translation>The file has more than %1 segments.</translation>
     </message>
     <message>
         <source>Die Datei hat mehr als %1 Strecken.</source>
         <translation>The file has more than %1 tracks.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat für ihre Punkte zu viel anderen Inhalt.</source>
+        <translation>The file has too much other content for its points.</translation>
+    </message>
+    <message>
+        <source>Ein Text ist zu lang oder zu zerstückelt.</source>
+        <translation>A text is too long or in too many pieces.</translation>
+    </message>
+    <message>
+        <source>Die Namen und Beschreibungen sind zusammen zu lang.</source>
+        <translation>The names and descriptions are too long in all.</translation>
+    </message>
+    <message>
+        <source>Ein Text hat mehr als %1 Punkte.</source>
+        <translation>A text has more than %1 points.</translation>
     </message>
 </context>
 <context>

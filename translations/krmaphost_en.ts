@@ -50,8 +50,24 @@
         <translation>Route %1</translation>
     </message>
     <message>
-        <source>Die Datei hat mehr als %1 Wegpunkte und Punkte von Routen.</source>
-        <translation>The file has more than %1 way points and points of routes.</translation>
+        <source>Ein Text hat mehr als %1 Punkte.</source>
+        <translation>A text has more than %1 points.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Strecken.</source>
+        <translation>The file has more than %1 tracks.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Wegpunkte und Routen.</source>
+        <translation>The file has more than %1 way points and routes.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Punkte von Routen.</source>
+        <translation>The file has more than %1 points of routes.</translation>
+    </message>
+    <message>
+        <source>Die Namen und Beschreibungen sind zusammen zu lang.</source>
+        <translation>The names and descriptions are too long in all.</translation>
     </message>
 </context>
 <context>
@@ -245,6 +261,10 @@
         <source>Das Dokument ließe sich nicht wieder öffnen: %1</source>
         <translation>The document could not be opened again: %1</translation>
     </message>
+    <message>
+        <source>Es hat mehr als %1 Knoten.</source>
+        <translation>It has more than %1 nodes.</translation>
+    </message>
 </context>
 <context>
     <name>KRRouteImport</name>
@@ -395,6 +415,13 @@
     </message>
 </context>
 <context>
+    <name>KRTrackFileWriter</name>
+    <message>
+        <source>Die Route „%1“ ließe sich nicht wieder öffnen: %2</source>
+        <translation>The route “%1” could not be opened again: %2</translation>
+    </message>
+</context>
+<context>
     <name>KRXmlStream</name>
     <message>
         <source>Die Elemente haben zu viele Attribute.</source>
@@ -421,16 +448,20 @@
         <translation>A text is too long.</translation>
     </message>
     <message>
-        <source>Das Dokument hat mehr als %1 Elemente, Texte und Kommentare.</source>
-        <translation>The document has more than %1 elements, texts and comments.</translation>
-    </message>
-    <message>
         <source>Große Dateien mit Dokumenttyp werden nicht gelesen.</source>
         <translation>Large files with a document type are not read.</translation>
     </message>
     <message>
         <source>Die Elemente sind tiefer als %1 Ebenen geschachtelt.</source>
         <translation>The elements are nested more than %1 levels deep.</translation>
+    </message>
+    <message>
+        <source>Ein Text ist zu zerstückelt.</source>
+        <translation>A text is in too many pieces.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat für das, was zu zeichnen ist, zu viel anderen Inhalt.</source>
+        <translation>The file has too much other content for what there is to draw.</translation>
     </message>
 </context>
 </TS>

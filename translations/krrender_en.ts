@@ -215,6 +215,10 @@
         <source>--format: „%1“ ist kein bekanntes Format (%2).</source>
         <translation>--format: &quot;%1&quot; is no known format (%2).</translation>
     </message>
+    <message>
+        <source>--format gilt nicht für --save und braucht daneben „-o“.</source>
+        <translation>--format does not apply to --save and needs “-o” beside it.</translation>
+    </message>
 </context>
 <context>
     <name>KRRenderProgram</name>

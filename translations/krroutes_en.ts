@@ -269,6 +269,10 @@
 
 %2</translation>
     </message>
+    <message>
+        <source>WebP-Bild</source>
+        <translation>WebP picture</translation>
+    </message>
 </context>
 <context>
     <name>KRFigureTexts</name>
@@ -747,16 +751,16 @@
         <translation>There is nothing to print.</translation>
     </message>
     <message>
-        <source>Karte</source>
-        <translation>Map</translation>
-    </message>
-    <message>
         <source>Die Karte wird geladen …</source>
         <translation>Loading the map …</translation>
     </message>
     <message>
         <source>Der Drucker nimmt die Karte nicht an.</source>
         <translation>The printer does not accept the map.</translation>
+    </message>
+    <message>
+        <source>Die Karte kann nicht gezeichnet werden.</source>
+        <translation>The map cannot be drawn.</translation>
     </message>
 </context>
 <context>
@@ -787,6 +791,10 @@
     <message>
         <source>„%1“ wurde geschrieben.</source>
         <translation>&quot;%1&quot; has been written.</translation>
+    </message>
+    <message>
+        <source>Karte</source>
+        <translation>Map</translation>
     </message>
 </context>
 <context>
