@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QList>
 #include <QMessageBox>
@@ -48,9 +49,13 @@ public:
     static Answer file(const QString &fileName)
     {
         return [fileName](QWidget *dialog) {
-            auto *const edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-            QVERIFY(edit != nullptr);
-            edit->setText(fileName); // typed, it would be completed, whose list takes the key that follows
+            auto *const fileDialog = qobject_cast<QFileDialog *>(dialog);
+            QVERIFY(fileDialog != nullptr);
+            // Typed, it would be completed, whose list takes the key that follows; alone, it would count for less than
+            // what is still selected in the list of files.
+            fileDialog->selectFile(fileName);
+            auto *const edit = fileDialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+            edit->setText(fileName);
             QTest::keyClick(edit, Qt::Key_Return);
         };
     }
