@@ -43,6 +43,8 @@ QPainterPath KRGPXWorldCopies::broughtTo(const QRectF &area, const QPainterPath 
 void KRGPXWorldCopies::forEach(QPainter *painter, const QPainterPath &path, double reach,
                                const std::function<void()> &draw) const
 {
+    if (!painter->isActive())
+        return;
     const KRIntRange shifts = areSeveral() ? visibleShifts(painter->device()) : KRIntRange(0, 0);
     const int rounds = finishedRounds(path);
     // a path of one point alone knows no bounds

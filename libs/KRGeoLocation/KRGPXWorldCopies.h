@@ -38,6 +38,7 @@ public:
      * Calls @p draw once for every copy in which marks of the path may be in sight, with the painter moved there.
      *
      * A line of many rounds around the world is in sight with the last of them, too, which needs copies farther away.
+     * An inactive painter has nothing in sight.
      *
      * @param reach of the marks on all sides of the path
      */

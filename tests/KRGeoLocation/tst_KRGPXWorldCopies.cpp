@@ -119,6 +119,10 @@ void tst_KRGPXWorldCopies::otherDevices()
     painter.setClipRect(0, 0, 300, 100);
     copies.forEach(&painter, pathThrough({{10.0, 50.0}, {20.0, 50.0}}), 5.0, draw);
     QCOMPARE(drawn, 3 + 1);
+
+    painter.end();
+    copies.forEach(&painter, pathThrough({{10.0, 50.0}, {300.0, 50.0}, {600.0, 50.0}, {900.0, 50.0}}), 5.0, draw);
+    QCOMPARE(drawn, 3 + 1);
 }
 
 void tst_KRGPXWorldCopies::holesInTheirAreas()
