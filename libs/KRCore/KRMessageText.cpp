@@ -12,13 +12,18 @@ bool joinsLetters(char32_t character)
     return character == 0x200C || character == 0x200D;
 }
 
+bool endsLine(char32_t character)
+{
+    return character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+}
+
 } // namespace
 
 QString KRMessageText::printable(const QString &text)
 {
     std::u32string characters = text.toStdU32String();
     for (char32_t &character : characters) {
-        if (!QChar::isPrint(character) && !joinsLetters(character))
+        if (endsLine(character) || (!QChar::isPrint(character) && !joinsLetters(character)))
             character = U'?';
     }
     return QString::fromStdU32String(characters);
