@@ -77,9 +77,6 @@
         <source>Die Texte des Dokuments haben mehr als %1 Wörter.</source>
         <translation>The texts of the document have more than %1 words.</translation>
     </message>
-</context>
-<context>
-    <name>KRXMLLoader</name>
     <message>
         <source>Die Datei ist leer.</source>
         <translation>The file is empty.</translation>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "KRCoreExport.h"
 #include "KRErrorHistory.h"
 
 #include <QString>
@@ -13,15 +12,23 @@ class QByteArray;
  * Looks through an XML text before a DOM is built of it.
  *
  * QDom recurses per level and overflows the stack, keeps some hundred bytes per node, and expands entities
- * without bound. The guard reads the text once as a stream of events and refuses what goes beyond KRInputLimits.
- * Entities and DTDs outside the text are never loaded, and none may add to the DTD (parameter entities).
+ * without bound. The guard refuses what goes beyond KRInputLimits, in three steps as far as the text has come: as
+ * bytes, as characters, and once read as a stream of events. Entities and DTDs outside the text are never loaded, and
+ * none may add to the DTD (parameter entities).
  */
-class KRCORE_EXPORT KRXMLGuard
+class KRXMLGuard
 {
 public:
+    /// First of all: false when the XML declaration is too long for decoded() to look at.
+    static bool acceptsDeclaration(const QByteArray &xml, KRErrorHistory::Entry *refusal);
+
     /// The characters that a DOM of these bytes would be built of; none if their encoding extends ASCII in any case, so
     /// that bytes may be looked at.
     static std::optional<QString> decoded(const QByteArray &xml);
+
+    /// Before anything is done with the text: false when it is empty, or when even an XML reader would take too long.
+    static bool acceptsCharacters(const QByteArray &xml, KRErrorHistory::Entry *refusal);
+    static bool acceptsCharacters(const QString &xml, KRErrorHistory::Entry *refusal);
 
     /// True when a DOM of the text may be built; otherwise @p refusal says why and where.
     static bool accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal);

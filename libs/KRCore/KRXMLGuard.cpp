@@ -1,0 +1,119 @@
+#include "KRXMLGuard.h"
+
+#include "KRInputLimits.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+
+#include <algorithm>
+
+// The sources of the versions of Qt hold decoded() and accepts().
+
+namespace {
+
+ushort codeOf(char byte)
+{
+    return uchar(byte);
+}
+
+ushort codeOf(QChar character)
+{
+    return character.unicode();
+}
+
+template <typename Text>
+bool isBlank(const Text &xml)
+{
+    return std::all_of(xml.cbegin(), xml.cend(), [](auto character) { return QChar(codeOf(character)).isSpace(); });
+}
+
+/// Whether @p ascii stands at @p place of the bytes or characters.
+template <typename Text>
+bool standsAt(const Text &xml, int place, const char *ascii)
+{
+    for (; *ascii != '\0'; ++ascii, ++place) {
+        if (place >= xml.size() || codeOf(xml.at(place)) != uchar(*ascii))
+            return false;
+    }
+    return true;
+}
+
+/// Whether a declaration "<!ELEMENT …>" nests parentheses beyond the depth of elements: the reader recurses there.
+template <typename Text>
+bool hasDeepContentModel(const Text &xml)
+{
+    int depth = 0;
+    bool isInDeclaration = false;
+    for (int i = 0; i < xml.size() && depth <= KRInputLimits::depth; ++i) {
+        const ushort character = codeOf(xml.at(i));
+        if (character == '<') {
+            isInDeclaration = standsAt(xml, i, "<!ELEMENT");
+            depth = 0;
+        } else if (isInDeclaration && character == '(') {
+            ++depth;
+        } else if (isInDeclaration && character == ')') {
+            --depth;
+        }
+    }
+    return depth > KRInputLimits::depth;
+}
+
+/// Whether a tag or a comment is so long that its name, an attribute or itself must be, which accepts() would find out
+/// only behind it.
+template <typename Text>
+bool hasEndlessTag(const Text &xml)
+{
+    constexpr qint64 mostCharacters = 2 * KRInputLimits::markupCharacters;
+    auto at = xml.cbegin();
+    const auto isOpening = [](auto character) { return codeOf(character) == '<'; };
+    const auto isClosing = [](auto character) { return codeOf(character) == '>'; };
+    while ((at = std::find_if(at, xml.cend(), isOpening)) != xml.cend()) {
+        const int begin = int(at - xml.cbegin());
+        at = std::find_if(at, xml.cend(), isClosing);
+        if (at - xml.cbegin() - begin > mostCharacters && !standsAt(xml, begin, "<![CDATA["))
+            return true;
+    }
+    return false;
+}
+
+/// What speaks against reading the text; empty if nothing.
+template <typename Text>
+QString refusalOf(const Text &xml)
+{
+    const auto isReference = [](auto character) { return codeOf(character) == '&'; };
+    if (std::count_if(xml.cbegin(), xml.cend(), isReference) > KRInputLimits::references)
+        return QCoreApplication::translate("KRXMLGuard",
+                                           "Das Dokument hat mehr als %1 Verweise auf Zeichen und Entitäten.")
+            .arg(KRInputLimits::references);
+    if (hasDeepContentModel(xml))
+        return QCoreApplication::translate("KRXMLGuard", "Der Dokumenttyp ist zu tief geschachtelt.");
+    if (hasEndlessTag(xml))
+        return QCoreApplication::translate("KRXMLGuard", "Ein Element oder ein Kommentar ist zu lang.");
+    return isBlank(xml) ? QCoreApplication::translate("KRXMLGuard", "Die Datei ist leer.") : QString();
+}
+
+} // namespace
+
+bool KRXMLGuard::acceptsDeclaration(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+{
+    constexpr int longestMark = 3; // of the byte order
+    // In UTF-16 every other byte is zero.
+    const QByteArray beginning = xml.left(KRInputLimits::declarationBytes).replace('\0', "");
+    const int place = int(beginning.indexOf("<?xml"));
+    if (place < 0 || place > longestMark || xml.size() <= KRInputLimits::declarationBytes || beginning.contains("?>"))
+        return true;
+    refusal->reason = QCoreApplication::translate("KRXMLGuard", "Die XML-Deklaration ist zu lang.");
+    return false;
+}
+
+bool KRXMLGuard::acceptsCharacters(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+{
+    refusal->reason = refusalOf(xml);
+    return refusal->reason.isEmpty();
+}
+
+bool KRXMLGuard::acceptsCharacters(const QString &xml, KRErrorHistory::Entry *refusal)
+{
+    refusal->reason = refusalOf(xml);
+    return refusal->reason.isEmpty();
+}
