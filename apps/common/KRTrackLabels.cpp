@@ -13,6 +13,8 @@ constexpr double widestName = 320.0;
 constexpr double labelMargin = 3.0;
 constexpr double cellSize = 3.0;
 constexpr double distanceFromLine = 2.0;
+/// How many times the line width a marker is large, with its pen.
+constexpr double markerLineWidths = 3.0;
 
 /// Letters are as dark as that at least, on the light halo that they have.
 constexpr double greatestLightness = 0.32;
@@ -45,9 +47,8 @@ KRMapLabel labelFor(const KRGPXConfiguredTrack &track, double factor)
 double widthOf(const KRGPXConfiguredTrack &track, double factor)
 {
     const double width = track.lineWidth().toDouble();
-    // The size of a marker is that of its half.
     const bool isMarker = track.effectiveShape() == PointTrackShape;
-    return (isMarker ? 2.0 * width : width + track.haloWidth().toDouble()) * factor;
+    return ((isMarker ? markerLineWidths : 1.0) * width + track.haloWidth().toDouble()) * factor;
 }
 
 bool addInside(const NamedTrack &track, const KRMapCells &cells, KRMapLabelBoard *board)

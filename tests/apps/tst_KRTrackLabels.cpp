@@ -18,7 +18,7 @@ class tst_KRTrackLabels : public QObject
 private slots:
     void namesStandByTheirTracks();
     void namesKeepApart();
-    void namesKeepOffLines();
+    void namesKeepOffTracks();
 };
 
 namespace {
@@ -85,13 +85,23 @@ void tst_KRTrackLabels::namesKeepApart()
     }
 }
 
-void tst_KRTrackLabels::namesKeepOffLines()
+void tst_KRTrackLabels::namesKeepOffTracks()
 {
     KRGPXTrackSelection selection;
     for (const double longitude : {171.0, 174.0, 177.0, -180.0, -177.0}) {
         selection.addTrack(namedTrack({{-20.0, longitude}, {-15.0, longitude + 2.0}, {-10.0, longitude}},
                                       KRGPXTrackShape(LineStringTrackShape), Qt::red,
                                       QStringLiteral("Weg nach Norden")));
+    }
+    for (const KRGPXMarkerShapeEnum marker : {DiskMarkerShape, CircleMarkerShape, Star6MarkerShape}) {
+        const KRGeoPosition place(-19.0, 172.0 + selection.count());
+        KRGPXConfiguredTrack point =
+            namedTrack({place}, KRGPXTrackShape(PointTrackShape), Qt::red, QStringLiteral("Ort"));
+        KRGPXTrackConfiguration look = point.configuration();
+        look.setLineWidth(KRDistance(14.0));
+        look.setMarkerShape(marker);
+        point.setConfiguration(look);
+        selection.addTrack(point);
     }
     const KRMapProjection projection(fijiArea, size);
     const QImage lines = KRMapTrackRenderer(selection, projection, size, 1.0).render(StyledRender);
