@@ -43,7 +43,7 @@
     <name>KRGpxPreparation</name>
     <message>
         <source>Wegpunkt %1</source>
-        <translation>Way point %1</translation>
+        <translation>Waypoint %1</translation>
     </message>
     <message>
         <source>Route %1</source>
@@ -59,7 +59,7 @@
     </message>
     <message>
         <source>Die Datei hat mehr als %1 Wegpunkte und Routen.</source>
-        <translation>The file has more than %1 way points and routes.</translation>
+        <translation>The file has more than %1 waypoints and routes.</translation>
     </message>
     <message>
         <source>Die Datei hat mehr als %1 Punkte von Routen.</source>
@@ -90,11 +90,11 @@
     </message>
     <message>
         <source>Wegpunkt ohne lesbare Position</source>
-        <translation>way point without a readable position</translation>
+        <translation>waypoint without a readable position</translation>
     </message>
     <message>
         <source>Wegpunkte ohne lesbare Position</source>
-        <translation>way points without a readable position</translation>
+        <translation>waypoints without a readable position</translation>
     </message>
     <message>
         <source>Ortsmarke ohne Geometrie</source>
@@ -304,7 +304,7 @@
     </message>
     <message>
         <source>Der Ordner enthält keine Kacheln der Form Stufe/Spalte/Zeile.</source>
-        <translation>The folder holds no tiles in the form level/column/row.</translation>
+        <translation>The folder holds no tiles in the form z/x/y.</translation>
     </message>
 </context>
 <context>
@@ -418,7 +418,7 @@
     <name>KRTrackFileWriter</name>
     <message>
         <source>Die Route „%1“ ließe sich nicht wieder öffnen: %2</source>
-        <translation>The route “%1” could not be opened again: %2</translation>
+        <translation>The route &quot;%1&quot; could not be opened again: %2</translation>
     </message>
 </context>
 <context>

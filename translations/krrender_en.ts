@@ -57,7 +57,7 @@
     </message>
     <message>
         <source>Glättet Strecken: Stärke von 100 (gar nicht) bis 0 (ganz gerade), nach einem Komma die Zahl der Abschnitte.</source>
-        <translation>Smooths lines: strength from 100 (not at all) to 0 (quite straight), after a comma the number of stretches.</translation>
+        <translation>Smooths lines: strength from 100 (not at all) to 0 (straight), after a comma the number of stretches.</translation>
     </message>
     <message>
         <source>Zeichenart: styled, opaque oder halo.</source>
@@ -177,7 +177,7 @@
     </message>
     <message>
         <source>Eine Karte aus Kacheln: eine MBTiles-Datei, ein Ordner mit Stufe/Spalte/Zeile oder eine Adresse mit {z}, {x} und {y}. Nur mit einer Adresse wird etwas aus dem Netz geladen.</source>
-        <translation>A map of tiles: an MBTiles file, a folder with level/column/row, or an address with {z}, {x} and {y}. Nothing is loaded from the network unless it is an address.</translation>
+        <translation>A map of tiles: an MBTiles file, a folder with z/x/y, or an address with {z}, {x} and {y}. Nothing is loaded from the network unless it is an address.</translation>
     </message>
     <message>
         <source>Quellenangabe der Kacheln, anstatt der in der MBTiles-Datei.</source>
@@ -217,7 +217,7 @@
     </message>
     <message>
         <source>--format gilt nicht für --save und braucht daneben „-o“.</source>
-        <translation>--format does not apply to --save and needs “-o” beside it.</translation>
+        <translation>--format does not apply to --save and needs &quot;-o&quot; beside it.</translation>
     </message>
 </context>
 <context>
@@ -248,7 +248,7 @@
     </message>
     <message>
         <source>%1 Routen, in %2 ms gelesen</source>
-        <translation>%1 routes, read in %2 ms</translation>
+        <translation>Routes: %1, read in %2 ms</translation>
     </message>
     <message>
         <source>Es gibt nichts zu schreiben.</source>

@@ -410,7 +410,7 @@
     </message>
     <message>
         <source>Eine MBTiles-Datei, ein Ordner mit Stufe/Spalte/Zeile oder eine Adresse mit {z}, {x} und {y}; {-y} zählt die Zeilen von Süden.</source>
-        <translation>An MBTiles file, a folder with level/column/row, or an address with {z}, {x} and {y}; {-y} counts the rows from the south.</translation>
+        <translation>An MBTiles file, a folder with z/x/y, or an address with {z}, {x} and {y}; {-y} counts the rows from the south.</translation>
     </message>
     <message>
         <source>&amp;Datei …</source>
