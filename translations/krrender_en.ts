@@ -219,6 +219,10 @@
         <source>--format gilt nicht für --save und braucht daneben „-o“.</source>
         <translation>--format does not apply to --save and needs &quot;-o&quot; beside it.</translation>
     </message>
+    <message>
+        <source>--list und --json schreiben keine Datei; „-o“ und „--save“ gehören nicht dazu.</source>
+        <translation>--list and --json write no file; &quot;-o&quot; and &quot;--save&quot; do not go with them.</translation>
+    </message>
 </context>
 <context>
     <name>KRRenderProgram</name>

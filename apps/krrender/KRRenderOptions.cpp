@@ -169,6 +169,8 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
     readPicture(parser);
     if (m_task == Task::Draw)
         readOutput(parser);
+    else if (parser.isSet(QStringLiteral("output")) || parser.isSet(QStringLiteral("save")))
+        complain(tr("--list und --json schreiben keine Datei; „-o“ und „--save“ gehören nicht dazu."));
 }
 
 void KRRenderOptions::declare(QCommandLineParser &parser)

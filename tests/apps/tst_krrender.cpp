@@ -341,6 +341,8 @@ void tst_krrender::wrongUsage()
         {"document as a picture with a format", "-o x.krroute --format png x.gpx", "--save"},
         {"format of a document", "--save x.krroute --format gpx x.gpx", "-o"},
         {"picture as a document", "--save x.png x.gpx", "-o"},
+        {"table and picture", "--list -o x.png x.gpx", "-o"},
+        {"JSON and document", "--json --save x.krroute x.gpx", "--save"},
         {"over the input", "-o ./x.png x.png", "x.png"},
         {"unknown place", "--beeline 'Oldenburg .. Atlantis'", "Atlantis"},
         {"one place", "--beeline Oldenburg", "--beeline"},
