@@ -4,9 +4,11 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 namespace {
 
-int countWords(const QString &text)
+int countWords(QStringView text)
 {
     int count = 0;
     bool isInWord = false;
@@ -35,20 +37,45 @@ bool KRXMLCounter::declareEntity(const QString &name, qint64 characters)
     return addDeclaration(name.size(), characters);
 }
 
-bool KRXMLCounter::enterElement(qint64 attributes, qint64 charactersInAttributes)
+bool KRXMLCounter::declareAttributes(qint64 count)
 {
-    m_charactersLeft -= charactersInAttributes;
-    if (attributes > KRInputLimits::manyAttributes)
-        m_attributePairs += attributes * attributes;
-    if (m_attributePairs > KRInputLimits::attributePairs)
-        return refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente haben zu viele Attribute."));
+    m_declaredAttributes += count;
+    m_nodes += int(count);
+    return mayDeclare(count) && isWithinLimits();
+}
+
+bool KRXMLCounter::addDeclaration(qint64 nameCharacters, qint64 characters)
+{
+    return mayDeclare(1) && addMarkup(nameCharacters, characters);
+}
+
+bool KRXMLCounter::addAttribute(qint64 nameCharacters, qint64 characters)
+{
+    ++m_attributes;
+    m_charactersLeft -= characters;
+    return addMarkup(nameCharacters, characters);
+}
+
+bool KRXMLCounter::enterElement(qint64 nameCharacters)
+{
+    m_attributePairs += m_declaredAttributes;
+    if (!compareAttributes(std::exchange(m_attributes, 0)))
+        return false;
     if (++m_depth > KRInputLimits::depth)
         return refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
                           .arg(KRInputLimits::depth));
-    return isWithinLimits();
+    return addMarkup(nameCharacters, 0);
 }
 
-bool KRXMLCounter::addText(const QString &text)
+bool KRXMLCounter::compareAttributes(qint64 count)
+{
+    if (count > KRInputLimits::manyAttributes)
+        m_attributePairs += count * count;
+    return m_attributePairs <= KRInputLimits::attributePairs
+           || refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente haben zu viele Attribute."));
+}
+
+bool KRXMLCounter::addText(QStringView text)
 {
     const int words = countWords(text);
     m_nodes += words > 0 ? 1 : 0;
@@ -69,12 +96,18 @@ bool KRXMLCounter::addMarkup(qint64 nameCharacters, qint64 characters)
     return isWithinLimits();
 }
 
-bool KRXMLCounter::addDeclaration(qint64 nameCharacters, qint64 characters)
+QString KRXMLCounter::refusalOr(const QString &readerError) const
 {
-    if (++m_declarations > KRInputLimits::declarations)
-        return refuse(QCoreApplication::translate("KRXMLGuard", "Der Dokumenttyp hat mehr als %1 Vereinbarungen.")
-                          .arg(KRInputLimits::declarations));
-    return addMarkup(nameCharacters, characters);
+    return !m_refusal.isNull() ? m_refusal
+                               : QCoreApplication::translate("KRXMLGuard", "Kein lesbares XML: %1").arg(readerError);
+}
+
+bool KRXMLCounter::mayDeclare(qint64 count)
+{
+    m_declarations += count;
+    return m_declarations <= KRInputLimits::declarations
+           || refuse(QCoreApplication::translate("KRXMLGuard", "Der Dokumenttyp hat mehr als %1 Vereinbarungen.")
+                         .arg(KRInputLimits::declarations));
 }
 
 bool KRXMLCounter::isWithinLimits()

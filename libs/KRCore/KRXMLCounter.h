@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 /**
  * Counts what KRXMLGuard meets on its way through a text. Once a limit is passed, everything is refused.
@@ -14,21 +15,29 @@ public:
     // False when the text is refused.
     /// A parameter entity has a name that begins with "%".
     bool declareEntity(const QString &name, qint64 characters);
-    /// The element and its attributes are to be added as markup besides.
-    bool enterElement(qint64 attributes, qint64 charactersInAttributes);
-    /// White space alone, between elements, does not become part of a DOM.
-    bool addText(const QString &text);
-    /// A comment, an instruction or an attribute, each as a whole.
-    bool addMarkup(qint64 nameCharacters, qint64 characters);
-    /// In a document type.
+    /// Each is compared with every element that follows.
+    bool declareAttributes(qint64 count);
+    /// Anything else in a document type.
     bool addDeclaration(qint64 nameCharacters, qint64 characters);
+    /// Of the element that is entered next.
+    bool addAttribute(qint64 nameCharacters, qint64 characters);
+    bool enterElement(qint64 nameCharacters);
+    /// So many attributes of one tag are compared with each other.
+    bool compareAttributes(qint64 count);
+    /// White space alone, between elements, does not become part of a DOM.
+    bool addText(QStringView text);
+    /// A comment or an instruction, each as a whole.
+    bool addMarkup(qint64 nameCharacters, qint64 characters);
 
     void leaveElement() { --m_depth; }
 
     /// For users; null as long as nothing is refused.
     QString refusal() const { return m_refusal; }
+    /// The refusal or, if there is none, what keeps the reader from reading on.
+    QString refusalOr(const QString &readerError) const;
 
 private:
+    bool mayDeclare(qint64 count);
     bool isWithinLimits();
     bool refuse(const QString &refusal);
     bool refuseExpansion();
@@ -37,8 +46,10 @@ private:
     qint64 m_ampersands;
     int m_nodes = 0;
     qint64 m_words = 0;
+    qint64 m_attributes = 0;
+    qint64 m_declaredAttributes = 0;
     qint64 m_attributePairs = 0;
-    int m_declarations = 0;
+    qint64 m_declarations = 0;
     int m_depth = 0;
     QString m_refusal;
 };

@@ -3,7 +3,6 @@
 #include "KRXMLGuard.h"
 
 #include <QByteArray>
-#include <QCoreApplication>
 #include <QXmlDefaultHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
@@ -38,18 +37,15 @@ public:
     bool attributeDecl(const QString &, const QString &name, const QString &, const QString &,
                        const QString &value) override
     {
-        return m_counter.addDeclaration(name.size(), value.size());
+        return m_counter.declareAttributes(1) && m_counter.addMarkup(name.size(), value.size());
     }
 
     bool startElement(const QString &, const QString &, const QString &name, const QXmlAttributes &attributes) override
     {
-        qint64 characters = 0;
         bool isShort = true;
-        for (int i = 0; i < attributes.count() && isShort; ++i) {
-            characters += attributes.value(i).size();
-            isShort = m_counter.addMarkup(attributes.qName(i).size(), attributes.value(i).size());
-        }
-        return isShort && m_counter.addMarkup(name.size(), 0) && m_counter.enterElement(attributes.count(), characters);
+        for (int i = 0; i < attributes.count() && isShort; ++i)
+            isShort = m_counter.addAttribute(attributes.qName(i).size(), attributes.value(i).size());
+        return isShort && m_counter.enterElement(name.size());
     }
 
     bool endElement(const QString &, const QString &, const QString &) override
@@ -78,9 +74,7 @@ public:
 private:
     bool keep(const QXmlParseException &exception)
     {
-        m_reason = !m_counter.refusal().isNull()
-                       ? m_counter.refusal()
-                       : QCoreApplication::translate("KRXMLGuard", "Kein lesbares XML: %1").arg(exception.message());
+        m_reason = m_counter.refusalOr(exception.message());
         m_line = exception.lineNumber();
         m_column = exception.columnNumber();
         return false;

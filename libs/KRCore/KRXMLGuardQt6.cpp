@@ -4,7 +4,7 @@
 #include "KRXMLGuard.h"
 
 #include <QByteArray>
-#include <QCoreApplication>
+#include <QByteArrayView>
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QXmlStreamReader>
@@ -13,61 +13,75 @@
 
 namespace {
 
-// Comparisons of attributes with each other that QXmlStreamReader may spend on a text: about a second.
-constexpr qint64 maximumAttributePairs = 100000000;
-
-/// At most: whatever looks like an attribute between two tags counts.
-qint64 attributePairs(const QByteArray &xml)
+/// What looks like attributes of a tag.
+qint64 attributesIn(QByteArrayView tag)
 {
-    qint64 pairs = 0;
     qint64 attributes = 0;
     bool isBehindSign = false;
-    for (const char character : xml) {
+    for (const char character : tag) {
         const bool isQuote = character == '"' || character == '\'';
         const bool isBlank = character == ' ' || character == '\t' || character == '\n' || character == '\r';
         attributes += isQuote && isBehindSign;
         isBehindSign = character == '=' || (isBlank && isBehindSign);
-        if (character == '<') {
-            pairs += attributes * attributes;
-            attributes = 0;
-        }
     }
-    return pairs + attributes * attributes;
+    return attributes;
 }
 
-bool hasTooManyAttributes(const QByteArray &xml)
+/// What a declaration "<!ATTLIST …>" holds at most: each attribute ends with a value or a word such as "#IMPLIED".
+qint64 declaredAttributesIn(QByteArrayView declaration)
 {
-    // Those that a document type declares are compared with the attributes of each tag.
-    return xml.contains("<!ATTLIST") || attributePairs(xml) > maximumAttributePairs;
+    const qsizetype quotes = declaration.count('"') + declaration.count('\'');
+    return declaration.count('#') + (quotes + 1) / 2;
 }
 
-bool countDocumentType(const QXmlStreamReader &reader, KRXMLCounter *counter)
+/// Counts what the reader keeps or compares before it tells of it, or more: whatever looks like it counts, even in a
+/// comment.
+bool countSection(QByteArrayView section, KRXMLCounter *counter, qint64 *declaredAttributes)
+{
+    constexpr QByteArrayView entity("<!ENTITY");
+    if (section.startsWith(entity)) {
+        const bool isParameter = section.sliced(entity.size()).trimmed().startsWith('%');
+        return counter->declareEntity(isParameter ? QStringLiteral("%") : QString(), 0);
+    }
+    if (section.startsWith("<!NOTATION"))
+        return counter->addDeclaration(0, 0);
+    if (!section.startsWith("<!ATTLIST"))
+        return counter->compareAttributes(attributesIn(section));
+    const qint64 declared = declaredAttributesIn(section);
+    *declaredAttributes += declared;
+    return counter->declareAttributes(declared);
+}
+
+/// Looks at all tags and declarations before anything is read; null if nothing speaks against reading.
+QString refusalOfSections(const QByteArray &xml, qint64 *declaredAttributes)
+{
+    KRXMLCounter counter(xml.size(), 0);
+    for (qsizetype begin = xml.indexOf('<'); begin >= 0;) {
+        const qsizetype end = xml.indexOf('<', begin + 1);
+        const qsizetype size = (end < 0 ? xml.size() : end) - begin;
+        if (!countSection(QByteArrayView(xml).sliced(begin, size), &counter, declaredAttributes))
+            break;
+        begin = end;
+    }
+    return counter.refusal();
+}
+
+bool countEntities(const QXmlStreamReader &reader, KRXMLCounter *counter)
 {
     const QXmlStreamEntityDeclarations entities = reader.entityDeclarations();
-    const bool isEachShort =
-        std::all_of(entities.cbegin(), entities.cend(), [counter](const QXmlStreamEntityDeclaration &entity) {
-            return counter->declareEntity(entity.name().toString(), entity.value().size());
-        });
-    // The reader tells of no others. Entities count twice, which real types bear.
-    qsizetype declarations = reader.text().count(QLatin1String("<!"));
-    while (declarations > 0 && counter->addDeclaration(0, 0))
-        --declarations;
-    static const QRegularExpression parameterEntity(QStringLiteral("<!ENTITY\\s+%"));
-    const bool hasParameters = reader.text().toString().contains(parameterEntity);
-    return isEachShort && declarations == 0 && (!hasParameters || counter->declareEntity(QStringLiteral("%"), 0));
+    return std::all_of(entities.cbegin(), entities.cend(), [counter](const QXmlStreamEntityDeclaration &entity) {
+        return counter->declareEntity(entity.name().toString(), entity.value().size());
+    });
 }
 
 bool countElement(const QXmlStreamReader &reader, KRXMLCounter *counter)
 {
     const QXmlStreamAttributes attributes = reader.attributes();
-    qint64 characters = 0;
-    const bool isEachShort =
-        std::all_of(attributes.cbegin(), attributes.cend(), [&](const QXmlStreamAttribute &attribute) {
-            characters += attribute.value().size();
-            return counter->addMarkup(attribute.qualifiedName().size(), attribute.value().size());
-        });
-    return isEachShort && counter->addMarkup(reader.qualifiedName().size(), 0)
-           && counter->enterElement(attributes.size(), characters);
+    return std::all_of(attributes.cbegin(), attributes.cend(),
+                       [counter](const QXmlStreamAttribute &attribute) {
+                           return counter->addAttribute(attribute.qualifiedName().size(), attribute.value().size());
+                       })
+           && counter->enterElement(reader.qualifiedName().size());
 }
 
 /// False at an error or a limit.
@@ -75,14 +89,14 @@ bool countToken(const QXmlStreamReader &reader, KRXMLCounter *counter)
 {
     switch (reader.tokenType()) {
     case QXmlStreamReader::DTD:
-        return countDocumentType(reader, counter);
+        return countEntities(reader, counter);
     case QXmlStreamReader::StartElement:
         return countElement(reader, counter);
     case QXmlStreamReader::EndElement:
         counter->leaveElement();
         return true;
     case QXmlStreamReader::Characters:
-        return (!reader.isCDATA() || counter->addMarkup(0, 0)) && counter->addText(reader.text().toString());
+        return (!reader.isCDATA() || counter->addMarkup(0, 0)) && counter->addText(reader.text());
     case QXmlStreamReader::Comment:
         return counter->addMarkup(0, reader.text().size());
     case QXmlStreamReader::ProcessingInstruction:
@@ -93,29 +107,28 @@ bool countToken(const QXmlStreamReader &reader, KRXMLCounter *counter)
     }
 }
 
+/// @p bytes are the same text, in which only ASCII matters.
 template <typename Text>
-bool passes(const Text &xml, qint64 ampersands, bool hasManyAttributes, KRErrorHistory::Entry *refusal)
+bool passes(const Text &xml, const QByteArray &bytes, KRErrorHistory::Entry *refusal)
 {
-    if (hasManyAttributes) {
-        refusal->reason = QCoreApplication::translate("KRXMLGuard", "Die Elemente haben zu viele Attribute.");
+    qint64 declaredAttributes = 0;
+    refusal->reason = refusalOfSections(bytes, &declaredAttributes);
+    if (!refusal->reason.isNull())
         return false;
-    }
     QXmlStreamReader reader(xml);
     reader.setNamespaceProcessing(false);
-    KRXMLCounter counter(xml.size(), ampersands);
-    while (!reader.atEnd()) {
+    KRXMLCounter counter(xml.size(), bytes.count('&'));
+    bool isAccepted = counter.declareAttributes(declaredAttributes);
+    while (isAccepted && !reader.atEnd()) {
         reader.readNext();
-        if (countToken(reader, &counter))
-            continue;
-        refusal->reason =
-            !counter.refusal().isNull()
-                ? counter.refusal()
-                : QCoreApplication::translate("KRXMLGuard", "Kein lesbares XML: %1").arg(reader.errorString());
-        refusal->line = int(reader.lineNumber());
-        refusal->column = int(reader.columnNumber()) + 1;
-        return false;
+        isAccepted = countToken(reader, &counter);
     }
-    return true;
+    if (isAccepted)
+        return true;
+    refusal->reason = counter.refusalOr(reader.errorString());
+    refusal->line = int(reader.lineNumber());
+    refusal->column = int(reader.columnNumber()) + 1;
+    return false;
 }
 
 } // namespace
@@ -141,10 +154,10 @@ bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
 {
     if (const std::optional<QString> text = decoded(xml))
         return accepts(*text, refusal);
-    return passes(xml, xml.count('&'), hasTooManyAttributes(xml), refusal);
+    return passes(xml, xml, refusal);
 }
 
 bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
 {
-    return passes(xml, xml.count(QLatin1Char('&')), hasTooManyAttributes(xml.toLatin1()), refusal);
+    return passes(xml, xml.toLatin1(), refusal);
 }

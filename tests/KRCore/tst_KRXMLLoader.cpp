@@ -24,6 +24,12 @@ QByteArray contentModel(int levels)
     return "<!DOCTYPE r [<!ELEMENT r " + QByteArray(levels, '(') + 'a' + QByteArray(levels, ')') + ">]><r/>";
 }
 
+/// So many attributes for each element.
+QByteArray declaredAttributes(int count)
+{
+    return "<!DOCTYPE r [<!ATTLIST r " + QByteArray("a CDATA #IMPLIED ").repeated(count) + ">]>";
+}
+
 QByteArray utf7(const QByteArray &xml)
 {
     return "<?xml version=\"1.0\" encoding=\"UTF-7\"?>"
@@ -63,6 +69,7 @@ void tst_KRXMLLoader::readsWhatIsWellFormed()
         {"byte order mark", "\xEF\xBB\xBF<r>\xC3\xBC</r>", umlaut},
         {"declared Latin-1", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xFC</r>", umlaut},
         {"entity of its own", "<!DOCTYPE r [<!ENTITY e \"abc\">]><r>&e;</r>", QStringLiteral("abc")},
+        {"declared attributes", declaredAttributes(KRInputLimits::declarations) + "<r>abc</r>", QStringLiteral("abc")},
         {"references beyond U+FFFF", "<r>&#x1F600;&#128512;&#xE4;</r>", smile + smile + QStringLiteral("ä")},
         {"no references in CDATA", "<r><![CDATA[&#x1F600;]]]>]&#x1F600;</r>", QStringLiteral("&#x1F600;]]") + smile},
         {"as deep as allowed", nested(KRInputLimits::depth), {}},
@@ -102,6 +109,11 @@ void tst_KRXMLLoader::refusesWithReason()
         {"references in UTF-7",
          utf7("<!DOCTYPE r [<!ENTITY e \"" + QByteArray(4000, 'x') + "\">]><r>" + QByteArray("&e;").repeated(5000)),
          QStringLiteral("Entitäten")},
+        {"declared attributes", declaredAttributes(KRInputLimits::declarations + 1) + "<r/>",
+         QStringLiteral("Vereinbarungen")},
+        {"declared attributes for many elements",
+         declaredAttributes(KRInputLimits::declarations) + "<r>" + QByteArray("<a/>").repeated(3000),
+         QStringLiteral("zu viele Attribute")},
         {"content model", contentModel(KRInputLimits::depth + 1), QStringLiteral("geschachtelt")},
         {"content model in UTF-7", utf7(contentModel(KRInputLimits::depth + 1)), QStringLiteral("geschachtelt")},
         {"content model in UTF-16", utf16(contentModel(KRInputLimits::depth + 1)), QStringLiteral("geschachtelt")},
