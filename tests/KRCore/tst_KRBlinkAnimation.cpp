@@ -2,7 +2,6 @@
 
 #include "KRTestRegistry.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 class tst_KRBlinkAnimation : public QObject

@@ -2,7 +2,6 @@
 #include <KRCore/KRDistanceUnit.h>
 
 #include "KRTestRegistry.h"
-#include "KRTestTable.h"
 
 #include <QtTest>
 
@@ -17,15 +16,10 @@ private slots:
 
 void tst_KRDistance::describe()
 {
-    const KRTestTable<double, int, bool, QString> table{
-        {"whole", 10.0, 0, true, QStringLiteral("10 px")},
-        {"decimals are kept", 10.0, 2, true, QStringLiteral("10.00 px")},
-        {"rounded", 7.77, 1, false, QStringLiteral("7.8")},
-        {"no exponent", 2500000.0, 0, false, QStringLiteral("2500000")},
-    };
-    table.forEach([](double value, int precision, bool withUnit, const QString &expected) {
-        QCOMPARE(KRDistance(value).describe(KRDistanceUnit::pixel(), precision, withUnit), expected);
-    });
+    QCOMPARE(KRDistance(10.0).describe(KRDistanceUnit::pixel(), 0, true), QStringLiteral("10 px"));
+    QCOMPARE(KRDistance(10.0).describe(KRDistanceUnit::pixel(), 2, true), QStringLiteral("10.00 px"));
+    QCOMPARE(KRDistance(7.77).describe(KRDistanceUnit::pixel(), 1, false), QStringLiteral("7.8"));
+    QCOMPARE(KRDistance(2500000.0).describe(KRDistanceUnit::pixel(), 0, false), QStringLiteral("2500000"));
 }
 
 void tst_KRDistance::nullIsExact()

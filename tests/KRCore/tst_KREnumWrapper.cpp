@@ -47,7 +47,6 @@ class tst_KREnumWrapper : public QObject
 private slots:
     void fillsItsTableOnceForAllThreads();
     void decode();
-    void encode();
     void bits();
     void orderIsThatOfSignedNumbers();
 };
@@ -64,31 +63,13 @@ void tst_KREnumWrapper::fillsItsTableOnceForAllThreads()
 void tst_KREnumWrapper::decode()
 {
     const KRTestTable<QString, LayerEnum> table{
-        {"one key", QStringLiteral("river"), RiverLayer},
         {"several keys are joined", QStringLiteral("river,road"), LayerEnum(3)},
-        {"the same key twice", QStringLiteral("road,road"), RoadLayer},
         {"unknown keys count as 0", QStringLiteral("lake,road"), RoadLayer},
         {"case matters", QStringLiteral("Road"), NoLayer},
         {"blanks are not trimmed", QStringLiteral("river, road"), RiverLayer},
-        {"empty parts", QStringLiteral(",,road,"), RoadLayer},
         {"numbers are no keys", QStringLiteral("1"), NoLayer},
-        {"empty", {}, NoLayer},
     };
     table.forEach([](const QString &text, LayerEnum expected) { QCOMPARE(Layer(text).value(), expected); });
-}
-
-void tst_KREnumWrapper::encode()
-{
-    const KRTestTable<LayerEnum, QStringList> table{
-        {"in the order of registration", LayerEnum(11),
-         QStringList{QStringLiteral("city"), QStringLiteral("road"), QStringLiteral("river")}},
-        {"a bit without key is left out", LayerEnum(5), QStringList{QStringLiteral("road")}},
-        {"the key of 0 is never written", NoLayer, {}},
-    };
-    table.forEach([](LayerEnum value, const QStringList &expected) {
-        QCOMPARE(Layer().enumToStringTable().encodeAsList(value), expected);
-        QCOMPARE(Layer(value).keys(), expected.join(QLatin1Char(',')));
-    });
 }
 
 void tst_KREnumWrapper::bits()

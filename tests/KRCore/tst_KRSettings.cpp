@@ -4,8 +4,6 @@
 #include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
 
-#include <QDir>
-#include <QRegularExpression>
 #include <QtTest>
 
 namespace {
@@ -36,7 +34,6 @@ class tst_KRSettings : public QObject
 
 private slots:
     void keepsValues();
-    void reportsWhatItCannotSave();
     void fullDiskKeepsTheOldSettings();
 };
 
@@ -61,19 +58,6 @@ void tst_KRSettings::keepsValues()
     read.loadAll();
     QCOMPARE(read.isVisible.value(), true);
     QCOMPARE(read.name.value(), QStringLiteral("Ort"));
-}
-
-void tst_KRSettings::reportsWhatItCannotSave()
-{
-    const KRTemporarySettings file;
-    const QString directory = file.dir().filePath(QStringLiteral("directory.ini"));
-    QVERIFY(QDir().mkdir(directory));
-    KRSettings::setFileName(directory);
-    const QRegularExpression report(QStringLiteral("directory\\.ini: Die Einstellungen konnten nicht"));
-    QTest::ignoreMessage(QtWarningMsg, report);
-    QTest::ignoreMessage(QtWarningMsg, report);
-    PlaceSettings().saveAll();
-    QVERIFY(QFileInfo(directory).isDir());
 }
 
 void tst_KRSettings::fullDiskKeepsTheOldSettings()

@@ -2,8 +2,6 @@
 
 #include "KRTestRegistry.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
 
 class tst_KRUniqueFilenameMaker : public QObject

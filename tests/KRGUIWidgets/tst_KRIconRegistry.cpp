@@ -73,7 +73,6 @@ void tst_KRIconRegistry::isSharpAtEverySize()
     const KRTestTable<QSize, double> table{
         {"list row", QSize(16, 16), 1.0},
         {"tool bar, twice the pixels", QSize(24, 24), 2.0},
-        {"large, one and a half", QSize(64, 64), 1.5},
         {"wide: stays in the middle", QSize(90, 30), 1.0},
     };
     table.forEach([](const QSize &size, double ratio) {

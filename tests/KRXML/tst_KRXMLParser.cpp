@@ -6,7 +6,6 @@
 
 #include <QtTest>
 
-#include <cmath>
 
 using KRTestXml::element;
 
@@ -25,13 +24,11 @@ private slots:
 void tst_KRXMLParser::numbers()
 {
     const KRTestTable<QByteArray, double, int> table{
-        {"plain", "12", 12.0, 12},
         {"blanks around", " 7 ", 7.0, 7},
         {"a fraction is no int", "1.5", 1.5, -1},
         {"decimal comma is no number", "1,5", -1.0, -1},
         {"leading zero is not octal", "010", 10.0, 10},
         {"too large for a double", "1e400", -1.0, -1},
-        {"empty", {}, -1.0, -1},
     };
     table.forEach([](const QByteArray &text, double asDouble, int asInt) {
         const QDomElement node = element("<e n=\"" + text + "\"><c>" + text + "</c></e>");
@@ -58,9 +55,7 @@ void tst_KRXMLParser::dateTimeText()
 {
     const QDateTime noon(QDate(2024, 5, 1), QTime(12, 0), Qt::UTC);
     const KRTestTable<QByteArray, QDateTime> table{
-        {"UTC", "2024-05-01T12:00:00Z", noon},
         {"line break behind UTC", "2024-05-01T12:00:00Z\n", noon},
-        {"blank in front", "  2024-05-01T12:00:00Z", noon},
         {"offset is kept", "2024-05-01T14:00:00+02:00", noon},
         {"no time at all", "yesterday", QDateTime()},
     };
@@ -75,7 +70,6 @@ void tst_KRXMLParser::readColor()
 {
     const KRTestTable<QString, QRgb> table{
         {"alpha first", QStringLiteral("#50fca404"), qRgba(0xfc, 0xa4, 0x04, 0x50)},
-        {"opaque", QStringLiteral("#FF9100"), qRgba(0xff, 0x91, 0x00, 0xff)},
         {"name", QStringLiteral("red"), qRgba(255, 0, 0, 255)},
         {"blanks around", QStringLiteral(" #ff9100\n"), qRgba(0xff, 0x91, 0x00, 0xff)},
         {"empty", {}, qRgba(0, 0, 0, 0)},
