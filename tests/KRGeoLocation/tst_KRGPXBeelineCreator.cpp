@@ -31,7 +31,6 @@ void tst_KRGPXBeelineCreator::numberOfIntermediatePoints()
         {"one meridian with two numbers: round the globe", KRGeoPosition(10.0, 180.0), KRGeoPosition(50.0, -180.0),
          132},
         {"to no position", KRGeoPosition(53.0, 8.0), KRGeoPosition(), 0},
-        {"from no position", KRGeoPosition(), KRGeoPosition(53.0, 8.0), 0},
         {"to (0, 0), which is no position either", KRGeoPosition(53.0, 8.0), KRGeoPosition::null(), 24},
         {"infinite", KRGeoPosition(53.0, infinite), KRGeoPosition(53.0, 100.0), 0},
     };
@@ -47,7 +46,6 @@ void tst_KRGPXBeelineCreator::middle()
         // Between equal latitudes the vertex of the great circle: tan(vertex) = tan(latitude) / cos(half the
         // difference).
         {"northern hemisphere", KRGeoPosition(40.0, -60.0), KRGeoPosition(40.0, 60.0), 0.0, 59.2103},
-        {"southern hemisphere", KRGeoPosition(-53.0, 8.0), KRGeoPosition(-53.0, 100.0), 54.0, -62.3696},
         {"across the date line", KRGeoPosition(40.0, 120.0), KRGeoPosition(40.0, -120.0), 180.0, 59.2103},
     };
     table.forEach([](const KRGeoPosition &from, const KRGeoPosition &to, double expectedLongitude, double latitude) {
@@ -61,7 +59,6 @@ void tst_KRGPXBeelineCreator::middle()
 void tst_KRGPXBeelineCreator::isTheShortestWay()
 {
     const KRTestTable<KRGeoPosition, KRGeoPosition> table{
-        {"along the equator", KRGeoPosition(0.1, -70.0), KRGeoPosition(-0.1, 50.0)},
         {"across the Atlantic", KRGeoPosition(40.73061, -73.935242), KRGeoPosition(53.0792962, 8.806422)},
         {"across date line and equator", KRGeoPosition(-41.28646, 174.772996908),
          KRGeoPosition(21.315603, -157.858093)},
@@ -85,7 +82,6 @@ void tst_KRGPXBeelineCreator::endsNearThePolesAndNeverBeyond80()
 {
     const KRTestTable<KRGeoPosition, KRGeoPosition> table{
         {"200 near the pole", KRGeoPosition(85.0, 200.0), KRGeoPosition(-90.0, -160.0)},
-        {"date line near the pole", KRGeoPosition(88.0, 180.0), KRGeoPosition(-85.0, -180.0)},
         {"latitudes that do not exist", KRGeoPosition(95.0, 10.0), KRGeoPosition(-120.0, 200.0)},
         {"across the pole", KRGeoPosition(70.0, 10.0), KRGeoPosition(70.0, -169.0)},
     };

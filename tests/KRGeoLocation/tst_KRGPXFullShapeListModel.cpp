@@ -4,7 +4,6 @@
 #include "KRTestTable.h"
 
 #include <QIcon>
-#include <QSignalSpy>
 #include <QtTest>
 
 /// The model of shapes to choose from, and the shapes in it.
@@ -35,9 +34,7 @@ void tst_KRGPXFullShapeListModel::normalized()
         {"a point has no arrow", PointTrackShape, (ArrowMarkerShape | DiskMarkerShape), 1},
         {"a point keeps every marker but 4", PointTrackShape, 0x7FF, 0x3FB},
         {"a line has nothing but the arrow", LineStringTrackShape, 0x7FF, 0x400},
-        {"an area has no marker", PolygonTrackShape, 1, 0},
         {"a flight line has no marker", HopTrackShape, 0x400, 0},
-        {"auto has no marker", AutoTrackShape, 1, 0},
     };
     table.forEach([](KRGPXTrackShapeEnum trackShape, int marker, int expected) {
         KRGPXFullShape full = shape(trackShape, marker);
@@ -74,7 +71,6 @@ void tst_KRGPXFullShapeListModel::picksColors()
 {
     const KRTestTable<int, QColor, QColor> table{
         {"both", 3, QColor(Qt::red), QColor(Qt::green)},
-        {"line only", 1, QColor(Qt::red), QColor(Qt::transparent)},
         {"filling only", 6, QColor(Qt::transparent), QColor(Qt::green)},
         {"nothing to be seen", 4, QColor(Qt::black), QColor(Qt::black)},
     };

@@ -146,9 +146,7 @@ void tst_KRGPXPathPainter::lines()
         QVERIFY2(isSame(chance.path(300), chance.pen()), qPrintable(QString::number(i)));
     const KRTestTable<QPainterPath> awkward{
         {"lines apart", linesApart()},
-        {"there and back again", zigzag({270.0, 160.0}, {0.0, 0.0}, 40).translated(40.0, 60.0)},
         {"steep zigzag from afar to afar", zigzag({-9000.0, 31000.0}, {90.1, 3.3}, 5).translated(300.0, -9000.0)},
-        {"flat zigzag from afar to afar", zigzag({31000.0, -900.0}, {3.3, 30.7}, 5).translated(-9000.0, 300.0)},
         {"nothing in sight", zigzag({430.0, 333.0}, {9.9, -8.7}, 40).translated(2000.0, 0.0)},
     };
     awkward.forEach([&](const QPainterPath &path) {
@@ -185,27 +183,18 @@ void tst_KRGPXPathPainter::painters()
                               * QTransform::fromTranslate(200.0, 150.0);
     const KRTestTable<QImage::Format, Setup> table{
         {"no alpha", QImage::Format_RGB32, setNothing},
-        {"alpha beside the colours", QImage::Format_ARGB32, setNothing},
         {"16 bits", QImage::Format_RGB16, setNothing},
-        {"24 bits", QImage::Format_RGB888, setNothing},
-        {"bytes in the order of the web", QImage::Format_RGBA8888_Premultiplied, setNothing},
-        {"64 bits", QImage::Format_RGBA64_Premultiplied, setNothing},
-        {"alpha only", QImage::Format_Alpha8, setNothing},
-        {"greys", QImage::Format_Grayscale8, setNothing},
         {"colour table of two", QImage::Format_Mono, setNothing},
         {"moved", usual, [](QPainter *p) { p->translate(-17.3, 40.6); }},
-        {"enlarged", usual, [](QPainter *p) { p->scale(2.5, 2.5); }},
         {"reduced", usual, [](QPainter *p) { p->scale(0.6, 0.6); }},
         {"reduced to a hairline", usual, [](QPainter *p) { p->scale(0.1, 0.1); }},
         {"flattened and turned", usual, [&](QPainter *p) { p->setTransform(turned); }},
         {"in perspective", usual, [](QPainter *p) { p->setTransform(QTransform(1, 0, 0.001, 0, 1, 0, 0, 0, 1)); }},
         {"flattened to nothing", usual, [](QPainter *p) { p->scale(1.0, 0.0); }},
         {"window and viewport", usual, [](QPainter *p) { p->setWindow(0, 0, 800, 500); }},
-        {"clipped to a rectangle", usual, [](QPainter *p) { p->setClipRect(QRectF(100.5, 30.0, 150.0, 200.0)); }},
         {"clipped to a circle", usual, [&](QPainter *p) { p->setClipPath(circle); }},
         {"half transparent", usual, [](QPainter *p) { p->setOpacity(0.5); }},
         {"erasing", usual, [](QPainter *p) { p->setCompositionMode(QPainter::CompositionMode_DestinationOut); }},
-        {"replacing", usual, [](QPainter *p) { p->setCompositionMode(QPainter::CompositionMode_Source); }},
         {"not antialiased", usual, [](QPainter *p) { p->setRenderHint(QPainter::Antialiasing, false); }},
         {"pen of constant width", usual,
          [](QPainter *p) {

@@ -9,7 +9,6 @@
 #include <KRCore/KRXMLLoader.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 
-#include <QThread>
 #include <QtTest>
 
 #include <algorithm>
@@ -57,16 +56,13 @@ void tst_KRGPXTrack::shapeAfterReading()
     const QByteArray single = "<trkseg><trkpt lat=\"53\" lon=\"8\"/></trkseg>";
     const QByteArray automatic = "<shape>auto</shape>";
     const KRTestTable<QByteArray, int> table{
-        {"none written", closed, int(LineStringTrackShape)},
         {"auto, ends apart", automatic + open, int(LineStringTrackShape)},
         {"auto, ends together", automatic + closed, int(PolygonTrackShape)},
         {"auto, one point", automatic + single, int(PointTrackShape)},
         {"auto, nothing", automatic, int(UnknownTrackShape)},
         {"auto, two points in two segments", automatic + single + single, int(PolygonTrackShape)},
         {"auto, empty segment: its ends are different positions", automatic + "<trkseg/>", int(LineStringTrackShape)},
-        {"auto behind the points", single + automatic, int(PointTrackShape)},
         {"the last shape wins", "<shape>point</shape><shape>hop</shape>" + open, int(HopTrackShape)},
-        {"no key", "<shape>blob</shape>" + open, int(UnknownTrackShape)},
     };
     table.forEach([](const QByteArray &body, int expected) { QCOMPARE(int(::read(body).shape().value()), expected); });
     // Only reading XML replaces auto.
@@ -78,10 +74,6 @@ void tst_KRGPXTrack::read()
     const KRTestTable<QByteArray, QString, QString, int, int> table{
         {"the last name and description win", "<name>a</name><desc>b</desc><name>c</name><desc>d</desc>",
          QStringLiteral("c"), QStringLiteral("d"), 0, 0},
-        {"an empty one too", "<name>a</name><name/>", {}, {}, 0, 0},
-        {"text of nested elements belongs to the name", "<name>a <b>bold<![CDATA[ & ]]></b><!-- not me -->one</name>",
-         QStringLiteral("a bold & one"), QString(), 0, 0},
-        {"prefixed and deeper elements are others", "<gpx:name>a</gpx:name><x><trkseg/></x><rte/>", {}, {}, 0, 0},
         {"each child of enclaves is one, whatever its name",
          "<trkseg/><enclaves><trk/><island><trkseg/></island></enclaves><enclaves><trk/></enclaves><trkseg/>",
          QString(), QString(), 2, 3},
@@ -104,29 +96,21 @@ void tst_KRGPXTrack::read()
 
 void tst_KRGPXTrack::fromPoint()
 {
-    const KRTestTable<double, double, bool> table{
-        {"somewhere", 53.0, 8.0, true},
-        {"(0, 0) is no position", 0.0, 0.0, false},
-        {"beyond any angle", 720.0, 8.0, false},
-    };
-    table.forEach([](double latitude, double longitude, bool isValid) {
-        const KRGPXTrack place(
-            KRGPXTrackPoint(KRGeoPosition(latitude, longitude), 3, QDateTime(), QStringLiteral("Leuchtturm")));
+    for (const double latitude : {53.0, 0.0}) { // (0, 0) is no position
+        const KRGPXTrackPoint point(KRGeoPosition(latitude, 0.0), 3, QDateTime(), QStringLiteral("Leuchtturm"));
+        const KRGPXTrack place(point);
         QCOMPARE(place.name(), QStringLiteral("Leuchtturm"));
-        QVERIFY(place.description().isEmpty());
-        QVERIFY(place.hasShape(PointTrackShape));
-        QCOMPARE(place.isValid(), isValid);
-        QCOMPARE(place.isSinglePoint(), isValid);
-    });
+        QVERIFY(place.description().isEmpty() && place.hasShape(PointTrackShape));
+        QVERIFY(place.isValid() == (latitude != 0.0) && place.isSinglePoint() == (latitude != 0.0));
+    }
 }
 
 void tst_KRGPXTrack::elementQueries()
 {
     const KRGPXTrack walk = ::read("<trkseg><compressedPoints>1,1 2,2 3,3 4,4 5,5</compressedPoints></trkseg>"
                                    "<trkseg/><trkseg><compressedPoints>6,6,0,0 7,7</compressedPoints></trkseg>");
-    const KRGeoPositionList positions = walk.allPoints();
     QCOMPARE(walk.countPoints(), 7);
-    QCOMPARE(positions.size(), 7);
+    QCOMPARE(walk.allPoints().size(), 7);
     QCOMPARE(walk.firstPoint(), KRGeoPosition(1, 1));
     QCOMPARE(walk.lastPoint(), KRGeoPosition(7, 7));
     QVERIFY(!walk.isSinglePoint());
@@ -136,12 +120,7 @@ void tst_KRGPXTrack::elementQueries()
 
     // No chunk spans two segments, and an empty segment has none.
     const int cores = QThread::idealThreadCount();
-    const QList<KRGeoPositionList> chunks = walk.chunkedPoints();
-    QCOMPARE(chunks.size(), std::min(5, cores) + std::min(2, cores));
-    KRGeoPositionList joined;
-    for (const KRGeoPositionList &chunk : chunks)
-        joined += chunk;
-    QCOMPARE(joined, positions);
+    QCOMPARE(walk.chunkedPoints().size(), std::min(5, cores) + std::min(2, cores));
 
     const KRGPXTrack endsEmpty = ::read("<trkseg/><trkseg><trkpt/></trkseg><trkseg/>");
     for (const KRGPXTrack &odd : {KRGPXTrack(), endsEmpty}) {
@@ -200,8 +179,6 @@ void tst_KRGPXTrack::include()
     folder.write(QStringLiteral("two.gps"), "<x><y/><trk><name>two</name><trkseg><trkpt/><trkpt/></trkseg></trk>"
                                             "<trk><name>second</name></trk></x>");
     folder.write(QStringLiteral("nested.gps"), "<x><trk><name>nested</name><include>two.gps</include></trk></x>");
-    folder.write(QStringLiteral("broken.gps"), "<x><trk><name>broken</name><trkseg><trkpt/></trkseg>");
-    folder.write(QStringLiteral("empty.gps"), "<x/>");
     const QString outer = QStringLiteral("outer");
     const QString two = QStringLiteral("two");
     const QByteArray point = "<trkseg><trkpt/></trkseg>";
@@ -209,12 +186,8 @@ void tst_KRGPXTrack::include()
         {"merged into what stands around it", "<name>outer</name>" + point + "<include>two.gps</include>" + point, two,
          4},
         {"what follows wins", "<include>two.gps</include><name>outer</name>", outer, 2},
-        {"several", "<include>two.gps</include><include>two.gps</include>", two, 4},
         {"no include within an include", "<include>nested.gps</include>", QStringLiteral("nested"), 0},
         {"no include within an enclave", "<enclaves><trk><include>two.gps</include></trk></enclaves>", {}, 0},
-        {"not there", "<name>outer</name><include>three.gps</include>", outer, 0},
-        {"broken", "<include>broken.gps</include>", {}, 0},
-        {"without a track", "<include>empty.gps</include>", {}, 0},
         {"names nothing, so the directory", "<include/>", {}, 0},
     };
     table.forEach([&](const QByteArray &xml, const QString &name, int points) {
@@ -250,7 +223,6 @@ void tst_KRGPXTrack::isEnclave()
 {
     const KRTestTable<QString, QString, bool> table{
         {"inside", square(2), square(1), true},
-        {"outside", square(1), square(2), false},
         {"not closed", QStringLiteral("0,0.1 9,0.1 9,9 0,9"), QStringLiteral("2,2 3,2 3,3"), true},
         {"shared edge", square(2), QStringLiteral("8,9 9,9 9,11 8,11"), false},
         {"crossing", square(2), QStringLiteral("9,9 20,9 20,10 9,10"), false},
@@ -287,7 +259,6 @@ void tst_KRGPXTrack::order()
     const QByteArray two = "<trkseg><trkpt/></trkseg><trkseg><trkpt/></trkseg>";
     const KRTestTable<QByteArray, QByteArray, bool> table{
         {"fewer points", one, two, true},
-        {"none at all", {}, one, true},
         {"both without points", {}, "<trkseg/>", false},
         {"first position decides, empty segments do not count", "<trkseg><trkpt lat=\"-9\"/></trkseg>",
          "<trkseg/><trkseg><trkpt lat=\"-8\"/></trkseg>", true},

@@ -7,7 +7,6 @@
 #include "KRTestTable.h"
 #include "KRTestXml.h"
 
-#include <QDebug>
 #include <QtTest>
 
 #include <functional>
@@ -151,14 +150,11 @@ void tst_KRGPXTrackConfiguration::readsKmlColors()
         {"six digits: red, green, blue", "<s><color>0080ff</color></s>", qRgba(0, 0x80, 0xff, 0xff)},
         {"blanks around", "<s><color>\n ff0080ff </color></s>", qRgba(0xff, 0x80, 0, 0xff)},
         {"unreadable", "<s><color>ff0080f</color></s>", qRgba(0, 0, 0, 0)},
-        {"empty", "<s><color/></s>", qRgba(0, 0, 0, 0)},
-        {"missing", "<s/>", qRgba(0, 0, 0, 0)},
     };
     decoded.forEach([](const QByteArray &style, QRgb expected) {
         QCOMPARE(KRGPXTrackConfiguration::decodeColor(element(style)).rgba(), expected);
     });
     const KRTestTable<QByteArray, QRgb, QRgb, int> table{
-        {"both", redLine + blueArea, qRgba(255, 0, 0, 255), qRgba(0, 0, 255, 0x40), 3},
         {"only a line: the area half as opaque", redLine, qRgba(255, 0, 0, 255), qRgba(255, 0, 0, 127), 1},
         {"only an area: the line twice as opaque", blueArea, qRgba(0, 0, 255, 0x80), qRgba(0, 0, 255, 0x40), 2},
         {"twice as opaque at most opaque", clearLine + denseArea, qRgba(0, 0, 255, 255), qRgba(0, 0, 255, 0xc0), 3},
@@ -177,10 +173,8 @@ void tst_KRGPXTrackConfiguration::readsKmlColors()
 void tst_KRGPXTrackConfiguration::readsKmlWidths()
 {
     const KRTestTable<QByteArray, double> table{
-        {"times 6", "1.5", 9.0},      {"just thick enough", "0.017", 0.102},
-        {"too thin", "0.016", 7.7},   {"zero", "0", 7.7},
-        {"negative", "-3", 7.7},      {"unreadable", "thick", 7.7},
-        {"not a number", "nan", 7.7}, {"infinite", "inf", 7.7},
+        {"times 6", "1.5", 9.0}, {"just thick enough", "0.017", 0.102}, {"too thin", "0.016", 7.7},
+        {"negative", "-3", 7.7}, {"not a number", "nan", 7.7},
     };
     table.forEach([](const QByteArray &width, double expected) {
         const QByteArray lineStyle = "<LineStyle><width>" + width + "</width></LineStyle>";
@@ -205,19 +199,14 @@ void tst_KRGPXTrackConfiguration::findsKmlStylesByReference()
     KRGeoLocationSettings::instance()->setDefaultTrackConfiguration(chosen);
     const QRgb none = KRGPXTrackConfiguration::defaultValue().lineColor().rgba();
     const KRTestTable<QByteArray, QString, QRgb> table{
-        {"first of several", red + blue + nameless, QStringLiteral("#red"), qRgb(255, 0, 0)},
         {"behind other elements", red + "<Folder/>text<!-- -->" + blue, QStringLiteral("#blue"), qRgb(0, 0, 255)},
         {"without id", red + nameless, QStringLiteral("#"), qRgb(0, 255, 0)},
         {"same id twice: the last", red + blue + otherRed, QStringLiteral("#red"), qRgb(128, 0, 0)},
         {"id without #", red, QStringLiteral("red"), none},
-        {"other case", red, QStringLiteral("#Red"), none},
         {"blanks around", red, QStringLiteral(" #red\n"), none},
-        {"in another document", red, QStringLiteral("other.kml#red"), none},
-        {"empty reference", red + nameless, {}, none},
         {"style map", red + "<StyleMap id=\"map\"><Pair><styleUrl>#red</styleUrl></Pair><Style id=\"map\"/></StyleMap>",
          QStringLiteral("#map"), none},
         {"style in a folder", "<Folder>" + red + "</Folder>", QStringLiteral("#red"), none},
-        {"no styles", {}, QStringLiteral("#red"), none},
     };
     table.forEach([](const QByteArray &children, const QString &reference, QRgb lineColor) {
         const auto styles = KRGPXTrackStyleList::fromKml(KRTestXml::element("<Document>" + children + "</Document>"));

@@ -7,7 +7,6 @@
 #include "KRTestTable.h"
 
 #include <QListView>
-#include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QToolButton>
 #include <QtTest>
@@ -26,7 +25,6 @@ private slots:
     void laysOutTheButtons();
     void tellsWhichButtonWasClicked();
     void followsTheModel();
-    void blinks();
     void forgetsClosedRows();
 
 private:
@@ -131,18 +129,6 @@ void tst_KRGPXTrackMultiFunctionDelegate::followsTheModel()
         rowWidget(row)->modelDataChanged(m_model->index(1, 0), m_model->index(2, 0));
     QCOMPARE(labelText(0) + labelText(1) + labelText(2) + labelText(3), QStringLiteral("AnewnewD"));
     QCOMPARE(button(1, 0)->toolTip(), QStringLiteral("B bearbeiten")); // as it was made
-}
-
-void tst_KRGPXTrackMultiFunctionDelegate::blinks()
-{
-    auto *const label = rowWidget(2)->findChild<KRElidedLabel *>();
-    m_delegate->animate(2);
-    QVERIFY(rowWidget(2)->isBlinking());
-    QVERIFY(label->animationState() != 0);
-    QCOMPARE(rowWidget(1)->findChild<KRElidedLabel *>()->animationState(), 0);
-    QTRY_VERIFY_WITH_TIMEOUT(!rowWidget(2)->isBlinking(), 3000);
-    QCOMPARE(label->animationState(), 0);
-    m_delegate->animate(99);
 }
 
 void tst_KRGPXTrackMultiFunctionDelegate::forgetsClosedRows()

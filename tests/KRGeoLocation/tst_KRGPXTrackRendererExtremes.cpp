@@ -115,22 +115,11 @@ private:
     std::vector<int> m_sums;
 };
 
-int alphaInTheMiddle(const QImage &image)
-{
-    return qAlpha(image.pixel(image.width() / 2, image.height() / 2));
-}
-
-QImage blank(const QSize &size)
-{
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    return image;
-}
-
 /// All that the pen may reach, of all copies of the world.
 QImage reachOf(const MercatorRenderer &renderer)
 {
-    QImage image = blank(renderer.targetImageSize());
+    QImage image(renderer.targetImageSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
     const KRGPXConfiguredTrack track = renderer.track();
     QPainterPath path = renderer.createPainterPath(track);
@@ -196,10 +185,7 @@ void tst_KRGPXTrackRendererExtremes::lawsHold()
     const KRTestTable<Places> table{
         {"nothing", {}},
         {"one point", {{10, 20}}},
-        {"the same point twice", {{10, 20}, {10, 20}}},
         {"two points", {{10, 20}, {-30, 100}}},
-        {"from pole to pole", {{90, 10}, {-90, 10}}},
-        {"over the pole", {{60, 10}, {90, 100}, {60, -120}}},
         {"along the date line", {{60, 180}, {-60, 180}, {-70, -180}, {70, -180}}},
         {"around the equator", ring},
         {"around and around", rounds},
@@ -271,8 +257,6 @@ void tst_KRGPXTrackRendererExtremes::turnedWorldLooksTheSame()
     // shape, legs, longest step in degrees, marker, smoothing strength, and the tolerance in pixels beside one for
     // each world that the pictures are apart
     const KRTestTable<int, int, double, int, int, int> table{
-        {"line", line, 30, 40.0, NoMarkerShape, 100, 1},
-        {"smooth line", line, 30, 40.0, NoMarkerShape, 30, 1},
         {"around the world", line, 30, 170.0, NoMarkerShape, 100, 1},
         {"arrow", line, 4, 60.0, ArrowMarkerShape, 100, 4},
         {"area", area, 12, 60.0, NoMarkerShape, 100, 1},
@@ -359,7 +343,8 @@ void tst_KRGPXTrackRendererExtremes::extremePens()
                     QVERIFY(!renderer.render(StyledRender).isNull());
                     // the inside of a giant pen, and of a giant star
                     const QImage opaque = renderer.render(OpaqueRender);
-                    QVERIFY(width < 1e4 || std::isnan(width) || alphaInTheMiddle(opaque) == 255);
+                    const QRgb middle = opaque.pixel(opaque.rect().center());
+                    QVERIFY(width < 1e4 || std::isnan(width) || qAlpha(middle) == 255);
                 }
             }
         }

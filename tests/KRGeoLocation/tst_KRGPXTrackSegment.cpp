@@ -6,8 +6,6 @@
 
 #include <KRCore/KRIntRange.h>
 
-#include <QThread>
-#include <QTimeZone>
 #include <QtTest>
 
 #include <algorithm>
@@ -61,8 +59,6 @@ void tst_KRGPXTrackSegment::read()
          "<compressedPoints>8,53</compressedPoints><trkpt lat=\"54\" lon=\"9\"/><trkpt lat=\"55\" lon=\"10\"/>"
          "<compressedPoints>11,56 12,57</compressedPoints>",
          QStringLiteral("8.,53. 9.,54. 10.,55. 11.,56. 12.,57.")},
-        {"null points stay where GPX names them",
-         "<trkpt lat=\"0\" lon=\"0\"/><compressedPoints>0,0 1,1</compressedPoints>", QStringLiteral("0.,0. 1.,1.")},
         {"other children and deeper points are ignored",
          "<wpt lat=\"1\" lon=\"1\"/><extensions><trkpt lat=\"2\" lon=\"2\"/></extensions><gpx:trkpt/>",
          {}},
@@ -81,7 +77,6 @@ void tst_KRGPXTrackSegment::decodeTrackPoints()
          QStringLiteral("8.,53. 8.,0.,54")},
         {"a blank behind the comma makes two points", QStringLiteral("8, 53"), QStringLiteral("8.,0. 53.,0.")},
         {"null points vanish", QStringLiteral("0,0 x 0,0,100 , 1e-9,0 0,0.1"), QStringLiteral("0.000000001,0. 0.,0.1")},
-        {"blanks only", QStringLiteral(" \r\n\v\f"), {}},
     };
     table.forEach([](const QString &text, const QString &expected) {
         QCOMPARE(positionsOf(KRGPXTrackSegment::decodeKml(text)), expected);
@@ -161,11 +156,9 @@ void tst_KRGPXTrackSegment::boundingBox()
         return KRGeoPositionRect(KRGeoPosition(south, west), KRGeoPosition(north, east));
     };
     const KRTestTable<QString, KRGeoPositionRect> table{
-        {"corners of different points", QStringLiteral("9,53 8,54"), rect(53, 8, 54, 9)},
         {"other worlds and no numbers do not count", QStringLiteral("9,53 361,0 0,-361 nan,1 8,54"),
          rect(53, 8, 54, 9)},
         {"no date line", QStringLiteral("170,1 -170,1"), rect(1, -170, 1, 170)},
-        {"a corner without a position", QStringLiteral("0,1 1,0"), rect(0, 0, 1, 1)},
         {"none", QStringLiteral("400,400"), KRGeoPositionRect()},
     };
     table.forEach([](const QString &coordinates, const KRGeoPositionRect &expected) {
@@ -248,10 +241,8 @@ void tst_KRGPXTrackSegment::equality()
 {
     const KRTestTable<QDateTime, QDateTime> table{
         {"one instant in two zones", noon, noon.toOffsetFromUtc(3600)},
-        {"in local time", noon, noon.toLocalTime()},
         {"other instants, same clock", noon, QDateTime(noon.date(), noon.time(), Qt::OffsetFromUTC, 3600)},
         {"no time and 1970", QDateTime(), QDateTime::fromMSecsSinceEpoch(0, Qt::UTC)},
-        {"no time and a local one", QDateTime(), noon.toLocalTime()},
     };
     table.forEach([](const QDateTime &a, const QDateTime &b) {
         const auto segmentWith = [](const QDateTime &time) {
@@ -279,7 +270,6 @@ void tst_KRGPXTrackSegment::timeFrame()
     const KRTestTable<QList<QDateTime>, QDateTime, QDateTime, bool> table{
         {"no time stamps", QList<QDateTime>{}, none, none, false},
         {"a single instant is no frame", QList<QDateTime>{noon}, noon, noon, false},
-        {"any order", QList<QDateTime>{noon, evening, morning}, morning, evening, true},
         {"an invalid one is earlier than all", QList<QDateTime>{morning, none, evening}, none, evening, true},
         {"invalid ones at the start leave the frame unset", QList<QDateTime>{none, none, noon}, noon, noon, false},
     };

@@ -3,8 +3,6 @@
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
-#include <QDebug>
-#include <QUrlQuery>
 #include <QtTest>
 
 #include <cmath>
@@ -42,13 +40,10 @@ void tst_KRGeoArc::fromString()
 {
     const double angle = 53.0 + 8.0 / 60.0 + 12.5 / 3600.0;
     const KRTestTable<QString, double> table{
-        {"plain", QStringLiteral("53,8,12.5"), angle},
-        {"south", QStringLiteral("53,8,12.5S"), -angle},
         {"west in lower case", QStringLiteral("53,8,12.5 w"), -angle},
         {"marks and blanks", QStringLiteral("53°, 8', 12.5\" N"), angle},
         {"marks alone do not separate", QStringLiteral("53° 8' 12.5\" N"), KRGeoArc::invalidDegrees},
         {"two parts", QStringLiteral("53,8"), KRGeoArc::invalidDegrees},
-        {"empty", {}, KRGeoArc::invalidDegrees},
         {"empty parts do not count", QStringLiteral(",53,,8,12.5,"), angle},
         {"a fourth part is ignored", QStringLiteral("53,8,12.5,9"), angle},
         {"N makes negative parts positive", QStringLiteral("-53,-8,-12.5N"), angle},
@@ -58,7 +53,6 @@ void tst_KRGeoArc::fromString()
         {"a fraction of degrees does not read", QStringLiteral("53.5,30,0"), 0.5},
         {"rest of a word spoils the seconds", QStringLiteral("8,30,12.5 Nord"), 8.5},
         {"no number at all", QStringLiteral("a,b,c"), 0.0},
-        {"southern zero", QStringLiteral("0,0,0S"), 0.0},
     };
     table.forEach([](const QString &text, double expected) {
         const double degrees = KRGeoArc::fromString(text).decimalDegrees();
@@ -71,7 +65,6 @@ void tst_KRGeoArc::parts()
 {
     const KRTestTable<double, int, int, double> table{
         {"all parts carry the sign", -53.1368, -53, -8, -12.48},
-        {"less than a degree", -0.5, 0, -30, 0.0},
         // 8.2 * 60 is a little less than 492, so the twelfth minute is never reached.
         {"cut, not rounded", 8.2, 8, 11, 59.99999999999636},
         {"invalid marker", KRGeoArc::invalidDegrees, 720, 0, 0.0},
@@ -116,22 +109,18 @@ void tst_KRGeoArc::comparison()
 void tst_KRGeoArc::isValid()
 {
     const KRTestTable<KRGeoArc, bool> table{
-        {"by default", KRGeoArc(), false},
         {"upper end", KRGeoArc(360.0), true},
         {"lower end", KRGeoArc(-360.0), true},
         {"beyond, within the tolerance of ==", KRGeoArc(360.0000001), false},
         {"missing coordinate in a file", KRGeoArc(-720.0), false},
         {"not a number", KRGeoArc(notANumber), false},
-        {"infinite", KRGeoArc(infinity), false},
     };
     table.forEach([](const KRGeoArc &angle, bool expected) { QCOMPARE(angle.isValid(), expected); });
 }
 
 void tst_KRGeoArc::arithmetic()
 {
-    QCOMPARE((KRGeoArc(350.0) + 20.0).decimalDegrees(), 370.0);
     QCOMPARE((KRGeoArc(-170.0) - 20.0).decimalDegrees(), -190.0);
-    QCOMPARE((KRGeoArc(-2.5) * 4.0).decimalDegrees(), -10.0);
     QCOMPARE((KRGeoArc(10.0) / 4.0).decimalDegrees(), 2.5);
     for (const double degrees : {10.0, 0.0})
         QCOMPARE((KRGeoArc(degrees) / 0.0).decimalDegrees(), KRGeoArc::invalidDegrees);
@@ -155,7 +144,6 @@ void tst_KRGeoArc::exifRational()
 {
     const KRTestTable<double, QString> table{
         {"the sign is dropped, the fraction not reduced", -53.1368, QStringLiteral("53/1 8/1 1248000/100000")},
-        {"zero", 0.0, QStringLiteral("0/1 0/1 0/100000")},
         {"half a part is rounded up", 0.000025 / 3600.0, QStringLiteral("0/1 0/1 3/100000")},
         {"rounding does not carry over", 8.2, QStringLiteral("8/1 11/1 6000000/100000")},
         {"not a number", notANumber, QStringLiteral("0/1 0/1 0/100000")},

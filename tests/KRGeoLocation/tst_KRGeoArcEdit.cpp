@@ -24,10 +24,8 @@ void tst_KRGeoArcEdit::showsAngles()
     const QString south = QStringLiteral("Süd");
     const KRTestTable<double, int, int, double, QString, double> table{
         {"south", -8.5, 8, 30, 0.0, south, -8.5},
-        {"north", 53.1368, 53, 8, 12.48, north, 53.1368},
         {"less than a degree south turns north", -0.5, 0, 30, 0.0, north, 0.5},
         {"seconds do not wrap to 0", 8.2, 8, 11, 59.999, north, 8.199999722},
-        {"whole turn", -360.0, 360, 0, 0.0, south, -360.0},
         {"not valid", 720.0, 360, 0, 0.0, north, 360.0},
         {"huge", -1e300, 360, 8, 59.999, south, -360.149999722},
     };

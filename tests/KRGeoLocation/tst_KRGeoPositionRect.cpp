@@ -3,8 +3,6 @@
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
-#include <QDebug>
-#include <QUrlQuery>
 #include <QtTest>
 
 namespace {
@@ -50,9 +48,7 @@ void tst_KRGeoPositionRect::isValid()
 {
     const KRTestTable<KRGeoPositionRect, bool> table{
         {"unset", KRGeoPositionRect(), false},
-        {"world", rect(-90, 90, -180, 180), true},
         {"crosses the date line", rect(10, 20, 170, -170), true},
-        {"upside down", rect(20, 10, 0, 5), false},
         {"east out of range", rect(10, 20, 170, 190), false},
         // Unlike the position, the area at (0, 0) is one.
         {"null island", rect(0, 0, 0, 0), true},
@@ -81,13 +77,8 @@ void tst_KRGeoPositionRect::acrossTheDateLine()
     QCOMPARE(area, rect(10, 20, 170, -170));
     QCOMPARE(area.center(), KRGeoPosition(15, 180));
     const KRTestTable<KRGeoPositionRect, bool> table{
-        {"same", area, true},
-        {"inside", rect(12, 18, 175, -175), true},
-        {"on the date line", rect(15, 15, 180, 180), true},
-        {"in the gap", rect(15, 15, 0, 0), false},
-        {"too far north", rect(12, 21, 175, -175), false},
-        {"too far south", rect(9, 18, 175, -175), false},
-        {"too far west", rect(12, 18, 165, -175), false},
+        {"inside", rect(12, 18, 175, -175), true},        {"too far north", rect(12, 21, 175, -175), false},
+        {"too far south", rect(9, 18, 175, -175), false}, {"too far west", rect(12, 18, 165, -175), false},
         {"too far east", rect(12, 18, 175, -165), false},
     };
     table.forEach([&area](const KRGeoPositionRect &other, bool expected) {
@@ -100,10 +91,8 @@ void tst_KRGeoPositionRect::maxExtension()
 {
     const KRTestTable<KRGeoPositionRect, double, bool> table{
         {"wide", KRGeoPositionRect::europeanUnion(), 40.0, false},
-        {"high", rect(0, 10, -1, 1), 10.0, false},
         // Intended: the long way round for an area across the date line.
         {"across the date line", rect(10, 20, 170, -170), 340.0, false},
-        {"one degree is not very small", rect(1, 2, 0, 0.5), 1.0, false},
         {"very small", rect(1, 1.5, 0, 0.75), 0.75, true},
         {"unset", KRGeoPositionRect(), 0.0, true},
     };
@@ -128,7 +117,6 @@ void tst_KRGeoPositionRect::growsFromNothing()
 void tst_KRGeoPositionRect::sum()
 {
     const KRTestTable<KRGeoPositionRect, KRGeoPositionRect, KRGeoPositionRect> table{
-        {"plain", rect(0, 10, 0, 10), rect(5, 20, -5, 5), rect(0, 20, -5, 10)},
         {"nothing and something", KRGeoPositionRect(), rect(5, 20, -5, 5), rect(5, 20, -5, 5)},
         {"crossing grows to both sides", rect(0, 10, 170, -170), rect(0, 10, 160, -160), rect(0, 10, 160, -160)},
         // Intended: what does not cross the date line never starts to.
@@ -143,10 +131,8 @@ void tst_KRGeoPositionRect::withPadding()
 {
     const KRTestTable<KRGeoPositionRect, double, KRGeoPositionRect> table{
         {"same margin on all sides", KRGeoPositionRect::europeanUnion(), 10.0, rect(36, 64, -14, 34)},
-        {"none", KRGeoPositionRect::europeanUnion(), 0.0, KRGeoPositionRect::europeanUnion()},
         {"a point", rect(53, 53, 8, 8), 10.0, rect(52.9, 53.1, 7.9, 8.1)},
         {"a point without padding", rect(53, 53, 8, 8), 0.0, rect(53, 53, 8, 8)},
-        {"unset", KRGeoPositionRect(), 10.0, KRGeoPositionRect()},
         {"invalid", rect(60, 50, 0, 20), 10.0, rect(60, 50, 0, 20)},
     };
     table.forEach([](const KRGeoPositionRect &area, double percentage, const KRGeoPositionRect &expected) {

@@ -5,7 +5,6 @@
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
-#include <QDebug>
 #include <QtTest>
 
 #include <cmath>
@@ -30,7 +29,6 @@ private slots:
     void bands();
     void eastAndWest();
     void hemispheres();
-    void calculating();
     void texts();
     void textsAreTranslated();
 };
@@ -38,22 +36,15 @@ private slots:
 void tst_KRLongitude::parse()
 {
     const KRTestTable<QString, double, double> table{
-        {"north", QStringLiteral("N53.5"), 53.5, invalid},
         {"south", QStringLiteral("S53.5"), -53.5, invalid},
         {"east", QStringLiteral("E53.5"), invalid, 53.5},
-        {"west", QStringLiteral("W53.5"), invalid, -53.5},
         {"no letter", QStringLiteral("-53.5"), -53.5, -53.5},
         {"sign and letter multiply", QStringLiteral("S-53.5"), 53.5, invalid},
         {"blank behind the letter", QStringLiteral("N 53.5"), 53.5, invalid},
-        {"beyond the pole", QStringLiteral("S120"), -120.0, invalid},
         {"lower case", QStringLiteral("n53.5"), invalid, invalid},
         {"blank in front of the letter", QStringLiteral(" N53.5"), invalid, invalid},
-        {"letter at the end", QStringLiteral("53.5N"), invalid, invalid},
         {"the German letter is none", QStringLiteral("O53.5"), invalid, invalid},
-        {"two letters", QStringLiteral("NS53.5"), invalid, invalid},
-        {"decimal comma", QStringLiteral("53,5"), invalid, invalid},
         {"too large for a number", QStringLiteral("S1e400"), invalid, invalid},
-        {"only the letter", QStringLiteral("S"), invalid, invalid},
         {"empty", {}, invalid, invalid},
     };
     table.forEach([](const QString &text, double latitude, double longitude) {
@@ -82,7 +73,6 @@ void tst_KRLongitude::folding()
     const KRTestTable<double, double> table{
         {"many turns", 360e9 + 30.0, 30.0},
         {"infinite", infinity, invalid},
-        {"minus infinite", -infinity, invalid},
         {"not a number", notANumber, invalid},
     };
     table.forEach([](double degrees, double expected) {
@@ -98,7 +88,6 @@ void tst_KRLongitude::bands()
 {
     // of a latitude: inside, bounded, with a distance of 0.01 to the poles; each holds for the south as well
     const KRTestTable<double, bool, double, double> table{
-        {"inside", 45.0, true, 45.0, 45.0},
         {"closer to the pole than 0.01", 89.995, true, 89.995, 89.995},
         {"within the tolerance of the pole", 89.9999995, true, 89.9999995, 89.99},
         {"pole", 90.0, true, 90.0, 89.99},
@@ -137,13 +126,9 @@ void tst_KRLongitude::eastAndWest()
 void tst_KRLongitude::hemispheres()
 {
     const KRTestTable<double, bool> table{
-        {"prime meridian", 0.0, false},
-        {"a little west", -1e-9, true},
-        {"nearly the date line", -179.999, true},
-        {"date line", 180.0, false},
-        {"date line from the west", -180.0, false},
-        {"beyond the date line", 190.0, true},
-        {"beyond the date line westwards", -190.0, false},
+        {"prime meridian", 0.0, false},        {"a little west", -1e-9, true},
+        {"date line", 180.0, false},           {"date line from the west", -180.0, false},
+        {"beyond the date line", 190.0, true}, {"beyond the date line westwards", -190.0, false},
     };
     table.forEach([](double degrees, bool isWestern) {
         QCOMPARE(KRLongitude(degrees).isInWesternHemisphere(), isWestern);
@@ -157,17 +142,6 @@ void tst_KRLongitude::hemispheres()
     }
 }
 
-void tst_KRLongitude::calculating()
-{
-    KRLatitude latitude = (KRLatitude(80.0) + 20.0 - 40.0) * 3.0 / 2.0;
-    latitude += 5.0;
-    QCOMPARE(latitude.decimalDegrees(), 95.0);
-    QCOMPARE((latitude / 0.0).decimalDegrees(), invalid);
-    KRLongitude longitude = KRLongitude(170.0) + 20.0;
-    longitude += 1.0;
-    QCOMPARE(longitude.decimalDegrees(), 191.0);
-}
-
 void tst_KRLongitude::texts()
 {
     const auto textsOf = [](const auto &angle) {
@@ -177,14 +151,10 @@ void tst_KRLongitude::texts()
     };
     const KRTestTable<QString, QString> table{
         {"south", textsOf(KRLatitude(-8.5)), QStringLiteral("8° 30′ 0″ Süd|S8.50000000|S8.50000000 ")},
-        {"equator", textsOf(KRLatitude(0.0)), QStringLiteral("0° 0′ 0″ Nord|N0.00000000|N0.00000000 ")},
-        {"seconds with a fraction", textsOf(KRLatitude(53.1368125)),
-         QStringLiteral("53° 8′ 12.525″ Nord|N53.13681250|N53.13681250 ")},
         // Intended: the seconds are rounded for themselves.
         {"sixty seconds", textsOf(KRLatitude(8.2)), QStringLiteral("8° 11′ 60″ Nord|N8.20000000|N8.20000000 ")},
         {"invalid latitude", textsOf(KRLatitude()), QStringLiteral("|| ")},
         {"east", textsOf(KRLongitude(8.5)), QStringLiteral("8° 30′ 0″ Ost|E8.50000000|E8.50000000 ")},
-        {"west", textsOf(KRLongitude(-0.5)), QStringLiteral("0° 30′ 0″ West|W0.50000000|W0.50000000 ")},
         {"date line", textsOf(KRLongitude(-180.0)), QStringLiteral("180° 0′ 0″ Ost|E180.00000000|E180.00000000 ")},
         // Intended: the letter tells the hemisphere of the meridian, the number is not folded.
         {"beyond", textsOf(KRLongitude(190.0)), QStringLiteral("190° 0′ 0″ West|W190.00000000|W190.00000000 ")},

@@ -4,12 +4,10 @@
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
-#include <QUrlQuery>
 #include <QtTest>
 
 #include <cmath>
 #include <csignal>
-#include <cstdio>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,37 +15,19 @@ namespace {
 
 const KRLongitudeRange acrossDateLine(170.0, -170.0);
 
-void printWithContext(QtMsgType type, const QMessageLogContext &context, const QString &message)
+/// Leaves the end to the program itself when this is the message that must stop it.
+void endUnlessExpected(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    std::fprintf(stderr, "%d|%s|%s|%s|%s", int(type), context.category, context.file, context.function,
-                 qUtf8Printable(message));
-    std::fflush(stderr);
-}
-
-/// Runs @p function in a child process; what it wrote to stderr, then "|signal" and the signal that ended it.
-template <typename Function>
-QString outputOfChild(const Function &function)
-{
-    int channel[2];
-    if (pipe(channel) != 0)
-        return QString();
-    const pid_t child = fork();
-    if (child == 0) {
-        // Qt Test would print a report of its own for the signal.
-        std::signal(SIGABRT, SIG_DFL);
-        dup2(channel[1], STDERR_FILENO);
-        close(channel[0]);
-        qInstallMessageHandler(printWithContext);
-        function();
-        _exit(0);
-    }
-    close(channel[1]);
-    QFile reader;
-    reader.open(channel[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
-    const QByteArray output = reader.readAll();
-    int status = 0;
-    waitpid(child, &status, 0);
-    return QString::fromUtf8(output) + QStringLiteral("|signal %1").arg(WIFSIGNALED(status) ? WTERMSIG(status) : 0);
+    const bool isExpected =
+        type == QtFatalMsg && qstrcmp(context.category, "default") == 0
+        && qstrcmp(context.file, "libs/KRGeoLocation/KRLongitudeRange") == 0
+        && qstrcmp(context.function, "virtual bool KRLongitudeRange::intersects(const KRRange<KRLongitude> &) const")
+               == 0
+        && message
+               == QStringLiteral("Diese Funktion muss erst getestet werden, bevor man sie benutzen kann "
+                                 "(implmentierung ist ungeprüft und wahrscheinlich falsch!");
+    if (!isExpected)
+        _exit(1);
 }
 
 } // namespace
@@ -78,7 +58,6 @@ void tst_KRLongitudeRange::spawn()
     const KRTestTable<double, double, double, double> table{
         {"in order", -10.0, 20.0, -10.0, 20.0},
         {"across the date line", 170.0, -170.0, 170.0, -170.0},
-        {"same", 8.0, 8.0, 8.0, 8.0},
         // Intended: where both ways round are equally long, the second becomes the west.
         {"opposite", 0.0, 180.0, 180.0, 0.0},
         {"whole world", 180.0, -180.0, -180.0, 180.0},
@@ -98,11 +77,8 @@ void tst_KRLongitudeRange::isValid()
     const KRTestTable<double, double, bool, bool> table{
         {"whole world", -180.0, 180.0, true, false},
         {"across the date line, upside down", 170.0, -170.0, true, false},
-        {"beyond the first end", -180.1, 0.0, false, false},
         {"beyond the last end", 0.0, 180.1, false, false},
         {"unset", 720.0, 720.0, false, false},
-        {"all latitudes", -90.0, 90.0, true, true},
-        {"a single one", 53.0, 53.0, true, true},
         {"upside down within the tolerance", 10.0000005, 10.0, true, true},
         {"beyond the north pole", 80.0, 90.1, true, false},
         {"beyond the south pole", -90.1, 80.0, true, false},
@@ -117,22 +93,18 @@ void tst_KRLongitudeRange::contains()
 {
     const KRLongitudeRange plain(-10.0, 20.0);
     const KRTestTable<KRLongitudeRange, double, bool> table{
-        {"western end", plain, -10.0, true},
         {"eastern end", plain, 20.0, true},
         {"within the tolerance of an end", plain, 20.0000005, true},
-        {"east of it", plain, 20.1, false},
         {"west of it", plain, -10.1, false},
         {"date line: 180 is inside", acrossDateLine, 180.0, true},
         {"date line: -180 is inside", acrossDateLine, -180.0, true},
         {"date line: western end", acrossDateLine, 169.9999995, true},
         {"date line: eastern end", acrossDateLine, -169.9999995, true},
-        {"date line: 0 is in the gap", acrossDateLine, 0.0, false},
         {"date line: just in the gap", acrossDateLine, 169.9, false},
     };
     table.forEach(
         [](const KRLongitudeRange &range, double value, bool expected) { QCOMPARE(range.contains(value), expected); });
     QVERIFY(acrossDateLine.contains(KRLongitudeRange(175.0, -175.0)));
-    QVERIFY(acrossDateLine.contains(KRLongitudeRange(175.0, 179.0)));
     QVERIFY(!acrossDateLine.contains(KRLongitudeRange(160.0, -175.0)));
     QVERIFY(!plain.contains(acrossDateLine));
 }
@@ -159,24 +131,17 @@ void tst_KRLongitudeRange::center()
 
 void tst_KRLongitudeRange::half()
 {
-    const KRTestTable<KRLongitudeRange, bool> table{
-        {"across the date line", acrossDateLine, true},
-        {"a single meridian", KRLongitudeRange(8.0, 8.0), true},
-        {"almost half", KRLongitudeRange(-90.0, 89.9), true},
-        // Intended: the name promises more than the rule, which asks for less than half a turn.
-        {"exactly half", KRLongitudeRange(-90.0, 90.0), false},
-        {"more than half", KRLongitudeRange(10.0, -10.0), false},
-    };
-    table.forEach([](const KRLongitudeRange &range, bool expected) {
-        QCOMPARE(range.coversNoMoreThanHalfOfTheEarth(), expected);
-    });
+    QVERIFY(acrossDateLine.coversNoMoreThanHalfOfTheEarth());
+    QVERIFY(KRLongitudeRange(8.0, 8.0).coversNoMoreThanHalfOfTheEarth());
+    QVERIFY(!KRLongitudeRange(10.0, -10.0).coversNoMoreThanHalfOfTheEarth());
+    // Intended: the name promises more than the rule, which asks for less than half a turn.
+    QVERIFY(!KRLongitudeRange(-90.0, 90.0).coversNoMoreThanHalfOfTheEarth());
 }
 
 void tst_KRLongitudeRange::expandTo()
 {
     const KRTestTable<KRLongitudeRange, double, KRLongitudeRange> table{
         {"unset", KRLongitudeRange(), 5.0, KRLongitudeRange(5.0, 5.0)},
-        {"plain", KRLongitudeRange(-10.0, 20.0), 30.0, KRLongitudeRange(-10.0, 30.0)},
         // Intended: what does not cross the date line never starts to.
         {"never starts to cross", KRLongitudeRange(170.0, 175.0), -175.0, KRLongitudeRange(-175.0, 175.0)},
         {"crossing, eastern value", acrossDateLine, 160.0, KRLongitudeRange(160.0, -170.0)},
@@ -194,16 +159,13 @@ void tst_KRLongitudeRange::expandTo()
 
 void tst_KRLongitudeRange::blowUp()
 {
-    const KRTestTable<KRLongitudeRange, KRLongitudeRange> table{
-        {"plain", KRLongitudeRange(-10.0, 20.0), KRLongitudeRange(-25.0, 35.0)},
-        // Intended: it stops at the date line and does not wrap.
-        {"up to the date line", KRLongitudeRange(-170.0, 170.0), KRLongitudeRange(-180.0, 180.0)},
-        {"crossing", acrossDateLine, KRLongitudeRange(155.0, -155.0)},
-    };
-    table.forEach([](KRLongitudeRange range, const KRLongitudeRange &expected) {
-        range.blowUp(15.0);
-        QVERIFY2(range == expected, qPrintable(range.toString(false)));
-    });
+    KRLongitudeRange crossing = acrossDateLine;
+    crossing.blowUp(15.0);
+    QVERIFY(crossing == KRLongitudeRange(155.0, -155.0));
+    // Intended: it stops at the date line and does not wrap.
+    KRLongitudeRange wide(-170.0, 20.0);
+    wide.blowUp(15.0);
+    QVERIFY(wide == KRLongitudeRange(-180.0, 35.0));
 }
 
 void tst_KRLongitudeRange::latitudes()
@@ -223,7 +185,6 @@ void tst_KRLongitudeRange::latitudes()
     const KRTestTable<double, double, double> table{
         {"not beyond the pole", 5.0, 75.0, 90.0},
         {"nowhere beyond", 200.0, -90.0, 90.0},
-        {"shrinks", -1.0, 81.0, 88.0},
     };
     table.forEach([](double margin, double south, double north) {
         KRLatitudeRange blownUp(80.0, 89.0);
@@ -244,13 +205,16 @@ void tst_KRLongitudeRange::unreadable()
 
 void tst_KRLongitudeRange::intersectsStopsTheProgram()
 {
-    const QString expected = QStringLiteral(
-        "%1|default|libs/KRGeoLocation/KRLongitudeRange|"
-        "virtual bool KRLongitudeRange::intersects(const KRRange<KRLongitude> &) const|"
-        "Diese Funktion muss erst getestet werden, bevor man sie benutzen kann (implmentierung ist ungeprüft und "
-        "wahrscheinlich falsch!|signal %2");
-    const QString output = outputOfChild([] { return acrossDateLine.intersects(acrossDateLine); });
-    QCOMPARE(output, expected.arg(int(QtFatalMsg)).arg(SIGABRT));
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGABRT, SIG_DFL); // Qt Test would print a report of its own
+        qInstallMessageHandler(endUnlessExpected);
+        acrossDateLine.intersects(acrossDateLine);
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    QVERIFY(WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT);
 }
 
 void tst_KRLongitudeRange::boundsAndAverages()
@@ -291,11 +255,9 @@ void tst_KRLongitudeRange::effectiveRange()
 {
     const KRTestTable<KRLongitudeList, double, double> table{
         {"around the date line", KRLongitudeList{170, 175, -175, -170}, 170.0, -170.0},
-        {"around the prime meridian", KRLongitudeList{20, -10}, -10.0, 20.0},
         {"averages half a turn apart", KRLongitudeList{90, -90}, -90.0, 90.0},
         {"a little more", KRLongitudeList{91, -90}, 91.0, -90.0},
         {"only eastern ones", KRLongitudeList{0, 180, -180, 8}, -180.0, 180.0},
-        {"only western ones", KRLongitudeList{-1, -179}, -179.0, -1.0},
         // Intended: -180 is an eastern longitude, and the smallest of these; 175 and 179 are left out.
         {"-180 among the eastern ones", KRLongitudeList{175, 179, -180, -179}, -180.0, -179.0},
         {"empty", KRLongitudeList(), KRGeoArc::invalidDegrees, KRGeoArc::invalidDegrees},
