@@ -196,8 +196,8 @@
 <context>
     <name>KRKmlPlacemarkReader</name>
     <message>
-        <source>Die Datei hat mehr als %1 Figuren.</source>
-        <translation>The file has more than %1 figures.</translation>
+        <source>Die Datei hat mehr als %1 Geometrien.</source>
+        <translation>The file has more than %1 geometries.</translation>
     </message>
 </context>
 <context>

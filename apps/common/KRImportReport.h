@@ -24,7 +24,7 @@ public:
         PlacemarkWithoutGeometry = 3,
         PlacemarkWithoutPosition = 4,
         GeometryWithoutPosition = 5, ///< of a placemark that has others
-        UnreadablePosition = 6, ///< left out of a figure that is drawn
+        UnreadablePosition = 6, ///< left out of a geometry that is drawn
         Model = 7,
         GroundOverlay = 8,
         ScreenOverlay = 9,

@@ -43,11 +43,11 @@ KRGPXConfiguredTrackList KRKmlImport::read(KRErrorHistory *history)
 
     KRGPXConfiguredTrackList tracks;
     int count = 0;
-    for (int first = 0; first < preparation.figures().size(); first += count) {
+    for (int first = 0; first < preparation.geometries().size(); first += count) {
         const KRGPXConfiguredTrackList part =
             importer.decode(preparation.document(first, &count), m_file.fileName(), history);
         for (int i = 0; i < std::min(int(part.size()), count); ++i)
-            tracks.append(completed(part.at(i), preparation.figures().at(first + i)));
+            tracks.append(completed(part.at(i), preparation.geometries().at(first + i)));
     }
     m_report += preparation.report();
     return tracks;
@@ -60,21 +60,21 @@ QByteArray KRKmlImport::readDocument(KRErrorHistory *history)
     return KRFileHandler::readAll(m_file, history, KRInputLimits::documentBytes);
 }
 
-KRGPXConfiguredTrack KRKmlImport::completed(const KRGPXConfiguredTrack &track, const KRKmlFigure &figure)
+KRGPXConfiguredTrack KRKmlImport::completed(const KRGPXConfiguredTrack &track, const KRKmlGeometry &geometry)
 {
-    const bool hasHoles = figure.geometry == KRKmlFigure::Area && figure.parts.size() > 1;
-    if (!hasHoles && !figure.isCompletedLater() && !figure.hasLongTexts())
+    const bool hasHoles = geometry.kind == KRKmlGeometry::Area && geometry.parts.size() > 1;
+    if (!hasHoles && !geometry.isCompletedLater() && !geometry.hasLongTexts())
         return track;
 
     // What the importer puts in place of an empty text stays.
     const auto textOr = [&](const QString &text, const QString &replacement) {
-        return figure.hasLongTexts() && !text.isEmpty() ? text : replacement;
+        return geometry.hasLongTexts() && !text.isEmpty() ? text : replacement;
     };
     KRGPXTrack complete = track.track();
-    complete = KRGPXTrack(textOr(figure.name, track.name()), textOr(figure.description, track.description()),
-                          figure.isCompletedLater() ? figure.segments() : complete.segments(), complete.shape());
+    complete = KRGPXTrack(textOr(geometry.name, track.name()), textOr(geometry.description, track.description()),
+                          geometry.isCompletedLater() ? geometry.segments() : complete.segments(), complete.shape());
     if (hasHoles) {
-        const QList<KRGPXTrack> holes = figure.holes();
+        const QList<KRGPXTrack> holes = geometry.holes();
         for (const KRGPXTrack &hole : holes)
             complete.addEnclave(hole);
     }

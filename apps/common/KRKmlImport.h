@@ -7,7 +7,7 @@
 #include <QFileInfo>
 
 class KRErrorHistory;
-struct KRKmlFigure;
+struct KRKmlGeometry;
 
 /**
  * Imports KML and KMZ files completely: prepares the document, has the library's importer read it, and adds what that
@@ -29,7 +29,7 @@ public:
 
 private:
     QByteArray readDocument(KRErrorHistory *history);
-    static KRGPXConfiguredTrack completed(const KRGPXConfiguredTrack &track, const KRKmlFigure &figure);
+    static KRGPXConfiguredTrack completed(const KRGPXConfiguredTrack &track, const KRKmlGeometry &geometry);
 
     QFileInfo m_file;
     KRImportReport m_report;

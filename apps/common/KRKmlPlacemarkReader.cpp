@@ -37,17 +37,17 @@ void KRKmlPlacemarkReader::read()
     const int line = m_stream.line();
     while (m_stream.readNextChild())
         readChild();
-    for (KRKmlFigure &figure : m_figures) {
-        figure.name = m_name;
-        figure.description = m_description;
-        figure.look = m_look;
-        if (figure.geometry == KRKmlFigure::NamedShape)
-            figure.shape = m_shape;
-        if (figure.geometry == KRKmlFigure::Point && m_time.isValid())
-            figure.parts.first().setTime(m_time);
+    for (KRKmlGeometry &geometry : m_geometries) {
+        geometry.name = m_name;
+        geometry.description = m_description;
+        geometry.look = m_look;
+        if (geometry.kind == KRKmlGeometry::NamedShape)
+            geometry.shape = m_shape;
+        if (geometry.kind == KRKmlGeometry::Point && m_time.isValid())
+            geometry.parts.first().setTime(m_time);
     }
     reportFailures(line);
-    *m_allFigures += m_figures;
+    *m_allGeometries += m_geometries;
 }
 
 void KRKmlPlacemarkReader::readChild()
@@ -82,7 +82,7 @@ void KRKmlPlacemarkReader::readGeometry()
     } else if (m_stream.isAt("Track")) {
         Rings segments;
         readTrack(&segments);
-        addFigure(KRKmlFigure::Line, segments, line);
+        addGeometry(KRKmlGeometry::Line, segments, line);
     } else if (m_stream.isAt("MultiTrack")) {
         Rings segments;
         while (m_stream.readNextChild()) {
@@ -91,20 +91,20 @@ void KRKmlPlacemarkReader::readGeometry()
             else
                 m_stream.skipElement();
         }
-        addFigure(KRKmlFigure::Line, segments, line);
+        addGeometry(KRKmlGeometry::Line, segments, line);
     } else if (m_stream.isAt("Point") || m_stream.isAt("LineString") || m_stream.isAt("LinearRing")
                || m_stream.isAt("coordinates")) {
-        const KRKmlFigure::Geometry geometry = m_stream.isAt("Point")         ? KRKmlFigure::Point
-                                               : m_stream.isAt("coordinates") ? KRKmlFigure::NamedShape
-                                                                              : KRKmlFigure::Line;
+        const KRKmlGeometry::Kind kind = m_stream.isAt("Point")         ? KRKmlGeometry::Point
+                                         : m_stream.isAt("coordinates") ? KRKmlGeometry::NamedShape
+                                                                        : KRKmlGeometry::Line;
         KRKmlCoordinates coordinates;
         collectCoordinates(&coordinates);
-        addFigure(geometry, {coordinates}, line);
+        addGeometry(kind, {coordinates}, line);
     } else if (m_stream.isAt("Model")) {
         m_linesOfModels.append(line);
         m_stream.skipElement();
     } else if (m_stream.isAt("Placemark")) {
-        KRKmlPlacemarkReader(m_stream, m_allFigures, m_report).read();
+        KRKmlPlacemarkReader(m_stream, m_allGeometries, m_report).read();
     } else if (isAside(m_stream)) {
         m_stream.skipElement();
     } else {
@@ -133,9 +133,9 @@ void KRKmlPlacemarkReader::readPolygon()
     holes.erase(holes.begin(), firstRing);
 
     if (outlines.isEmpty())
-        addFigure(KRKmlFigure::Area, {}, line);
+        addGeometry(KRKmlGeometry::Area, {}, line);
     for (int i = 0; i < outlines.size(); ++i)
-        addFigure(KRKmlFigure::Area, Rings{outlines.at(i)} + (i == 0 ? holes : Rings()), line);
+        addGeometry(KRKmlGeometry::Area, Rings{outlines.at(i)} + (i == 0 ? holes : Rings()), line);
 }
 
 /// Times and positions belong together in their order, however they are mixed.
@@ -182,26 +182,26 @@ void KRKmlPlacemarkReader::collectRings(Rings *rings)
         collectRings(rings);
 }
 
-void KRKmlPlacemarkReader::addFigure(KRKmlFigure::Geometry geometry, const QList<KRKmlCoordinates> &parts, int line)
+void KRKmlPlacemarkReader::addGeometry(KRKmlGeometry::Kind kind, const QList<KRKmlCoordinates> &parts, int line)
 {
-    KRKmlFigure figure;
-    figure.geometry = geometry;
+    KRKmlGeometry geometry;
+    geometry.kind = kind;
     int unreadableCount = 0;
     for (const KRKmlCoordinates &part : parts) {
         unreadableCount += part.unreadableCount();
         if (!part.isEmpty())
-            figure.parts.append(part);
+            geometry.parts.append(part);
     }
     // Holes without an outline are no area.
-    if (figure.parts.isEmpty() || (geometry == KRKmlFigure::Area && parts.first().isEmpty())) {
+    if (geometry.parts.isEmpty() || (kind == KRKmlGeometry::Area && parts.first().isEmpty())) {
         m_linesWithoutPosition.append(line);
         return;
     }
     if (unreadableCount > 0)
         m_unreadablePositions.append({KRImportReport::UnreadablePosition, line, QString(), unreadableCount});
-    m_figures.append(figure);
-    if (m_allFigures->size() + m_figures.size() > KRInputLimits::figures)
-        m_stream.refuse(tr("Die Datei hat mehr als %1 Figuren.").arg(KRInputLimits::figures));
+    m_geometries.append(geometry);
+    if (m_allGeometries->size() + m_geometries.size() > KRInputLimits::geometries)
+        m_stream.refuse(tr("Die Datei hat mehr als %1 Geometrien.").arg(KRInputLimits::geometries));
 }
 
 void KRKmlPlacemarkReader::reportFailures(int line)
@@ -210,9 +210,9 @@ void KRKmlPlacemarkReader::reportFailures(int line)
         m_report->add(KRImportReport::Model, place, m_name);
     for (const KRImportReport::Item &positions : std::as_const(m_unreadablePositions))
         m_report->add(positions.kind, positions.line, m_name, positions.count);
-    if (m_figures.isEmpty() && !m_linesWithoutPosition.isEmpty()) {
+    if (m_geometries.isEmpty() && !m_linesWithoutPosition.isEmpty()) {
         m_report->add(KRImportReport::PlacemarkWithoutPosition, line, m_name);
-    } else if (m_figures.isEmpty() && m_linesOfModels.isEmpty()) {
+    } else if (m_geometries.isEmpty() && m_linesOfModels.isEmpty()) {
         m_report->add(KRImportReport::PlacemarkWithoutGeometry, line, m_name);
     } else {
         for (const int place : std::as_const(m_linesWithoutPosition))

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int mostFiguresAtOnce = 10000;
+constexpr int mostGeometriesAtOnce = 10000;
 constexpr int mostCharactersAtOnce = 4000000;
 
 QString element(const char *name, const QString &text)
@@ -14,21 +14,21 @@ QString element(const char *name, const QString &text)
     return QStringLiteral("<%1>%2</%1>").arg(QLatin1String(name), text);
 }
 
-QString geometryXml(const KRKmlFigure &figure)
+QString geometryXml(const KRKmlGeometry &geometry)
 {
-    const KRKmlCoordinates &first = figure.parts.first();
-    const QString coordinates = element("coordinates", figure.isCompletedLater() ? first.toText(1) : first.toText());
-    switch (figure.geometry) {
-    case KRKmlFigure::Point:
+    const KRKmlCoordinates &first = geometry.parts.first();
+    const QString coordinates = element("coordinates", geometry.isCompletedLater() ? first.toText(1) : first.toText());
+    switch (geometry.kind) {
+    case KRKmlGeometry::Point:
         return element("Point", coordinates);
-    case KRKmlFigure::Line:
+    case KRKmlGeometry::Line:
         return element("LineString", coordinates);
-    case KRKmlFigure::Area:
+    case KRKmlGeometry::Area:
         return element("Polygon", coordinates);
-    case KRKmlFigure::NamedShape:
+    case KRKmlGeometry::NamedShape:
         break;
     }
-    return figure.shape.isEmpty() ? coordinates : element("shape", figure.shape.toHtmlEscaped()) + coordinates;
+    return geometry.shape.isEmpty() ? coordinates : element("shape", geometry.shape.toHtmlEscaped()) + coordinates;
 }
 
 } // namespace
@@ -57,11 +57,11 @@ void KRKmlPreparation::readElement(KRXmlStream &stream)
 
 void KRKmlPreparation::readPlacemark(KRXmlStream &stream)
 {
-    const int countBefore = m_figures.size();
-    KRKmlPlacemarkReader(stream, &m_figures, &m_report).read();
-    // No single figure has more than the limit, so the sum does not overflow before it is compared.
-    for (int i = countBefore; i < m_figures.size() && m_positionCount < KRInputLimits::positions; ++i) {
-        for (const KRKmlCoordinates &part : m_figures.at(i).parts)
+    const int countBefore = m_geometries.size();
+    KRKmlPlacemarkReader(stream, &m_geometries, &m_report).read();
+    // No single geometry has more than the limit, so the sum does not overflow before it is compared.
+    for (int i = countBefore; i < m_geometries.size() && m_positionCount < KRInputLimits::positions; ++i) {
+        for (const KRKmlCoordinates &part : m_geometries.at(i).parts)
             m_positionCount += part.count();
     }
     if (m_positionCount >= KRInputLimits::positions)
@@ -102,14 +102,14 @@ QString KRKmlPreparation::document(int first, int *count) const
     QHash<QString, int> styleNumbers; // by what stands in the style
     QString text = QStringLiteral("<kml><Document>");
     int next = first;
-    while (next < m_figures.size() && next - first < mostFiguresAtOnce && text.size() < mostCharactersAtOnce) {
-        const KRKmlFigure &figure = m_figures.at(next++);
-        QString placemark = geometryXml(figure);
-        if (!figure.hasLongTexts())
-            placemark += element("name", figure.name.toHtmlEscaped())
-                         + element("description", figure.description.toHtmlEscaped());
-        if (const std::optional<KRKmlStyle> style = m_styles.resolved(figure.look)) {
-            const QString xml = style->toXml(figure.use());
+    while (next < m_geometries.size() && next - first < mostGeometriesAtOnce && text.size() < mostCharactersAtOnce) {
+        const KRKmlGeometry &geometry = m_geometries.at(next++);
+        QString placemark = geometryXml(geometry);
+        if (!geometry.hasLongTexts())
+            placemark += element("name", geometry.name.toHtmlEscaped())
+                         + element("description", geometry.description.toHtmlEscaped());
+        if (const std::optional<KRKmlStyle> style = m_styles.resolved(geometry.look)) {
+            const QString xml = style->toXml(geometry.use());
             if (!styleNumbers.contains(xml))
                 styleNumbers.insert(xml, styleNumbers.size());
             placemark += element("styleUrl", QStringLiteral("#%1").arg(styleNumbers.value(xml)));

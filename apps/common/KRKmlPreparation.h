@@ -10,7 +10,7 @@ class KRErrorHistory;
  *
  * Real documents hold more: prefixes, placemarks outside of the one "Document", styles in folders and in placemarks,
  * style maps, several geometries in a placemark, areas with holes, records of journeys with times. All of them become
- * figures, in the order of the document; what cannot be drawn goes to the report.
+ * geometries, in the order of the document; what cannot be drawn goes to the report.
  */
 class KRKmlPreparation
 {
@@ -23,11 +23,11 @@ public:
     /// False when the document cannot be read; the reason is reported then.
     bool read(const QByteArray &kml, KRErrorHistory *history);
 
-    const QList<KRKmlFigure> &figures() const { return m_figures; }
+    const QList<KRKmlGeometry> &geometries() const { return m_geometries; }
     const KRImportReport &report() const { return m_report; }
 
-    /// A document with the figures from @p first on, as many as are good to have in memory at once, at least one.
-    /// Their number goes to @p count. Of figures that are completed afterwards there is only the beginning.
+    /// A document with the geometries from @p first on, as many as are good to have in memory at once, at least one.
+    /// Their number goes to @p count. Of geometries that are completed afterwards there is only the beginning.
     QString document(int first, int *count) const;
 
 private:
@@ -37,7 +37,7 @@ private:
 
     QString m_fileName;
     KRKmlStyleTable m_styles;
-    QList<KRKmlFigure> m_figures;
+    QList<KRKmlGeometry> m_geometries;
     int m_positionCount = 0;
     KRImportReport m_report;
 };

@@ -14,7 +14,7 @@ class KRXmlStream;
 class KRKmlStyle
 {
 public:
-    /// The kinds of figures that a style is read differently for.
+    /// The kinds of geometries that a style is read differently for.
     enum Use : int {
         UseForPoint = 0,
         UseForLine = 1,

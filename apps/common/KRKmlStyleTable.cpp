@@ -61,7 +61,7 @@ bool KRKmlStyleTable::isStyle(const KRXmlStream &stream)
 QString KRKmlStyleTable::readReference(KRXmlStream &stream)
 {
     const QString reference = stream.readText().trimmed();
-    // Each figure of a placemark looks for it.
+    // Each geometry of a placemark looks for it.
     return reference.size() <= KRInputLimits::referenceCharacters ? reference : QString();
 }
 

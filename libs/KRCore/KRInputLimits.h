@@ -91,8 +91,8 @@ inline constexpr int routePoints = 500000;
 // --- KML
 
 /// Points, lines and areas of a document. Each becomes a track, in a way that takes longer than that of GPX.
-inline constexpr int figures = 50000;
-/// Positions of all figures together, of some 40 bytes each until they are drawn.
+inline constexpr int geometries = 50000;
+/// Positions of all of them together, of some 40 bytes each until they are drawn.
 inline constexpr int positions = 4000000;
 /// Styles that refer to one another: they may do so in a ring.
 inline constexpr int styleChain = 16;

@@ -222,12 +222,12 @@ void tst_KRHostileFiles::areRefused_data()
         "many way points", "a.gpx",
         [] { return gpx(QByteArray("<wpt lat='1' lon='2'/>").repeated(KRInputLimits::wayPoints + 1)); }, "Wegpunkte");
     row(
-        "many figures in one placemark", "a.kml",
+        "many geometries in one placemark", "a.kml",
         [] {
-            return kml("<Placemark><MultiGeometry>" + mark.repeated(KRInputLimits::figures + 1)
+            return kml("<Placemark><MultiGeometry>" + mark.repeated(KRInputLimits::geometries + 1)
                        + "</MultiGeometry></Placemark>");
         },
-        "Figuren");
+        "Geometrien");
     row(
         "bomb", "a.kmz",
         [] { return KRTestArchive::bytes({KRTestArchive::deflated("a.kml", QByteArray(8 << 20, ' '))}); },
@@ -267,7 +267,7 @@ void tst_KRHostileFiles::areDrawnInBoundedTime_data()
         return kml(QByteArray("<Placemark>").repeated(200) + mark.repeated(2000)
                    + QByteArray("</Placemark>").repeated(200));
     });
-    row("long name of many figures", "a.kml", [] {
+    row("long name of many geometries", "a.kml", [] {
         return kml("<Placemark><name>" + QByteArray("a&lt;").repeated(100000) + "</name>" + mark.repeated(2000)
                    + "</Placemark>");
     });

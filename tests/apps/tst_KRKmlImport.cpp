@@ -221,7 +221,7 @@ void tst_KRKmlImport::namesAndDescriptions()
 
 void tst_KRKmlImport::reports()
 {
-    // below the first line, the number of figures, and "line: [count] kind name" of what is reported
+    // below the first line, the number of geometries, and "line: [count] kind name" of what is reported
     const KRTestTable<QByteArray, int, const char *> table{
         {"what is no placemark",
          "<NetworkLink><name>n</name><Link><href>a.kml</href></Link></NetworkLink>\n"
@@ -258,8 +258,8 @@ void tst_KRKmlImport::reports()
         {"model beside something else", "<Placemark>\n<MultiGeometry><Model/>" + point + "</MultiGeometry></Placemark>",
          1, "3: model"},
     };
-    table.forEach([this](const QByteArray &kml, int figures, const char *expected) {
-        QCOMPARE(read("x.kml", "<kml><Document>\n" + kml + "</Document></kml>").size(), figures);
+    table.forEach([this](const QByteArray &kml, int geometries, const char *expected) {
+        QCOMPARE(read("x.kml", "<kml><Document>\n" + kml + "</Document></kml>").size(), geometries);
         QStringList items;
         for (const KRImportReport::Item &item : m_report.items()) {
             const QString count = item.count == 1 ? QString() : QStringLiteral("%1 ").arg(item.count);
@@ -412,7 +412,7 @@ void tst_KRKmlImport::documentInParts()
     QVERIFY(preparation.read("<kml>" + placemark(point).repeated(placemarks) + "</kml>", nullptr));
     int first = 0;
     int documents = 0;
-    while (first < preparation.figures().size()) {
+    while (first < preparation.geometries().size()) {
         int count = 0;
         const QString text = preparation.document(first, &count);
         QVERIFY(count > 0);
@@ -437,7 +437,7 @@ void tst_KRKmlImport::broken()
     QCOMPARE(preparation.read("<kml><Placemark>" + point + "</Placemark><NetworkLink/>&nbsp;</kml>", &history),
              KRQtCompat::domReadsBrokenXml);
     QCOMPARE(history.isEmpty(), KRQtCompat::domReadsBrokenXml);
-    QCOMPARE(preparation.figures().size(), 1);
+    QCOMPARE(preparation.geometries().size(), 1);
     QCOMPARE(preparation.report().count(KRImportReport::NetworkLink), 1);
 }
 
@@ -449,7 +449,7 @@ void tst_KRKmlImport::refusesBeyondLimits()
         {"positions of one line",
          "<Placemark><LineString><coordinates>" + tuples + tuples + "</coordinates></LineString></Placemark>"},
         {"positions of several lines", "<Placemark><a>" + line + line + "</a></Placemark>"},
-        {"figures", "<Placemark><a>" + point.repeated(KRInputLimits::figures + 1) + "</a></Placemark>"},
+        {"geometries", "<Placemark><a>" + point.repeated(KRInputLimits::geometries + 1) + "</a></Placemark>"},
     };
     table.forEach([](const QByteArray &kml) {
         KRErrorHistory history;

@@ -1,4 +1,4 @@
-#include "KRKmlFigure.h"
+#include "KRKmlGeometry.h"
 
 #include <algorithm>
 
@@ -9,9 +9,9 @@ constexpr int mostTextForImporter = 2000; // characters
 
 } // namespace
 
-KRKmlStyle::Use KRKmlFigure::use() const
+KRKmlStyle::Use KRKmlGeometry::use() const
 {
-    switch (geometry) {
+    switch (kind) {
     case Point:
         return KRKmlStyle::UseForPoint;
     case Line:
@@ -23,27 +23,27 @@ KRKmlStyle::Use KRKmlFigure::use() const
     return KRKmlStyle::UseForArea;
 }
 
-bool KRKmlFigure::isCompletedLater() const
+bool KRKmlGeometry::isCompletedLater() const
 {
     const bool hasTimes =
         std::any_of(parts.cbegin(), parts.cend(), [](const KRKmlCoordinates &part) { return part.hasTimes(); });
-    return hasTimes || (geometry != Area && parts.size() > 1) || parts.first().count() > mostPositionsForImporter;
+    return hasTimes || (kind != Area && parts.size() > 1) || parts.first().count() > mostPositionsForImporter;
 }
 
-bool KRKmlFigure::hasLongTexts() const
+bool KRKmlGeometry::hasLongTexts() const
 {
     return name.size() + description.size() > mostTextForImporter;
 }
 
-QList<KRGPXTrackSegment> KRKmlFigure::segments() const
+QList<KRGPXTrackSegment> KRKmlGeometry::segments() const
 {
     QList<KRGPXTrackSegment> segments;
-    for (const KRKmlCoordinates &part : geometry == Area ? parts.mid(0, 1) : parts)
+    for (const KRKmlCoordinates &part : kind == Area ? parts.mid(0, 1) : parts)
         segments.append(part.toSegment());
     return segments;
 }
 
-QList<KRGPXTrack> KRKmlFigure::holes() const
+QList<KRGPXTrack> KRKmlGeometry::holes() const
 {
     QList<KRGPXTrack> holes;
     for (int i = 1; i < parts.size(); ++i)
