@@ -2,18 +2,13 @@
 
 #include "KRIconEngine.h"
 
+#include <KRCore/KRErrorHistory.h>
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QFile>
-#include <QLoggingCategory>
 
 #include <memory>
-
-namespace {
-
-Q_LOGGING_CATEGORY(iconLog, "kr.io")
-
-} // namespace
 
 QIcon KRIconRegistry::icon(const QString &iconKey)
 {
@@ -22,8 +17,8 @@ QIcon KRIconRegistry::icon(const QString &iconKey)
         return *known;
     const QString fileName = QStringLiteral(":/icons/%1.svg").arg(iconKey);
     if (!QFile::exists(fileName)) {
-        // Not remembered: the resource may be registered later.
-        qCWarning(iconLog, "no icon %s", qUtf8Printable(iconKey));
+        // For developers, not for users. Not remembered: the resource may be registered later.
+        KRErrorHistory::report(nullptr, fileName, QStringLiteral("no such icon"));
         return {};
     }
     const QIcon icon(std::make_unique<KRIconEngine>(fileName).release());
