@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QDir>
-#include <QFileInfo>
+#include "KRTestFile.h"
+
 #include <QTemporaryDir>
 
-/// A directory for the files of a test, gone with it.
+/// A directory for the files of a test, as KRTestFile writes them, gone with it.
 class KRTestFolder
 {
 public:
@@ -12,13 +12,9 @@ public:
     QString path(const QString &name) const { return m_dir.filePath(name); }
     QStringList files() const { return dir().entryList(QDir::Files, QDir::Name); }
 
-    /// Makes the file, or makes it anew.
     QFileInfo write(const QString &name, const QByteArray &content) const
     {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("cannot write %s", qUtf8Printable(file.fileName()));
-        return QFileInfo(file.fileName());
+        return QFileInfo(KRTestFile::write(path(name), content));
     }
 
 private:
