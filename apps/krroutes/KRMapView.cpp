@@ -191,6 +191,12 @@ void KRMapView::changeViewport(const KRMapViewport &viewport)
         hover(mapFromGlobal(QCursor::pos()));
 }
 
+void KRMapView::pan(const QPointF &way)
+{
+    m_wish.isOpen = false;
+    changeViewport(m_viewport.panned(way));
+}
+
 void KRMapView::zoomAbout(const QPointF &pixel, double factor)
 {
     m_wish.isOpen = false;
@@ -380,8 +386,7 @@ void KRMapView::dragTo(const QPoint &pixel)
         return;
     m_isDragged = true;
     m_draggedTo = pixel;
-    m_wish.isOpen = false;
-    changeViewport(m_viewport.panned(way));
+    pan(way);
 }
 
 void KRMapView::release(const QPoint &pixel, bool isClick)
@@ -408,7 +413,7 @@ void KRMapView::wheelEvent(QWheelEvent *event)
 {
     const QPoint turn = event->angleDelta();
     if (std::abs(turn.x()) > 2 * std::abs(turn.y()))
-        changeViewport(m_viewport.panned(QPointF(turn.x() / 2.0, 0.0)));
+        pan(QPointF(turn.x() / 2.0, 0.0));
     else
         zoomAbout(event->position(), std::exp2(turn.y() / wheelUnitsPerDoubling));
     event->accept();
@@ -417,20 +422,16 @@ void KRMapView::wheelEvent(QWheelEvent *event)
 void KRMapView::keyPressEvent(QKeyEvent *event)
 {
     const double step = shareOfArrowKey * qMin(width(), height());
-    const auto pan = [&](double x, double y) {
-        m_wish.isOpen = false;
-        changeViewport(m_viewport.panned(QPointF(x, y)));
-    };
     const bool isPlain = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
     switch (isPlain ? event->key() : 0) {
     case Qt::Key_Left:
-        return pan(step, 0.0);
+        return pan(QPointF(step, 0.0));
     case Qt::Key_Right:
-        return pan(-step, 0.0);
+        return pan(QPointF(-step, 0.0));
     case Qt::Key_Up:
-        return pan(0.0, step);
+        return pan(QPointF(0.0, step));
     case Qt::Key_Down:
-        return pan(0.0, -step);
+        return pan(QPointF(0.0, -step));
     case Qt::Key_Plus:
     case Qt::Key_Equal: // the same key without Shift on many keyboards
         return zoomIn();

@@ -90,6 +90,8 @@ private:
     };
 
     void changeViewport(const KRMapViewport &viewport);
+    // What moves the map by hand gives up the wish.
+    void pan(const QPointF &way);
     void zoomAbout(const QPointF &pixel, double factor);
     void requestDrawing();
     void fulfilWish();

@@ -98,9 +98,9 @@ public:
     bool isReady = false;
 };
 
-void turnWheel(QWidget *widget, const QPoint &pixel, int turn)
+void turnWheel(QWidget *widget, const QPoint &pixel, const QPoint &turn)
 {
-    QWheelEvent event(pixel, widget->mapToGlobal(pixel), QPoint(), QPoint(0, turn), Qt::NoButton, Qt::NoModifier,
+    QWheelEvent event(pixel, widget->mapToGlobal(pixel), QPoint(), turn, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(widget, &event);
 }
@@ -260,13 +260,13 @@ void tst_KRMapView::zoomsAboutThePointer()
     ShownView view;
     const QPoint pointer = view.pixelOf(53.0, 8.8);
     const double before = view.viewport().worldWidth();
-    turnWheel(&view, pointer, 120);
+    turnWheel(&view, pointer, QPoint(0, 120));
     const double notch = view.viewport().worldWidth() / before;
     QVERIFY(notch > 1.2 && notch < 2.0);
     QVERIFY(view.keeps(53.0, 8.8, pointer));
     // The fine steps of a touch pad come to the same.
     for (int i = 0; i < 40; ++i)
-        turnWheel(&view, pointer, -3);
+        turnWheel(&view, pointer, QPoint(0, -3));
     QVERIFY(std::abs(view.viewport().worldWidth() / before - 1.0) < 1e-9);
     QVERIFY(view.keeps(53.0, 8.8, pointer));
 
@@ -349,6 +349,14 @@ void tst_KRMapView::showsWhatIsAskedFor()
     view.showAll();
     QVERIFY(view.wait());
     QVERIFY(isInView(41.0, -9.0) && isInView(59.0, 29.0) && !isInView(20.0, 60.0));
+
+    // Whoever moves the map while the tracks are looked through no longer asks for them.
+    view.setTracks(twoTracks());
+    view.showAll();
+    turnWheel(&view, QPoint(400, 300), QPoint(120, 0));
+    const KRMapViewport moved = view.viewport();
+    QVERIFY(view.wait());
+    QVERIFY(view.viewport() == moved);
 }
 
 void tst_KRMapView::drawsOnlyWhatChanged()
