@@ -20,7 +20,8 @@ class TrackCopier
 public:
     TrackCopier(KRXmlStream &stream, QIODevice *target) : m_stream(stream), m_writer(target), m_names(stream) { }
 
-    void copyDocument()
+    /// False when not all could be written: the writer stops at the first failure, which the target may forget.
+    bool copyDocument()
     {
         m_writer.writeStartDocument();
         m_writer.writeStartElement(QStringLiteral("gpx"));
@@ -31,6 +32,7 @@ public:
                 m_stream.skipElement();
         }
         m_writer.writeEndDocument();
+        return !m_writer.hasError();
     }
 
 private:
@@ -105,14 +107,13 @@ private:
 
 bool KRGpxRewriter::rewrite(const QFileInfo &file, QFile *target, KRErrorHistory *history)
 {
-    const auto copy = [target](KRXmlStream &stream) {
-        target->resize(0);
-        target->seek(0);
-        TrackCopier(stream, target).copyDocument();
+    bool isWritten = false;
+    const auto copy = [&](KRXmlStream &stream) {
+        isWritten = target->resize(0) && target->seek(0) && TrackCopier(stream, target).copyDocument();
     };
     if (!KRXmlStream::read(file, history, copy))
         return false;
-    if (target->flush())
+    if (isWritten && target->flush())
         return true;
     KRErrorHistory::report(history, target->fileName(), target->errorString());
     return false;
