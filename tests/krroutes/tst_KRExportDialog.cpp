@@ -95,6 +95,12 @@ void tst_KRExportDialog::writesWhatIsChosen()
         QCOMPARE(KRTestFile::content(path(written)).left(start.size()), start);
         QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files), QStringList(QString::fromUtf8(written)));
     });
+
+    KRExportDialog dialog(m_selection, m_shownArea, &m_ground);
+    dialog.show();
+    type(dialog, "file", path("Straße 1.5.KMZ"));
+    choose(dialog, "jpeg");
+    QCOMPARE(dialog.fileName(), path("Straße 1.5.jpg"));
 }
 
 void tst_KRExportDialog::showsWhatIsChosen()

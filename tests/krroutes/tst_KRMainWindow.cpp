@@ -359,11 +359,17 @@ void tst_KRMainWindow::mapIsExportedAndPrinted()
 {
     m_window->openFiles({m_tour});
     waitForMap();
+    key(Qt::Key_G);
     const QString file = path("Tour.gpx");
+    QString proposal;
     bool isPreview = false;
     KRDialogAnswer answers({[&](QWidget *dialog) {
-                                QTest::keyClicks(dialog->findChild<QComboBox *>(), QStringLiteral("GPX"));
+                                for (const char *const option : {"legend", "labels"})
+                                    if (dialog->findChild<QCheckBox *>(QLatin1String(option))->isChecked())
+                                        proposal += QLatin1String(option) + QLatin1Char(' ');
                                 auto *const edit = dialog->findChild<QLineEdit *>(QStringLiteral("file"));
+                                proposal += QFileInfo(edit->text()).completeBaseName();
+                                QTest::keyClicks(dialog->findChild<QComboBox *>(), QStringLiteral("GPX"));
                                 edit->clear();
                                 QTest::keyClicks(edit, file);
                                 KRDialogAnswer::press(*dialog, "Exportieren");
@@ -373,6 +379,7 @@ void tst_KRMainWindow::mapIsExportedAndPrinted()
                                 dialog->close();
                             }});
     key(Qt::Key_E);
+    QCOMPARE(proposal, QStringLiteral("legend Radtour um Oldenburg"));
     QVERIFY(KRTestFile::content(file).contains("Radtour um Oldenburg"));
     QVERIFY(m_window->statusBar()->currentMessage().contains(file));
     key(Qt::Key_P);
