@@ -163,12 +163,12 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
         reportUnreadable(file, tr("Es hat mehr als %1 Knoten.").arg(KRInputLimits::nodes), history);
         return false;
     }
-    if (!m_selection.isEmpty() && !folder.mkpath(QStringLiteral("."))) {
+    KRTrackFileWriter writer(folder);
+    if (!m_selection.isEmpty() && !writer.makeFolder()) {
         KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Routen kann nicht angelegt werden."));
         return false;
     }
     // The track files first: a document must not name what is not there.
-    KRTrackFileWriter writer(folder);
     learnFilesOf(file, writer);
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     const QList<QDomElement> elements = trackElements(document.documentElement().firstChildElement(selectionElement));

@@ -20,6 +20,15 @@ KRTrackFileWriter::~KRTrackFileWriter()
 {
     for (auto file = m_newFiles.cbegin(); file != m_newFiles.cend(); ++file)
         QFile::remove(m_folder.filePath(file.key()));
+    // Unless somebody else has put something into it.
+    if (m_isFolderNew)
+        QDir().rmdir(m_folder.path());
+}
+
+bool KRTrackFileWriter::makeFolder()
+{
+    m_isFolderNew = !m_folder.exists();
+    return m_folder.mkpath(QStringLiteral("."));
 }
 
 bool KRTrackFileWriter::hasFile(const KRGPXTrack &track) const
@@ -46,6 +55,7 @@ void KRTrackFileWriter::keepFiles()
     for (auto file = m_newFiles.cbegin(); file != m_newFiles.cend(); ++file)
         KRTrackFileStamps::instance()->remember(QFileInfo(m_folder, file.key()), file->stamp, file->track);
     m_newFiles.clear();
+    m_isFolderNew = false;
 }
 
 QString KRTrackFileWriter::writeNewFile(const KRGPXTrack &track, KRErrorHistory *history) const

@@ -12,8 +12,9 @@ class KRErrorHistory;
 /**
  * Gives tracks files in the folder of a route document. Those that have one which still holds them keep it.
  *
- * Each new file is read again, as a track may be more than what is read. The new files are removed in the end unless
- * keepFiles() is called, for without a document that names them they are of no use; until then nobody else names them.
+ * Each new file is read again, as a track may be more than what is read. The new files, and then the folder if it is
+ * new, are removed in the end unless keepFiles() is called, for without a document that names them they are of no use;
+ * until then nobody else names them.
  */
 class KRTrackFileWriter
 {
@@ -22,6 +23,9 @@ class KRTrackFileWriter
 public:
     explicit KRTrackFileWriter(const QDir &folder) : m_folder(folder) { }
     ~KRTrackFileWriter();
+
+    /// Where there is none yet. False when that fails, which is not reported.
+    bool makeFolder();
 
     /// Also true for a track without a segment that has the name of a file: it stands for one that could not be read.
     bool hasFile(const KRGPXTrack &track) const;
@@ -42,5 +46,6 @@ private:
     bool isReadable(const QString &fileName, const KRGPXTrack &track, KRErrorHistory *history) const;
 
     QDir m_folder;
+    bool m_isFolderNew = false;
     QHash<QString, NewFile> m_newFiles; // by name
 };
