@@ -27,7 +27,8 @@ QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileN
     document.setSelection(selection);
     KRErrorHistory history;
     const QFileInfo file(fileName);
-    if (inOneFile ? document.saveInOneFile(file, &history) : document.save(file, &history))
+    // In one file a track takes more of what may be read again.
+    if ((inOneFile && document.saveInOneFile(file, nullptr)) || document.save(file, &history))
         return QString();
     return history.isEmpty() ? fileName : history.entries().first().toString();
 }
