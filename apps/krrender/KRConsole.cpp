@@ -1,5 +1,6 @@
 #include "KRConsole.h"
 
+#include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRMessageText.h>
 
 #include <cstdio>
@@ -28,6 +29,12 @@ void KRConsole::print(const QString &line)
 void KRConsole::complain(const QString &problem)
 {
     print(QStringLiteral("krrender: ") + problem);
+}
+
+void KRConsole::complain(const KRErrorHistory &problems)
+{
+    for (const KRErrorHistory::Entry &problem : problems.entries())
+        complain(problem.toString());
 }
 
 void KRConsole::say(const QString &message)

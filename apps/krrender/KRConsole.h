@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class KRErrorHistory;
+
 /**
  * What krrender tells its user, on the standard error output.
  *
@@ -17,6 +19,8 @@ public:
     void print(const QString &line);
     /// A line with the program's name in front.
     void complain(const QString &problem);
+    /// The same for each of them.
+    void complain(const KRErrorHistory &problems);
     /// A line that the quiet leave out.
     void say(const QString &message);
 

@@ -117,8 +117,7 @@ int KRRenderProgram::save(const KRGPXTrackSelection &tracks)
     KRErrorHistory history;
     if (document.save(QFileInfo(m_options.document()), &history))
         return AllDone;
-    for (const KRErrorHistory::Entry &problem : history.entries())
-        m_console.complain(problem.toString());
+    m_console.complain(history);
     return WrongUsage;
 }
 
@@ -149,8 +148,7 @@ void KRRenderProgram::readRoutes()
     m_import.setSplitSegments(m_options.splitsSegments());
     m_import.read(m_options.inputs());
     m_console.clearProgress();
-    for (const KRErrorHistory::Entry &problem : m_import.problems().entries())
-        m_console.complain(problem.toString());
+    m_console.complain(m_import.problems());
     for (const KRImportReport &report : m_import.reports())
         printReport(report);
     if (m_options.isVerbose())
@@ -283,8 +281,7 @@ QImage KRRenderProgram::readMapPicture()
         return QImage();
     KRErrorHistory history;
     const QImage picture = KRPictureReader::read(QFileInfo(m_options.mapFile()), &history);
-    for (const KRErrorHistory::Entry &problem : history.entries())
-        m_console.complain(problem.toString());
+    m_console.complain(history);
     return picture;
 }
 

@@ -22,12 +22,6 @@ QString utcText(const QDateTime &time)
     return time.isValid() ? time.toUTC().toString(Qt::ISODate) : QString();
 }
 
-QString shapeKey(const KRGPXConfiguredTrack &track)
-{
-    const KRGPXTrackShape shape = track.effectiveShape();
-    return shape.enumToStringTable().encodeCSV(shape.value());
-}
-
 QString degrees(const KRGeoArc &angle)
 {
     return QString::number(angle.decimalDegrees(), 'f', 5);
@@ -75,7 +69,7 @@ QJsonObject trackValue(const KRGPXConfiguredTrack &track)
     return QJsonObject{
         {QStringLiteral("name"), track.name()},
         {QStringLiteral("description"), track.description()},
-        {QStringLiteral("shape"), shapeKey(track)},
+        {QStringLiteral("shape"), track.effectiveShape().keys()},
         {QStringLiteral("segments"), figures.segmentCount()},
         {QStringLiteral("points"), figures.pointCount()},
         {QStringLiteral("lengthKm"), figures.lengthKm()},
@@ -145,9 +139,9 @@ QString KRTrackTable::toText() const
     for (int i = 0; i < m_tracks.size(); ++i) {
         const KRGPXConfiguredTrack &track = m_tracks.at(i);
         const KRTrackFigures figures(track);
-        rows.append({QString::number(i + 1), KRMessageText::printable(track.name().simplified()), shapeKey(track),
-                     QString::number(figures.segmentCount()), QString::number(figures.pointCount()),
-                     QString::number(figures.lengthKm(), 'f', 2),
+        rows.append({QString::number(i + 1), KRMessageText::printable(track.name().simplified()),
+                     track.effectiveShape().keys(), QString::number(figures.segmentCount()),
+                     QString::number(figures.pointCount()), QString::number(figures.lengthKm(), 'f', 2),
                      figures.hasElevation() ? QString::number(figures.climbMetres()) : QString(),
                      utcText(figures.from()), utcText(figures.to()), areaText(figures.boundingBox())});
     }
