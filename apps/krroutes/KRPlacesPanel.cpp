@@ -10,6 +10,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace {
 
 /// Places whose name has the text in it, or the place that the text describes.
@@ -71,7 +73,7 @@ void KRPlacesPanel::showPlaces(const QString &text)
 {
     m_places = placesFor(text);
     m_list->clear();
-    for (const KRBaseMapPlace &place : qAsConst(m_places)) {
+    for (const KRBaseMapPlace &place : std::as_const(m_places)) {
         auto *const item = new QListWidgetItem(place.name, m_list);
         item->setToolTip(place.position.toString(true));
     }

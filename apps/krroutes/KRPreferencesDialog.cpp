@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -60,7 +61,7 @@ void KRPreferencesDialog::addBox(KRPreferencesBox *box)
 
 void KRPreferencesDialog::accept()
 {
-    for (KRPreferencesBox *box : qAsConst(m_boxes))
+    for (KRPreferencesBox *box : std::as_const(m_boxes))
         box->writeToConfig();
     QDialog::accept();
 }

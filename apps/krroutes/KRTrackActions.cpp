@@ -12,6 +12,8 @@
 #include <QMainWindow>
 #include <QMenu>
 
+#include <utility>
+
 KRTrackActions::KRTrackActions(KRRouteWorkspace *workspace, QMainWindow *window)
     : QObject(window), m_workspace(workspace), m_window(window)
 {
@@ -111,7 +113,7 @@ void KRTrackActions::updateActions()
 {
     const KRGPXTrackSelection selection = m_workspace->selection();
     const bool isTrack = selection.checkRange(m_row);
-    for (QAction *const action : qAsConst(m_actions)) {
+    for (QAction *const action : std::as_const(m_actions)) {
         if (action != nullptr)
             action->setEnabled(isTrack);
     }
