@@ -87,7 +87,7 @@ void KRMapComposition::paintNames(QPainter *painter, const KRMapProjection &proj
     if (m_ground && m_hasScaleBar)
         taken << KRMapFurniture::scaleBarBox(m_size, projection, m_factor);
     if (m_ground && m_hasAttribution)
-        taken << KRMapFurniture::creditBox(m_size, *m_ground, m_factor);
+        taken << KRMapFurniture::creditsBox(m_size, *m_ground, m_factor);
     KRMapLabelBoard labels(QRectF(), 0.0);
     if (m_hasLabels)
         labels = KRTrackLabels::arranged(m_selection, projection, m_size, m_factor, taken);
@@ -103,7 +103,7 @@ void KRMapComposition::paintFurniture(QPainter *painter, const KRMapProjection &
     if (m_ground && m_hasScaleBar)
         KRMapFurniture::paintScaleBar(painter, m_size, projection, m_factor);
     if (m_ground && m_hasAttribution)
-        KRMapFurniture::paintCredit(painter, m_size, *m_ground, m_factor);
+        KRMapFurniture::paintCredits(painter, m_size, *m_ground, m_factor);
     if (m_hasLegend)
         KRMapLegend::paint(*painter, m_selection, projection, m_size, m_factor);
 }

@@ -80,7 +80,7 @@ void KRMapFurniture::paintScaleBar(QPainter *painter, const QSize &size, const K
     scaleRenderer(size, projection, fitting).paintScale(painter, QRect(QPoint(), size), fitting);
 }
 
-void KRMapFurniture::paintCredit(QPainter *painter, const QSize &size, const KRMapGround &ground, double factor)
+void KRMapFurniture::paintCredits(QPainter *painter, const QSize &size, const KRMapGround &ground, double factor)
 {
     paintAttribution(painter, size, factor);
     paintCredit(painter, size, ground.credit(), factor);
@@ -97,7 +97,7 @@ QRectF KRMapFurniture::scaleBarBox(const QSize &size, const KRMapProjection &pro
     return scaleRenderer(size, projection, fitting).scaleBox(QRect(QPoint(), size), fitting);
 }
 
-QRectF KRMapFurniture::creditBox(const QSize &size, const KRMapGround &ground, double factor)
+QRectF KRMapFurniture::creditsBox(const QSize &size, const KRMapGround &ground, double factor)
 {
     return attributionBox(size, factor).united(creditBox(size, ground.credit(), factor));
 }

@@ -18,7 +18,7 @@ public:
     /// The bar is right along the middle row of the picture; elsewhere the scale of the map is another.
     static void paintScaleBar(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor);
     /// The attribution of the library, and the credit of the ground above it.
-    static void paintCredit(QPainter *painter, const QSize &size, const KRMapGround &ground, double factor);
+    static void paintCredits(QPainter *painter, const QSize &size, const KRMapGround &ground, double factor);
     static void paintAttribution(QPainter *painter, const QSize &size, double factor);
     /// Above the place of the attribution and in its look; long texts take several lines. Nothing is painted for an
     /// empty text.
@@ -27,7 +27,7 @@ public:
     /// Where they are painted, for others to keep away from.
     static QRectF scaleBarBox(const QSize &size, const KRMapProjection &projection, double factor);
     /// Around both boxes.
-    static QRectF creditBox(const QSize &size, const KRMapGround &ground, double factor);
+    static QRectF creditsBox(const QSize &size, const KRMapGround &ground, double factor);
     static QRectF attributionBox(const QSize &size, double factor);
     static QRectF creditBox(const QSize &size, const QString &text, double factor);
 

@@ -42,9 +42,10 @@ public:
     bool load(const QFileInfo &file, KRErrorHistory *history);
 
     /// False when the document or one of its track files cannot be written, or could not be read again (with more than
-    /// some 22,000 tracks); the old document is whole then, and there are no new files.
+    /// some 22,000 tracks); the old document is whole then, and there is nothing new beside it.
     bool save(const QFileInfo &file, KRErrorHistory *history) const;
-    /// The same without a folder: quick for many small tracks, but all points are written each time.
+    /// The same without a folder: quick for many small tracks, of which fewer are too many, but all points are written
+    /// each time.
     bool saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const;
 
 private:

@@ -86,7 +86,7 @@ void KRAutosave::startWriting()
         return;
     }
     const KRGPXTrackSelection selection = m_workspace->selection();
-    const bool inOneFile = countPoints(selection) <= m_largestFile;
+    const bool inOneFile = countPoints(selection) <= m_mostPointsInOneFile;
     m_writing.setFuture(QtConcurrent::run(&m_thread, writeDocument, selection, m_folder->recoveryFile(), inOneFile));
 }
 

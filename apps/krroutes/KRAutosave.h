@@ -31,7 +31,7 @@ public:
     /// How long after a change it is written, so that a series of changes is written once.
     void setDelay(int delayMs) { m_timer.setInterval(delayMs); }
     /// Up to so many points are written each time, into one file, which is quicker than a file for each track.
-    void setLargestFile(int pointCount) { m_largestFile = pointCount; }
+    void setMostPointsInOneFile(int count) { m_mostPointsInOneFile = count; }
 
     /// From now on work is kept in the folder that a crashed program has left and the workspace has just recovered.
     void adopt(std::unique_ptr<KRRecoveryFolder> folder);
@@ -48,7 +48,7 @@ private:
     KRRouteWorkspace *m_workspace;
     std::unique_ptr<KRRecoveryFolder> m_folder;
     QTimer m_timer;
-    int m_largestFile = 100000;
+    int m_mostPointsInOneFile = 100000;
     QThreadPool m_thread; ///< not that of all, which draws
     QFutureWatcher<QString> m_writing; ///< the reason of a failure, empty without one
 };

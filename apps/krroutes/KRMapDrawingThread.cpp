@@ -217,7 +217,7 @@ void KRMapDrawingThread::paintNames(QPainter *painter, const Task &task)
     {
         const QMutexLocker locker(&m_groundMutex);
         if (m_ground != nullptr)
-            taken << KRMapFurniture::creditBox(size, *m_ground, furnitureFactor * factor);
+            taken << KRMapFurniture::creditsBox(size, *m_ground, furnitureFactor * factor);
     }
     if (task.hasLegend)
         taken << KRMapLegend::box(task.selection, projection, size, factor);

@@ -331,7 +331,7 @@ void KRMapView::paintFurniture(QPainter *painter) const
     painter->scale(1.0 / m_viewport.devicePixelRatio(), 1.0 / m_viewport.devicePixelRatio());
     KRMapFurniture::paintScaleBar(painter, size, m_viewport.projection(), factor);
     if (m_ground != nullptr)
-        KRMapFurniture::paintCredit(painter, size, *m_ground, factor);
+        KRMapFurniture::paintCredits(painter, size, *m_ground, factor);
     painter->drawImage(m_legendCorner, m_legend);
     painter->restore();
 }

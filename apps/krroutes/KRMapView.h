@@ -19,7 +19,8 @@ class QTouchEvent;
  * Ground and tracks are drawn by threads of their own; meanwhile the last picture is moved and scaled, so that the map
  * follows the hand however much there is to draw. Rows count as the tracks of the selection.
  *
- * Drag: move. Wheel: zoom about the pointer. Double click: zoom in. Keys: arrows, plus, minus, Home for all tracks.
+ * Drag: move. Wheel: zoom about the pointer, sideways: move. Double click: zoom in. Keys: arrows, plus, minus, Home for
+ * all tracks.
  */
 class KRMapView : public QWidget
 {

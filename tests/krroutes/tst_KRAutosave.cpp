@@ -81,10 +81,10 @@ static const KRTestRegistration<tst_KRAutosave> registration;
 
 void tst_KRAutosave::workSurvivesACrash()
 {
-    for (const int largestFile : {1000, 3}) { // in one file, and with track files
+    for (const int mostPointsInOneFile : {1000, 3}) { // the second with track files
         init();
         Work work(place());
-        work.autosave.setLargestFile(largestFile);
+        work.autosave.setMostPointsInOneFile(mostPointsInOneFile);
         const QString document = path("Reise.krroute");
         work.add("Tour");
         QVERIFY(work.workspace.save(document, nullptr));
