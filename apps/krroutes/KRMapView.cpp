@@ -16,6 +16,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -269,8 +270,14 @@ void KRMapView::touchEvent(QTouchEvent *event)
 {
     event->accept();
     const QList<KRQtCompat::Touch> touches = KRQtCompat::touches(event);
+    const QHash<int, QPointF> fingersBefore = std::exchange(m_fingers, {});
+    for (const KRQtCompat::Touch &touch : touches)
+        m_fingers.insert(touch.id, touch.position);
     if (touches.size() > 1) {
-        const QLineF before(touches.at(0).lastPosition, touches.at(1).lastPosition);
+        const auto positionBefore = [&fingersBefore](const KRQtCompat::Touch &touch) {
+            return touch.isNew ? touch.position : fingersBefore.value(touch.id, touch.position);
+        };
+        const QLineF before(positionBefore(touches.at(0)), positionBefore(touches.at(1)));
         const QLineF now(touches.at(0).position, touches.at(1).position);
         m_isPressed = false;
         m_wish.isOpen = false;

@@ -7,7 +7,9 @@
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
+#include <QHash>
 #include <QMetaObject>
+#include <QPointF>
 #include <QWidget>
 
 class KRMapGround;
@@ -135,6 +137,7 @@ private:
     QPoint m_draggedTo;
     bool m_isPressed = false;
     bool m_isDragged = false;
+    QHash<int, QPointF> m_fingers; ///< where each of them was last
 
     // The first to go.
     KRMapDrawingThread m_groundThread{KRMapDrawingThread::Part::Ground};

@@ -13,6 +13,7 @@
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
 #else
+#include <QEventPoint>
 #include <QStringConverter>
 #endif
 
@@ -97,23 +98,24 @@ QPoint dropPosition(const DropEvent *event)
 #endif
 }
 
-/// Now and before, in the coordinates of the widget.
+/// A finger and where in the widget it is. Where it was is to be remembered: Qt 6 tells of one that rests or is lifted
+/// where its last movement began.
 struct Touch {
+    int id;
+    bool isNew; // just put down
     QPointF position;
-    QPointF lastPosition;
 };
 
-/// The fingers on the widget.
 template <typename TouchEvent>
 QList<Touch> touches(const TouchEvent *event)
 {
     QList<Touch> touches;
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     for (const auto &point : event->touchPoints())
-        touches.append({point.pos(), point.lastPos()});
+        touches.append({point.id(), point.state() == Qt::TouchPointPressed, point.pos()});
 #else
     for (const auto &point : event->points())
-        touches.append({point.position(), point.lastPosition()});
+        touches.append({point.id(), point.state() == QEventPoint::Pressed, point.position()});
 #endif
     return touches;
 }

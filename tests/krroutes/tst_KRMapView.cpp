@@ -285,15 +285,25 @@ void tst_KRMapView::fingersPinch()
     ShownView view;
     auto *const screen = QTest::createTouchDevice();
     const double before = view.viewport().worldWidth();
+    const auto moveTo = [&](const QPoint &first, const QPoint &second) {
+        QTest::touchEvent(&view, screen).move(1, first, &view).move(2, second, &view);
+    };
     QTest::touchEvent(&view, screen).press(1, QPoint(350, 300), &view).press(2, QPoint(450, 300), &view);
-    for (int i = 1; i <= 10; ++i) {
-        QTest::touchEvent(&view, screen)
-            .move(1, QPoint(350 - 10 * i, 300), &view)
-            .move(2, QPoint(450 + 10 * i, 300), &view);
-    }
+    for (int i = 1; i <= 10; ++i)
+        moveTo(QPoint(350 - 10 * i, 300), QPoint(450 + 10 * i, 300));
     QTest::touchEvent(&view, screen).release(1, QPoint(250, 300), &view).release(2, QPoint(550, 300), &view);
     const double factor = view.viewport().worldWidth() / before;
     QVERIFY2(std::abs(factor - 3.0) < 0.01, qPrintable(QString::number(factor)));
+
+    // One finger rests while the other moves, then one comes back elsewhere.
+    QTest::touchEvent(&view, screen).press(1, QPoint(300, 300), &view).press(2, QPoint(400, 300), &view);
+    moveTo(QPoint(200, 300), QPoint(400, 300));
+    moveTo(QPoint(200, 300), QPoint(300, 300));
+    QTest::touchEvent(&view, screen).release(1, QPoint(200, 300), &view).move(2, QPoint(300, 300), &view);
+    QTest::touchEvent(&view, screen).press(1, QPoint(100, 300), &view).move(2, QPoint(300, 300), &view);
+    QTest::touchEvent(&view, screen).release(1, QPoint(100, 300), &view).release(2, QPoint(300, 300), &view);
+    const double unchanged = view.viewport().worldWidth() / before / factor;
+    QVERIFY2(std::abs(unchanged - 1.0) < 0.01, qPrintable(QString::number(unchanged)));
 
     QSignalSpy clicked(&view, &KRMapView::trackClicked);
     view.showAll();
