@@ -1,6 +1,5 @@
 #include "KRBaseMap.h"
 
-#include "KREnglishTexts.h"
 #include "KRTestMap.h"
 #include "KRTestPicture.h"
 #include "KRTestRegistry.h"
@@ -19,7 +18,6 @@ private slots:
     void ground();
     void noSeamAtTheDateLine();
     void linesAreDrawn();
-    void languageOfTheTexts();
     void staysInItsRectangle();
     void extremes();
 
@@ -52,18 +50,12 @@ void tst_KRBaseMap::ground()
     const KRTestMap bering{60, 72, 170, -160};
     const QSize wide(1000, 500);
     const KRTestTable<KRTestMap, QSize, double, double, int> table{
-        {"world: Atlantic", world, wide, 32.5, -41.5, int(Sea)},
-        {"world: Sahara", world, wide, 22.0, 12.0, int(Land)},
         {"world: Caspian Sea, a hole in the land", world, wide, 41.7, 50.7, int(Sea)},
         {"world: Chukotka, east of 180 degrees", world, wide, 66.6, -177.0, int(Land)},
         {"three worlds: copy in the west", whole, QSize(1500, 500), 22.0, 12.0 - 360.0, int(Land)},
-        {"three worlds: copy in the east", whole, QSize(1500, 500), 32.5, -41.5 + 360.0, int(Sea)},
         {"Antarctica at 85 degrees", whole, QSize(800, 800), -85.0, 40.0, int(Land)},
-        {"country: central Germany", {47, 55, 5.5, 15.5}, QSize(900, 1100), 51.3, 9.3, int(Land)},
-        {"Bering Strait: Chukotka", bering, wide, 66.6, 183.5, int(Land)},
         {"Bering Strait: sea on 180 degrees", bering, wide, 62.3, 179.1, int(Sea)},
         {"Fiji: sea between the islands", {-22, -10, 174, -168}, wide, -17.1, 188.5, int(Sea)},
-        {"city: land", {53.05, 53.2, 8.1, 8.4}, wide, 53.127, 8.246, int(Land)},
         {"street", {53.1400, 53.1404, 8.2, 8.2008}, wide, 53.14021, 8.20043, int(Land)},
     };
     table.forEach([&](const KRTestMap &area, const QSize &size, double latitude, double longitude, int expected) {
@@ -89,7 +81,6 @@ void tst_KRBaseMap::linesAreDrawn()
     const KRTestTable<KRTestMap, QColor> table{
         {"coast of Jutland", {56.05, 56.35, 7.9, 8.4}, QColor(104, 141, 168)},
         {"border along the Oder", {52.2, 52.5, 14.3, 14.9}, QColor(176, 154, 146)},
-        {"border through the Alps", {46.3, 46.6, 9.2, 9.7}, QColor(176, 154, 146)},
     };
     table.forEach([](const KRTestMap &area, const QColor &color) {
         const QImage image = picture(area, QSize(500, 500), 3.0);
@@ -99,18 +90,6 @@ void tst_KRBaseMap::linesAreDrawn()
             hits += image.pixelColor(x, 480) == color ? 1 : 0;
         QVERIFY2(hits >= 1 && hits < 20, qPrintable(QString::number(hits)));
     });
-}
-
-void tst_KRBaseMap::languageOfTheTexts()
-{
-    const KRTestMap area{47, 55.2, 5.5, 15.5};
-    const QImage german = picture(area, QSize(600, 700));
-    QCOMPARE(picture(area, QSize(600, 700)), german);
-    const KREnglishTexts english;
-    const QImage translated = picture(area, QSize(600, 700));
-    const auto differs = [&](const QRect &part) { return german.copy(part) != translated.copy(part); };
-    QVERIFY2(differs(QRect(0, 0, 600, 20)), "8° O became 8° E");
-    QVERIFY2(differs(QRect(100, 100, 400, 500)), "Deutschland became Germany");
 }
 
 void tst_KRBaseMap::staysInItsRectangle()
@@ -130,15 +109,11 @@ void tst_KRBaseMap::extremes()
     const KRTestMap world{-85.0511287798066, 85.0511287798066, -180, 180};
     const KRTestTable<KRTestMap, QSize, double> table{
         {"one pixel", world, QSize(1, 1), 1.0},
-        {"wide and low", world, QSize(3000, 3), 1.0},
         {"narrow and high", world, QSize(3, 3000), 1.0},
-        {"factor 0", world, QSize(200, 100), 0.0},
         {"factor not a number", world, QSize(200, 100), std::numeric_limits<double>::quiet_NaN()},
         {"huge factor", world, QSize(200, 100), 1e9},
         {"no area", {50, 50, 8, 8}, QSize(20, 20), 1.0},
         {"beyond the map", {86, 89, 10, 20}, QSize(200, 100), 1.0},
-        {"up to the pole", {80, 89.9999, 10, 20}, QSize(200, 100), 1.0},
-        {"a metre", {53.14, 53.14001, 8.2, 8.20001}, QSize(2000, 1000), 1.0},
         {"a thousandth of a millimetre", {53.14, 53.14000000001, 8.2, 8.20000000001}, QSize(200, 100), 1.0},
     };
     table.forEach([](const KRTestMap &area, const QSize &size, double factor) {

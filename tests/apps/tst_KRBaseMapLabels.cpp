@@ -60,13 +60,9 @@ void tst_KRBaseMapLabels::countriesInView()
     const KRTestTable<KRTestMap, QSize, bool, const char *, int> table{
         {"in German", europe, large, true, "Deutschland", 1},
         {"in English", europe, large, false, "Germany", 1},
-        {"in two lines", europe, large, false, "United Kingdom", 1},
-        {"too small here", europe, large, false, "Luxembourg", 0},
         {"too small, enlarged", {49, 50.5, 5, 7}, large, false, "Luxembourg", 1},
-        {"not in view", europe, large, true, "Australien", 0},
         {"only its edge in view", {50, 54, 13, 19}, QSize(700, 500), true, "Deutschland", 1},
         {"on both sides of the date line", fiji, large, true, "Fidschi", 1},
-        {"small island", fiji, large, true, "Niue", 1},
         {"no small island on the world map", world, large, true, "Niue", 0},
         {"each copy of the world", world, QSize(2100, 700), true, "Australien", 3},
     };
@@ -98,9 +94,7 @@ void tst_KRBaseMapLabels::labelsAreApartAndInside()
 {
     const KRTestTable<KRTestMap, QSize, double, int> table{
         {"world", {-60, 78, -180, 180}, QSize(1600, 800), 1.0, 40},
-        {"Caribbean", {9, 28, -90, -58}, QSize(1200, 800), 1.0, 25},
         {"high density", {34, 71, -25, 45}, QSize(2400, 2000), 2.0, 30},
-        {"narrow", {30, 60, 8, 12}, QSize(60, 1400), 1.0, 1},
         {"one pixel", {-60, 78, -180, 180}, QSize(1, 1), 1.0, 0},
     };
     table.forEach([&](const KRTestMap &area, const QSize &size, double factor, int atLeast) {
@@ -149,7 +143,6 @@ void tst_KRBaseMapLabels::places()
 void tst_KRBaseMapLabels::graticuleTexts()
 {
     const KRTestTable<KRTestMap, QSize, const char *, const char *> table{
-        {"country", {52.5, 54.5, 7.5, 10.5}, QSize(360, 400), "8° O, 9° O, 10° O", "53° N, 54° N"},
         {"around the zero point", {-1.5, 1.5, -1.5, 1.5}, QSize(400, 400), "1° W, 0°, 1° O", "1° S, 0°, 1° N"},
         {"across the date line", {-1.5, 1.5, 178.5, -178.5}, QSize(400, 400), "179° O, 180°, 179° W", "1° S, 0°, 1° N"},
         {"minutes",
@@ -195,10 +188,8 @@ void tst_KRBaseMapLabels::graticuleKeepsItsDistance()
 void tst_KRBaseMapLabels::agreesWithTheProjection()
 {
     const KRTestTable<KRTestMap, QSize> table{
-        {"world", {-60.0, 78.0, -180.0, 180.0}, QSize(1600, 800)},
         {"world in a narrow image, beyond the poles", {-60.0, 60.0, -180.0, 180.0}, QSize(64, 400)},
         {"across the date line", {-22.0, -10.0, 174.0, -168.0}, QSize(1200, 800)},
-        {"city", {53.1, 53.2, 8.1, 8.3}, QSize(1000, 700)},
         {"a few metres", {53.14, 53.14001, 8.2, 8.20001}, QSize(2000, 2000)},
         {"near the pole", {84.9, 85.05, 10.0, 20.0}, QSize(500, 500)},
     };
@@ -224,9 +215,6 @@ void tst_KRBaseMapLabels::agreesWithTheProjection()
     const QVector<QPointF> copies = world.toPixels(KRGeoPosition(10.0, 20.0));
     QCOMPARE(copies.size(), 9);
     QVERIFY(qAbs(copies.at(1).x() - copies.at(0).x() - world.worldSize()) < 1e-6);
-    const KRBaseMapView fiji = view({-22.0, -10.0, 174.0, -168.0}, size);
-    QCOMPARE(fiji.toPixels(KRGeoPosition(-16.0, -179.0)).size(), 1);
-    QVERIFY(fiji.toPixels(KRGeoPosition(10.0, -179.0)).isEmpty());
 }
 
 static const KRTestRegistration<tst_KRBaseMapLabels> registration;

@@ -33,43 +33,30 @@ void tst_KRKmlCoordinates::reads()
     // the text, what toText() makes of it, and the number of unreadable positions
     const KRTestTable<const char *, const char *, int> table{
         {"tuples on lines", "\n\t8.25,53.5,4\n\t8.5,53.6,-12\n", "8.25,53.5,4 8.5,53.6,-12", 0},
-        {"without elevation", "8,53 -9,-54", "8,53 -9,-54", 0},
-        {"nothing", " \n ", "", 0},
 
         // Blanks and line breaks inside of tuples.
         {"blanks behind commas", "8, 53, 4 9, 54, 5", "8,53,4 9,54,5", 0},
-        {"blanks before commas", "8 ,53 ,4 9 ,54 ,5", "8,53,4 9,54,5", 0},
         {"line break in a tuple", "8,\n53,4 9,54,5", "8,53,4 9,54,5", 0},
-        {"line break before the elevation", "8,53,\n4 9,54,5", "8,53,4 9,54,5", 0},
-        {"one blank only", "8, 53,4", "8,53,4", 0},
         {"no-break space between tuples", "8,53\u00A09,54", "8,53 9,54", 0},
 
         // Commas instead of blanks.
         {"comma behind triples", "8,53,4, 9,54,5,\n7,52,6,", "8,53,4 9,54,5 7,52,6", 0},
         {"comma behind pairs", "8,53, 9,54,\n7,52", "8,53 9,54 7,52", 0},
-        {"commas with blanks only", "8, 53, 4, 9, 54, 5", "8,53,4 9,54,5", 0},
         {"commas only", "8,53,4,9,54,5,7,52,6", "8,53,4 9,54,5 7,52,6", 0},
         {"a fourth number is dropped", "8,53,4,1700000000 9,54", "8,53,4 9,54", 0},
-        {"so is a fifth", "8,53,4,5,6", "8,53,4", 0},
 
         // Numbers.
         {"exponents", "8.25e0,5.35E1,1e3 -1E-3,2e-1", "8.25,53.5,1000 -0.001,0.2", 0},
         {"plus signs", "+8,+53,+4", "8,53,4", 0},
         {"elevations are cut to metres", "8,53,12.9 8,53,-3.7 8,53,0.5", "8,53,12 8,53,-3 8,53", 0},
         {"elevation that is none", "8,53,5m 8,53,nan 8,53,1e300", "8,53 8,53 8,53,2147483647", 0},
-        {"empty elevation", "8,53, 9,54,", "8,53 9,54", 0},
-        {"points at the ends", ".5,53. 8.,.5", "0.5,53 8,0.5", 0},
         {"more than seven decimals are cut", "8.12345678901,53.00000009", "8.1234567,53", 0},
-        {"minus between 0 and -1", "-0.5,-0.25", "-0.5,-0.25", 0},
 
         // What is no position.
         {"words", "xxx,53 8,yyy 9,54", "9,54", 2},
-        {"digits with letters", "8x,53", "", 1},
         {"no latitude", "8 53 4", "", 3},
-        {"empty longitude", ",53,4", "", 1},
         {"empty latitude", "8,,4", "", 1},
         {"not finite", "nan,53 inf,53 1e400,53", "", 3},
-        {"decimal comma", "8;53", "", 1},
         {"endless number",
          "8.11111111111111111111111111111111111111111111111111111111111111111111111111111111111111111"
          "1111111111111111,53",

@@ -25,10 +25,8 @@ private slots:
 void tst_KRMapArea::covered()
 {
     const KRTestTable<Positions, KRTestMap> table{
-        {"one side of the globe", {{53.0, 8.0}, {54.0, 9.5}, {52.5, 8.25}}, {52.5, 54.0, 8.0, 9.5}},
         {"across Greenwich", {{51.0, -1.0}, {50.0, 2.0}}, {50.0, 51.0, -1.0, 2.0}},
         {"east over the date line", {{-18.1, 178.4}, {-15.0, -179.0}, {-13.8, -171.8}}, {-18.1, -13.8, 178.4, -171.8}},
-        {"west over the date line", {{10.0, -170.0}, {20.0, 170.0}}, {10.0, 20.0, 170.0, -170.0}},
         {"the long way when it was walked",
          {{0.0, 170.0}, {0.0, 60.0}, {1.0, -60.0}, {0.0, -170.0}},
          {0.0, 1.0, -170.0, 170.0}},
@@ -62,7 +60,6 @@ void tst_KRMapArea::covered()
 void tst_KRMapArea::padding()
 {
     const KRTestTable<Positions, double, double> table{
-        {"a tenth of the larger side", {{50.0, 8.0}, {54.0, 9.0}}, 7.6, 9.4},
         {"over the date line", {{0.0, 179.0}, {1.0, -171.0}}, 178.0, -170.0},
         {"into the date line", {{0.5, 160.0}, {1.0, 179.9}}, 158.01, -178.11},
         {"no more than the world", {{0.5, -175.0}, {1.0, 0.0}, {2.0, 175.0}}, -180.0, 180.0},
@@ -84,17 +81,14 @@ void tst_KRMapArea::parse()
 {
     const KRTestTable<const char *, bool> table{
         {"decimal corners", "N53.5 E8.0 .. N53.0 E9.0", true},
-        {"no blanks around the dots", "N53.5 E8.0..N53.0 E9.0", true},
         {"degrees, minutes, seconds", "53,30,0N;8,0,0E .. 53,0,0N;9,0,0E", true},
         {"over the date line", "S10 E170 .. S20 W170", true},
         {"from pole to pole", "N90 W180 .. S90 E180", true},
         {"nothing but a pole", "N90 E8 .. N86 E9", false},
         {"corners the wrong way round", "N53.0 E8.0 .. N53.5 E9.0", false},
         {"no width", "N53.5 E8.0 .. N53.0 E8.0", false},
-        {"one corner", "N53.5 E8.0", false},
         {"out of the world", "N99 E8.0 .. N53.0 E9.0", false},
         {"not a number", "Nnan E8.0 .. N53.0 E9.0", false},
-        {"empty", "", false},
     };
     table.forEach([&](const char *text, bool isValid) {
         const KRGeoPositionRect area = KRMapArea::parse(QString::fromUtf8(text));

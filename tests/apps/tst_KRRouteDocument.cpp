@@ -1,6 +1,8 @@
 #include "KRRouteDocument.h"
 
+#include "KRTestFile.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTrackFileStamps.h"
 
 #include <KRCore/KRErrorHistory.h>
@@ -8,8 +10,6 @@
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 #include <KRGeoLocation/KRGeoPositionSpan.h>
 
-#include <QLoggingCategory>
-#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -47,15 +47,7 @@ QList<KRGPXTrackPoint> pointsOf(const KRGPXTrack &track)
     return points;
 }
 
-QByteArray contentOf(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
-
-Q_DECLARE_METATYPE(KRGPXTrack)
 
 class tst_KRRouteDocument : public QObject
 {
@@ -68,10 +60,7 @@ private slots:
     void unchangedTracksAreNotWrittenAgain();
     void missingTrackFileIsWrittenAgain();
     void unreadableTrackFilesStayUntouched();
-    void refusesWhatIsNoDocument_data();
     void refusesWhatIsNoDocument();
-    void failedSaveKeepsTheOldDocument();
-    void whatIsSavedCanBeRead_data();
     void whatIsSavedCanBeRead();
     void filesStayWithTheirTracks();
     void fileReplacedWhileItIsRead();
@@ -148,16 +137,14 @@ void tst_KRRouteDocument::unchangedTracksAreNotWrittenAgain()
     selection.addTrack(tour());
     save(selection);
     // A mark that only stays as long as nobody writes the file.
-    QFile file(trackFile(QStringLiteral("track.gps")));
-    QVERIFY(file.open(QIODevice::Append));
-    file.write("<!-- mark -->");
-    file.close();
-    const QByteArray marked = contentOf(file.fileName());
+    const QString file = trackFile(QStringLiteral("track.gps"));
+    const QByteArray marked = KRTestFile::content(file) + "<!-- mark -->";
+    KRTestFile::write(file, marked);
 
     selection = load();
     selection.addTrack(KRGPXTrack(QStringLiteral("Neu"), QString(), tour().segments(), LineStringTrackShape));
     save(selection);
-    QCOMPARE(contentOf(file.fileName()), marked);
+    QCOMPARE(KRTestFile::content(file), marked);
     QCOMPARE(load().count(), 2);
 }
 
@@ -178,11 +165,8 @@ void tst_KRRouteDocument::unreadableTrackFilesStayUntouched()
         selection.addTrack(KRGPXTrack(QLatin1String(name), QString(), tour().segments(), LineStringTrackShape));
     save(selection);
     const QByteArray damaged = "<includedTrack><trk><name>ei";
-    QFile file(trackFile(QStringLiteral("track.gps")));
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(damaged);
-    file.close();
-    const QByteArray second = contentOf(trackFile(QStringLiteral("track_1.gps")));
+    const QString file = KRTestFile::write(trackFile(QStringLiteral("track.gps")), damaged);
+    const QByteArray second = KRTestFile::content(trackFile(QStringLiteral("track_1.gps")));
     QVERIFY(QFile::remove(trackFile(QStringLiteral("track_1.gps"))));
 
     KRErrorHistory history;
@@ -192,62 +176,35 @@ void tst_KRRouteDocument::unreadableTrackFilesStayUntouched()
     QCOMPARE(selection.value(2).name(), QStringLiteral("drei"));
 
     save(selection);
-    QCOMPARE(contentOf(file.fileName()), damaged);
+    QCOMPARE(KRTestFile::content(file), damaged);
     // Once the lost file is back, the document finds it where it was.
-    QFile back(trackFile(QStringLiteral("track_1.gps")));
-    QVERIFY(!back.exists());
-    QVERIFY(back.open(QIODevice::WriteOnly));
-    back.write(second);
-    back.close();
+    const QString back = trackFile(QStringLiteral("track_1.gps"));
+    QVERIFY(!QFile::exists(back));
+    KRTestFile::write(back, second);
     QCOMPARE(load().value(1).name(), QStringLiteral("zwei"));
-}
-
-void tst_KRRouteDocument::refusesWhatIsNoDocument_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("truncated") << QByteArray("<routes><selection>");
-    QTest::newRow("another root") << QByteArray("<gpx/>");
-    QTest::newRow("empty") << QByteArray();
 }
 
 void tst_KRRouteDocument::refusesWhatIsNoDocument()
 {
-    QFETCH(QByteArray, content);
-    QFile file(document().filePath());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    file.close();
-    KRRouteDocument read;
-    read.setSelection(KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack())));
-    KRErrorHistory history;
-    QVERIFY(!read.load(document(), &history));
-    QCOMPARE(history.entries().size(), 1);
-    QCOMPARE(read.selection().count(), 1);
+    const KRTestTable<QByteArray> table{
+        {"truncated", "<routes><selection>"},
+        {"another root", "<gpx/>"},
+        {"empty", {}},
+    };
+    table.forEach([&](const QByteArray &content) {
+        KRTestFile::write(document().filePath(), content);
+        KRRouteDocument read;
+        read.setSelection(KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack())));
+        KRErrorHistory history;
+        QVERIFY(!read.load(document(), &history));
+        QCOMPARE(history.entries().size(), 1);
+        QCOMPARE(read.selection().count(), 1);
+    });
 }
 
-void tst_KRRouteDocument::failedSaveKeepsTheOldDocument()
+/// And what cannot leaves nothing behind.
+void tst_KRRouteDocument::whatIsSavedCanBeRead()
 {
-    KRGPXTrackSelection selection;
-    selection.addTrack(tour());
-    save(selection);
-    const QByteArray old = contentOf(document().filePath());
-
-    // The folder cannot be made where a file has its name.
-    QVERIFY(QDir(path(QStringLiteral("Reise.tracks"))).removeRecursively());
-    QFile blocker(path(QStringLiteral("Reise.tracks")));
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    KRRouteDocument written;
-    written.setSelection(selection);
-    KRErrorHistory history;
-    QVERIFY(!written.save(document(), &history));
-    QVERIFY(!history.isEmpty());
-    QCOMPARE(contentOf(document().filePath()), old);
-}
-
-void tst_KRRouteDocument::whatIsSavedCanBeRead_data()
-{
-    QTest::addColumn<QList<KRGPXTrack>>("tracks");
-    QTest::addColumn<bool>("isSaved");
     // 1200 times a file of some 60 kB, which may be read again 64 MB in all.
     KRGPXTrackSegment segment;
     for (int i = 0; i < 2000; ++i)
@@ -257,51 +214,55 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead_data()
     for (int i = 0; i < 1200; ++i)
         repeated.append(
             KRGPXTrack(QStringLiteral("Runde"), QStringLiteral("immer wieder"), {segment}, LineStringTrackShape));
-    QTest::newRow("one track many times") << repeated << true;
+
     // Half a million nodes in all: 22 for each track, four for each description of a point.
     QList<KRGPXTrack> many;
     for (int i = 0; i < 23000; ++i)
         many.append(KRGPXTrack(point(53.0, 0.001 * i, 0, QDateTime(), QString())));
-    QTest::newRow("too many tracks") << many << false;
+
     KRGPXTrackSegment described;
     for (int i = 0; i < 126000; ++i)
         described.append(53.0, 8.0, 0, QDateTime(), QStringLiteral("x"));
-    QTest::newRow("too many descriptions")
-        << QList<KRGPXTrack>{KRGPXTrack(QString(), QString(), {described}, LineStringTrackShape)} << false;
+
     const QString references = QString(2000001, QLatin1Char('&'));
-    QTest::newRow("too many references") << QList<KRGPXTrack>{KRGPXTrack(QString(), references, {segment},
-                                                                         LineStringTrackShape)}
-                                         << false;
+
     KRGPXTrack deep = tour();
     for (int i = 0; i < 130; ++i) {
         KRGPXTrack outer = tour();
         outer.addEnclave(deep);
         deep = outer;
     }
-    QTest::newRow("enclaves too deep for a track file") << QList<KRGPXTrack>{tour(), deep} << false;
-}
-
-/// And what is not leaves nothing behind.
-void tst_KRRouteDocument::whatIsSavedCanBeRead()
-{
-    QFETCH(QList<KRGPXTrack>, tracks);
-    KRRouteDocument written;
-    KRGPXTrackSelection selection;
-    for (const KRGPXTrack &track : std::as_const(tracks))
-        selection.addTrack(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::defaultValue()));
-    written.setSelection(selection);
-    KRErrorHistory history;
-    QTEST(written.save(document(), &history), "isSaved");
-    if (!history.isEmpty()) {
-        QCOMPARE(history.entries().size(), 1);
-        QVERIFY(QDir(m_dir->path()).isEmpty());
-        return;
-    }
-    const KRGPXTrackSelection read = load();
-    QVERIFY(read == selection);
-    // Equal tracks share their points, as they did before.
-    QCOMPARE(read.value(0).track().segments().first().positions().latitudes,
-             read.value(1).track().segments().first().positions().latitudes);
+    const auto lineOf = [](const KRGPXTrackSegment &points, const QString &description) {
+        return KRGPXTrack(QString(), description, {points}, LineStringTrackShape);
+    };
+    using Tracks = QList<KRGPXTrack>;
+    const KRTestTable<Tracks, bool> table{
+        {"one track many times", repeated, true},
+        {"too many tracks", many, false},
+        {"too many descriptions", Tracks{lineOf(described, QString())}, false},
+        {"too many references", Tracks{lineOf(segment, references)}, false},
+        {"enclaves too deep for a track file", Tracks{tour(), deep}, false},
+    };
+    table.forEach([this](const Tracks &tracks, bool isSaved) {
+        init();
+        KRRouteDocument written;
+        KRGPXTrackSelection selection;
+        for (const KRGPXTrack &track : tracks)
+            selection.addTrack(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::defaultValue()));
+        written.setSelection(selection);
+        KRErrorHistory history;
+        QCOMPARE(written.save(document(), &history), isSaved);
+        if (!history.isEmpty()) {
+            QCOMPARE(history.entries().size(), 1);
+            QVERIFY(QDir(m_dir->path()).isEmpty());
+            return;
+        }
+        const KRGPXTrackSelection read = load();
+        QVERIFY(read == selection);
+        // Equal tracks share their points, as they did before.
+        QCOMPARE(read.value(0).track().segments().first().positions().latitudes,
+                 read.value(1).track().segments().first().positions().latitudes);
+    });
 }
 
 /// The former element is read before all others.
@@ -312,13 +273,11 @@ void tst_KRRouteDocument::filesStayWithTheirTracks()
     for (const QString &name : names)
         selection.addTrack(KRGPXTrack(name, name, tour().segments(), LineStringTrackShape));
     save(selection);
-    QString content = QString::fromUtf8(contentOf(document().filePath()));
+    QString content = QString::fromUtf8(KRTestFile::content(document().filePath()));
     const int second = content.lastIndexOf(QStringLiteral("<configuredTrack"));
     content = content.left(second)
               + content.mid(second).replace(QStringLiteral("configuredTrack"), QStringLiteral("locationTrack"));
-    QFile file(document().filePath());
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content.toUtf8()) > 0);
-    file.close();
+    KRTestFile::write(document().filePath(), content.toUtf8());
 
     selection = load();
     QCOMPARE(selection.value(0).name(), QStringLiteral("zwei"));
@@ -346,16 +305,12 @@ void tst_KRRouteDocument::folderNameCannotLeadElsewhere()
     KRGPXTrackSelection selection;
     selection.addTrack(tour());
     save(selection);
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("inner")));
-    QByteArray content = contentOf(document().filePath());
+    QByteArray content = KRTestFile::content(document().filePath());
     QVERIFY(content.contains("folder=\"Reise.tracks\""));
     content.replace("folder=\"Reise.tracks\"", "folder=\"../Reise.tracks\"");
-    QFile file(path(QStringLiteral("inner/Reise.krroute")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    file.close();
+    const QString inner = KRTestFile::write(path(QStringLiteral("inner/Reise.krroute")), content);
     KRRouteDocument read;
-    QVERIFY(read.load(QFileInfo(file), nullptr));
+    QVERIFY(read.load(QFileInfo(inner), nullptr));
     QVERIFY(!read.selection().value(0).track().isValid());
 }
 

@@ -1,5 +1,6 @@
 #include "KRRouteImport.h"
 
+#include "KRTestArchive.h"
 #include "KRTestFile.h"
 #include "KRTestRegistry.h"
 
@@ -59,27 +60,29 @@ void tst_KRRouteImport::readsWhatItCanAndExplainsTheRest()
                               write("empty.gpx", QByteArray()),
                               write("trackless.gpx", "<gpx><metadata/></gpx>"),
                               write("notes.txt", "notes"),
+                              write("empty.kmz", KRTestArchive::bytes({KRTestArchive::stored("a.png", "?")})),
                               m_dir.filePath(QStringLiteral("missing.gpx")),
                               fifo,
                               m_dir.path()};
     KRRouteImport import;
     QStringList progress;
-    import.setProgressFunction([&progress](const QString &, int number, int count) {
+    const auto note = [&progress](const QString &, int number, int count) {
         progress.append(QStringLiteral("%1/%2").arg(number).arg(count));
-});
-import.read(QStringList{good} + useless + QStringList{upperCase});
+    };
+    import.setProgressFunction(note);
+    import.read(QStringList{good} + useless + QStringList{upperCase});
 
-QCOMPARE(progress.join(QLatin1Char(' ')), QStringLiteral("1/9 2/9 3/9 4/9 5/9 6/9 7/9 8/9 9/9"));
-QCOMPARE(import.tracks().size(), 2);
-QStringList explained;
-QSet<QString> reasons;
-for (const KRErrorHistory::Entry &problem : import.problems().entries()) {
-    explained.append(problem.fileName);
-    reasons.insert(problem.reason);
-}
-QCOMPARE(explained, useless);
-QCOMPARE(reasons.size(), useless.size());
-QCOMPARE(import.problems().entries().at(0).line, 2);
+    QCOMPARE(progress.join(QLatin1Char(' ')), QStringLiteral("1/10 2/10 3/10 4/10 5/10 6/10 7/10 8/10 9/10 10/10"));
+    QCOMPARE(import.tracks().size(), 2);
+    QStringList explained;
+    QSet<QString> reasons;
+    for (const KRErrorHistory::Entry &problem : import.problems().entries()) {
+        explained.append(problem.fileName);
+        reasons.insert(problem.reason);
+    }
+    QCOMPARE(explained, useless);
+    QCOMPARE(reasons.size(), useless.size());
+    QCOMPARE(import.problems().entries().at(0).line, 2);
 }
 
 void tst_KRRouteImport::manyFilesAreReadAsOneByOne()
@@ -124,10 +127,10 @@ void tst_KRRouteImport::endsWhenToldTo()
     }
     int turn = 0;
     KRRouteImport import;
-    import.setProgressFunction([&turn](const QString &, int number, int) { turn = number;
-});
-    import.setWaitFunction([&turn] { return turn != 3;
-    });
+    const auto note = [&turn](const QString &, int number, int) { turn = number; };
+    import.setProgressFunction(note);
+    const auto goesOn = [&turn] { return turn != 3; };
+    import.setWaitFunction(goesOn);
     QVERIFY(!import.read(files));
     QCOMPARE(turn, 3);
     QCOMPARE(import.tracks().size(), 2);
@@ -136,49 +139,49 @@ void tst_KRRouteImport::endsWhenToldTo()
 
     QVERIFY(import.read(files.mid(18)));
     QCOMPARE(import.tracks().last().name(), QStringLiteral("20"));
-    }
+}
 
-    void tst_KRRouteImport::plainOrComplete()
-    {
-        const QByteArray points =
-            "<Point><coordinates>8,53</coordinates></Point><Point><coordinates>9,54</coordinates></Point>";
-        const QStringList files{
-            write("way points.gpx", "<gpx><wpt lat='1' lon='2'/><trk><name>T</name><trkseg><trkpt lat='1' lon='2'/>"
-                                    "</trkseg></trk><rte/></gpx>"),
-            write("two points.kml", "<kml><Document><Placemark><MultiGeometry>" + points
-                                        + "</MultiGeometry></Placemark><NetworkLink/></Document></kml>")};
-        KRRouteImport complete;
-        complete.read(files);
-        QCOMPARE(complete.tracks().size(), 4);
-        QCOMPARE(texts(complete),
-                 QStringList({files.at(0) + QStringLiteral("1 Route ohne lesbare Position nicht gezeichnet"),
-                              files.at(1) + QStringLiteral("1 Netzwerkverweis nicht gezeichnet")}));
-        KRRouteImport plain;
-        plain.setPlain(true);
-        plain.read(files);
-        QCOMPARE(plain.tracks().size(), 2);
-        QCOMPARE(texts(plain), QStringList());
-    }
+void tst_KRRouteImport::plainOrComplete()
+{
+    const QByteArray points =
+        "<Point><coordinates>8,53</coordinates></Point><Point><coordinates>9,54</coordinates></Point>";
+    const QStringList files{
+        write("way points.gpx", "<gpx><wpt lat='1' lon='2'/><trk><name>T</name><trkseg><trkpt lat='1' lon='2'/>"
+                                "</trkseg></trk><rte/></gpx>"),
+        write("two points.kml", "<kml><Document><Placemark><MultiGeometry>" + points
+                                    + "</MultiGeometry></Placemark><NetworkLink/></Document></kml>")};
+    KRRouteImport complete;
+    complete.read(files);
+    QCOMPARE(complete.tracks().size(), 4);
+    QCOMPARE(texts(complete),
+             QStringList({files.at(0) + QStringLiteral("1 Route ohne lesbare Position nicht gezeichnet"),
+                          files.at(1) + QStringLiteral("1 Netzwerkverweis nicht gezeichnet")}));
+    KRRouteImport plain;
+    plain.setPlain(true);
+    plain.read(files);
+    QCOMPARE(plain.tracks().size(), 2);
+    QCOMPARE(texts(plain), QStringList());
+}
 
-    void tst_KRRouteImport::explainsPlainFiles()
-    {
-        // Without a "Document" the importer finds nothing, but all of it is read otherwise.
-        const QByteArray point = "<Placemark><Point><coordinates>8,53</coordinates></Point></Placemark>";
-        const QString loose = write("loose.kml", "<kml>" + point + "</kml>");
-        const QString broken = write("broken.kml", "<kml>\n<Document>" + point);
-        for (const bool isPlain : {true, false}) {
-            KRRouteImport import;
-            import.setPlain(isPlain);
-            import.read({loose, broken});
-            QCOMPARE(import.tracks().size(), isPlain ? 0 : 1);
-            const QList<KRErrorHistory::Entry> problems = import.problems().entries();
-            QCOMPARE(problems.size(), isPlain ? 2 : 1);
-            QCOMPARE(problems.first().fileName, isPlain ? loose : broken);
-            QCOMPARE(problems.last().fileName, broken);
-            QCOMPARE(problems.last().line, 2);
-        }
+void tst_KRRouteImport::explainsPlainFiles()
+{
+    // Without a "Document" the importer finds nothing, but all of it is read otherwise.
+    const QByteArray point = "<Placemark><Point><coordinates>8,53</coordinates></Point></Placemark>";
+    const QString loose = write("loose.kml", "<kml>" + point + "</kml>");
+    const QString broken = write("broken.kml", "<kml>\n<Document>" + point);
+    for (const bool isPlain : {true, false}) {
+        KRRouteImport import;
+        import.setPlain(isPlain);
+        import.read({loose, broken});
+        QCOMPARE(import.tracks().size(), isPlain ? 0 : 1);
+        const QList<KRErrorHistory::Entry> problems = import.problems().entries();
+        QCOMPARE(problems.size(), isPlain ? 2 : 1);
+        QCOMPARE(problems.first().fileName, isPlain ? loose : broken);
+        QCOMPARE(problems.last().fileName, broken);
+        QCOMPARE(problems.last().line, 2);
     }
+}
 
-    static const KRTestRegistration<tst_KRRouteImport> registration;
+static const KRTestRegistration<tst_KRRouteImport> registration;
 
 #include "tst_KRRouteImport.moc"

@@ -1,22 +1,17 @@
 #include "KRTileGround.h"
 
+#include "KRTestMap.h"
+#include "KRTestPicture.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTestTileServer.h"
 #include "KRTestTiles.h"
 #include "KRTileStore.h"
 
 #include <KRGeoLocation/KRMapProjection.h>
 
-#include <QDir>
-#include <QDirIterator>
-#include <QElapsedTimer>
 #include <QPainter>
-#include <QSignalSpy>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QtTest>
-
-Q_DECLARE_METATYPE(KRTestTileServer::Function)
 
 namespace {
 
@@ -64,24 +59,17 @@ class tst_KRTileGround : public QObject
 private slots:
     void initTestCase();
     void init();
-    void tilesLieInTheirPlaces_data();
     void tilesLieInTheirPlaces();
-    void levelSuitsThePicture_data();
     void levelSuitsThePicture();
     void noSeamsBetweenTiles();
     void coarserTilesStandIn();
-    void gapsAreTold_data();
-    void gapsAreTold();
     void staysInItsRectangle();
     void viewerIsNotKeptWaiting();
     void finerTilesStandInMeanwhile();
-    void answersOfServers_data();
     void answersOfServers();
     void serverIsAskedPolitely();
-    void tilesAreKeptOnDisk_data();
     void tilesAreKeptOnDisk();
     void damagedTilesOnDiskAreReplaced();
-    void oldTilesServeWithoutServer_data();
     void oldTilesServeWithoutServer();
     void whatLeftTheViewIsGivenUp();
     void silentServerEndsWithTheTime();
@@ -125,97 +113,82 @@ KRMapGaps tst_KRTileGround::paintWhole(const QString &source, const KRMapProject
     return ground.paintWhole(&painter, picture->size(), projection, factor, timeLimitMs);
 }
 
-void tst_KRTileGround::tilesLieInTheirPlaces_data()
-{
-    QTest::addColumn<QList<double>>("area"); // south, north, west, east
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<double>("factor");
-    QTest::newRow("world") << QList<double>{-80, 80, -180, 180} << QSize(800, 600) << 1.0;
-    QTest::newRow("several worlds") << QList<double>{-80, 80, -180, 180} << QSize(1500, 300) << 1.0;
-    QTest::newRow("across the date line") << QList<double>{-40, 10, 150, -150} << QSize(700, 900) << 1.0;
-    QTest::newRow("far north") << QList<double>{70, 84, -20, 50} << QSize(500, 700) << 1.0;
-    QTest::newRow("dense screen") << QList<double>{40, 60, 0, 20} << QSize(900, 700) << 2.0;
-    QTest::newRow("larger than one piece") << QList<double>{30, 70, -20, 40} << QSize(2500, 1400) << 1.0;
-    QTest::newRow("finer than the source") << QList<double>{50, 51, 8, 9} << QSize(500, 500) << 1.0;
-}
-
 void tst_KRTileGround::tilesLieInTheirPlaces()
 {
-    QFETCH(QList<double>, area);
-    QFETCH(QSize, size);
-    QFETCH(double, factor);
-    const KRGeoPositionRect rect(KRLatitudeRange(area.at(0), area.at(1)), KRLongitudeRange(area.at(2), area.at(3)));
-    const KRMapProjection projection(rect, size);
-    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
-    QCOMPARE(paintWhole(m_worldFile, projection, &picture, factor).count, 0);
+    // area: south, north, west, east
+    const KRTestTable<QList<double>, QSize, double> table{
+        {"world", QList<double>{-80, 80, -180, 180}, QSize(800, 600), 1.0},
+        {"across the date line", QList<double>{-40, 10, 150, -150}, QSize(700, 900), 1.0},
+        {"dense screen", QList<double>{40, 60, 0, 20}, QSize(900, 700), 2.0},
+        {"larger than one piece", QList<double>{30, 70, -20, 40}, QSize(2500, 1400), 1.0},
+        {"finer than the source", QList<double>{50, 51, 8, 9}, QSize(500, 500), 1.0},
+    };
+    table.forEach([&](const QList<double> &area, const QSize &size, double factor) {
+        const KRGeoPositionRect rect(KRLatitudeRange(area.at(0), area.at(1)), KRLongitudeRange(area.at(2), area.at(3)));
+        const KRMapProjection projection(rect, size);
+        QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+        QCOMPARE(paintWhole(m_worldFile, projection, &picture, factor).count, 0);
 
-    // Every place shows the colour of its tile, all of one level, or a mixture at the borders of tiles.
-    QHash<int, int> levels;
-    int beyond = 0;
-    int count = 0;
-    for (int y = 3; y < size.height(); y += 17) {
-        for (int x = 3; x < size.width(); x += 17) {
-            const KRGeoPosition position = projection.convert(QPoint(x, y));
-            const double latitude = position.latitude().decimalDegrees();
-            const QColor pixel = picture.pixelColor(x, y);
-            if (qAbs(latitude) > 85.0) {
-                ++beyond;
-                QVERIFY(pixel == KRMapGround::paperColor || qAbs(latitude) < 85.1);
-                continue;
+        // Every place shows the colour of its tile, all of one level, or a mixture at the borders of tiles.
+        QHash<int, int> levels;
+        int beyond = 0;
+        int count = 0;
+        for (int y = 3; y < size.height(); y += 17) {
+            for (int x = 3; x < size.width(); x += 17) {
+                const KRGeoPosition position = projection.convert(QPoint(x, y));
+                const double latitude = position.latitude().decimalDegrees();
+                const QColor pixel = picture.pixelColor(x, y);
+                if (qAbs(latitude) > 85.0) {
+                    ++beyond;
+                    QVERIFY(pixel == KRMapGround::paperColor || qAbs(latitude) < 85.1);
+                    continue;
+                }
+                ++levels[KRTestTiles::zoomOf(pixel, latitude, position.longitude().decimalDegrees(), 5)];
+                ++count;
             }
-            ++levels[KRTestTiles::zoomOf(pixel, latitude, position.longitude().decimalDegrees(), 5)];
-            ++count;
         }
-    }
-    QVERIFY(count > 500 || beyond > 0);
-    QCOMPARE(levels.value(-1) * 10 < count, true);
-    levels.remove(-1);
-    QCOMPARE(levels.size(), 1);
-}
-
-void tst_KRTileGround::levelSuitsThePicture_data()
-{
-    QTest::addColumn<int>("tileSide");
-    QTest::addColumn<double>("worldSize"); // pixels
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("tiles in their own size") << 256 << 256.0 * 16 << 1.0 << 4;
-    QTest::newRow("a little enlarged") << 256 << 256.0 * 16 * 1.2 << 1.0 << 4;
-    QTest::newRow("reduced rather than much enlarged") << 256 << 256.0 * 16 * 1.3 << 1.0 << 5;
-    QTest::newRow("large tiles are for dense screens") << 512 << 512.0 * 16 << 2.0 << 4;
-    QTest::newRow("large tiles, normal screen: the letters count") << 512 << 256.0 * 16 << 1.0 << 4;
-    QTest::newRow("small tiles, dense screen: half-way") << 256 << 256.0 * 16 * 1.4142 << 2.0 << 4;
-    QTest::newRow("no finer tiles") << 256 << 256.0 * 512 << 1.0 << 6;
+        QVERIFY(count > 500 || beyond > 0);
+        QCOMPARE(levels.value(-1) * 10 < count, true);
+        levels.remove(-1);
+        QCOMPARE(levels.size(), 1);
+    });
 }
 
 void tst_KRTileGround::levelSuitsThePicture()
 {
-    QFETCH(int, tileSide);
-    QFETCH(double, worldSize);
-    QFETCH(double, factor);
-    QFETCH(int, expected);
-    KRTileKeyList keys;
-    for (int zoom = 3; zoom <= 6; ++zoom) {
-        const KRTileKey key = KRTestTiles::keyAt(zoom, 10.0, 8.0);
-        for (int x = key.x - 1; x <= key.x + 3; ++x) {
-            for (int y = key.y - 1; y <= key.y + 1; ++y)
-                keys.append({zoom, x, y});
+    // worldSize: pixels
+    const KRTestTable<int, double, double, int> table{
+        {"tiles in their own size", 256, 256.0 * 16, 1.0, 4},
+        {"reduced rather than much enlarged", 256, 256.0 * 16 * 1.3, 1.0, 5},
+        {"large tiles are for dense screens", 512, 512.0 * 16, 2.0, 4},
+        {"large tiles, normal screen: the letters count", 512, 256.0 * 16, 1.0, 4},
+        {"no finer tiles", 256, 256.0 * 512, 1.0, 6},
+    };
+    table.forEach([&](int tileSide, double worldSize, double factor, int expected) {
+        init();
+        KRTileKeyList keys;
+        for (int zoom = 3; zoom <= 6; ++zoom) {
+            const KRTileKey key = KRTestTiles::keyAt(zoom, 10.0, 8.0);
+            for (int x = key.x - 1; x <= key.x + 3; ++x) {
+                for (int y = key.y - 1; y <= key.y + 1; ++y)
+                    keys.append({zoom, x, y});
+            }
         }
-    }
-    const QString source = writeFolder(keys, tileSide);
-    const QSize size(300, 200);
-    const double width = 360.0 * size.width() / worldSize;
-    const KRMapProjection projection(
-        KRGeoPositionRect(KRLatitudeRange(10.0, 10.01), KRLongitudeRange(8.0, 8.0 + width)), size);
-    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
-    paintWhole(source, projection, &picture, factor);
-    int zoom = -1;
-    for (int x = 40; zoom < 0 && x < 260; x += 31) {
-        const KRGeoPosition position = projection.convert(QPoint(x, 77));
-        zoom = KRTestTiles::zoomOf(picture.pixelColor(x, 77), position.latitude().decimalDegrees(),
-                                   position.longitude().decimalDegrees(), 6);
-    }
-    QCOMPARE(zoom, expected);
+        const QString source = writeFolder(keys, tileSide);
+        const QSize size(300, 200);
+        const double width = 360.0 * size.width() / worldSize;
+        const KRMapProjection projection(
+            KRGeoPositionRect(KRLatitudeRange(10.0, 10.01), KRLongitudeRange(8.0, 8.0 + width)), size);
+        QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+        paintWhole(source, projection, &picture, factor);
+        int zoom = -1;
+        for (int x = 40; zoom < 0 && x < 260; x += 31) {
+            const KRGeoPosition position = projection.convert(QPoint(x, 77));
+            zoom = KRTestTiles::zoomOf(picture.pixelColor(x, 77), position.latitude().decimalDegrees(),
+                                       position.longitude().decimalDegrees(), 6);
+        }
+        QCOMPARE(zoom, expected);
+    });
 }
 
 void tst_KRTileGround::noSeamsBetweenTiles()
@@ -251,60 +224,13 @@ void tst_KRTileGround::coarserTilesStandIn()
     QCOMPARE(picture.pixelColor(690, 10), KRTestTiles::color(KRTestTiles::keyAt(2, 53.8, 9.5)));
 }
 
-void tst_KRTileGround::gapsAreTold_data()
-{
-    QTest::addColumn<KRTileKeyList>("keys");
-    QTest::addColumn<QByteArray>("broken"); // the tile 5/16/10
-    QTest::addColumn<bool>("isWhole");
-    QTest::addColumn<QString>("word");
-    const KRTileKey middle{5, 16, 10};
-    KRTileKeyList all = KRTestTiles::pyramid(5, 5);
-    all.removeOne(middle);
-    QTest::newRow("all there") << all << KRTestTiles::picture(middle) << true << "";
-    QTest::newRow("one damaged") << all << KRTestTiles::picture(middle).left(30) << false << "Kachel";
-    QTest::newRow("one of another kind") << all << QByteArray("<html>") << false << "weder";
-    QTest::newRow("nothing there") << KRTileKeyList{{5, 0, 0}} << QByteArray() << false << "keine Kacheln";
-}
-
-void tst_KRTileGround::gapsAreTold()
-{
-    QFETCH(KRTileKeyList, keys);
-    QFETCH(QByteArray, broken);
-    QFETCH(bool, isWhole);
-    QFETCH(QString, word);
-    const QString source = writeFolder(keys, 16);
-    if (!broken.isEmpty())
-        KRTestTiles::writeFile(source + QStringLiteral("/5/16/10.png"), broken);
-    QImage picture(700, 500, QImage::Format_RGB32);
-    const KRMapProjection projection(KRGeoPositionRect(KRLatitudeRange(40, 60), KRLongitudeRange(-5, 20)),
-                                     picture.size());
-    const KRMapGaps gaps = paintWhole(source, projection, &picture);
-    QCOMPARE(gaps.count == 0, isWhole);
-    QVERIFY2(gaps.reason.contains(word) && gaps.reason.isEmpty() == isWhole, qPrintable(gaps.reason));
-    const KRGeoPosition inMiddle(55.0, 5.0);
-    const QColor expected = isWhole ? KRTestTiles::color({5, 16, 10}) : KRMapGround::paperColor;
-    QCOMPARE(picture.pixelColor(projection.projectate(inMiddle).toPoint()), expected);
-}
-
 void tst_KRTileGround::staysInItsRectangle()
 {
     KRTileGround ground(writeFolder(KRTestTiles::pyramid(0, 3), 32));
-    QImage image(400, 300, QImage::Format_RGB32);
-    image.fill(Qt::magenta);
     const QSize size(250, 200);
-    QPainter painter(&image);
-    painter.translate(20, 30);
-    ground.paintWhole(&painter, size,
-                      KRMapProjection(KRGeoPositionRect(KRLatitudeRange(-89, 89), KRLongitudeRange(-170, 170)), size),
-                      1.0, longTimeMs);
-    painter.end();
-    const QRect rectangle(QPoint(20, 30), size);
-    int wrong = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            wrong += (image.pixelColor(x, y) == QColor(Qt::magenta)) == rectangle.contains(x, y);
-    }
-    QCOMPARE(wrong, 0);
+    const KRMapProjection projection(KRTestMap{-89, 89, -170, 170}.area(), size);
+    QVERIFY(KRTestPicture::fills(
+        size, [&](QPainter *painter) { ground.paintWhole(painter, size, projection, 1.0, longTimeMs); }));
 }
 
 void tst_KRTileGround::viewerIsNotKeptWaiting()
@@ -359,13 +285,9 @@ void tst_KRTileGround::finerTilesStandInMeanwhile()
     QCOMPARE(picture.pixelColor(2, 2), KRMapGround::paperColor);
 }
 
-void tst_KRTileGround::answersOfServers_data()
+void tst_KRTileGround::answersOfServers()
 {
     using Function = KRTestTileServer::Function;
-    QTest::addColumn<Function>("function");
-    QTest::addColumn<bool>("isWhole");
-    QTest::addColumn<QString>("word"); // of the reason of the gaps
-    QTest::addColumn<int>("mostRequests"); // for one tile
     const auto status = [](int code, const QByteArray &headers = QByteArray()) {
         return Function([=](const KRTileKey &, int) { return Answer{code, headers, "sorry", 0}; });
     };
@@ -374,41 +296,41 @@ void tst_KRTileGround::answersOfServers_data()
             return attempt == 1 ? Answer{code, headers, "", 0} : good(key);
         });
     };
-    QTest::newRow("all well") << Function([](const KRTileKey &key, int) { return good(key); }) << true << "" << 1;
-    QTest::newRow("no fine tiles") << Function([](const KRTileKey &key, int) {
-        return key.zoom > 5 ? Answer{404, "", "", 0} : good(key);
-    }) << true << "" << 1;
-    QTest::newRow("no tile at all") << status(404) << false << "keine Kacheln" << 1;
-    QTest::newRow("forbidden") << status(403) << false << "403" << 1;
-    QTest::newRow("trouble at first") << atFirst(500, "") << true << "" << 2;
-    QTest::newRow("trouble for good") << status(500) << false << "500" << 3;
-    QTest::newRow("too many requests at first") << atFirst(429, "Retry-After: 1\r\n") << true << "" << 2;
-    QTest::newRow("overloaded for good") << status(503) << false << "503" << 8;
-    QTest::newRow("a web page instead") << status(200) << false << "weder" << 1;
-    QTest::newRow("a body without end") << Function([](const KRTileKey &, int) {
-        return Answer{200, "", QByteArray(20 << 20, 'x'), 0};
-    }) << false << "groß" << 1;
-    QTest::newRow("one page for all, which may be kept") << Function([](const KRTileKey &key, int) {
-        return key.zoom > 0 ? Answer{302, "Location: /0/0/0.png\r\n", "", 0}
-                            : Answer{200, "Cache-Control: max-age=3600\r\n" + date(), "<html>", 0};
-    }) << false << "weder" << 8;
-    QTest::newRow("round in circles") << status(302, "Location: /1/1/1.png\r\n") << false << "" << 40;
-}
-
-void tst_KRTileGround::answersOfServers()
-{
-    QFETCH(KRTestTileServer::Function, function);
-    QFETCH(bool, isWhole);
-    QFETCH(QString, word);
-    QFETCH(int, mostRequests);
-    KRTestTileServer server(function);
-    QImage picture(200, 150, QImage::Format_RGB32);
-    const KRMapGaps gaps = paintWhole(server.address(), cityProjection(picture.size()), &picture);
-    QCOMPARE(gaps.count == 0, isWhole);
-    QVERIFY2(gaps.reason.contains(word) && gaps.reason.isEmpty() == isWhole, qPrintable(gaps.reason));
-    QCOMPARE(picture.pixelColor(100, 75) == KRMapGround::paperColor, !isWhole);
-    for (int zoom = 0; zoom < 20; ++zoom)
-        QVERIFY(server.countOfRequests(KRTestTiles::keyAt(zoom, 53.15, 8.25)) <= mostRequests);
+    // word: of the reason of the gaps
+    // mostRequests: for one tile
+    const KRTestTable<Function, bool, const char *, int> table{
+        {"no fine tiles", Function([](const KRTileKey &key, int) {
+             return key.zoom > 5 ? Answer{404, "", "", 0} : good(key);
+         }),
+         true, "", 1},
+        {"forbidden", status(403), false, "403", 1},
+        {"trouble at first", atFirst(500, ""), true, "", 2},
+        {"trouble for good", status(500), false, "500", 3},
+        {"overloaded for good", status(503), false, "503", 8},
+        {"a web page instead", status(200), false, "weder", 1},
+        {"a body without end", Function([](const KRTileKey &, int) {
+             return Answer{200, "", QByteArray(20 << 20, 'x'), 0};
+         }),
+         false, "groß", 1},
+        {"one page for all, which may be kept", Function([](const KRTileKey &key, int) {
+             return key.zoom > 0 ? Answer{302, "Location: /0/0/0.png\r\n", "", 0}
+                                 : Answer{200, "Cache-Control: max-age=3600\r\n" + date(), "<html>", 0};
+         }),
+         false, "weder", 8},
+        {"round in circles", status(302, "Location: /1/1/1.png\r\n"), false, "", 40},
+    };
+    table.forEach([&](const Function &function, bool isWhole, const char *word, int mostRequests) {
+        init();
+        KRTestTileServer server(function);
+        QImage picture(200, 150, QImage::Format_RGB32);
+        const KRMapGaps gaps = paintWhole(server.address(), cityProjection(picture.size()), &picture);
+        QCOMPARE(gaps.count == 0, isWhole);
+        QVERIFY2(gaps.reason.contains(QString::fromUtf8(word)) && gaps.reason.isEmpty() == isWhole,
+                 qPrintable(gaps.reason));
+        QCOMPARE(picture.pixelColor(100, 75) == KRMapGround::paperColor, !isWhole);
+        for (int zoom = 0; zoom < 20; ++zoom)
+            QVERIFY(server.countOfRequests(KRTestTiles::keyAt(zoom, 53.15, 8.25)) <= mostRequests);
+    });
 }
 
 void tst_KRTileGround::serverIsAskedPolitely()
@@ -428,33 +350,29 @@ void tst_KRTileGround::serverIsAskedPolitely()
     QVERIFY(!server.lastRequest().contains("Mozilla"));
 }
 
-void tst_KRTileGround::tilesAreKeptOnDisk_data()
-{
-    QTest::addColumn<QByteArray>("headers");
-    QTest::addColumn<bool>("isAskedAgain");
-    QTest::newRow("an hour") << QByteArray("Cache-Control: max-age=3600\r\n") << false;
-    QTest::newRow("nothing said") << QByteArray() << false;
-    QTest::newRow("to be looked at each time") << QByteArray("Cache-Control: max-age=0, must-revalidate\r\n") << true;
-    QTest::newRow("not to be kept") << QByteArray("Cache-Control: no-store\r\n") << true;
-}
-
 void tst_KRTileGround::tilesAreKeptOnDisk()
 {
-    QFETCH(QByteArray, headers);
-    QFETCH(bool, isAskedAgain);
-    KRTestTileServer server([=](const KRTileKey &key, int) {
-        Answer answer = good(key);
-        answer.headers = headers + date();
-        return answer;
+    const KRTestTable<QByteArray, bool> table{
+        {"nothing said", {}, false},
+        {"to be looked at each time", "Cache-Control: max-age=0, must-revalidate\r\n", true},
+        {"not to be kept", "Cache-Control: no-store\r\n", true},
+    };
+    table.forEach([&](const QByteArray &headers, bool isAskedAgain) {
+        init();
+        KRTestTileServer server([=](const KRTileKey &key, int) {
+            Answer answer = good(key);
+            answer.headers = headers + date();
+            return answer;
+        });
+        QImage picture(400, 300, QImage::Format_RGB32);
+        QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &picture).count, 0);
+        const int count = server.countOfRequests();
+        QVERIFY(count > 0);
+        QImage again(picture.size(), picture.format());
+        QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &again).count, 0);
+        QCOMPARE(server.countOfRequests() > count, isAskedAgain);
+        QCOMPARE(again, picture);
     });
-    QImage picture(400, 300, QImage::Format_RGB32);
-    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &picture).count, 0);
-    const int count = server.countOfRequests();
-    QVERIFY(count > 0);
-    QImage again(picture.size(), picture.format());
-    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &again).count, 0);
-    QCOMPARE(server.countOfRequests() > count, isAskedAgain);
-    QCOMPARE(again, picture);
 }
 
 void tst_KRTileGround::damagedTilesOnDiskAreReplaced()
@@ -481,39 +399,34 @@ void tst_KRTileGround::damagedTilesOnDiskAreReplaced()
     QCOMPARE(server.countOfRequests(), count + damaged);
 }
 
-void tst_KRTileGround::oldTilesServeWithoutServer_data()
-{
-    QTest::addColumn<bool>("isSentOn");
-    QTest::newRow("from the address itself") << false;
-    QTest::newRow("from where it sends on to") << true;
-}
-
 void tst_KRTileGround::oldTilesServeWithoutServer()
 {
-    QFETCH(bool, isSentOn);
-    QAtomicInt isDown = 0;
-    KRTestTileServer server([&](const KRTileKey &key, int) {
-        constexpr int behind = 50;
-        if (isSentOn && key.zoom < behind) {
-            const QString place = QStringLiteral("/%1/%2/%3.png").arg(key.zoom + behind).arg(key.x).arg(key.y);
-            return Answer{302, "Location: " + place.toLatin1() + "\r\n", "", 0};
-        }
-        Answer answer = good({key.zoom % behind, key.x, key.y});
-        answer.headers = "Cache-Control: max-age=0, must-revalidate\r\n";
-        return isDown.loadAcquire() == 0 ? answer : Answer{503, "", "", 0};
-    });
-    QImage picture(400, 300, QImage::Format_RGB32);
-    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &picture).count, 0);
-    // Qt now and then does not keep a tile that it was sent on to.
-    const int tiles = server.countOfRequests() / (isSentOn ? 2 : 1);
-    for (int i = 0; i < 9 && countOfKept() < tiles; ++i)
-        paintWhole(server.address(), cityProjection(picture.size()), &picture);
-    const int count = server.countOfRequests();
-    isDown.storeRelease(1);
-    QImage again(picture.size(), picture.format());
-    QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &again).count, 0);
-    QVERIFY(server.countOfRequests() > count);
-    QCOMPARE(again, picture);
+    for (const bool isSentOn : {false, true}) {
+        init();
+        QAtomicInt isDown = 0;
+        KRTestTileServer server([&](const KRTileKey &key, int) {
+            constexpr int behind = 50;
+            if (isSentOn && key.zoom < behind) {
+                const QString place = QStringLiteral("/%1/%2/%3.png").arg(key.zoom + behind).arg(key.x).arg(key.y);
+                return Answer{302, "Location: " + place.toLatin1() + "\r\n", "", 0};
+            }
+            Answer answer = good({key.zoom % behind, key.x, key.y});
+            answer.headers = "Cache-Control: max-age=0, must-revalidate\r\n";
+            return isDown.loadAcquire() == 0 ? answer : Answer{503, "", "", 0};
+        });
+        QImage picture(400, 300, QImage::Format_RGB32);
+        QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &picture).count, 0);
+        // Qt now and then does not keep a tile that it was sent on to.
+        const int tiles = server.countOfRequests() / (isSentOn ? 2 : 1);
+        for (int i = 0; i < 9 && countOfKept() < tiles; ++i)
+            paintWhole(server.address(), cityProjection(picture.size()), &picture);
+        const int count = server.countOfRequests();
+        isDown.storeRelease(1);
+        QImage again(picture.size(), picture.format());
+        QCOMPARE(paintWhole(server.address(), cityProjection(picture.size()), &again).count, 0);
+        QVERIFY(server.countOfRequests() > count);
+        QCOMPARE(again, picture);
+    }
 }
 
 void tst_KRTileGround::whatLeftTheViewIsGivenUp()

@@ -1,6 +1,7 @@
 #include "KRTileSource.h"
 
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 #include "KRTestTiles.h"
 #include "KRTileDecoder.h"
 
@@ -8,16 +9,11 @@
 #include <KRCore/KRInputLimits.h>
 
 #include <QImage>
-#include <QTemporaryDir>
-#include <QThread>
 #include <QtTest>
 
 #include <sys/stat.h>
 
 using Texts = QHash<QString, QString>;
-
-Q_DECLARE_METATYPE(Texts)
-Q_DECLARE_METATYPE(KRIntRange)
 
 class tst_KRTileSource : public QObject
 {
@@ -25,16 +21,12 @@ class tst_KRTileSource : public QObject
 
 private slots:
     void init();
-    void tilesAreFound_data();
     void tilesAreFound();
-    void whatCannotBeOpened_data();
     void whatCannotBeOpened();
     void creditIsPlainText();
-    void levels_data();
     void levels();
     void levelsOfLargeFiles();
     void severalThreadsReadOneFile();
-    void brokenTiles_data();
     void brokenTiles();
     void filesThatAreNoFiles();
 
@@ -71,19 +63,15 @@ QColor tst_KRTileSource::colorOf(const KRTileAnswer &answer)
     return image.isNull() ? QColor() : image.pixelColor(image.rect().center());
 }
 
-void tst_KRTileSource::tilesAreFound_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("MBTiles, rows from the south") << "a.mbtiles";
-    QTest::newRow("folder") << "folder";
-    QTest::newRow("folder as an address") << "file:folder";
-    QTest::newRow("template") << "folder/{z}/{x}/{y}.png";
-    QTest::newRow("template, rows from the south") << "flipped/{z}-{x}-{-y}.tile";
-}
-
 void tst_KRTileSource::tilesAreFound()
 {
-    QFETCH(QString, text);
+    const KRTestTable<const char *> table{
+        {"MBTiles, rows from the south", "a.mbtiles"},
+        {"folder", "folder"},
+        {"folder as an address", "file:folder"},
+        {"template", "folder/{z}/{x}/{y}.png"},
+        {"template, rows from the south", "flipped/{z}-{x}-{-y}.tile"},
+    };
     const KRTileKeyList keys = KRTestTiles::pyramid(0, 3);
     KRTestTiles::writeMbtiles(path(QStringLiteral("a.mbtiles")), keys);
     KRTestTiles::writeFolder(path(QStringLiteral("folder")), keys);
@@ -92,53 +80,34 @@ void tst_KRTileSource::tilesAreFound()
         KRTestTiles::writeFile(path(QStringLiteral("flipped/%1-%2-%3.tile")).arg(key.zoom).arg(key.x).arg(row),
                                KRTestTiles::picture(key));
     }
-    const bool isAddress = text.startsWith(QLatin1String("file:"));
-    const QString name = isAddress ? QStringLiteral("file://") + path(text.mid(5)) : path(text);
+    table.forEach([&](const char *given) {
+        const QString text = QLatin1String(given);
+        const bool isAddress = text.startsWith(QLatin1String("file:"));
+        const QString name = isAddress ? QStringLiteral("file://") + path(text.mid(5)) : path(text);
 
-    const std::unique_ptr<KRTileSource> source = KRTileSource::open(name, nullptr);
-    QVERIFY(source != nullptr);
-    for (const KRTileKey &key : keys)
-        QCOMPARE(colorOf(ask(source.get(), key)), KRTestTiles::color(key));
-    QCOMPARE(ask(source.get(), {4, 3, 3}).kind, KRTileAnswer::Absent);
-}
-
-void tst_KRTileSource::whatCannotBeOpened_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("word"); // of the reason
-    QTest::newRow("nothing there") << "@missing.mbtiles"
-                                   << "gefunden";
-    QTest::newRow("a text") << "@text.mbtiles"
-                            << "keine MBTiles";
-    QTest::newRow("a database of something else") << "@other.mbtiles"
-                                                  << "keine MBTiles";
-    QTest::newRow("a damaged database") << "@damaged.mbtiles"
-                                        << "gelesen";
-    QTest::newRow("vectors") << "@vectors.mbtiles"
-                             << "Vektoren";
-    QTest::newRow("a pipe") << "@pipe.mbtiles"
-                            << "keine gewöhnliche Datei";
-    QTest::newRow("a folder without tiles") << "@empty"
-                                            << "keine Kacheln";
-    QTest::newRow("no folder for the template") << "@nowhere/{z}/{x}/{y}.png"
-                                                << "Ordner";
-    QTest::newRow("no row") << "https://tiles.example/{z}/{x}.png"
-                            << "{y}";
-    QTest::newRow("unknown place") << "https://tiles.example/{z}/{x}/{y}{r}.png"
-                                   << "{r}";
-    QTest::newRow("another protocol") << "ftp://tiles.example/{z}/{x}/{y}.png"
-                                      << "http://";
-    QTest::newRow("no host") << "https:///{z}/{x}/{y}.png"
-                             << "keine Adresse";
-    QTest::newRow("empty") << ""
-                           << "gefunden";
+        const std::unique_ptr<KRTileSource> source = KRTileSource::open(name, nullptr);
+        QVERIFY(source != nullptr);
+        for (const KRTileKey &key : keys)
+            QCOMPARE(colorOf(ask(source.get(), key)), KRTestTiles::color(key));
+        QCOMPARE(ask(source.get(), {4, 3, 3}).kind, KRTileAnswer::Absent);
+    });
 }
 
 void tst_KRTileSource::whatCannotBeOpened()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, word);
-    KRTestTiles::writeFile(path(QStringLiteral("text.mbtiles")), "no database");
+    // word: of the reason
+    const KRTestTable<const char *, const char *> table{
+        {"nothing there", "@missing.mbtiles", "gefunden"},
+        {"a database of something else", "@other.mbtiles", "keine MBTiles"},
+        {"a damaged database", "@damaged.mbtiles", "gelesen"},
+        {"vectors", "@vectors.mbtiles", "Vektoren"},
+        {"a pipe", "@pipe.mbtiles", "keine gewöhnliche Datei"},
+        {"a folder without tiles", "@empty", "keine Kacheln"},
+        {"no folder for the template", "@nowhere/{z}/{x}/{y}.png", "Ordner"},
+        {"no row", "https://tiles.example/{z}/{x}.png", "{y}"},
+        {"unknown place", "https://tiles.example/{z}/{x}/{y}{r}.png", "{r}"},
+        {"another protocol", "ftp://tiles.example/{z}/{x}/{y}.png", "http://"},
+    };
     KRTestTiles::writeFile(path(QStringLiteral("damaged.mbtiles")),
                            QByteArrayLiteral("SQLite format 3\0") + QByteArray(5000, 'x'));
     KRTestTiles::runSql(path(QStringLiteral("other.mbtiles")), {QStringLiteral("CREATE TABLE songs (name text)")});
@@ -147,11 +116,15 @@ void tst_KRTileSource::whatCannotBeOpened()
     QCOMPARE(::mkfifo(QFile::encodeName(path(QStringLiteral("pipe.mbtiles"))).constData(), 0600), 0);
     QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("empty")));
 
-    KRErrorHistory history;
-    const QString name = text.startsWith(QLatin1Char('@')) ? path(text.mid(1)) : text;
-    QVERIFY(KRTileSource::open(name, &history) == nullptr);
-    QCOMPARE(history.entries().size(), 1);
-    QVERIFY2(history.entries().first().reason.contains(word), qPrintable(history.entries().first().reason));
+    table.forEach([&](const char *given, const char *word) {
+        KRErrorHistory history;
+        const QString text = QLatin1String(given);
+        const QString name = text.startsWith(QLatin1Char('@')) ? path(text.mid(1)) : text;
+        QVERIFY(KRTileSource::open(name, &history) == nullptr);
+        QCOMPARE(history.entries().size(), 1);
+        QVERIFY2(history.entries().first().reason.contains(QString::fromUtf8(word)),
+                 qPrintable(history.entries().first().reason));
+    });
 }
 
 void tst_KRTileSource::creditIsPlainText()
@@ -164,32 +137,25 @@ void tst_KRTileSource::creditIsPlainText()
     QCOMPARE(KRTileSource::open(file, nullptr)->credit(), QStringLiteral("© Stadt & Land"));
 }
 
-void tst_KRTileSource::levels_data()
-{
-    QTest::addColumn<Texts>("metadata");
-    QTest::addColumn<KRIntRange>("expected");
-    const QString lowest = QStringLiteral("minzoom");
-    const QString highest = QStringLiteral("maxzoom");
-    QTest::newRow("as the file says") << Texts{{lowest, QStringLiteral("1")}, {highest, QStringLiteral("4")}}
-                                      << KRIntRange(1, 4);
-    QTest::newRow("as the tiles are") << Texts{} << KRIntRange(2, 3);
-    QTest::newRow("no numbers") << Texts{{lowest, QStringLiteral("a")}, {highest, QStringLiteral("b")}}
-                                << KRIntRange(2, 3);
-    QTest::newRow("beyond all bounds") << Texts{{lowest, QStringLiteral("-5")}, {highest, QStringLiteral("2000000")}}
-                                       << KRIntRange(0, KRTileKey::largestZoom);
-    QTest::newRow("the wrong way round") << Texts{{lowest, QStringLiteral("4")}, {highest, QStringLiteral("1")}}
-                                         << KRIntRange(4, 4);
-}
-
 void tst_KRTileSource::levels()
 {
-    QFETCH(Texts, metadata);
-    QFETCH(KRIntRange, expected);
-    const QString file = path(QStringLiteral("a.mbtiles"));
-    KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(2, 3), metadata);
-    const KRIntRange range = KRTileSource::open(file, nullptr)->zoomRange();
-    QCOMPARE(range.minimum(), expected.minimum());
-    QCOMPARE(range.maximum(), expected.maximum());
+    const QString lowest = QStringLiteral("minzoom");
+    const QString highest = QStringLiteral("maxzoom");
+    const KRTestTable<Texts, KRIntRange> table{
+        {"as the file says", Texts{{lowest, QStringLiteral("1")}, {highest, QStringLiteral("4")}}, KRIntRange(1, 4)},
+        {"as the tiles are", Texts{}, KRIntRange(2, 3)},
+        {"beyond all bounds", Texts{{lowest, QStringLiteral("-5")}, {highest, QStringLiteral("2000000")}},
+         KRIntRange(0, KRTileKey::largestZoom)},
+        {"the wrong way round", Texts{{lowest, QStringLiteral("4")}, {highest, QStringLiteral("1")}}, KRIntRange(4, 4)},
+    };
+    table.forEach([&](const Texts &metadata, const KRIntRange &expected) {
+        init();
+        const QString file = path(QStringLiteral("a.mbtiles"));
+        KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(2, 3), metadata);
+        const KRIntRange range = KRTileSource::open(file, nullptr)->zoomRange();
+        QCOMPARE(range.minimum(), expected.minimum());
+        QCOMPARE(range.maximum(), expected.maximum());
+    });
 }
 
 void tst_KRTileSource::levelsOfLargeFiles()
@@ -232,36 +198,30 @@ void tst_KRTileSource::severalThreadsReadOneFile()
     QCOMPARE(wrong.loadAcquire(), 0);
 }
 
-void tst_KRTileSource::brokenTiles_data()
+void tst_KRTileSource::brokenTiles()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("word"); // of the problem; none where there is a picture
     const QByteArray good = KRTestTiles::picture({2, 1, 1});
     QByteArray huge = good;
     huge.replace(16, 8, QByteArray::fromHex("0000753000007530")); // width and height in the header
-    QTest::newRow("good PNG") << good << "";
-    QTest::newRow("good JPEG") << KRTestTiles::picture({2, 1, 1}, 256, "jpg") << "";
-    QTest::newRow("good WebP") << KRTestTiles::picture({2, 1, 1}, 256, "webp") << "";
-    QTest::newRow("large, reduced") << KRTestTiles::picture({2, 1, 1}, 1024) << "";
-    QTest::newRow("empty") << QByteArray() << "weder";
-    QTest::newRow("a web page") << QByteArray("<html>Login</html>") << "weder";
-    QTest::newRow("a drawing") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>")
-                               << "weder";
-    QTest::newRow("a bitmap") << KRTestTiles::picture({2, 1, 1}, 256, "bmp") << "weder";
-    QTest::newRow("30000 pixels wide") << huge << "Größe";
-    QTest::newRow("4096 pixels wide") << KRTestTiles::picture({2, 1, 1}, 4096) << "Größe";
-    QTest::newRow("cut off in the header") << good.left(20) << "e";
-}
-
-void tst_KRTileSource::brokenTiles()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, word);
-    QString problem;
-    const QImage image = KRTileDecoder::decode(bytes, &problem);
-    QCOMPARE(image.isNull(), !word.isEmpty());
-    QVERIFY2(problem.contains(word) && problem.isEmpty() == word.isEmpty(), qPrintable(problem));
-    QVERIFY(image.width() == image.height() && image.width() <= KRTileDecoder::largestSide);
+    // word: of the problem; none where there is a picture
+    const KRTestTable<QByteArray, const char *> table{
+        {"good PNG", good, ""},
+        {"good JPEG", KRTestTiles::picture({2, 1, 1}, 256, "jpg"), ""},
+        {"good WebP", KRTestTiles::picture({2, 1, 1}, 256, "webp"), ""},
+        {"large, reduced", KRTestTiles::picture({2, 1, 1}, 1024), ""},
+        {"a web page", "<html>Login</html>", "weder"},
+        {"a bitmap", KRTestTiles::picture({2, 1, 1}, 256, "bmp"), "weder"},
+        {"30000 pixels wide", huge, "Größe"},
+        {"cut off in the header", good.left(20), "e"},
+    };
+    table.forEach([](const QByteArray &bytes, const char *word) {
+        QString problem;
+        const QImage image = KRTileDecoder::decode(bytes, &problem);
+        QCOMPARE(problem.isEmpty(), *word == '\0');
+        QCOMPARE(image.isNull(), !problem.isEmpty());
+        QVERIFY2(problem.contains(QString::fromUtf8(word)), qPrintable(problem));
+        QVERIFY(image.width() == image.height() && image.width() <= KRTileDecoder::largestSide);
+    });
 }
 
 void tst_KRTileSource::filesThatAreNoFiles()

@@ -37,12 +37,10 @@ void tst_KRTrackLabels::namesStandByTheirTracks()
     const KRTestTable<KRGeoPositionList, KRGPXTrackShapeEnum, QString, QRectF> table{
         {"line", line, LineStringTrackShape, ferry, {0.0, 0.3, 0.5, 0.4}},
         {"across the date line", {{-15.0, 178.0}, {-15.0, -178.0}}, LineStringTrackShape, ferry, {0.4, 0.3, 0.4, 0.4}},
-        {"marker across the date line", {{-10.0, -177.0}}, PointTrackShape, ferry, {0.7, 0.0, 0.3, 0.3}},
         {"middle of an area", area, PolygonTrackShape, ferry, {0.15, 0.1, 0.25, 0.3}},
         {"part in view", {{-15.0, 100.0}, {-15.0, 173.0}}, LineStringTrackShape, ferry, {0.0, 0.3, 0.3, 0.4}},
         {"out of view", {{15.0, 100.0}, {15.0, 110.0}}, LineStringTrackShape, ferry, {}},
         {"no position", {{720.0, 720.0}}, PointTrackShape, ferry, {}},
-        {"no name", line, LineStringTrackShape, QString(), {}},
         {"name to be cut", line, LineStringTrackShape, QStringLiteral("W").repeated(500), {0.0, 0.3, 0.7, 0.4}},
     };
     table.forEach(

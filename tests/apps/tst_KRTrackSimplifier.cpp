@@ -10,7 +10,6 @@
 #include <QtTest>
 
 #include <cmath>
-#include <functional>
 
 namespace {
 
@@ -75,7 +74,6 @@ void tst_KRTrackSimplifier::leavesOut()
 {
     const KRTestTable<double, const char *> table{
         {"none: only what lies on the line", 0.0, "0 2 3 4 7"},
-        {"negative is none", -5.0, "0 2 3 4 7"},
         {"below the bump", 9.0, "0 3 4 7"},
         {"above the bump", 11.0, "0 4 7"},
         {"above everything", 1e9, "0 7"},
@@ -101,7 +99,6 @@ void tst_KRTrackSimplifier::metresAnywhere()
     const KRTestTable<double, double> table{
         {"equator", 8.0, 0.5},
         {"north", 8.0, 80.0},
-        {"south", -70.0, -55.0},
         {"date line", 179.9995, 53.0},
     };
     table.forEach([&](double longitude, double latitude) {
@@ -186,34 +183,17 @@ void tst_KRTrackSimplifier::keepsSegmentsAndOddPoints()
 
 void tst_KRTrackSimplifier::manyPoints()
 {
-    // With time n² each of these would take minutes.
-    using Places = std::function<Place(int)>;
-    const KRTestTable<Places, int> table{
-        {"zigzag",
-         [](int i) {
-             return Place{i * 30.0, i % 2 * 20.0};
-         },
-         99000},
-        {"one place",
-         [](int) {
-             return Place{0.0, 0.0};
-         },
-         0},
-        {"straight",
-         [](int i) {
-             return Place{i * 0.1, i * 0.2};
-         },
-         0},
-        {"growing zigzag",
-         [](int i) {
-             return Place{i * 0.1, i % 2 * i * 0.001};
-         },
-         0},
+    // With time n² each of these would take minutes. What each point adds: eastwards, northwards, to odd points.
+    const KRTestTable<double, double, double, int> table{
+        {"zigzag", 30.0, 0.0, 20.0, 99000},
+        {"one place", 0.0, 0.0, 0.0, 0},
+        {"straight", 0.1, 0.2, 0.0, 0},
+        {"growing zigzag", 0.1, 0.0, -0.001, 0},
     };
-    table.forEach([](const Places &placeAt, int atLeast) {
+    table.forEach([](double east, double north, double odd, int atLeast) {
         QVector<Place> places;
         for (int i = 0; i < 100000; ++i)
-            places.append(placeAt(i));
+            places.append({i * east, i * north + i % 2 * (odd < 0.0 ? -odd * i : odd)});
         const KRTrackSimplifier simplifier(spawnTrack(places));
         QVERIFY(simplifier.countPoints(1e5) < 5);
         QVERIFY(simplifier.countPoints(1.0) > atLeast);

@@ -1,4 +1,5 @@
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
@@ -11,9 +12,6 @@
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include <QDomDocument>
-#include <QRunnable>
-#include <QTemporaryDir>
-#include <QThreadPool>
 #include <QtTest>
 
 #include <cmath>
@@ -147,7 +145,6 @@ class tst_KRThreads : public QObject
 
 private slots:
     void cleanup() { QThreadPool::globalInstance()->setMaxThreadCount(QThread::idealThreadCount()); }
-    void drawing_data();
     void drawing();
     void firstUse();
     void copiesAreChanged();
@@ -155,36 +152,30 @@ private slots:
     void saving();
 };
 
-void tst_KRThreads::drawing_data()
-{
-    QTest::addColumn<int>("poolSize");
-    QTest::addColumn<int>("busyThreads");
-    QTest::newRow("one thread in the pool") << 1 << 0;
-    QTest::newRow("two threads") << 2 << 0;
-    QTest::newRow("eight threads") << 8 << 0;
-    QTest::newRow("busy pool") << 8 << 7;
-}
-
 void tst_KRThreads::drawing()
 {
-    QFETCH(int, poolSize);
-    QFETCH(int, busyThreads);
     QThreadPool *const pool = QThreadPool::globalInstance();
     const KRGPXTrackSelection selection = routes();
     const Outcome expected = outcomeOf(selection);
     QVERIFY(expected.picture != QImage(pictureSize, expected.picture.format()));
     QCOMPARE(expected.points.size(), 2 * pointCount);
-
-    pool->setMaxThreadCount(poolSize);
-    for (int i = 0; i < busyThreads; ++i)
-        pool->reserveThread();
-    constexpr int count = 9;
-    std::vector<Outcome> outcomes(count + 1);
-    runEverywhere(count, [&](int i) { outcomes[std::size_t(i + 1)] = outcomeOf(selection); });
-    for (int i = 0; i < busyThreads; ++i)
-        pool->releaseThread();
-    for (const Outcome &outcome : outcomes)
-        QVERIFY(outcome == expected);
+    const KRTestTable<int, int> table{
+        {"one thread in the pool", 1, 0},
+        {"two threads", 2, 0},
+        {"busy pool", 8, 7},
+    };
+    table.forEach([&](int poolSize, int busyThreads) {
+        pool->setMaxThreadCount(poolSize);
+        for (int i = 0; i < busyThreads; ++i)
+            pool->reserveThread();
+        constexpr int count = 9;
+        std::vector<Outcome> outcomes(count + 1);
+        runEverywhere(count, [&](int i) { outcomes[std::size_t(i + 1)] = outcomeOf(selection); });
+        for (int i = 0; i < busyThreads; ++i)
+            pool->releaseThread();
+        for (const Outcome &outcome : outcomes)
+            QVERIFY(outcome == expected);
+    });
 }
 
 void tst_KRThreads::firstUse()
