@@ -62,10 +62,8 @@ class tst_KRAutosave : public QObject
 private slots:
     void init() { m_dir = std::make_unique<QTemporaryDir>(); }
     void workSurvivesACrash();
-    void runningProgramsKeepTheirWork();
     void nothingStaysThatIsNotNeeded();
     void recoveredDocumentRefersToItsUnreadableFiles();
-    void workStaysWithItsDocument();
     void unusablePlaceIsReported();
 
 private:
@@ -116,18 +114,6 @@ void tst_KRAutosave::workSurvivesACrash()
     }
 }
 
-void tst_KRAutosave::runningProgramsKeepTheirWork()
-{
-    Work first(place());
-    Work second(place());
-    first.add("A");
-    QVERIFY(first.wait());
-    second.add("B");
-    QVERIFY(second.wait());
-    QVERIFY(KRRecoveryFolder::leftBehind(place()).empty());
-    QCOMPARE(unsaved(place()).size(), 2);
-}
-
 void tst_KRAutosave::nothingStaysThatIsNotNeeded()
 {
     {
@@ -172,20 +158,6 @@ void tst_KRAutosave::recoveredDocumentRefersToItsUnreadableFiles()
     QVERIFY(recovered.isChangedOutside());
     QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
     QCOMPARE(KRTestFile::content(damaged), QByteArray("<includedTrack><trk>"));
-}
-
-void tst_KRAutosave::workStaysWithItsDocument()
-{
-    const std::unique_ptr<KRRecoveryFolder> folder = KRRecoveryFolder::create(place());
-    QVERIFY(folder->setDocumentFile(QStringLiteral("/first.krroute")));
-    KRRouteWorkspace workspace;
-    workspace.addTracks(oneTrack(QStringLiteral("Tour")), QString());
-    QVERIFY(workspace.save(folder->recoveryFile(), nullptr));
-    QVERIFY(folder->setDocumentFile(QStringLiteral("/first.krroute")));
-    QVERIFY(folder->holdsWork());
-    QVERIFY(folder->setDocumentFile(QStringLiteral("/second.krroute")));
-    QVERIFY(!folder->holdsWork());
-    QCOMPARE(folder->documentFile(), QStringLiteral("/second.krroute"));
 }
 
 void tst_KRAutosave::unusablePlaceIsReported()

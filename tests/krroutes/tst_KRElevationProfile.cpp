@@ -37,11 +37,9 @@ static const KRTestRegistration<tst_KRElevationProfile> registration;
 void tst_KRElevationProfile::drawable()
 {
     const KRTestTable<QList<Point>, bool, bool> table{
-        {"no points", {}, false, false},
         {"no elevations", {{0, 0, -1}, {1, 0, -1}}, false, false},
         {"one point", {{1, 100, -1}}, true, false},
         {"one elevation", {{0, 0, -1}, {1, 100, -1}}, true, false},
-        {"all at one place", {{1, 100, -1}, {1, 120, -1}}, true, false},
         {"below the sea", {{0, -100, -1}, {1, -50, -1}}, true, true},
     };
     table.forEach([](const QList<Point> &points, bool hasElevation, bool isDrawable) {
@@ -126,10 +124,8 @@ void tst_KRElevationProfile::axisMarks()
     const KRTestTable<double, double, bool, QVector<double>, int> table{
         {"heights", 117.0, 388.0, true, {100, 150, 200, 250, 300, 350, 400}, 0},
         {"below the sea", -7.0, 13.0, true, {-10, -5, 0, 5, 10, 15}, 0},
-        {"way", 0.0, 17.4, false, {0, 5, 10, 15}, 0},
         {"short way", 0.0, 1.19, false, {0, 0.2, 0.4, 0.6, 0.8, 1.0}, 1},
         {"ends at a mark", 0.0, 0.3, false, {0, 0.05, 0.1, 0.15, 0.2, 0.25, 0.3}, 2},
-        {"round the world", 0.0, 40000.0, false, {0, 10000, 20000, 30000, 40000}, 0},
     };
     table.forEach([&](double from, double to, bool endsAtMarks, const QVector<double> &marks, int decimals) {
         const KRAxis axis(from, to, 500.0, 100.0, 60.0, endsAtMarks); // room for six marks

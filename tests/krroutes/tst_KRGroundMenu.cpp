@@ -22,7 +22,6 @@ private slots:
     void onlyWhatOpensIsAccepted();
     void choiceIsKept();
     void recentTilesAreOfferedAgain();
-    void names();
 
 private:
     static QAction *actionOf(QMenu &menu, const char *text);
@@ -119,7 +118,6 @@ void tst_KRGroundMenu::onlyWhatOpensIsAccepted()
     // word: of the note
     const KRTestTable<const char *, bool, const char *> table{
         {"nothing", "", false, ""},
-        {"blanks", "  ", false, ""},
         {"missing file", "/nowhere/a.mbtiles", false, "gefunden"},
         {"half an address", "https://tiles.example/{z}/{x}", false, "{y}"},
         {"address", "https://tiles.example/{z}/{x}/{y}.png", true, "tiles.example"},
@@ -179,18 +177,6 @@ void tst_KRGroundMenu::recentTilesAreOfferedAgain()
 
     actionOf(menu, "Liste leeren")->trigger();
     QVERIFY(actionOf(menu, "11.mbtiles") == nullptr);
-}
-
-void tst_KRGroundMenu::names()
-{
-    const QVector<QPair<const char *, const char *>> cases{
-        {"/home/us/Karten/region.mbtiles", "region.mbtiles"},
-        {"/home/us/Karten/Kacheln", "Kacheln"},
-        {"/home/us/Karten/{z}/{x}/{-y}.png", "Karten"},
-        {"https://tiles.example/v1/{z}/{x}/{y}.png?key=secret", "tiles.example"},
-    };
-    for (const auto &[source, name] : cases)
-        QCOMPARE(KRGroundChoice::tiles(QLatin1String(source), QString()).name(), QLatin1String(name));
 }
 
 #include "tst_KRGroundMenu.moc"

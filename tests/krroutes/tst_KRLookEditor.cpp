@@ -41,7 +41,6 @@ private slots:
     void triesColors();
     void keepsWhatIsNotShown();
     void wheelScrolls();
-    void asksForMore();
     void croppingControl();
 
 private:
@@ -87,7 +86,6 @@ void tst_KRLookEditor::offersShapes()
     const KRTestTable<KRGPXTrackShapeEnum, int, const char *, bool> table{
         {"line: area, line, arrow", LineStringTrackShape, 3, "Strecke", false},
         {"area: nine markers, area", PolygonTrackShape, 10, "Fläche", true},
-        {"point: nine markers", PointTrackShape, 9, "Punkt", true},
         {"empty track", UnknownTrackShape, 0, "unbekannt", false},
     };
     table.forEach([&](KRGPXTrackShapeEnum natural, int count, const char *label, bool canFill) {
@@ -219,18 +217,6 @@ void tst_KRLookEditor::wheelScrolls()
     width->setFocus();
     turnWheel();
     QCOMPARE(announced().lineWidth().toDouble(), 11.0);
-}
-
-void tst_KRLookEditor::asksForMore()
-{
-    QSignalSpy all(m_editor.get(), &KRLookEditor::applyToAllRequested);
-    QSignalSpy byDefault(m_editor.get(), &KRLookEditor::useAsDefaultRequested);
-    KRDialogAnswer::press(*m_editor, "Für alle Routen");
-    QCOMPARE(all.count(), 1);
-    KRDialogAnswer::press(*m_editor, "Als Standard");
-    QCOMPARE(byDefault.count(), 1);
-    m_editor->setButtonsVisible(false);
-    QVERIFY(!KRDialogAnswer::findButton(*m_editor, "Als Standard")->isVisible());
 }
 
 void tst_KRLookEditor::croppingControl()

@@ -324,7 +324,7 @@ void tst_KRMainWindow::lookIsChangedAndUndone()
     QTest::keyClick(*width, Qt::Key_Up);
     QCOMPARE(track(0).lineWidth().toDouble(), before + 2.0);
     QVERIFY(track(1).lineWidth().toDouble() != before + 2.0);
-    emit editor->applyToAllRequested();
+    KRDialogAnswer::press(*editor, "Für alle Routen");
     QCOMPARE(track(1).lineWidth().toDouble(), before + 2.0);
     QCOMPARE(track(1).configuration().trackShape(), shape);
     key(Qt::Key_Z);

@@ -82,7 +82,6 @@ void tst_KRMapPrinter::fillsThePage()
 void tst_KRMapPrinter::previewTurnsThePage()
 {
     const KRTestTable<KRTestMap, bool> table{
-        {"wide", {50.0, 52.0, 5.0, 15.0}, true},
         {"high", {40.0, 60.0, 5.0, 8.0}, false},
         {"wide across the date line", {-20.0, -15.0, 170.0, -170.0}, true},
     };

@@ -94,7 +94,6 @@ void tst_KRPlacesPanel::searches()
         {"part of a name, in any case", "  enb", "Oldenburg"},
         {"several", "ne", "Sydney|New York|Polynesien"},
         {"coordinates", "S33.5 E150.5", "S33.5 E150.5"},
-        {"nothing", "xyz", ""},
     };
     table.forEach([&](const char *text, const char *found) {
         init();
@@ -111,19 +110,16 @@ void tst_KRPlacesPanel::searches()
 
 void tst_KRPlacesPanel::placeByAngles()
 {
-    const KRTestTable<double, double, bool> table{
-        {"plain", 53.5, 8.25, true},           {"half a degree south and west", -0.5, -0.25, true},
-        {"beyond the pole", 95.0, 8.0, false}, {"beyond the date line", 50.0, 190.0, false},
-        {"no place", 0.0, 0.0, false},
-    };
-    table.forEach([&](double latitude, double longitude, bool isValid) {
-        KRPlaceEdit edit{QString()};
-        edit.showPosition(KRGeoPosition(latitude, longitude));
-        QCOMPARE(edit.position().isValid(), isValid);
-        if (edit.position().isValid())
-            QCOMPARE(edit.position(), KRGeoPosition(latitude, longitude));
+    KRPlaceEdit edit{QString()};
+    for (const KRGeoPosition &position : {KRGeoPosition(53.5, 8.25), KRGeoPosition(-0.5, -0.25)}) {
+        edit.showPosition(position);
+        QCOMPARE(edit.position(), position);
         QVERIFY(edit.name().isEmpty());
-    });
+    }
+    for (const KRGeoPosition &position : {KRGeoPosition(95.0, 8.0), KRGeoPosition(50.0, 190.0)}) {
+        edit.showPosition(position);
+        QVERIFY(!edit.position().isValid());
+    }
 }
 
 void tst_KRPlacesPanel::flightLine()

@@ -17,7 +17,6 @@ private slots:
     void init();
     void storesOnlyWhenAccepted();
     void resetsLook();
-    void ordersPages();
     void simplifies();
 };
 
@@ -67,27 +66,6 @@ void tst_KRPreferencesDialog::resetsLook()
     }
     QVERIFY(page.findChild<KRLookEditor *>()->configuration() == KRGPXTrackConfiguration::defaultValue());
     QVERIFY(KRGeoLocationSettings::instance()->defaultTrackConfiguration().lineWidth() == 4.0);
-}
-
-void tst_KRPreferencesDialog::ordersPages()
-{
-    struct Box : KRPreferencesBox {
-        explicit Box(KRPreferencesType type) : KRPreferencesBox(type, QStringLiteral("Box")) { }
-        void readFromConfig() override { calls += QLatin1Char('r'); }
-        void writeToConfig() override { calls += QLatin1Char('w'); }
-        QString calls;
-    };
-    KRPreferencesDialog dialog;
-    auto *const general = new Box(GeneralPreferences);
-    auto *const map = new Box(MapPreferences);
-    dialog.addBox(map);
-    dialog.addBox(general);
-    const QTabWidget *const tabs = dialog.findChild<QTabWidget *>();
-    QCOMPARE(tabs->count(), 3);
-    QVERIFY(tabs->widget(0)->isAncestorOf(general));
-    QVERIFY(tabs->widget(1)->isAncestorOf(map));
-    dialog.accept();
-    QCOMPARE(general->calls, QStringLiteral("rw"));
 }
 
 void tst_KRPreferencesDialog::simplifies()

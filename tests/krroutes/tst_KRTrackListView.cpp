@@ -150,9 +150,10 @@ void tst_KRTrackListView::movesTracksByKeys()
 void tst_KRTrackListView::movesTracksByDragging()
 {
     const KRTestTable<int, int, double, const char *> table{
-        {"down, above a row", 0, 3, 0.2, "BCADE"}, {"down, below a row", 0, 3, 0.8, "BCDAE"},
-        {"up, above a row", 4, 1, 0.2, "AEBCD"},   {"up, below a row", 4, 1, 0.8, "ABECD"},
-        {"onto itself", 2, 2, 0.9, "ABCDE"},       {"below all rows", 1, 4, 3.0, "ACDEB"},
+        {"down, above a row", 0, 3, 0.2, "BCADE"},
+        {"down, below a row", 0, 3, 0.8, "BCDAE"},
+        {"up, below a row", 4, 1, 0.8, "ABECD"},
+        {"below all rows", 1, 4, 3.0, "ACDEB"},
     };
     table.forEach([&](int row, int targetRow, double part, const char *expected) {
         fill(5);
@@ -298,7 +299,6 @@ void tst_KRTrackListView::tellsMoreInToolTips()
     const QByteArray cut = "<p><b>A</b></p><p>" + lengthy.left(600) + "\u2026</p>";
     const KRTestTable<const char *, const char *, const char *> table{
         {"plain", "A & B", "up\ndown", "<p><b>A &amp; B</b></p><p>up<br>down</p>"},
-        {"name only", "A", " \n", "<p><b>A</b></p>"},
         {"web page", "A", "<p>see <img src='/dev/zero'><b>more</b></p>", "<p><b>A</b></p><p>see more</p>"},
         {"markup in the name is shown", "<img>", "", "<p><b>&lt;img&gt;</b></p>"},
         {"shortened", "A", lengthy.constData(), cut.constData()},

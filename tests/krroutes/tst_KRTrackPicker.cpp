@@ -97,13 +97,10 @@ static const KRTestRegistration<tst_KRTrackPicker> registration;
 void tst_KRTrackPicker::picks()
 {
     const KRTestTable<QPointF, int> table{
-        {"on a line", {150, 100}, 0},
         {"its edge and the tolerance", {150, 109}, 0},
         {"beyond", {150, 111}, -1},
         {"the upper one of two", {200, 101}, 1},
         {"the one under the pixel, not the upper one beside it", {205, 100}, 0},
-        {"the end", {306, 100}, 0},
-        {"inside an area", {420, 160}, 3},
         {"in its hole", {475, 145}, -1},
         {"a line through a translucent area", {500, 80}, 2},
         {"no line through an opaque one", {700, 100}, 5},
@@ -111,7 +108,6 @@ void tst_KRTrackPicker::picks()
         {"the edge that closes it", {101, 350}, 6},
         {"a marker, as large as it is drawn", {409, 350}, 7},
         {"a line drawn as marker in its middle", {554, 350}, 8},
-        {"and nowhere else", {525, 325}, -1},
         {"a line too short to be one", {700, 361}, 9},
     };
     const KRTrackPicker picker(scene());
@@ -181,11 +177,8 @@ void tst_KRTrackPicker::followsTheSmoothedLine()
 void tst_KRTrackPicker::area()
 {
     const KRTestTable<QList<Positions>> table{
-        {"two beside each other", {{{53.0, 8.0}, {54.0, 9.5}}, {{50.0, -3.0}, {51.0, 2.0}}}},
         {"on both sides of the date line", {{{-18.0, 177.0}}, {{-13.0, -171.0}}}},
-        {"across it, and beside", {{{1.0, 179.0}, {2.0, -179.0}}, {{3.0, -178.0}}}},
         {"across it, and inside", {{{1.0, 170.0}, {2.0, -170.0}}, {{3.0, 175.0}, {3.0, 176.0}}, {{3.0, -172.0}}}},
-        {"round the world", {{{1.0, 0.0}, {1.0, 120.0}, {1.0, -120.0}, {1.0, 1.0}}}},
         {"no fix at first", {{{0.0, 0.0}, {53.0, 8.0}, {54.0, 9.0}}, {{0.0, 0.0}}, {}}},
         {"nothing", {{}}},
     };
