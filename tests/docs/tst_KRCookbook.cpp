@@ -1,12 +1,9 @@
 #include "KRFencedBlocks.h"
 #include "KRRouteImport.h"
+#include "KRTestFile.h"
 #include "KRTestRegistry.h"
 
-#include <QDir>
 #include <QImage>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QtTest>
 
 /**
@@ -115,9 +112,8 @@ void tst_KRCookbook::piecesOfSources()
         if (!block.properties.contains(QStringLiteral("file")))
             continue;
         ++count;
-        QFile source(QStringLiteral(KR_DOCS_DIR "/../") + block.properties.value(QStringLiteral("file")));
-        QVERIFY2(source.open(QIODevice::ReadOnly), qPrintable(block.place()));
-        QVERIFY2(QString::fromUtf8(source.readAll()).contains(block.text), qPrintable(block.place()));
+        const QString source = QStringLiteral(KR_DOCS_DIR "/../") + block.properties.value(QStringLiteral("file"));
+        QVERIFY2(QString::fromUtf8(KRTestFile::content(source)).contains(block.text), qPrintable(block.place()));
     }
     QVERIFY(count > 0);
 }

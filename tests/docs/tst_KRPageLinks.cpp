@@ -1,8 +1,6 @@
+#include "KRTestFile.h"
 #include "KRTestRegistry.h"
 
-#include <QDir>
-#include <QDirIterator>
-#include <QRegularExpression>
 #include <QtTest>
 
 /// Follows the links on all our pages to files, folders, pictures and headings of the project.
@@ -23,12 +21,6 @@ const QDir &project()
     return dir;
 }
 
-QString contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
 /// What pages of a repository show headings under: in lower case, blanks as hyphens, nothing but letters and digits.
 QStringList anchorsOf(const QString &page)
 {
@@ -36,7 +28,7 @@ QStringList anchorsOf(const QString &page)
     static const QRegularExpression dropped(QStringLiteral("[^\\w\\- ]"),
                                             QRegularExpression::UseUnicodePropertiesOption);
     QStringList anchors;
-    auto match = heading.globalMatch(contentOf(page));
+    auto match = heading.globalMatch(QString::fromUtf8(KRTestFile::content(page)));
     while (match.hasNext()) {
         const QString text = match.next().captured(1).toLower().remove(dropped);
         anchors.append(QString(text).replace(QLatin1Char(' '), QLatin1Char('-')));
@@ -67,7 +59,7 @@ void tst_KRPageLinks::links()
 {
     QFETCH(QString, page);
     static const QRegularExpression link(QStringLiteral("\\]\\(([^)\\s]+)\\)"));
-    auto match = link.globalMatch(contentOf(page));
+    auto match = link.globalMatch(QString::fromUtf8(KRTestFile::content(page)));
     while (match.hasNext()) {
         const QString target = match.next().captured(1);
         if (target.contains(QLatin1String("://")) || target.startsWith(QLatin1String("mailto:")))

@@ -1,9 +1,8 @@
 #include <KRFuzzTargets.h>
 
+#include "KRQuietFiles.h"
 #include "KRTestRegistry.h"
 
-#include <QDir>
-#include <QLoggingCategory>
 #include <QtTest>
 
 /// Replays what fuzzing starts with, and what it has found before.
@@ -12,21 +11,12 @@ class tst_KRFuzzTargets : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
     void replay_data();
     void replay();
+
+private:
+    const KRQuietFiles m_quiet;
 };
-
-void tst_KRFuzzTargets::initTestCase()
-{
-    QLoggingCategory::setFilterRules(QStringLiteral("kr.*=false"));
-}
-
-void tst_KRFuzzTargets::cleanupTestCase()
-{
-    QLoggingCategory::setFilterRules(QString());
-}
 
 void tst_KRFuzzTargets::replay_data()
 {
