@@ -152,6 +152,8 @@ void tst_KRZIP::refusesEntry()
     ++wrongChecksum.crc;
     Archive::Entry claimsLess = sound;
     claimsLess.size = 10;
+    Archive::Entry claimsMore = sound;
+    claimsMore.size = 6000;
     Archive::Entry packedShorter = sound;
     packedShorter.packedSize -= 4;
     Archive::Entry bombInDisguise = Archive::deflated("a", QByteArray(4 << 20, ' '));
@@ -161,6 +163,7 @@ void tst_KRZIP::refusesEntry()
         {"unknown method", unknownMethod, QStringLiteral("Packverfahren")},
         {"wrong checksum", wrongChecksum, QStringLiteral("beschädigt")},
         {"longer than it claims", claimsLess, QStringLiteral("Größe")},
+        {"shorter than it claims", claimsMore, QStringLiteral("Größe")},
         {"packed bytes missing", packedShorter, QStringLiteral("beschädigt")},
         {"bomb", Archive::deflated("a", QByteArray(50 << 20, '\0')), QStringLiteral("200:1")},
         {"bomb that claims to be small", bombInDisguise, QStringLiteral("200:1")},

@@ -30,6 +30,7 @@ class tst_KRGPXMarkerShape : public QObject
 private slots:
     void xml();
     void pen();
+    void drawKeepsThePainterAsItIs();
     void figure();
     void star();
     void crossHasWholeOuterAndExactInnerOffsets();
@@ -67,6 +68,17 @@ void tst_KRGPXMarkerShape::pen()
         QCOMPARE(painter.pen().isCosmetic(), cosmetic);
         QVERIFY(painter.testRenderHint(QPainter::Antialiasing));
     });
+}
+
+void tst_KRGPXMarkerShape::drawKeepsThePainterAsItIs()
+{
+    QImage canvas(40, 40, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&canvas);
+    const QPen pen(Qt::black, 12);
+    painter.setPen(pen);
+    KRGPXMarkerShape(CircleMarkerShape).draw(&painter, QPointF(20, 20), 10, 5);
+    QCOMPARE(painter.pen(), pen);
+    QVERIFY(!painter.testRenderHint(QPainter::Antialiasing));
 }
 
 void tst_KRGPXMarkerShape::figure()

@@ -36,6 +36,7 @@ private slots:
     void decodeKml();
     void timesGrowWithEverySave();
     void equality();
+    void asElement();
     void safeDouble();
 };
 
@@ -152,6 +153,17 @@ void tst_KRGPXTrackPoint::equality()
     const KRGPXTrackPoint copy = nowhere;
     QCOMPARE(copy, nowhere);
     QVERIFY(nowhere != KRGPXTrackPoint(KRGeoPosition(std::nan(""), 8.0), 0, noon, QString()));
+}
+
+void tst_KRGPXTrackPoint::asElement()
+{
+    const KRGPXTrackPoint nullPoint;
+    QVERIFY(liesExactlyAt(nullPoint, 0.0, 0.0) && nullPoint.isNull());
+    const KRGPXTrackPoint point(KRGeoPosition(0.0, 1e-7), 5, noon, QString());
+    QVERIFY(!point.isNull() && point.isSinglePoint());
+    QCOMPARE(point.chunkedPoints(), QList<KRGeoPositionList>{KRGeoPositionList{point.position()}});
+    QCOMPARE(point.allTimeStamps(), QList<QDateTime>{noon});
+    QVERIFY(point.firstPoint() == point.position() && point.lastPoint() == point.position());
 }
 
 void tst_KRGPXTrackPoint::safeDouble()
