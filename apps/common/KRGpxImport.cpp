@@ -13,9 +13,9 @@
 
 namespace {
 
-QList<KRGPXTrack> tracksOf(const QFileInfo &file)
+QList<KRGPXTrack> tracksOf(const QFileInfo &file, KRErrorHistory *history)
 {
-    return KRGPXTrackFile(QFileInfo(file.absoluteFilePath())).tracks();
+    return KRGPXTrackFile(QFileInfo(file.absoluteFilePath()), history).tracks();
 }
 
 } // namespace
@@ -29,21 +29,15 @@ void KRGpxImport::read()
 {
     KRGpxPreparation preparation(m_file);
     if (!preparation.read(&m_problems)) {
-        // The importer may still find tracks, as it passes over what else there may be too much of.
-        if (!preparation.hasTooManyTracks())
-            m_ownTracks = tracksOf(m_file);
+        // The importer passes over what there is too much of.
+        if (preparation.areTracksReadable())
+            m_ownTracks = tracksOf(m_file, &m_problems);
         return;
     }
+    const int knownProblems = m_problems.entries().size();
     QList<KRGPXTrack> tracks = readOwnTracks(preparation);
-    if (tracks.size() != preparation.countOfOwnTracks()) {
-        // Where the importer finds something else, it tells nothing. Read once more what failed, for its reason.
-        KRErrorHistory reasons;
-        const KRGPXTrackFile reading(m_file, &reasons);
-        for (const KRErrorHistory::Entry &reason : reasons.entries())
-            KRErrorHistory::report(&m_problems, reason);
-        if (!reasons.isEmpty())
-            return;
-    }
+    if (m_problems.entries().size() > knownProblems)
+        return;
 
     m_report = preparation.report();
     tracks.erase(
@@ -74,7 +68,7 @@ KRGPXConfiguredTrackList KRGpxImport::configuredTracks() const
 QList<KRGPXTrack> KRGpxImport::readOwnTracks(const KRGpxPreparation &preparation)
 {
     if (!preparation.needsRewriting())
-        return tracksOf(m_file);
+        return tracksOf(m_file, &m_problems);
     // Under its own name, which tracks without one are named after.
     const QTemporaryDir dir;
     QFile rewritten(dir.filePath(m_file.fileName()));
@@ -82,10 +76,16 @@ QList<KRGPXTrack> KRGpxImport::readOwnTracks(const KRGpxPreparation &preparation
         KRErrorHistory::report(&m_problems, m_file.filePath(),
                                tr("Die Datei kann nicht umgeschrieben werden: %1")
                                    .arg(dir.isValid() ? rewritten.errorString() : dir.errorString()));
-        return tracksOf(m_file);
+        return {};
     }
     if (!KRGpxRewriter::rewrite(m_file, &rewritten, &m_problems))
-        return tracksOf(m_file);
+        return {};
     rewritten.close();
-    return tracksOf(QFileInfo(rewritten.fileName()));
+    KRErrorHistory reasons;
+    const QList<KRGPXTrack> tracks = tracksOf(QFileInfo(rewritten.fileName()), &reasons);
+    for (KRErrorHistory::Entry reason : reasons.entries()) {
+        reason.fileName = m_file.filePath();
+        KRErrorHistory::report(&m_problems, reason);
+    }
+    return tracks;
 }

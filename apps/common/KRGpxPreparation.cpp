@@ -119,11 +119,9 @@ void KRGpxPreparation::readTrack(KRXmlStream &stream)
     ++m_trackNumber;
     checkCounts(stream);
     QString name;
-    bool hasSegment = false;
     PointCount count;
     while (stream.readNextChild()) {
         if (m_names.isAt(stream, segmentElement)) {
-            hasSegment = true;
             readSegment(stream, &count);
         } else if (m_names.isAt(stream, nameElement)) {
             name = stream.readText();
@@ -131,8 +129,6 @@ void KRGpxPreparation::readTrack(KRXmlStream &stream)
             stream.skipElement();
         }
     }
-    if (hasSegment)
-        ++m_countOfOwnTracks;
     m_needsRewriting = m_needsRewriting || count.unreadable > 0;
     report(KRImportReport::TrackWithoutPosition, line, name, count);
 }
@@ -143,15 +139,16 @@ void KRGpxPreparation::readSegment(KRXmlStream &stream, PointCount *count)
     while (stream.readNextChild()) {
         if (m_names.isAt(stream, trackPointElement)) {
             m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
-            stream.allowForPoints(1);
-            count->add(hasPosition(stream), stream.line());
+            // Most likely the first one of a run, the rest of which has been skimmed off.
+            const bool isReadable = hasPosition(stream);
+            stream.allowForPoints(isReadable ? 1 : 0);
+            count->add(isReadable, stream.line());
             stream.skipElement();
         } else if (m_names.isAt(stream, compressedPointsElement)) {
             int textCount = 0;
             stream.readText([&](QStringView piece) { textCount += KRGPXCommaText::count(piece); });
             stream.allowForPoints(textCount);
-            m_hasTooManyTracks = textCount > KRInputLimits::textPoints;
-            if (m_hasTooManyTracks)
+            if (textCount > KRInputLimits::textPoints)
                 stream.refuse(tr("Ein Text hat mehr als %1 Punkte.").arg(KRInputLimits::textPoints));
             count->readable += textCount;
         } else {
@@ -164,7 +161,6 @@ void KRGpxPreparation::readWayPoint(KRXmlStream &stream)
 {
     const int line = stream.line();
     const GpxPoint point = readPoint(stream, m_names);
-    stream.allowForPoints(1);
     countTexts(stream, point.name, point.description, point.comment);
     ++m_wayPointNumber;
     checkCounts(stream);
@@ -190,7 +186,6 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
         if (m_names.isAt(stream, routePointElement)) {
             const int pointLine = stream.line();
             const GpxPoint point = readPoint(stream, m_names);
-            stream.allowForPoints(1);
             ++m_routePointNumber;
             checkCounts(stream);
             countTexts(stream, point.description, QString(), QString());
@@ -220,20 +215,26 @@ void KRGpxPreparation::readRoute(KRXmlStream &stream)
 
 void KRGpxPreparation::checkCounts(KRXmlStream &stream)
 {
-    m_hasTooManyTracks = m_trackNumber > KRInputLimits::tracks;
-    if (m_hasTooManyTracks)
+    if (m_trackNumber > KRInputLimits::tracks)
         stream.refuse(tr("Die Datei hat mehr als %1 Strecken.").arg(KRInputLimits::tracks));
     else if (m_wayPointNumber + m_routeNumber > KRInputLimits::wayPoints)
-        stream.refuse(tr("Die Datei hat mehr als %1 Wegpunkte und Routen.").arg(KRInputLimits::wayPoints));
+        refuseBesidesTracks(stream,
+                            tr("Die Datei hat mehr als %1 Wegpunkte und Routen.").arg(KRInputLimits::wayPoints));
     else if (m_routePointNumber > KRInputLimits::routePoints)
-        stream.refuse(tr("Die Datei hat mehr als %1 Punkte von Routen.").arg(KRInputLimits::routePoints));
+        refuseBesidesTracks(stream, tr("Die Datei hat mehr als %1 Punkte von Routen.").arg(KRInputLimits::routePoints));
+}
+
+void KRGpxPreparation::refuseBesidesTracks(KRXmlStream &stream, const QString &reason)
+{
+    m_areTracksReadable = true;
+    stream.refuse(reason);
 }
 
 void KRGpxPreparation::countTexts(KRXmlStream &stream, const QString &a, const QString &b, const QString &c)
 {
     m_keptCharacters += qint64(a.size()) + b.size() + c.size();
     if (m_keptCharacters > KRInputLimits::allKeptCharacters)
-        stream.refuse(tr("Die Namen und Beschreibungen sind zusammen zu lang."));
+        refuseBesidesTracks(stream, tr("Die Namen und Beschreibungen sind zusammen zu lang."));
 }
 
 void KRGpxPreparation::report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count)

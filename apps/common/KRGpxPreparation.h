@@ -30,12 +30,10 @@ public:
     /// False when the file cannot be read; the reason is reported then.
     bool read(KRErrorHistory *history);
 
-    /// Whether it cannot be read as there are too many tracks in it, or points in one text.
-    bool hasTooManyTracks() const { return m_hasTooManyTracks; }
+    /// Whether it cannot be read for nothing but the number of way points and routes, or the length of their texts.
+    bool areTracksReadable() const { return m_areTracksReadable; }
     /// The way points, then the routes, each in the order of the file.
     QList<KRGPXTrack> tracks() const { return m_wayPoints + m_routes; }
-    /// How many tracks the importer should find, those without a position included.
-    int countOfOwnTracks() const { return m_countOfOwnTracks; }
     bool needsRewriting() const { return m_needsRewriting; }
     const KRImportReport &report() const { return m_report; }
 
@@ -55,6 +53,7 @@ private:
     void readWayPoint(KRXmlStream &stream);
     void readRoute(KRXmlStream &stream);
     void checkCounts(KRXmlStream &stream);
+    void refuseBesidesTracks(KRXmlStream &stream, const QString &reason);
     void countTexts(KRXmlStream &stream, const QString &a, const QString &b, const QString &c);
     void report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count);
 
@@ -62,9 +61,8 @@ private:
     KRGpxNames m_names;
     QList<KRGPXTrack> m_wayPoints;
     QList<KRGPXTrack> m_routes;
-    int m_countOfOwnTracks = 0;
     bool m_needsRewriting = false;
-    bool m_hasTooManyTracks = false;
+    bool m_areTracksReadable = false;
     int m_wayPointNumber = 0; // of all in the file, also those that are left out
     int m_routeNumber = 0;
     int m_routePointNumber = 0;

@@ -73,7 +73,6 @@ private:
 
     void copyPoint()
     {
-        m_stream.allowForPoints(1);
         if (!KRGpxPreparation::hasPosition(m_stream)) {
             m_stream.skipElement();
             return;

@@ -73,9 +73,11 @@ bool KRXmlStream::read(const QFileInfo &file, KRErrorHistory *history, const Rea
 /// False when nobody has refused the document.
 bool KRXmlStream::reportRefusal(const QString &fileName, KRErrorHistory *history) const
 {
-    if (!m_refusal.isNull())
-        KRErrorHistory::report(history, {fileName, line(), 0, m_refusal});
-    return !m_refusal.isNull();
+    const QString refusal =
+        m_refusal.isNull() && m_device.hasRefused() ? tr("Ein Text oder ein Element ist zu groß.") : m_refusal;
+    if (!refusal.isNull())
+        KRErrorHistory::report(history, {fileName, line(), 0, refusal});
+    return !refusal.isNull();
 }
 
 /// False when the document may be read in another way.
@@ -83,9 +85,8 @@ bool KRXmlStream::reportTooLarge(qint64 bytes, const QString &fileName, KRErrorH
 {
     if (bytes <= KRInputLimits::mendedBytes)
         return false;
-    const QString reason = m_device.hasRefused() ? tr("Ein Text oder ein Element ist zu groß.") : m_xml.errorString();
-    KRErrorHistory::report(history,
-                           {fileName, line(), int(m_xml.columnNumber()) + 1, tr("Kein lesbares XML: %1").arg(reason)});
+    KRErrorHistory::report(history, {fileName, line(), int(m_xml.columnNumber()) + 1,
+                                     tr("Kein lesbares XML: %1").arg(m_xml.errorString())});
     return true;
 }
 
@@ -225,6 +226,7 @@ QXmlStreamReader::TokenType KRXmlStream::readToken()
 void KRXmlStream::checkTag()
 {
     const qint64 count = m_xml.attributes().size();
+    m_device.addTokens(count);
     if (count > KRInputLimits::manyAttributes)
         m_attributePairs += count * count;
     if (m_attributePairs > KRInputLimits::attributePairs)

@@ -36,6 +36,8 @@ inline constexpr int declarationBytes = 4096;
 /// Words in the texts of a DOM, with blanks between them: each may be a position, which takes some 100 bytes for a
 /// while.
 inline constexpr int words = 4000000;
+/// Characters of one of them, or of blanks in between: no position, name or description is as long.
+inline constexpr int wordCharacters = 4 << 20;
 /// References to characters and entities in a text that becomes a DOM, whose reader is slow with them, and in any one
 /// tag or text.
 inline constexpr int references = 2000000;
@@ -45,8 +47,8 @@ inline constexpr int documentTokens = 8000000;
 /// no XML reader sees, do not count.
 inline constexpr int bulkTokens = 2000000;
 inline constexpr int bulkBytes = 64 << 20;
-inline constexpr int tokensPerPoint = 500;
-inline constexpr int bytesPerPoint = 1 << 14;
+inline constexpr int tokensPerPoint = 1;
+inline constexpr int bytesPerPoint = 64;
 /// As how many of them a reference counts, which takes as long.
 inline constexpr int tokensPerReference = 2;
 /// Tags, texts and comments that one name, description or list of positions consists of.

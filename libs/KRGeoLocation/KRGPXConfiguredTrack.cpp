@@ -1,6 +1,7 @@
 #include "KRGPXConfiguredTrack.h"
 
 #include "KRGPXVocabulary.h"
+#include "KRGeoPositionSpan.h"
 
 #include <KRCore/KRValue.h>
 #include <KRXML/KRXMLBuilder.h>
@@ -89,12 +90,19 @@ KRGeoPositionList KRGPXConfiguredTrack::drawingPoints() const
 KRGeoPosition KRGPXConfiguredTrack::positionRelativeFromStart(double fraction) const
 {
     const KRGPXTrackShape shape = effectiveShape();
-    const KRGeoPositionList points = allPoints();
     if (shape == HopTrackShape || shape == PolygonTrackShape)
-        return points.boundingBox().center();
-    const double index = std::round((points.size() - 1) * fraction);
-    const bool isInside = index >= 0 && index < points.size();
-    return isInside ? points.at(static_cast<int>(index)) : KRGeoPosition();
+        return allPoints().boundingBox().center();
+    int count = 0;
+    visitPositions([&](const KRGeoPositionSpan &positions) { count += positions.count; });
+    const double index = std::round((count - 1) * fraction);
+    KRGeoPosition found;
+    int first = 0;
+    visitPositions([&](const KRGeoPositionSpan &positions) {
+        if (index >= first && index < first + positions.count)
+            found = positions.at(int(index) - first);
+        first += positions.count;
+    });
+    return found;
 }
 
 KRGPXTrackAspect KRGPXConfiguredTrack::differentAspects(const KRGPXConfiguredTrack &other) const

@@ -27,12 +27,14 @@ public:
 
     /// Expects no points but a document that was in memory as a whole.
     void expectDocument();
-    /// To be called for points that have been read, beside which a file may hold as much more.
+    /// To be called for points that have been read in little time, beside which a file may hold as much more.
     void allowForPoints(int count) { m_points += count; }
     /// Whether tokens, references and bytes are in proportion to the points.
     bool isInProportion() const;
-    /// How often a token was started.
+    /// How often a token was started, and those that were added.
     qint64 tokens() const { return m_tokens; }
+    /// To be called for parts of a token, such as attributes, that take as long as one.
+    void addTokens(qint64 count) { m_tokens += count; }
 
     /// To be called whenever the reader has completed a token.
     void startToken()

@@ -1,59 +1,54 @@
 #include "KRGPXPointScanner.h"
 
 #include "KRGPXTrackSegment.h"
+#include "KRGPXVocabulary.h"
 
 #include <KRCore/KRMath.h>
 
+#include <QDateTime>
+
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstring>
-#include <string_view>
 
 namespace {
 
 /// Open elements within a point that are not left to the XML reader.
 constexpr int deepestNesting = 8;
 
-bool isBlank(char character)
-{
-    return character == ' ' || character == '\n' || character == '\r' || character == '\t';
-}
+/// Attributes of a tag that are not left to it, as they are compared with each other.
+constexpr std::size_t mostAttributes = 8;
 
-bool isDigit(char character)
+QString toText(std::string_view bytes)
 {
-    return character >= '0' && character <= '9';
-}
-
-bool startsName(char character)
-{
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') || character == '_';
-}
-
-bool continuesName(char character)
-{
-    return startsName(character) || isDigit(character) || character == '-' || character == '.';
-}
-
-/// Text without markup, references and the start of "]]>".
-bool isPlainText(char character)
-{
-    return (character >= ' ' && character <= '~' && character != '<' && character != '&' && character != ']')
-           || isBlank(character);
+    return QString::fromUtf8(bytes.data(), int(bytes.size()));
 }
 
 } // namespace
 
-const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTrackSegment *segment, int mostPoints,
-                                    int mostLevels)
+struct KRGPXPointScanner::Point {
+    double latitude = KRGPXVocabulary::missingCoordinate;
+    double longitude = KRGPXVocabulary::missingCoordinate;
+    double elevation = 0.0;
+    qint64 milliseconds = KRGPXTrackSegment::noTime;
+    QDateTime unusualTime;
+    QString description;
+    bool hasElevation = false;
+    bool hasTime = false;
+    bool hasDescription = false;
+};
+
+const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTrackSegment *segment,
+                                    const Limits &limits)
 {
     const char *taken = begin;
     qint64 takenNodes = 0;
-    m_at = begin;
-    m_end = end;
+    m_cursor = KRGPXByteCursor(begin, end);
+    m_points = 0;
     m_nodes = 0;
-    for (m_points = 0; m_points < mostPoints && readPoint(segment, mostLevels); ++m_points) {
-        taken = m_at;
+    m_characters = 0;
+    while (m_points < limits.points && m_characters <= limits.characters && readPoint(segment, limits.levels)) {
+        ++m_points;
+        taken = m_cursor.at();
         takenNodes = m_nodes;
     }
     m_nodes = takenNodes;
@@ -63,149 +58,171 @@ const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTra
 /// False, with the segment as it was, unless there is a plain point, whole.
 bool KRGPXPointScanner::readPoint(KRGPXTrackSegment *segment, int mostLevels)
 {
-    double latitude = 0.0;
-    double longitude = 0.0;
-    double elevation = 0.0;
-    qint64 time = KRGPXTrackSegment::noTime;
-    bool hasElevation = false;
-    bool hasTime = false;
+    Point point;
     skipBlanks();
-    if (!skip("<trkpt lat=\"") || !readDecimal(&latitude) || !skip("\" lon=\"") || !readDecimal(&longitude))
+    if (!m_cursor.skip("<trkpt") || !readPosition(&point))
         return false;
-    m_nodes += 3;
-    if (!skip("\"/>")) {
-        if (!skip("\">"))
+    if (!m_cursor.skip("/>")) {
+        if (!m_cursor.skip(">"))
             return false;
-        for (skipBlanks(); !skip("</trkpt>"); skipBlanks()) {
-            if (!hasElevation && skip("<ele>")) {
-                hasElevation = true;
-                if (!readDecimal(&elevation) || !skip("</ele>"))
-                    return false;
-                m_nodes += 2;
-            } else if (!hasTime && skip("<time>")) {
-                hasTime = true;
-                if (!readTime(&time) || !skip("</time>"))
-                    return false;
-                m_nodes += 2;
-            } else if (!skipElement(mostLevels)) {
+        for (skipBlanks(); !m_cursor.skip("</trkpt>"); skipBlanks()) {
+            if (!readChild(&point, mostLevels))
                 return false;
-            }
         }
     }
-    segment->append(latitude, longitude, KRMath::toInt(elevation), time);
-    return true;
-}
-
-/// Digits with or without decimals, not at the end of what is there: the number might go on.
-bool KRGPXPointScanner::readDecimal(double *value)
-{
-    constexpr std::ptrdiff_t mostExactDigits = 15;
-    constexpr std::ptrdiff_t mostCharacters = 32;
-    static constexpr std::array<double, mostExactDigits + 1> powersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    const char *const begin = m_at;
-    const bool isNegative = skip("-");
-    quint64 number = 0;
-    const auto readDigits = [&] {
-        const char *const first = m_at;
-        for (; !isAtEnd() && isDigit(*m_at); ++m_at)
-            number = number * 10 + quint64(*m_at - '0');
-        return m_at - first;
-    };
-    const std::ptrdiff_t digits = readDigits();
-    const bool hasPoint = skip(".");
-    const std::ptrdiff_t decimals = hasPoint ? readDigits() : 0;
-    if (isAtEnd() || digits == 0 || (hasPoint && decimals == 0) || m_at - begin > mostCharacters)
-        return false;
-    if (digits + decimals <= mostExactDigits) {
-        // Both are exact as a double, so the quotient is rounded once, like any other way to read the number.
-        const double magnitude = double(number) / powersOfTen[std::size_t(decimals)];
-        *value = isNegative ? -magnitude : magnitude;
+    const int elevation = KRMath::toInt(point.elevation);
+    if (point.description.isEmpty() && !point.unusualTime.isValid()) {
+        segment->append(point.latitude, point.longitude, elevation, point.milliseconds);
         return true;
     }
-    const std::from_chars_result result = std::from_chars(begin, m_at, *value);
-    return result.ec == std::errc() && result.ptr == m_at;
+    if (point.milliseconds != KRGPXTrackSegment::noTime)
+        point.unusualTime = QDateTime::fromMSecsSinceEpoch(point.milliseconds, Qt::UTC);
+    segment->append(point.latitude, point.longitude, elevation, point.unusualTime, point.description);
+    m_characters += point.description.size();
+    return true;
 }
 
-bool KRGPXPointScanner::readTime(qint64 *milliseconds)
+/// The attributes of a point, neither of which needs to be there.
+bool KRGPXPointScanner::readPosition(Point *point)
 {
-    constexpr int lengthWithoutZone = KRGPXUtcTime::shortLength - 1;
-    if (m_end - m_at < KRGPXUtcTime::longLength)
-        return false;
-    const int length = m_at[lengthWithoutZone] == '.' ? KRGPXUtcTime::longLength : KRGPXUtcTime::shortLength;
-    *milliseconds = m_time.read(m_at, length);
-    m_at += length;
-    return *milliseconds != KRGPXTrackSegment::noTime;
+    bool hasLatitude = false;
+    bool hasLongitude = false;
+    ++m_nodes;
+    while (m_cursor.skipBlanks()) {
+        double *degrees = nullptr;
+        if (!hasLatitude && m_cursor.skip("lat=")) {
+            hasLatitude = true;
+            degrees = &point->latitude;
+        } else if (!hasLongitude && m_cursor.skip("lon=")) {
+            hasLongitude = true;
+            degrees = &point->longitude;
+        } else {
+            break;
+        }
+        ++m_nodes;
+        if (!readCoordinate(degrees))
+            return false;
+    }
+    return true;
 }
 
-/// An element that says nothing of the point, with all in it.
-bool KRGPXPointScanner::skipElement(int mostLevels)
+bool KRGPXPointScanner::readCoordinate(double *degrees)
+{
+    const char *const begin = m_cursor.at();
+    if (m_cursor.skip("\"") && m_cursor.readDecimal(degrees) && m_cursor.skip("\""))
+        return true;
+    m_cursor.returnTo(begin);
+    std::string_view value;
+    if (!m_cursor.readValue(&value))
+        return false;
+    *degrees = KRMath::toDouble(toText(value), KRGPXVocabulary::missingCoordinate);
+    return true;
+}
+
+/// Of children with the same name the first one counts.
+bool KRGPXPointScanner::readChild(Point *point, int mostLevels)
+{
+    Tag tag;
+    if (mostLevels < 1 || !readTag(&tag))
+        return false;
+    ++m_nodes;
+    if (!point->hasElevation && tag.name == "ele") {
+        point->hasElevation = true;
+        return tag.isEmpty || (readElevation(&point->elevation) && m_cursor.skip("</ele>"));
+    }
+    if (!point->hasTime && tag.name == "time") {
+        point->hasTime = true;
+        return tag.isEmpty || (readTime(point) && m_cursor.skip("</time>"));
+    }
+    if (!point->hasDescription && tag.name == "desc") {
+        point->hasDescription = true;
+        return tag.isEmpty || (readDescription(&point->description) && m_cursor.skip("</desc>"));
+    }
+    return tag.isEmpty || skipContent(tag, mostLevels);
+}
+
+bool KRGPXPointScanner::readElevation(double *metres)
+{
+    const char *const begin = m_cursor.at();
+    if (m_cursor.readDecimal(metres) && m_cursor.startsWith('<'))
+        return true;
+    m_cursor.returnTo(begin);
+    std::string_view text;
+    if (!m_cursor.readText(&text))
+        return false;
+    *metres = KRMath::toDouble(toText(text), 0.0);
+    return true;
+}
+
+bool KRGPXPointScanner::readTime(Point *point)
+{
+    std::string_view text;
+    if (!m_cursor.readText(&text))
+        return false;
+    point->milliseconds = m_time.read(text.data(), int(text.size()));
+    if (point->milliseconds == KRGPXTrackSegment::noTime)
+        point->unusualTime = m_time.toDateTime(toText(text));
+    return true;
+}
+
+bool KRGPXPointScanner::readDescription(QString *description)
+{
+    std::string_view text;
+    if (!m_cursor.readText(&text))
+        return false;
+    *description = toText(text);
+    // Readers do not agree on carriage returns, and on text of nothing but blanks, those of Unicode among them.
+    const auto isBlank = [](QChar character) { return character.isSpace(); };
+    return !description->contains(QLatin1Char('\r'))
+           && (description->isEmpty() || !std::all_of(description->cbegin(), description->cend(), isBlank));
+}
+
+/// An opening tag with any attributes, of which there are no two of one name.
+bool KRGPXPointScanner::readTag(Tag *tag)
+{
+    std::array<std::string_view, mostAttributes> names;
+    auto end = names.begin();
+    if (!m_cursor.skip("<") || !m_cursor.readName(&tag->name))
+        return false;
+    while (m_cursor.skipBlanks()) {
+        if (m_cursor.startsWith('/') || m_cursor.startsWith('>'))
+            break;
+        std::string_view name;
+        std::string_view value;
+        if (end == names.end() || !m_cursor.readName(&name) || std::find(names.begin(), end, name) != end
+            || !m_cursor.skip("=") || !m_cursor.readValue(&value))
+            return false;
+        *end++ = name;
+        ++m_nodes;
+    }
+    tag->isEmpty = m_cursor.skip("/>");
+    return tag->isEmpty || m_cursor.skip(">");
+}
+
+/// What follows the tag of an element that says nothing of the point, up to its end.
+bool KRGPXPointScanner::skipContent(const Tag &tag, int mostLevels)
 {
     std::array<std::string_view, deepestNesting> open;
-    std::size_t depth = 0;
     const std::size_t mostDepth = std::size_t(std::clamp(mostLevels, 0, deepestNesting));
-    do {
-        const char *name = nullptr;
-        std::size_t length = 0;
-        if (skip("</")) {
-            if (depth == 0 || !readName(&name, &length) || open[--depth] != std::string_view(name, length)
-                || !skip(">"))
+    std::size_t depth = 1;
+    open[0] = tag.name;
+    while (depth > 0) {
+        std::string_view text;
+        if (!m_cursor.readText(&text))
+            return false;
+        m_nodes += text.empty() ? 0 : 1;
+        if (m_cursor.skip("</")) {
+            std::string_view name;
+            if (!m_cursor.readName(&name) || open[--depth] != name || !m_cursor.skip(">"))
                 return false;
-        } else if (skip("<")) {
-            if (depth == mostDepth || !readName(&name, &length))
-                return false;
-            const std::string_view tag(name, length);
-            // Written in an unusual way, or a second time.
-            if (depth == 0 && (tag == "ele" || tag == "time" || tag == "desc"))
+        } else {
+            Tag child;
+            if (depth == mostDepth || !readTag(&child))
                 return false;
             ++m_nodes;
-            if (skip(">"))
-                open[depth++] = tag;
-            else if (!skip("/>"))
-                return false;
-        } else if (depth == 0 || !skipText()) {
-            return false;
+            if (!child.isEmpty)
+                open[depth++] = child.name;
         }
-    } while (depth > 0);
-    return true;
-}
-
-bool KRGPXPointScanner::skipText()
-{
-    const char *const begin = m_at;
-    m_at = std::find_if_not(begin, m_end, isPlainText);
-    ++m_nodes;
-    return m_at != begin;
-}
-
-/// With one prefix at most.
-bool KRGPXPointScanner::readName(const char **name, std::size_t *length)
-{
-    *name = m_at;
-    int parts = 0;
-    do {
-        if (isAtEnd() || !startsName(*m_at) || ++parts > 2)
-            return false;
-        m_at = std::find_if_not(m_at, m_end, continuesName);
-    } while (skip(":"));
-    *length = std::size_t(m_at - *name);
-    return true;
-}
-
-void KRGPXPointScanner::skipBlanks()
-{
-    if (isAtEnd() || !isBlank(*m_at))
-        return;
-    m_at = std::find_if_not(m_at, m_end, isBlank);
-    ++m_nodes;
-}
-
-template <std::size_t size>
-bool KRGPXPointScanner::skip(const char (&text)[size])
-{
-    constexpr std::size_t length = size - 1; // without the zero at the end
-    if (std::size_t(m_end - m_at) < length || std::memcmp(m_at, text, length) != 0)
-        return false;
-    m_at += length;
+    }
     return true;
 }

@@ -73,16 +73,16 @@ void KRGPXRunDevice::detectEncoding()
 /// How many bytes there are up to the end of the first tag behind which points may follow; @p mostBytes if none.
 int KRGPXRunDevice::endOfTag(int mostBytes) const
 {
-    if (mostBytes <= shortestRead)
-        return mostBytes;
     const char *const begin = m_block.constData() + m_begin;
-    const char *end = begin + mostBytes;
-    for (const char *const tag : {"trkpt>", "trkseg>"}) {
-        const std::size_t length = std::strlen(tag);
-        const char *const first = begin + shortestRead - length;
-        const char *const match = std::search(first, end, tag, tag + length);
-        if (match != end)
-            end = match + length;
+    const char *const end = begin + mostBytes;
+    const auto isBehind = [](const char *at, const char *name, int length) {
+        return std::memcmp(at - length, name, std::size_t(length)) == 0;
+    };
+    // Each byte is looked at once, however many tags there are.
+    for (const char *at = begin + std::min(mostBytes, shortestRead);
+         (at = static_cast<const char *>(std::memchr(at, '>', std::size_t(end - at)))) != nullptr; ++at) {
+        if (isBehind(at, "trkpt", 5) || isBehind(at, "trkseg", 6))
+            return int(at + 1 - begin);
     }
-    return int(end - begin);
+    return mostBytes;
 }

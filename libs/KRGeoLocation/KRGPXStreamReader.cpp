@@ -48,7 +48,7 @@ KRGPXStreamResult KRGPXStreamReader::readFile(const QFileInfo &file, KRErrorHist
     KRGPXStreamReader reader(&source);
     if (read(reader))
         return reader.isDomPreferable() ? StreamNeedsDom : StreamWasRead;
-    if (!reader.m_isRefused && source.size() <= KRInputLimits::documentBytes)
+    if (!reader.m_isRefused && !reader.m_device.hasRefused() && source.size() <= KRInputLimits::documentBytes)
         return StreamNeedsDom;
     KRErrorHistory::Entry entry = reader.error();
     entry.fileName = file.filePath();
@@ -142,12 +142,12 @@ bool KRGPXStreamReader::checkTag()
         m_differsFromDom || !isPlainName(m_xml.qualifiedName())
         || !std::all_of(attributes.cbegin(), attributes.cend(),
                         [](const QXmlStreamAttribute &attribute) { return isPlainName(attribute.qualifiedName()); });
+    m_device.addTokens(attributes.size());
     if (m_depth > KRInputLimits::depth)
-        m_xml.raiseError(
-            QCoreApplication::translate("KRGPXStreamReader", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
-                .arg(KRInputLimits::depth));
+        refuse(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
+                   .arg(KRInputLimits::depth));
     else if (m_attributePairs > KRInputLimits::attributePairs)
-        m_xml.raiseError(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente haben zu viele Attribute."));
+        refuse(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente haben zu viele Attribute."));
     else
         checkElements();
     return !m_xml.hasError();
@@ -322,7 +322,6 @@ void KRGPXStreamReader::readCompressedPoints(KRGPXTrackSegment *segment)
 void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
 {
     ++m_points;
-    m_device.allowForPoints(1);
     const QXmlStreamAttributes attributes = m_xml.attributes();
     const double latitude =
         KRMath::toDouble(attributes.value(KRGPXVocabulary::latitudeAttribute), KRGPXVocabulary::missingCoordinate);
@@ -340,7 +339,7 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
             elevation = KRMath::toDouble(readText(KRInputLimits::keptCharacters), 0.0);
         } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
             hasTimeStamp = true;
-            timeStamp = toDateTime(readText(KRInputLimits::keptCharacters));
+            timeStamp = m_time.toDateTime(readText(KRInputLimits::keptCharacters));
         } else if (!hasDescription && isAt(KRGPXVocabulary::descriptionElement)) {
             hasDescription = true;
             description = textToKeep();
@@ -365,9 +364,11 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
 {
     if (!mayRunBegin())
         return begin;
-    const char *const endOfRun =
-        m_scanner.scan(begin, end, m_runTarget, KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1);
+    const char *const endOfRun = m_scanner.scan(begin, end, m_runTarget,
+                                                {KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1,
+                                                 KRInputLimits::allKeptCharacters - m_keptCharacters});
     m_points += m_scanner.points();
+    m_keptCharacters += m_scanner.characters();
     m_device.allowForPoints(m_scanner.points());
     m_nodes += m_scanner.nodes();
     countLines(begin, endOfRun);
@@ -398,12 +399,4 @@ void KRGPXStreamReader::countLines(const char *begin, const char *end)
     else
         m_columnShift = end - begin;
     m_shiftedLine = m_xml.lineNumber();
-}
-
-QDateTime KRGPXStreamReader::toDateTime(const QString &text)
-{
-    const QByteArray characters = text.size() <= KRGPXUtcTime::longLength ? text.toLatin1() : QByteArray();
-    const qint64 milliseconds = m_time.read(characters.constData(), characters.size());
-    return milliseconds != KRGPXTrackSegment::noTime ? QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC)
-                                                     : KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
 }

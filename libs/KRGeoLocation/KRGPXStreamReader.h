@@ -78,7 +78,6 @@ private:
     const char *takeRun(const char *begin, const char *end);
     bool mayRunBegin() const;
     void countLines(const char *begin, const char *end);
-    QDateTime toDateTime(const QString &text);
 
     KRGPXPointScanner m_scanner;
     KRGPXRunDevice m_runs;

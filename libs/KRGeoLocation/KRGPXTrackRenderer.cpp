@@ -15,6 +15,7 @@
 #include "KRGPXTrackSmoothing.h"
 #include "KRGPXWorldCopies.h"
 #include "KRGeoPositionList.h"
+#include "KRGeoPositionSpan.h"
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRQtCompat.h>
@@ -25,6 +26,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -62,6 +64,19 @@ int dateLineCrossing(const KRLongitude &from, const KRLongitude &to)
     if (from.isEastOf(to) == startsInTheEast)
         return 0; // over the prime meridian
     return startsInTheEast ? 1 : -1;
+}
+
+/// Not valid if there is none. The list of a long track takes some 70 bytes for each point.
+KRGeoPosition firstDrawingPoint(const KRGPXConfiguredTrack &track)
+{
+    if (track.effectiveShape() == PointTrackShape && track.effectiveShape() != track.naturalShape())
+        return track.drawingPoints().value(0);
+    std::optional<KRGeoPosition> first;
+    track.visitPositions([&](const KRGeoPositionSpan &positions) {
+        if (!first && positions.count > 0)
+            first = positions.at(0);
+    });
+    return first.value_or(KRGeoPosition());
 }
 
 } // namespace
@@ -446,11 +461,11 @@ void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack
     const bool fills = option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption);
     if (!strokes && !fills)
         return;
-    const KRGeoPositionList positions = track.drawingPoints();
+    const KRGeoPosition position = firstDrawingPoint(track);
     // Most projections give a position without valid angles a pixel all the same.
-    if (positions.isEmpty() || !positions.first().latitude().isValid() || !positions.first().longitude().isValid())
+    if (!position.latitude().isValid() || !position.longitude().isValid())
         return;
-    const QPointF centre = projectPosition(positions.first());
+    const QPointF centre = projectPosition(position);
     if (!isPixel(centre))
         return;
 

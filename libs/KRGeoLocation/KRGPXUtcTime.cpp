@@ -2,6 +2,8 @@
 
 #include "KRGPXTrackSegment.h"
 
+#include <KRXML/KRXMLParser.h>
+
 #include <QDate>
 
 #include <algorithm>
@@ -9,6 +11,7 @@
 namespace {
 
 constexpr int notDigits = -1;
+constexpr int longestKept = 64; // characters of a time
 constexpr qint64 millisecondsPerDay = 86400000;
 
 int digits(const char *text, int count)
@@ -41,6 +44,21 @@ qint64 KRGPXUtcTime::read(const char *text, int length)
     const qint64 day = isTime ? readDay(text) : noTime;
     return day == noTime ? noTime
                          : day * millisecondsPerDay + ((hour * 60 + minute) * 60 + second) * 1000 + millisecond;
+}
+
+QDateTime KRGPXUtcTime::toDateTime(const QString &text)
+{
+    const QByteArray characters = text.size() <= longLength ? text.toLatin1() : QByteArray();
+    const qint64 milliseconds = read(characters.constData(), characters.size());
+    if (milliseconds != KRGPXTrackSegment::noTime)
+        return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+    if (text.size() > longestKept)
+        return KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
+    if (text != m_unusualText) {
+        m_unusualText = text;
+        m_unusualTime = KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
+    }
+    return m_unusualTime;
 }
 
 /// Days since 1970 of "2024-05-01".

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QDateTime>
+#include <QString>
 
 #include <array>
 
@@ -17,10 +18,14 @@ public:
 
     /// Milliseconds since 1970; KRGPXTrackSegment::noTime for any other form and for what is no date or time.
     qint64 read(const char *text, int length);
+    /// Of any form that QDateTime reads; not valid for any other. A text that comes again is not read again.
+    QDateTime toDateTime(const QString &text);
 
 private:
     qint64 readDay(const char *text);
 
     std::array<char, 10> m_dayText{};
     qint64 m_day = 0;
+    QString m_unusualText;
+    QDateTime m_unusualTime;
 };
