@@ -4,20 +4,32 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
-int countWords(QStringView text)
-{
+struct Words {
     int count = 0;
+    int longest = 0; // of them and of the blanks between them
+};
+
+Words wordsOf(QStringView text)
+{
+    Words words;
     bool isInWord = false;
-    for (const QChar character : text) {
+    const QChar *begin = text.cbegin();
+    for (const QChar *at = begin; at != text.cend(); ++at) {
         const bool wasInWord = isInWord;
-        isInWord = character.unicode() > ' ';
-        count += isInWord && !wasInWord;
+        isInWord = at->unicode() > ' ';
+        if (isInWord == wasInWord)
+            continue;
+        words.count += isInWord ? 1 : 0;
+        words.longest = std::max(words.longest, int(at - begin));
+        begin = at;
     }
-    return count;
+    words.longest = std::max(words.longest, int(text.cend() - begin));
+    return words;
 }
 
 } // namespace
@@ -77,13 +89,16 @@ bool KRXMLCounter::compareAttributes(qint64 count)
 
 bool KRXMLCounter::addText(QStringView text)
 {
-    const int words = countWords(text);
-    m_nodes += words > 0 ? 1 : 0;
+    const Words words = wordsOf(text);
+    m_nodes += words.count > 0 ? 1 : 0;
     m_charactersLeft -= text.size();
-    m_words += words;
+    m_words += words.count;
     if (m_words > KRInputLimits::words)
         return refuse(QCoreApplication::translate("KRXMLGuard", "Die Texte des Dokuments haben mehr als %1 Wörter.")
                           .arg(KRInputLimits::words));
+    if (words.longest > KRInputLimits::wordCharacters)
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Ein Text hat ein zu langes Wort oder zu viele "
+                                                                "Leerzeichen."));
     return isWithinLimits();
 }
 

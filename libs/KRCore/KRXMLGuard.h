@@ -30,7 +30,7 @@ public:
     static bool acceptsCharacters(const QByteArray &xml, KRErrorHistory::Entry *refusal);
     static bool acceptsCharacters(const QString &xml, KRErrorHistory::Entry *refusal);
 
-    /// True when a DOM of the text may be built; otherwise @p refusal says why and where.
+    /// True when a DOM of the text may be built, which may find faults yet; otherwise @p refusal says why and where.
     static bool accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal);
     static bool accepts(const QString &xml, KRErrorHistory::Entry *refusal);
 };

@@ -1,6 +1,7 @@
 #include "KRQtCompat.h"
 #include "KRXMLCounter.h"
 #include "KRXMLGuard.h"
+#include "KRXMLSkimmer.h"
 
 #include <QByteArray>
 #include <QXmlDefaultHandler>
@@ -105,9 +106,21 @@ bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
 
 bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
 {
+    const KRXMLCounter empty(xml.size(), xml.count(QLatin1Char('&')));
+    KRXMLCounter counter = empty;
+    KRXMLSkimmer skimmer(xml, &counter);
+    const KRXMLSkimmer::Result result = skimmer.skim();
+    if (result == KRXMLSkimmer::Refused) {
+        refusal->reason = counter.refusal();
+        refusal->line = skimmer.line();
+        refusal->column = skimmer.column();
+    }
+    if (result != KRXMLSkimmer::LeftToReader)
+        return result == KRXMLSkimmer::Counted;
+
     QXmlInputSource source;
     source.setData(xml);
-    CountingHandler handler(KRXMLCounter(xml.size(), xml.count(QLatin1Char('&'))));
+    CountingHandler handler(empty);
     QXmlSimpleReader reader;
     reader.setContentHandler(&handler);
     reader.setErrorHandler(&handler);

@@ -7,6 +7,7 @@
 #include "KRXMLGuard.h"
 #include "KRXMLSurrogates.h"
 
+#include <QCoreApplication>
 #include <QDomDocument>
 #include <QFileInfo>
 
@@ -35,9 +36,11 @@ QDomElement documentElement(const Text &source, const QString &fileName, KRError
         const Text xml = readable(source);
         // A failed setContent() leaves the tree that it had read so far.
         QDomDocument document;
-        if (KRXMLGuard::accepts(xml, &refusal)
-            && document.setContent(xml, false, &refusal.reason, &refusal.line, &refusal.column))
-            return document.documentElement();
+        if (KRXMLGuard::accepts(xml, &refusal)) {
+            if (document.setContent(xml, false, &refusal.reason, &refusal.line, &refusal.column))
+                return document.documentElement();
+            refusal.reason = QCoreApplication::translate("KRXMLGuard", "Kein lesbares XML: %1").arg(refusal.reason);
+        }
     }
     KRErrorHistory::report(history, refusal);
     return QDomElement();
