@@ -136,6 +136,8 @@ void KRGpxPreparation::readTrack(KRXmlStream &stream)
 void KRGpxPreparation::readSegment(KRXmlStream &stream, PointCount *count)
 {
     m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
+    ++m_segmentNumber;
+    checkCounts(stream);
     while (stream.readNextChild()) {
         if (m_names.isAt(stream, trackPointElement)) {
             m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
@@ -217,6 +219,8 @@ void KRGpxPreparation::checkCounts(KRXmlStream &stream)
 {
     if (m_trackNumber > KRInputLimits::tracks)
         stream.refuse(tr("Die Datei hat mehr als %1 Strecken.").arg(KRInputLimits::tracks));
+    else if (m_segmentNumber > KRInputLimits::segments)
+        stream.refuse(tr("Die Datei hat mehr als %1 Abschnitte.").arg(KRInputLimits::segments));
     else if (m_wayPointNumber + m_routeNumber > KRInputLimits::wayPoints)
         refuseBesidesTracks(stream,
                             tr("Die Datei hat mehr als %1 Wegpunkte und Routen.").arg(KRInputLimits::wayPoints));

@@ -67,6 +67,7 @@ private:
     int m_routeNumber = 0;
     int m_routePointNumber = 0;
     int m_trackNumber = 0;
+    int m_segmentNumber = 0;
     qint64 m_keptCharacters = 0;
     KRImportReport m_report;
 };

@@ -12,11 +12,6 @@ namespace {
 
 constexpr int longestShape = 200; // characters of all keys together
 
-QDateTime toDateTime(const QString &text)
-{
-    return QDateTime::fromString(text.trimmed(), Qt::ISODate);
-}
-
 /// Elements of a placemark that hold no geometry of it, but perhaps something that looks like one.
 bool isAside(const KRXmlStream &stream)
 {
@@ -65,7 +60,7 @@ void KRKmlPlacemarkReader::readChild()
         m_look.style.override(look.style);
     } else if (m_stream.isAt("TimeStamp")) {
         while (m_stream.readNextChild())
-            m_time = toDateTime(m_stream.readText());
+            m_time = m_times.toDateTime(m_stream.readText());
     } else if (m_stream.isAt("shape")) {
         m_shape = m_stream.readText().left(longestShape);
     } else {
@@ -104,7 +99,7 @@ void KRKmlPlacemarkReader::readGeometry()
         m_linesOfModels.append(line);
         m_stream.skipElement();
     } else if (m_stream.isAt("Placemark")) {
-        KRKmlPlacemarkReader(m_stream, m_allGeometries, m_report).read();
+        KRKmlPlacemarkReader(m_stream, m_allGeometries, m_countOfParts, m_report).read();
     } else if (isAside(m_stream)) {
         m_stream.skipElement();
     } else {
@@ -141,11 +136,12 @@ void KRKmlPlacemarkReader::readPolygon()
 /// Times and positions belong together in their order, however they are mixed.
 void KRKmlPlacemarkReader::readTrack(Rings *segments)
 {
+    addPart();
     QList<QDateTime> times;
     QStringList positions;
     while (m_stream.readNextChild()) {
         if (m_stream.isAt("when"))
-            times.append(toDateTime(m_stream.readText()));
+            times.append(m_times.toDateTime(m_stream.readText()));
         else if (m_stream.isAt("coord"))
             positions.append(m_stream.readText());
         else
@@ -174,12 +170,19 @@ void KRKmlPlacemarkReader::collectCoordinates(KRKmlCoordinates *coordinates)
 void KRKmlPlacemarkReader::collectRings(Rings *rings)
 {
     if (m_stream.isAt("coordinates")) {
+        addPart();
         rings->append(KRKmlCoordinates());
         collectCoordinates(&rings->last());
         return;
     }
     while (m_stream.readNextChild())
         collectRings(rings);
+}
+
+void KRKmlPlacemarkReader::addPart()
+{
+    if (++*m_countOfParts > KRInputLimits::geometryParts)
+        m_stream.refuse(tr("Die Datei hat mehr als %1 Löcher und Abschnitte.").arg(KRInputLimits::geometryParts));
 }
 
 void KRKmlPlacemarkReader::addGeometry(KRKmlGeometry::Kind kind, const QList<KRKmlCoordinates> &parts, int line)

@@ -3,6 +3,8 @@
 #include "KRImportReport.h"
 #include "KRKmlGeometry.h"
 
+#include <KRGeoLocation/KRGPXUtcTime.h>
+
 class KRXmlStream;
 
 /**
@@ -17,8 +19,10 @@ class KRKmlPlacemarkReader
 
 public:
     /// The stream stands at the "Placemark". It refuses the document when @p allGeometries grows beyond KRInputLimits.
-    KRKmlPlacemarkReader(KRXmlStream &stream, QList<KRKmlGeometry> *allGeometries, KRImportReport *report)
-        : m_stream(stream), m_allGeometries(allGeometries), m_report(report)
+    /// @p countOfParts is that of the holes and segments in the whole document so far.
+    KRKmlPlacemarkReader(KRXmlStream &stream, QList<KRKmlGeometry> *allGeometries, int *countOfParts,
+                         KRImportReport *report)
+        : m_stream(stream), m_allGeometries(allGeometries), m_countOfParts(countOfParts), m_report(report)
     { }
 
     /// Appends to all geometries, those of placemarks inside this one first.
@@ -33,17 +37,20 @@ private:
     void readTrack(Rings *segments);
     void collectCoordinates(KRKmlCoordinates *coordinates);
     void collectRings(Rings *rings);
+    void addPart();
     void addGeometry(KRKmlGeometry::Kind kind, const QList<KRKmlCoordinates> &parts, int line);
     void reportFailures(int line);
 
     KRXmlStream &m_stream;
     QList<KRKmlGeometry> *const m_allGeometries;
+    int *const m_countOfParts;
     KRImportReport *const m_report;
     QString m_name;
     QString m_description;
     QString m_shape;
     KRKmlLook m_look;
     QDateTime m_time;
+    KRGPXUtcTime m_times;
     QList<KRKmlGeometry> m_geometries;
     // What was left out.
     QList<int> m_linesWithoutPosition;

@@ -58,7 +58,7 @@ void KRKmlPreparation::readElement(KRXmlStream &stream)
 void KRKmlPreparation::readPlacemark(KRXmlStream &stream)
 {
     const int countBefore = m_geometries.size();
-    KRKmlPlacemarkReader(stream, &m_geometries, &m_report).read();
+    KRKmlPlacemarkReader(stream, &m_geometries, &m_countOfParts, &m_report).read();
     // No single geometry has more than the limit, so the sum does not overflow before it is compared.
     for (int i = countBefore; i < m_geometries.size() && m_positionCount < KRInputLimits::positions; ++i) {
         for (const KRKmlCoordinates &part : m_geometries.at(i).parts)

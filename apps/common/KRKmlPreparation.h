@@ -39,5 +39,6 @@ private:
     KRKmlStyleTable m_styles;
     QList<KRKmlGeometry> m_geometries;
     int m_positionCount = 0;
+    int m_countOfParts = 0; // holes and segments
     KRImportReport m_report;
 };

@@ -6,8 +6,10 @@
 #include "KRSegmentSplitter.h"
 
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRLogger.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
+#include <KRGeoLocation/KRTrackSelectionFactoryGPXFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryKmlFile.h>
 
 #include <QFile>
@@ -21,6 +23,13 @@
 namespace {
 
 constexpr int waitMs = 20; // what a user interface may stand still without anybody's notice
+
+/// As the factory logs the choice of an importer, which is made here without it.
+void logImporter(const KRTrackSelectionFactoryAbstract &importer)
+{
+    KRLogger::instance()->logOSM(
+        QStringLiteral("ACTION:useFactory VALUE:%1").arg(importer.supportedFileFormats().join(QLatin1Char(','))));
+}
 
 } // namespace
 
@@ -109,19 +118,27 @@ KRGPXConfiguredTrackList KRRouteImport::readKml(const QFileInfo &file)
     return tracks;
 }
 
+/// As the importers of the library read it, but with their reasons.
 KRGPXConfiguredTrackList KRRouteImport::readPlainly(const QFileInfo &file)
 {
-    const KRGPXConfiguredTrackList tracks =
-        KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(file.absoluteFilePath()));
-    if (!tracks.isEmpty())
-        return tracks;
-    // The importers tell nothing: read once more what failed, for its reason.
     if (KRKmlImport::supportsFile(file)) {
         const KRTrackSelectionFactoryKmlFile importer;
-        importer.decode(importer.readFile(file, &m_problems), file.filePath(), &m_problems);
-    } else {
-        const KRGPXTrackFile reading(file, &m_problems);
+        logImporter(importer);
+        // Tracks without a name are named after the file, which is too little to find it by.
+        KRErrorHistory reasons;
+        const KRGPXConfiguredTrackList tracks =
+            importer.decode(importer.readFile(file, &m_problems), file.fileName(), &reasons);
+        for (KRErrorHistory::Entry reason : reasons.entries()) {
+            reason.fileName = file.filePath();
+            KRErrorHistory::report(&m_problems, reason);
+        }
+        return tracks;
     }
+    logImporter(KRTrackSelectionFactoryGPXFile());
+    KRGPXConfiguredTrackList tracks;
+    const QList<KRGPXTrack> plainTracks = KRGPXTrackFile(file, &m_problems).tracks();
+    for (const KRGPXTrack &track : plainTracks)
+        tracks.append(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::currentDefaultConfiguration()));
     return tracks;
 }
 

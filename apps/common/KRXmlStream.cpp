@@ -127,11 +127,6 @@ KRXmlStream::KRXmlStream(QIODevice *device) : m_device(device), m_xml(&m_device)
     m_xml.setNamespaceProcessing(false);
 }
 
-QStringView KRXmlStream::name() const
-{
-    return withoutPrefix(m_xml.qualifiedName());
-}
-
 QString KRXmlStream::attribute(const char *attributeName) const
 {
     const QXmlStreamAttributes attributes = m_xml.attributes();
@@ -210,6 +205,7 @@ QXmlStreamReader::TokenType KRXmlStream::readToken()
 {
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
+    m_name = withoutPrefix(m_xml.qualifiedName());
     if (!m_device.isInProportion())
         refuse(tr("Die Datei hat für das, was zu zeichnen ist, zu viel anderen Inhalt."));
     if (token == QXmlStreamReader::StartElement) {

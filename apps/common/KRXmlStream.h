@@ -41,7 +41,7 @@ public:
     explicit KRXmlStream(QIODevice *device);
 
     /// Without prefix.
-    QStringView name() const;
+    QStringView name() const { return m_name; }
     /// With the prefix that the document uses.
     QStringView qualifiedName() const { return m_xml.qualifiedName(); }
     bool isAt(const char *elementName) const { return name() == QLatin1String(elementName); }
@@ -77,6 +77,7 @@ private:
 
     KRGPXGuardedDevice m_device;
     QXmlStreamReader m_xml;
+    QStringView m_name; // into what the reader holds
     QString m_refusal;
     qint64 m_attributePairs = 0;
     int m_depth = 0;

@@ -30,23 +30,23 @@ inline constexpr int depth = 256;
 /// Elements, attributes, texts, comments and declarations that become a DOM, which takes some hundred bytes for each.
 inline constexpr int nodes = 500000;
 /// Declarations in a document type. The reader compares each with all others; the entities of HTML are some 250.
-inline constexpr int declarations = 5000;
+inline constexpr int declarations = 2000;
 /// Bytes of an XML declaration: a reader compares the encoding that it names with all that there are.
 inline constexpr int declarationBytes = 4096;
 /// Words in the texts of a DOM, with blanks between them: each may be a position, which takes some 100 bytes for a
 /// while.
-inline constexpr int words = 4000000;
+inline constexpr int words = 2500000;
 /// Characters of one of them, or of blanks in between: no position, name or description is as long.
 inline constexpr int wordCharacters = 4 << 20;
 /// References to characters and entities in a text that becomes a DOM, whose reader is slow with them, and in any one
 /// tag or text.
 inline constexpr int references = 2000000;
 /// Tags, texts and comments of a document that is in memory as a whole and read one by one, about a second.
-inline constexpr int documentTokens = 8000000;
+inline constexpr int documentTokens = 6000000;
 /// The same, and bytes, of a file that is read piece by piece, beside as many for each point in it. Plain points, which
 /// no XML reader sees, do not count.
 inline constexpr int bulkTokens = 2000000;
-inline constexpr int bulkBytes = 64 << 20;
+inline constexpr int bulkBytes = 48 << 20;
 inline constexpr int tokensPerPoint = 1;
 inline constexpr int bytesPerPoint = 64;
 /// As how many of them a reference counts, which takes as long.
@@ -63,7 +63,7 @@ inline constexpr int markupCharacters = 4 << 20;
 /// Characters that entities may add to a text.
 inline constexpr int entityCharacters = 8 << 20;
 /// Bytes of one tag, text or comment, which an XML reader keeps in memory until it is complete.
-inline constexpr qint64 tokenBytes = 64 << 20;
+inline constexpr qint64 tokenBytes = 48 << 20;
 /// Quotation marks in one token, twice the number of its attributes if it is a tag.
 inline constexpr qint64 tokenQuotes = 10000;
 /// Attributes of a tag that count for attributePairs; real tags have fewer.
@@ -81,8 +81,8 @@ inline constexpr int mendedBytes = 32 << 20;
 inline constexpr int points = 50000000;
 /// Points of one comma text, which is in memory beside them; we write half as many.
 inline constexpr int textPoints = 2000000;
-/// Segments of a file, of some 200 bytes each.
-inline constexpr int segments = 1000000;
+/// Segments of a file, each of which takes as long as ten points.
+inline constexpr int segments = 200000;
 /// Tracks of a file with their enclaves, of some 500 bytes each. Drawing them takes longer than reading.
 inline constexpr int tracks = 100000;
 /// Way points and routes together. Each becomes a track.
@@ -92,10 +92,12 @@ inline constexpr int routePoints = 500000;
 
 // --- KML
 
+/// Holes of areas and segments of lines in a document.
+inline constexpr int geometryParts = 100000;
 /// Points, lines and areas of a document. Each becomes a track, in a way that takes longer than that of GPX.
 inline constexpr int geometries = 50000;
 /// Positions of all of them together, of some 40 bytes each until they are drawn.
-inline constexpr int positions = 4000000;
+inline constexpr int positions = 2500000;
 /// Styles that refer to one another: they may do so in a ring.
 inline constexpr int styleChain = 16;
 /// Characters of the address of a style; longer ones lead nowhere.

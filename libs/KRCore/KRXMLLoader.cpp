@@ -23,7 +23,8 @@ QByteArray readable(const QByteArray &xml)
 
 QString readable(const QString &xml)
 {
-    return KRQtCompat::domCutsReferences ? KRXMLSurrogates::splitReferences(xml) : xml;
+    const bool isCut = KRQtCompat::domCutsReferences && xml.contains(QLatin1String("&#"));
+    return isCut ? KRXMLSurrogates::splitReferences(xml) : xml;
 }
 
 /// Of a text as bytes or as characters.

@@ -2,8 +2,6 @@
 
 #include "KRXMLCounter.h"
 
-#include <QString>
-
 #include <algorithm>
 #include <array>
 
@@ -56,12 +54,15 @@ KRXMLSkimmer::Result KRXMLSkimmer::skim()
 
 int KRXMLSkimmer::line() const
 {
-    return int(m_xml.left(m_place).count(QLatin1Char('\n'))) + 1;
+    return int(std::count(m_xml.cbegin(), m_xml.cbegin() + m_place, QLatin1Char('\n'))) + 1;
 }
 
 int KRXMLSkimmer::column() const
 {
-    return m_place - int(m_xml.left(m_place).lastIndexOf(QLatin1Char('\n')));
+    int begin = m_place;
+    while (begin > 0 && m_xml.at(begin - 1) != QLatin1Char('\n'))
+        --begin;
+    return m_place - begin + 1;
 }
 
 KRXMLSkimmer::Result KRXMLSkimmer::skimText(QStringView text)
@@ -97,7 +98,22 @@ KRXMLSkimmer::Result KRXMLSkimmer::skimMarkup()
         m_counter->leaveElement();
         return --m_depth < 0 ? LeftToReader : skimTo(QLatin1String(">"), &content);
     }
+    if (standsHere(QLatin1String("<!DOCTYPE")))
+        return skimDocumentType();
     return standsHere(QLatin1String("<!")) ? LeftToReader : skimElement();
+}
+
+/// Only one that declares nothing.
+KRXMLSkimmer::Result KRXMLSkimmer::skimDocumentType()
+{
+    QStringView content;
+    if (skimTo(QLatin1String(">"), &content) == LeftToReader)
+        return LeftToReader;
+    const bool mayDeclare =
+        content.contains(QLatin1Char('[')) || content.contains(QLatin1Char('"')) || content.contains(QLatin1Char('\''));
+    if (mayDeclare)
+        return LeftToReader;
+    return m_counter->addDeclaration(content.size(), content.size()) ? Counted : Refused;
 }
 
 KRXMLSkimmer::Result KRXMLSkimmer::skimElement()

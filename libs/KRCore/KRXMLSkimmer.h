@@ -1,16 +1,15 @@
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 class KRXMLCounter;
-class QString;
 
 /**
  * Has everything counted that a reader would meet in an XML text, several times as fast as one.
  *
- * Reads no document types, nor references to entities that only those declare, and none of what breaks the rules in a
- * way that it notices: all that is left to a real reader, which has reasons of its own. Whatever else a reader refuses,
- * it meets nothing before that has not been counted here.
+ * Reads no document types that declare anything, nor references to entities that only those declare, and none of what
+ * breaks the rules in a way that it notices: all that is left to a real reader, which has reasons of its own. Whatever
+ * else a reader refuses, it meets nothing before that has not been counted here.
  */
 class KRXMLSkimmer
 {
@@ -32,6 +31,7 @@ public:
 private:
     Result skimText(QStringView text);
     Result skimMarkup();
+    Result skimDocumentType();
     Result skimElement();
     Result skimAttributes();
     /// Up to @p closing, behind which the place is then.

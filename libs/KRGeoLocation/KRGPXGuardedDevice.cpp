@@ -40,7 +40,7 @@ qint64 KRGPXGuardedDevice::readData(char *bytes, qint64 maximumSize)
     m_tokenReferences += references;
     m_hasCarriageReturns = m_hasCarriageReturns || std::memchr(bytes, '\r', size_t(size));
     m_hasRefused = isTokenTooLarge();
-    return m_hasRefused ? -1 : size;
+    return m_hasRefused || !isInProportion() ? -1 : size;
 }
 
 bool KRGPXGuardedDevice::isTokenTooLarge() const

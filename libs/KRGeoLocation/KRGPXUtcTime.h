@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KRGeoLocationExport.h"
+
 #include <QDateTime>
 #include <QString>
 
@@ -10,7 +12,7 @@
  *
  * Remembers the day it has read last: neighbouring points share it.
  */
-class KRGPXUtcTime
+class KRGEOLOCATION_EXPORT KRGPXUtcTime
 {
 public:
     static constexpr int shortLength = 20; ///< characters

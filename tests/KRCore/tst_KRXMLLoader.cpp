@@ -6,7 +6,10 @@
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
+#include <QDomElement>
 #include <QtTest>
+
+#include <algorithm>
 
 #include <sys/stat.h>
 
@@ -27,6 +30,22 @@ QByteArray contentModel(int levels)
 QByteArray declaredAttributes(int count)
 {
     return "<!DOCTYPE r [<!ATTLIST r " + QByteArray("a CDATA #IMPLIED ").repeated(count) + ">]>";
+}
+
+QByteArray numbered(const QByteArray &text, int count)
+{
+    QByteArray result;
+    for (int i = 0; i < count; ++i)
+        result += QByteArray(text).replace("%d", QByteArray::number(i));
+    return result;
+}
+
+int depthOf(const QDomElement &element)
+{
+    int deepest = 0;
+    for (QDomElement child = element.firstChildElement(); !child.isNull(); child = child.nextSiblingElement())
+        deepest = std::max(deepest, depthOf(child));
+    return deepest + 1;
 }
 
 QByteArray utf7(const QByteArray &xml)
@@ -55,6 +74,7 @@ private slots:
     void decodedTextKeepsItsCharacters();
     void decodedTextIsGuarded();
     void truncatedAnywhereGivesNothing();
+    void isNeverDeeperThanAllowed();
     void onlyRegularFiles();
 };
 
@@ -95,6 +115,11 @@ void tst_KRXMLLoader::refusesWithReason()
          QStringLiteral("Knoten")},
         {"tag without end", "<r " + QByteArray(9 << 20, ' '), QStringLiteral("Element")},
         {"words", "<r>" + QByteArray("1,1 ").repeated(KRInputLimits::words + 1) + "</r>", QStringLiteral("Wörter")},
+        {"word", "<r>" + QByteArray(KRInputLimits::wordCharacters + 1, 'a') + "</r>", QStringLiteral("Wort")},
+        {"blanks in CDATA", "<r><![CDATA[" + QByteArray(KRInputLimits::wordCharacters + 1, ' ') + "]]></r>",
+         QStringLiteral("Leerzeichen")},
+        {"attributes of one tag", "<!DOCTYPE r><r " + numbered("a%d='' ", 4000) + "/>",
+         QStringLiteral("zu viele Attribute")},
         {"encoding without end", "<?xml version=\"1.0\" encoding=\"" + QByteArray(5000, 'a') + "\"?><r/>",
          QStringLiteral("Deklaration")},
         {"references", "<r>" + QByteArray("&lt;").repeated(KRInputLimits::references + 1), QStringLiteral("Verweise")},
@@ -104,7 +129,8 @@ void tst_KRXMLLoader::refusesWithReason()
         {"declared attributes", declaredAttributes(KRInputLimits::declarations + 1) + "<r/>",
          QStringLiteral("Vereinbarungen")},
         {"declared attributes for many elements",
-         declaredAttributes(KRInputLimits::declarations) + "<r>" + QByteArray("<a/>").repeated(3000),
+         declaredAttributes(KRInputLimits::declarations) + "<r>"
+             + QByteArray("<a/>").repeated(int(KRInputLimits::attributePairs) / KRInputLimits::declarations + 1),
          QStringLiteral("zu viele Attribute")},
         {"content model", contentModel(KRInputLimits::depth + 1), QStringLiteral("geschachtelt")},
         {"content model in UTF-16", utf16(contentModel(KRInputLimits::depth + 1)), QStringLiteral("geschachtelt")},
@@ -148,6 +174,25 @@ void tst_KRXMLLoader::truncatedAnywhereGivesNothing()
         QVERIFY2(KRXMLLoader::parseDocumentElement(whole.left(length), QString()).isNull(),
                  whole.left(length).constData());
     QVERIFY(!KRXMLLoader::parseDocumentElement(whole, QString()).isNull());
+}
+
+/// Whatever is made of the markup in front of them, no level passes uncounted.
+void tst_KRXMLLoader::isNeverDeeperThanAllowed()
+{
+    const QByteArray front = "<!DOCTYPE r><r a='1\" b=\"/>'><!-- <b> --><![CDATA[<b>]]><?p <b> ?>&lt;<b c=\"'>\"/>";
+    const QByteArray levels = nested(KRInputLimits::depth);
+    QVERIFY(!KRXMLLoader::parseDocumentElement(front + nested(KRInputLimits::depth - 1) + "</r>", QString()).isNull());
+    const KRQuietFiles quiet;
+    for (int place = 0; place <= front.size(); ++place) {
+        for (const char *const text : {"",  "<", ">", "/",   "'",    "\"",   "!",   "-",         "]",  "?",   "&",  "[",
+                                       "x", " ", "=", "<b>", "</b>", "<!--", "]]>", "<![CDATA[", "<?", "'/>", "&x;"}) {
+            for (const int replaced : {0, 1}) {
+                const QByteArray changed = QByteArray(front).replace(place, replaced, text);
+                const QDomElement root = KRXMLLoader::parseDocumentElement(changed + levels + "</r>", QString());
+                QVERIFY2(root.isNull() || depthOf(root) <= KRInputLimits::depth, changed.constData());
+            }
+        }
+    }
 }
 
 void tst_KRXMLLoader::onlyRegularFiles()

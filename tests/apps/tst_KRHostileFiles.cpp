@@ -180,10 +180,10 @@ void tst_KRHostileFiles::areRefused_data()
     row(
         "long name", "a.kml", [] { return "<!DOCTYPE x>" + kml('<' + QByteArray(1 << 20, 'a') + "/>"); }, "zu lang");
     row(
-        "tag without end", "a.gpx", [] { return gpx('<' + QByteArray(1 << 20, 'a')); }, "Kein lesbares XML");
+        "tag without end", "a.gpx", [] { return gpx("<a" + QByteArray(1 << 20, ' ')); }, "Kein lesbares XML");
     row(
         "encoding without end", "a.gpx",
-        [] { return "<?xml version='1.0' encoding='" + QByteArray(1 << 20, 'a') + "'?>" + gpx({}); }, "Deklaration");
+        [] { return "<?xml version='1.0' encoding='" + QByteArray(1 << 20, 'a') + "'?>" + gpx({}); }, "zu groß");
     row("entities of entities", "a.gpx", laughs, "expands to a string");
     row(
         "long entity many times", "a.gpx",
@@ -194,7 +194,7 @@ void tst_KRHostileFiles::areRefused_data()
         "Entitäten");
     row(
         "many entities", "a.gpx",
-        [] { return "<!DOCTYPE gpx [" + numbered("<!ENTITY e%d 'a'>", 6000) + "]>" + gpx("<x/>"); }, "Vereinbarungen");
+        [] { return "<!DOCTYPE gpx [" + numbered("<!ENTITY e%d 'a'>", 3000) + "]>" + gpx("<x/>"); }, "Vereinbarungen");
     row(
         "many comments", "a.krroute", [] { return routes(QByteArray("<!---->").repeated(KRInputLimits::nodes + 1)); },
         "Knoten");
@@ -218,6 +218,25 @@ void tst_KRHostileFiles::areRefused_data()
         "Punkte");
     row(
         "many tracks", "a.gpx", [] { return gpx(QByteArray("<trk/>").repeated(KRInputLimits::tracks)); }, "Strecken");
+    row(
+        "many segments", "a.gpx",
+        [] { return gpx("<trk>" + QByteArray("<trkseg/>").repeated(KRInputLimits::segments) + "</trk>"); },
+        "Abschnitte");
+    row(
+        "many points that are not plain", "a.gpx",
+        [] {
+            return gpx("<trk><trkseg>" + QByteArray("<trkpt lat='1' lon='2'><!----></trkpt>").repeated(450000)
+                       + "</trkseg></trk>");
+        },
+        "zu viel anderen Inhalt");
+    row(
+        "many holes", "a.kml",
+        [] {
+            return kml("<Placemark><Polygon>" + mark + "<innerBoundaryIs>"
+                       + QByteArray("<coordinates/>").repeated(KRInputLimits::geometryParts)
+                       + "</innerBoundaryIs></Polygon></Placemark>");
+        },
+        "Löcher");
     row(
         "many way points", "a.gpx",
         [] { return gpx(QByteArray("<wpt lat='1' lon='2'/>").repeated(KRInputLimits::wayPoints + 1)); }, "Wegpunkte");
