@@ -41,6 +41,7 @@ private slots:
     void triesColors();
     void keepsWhatIsNotShown();
     void wheelScrolls();
+    void asksForTheDefault();
     void croppingControl();
 
 private:
@@ -217,6 +218,15 @@ void tst_KRLookEditor::wheelScrolls()
     width->setFocus();
     turnWheel();
     QCOMPARE(announced().lineWidth().toDouble(), 11.0);
+}
+
+void tst_KRLookEditor::asksForTheDefault()
+{
+    QSignalSpy asked(m_editor.get(), &KRLookEditor::useAsDefaultRequested);
+    KRDialogAnswer::press(*m_editor, "Als Standard");
+    QCOMPARE(asked.count(), 1);
+    m_editor->setButtonsVisible(false);
+    QVERIFY(!KRDialogAnswer::findButton(*m_editor, "Als Standard")->isVisible());
 }
 
 void tst_KRLookEditor::croppingControl()
