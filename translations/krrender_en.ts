@@ -160,7 +160,7 @@
         <translation>Reads only tracks from GPX and only simple placemarks from KML, and does not tell what is missing.</translation>
     </message>
     <message>
-        <source>Macht jeden Abschnitt zu einer eigenen Route, ohne Linie über die Pausen.</source>
+        <source>Macht jedes Segment zu einer eigenen Route, ohne Linie über die Pausen.</source>
         <translation>Makes each segment a route of its own, without a line across the pauses.</translation>
     </message>
     <message>

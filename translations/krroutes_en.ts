@@ -1121,7 +1121,7 @@
         <translation>A point is marked in the elevation profile or with the right mouse button</translation>
     </message>
     <message>
-        <source>In Abschnitte &amp;zerlegen</source>
+        <source>In Segmente &amp;zerlegen</source>
         <translation>Take apart into se&amp;gments</translation>
     </message>
     <message>

@@ -51,7 +51,7 @@ constexpr OptionText optionTexts[] = {
          "KRRenderOptions",
          "Liest aus GPX nur Aufzeichnungen (trk) und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.")},
     {"split-segments", "",
-     QT_TRANSLATE_NOOP("KRRenderOptions", "Macht jeden Abschnitt zu einer eigenen Route, ohne Linie über die Pausen.")},
+     QT_TRANSLATE_NOOP("KRRenderOptions", "Macht jedes Segment zu einer eigenen Route, ohne Linie über die Pausen.")},
     {"strict", "",
      QT_TRANSLATE_NOOP("KRRenderOptions", "Endet mit 1, wenn etwas in einer Datei nicht gezeichnet werden kann.")},
     {"line-color", "COLOR", QT_TRANSLATE_NOOP("KRRenderOptions", "Linienfarbe: #RRGGBB, #AARRGGBB oder ein Name.")},

@@ -30,7 +30,7 @@ KRTrackActions::KRTrackActions(KRRouteWorkspace *workspace, QMainWindow *window)
     m_splitAction = add(QStringLiteral("ico_split"), tr("Am markierten Punkt &teilen"),
                         QKeySequence(Qt::CTRL | Qt::Key_K), &KRTrackActions::splitAtMarker);
     m_splitAction->setStatusTip(tr("Markiert wird ein Punkt im Höhenprofil oder mit der rechten Maustaste"));
-    m_splitSegmentsAction = add(QStringLiteral("ico_split_segments"), tr("In Abschnitte &zerlegen"), QKeySequence(),
+    m_splitSegmentsAction = add(QStringLiteral("ico_split_segments"), tr("In Segmente &zerlegen"), QKeySequence(),
                                 &KRTrackActions::splitSegments);
     m_joinAction = add(QStringLiteral("ico_join"), tr("Mit der nächsten ver&binden"),
                        QKeySequence(Qt::CTRL | Qt::Key_J), &KRTrackActions::joinWithNext);
