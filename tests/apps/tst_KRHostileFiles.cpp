@@ -3,6 +3,7 @@
 #include "KRTestTiles.h"
 
 #include <KRCore/KRInputLimits.h>
+#include <KRCore/KRQtCompat.h>
 
 #include <QImage>
 #include <QProcess>
@@ -177,14 +178,17 @@ void tst_KRHostileFiles::areRefused_data()
                                        << Content([] { return "<routes>" + nested("x", 30000) + "</routes>"; })
                                        << QStringLiteral("256 Ebenen");
     }
+    // Here the reader of Qt 6 has limits of its own, which it tells of in the user's language.
     row(
-        "long name", "a.kml", [] { return "<!DOCTYPE x>" + kml('<' + QByteArray(1 << 20, 'a') + "/>"); }, "zu lang");
+        "long name", "a.kml", [] { return "<!DOCTYPE x>" + kml('<' + QByteArray(1 << 20, 'a') + "/>"); },
+        KRQtCompat::domReadsBrokenXml ? "zu lang" : "Kein lesbares XML");
     row(
         "tag without end", "a.gpx", [] { return gpx("<a" + QByteArray(1 << 20, ' ')); }, "Kein lesbares XML");
     row(
         "encoding without end", "a.gpx",
         [] { return "<?xml version='1.0' encoding='" + QByteArray(1 << 20, 'a') + "'?>" + gpx({}); }, "zu groß");
-    row("entities of entities", "a.gpx", laughs, "expands to a string");
+    row("entities of entities", "a.gpx", laughs,
+        KRQtCompat::domReadsBrokenXml ? "expands to a string" : "Kein lesbares XML");
     row(
         "long entity many times", "a.gpx",
         [] {
