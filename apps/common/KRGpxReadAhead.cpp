@@ -1,16 +1,18 @@
 #include "KRGpxReadAhead.h"
 
+#include <QDeadlineTimer>
 #include <QThread>
 
+#include <algorithm>
 #include <chrono>
-#include <memory>
+#include <utility>
 
 namespace {
 
 // What the main thread commonly has: the reader goes down with the elements of a file.
 constexpr uint stackBytes = 8 << 20;
 
-KRGpxImport readFile(const QString &fileName)
+KRGpxImport importOf(const QString &fileName)
 {
     // Made here, since copies of a QFileInfo share what it finds out.
     KRGpxImport import{QFileInfo(fileName)};
@@ -22,29 +24,66 @@ KRGpxImport readFile(const QString &fileName)
 
 KRGpxReadAhead::KRGpxReadAhead(const QStringList &fileNames)
 {
-    m_pool.setMaxThreadCount(QThread::idealThreadCount());
-    m_pool.setStackSize(stackBytes);
-    m_imports.reserve(std::size_t(fileNames.size()));
     for (const QString &fileName : fileNames) {
-        const auto task =
-            std::make_shared<std::packaged_task<KRGpxImport()>>([fileName] { return readFile(fileName); });
-        m_imports.push_back(task->get_future());
-        m_pool.start([task] { (*task)(); });
+        m_tasks.emplace_back([fileName] { return importOf(fileName); });
+        m_imports.push_back(m_tasks.back().get_future());
     }
+    startThreads();
 }
 
 KRGpxReadAhead::~KRGpxReadAhead()
 {
     stop();
-    m_pool.waitForDone();
+    for (const std::unique_ptr<QThread> &thread : m_threads)
+        thread->wait();
 }
 
-bool KRGpxReadAhead::isNextRead(int milliseconds) const
+void KRGpxReadAhead::startThreads()
 {
-    return m_imports[m_next].wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
+    const std::size_t count = std::min(m_tasks.size(), std::size_t(QThread::idealThreadCount()));
+    while (m_threads.size() < count) {
+        std::unique_ptr<QThread> thread(QThread::create([this] {
+            while (readFile()) { }
+        }));
+        thread->setStackSize(stackBytes);
+        thread->start();
+        if (!thread->isRunning() && !thread->isFinished())
+            return;
+        m_threads.push_back(std::move(thread));
+    }
+}
+
+bool KRGpxReadAhead::readFile()
+{
+    if (m_isStopped)
+        return false;
+    const std::size_t number = m_nextToRead++;
+    if (number >= m_tasks.size())
+        return false;
+    m_tasks[number]();
+    return true;
+}
+
+void KRGpxReadAhead::readWithoutThreads()
+{
+    while (m_threads.empty() && m_nextToRead <= m_nextToTake && readFile()) { }
+}
+
+bool KRGpxReadAhead::isNextRead(int milliseconds)
+{
+    readWithoutThreads();
+    return m_imports[m_nextToTake].wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
 }
 
 KRGpxImport KRGpxReadAhead::takeNext()
 {
-    return m_imports[m_next++].get();
+    readWithoutThreads();
+    return m_imports[m_nextToTake++].get();
+}
+
+bool KRGpxReadAhead::isIdle(int milliseconds)
+{
+    const QDeadlineTimer deadline(milliseconds);
+    return std::all_of(m_threads.cbegin(), m_threads.cend(),
+                       [&deadline](const std::unique_ptr<QThread> &thread) { return thread->wait(deadline); });
 }

@@ -62,7 +62,7 @@ bool KRRouteImport::isReadAhead(const QString &fileName) const
 }
 
 /// Waits for the next of @p gpxFiles, unless that is null. False when the wait function says so.
-bool KRRouteImport::waitFor(const KRGpxReadAhead *gpxFiles) const
+bool KRRouteImport::waitFor(KRGpxReadAhead *gpxFiles) const
 {
     if (!m_wait)
         return true;

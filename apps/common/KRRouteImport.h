@@ -56,7 +56,7 @@ public:
 
 private:
     bool isReadAhead(const QString &fileName) const;
-    bool waitFor(const KRGpxReadAhead *gpxFiles) const;
+    bool waitFor(KRGpxReadAhead *gpxFiles) const;
     void readFile(const QString &fileName, KRGpxReadAhead *gpxFiles);
     void readDocument(const QString &fileName);
     KRGPXConfiguredTrackList takeGpx(const KRGpxImport &import);

@@ -60,11 +60,15 @@ KRTileGround::KRTileGround(const QString &source, QObject *parent)
     m_loader->moveToThread(m_thread);
     m_thread->setObjectName(QStringLiteral("KRTileLoader"));
     m_thread->start(QThread::LowPriority);
+    if (!m_thread->isRunning() && !m_thread->isFinished())
+        m_store->setProblem(tr("Das System startet keinen weiteren Thread."));
 }
 
 KRTileGround::~KRTileGround()
 {
     m_loader->disconnect(this);
+    if (!m_thread->isRunning())
+        delete m_loader; // it could not be started
     m_thread->quit();
     if (m_thread->wait(farewellMs))
         delete m_thread;

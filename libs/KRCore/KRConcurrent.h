@@ -1,23 +1,25 @@
 #pragma once
 
 #include "KRCoreExport.h"
-#include "KRThreadHandover.h"
 
 #include <QList>
 #include <QThread>
-#include <QtConcurrentMap>
 
+#include <atomic>
+#include <functional>
 #include <memory>
 #include <type_traits>
 #include <utility>
 
 /**
- * Blocking maps over the global thread pool: split the work into a few items, hand them over, wait.
+ * Blocking maps over several threads: split the work into a few items, which the calling thread works on together with
+ * as many helpers as the global thread pool may have threads.
  *
  * The items must not depend on each other, and the function is called from several threads at once: it may read
- * shared data through const access only and writes what nobody else touches. Nothing here takes a lock.
+ * shared data through const access only and writes what nobody else touches.
  *
- * Whether the pool is used or the calling thread does all the work itself is decided here and nowhere else.
+ * Whether there are helpers or the calling thread does all the work itself is decided here and nowhere else. It does
+ * so too where the system starts no further thread.
  */
 namespace KRConcurrent {
 
@@ -30,22 +32,34 @@ KRCORE_EXPORT bool isMainThread();
 /**
  * True on the main thread, elsewhere only while the pool has a thread to spare.
  *
- * The caller of a blocking map waits without working. If jobs of the pool could always wait for the pool, all of
- * its threads might end up waiting for work that no thread is left to do.
+ * Jobs of the pool that keep all cores busy gain nothing from helpers.
  */
 KRCORE_EXPORT bool mayUsePool();
+
+/**
+ * Starts the threads of the global pool, as many as the system allows, and keeps them. False where it allows none.
+ *
+ * Qt converts pictures in that pool, and would wait for ever for a thread that could not be started. To be called
+ * before the first use of the pool.
+ */
+KRCORE_EXPORT bool fillPool();
+
+/// Calls @p work in this thread and meanwhile in others, one less than @p mostCalls and than the threads of the pool
+/// at most; returns when all calls have returned.
+KRCORE_EXPORT void runTogether(const std::function<void()> &work, int mostCalls);
 
 /// Calls @p function once for every item and returns when all calls have returned; in any order.
 template <typename Item, typename Function>
 void blockingMap(const QList<Item> &items, const Function &function)
 {
     if (items.size() > 1 && mayUsePool()) {
-        KRThreadHandover handover;
-        QtConcurrent::blockingMap(items.constBegin(), items.constEnd(), [&](const Item &item) {
-            function(item);
-            handover.giveBack();
-        });
-        handover.takeBack();
+        const int count = int(items.size());
+        std::atomic<int> next{0};
+        const auto work = [&] {
+            for (int i = next++; i < count; i = next++)
+                function(items.at(i));
+        };
+        runTogether(work, count);
         return;
     }
     for (const Item &item : items)

@@ -3,6 +3,7 @@
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
+#include <QThreadPool>
 #include <QtTest>
 
 #include <atomic>
