@@ -10,6 +10,9 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <tuple>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -17,6 +20,18 @@ QList<KRGPXTrack> tracksOf(const QFileInfo &file, KRErrorHistory *history)
 {
     return KRGPXTrackFile(QFileInfo(file.absoluteFilePath()), history).tracks();
 }
+
+/// What tells a file from what it becomes, or from another one in its place.
+struct FileState {
+    explicit FileState(const QFileInfo &file)
+    {
+        struct stat status = {};
+        if (::stat(QFile::encodeName(file.filePath()).constData(), &status) == 0)
+            state = {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    }
+
+    std::tuple<dev_t, ino_t, off_t, time_t, long> state;
+};
 
 } // namespace
 
@@ -26,6 +41,17 @@ bool KRGpxImport::supportsFile(const QFileInfo &file)
 }
 
 void KRGpxImport::read()
+{
+    const FileState before(m_file);
+    readWhole();
+    if (FileState(m_file).state == before.state)
+        return;
+    // It is read more than once: half of what there is now may be of one state and half of the other.
+    *this = KRGpxImport(m_file);
+    KRErrorHistory::report(&m_problems, m_file.filePath(), tr("Die Datei wurde geändert, während sie gelesen wurde."));
+}
+
+void KRGpxImport::readWhole()
 {
     KRGpxPreparation preparation(m_file);
     if (!preparation.read(&m_problems)) {

@@ -13,7 +13,7 @@ class KRGpxPreparation;
  * Imports GPX files completely: the tracks as the library's importer reads them, then the way points and the routes,
  * drawn as the user wants new tracks.
  *
- * The file may be read in any thread, each import in one thread at a time.
+ * A file that changes meanwhile is not read. It may be read in any thread, each import in one thread at a time.
  */
 class KRGpxImport
 {
@@ -35,6 +35,7 @@ public:
     const KRImportReport &report() const { return m_report; }
 
 private:
+    void readWhole();
     QList<KRGPXTrack> readOwnTracks(const KRGpxPreparation &preparation);
 
     QFileInfo m_file;

@@ -114,6 +114,7 @@ bool KRGpxRewriter::rewrite(const QFileInfo &file, QFile *target, KRErrorHistory
         return false;
     if (isWritten && target->flush())
         return true;
-    KRErrorHistory::report(history, target->fileName(), target->errorString());
+    KRErrorHistory::report(history, file.filePath(),
+                           tr("Die Datei kann nicht umgeschrieben werden: %1").arg(target->errorString()));
     return false;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 class KRErrorHistory;
 class QFile;
 class QFileInfo;
@@ -10,6 +12,8 @@ class QFileInfo;
  */
 class KRGpxRewriter
 {
+    Q_DECLARE_TR_FUNCTIONS(KRGpxRewriter)
+
 public:
     /// @p target is open for reading and writing. False when a file cannot be read or written; the reason is reported.
     static bool rewrite(const QFileInfo &file, QFile *target, KRErrorHistory *history);

@@ -15,6 +15,10 @@
 
 #include <QtTest>
 
+#include <atomic>
+#include <cstdio>
+#include <thread>
+
 namespace {
 
 QByteArray gpx(const QByteArray &content)
@@ -75,6 +79,8 @@ private slots:
     void drawnAsUsersWant();
     void logsOnce();
     void brokenGivesNothing();
+    void neverHalfOfTwoFiles();
+    void whereNothingCanBeRewritten();
 
 private:
     KRGPXConfiguredTrackList read(const QByteArray &content);
@@ -233,6 +239,43 @@ void tst_KRGpxImport::brokenGivesNothing()
         QCOMPARE(m_history.entries().size(), 1);
         QCOMPARE(m_history.entries().first().fileName, m_fileName);
     });
+}
+
+void tst_KRGpxImport::neverHalfOfTwoFiles()
+{
+    const QByteArray content = gpx(track("T", position("trkpt", "1", "2").repeated(20000)));
+    KRTestFile::write(m_fileName, content);
+    std::atomic<bool> isRead{false};
+    // Another program puts a file of the same size in its place again and again.
+    std::thread other([&] {
+        while (!isRead) {
+            const QString next = KRTestFile::write(m_fileName + QStringLiteral(".next"), content);
+            std::rename(QFile::encodeName(next).constData(), QFile::encodeName(m_fileName).constData());
+        }
+    });
+    KRGpxImport import{QFileInfo(m_fileName)};
+    import.read();
+    isRead = true;
+    other.join();
+    QVERIFY(import.configuredTracks().isEmpty());
+    QCOMPARE(import.problems().entries().size(), 1);
+    QCOMPARE(import.problems().entries().first().fileName, m_fileName);
+    QVERIFY(import.problems().entries().first().reason.contains(QStringLiteral("geändert")));
+}
+
+void tst_KRGpxImport::whereNothingCanBeRewritten()
+{
+    const QByteArray folder = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/dev/null");
+    const KRGPXConfiguredTrackList tracks =
+        read(gpx(position("wpt", "1", "2") + track("T", position("trkpt", "1", "2") + position("trkpt", "x", "2"))));
+    if (folder.isNull())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", folder);
+    QVERIFY(tracks.isEmpty());
+    QCOMPARE(m_history.entries().size(), 1);
+    QCOMPARE(m_history.entries().first().fileName, m_fileName);
 }
 
 static const KRTestRegistration<tst_KRGpxImport> registration;
