@@ -25,7 +25,7 @@ public:
     void setWindow(const QByteArray &geometry, const QByteArray &state);
 
     /// Absolute paths, the last one used first.
-    QStringList recentFiles() const { return m_recentFiles.value(); }
+    QStringList recentFiles() const { return m_recentFiles.value().mid(0, maximumRecentFiles); }
     void addRecentFile(const QString &fileName);
     void clearRecentFiles();
 

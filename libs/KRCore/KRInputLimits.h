@@ -19,6 +19,8 @@ inline constexpr int documentBytes = 64 << 20;
 /// Lines of a text, as each is a string of its own, of some 60 bytes at least.
 inline constexpr int textLines = 4000000;
 
+/// Bytes of the file of settings, which has some thousand.
+inline constexpr int settingsBytes = 1 << 20;
 /// Bytes that are read again as a route document names files more than once; fileOverhead is added for each time.
 inline constexpr qint64 repeatedBytes = 64 << 20;
 inline constexpr qint64 fileOverhead = 4096;
@@ -124,6 +126,8 @@ inline constexpr int archiveFreeBytes = 1 << 20;
 
 /// Of a picture, four bytes each in memory.
 inline constexpr int picturePixels = 64000000;
+/// Scans of a JPEG, in each of which a decoder goes over the whole picture; progressive ones have some ten.
+inline constexpr int jpegScans = 100;
 /// Bytes of a tile as it is stored.
 inline constexpr int tileBytes = 8 << 20;
 /// Bytes of a value or a row in a tile file, at which SQLite gives up; smaller tiles are refused as too large.

@@ -1,11 +1,14 @@
 #include "KRSettings.h"
 
 #include "KRErrorHistory.h"
+#include "KRInputLimits.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QSettings>
+#include <QStandardPaths>
 
 #include <memory>
 
@@ -17,8 +20,35 @@ QString &chosenFileName()
     return fileName;
 }
 
+QString usedFileName()
+{
+    if (!chosenFileName().isEmpty())
+        return chosenFileName();
+    return QStringLiteral("%1/%2/%3.ini")
+        .arg(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+             QCoreApplication::organizationName(), QCoreApplication::applicationName());
+}
+
+/// QSettings would wait for ever for a pipe, and take long to read much. The user is told once for each file.
+bool isReadable(const QFileInfo &file)
+{
+    static QString complainedOf;
+    if (!file.exists() || (file.isFile() && file.size() <= KRInputLimits::settingsBytes))
+        return true;
+    if (complainedOf != file.filePath()) {
+        complainedOf = file.filePath();
+        const QString reason = QCoreApplication::translate(
+            "KRSettings", "Das kann keine Datei mit Einstellungen sein; es gelten die üblichen.");
+        KRErrorHistory::report(nullptr, file.filePath(), reason);
+    }
+    return false;
+}
+
+/// Null where the file is none that may be read.
 std::unique_ptr<QSettings> openStore()
 {
+    if (!isReadable(QFileInfo(usedFileName())))
+        return nullptr;
     if (!chosenFileName().isEmpty())
         return std::make_unique<QSettings>(chosenFileName(), QSettings::IniFormat);
     return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QCoreApplication::organizationName(),
@@ -48,13 +78,14 @@ QString KRSettings::fileName()
 
 QVariant KRSettings::storedValue(const QString &key, const QVariant &defaultValue)
 {
-    return openStore()->value(key, defaultValue);
+    const std::unique_ptr<QSettings> store = openStore();
+    return store ? store->value(key, defaultValue) : defaultValue;
 }
 
 void KRSettings::storeValue(const QString &key, const QVariant &value)
 {
     const std::unique_ptr<QSettings> store = openStore();
-    bool isStored = hasRoom(store->fileName());
+    bool isStored = store && hasRoom(store->fileName());
     if (isStored) {
         store->setValue(key, value);
         store->sync();
@@ -63,6 +94,6 @@ void KRSettings::storeValue(const QString &key, const QVariant &value)
     if (!isStored) {
         const QString reason =
             QCoreApplication::translate("KRSettings", "Die Einstellungen konnten nicht gespeichert werden.");
-        KRErrorHistory::report(nullptr, store->fileName(), reason);
+        KRErrorHistory::report(nullptr, usedFileName(), reason);
     }
 }

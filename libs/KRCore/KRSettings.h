@@ -9,7 +9,8 @@
  * Base of classes that keep their KRConfigItems beyond the end of the process.
  *
  * All of them share one INI file: that of the organisation and application which the host has set on
- * QCoreApplication, or the one named with setFileName(). GUI thread only.
+ * QCoreApplication, or the one named with setFileName(). What is no regular file, or is larger than
+ * KRInputLimits::settingsBytes, is neither read nor written. GUI thread only.
  */
 class KRCORE_EXPORT KRSettings
 {

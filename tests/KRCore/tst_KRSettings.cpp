@@ -1,10 +1,15 @@
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRSettings.h>
 
 #include "KRFileSizeLimit.h"
 #include "KRTemporarySettings.h"
+#include "KRTestFile.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QtTest>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -35,6 +40,7 @@ class tst_KRSettings : public QObject
 private slots:
     void keepsValues();
     void fullDiskKeepsTheOldSettings();
+    void whatIsNoFileOfSettings();
 };
 
 void tst_KRSettings::keepsValues()
@@ -82,6 +88,33 @@ void tst_KRSettings::fullDiskKeepsTheOldSettings()
     settings.saveAll();
     settings.loadAll();
     QCOMPARE(settings.name.value(), next);
+}
+
+void tst_KRSettings::whatIsNoFileOfSettings()
+{
+    const KRTestTable<std::function<void(const QString &)>> table{
+        {"pipe", [](const QString &name) { QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), 0600), 0); }},
+        {"folder", [](const QString &name) { QVERIFY(QDir().mkdir(name)); }},
+        {"large",
+         [](const QString &name) {
+             const QByteArray line("name=b\n");
+             KRTestFile::write(name, line.repeated(KRInputLimits::settingsBytes / line.size() + 1));
+         }},
+    };
+    table.forEach([](const std::function<void(const QString &)> &make) {
+        const KRTemporarySettings temporary;
+        make(temporary.fileName());
+        const qint64 size = QFileInfo(temporary.fileName()).size();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("es gelten die üblichen")));
+        PlaceSettings settings;
+        settings.loadAll();
+        QCOMPARE(settings.name.value(), QStringLiteral("Ort"));
+        const QRegularExpression failure(QStringLiteral("Die Einstellungen konnten nicht"));
+        QTest::ignoreMessage(QtWarningMsg, failure);
+        QTest::ignoreMessage(QtWarningMsg, failure);
+        settings.saveAll();
+        QCOMPARE(QFileInfo(temporary.fileName()).size(), size);
+    });
 }
 
 static const KRTestRegistration<tst_KRSettings> registration;
