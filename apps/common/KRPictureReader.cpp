@@ -1,5 +1,7 @@
 #include "KRPictureReader.h"
 
+#include "KRJpegScans.h"
+
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
@@ -25,10 +27,11 @@ QImage KRPictureReader::read(const QFileInfo &file, KRErrorHistory *history)
     QFile source(file.filePath());
     if (!KRFileHandler::openForReading(source, history, KRInputLimits::streamedFileBytes))
         return QImage();
+    const QString problemOfScans = KRJpegScans::problemOf(&source);
     QImageReader reader(&source);
     reader.setDecideFormatFromContent(true);
-    QString problem = tr("Das ist kein lesbares Bild.");
-    if (isMadeOfPixels(reader.format())) {
+    QString problem = problemOfScans.isEmpty() ? tr("Das ist kein lesbares Bild.") : problemOfScans;
+    if (problemOfScans.isEmpty() && isMadeOfPixels(reader.format())) {
         const QSize size = reader.size();
         if (qint64(size.width()) * size.height() > KRInputLimits::picturePixels) {
             problem =

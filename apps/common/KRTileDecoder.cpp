@@ -1,5 +1,7 @@
 #include "KRTileDecoder.h"
 
+#include "KRJpegScans.h"
+
 #include <KRCore/KRInputLimits.h>
 
 #include <QBuffer>
@@ -10,6 +12,9 @@ QImage KRTileDecoder::decode(const QByteArray &bytes, QString *problem)
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
+    *problem = KRJpegScans::problemOf(&buffer);
+    if (!problem->isEmpty())
+        return QImage();
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     const QByteArray format = reader.format();

@@ -7,8 +7,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QTextDocumentFragment>
+#include <QUrl>
 #include <QUuid>
 #include <QVariant>
 
@@ -17,13 +19,42 @@
 namespace {
 
 constexpr int longestCredit = 300; ///< characters
+constexpr int headerBytes = 100; ///< of an SQLite file
 
-/// Attributions are HTML with links; images leave a sign that stands for no letter.
+/// Attributions are HTML with links. Tags are only removed: a table of a few bytes may take any time to lay out.
 QString plainText(const QString &html)
 {
-    QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
-    text.remove(QChar::ObjectReplacementCharacter);
-    return text.simplified().left(longestCredit);
+    static const QRegularExpression invisible(QStringLiteral("<!--.*?-->|<(script|style)\\b.*?</\\1\\s*>"),
+                                              QRegularExpression::CaseInsensitiveOption
+                                                  | QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression separator(QStringLiteral("<(?=/?(?:br|div|h[1-6]|li|p|td|th|tr)\\b)"),
+                                              QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression tag(QStringLiteral("<[a-z/!?](?:[^<>\"']|\"[^\"]*\"|'[^']*')*+>"),
+                                        QRegularExpression::CaseInsensitiveOption);
+    QString text = html;
+    text.remove(invisible).replace(separator, QStringLiteral(" <")).remove(tag);
+    // What is left are characters and entities.
+    text.replace(QLatin1Char('<'), QLatin1String("&lt;"));
+    return QTextDocumentFragment::fromHtml(text).toPlainText().simplified().left(longestCredit);
+}
+
+/// In this mode SQLite writes files beside the database even where it only reads it.
+bool hasWriteAheadLog(const QByteArray &header)
+{
+    constexpr int readVersionPosition = 19;
+    constexpr char writeAheadLog = 2;
+    return header.size() > readVersionPosition && header.at(readVersionPosition) == writeAheadLog;
+}
+
+/// Whoever has the database open keeps a log beside it. Without one nobody is to be waited for, and the file may be
+/// read as one that does not change.
+QString addressOf(const QString &fileName, const QByteArray &header)
+{
+    const QString path = QFileInfo(fileName).canonicalFilePath();
+    QUrl address = QUrl::fromLocalFile(path);
+    if (hasWriteAheadLog(header) && QFileInfo(path + QStringLiteral("-wal")).size() == 0)
+        address.setQuery(QStringLiteral("immutable=1"));
+    return address.toString(QUrl::FullyEncoded);
 }
 
 } // namespace
@@ -45,26 +76,27 @@ std::unique_ptr<KRTileSource> KRTileMbtilesSource::open(const QString &fileName,
         return nullptr;
     const QByteArray magic = QByteArrayLiteral("SQLite format 3\0");
     QString problem;
-    if (file.read(magic.size()) != magic)
+    const QByteArray header = file.read(headerBytes);
+    if (!header.startsWith(magic))
         problem = tr("Das ist keine MBTiles-Datei.");
     file.close();
 
     std::unique_ptr<KRTileMbtilesSource> source(new KRTileMbtilesSource);
     if (problem.isEmpty())
-        problem = source->connectTo(fileName);
+        problem = source->connectTo(addressOf(fileName, header));
     if (problem.isEmpty())
         return source;
     KRErrorHistory::report(history, fileName, problem);
     return nullptr;
 }
 
-QString KRTileMbtilesSource::connectTo(const QString &fileName)
+QString KRTileMbtilesSource::connectTo(const QString &address)
 {
     if (!QSqlDatabase::isDriverAvailable(QStringLiteral("QSQLITE")))
         return tr("Auf diesem Rechner fehlt Qts Treiber für SQLite.");
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QUuid::createUuid().toString());
-    m_database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=2000"));
-    m_database.setDatabaseName(QFileInfo(fileName).absoluteFilePath());
+    m_database.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY;QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=2000"));
+    m_database.setDatabaseName(address);
     if (!m_database.open())
         return tr("Die Datei kann nicht geöffnet werden: %1").arg(m_database.lastError().databaseText());
 

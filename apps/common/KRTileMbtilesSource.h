@@ -28,8 +28,8 @@ public:
 private:
     KRTileMbtilesSource();
 
-    /// Why it cannot be used, empty when it can.
-    QString connectTo(const QString &fileName);
+    /// Why it cannot be used, empty when it can. @p address is the file as a URI for SQLite.
+    QString connectTo(const QString &address);
     void readMetadata();
     bool hasNumber(const QString &key) const;
     /// The first in an order of SQL, "ASC" or "DESC"; not set without any tile.

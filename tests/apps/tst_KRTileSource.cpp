@@ -13,6 +13,23 @@
 
 #include <sys/stat.h>
 
+namespace {
+
+/// A progressive JPEG of 8 pixels a side.
+QByteArray jpegOfScans(int count)
+{
+    const QByteArray header = QByteArray::fromHex("ffd8ffdb004300") + QByteArray(64, '\1')
+                              + QByteArray::fromHex("ffc2000b080008000801011100");
+    const QByteArray lookingLikeScans = QByteArray::fromHex("ffe10102") + QByteArray::fromHex("ffda").repeated(128);
+    const QByteArray first = QByteArray::fromHex("ffc400140001") + QByteArray(16, '\0')
+                             + QByteArray::fromHex("ffda00080101000000007fffc400141001") + QByteArray(15, '\0')
+                             + '\xe0';
+    const QByteArray emptyScan = QByteArray::fromHex("ffda0008010100013f007fff00");
+    return header + lookingLikeScans + first + emptyScan.repeated(count - 1) + QByteArray::fromHex("ffd9");
+}
+
+} // namespace
+
 using Texts = QHash<QString, QString>;
 
 class tst_KRTileSource : public QObject
@@ -24,6 +41,7 @@ private slots:
     void tilesAreFound();
     void whatCannotBeOpened();
     void creditIsPlainText();
+    void nothingIsWrittenBeside();
     void levels();
     void levelsOfLargeFiles();
     void severalThreadsReadOneFile();
@@ -129,12 +147,38 @@ void tst_KRTileSource::whatCannotBeOpened()
 
 void tst_KRTileSource::creditIsPlainText()
 {
-    const QString file = path(QStringLiteral("a.mbtiles"));
-    KRTestTiles::writeMbtiles(
-        file, {},
-        {{QStringLiteral("attribution"),
-          QStringLiteral("&copy; <a href=\"https://x.example\">Stadt</a>\n<img src=\"x\"/> &amp; Land")}});
-    QCOMPARE(KRTileSource::open(file, nullptr)->credit(), QStringLiteral("© Stadt & Land"));
+    const KRTestTable<QString, QString> table{
+        {"link",
+         QStringLiteral("&copy; <a title='>' href=\"https://x.example\">Stadt</a>\n<img src=\"x\"/> &amp; Land"),
+         QStringLiteral("© Stadt & Land")},
+        {"blocks", QStringLiteral("<P>B&uuml;ro<br/>Stadt</P><p>L<b>an</b>d"), QStringLiteral("Büro Stadt Land")},
+        {"no tags", QStringLiteral("a < b &lt;i&gt; 'c"), QStringLiteral("a < b <i> 'c")},
+        {"nothing to see", QStringLiteral("<!-- a > b --><style>p {}</style>Stadt"), QStringLiteral("Stadt")},
+        {"a table that would fill the memory",
+         QStringLiteral("<table><tr><td colspan=30000 rowspan=30000>Stadt</td></tr></table>"), QStringLiteral("Stadt")},
+        {"long", QString(4096, QLatin1Char('<')), QString(300, QLatin1Char('<'))},
+    };
+    table.forEach([](const QString &html, const QString &expected) {
+        const QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("a.mbtiles"));
+        KRTestTiles::writeMbtiles(file, {}, {{QStringLiteral("attribution"), html}});
+        QCOMPARE(KRTileSource::open(file, nullptr)->credit(), expected);
+    });
+}
+
+void tst_KRTileSource::nothingIsWrittenBeside()
+{
+    const QString file = path(QStringLiteral("a b%20?#.mbtiles"));
+    KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(0, 0));
+    KRTestTiles::runSql(file, {QStringLiteral("PRAGMA journal_mode = WAL")});
+    QVERIFY(QFile::link(file, path(QStringLiteral("link.mbtiles"))));
+    const QStringList before = QDir(m_dir->path()).entryList();
+    for (const QString &name : {file, path(QStringLiteral("link.mbtiles"))}) {
+        const std::unique_ptr<KRTileSource> source = KRTileSource::open(name, nullptr);
+        QVERIFY(source != nullptr);
+        QCOMPARE(ask(source.get(), {0, 0, 0}).kind, KRTileAnswer::Found);
+        QCOMPARE(QDir(m_dir->path()).entryList(), before);
+    }
 }
 
 void tst_KRTileSource::levels()
@@ -207,6 +251,8 @@ void tst_KRTileSource::brokenTiles()
     const KRTestTable<QByteArray, const char *> table{
         {"good PNG", good, ""},
         {"good JPEG", KRTestTiles::picture({2, 1, 1}, 256, "jpg"), ""},
+        {"good JPEG of many scans", jpegOfScans(KRInputLimits::jpegScans), ""},
+        {"JPEG of too many scans", jpegOfScans(KRInputLimits::jpegScans + 1), "Durchgängen"},
         {"good WebP", KRTestTiles::picture({2, 1, 1}, 256, "webp"), ""},
         {"large, reduced", KRTestTiles::picture({2, 1, 1}, 1024), ""},
         {"a web page", "<html>Login</html>", "weder"},
