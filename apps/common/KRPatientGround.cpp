@@ -23,6 +23,8 @@ void KRPatientGround::paint(QPainter *painter, const QSize &size, const KRMapPro
         m_gaps = m_ground->paintWhole(painter, size, projection, factor, int(slice.remainingTime()));
         // Where a slice ends early there is nothing to wait for, even if something is missing.
         isWaitOver = m_gaps.count == 0 || !slice.hasExpired() || deadline.hasExpired();
+        if (!isWaitOver)
+            emit waiting(m_gaps.count);
     } while (!isWaitOver && !m_isStopped);
 }
 

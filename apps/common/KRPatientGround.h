@@ -30,6 +30,10 @@ public:
     /// Of the picture painted last; to be asked in the thread that painted it.
     KRMapGaps gaps() const { return m_gaps; }
 
+signals:
+    /// Now and then while it waits for so many pieces; in the thread that paints.
+    void waiting(int count);
+
 private:
     KRMapGround *m_ground;
     int m_timeLimitMs;

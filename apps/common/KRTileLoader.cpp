@@ -22,6 +22,8 @@ constexpr int firstPauseMs = 500; ///< twice as long each time
 constexpr int longestPauseMs = 60000;
 /// After so many pauses without any success what is wished for counts as failed.
 constexpr int patience = 3;
+/// So it does at once where the source asks to be left alone for longer.
+constexpr int longestWorthwhilePauseMs = 20000;
 
 } // namespace
 
@@ -62,7 +64,7 @@ void KRTileLoader::work()
     const KRTileKeyList wishes = allWishes();
     dropUnwished(wishes);
     if (!m_pauseEnd.hasExpired()) {
-        if (m_pauses >= patience)
+        if (m_pauses >= patience || m_isPauseLong)
             giveUp(wishes);
         wakeUpIn(m_pauseEnd.remainingTime());
         return;
@@ -201,6 +203,7 @@ void KRTileLoader::pause(const KRTileAnswer &answer)
     const int ownWaitMs = std::min(firstPauseMs << std::min(m_pauses, 16), longestPauseMs);
     const int waitMs = std::max(answer.waitMs, ownWaitMs);
     m_pauseEnd = QDeadlineTimer(waitMs);
+    m_isPauseLong = waitMs > longestWorthwhilePauseMs;
     wakeUpIn(waitMs);
     m_store->setProblem(answer.reason);
     ++m_pauses;

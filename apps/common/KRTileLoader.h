@@ -71,5 +71,6 @@ private:
     QSet<KRTileKey> m_underWay;
     QHash<KRTileKey, Delay> m_delays;
     QDeadlineTimer m_pauseEnd{0};
+    bool m_isPauseLong = false;
     int m_pauses = 0; ///< one after the other, without a tile in between
 };

@@ -13,6 +13,7 @@
 #include "KRTrackPalette.h"
 #include "KRTrackTable.h"
 
+#include <KRCore/KRConcurrent.h>
 #include <KRCore/KRFileHandler.h>
 #include <KRGeoLocation/KRGPXBeelineCreator.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
@@ -214,6 +215,11 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
         return SomethingLeftOut;
     }
 
+    if (!KRConcurrent::fillPool()) {
+        m_console.complain(tr("Das System startet keinen weiteren Thread, und ohne wird nicht gezeichnet."));
+        return SomethingLeftOut;
+    }
+
     const QImage mapPicture = readMapPicture();
     if (mapPicture.isNull() && m_options.ground() == KRRenderOptions::Ground::Picture)
         return SomethingLeftOut;
@@ -225,6 +231,9 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     if (ground == nullptr && m_options.ground() != KRRenderOptions::Ground::None)
         return SomethingLeftOut;
     KRPatientGround patientGround(ground.get());
+    QObject::connect(&patientGround, &KRPatientGround::waiting, &patientGround, [this](int count) {
+        m_console.showProgress(tr("Die Karte wird gezeichnet; fehlende Kacheln: %1").arg(count));
+    });
     KRMapComposition composition(tracks, area, m_options.size().value_or(mapPicture.size()), m_options.scale());
     composition.setGround(ground == nullptr ? nullptr : &patientGround);
     composition.setRenderOption(m_options.renderOption());

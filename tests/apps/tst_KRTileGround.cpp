@@ -307,6 +307,7 @@ void tst_KRTileGround::answersOfServers()
         {"trouble at first", atFirst(500, ""), true, "", 2},
         {"trouble for good", status(500), false, "500", 3},
         {"overloaded for good", status(503), false, "503", 8},
+        {"to be left alone for long", status(503, "Retry-After: 600\r\n"), false, "503", 1},
         {"a web page instead", status(200), false, "weder", 1},
         {"a body without end", Function([](const KRTileKey &, int) {
              return Answer{200, "", QByteArray(20 << 20, 'x'), 0};
