@@ -62,6 +62,9 @@ QDomElement KRXMLLoader::parseDocumentElement(const QByteArray &xml, const QStri
         KRErrorHistory::report(history, fileName, refusal.reason);
         return QDomElement();
     }
+    // This mark means UTF-8 for certain, whatever the declaration names.
+    if (xml.startsWith("\xEF\xBB\xBF"))
+        return documentElement(QString::fromUtf8(xml), fileName, history);
     if (const std::optional<QString> text = KRXMLGuard::decoded(xml))
         return documentElement(*text, fileName, history);
     return documentElement(xml, fileName, history);

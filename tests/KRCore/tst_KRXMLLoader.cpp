@@ -85,6 +85,8 @@ void tst_KRXMLLoader::readsWhatIsWellFormed()
     const KRTestTable<QByteArray, QString> table{
         {"white space that is no node", "<r>" + QByteArray("\n <a/>").repeated(KRInputLimits::nodes - 1) + "</r>", {}},
         {"declared Latin-1", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xFC</r>", umlaut},
+        {"UTF-8 with its mark, declared as Latin-1",
+         "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>\xC3\xBC</r>", umlaut},
         {"entity of its own", "<!DOCTYPE r [<!ENTITY e \"abc\">]><r>&e;</r>", QStringLiteral("abc")},
         {"declared attributes", declaredAttributes(KRInputLimits::declarations) + "<r>abc</r>", QStringLiteral("abc")},
         {"references beyond U+FFFF", "<r>&#x1F600;&#128512;&#xE4;</r>", smile + smile + QStringLiteral("ä")},
