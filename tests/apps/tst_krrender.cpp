@@ -9,6 +9,8 @@
 
 #include <climits>
 
+#include <unistd.h>
+
 /// Runs the program as a user does and looks at its exit code, its words and its pictures.
 class tst_krrender : public QObject
 {
@@ -23,6 +25,7 @@ private slots:
     void pictureAsMap();
     void tilesAsMap();
     void missingTilesAreTold();
+    void worksWithoutFurtherThreads();
     void tableAndJson();
     void tellsWhatItDoesNotDraw();
     void wrongUsage();
@@ -228,6 +231,22 @@ void tst_krrender::missingTilesAreTold()
         QVERIFY2(outcome.complainsOf(tiles) && outcome.complainsOf(word), qPrintable(outcome.err));
         QCOMPARE(outcome.out.isEmpty(), !isDrawn);
     });
+}
+
+void tst_krrender::worksWithoutFurtherThreads()
+{
+    // The limit does not hold for root.
+    const QByteArray user = ::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    if (run("cd / && " + user + "prlimit --nproc=1 krrender --version").exitCode != 0)
+        QSKIP("the program cannot be run so");
+    const Outcome reading = run("cd / && " + user + "prlimit --nproc=1 krrender --json $tour $lake");
+    QCOMPARE(reading.exitCode, 0);
+    QCOMPARE(reading.out, run("krrender --json $tour $lake").out);
+    const QByteArray drawing = "krrender --size 900x700 -o - $tour";
+    const Outcome refused = run("cd / && " + user + "prlimit --nproc=1 " + drawing);
+    QCOMPARE(refused.exitCode, 1);
+    QVERIFY2(refused.complainsOf("keinen weiteren Thread"), qPrintable(refused.err));
+    QCOMPARE(run("cd / && " + user + "prlimit --nproc=2 " + drawing).out, run(drawing).out);
 }
 
 void tst_krrender::tableAndJson()
