@@ -5,12 +5,14 @@
 #include "KRQtCompat.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QTextStream>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace {
 
@@ -22,9 +24,47 @@ QString tooLarge(qint64 maximumSize)
         .arg(maximumSize / (1024 * 1024));
 }
 
+QString unreadable(const QString &reason)
+{
+    return QCoreApplication::translate("KRFileHandler", "Die Datei kann nicht gelesen werden: %1").arg(reason);
+}
+
+/// Whether there is no telling what lies behind one of its folders.
+bool isBehindClosedFolder(const QFileInfo &file)
+{
+    QFileInfo folder(file.absolutePath());
+    while (!folder.exists() && !folder.isRoot())
+        folder = QFileInfo(folder.absolutePath());
+    return folder.isDir() && !folder.isExecutable();
+}
+
+/// The number of the open channel that a name like /dev/stdout or /dev/fd/3 stands for, also through links; -1 for
+/// any other.
+int openChannel(const QFileInfo &file)
+{
+    constexpr int mostLinks = 40;
+    const QString channels = QFileInfo(QStringLiteral("/proc/self/fd")).canonicalFilePath();
+    if (channels.isEmpty())
+        return -1;
+    QFileInfo step = file;
+    for (int i = 0; i < mostLinks; ++i) {
+        if (step.absoluteDir().canonicalPath() == channels) {
+            bool isNumber = false;
+            const int number = step.fileName().toInt(&isNumber);
+            return isNumber ? number : -1;
+        }
+        if (!step.isSymLink())
+            return -1;
+        step = QFileInfo(step.symLinkTarget());
+    }
+    return -1;
+}
+
 /// Why the file cannot be read, an empty text when nothing speaks against it.
 QString refusal(const QFileInfo &file, qint64 maximumSize)
 {
+    if (!file.exists() && isBehindClosedFolder(file))
+        return unreadable(qt_error_string(EACCES));
     if (!file.exists())
         return file.isSymLink() ? QCoreApplication::translate("KRFileHandler", "Die Verknüpfung führt zu keiner Datei.")
                                 : QCoreApplication::translate("KRFileHandler", "Die Datei wurde nicht gefunden.");
@@ -43,8 +83,7 @@ bool KRFileHandler::openForReading(QFile &file, KRErrorHistory *history, qint64 
 {
     QString reason = refusal(QFileInfo(file.fileName()), maximumSize);
     if (reason.isEmpty() && !file.open(QIODevice::ReadOnly))
-        reason = QCoreApplication::translate("KRFileHandler", "Die Datei kann nicht gelesen werden: %1")
-                     .arg(file.errorString());
+        reason = unreadable(file.errorString());
     if (reason.isEmpty())
         return true;
     KRErrorHistory::report(history, file.fileName(), reason);
@@ -122,11 +161,13 @@ bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRE
 {
     // Without a buffer, as commit() does not notice when the disk has no room for what is still in one.
     constexpr QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::Unbuffered;
-    // A pipe or a device takes the bytes; it must not be replaced by a file.
-    const bool isChannel = file.exists() && !file.isFile() && !file.isDir();
+    // A pipe or a device takes the bytes, and so does what is open already; they must not be replaced by a file.
+    const int number = openChannel(file);
+    const bool isChannel = number >= 0 || (file.exists() && !file.isFile() && !file.isDir());
     if (isChannel) {
         QFile channel(file.filePath());
-        if (channel.open(mode) && write(&channel, bytes))
+        const bool isOpen = number >= 0 ? channel.open(number, mode) : channel.open(mode);
+        if (isOpen && write(&channel, bytes))
             return true;
         KRErrorHistory::report(history, file.filePath(), channel.errorString());
         return false;

@@ -33,7 +33,7 @@ public:
     /// it does not after a write that a full disk took only in part.
     static bool write(QFileDevice *file, const QByteArray &bytes);
 
-    /// Writes all bytes; until they are there the old file stays as it was. A pipe or a device gets them as they come.
-    /// False when it fails.
+    /// Writes all bytes; until they are there the old file stays as it was. A pipe, a device or a channel that is open
+    /// already, as /dev/stdout, gets them as they come. False when it fails.
     static bool writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history);
 };

@@ -4,6 +4,7 @@
 
 #include "KRFileSizeLimit.h"
 #include "KRQuietFiles.h"
+#include "KRTestFile.h"
 #include "KRTestFolder.h"
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
@@ -24,6 +25,7 @@ private slots:
     void refusesText();
     void refusesWhatIsNoFile();
     void writesIntoPipes();
+    void writesIntoOpenChannels();
     void failedWritesKeepTheOldFile();
 
 private:
@@ -89,6 +91,28 @@ void tst_KRFileHandler::writesIntoPipes()
     ::close(reader);
     QCOMPARE(bytes, QByteArray("through the pipe"));
     QVERIFY(!QFileInfo(QFile::decodeName(path)).isFile());
+}
+
+void tst_KRFileHandler::writesIntoOpenChannels()
+{
+    const QByteArray path = QFile::encodeName(written("before, ").filePath());
+    const int channel = ::open(path.constData(), O_WRONLY | O_APPEND);
+    const QString name = QStringLiteral("/dev/fd/%1").arg(channel);
+    const QString link = m_folder.path(QStringLiteral("link"));
+    QVERIFY(channel >= 0 && QFile::link(name, link));
+    QVERIFY(KRFileHandler::writeAll(QFileInfo(name), "after, ", nullptr));
+    QVERIFY(KRFileHandler::writeAll(QFileInfo(link), "at last", nullptr));
+    QCOMPARE(KRTestFile::content(QFile::decodeName(path)), QByteArray("before, after, at last"));
+
+    // A file that has lost its name gets none again.
+    QVERIFY(QFile::remove(QFile::decodeName(path)));
+    QVERIFY(KRFileHandler::writeAll(QFileInfo(name), "unseen", nullptr));
+    QCOMPARE(m_folder.dir().entryList({QStringLiteral("text*")}), QStringList());
+    ::close(channel);
+    KRErrorHistory history;
+    QVERIFY(!KRFileHandler::writeAll(QFileInfo(name), "nowhere", &history));
+    QCOMPARE(history.entries().first().reason, qt_error_string(EBADF));
+    QVERIFY(QFile::remove(link));
 }
 
 void tst_KRFileHandler::failedWritesKeepTheOldFile()
