@@ -18,7 +18,8 @@ class QPainter;
  *
  * Works at every scale, from the world several times side by side down to a street; where the data have nothing more
  * to show there is a plain ground with graticule and names. Beyond the Mercator square (85.05 degrees north and
- * south) the picture stays empty paper. Names are German or English, as the program's texts are.
+ * south) the picture stays empty paper, and so does a map with hundreds of worlds. Names are German or
+ * English, as the program's texts are.
  *
  * Needs a QGuiApplication for its fonts; may be called from any thread. Nothing throws: a projection of an empty area
  * gives empty paper.

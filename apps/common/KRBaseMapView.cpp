@@ -15,6 +15,9 @@ constexpr double largestFactor = 50.0;
 /// Points of a path closer to each other than this many pixels of a normal screen are drawn as one.
 constexpr double smallestStep = 0.4;
 
+/// With more worlds side by side, in a low and wide picture, there is nothing to see but specks.
+constexpr double mostWorlds = 200.0;
+
 /// Paths of fewer pixels in both directions are left out.
 constexpr double smallestPath = 0.25;
 
@@ -51,7 +54,7 @@ QRectF KRBaseMapView::mapRect() const
 {
     const double top = qMax(0.0, toPixel(QPointF(0.0, 0.0)).y());
     const double bottom = qMin(m_imageSize.height(), toPixel(QPointF(0.0, 1.0)).y());
-    if (!isValid() || bottom <= top)
+    if (!isValid() || bottom <= top || m_imageSize.width() > mostWorlds * m_worldSize)
         return QRectF();
     return QRectF(0.0, top, m_imageSize.width(), bottom - top);
 }

@@ -124,6 +124,7 @@ void tst_KRBaseMap::extremes()
         }
     });
     QCOMPARE(groundAt(picture({-10, 10, -180, 180}, QSize(20, 200)).pixelColor(10, 195)), Paper);
+    QCOMPARE(groundAt(picture(world, QSize(3000, 10)).pixelColor(1500, 5)), Paper); // three hundred worlds
     QImage null;
     KRBaseMap().paint(&null, world.projection(QSize(20, 20)), 1.0);
     QVERIFY(null.isNull());
