@@ -2,10 +2,23 @@
 
 #include <QLineF>
 
+#include <algorithm>
 #include <cmath>
 
+namespace {
+
+constexpr double smallestCell = 1.0; // pixels
+constexpr double mostCells = 4.0e6;
+
+/// Dots of a line overlap by three quarters of its width, so that its edge stays as straight as the cells are.
+constexpr double dotsPerWidth = 4.0;
+
+} // namespace
+
 KRMapCells::KRMapCells(const QSize &size, double cellSize)
-    : m_cellSize(cellSize), m_columns(int(size.width() / cellSize) + 1), m_rows(int(size.height() / cellSize) + 1),
+    : m_cellSize(
+        std::max({cellSize, smallestCell, std::sqrt(double(size.width()) * double(size.height()) / mostCells)})),
+      m_columns(int(size.width() / m_cellSize) + 1), m_rows(int(size.height() / m_cellSize) + 1),
       m_taken(std::size_t(m_columns) * std::size_t(m_rows), false)
 { }
 
@@ -15,7 +28,7 @@ void KRMapCells::addLine(const QPolygonF &line, double width)
         addDot(line.first(), width / 2.0);
     for (int i = 1; i < line.size(); ++i) {
         const QLineF step(line.at(i - 1), line.at(i));
-        const int dots = int(std::ceil(step.length() / m_cellSize));
+        const int dots = int(std::ceil(step.length() / std::max(m_cellSize, width / dotsPerWidth)));
         for (int dot = 1; dot <= dots; ++dot)
             addDot(step.pointAt(double(dot) / dots), width / 2.0);
     }

@@ -12,7 +12,7 @@
 class KRMapCells
 {
 public:
-    /// All lengths are pixels.
+    /// All lengths are pixels. Cells are larger than that where they would be a part of a pixel, or too many.
     KRMapCells(const QSize &size, double cellSize);
 
     /// A line of one point is a dot.

@@ -109,6 +109,8 @@ void tst_KRTrackLabels::namesKeepOffTracks()
         const QImage below = lines.copy(label.box().toAlignedRect());
         QVERIFY(KRTestPicture::boundsOf(below, [](const QColor &color) { return color.alpha() > 0; }).isEmpty());
     }
+    // However small the factor is, there is room to remember where the lines are.
+    QCOMPARE(KRTrackLabels::arranged(selection, projection, size, 1e-9, {}).labels().size(), selection.count());
 }
 
 static const KRTestRegistration<tst_KRTrackLabels> registration;
