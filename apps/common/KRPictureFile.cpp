@@ -23,6 +23,7 @@ namespace {
 constexpr int photoQuality = 92; // per cent; below, thin coloured lines on a plain ground get visible fringes
 constexpr double pixelsPerInch = 96.0;
 constexpr double pointsPerInch = 72.0;
+constexpr int largestSideOfWebpPx = 16383; // RFC 9649, section 2.6: sides have 14 bits
 constexpr double largestPagePoints = 14400.0; // ISO 32000-1, annex C.2
 
 QString creator()
@@ -101,6 +102,11 @@ QByteArray createPdf(const KRMapComposition &map, const QString &title)
 }
 
 } // namespace
+
+int KRPictureFile::largestSideOf(const QByteArray &format)
+{
+    return format == "webp" ? largestSideOfWebpPx : largestSidePx;
+}
 
 QByteArray KRPictureFile::formatOf(const QString &fileName)
 {

@@ -21,6 +21,8 @@ class KRPictureFile
 {
 public:
     static constexpr int largestSidePx = 32767; ///< QPainter's raster engine ends there
+    /// The same in pixels for one of the formats, which may know less.
+    static int largestSideOf(const QByteArray &format);
 
     static QList<QByteArray> formats() { return {"png", "jpeg", "webp", "svg", "pdf"}; }
 

@@ -98,13 +98,24 @@ constexpr OptionText optionTexts[] = {
     {"v,version", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Zeigt die Version.")},
 };
 
+constexpr double smallestScale = 0.05; // lines and letters of a twentieth can no longer be told apart
 constexpr double largestScale = 20.0;
 
-bool isSameFile(const QFileInfo &a, const QFileInfo &b)
+/// Where the path leads through all links, also to a file or folder that is not there yet.
+QString resolved(const QString &path)
 {
-    if (a.exists() && b.exists())
-        return a.canonicalFilePath() == b.canonicalFilePath();
-    return a.absoluteFilePath() == b.absoluteFilePath();
+    const QFileInfo file(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    if (file.exists() || file.isRoot())
+        return file.canonicalFilePath();
+    return QDir(resolved(file.path())).filePath(file.fileName());
+}
+
+/// Whether that is the document or one of its track files.
+bool isPartOf(const QString &path, const QString &document)
+{
+    const QString target = resolved(path);
+    return target == resolved(document)
+           || QFileInfo(target).path() == resolved(KRRouteDocument::trackFolder(QFileInfo(document)).path());
 }
 
 /// Whether writing to the one destroys the other: the input itself or, of a document, one of its track files.
@@ -112,11 +123,8 @@ bool isReadFrom(const QString &output, const QString &input)
 {
     if (output.isEmpty() || input.isEmpty())
         return false;
-    const QFileInfo target(output);
-    const QDir tracks = KRRouteDocument::trackFolder(QFileInfo(input));
-    const bool isTrackFile = KRRouteDocument::isDocument(QFileInfo(input)) && tracks.exists() && target.exists()
-                             && QFileInfo(target.canonicalFilePath()).dir().canonicalPath() == tracks.canonicalPath();
-    return isTrackFile || isSameFile(QFileInfo(input), target);
+    const bool isDocument = KRRouteDocument::isDocument(QFileInfo(input)) && QFileInfo::exists(output);
+    return isDocument ? isPartOf(output, input) : resolved(output) == resolved(input);
 }
 
 /// What "-o" writes, as suffixes.
@@ -161,6 +169,7 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
     readTask(parser);
     if (m_task == Task::PrintHelp || m_task == Task::PrintVersion || m_task == Task::PrintPlaces)
         return;
+    refuseTexts(parser, arguments);
     m_usesPalette = parser.isSet(QStringLiteral("palette"));
     readBeelines(parser.values(QStringLiteral("beeline")));
     if (m_inputs.isEmpty() && m_beelines.isEmpty())
@@ -199,6 +208,20 @@ void KRRenderOptions::readTask(const QCommandLineParser &parser)
         m_task = Task::PrintTable;
 }
 
+void KRRenderOptions::refuseTexts(const QCommandLineParser &parser, const QStringList &arguments)
+{
+    // Qt puts this character where bytes are no text; it would stand in the name of a file.
+    for (const QString &argument : arguments) {
+        if (argument.contains(QChar::ReplacementCharacter))
+            complain(tr("„%1“ ist kein gültiges UTF-8.").arg(argument));
+    }
+    for (const OptionText &option : optionTexts) {
+        const QString name = QString::fromLatin1(option.names).section(QLatin1Char(','), -1);
+        if (*option.value != '\0' && parser.values(name).contains(QString()))
+            complain(tr("--%1 braucht eine Angabe.").arg(name));
+    }
+}
+
 void KRRenderOptions::readBeelines(const QStringList &texts)
 {
     static const QRegularExpression separator(QStringLiteral("\\s*\\.\\.\\s*"));
@@ -209,7 +232,8 @@ void KRRenderOptions::readBeelines(const QStringList &texts)
         if (ends.size() == 2 && from.position.isValid() && to.position.isValid())
             m_beelines.append({from, to});
         else
-            complain(tr("--beeline: „%1“ nennt nicht zwei Orte wie „Oldenburg .. Sydney“.").arg(text));
+            complain(tr("--beeline: „%1“ nennt nicht zwei Orte wie „Oldenburg .. Sydney“; N0 E0 gilt als keiner.")
+                         .arg(text));
     }
 }
 
@@ -248,8 +272,9 @@ void KRRenderOptions::readPicture(const QCommandLineParser &parser)
         const QString text = parser.value(QStringLiteral("scale"));
         bool isNumber = false;
         m_scale = text.toDouble(&isNumber);
-        if (!isNumber || !(m_scale > 0.0) || m_scale > largestScale)
-            complain(tr("--scale: „%1“ ist keine Zahl über 0 und bis %2.").arg(text, QString::number(largestScale)));
+        if (!isNumber || !(m_scale >= smallestScale) || m_scale > largestScale)
+            complain(tr("--scale: „%1“ ist keine Zahl von %2 bis %3.")
+                         .arg(text, QString::number(smallestScale), QString::number(largestScale)));
     }
     if (parser.isSet(QStringLiteral("render"))) {
         const QString text = parser.value(QStringLiteral("render"));
@@ -354,6 +379,9 @@ void KRRenderOptions::protectInputs()
         if (!isDocument && isReadFrom(m_document, input))
             complain(tr("„%1“ wird gelesen und nicht überschrieben.").arg(m_document));
     }
+    const bool writesTwoFiles = !m_output.isEmpty() && !m_document.isEmpty() && !writesToStandardOutput();
+    if (writesTwoFiles && isPartOf(m_output, m_document))
+        complain(tr("„%1“ gehört zum Routendokument „%2“.").arg(m_output, m_document));
 }
 
 void KRRenderOptions::complain(const QString &problem)

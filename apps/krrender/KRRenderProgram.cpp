@@ -223,6 +223,14 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     const QImage mapPicture = readMapPicture();
     if (mapPicture.isNull() && m_options.ground() == KRRenderOptions::Ground::Picture)
         return SomethingLeftOut;
+    const QSize size = m_options.size().value_or(mapPicture.size());
+    const int largestSide = KRPictureFile::largestSideOf(m_options.format());
+    if (std::max(size.width(), size.height()) > largestSide) {
+        const QString format = QString::fromLatin1(m_options.format());
+        m_console.complain(
+            tr("Bilder im Format %1 haben höchstens %2 Pixel je Seite.").arg(format, QString::number(largestSide)));
+        return WrongUsage;
+    }
 
     QElapsedTimer timer;
     timer.start();
@@ -234,7 +242,7 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     QObject::connect(&patientGround, &KRPatientGround::waiting, &patientGround, [this](int count) {
         m_console.showProgress(tr("Die Karte wird gezeichnet; fehlende Kacheln: %1").arg(count));
     });
-    KRMapComposition composition(tracks, area, m_options.size().value_or(mapPicture.size()), m_options.scale());
+    KRMapComposition composition(tracks, area, size, m_options.scale());
     composition.setGround(ground == nullptr ? nullptr : &patientGround);
     composition.setRenderOption(m_options.renderOption());
     composition.setScaleBar(m_options.hasScaleBar());

@@ -17,6 +17,19 @@
 
 namespace {
 
+constexpr int mostLettersOfName = 60;
+
+/// A name that leaves the table readable, whatever else is in it.
+QString nameText(const QString &name)
+{
+    const QString line = KRMessageText::printable(name.simplified());
+    if (line.size() <= mostLettersOfName)
+        return line;
+    const int letters = mostLettersOfName - 1;
+    const bool splitsPair = line.at(letters - 1).isHighSurrogate();
+    return line.left(splitsPair ? letters - 1 : letters) + QChar(0x2026);
+}
+
 QString utcText(const QDateTime &time)
 {
     return time.isValid() ? time.toUTC().toString(Qt::ISODate) : QString();
@@ -139,9 +152,9 @@ QString KRTrackTable::toText() const
     for (int i = 0; i < m_tracks.size(); ++i) {
         const KRGPXConfiguredTrack &track = m_tracks.at(i);
         const KRTrackFigures figures(track);
-        rows.append({QString::number(i + 1), KRMessageText::printable(track.name().simplified()),
-                     track.effectiveShape().keys(), QString::number(figures.segmentCount()),
-                     QString::number(figures.pointCount()), QString::number(figures.lengthKm(), 'f', 2),
+        rows.append({QString::number(i + 1), nameText(track.name()), track.effectiveShape().keys(),
+                     QString::number(figures.segmentCount()), QString::number(figures.pointCount()),
+                     QString::number(figures.lengthKm(), 'f', 2),
                      figures.hasElevation() ? QString::number(figures.climbMetres()) : QString(),
                      utcText(figures.from()), utcText(figures.to()), areaText(figures.boundingBox())});
     }

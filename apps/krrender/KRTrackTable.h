@@ -21,7 +21,7 @@ public:
 
     explicit KRTrackTable(const KRGPXConfiguredTrackList &tracks) : m_tracks(tracks) { }
 
-    /// Columns aligned with blanks, a head line, every line ends with a line break.
+    /// Columns aligned with blanks, a head line, every line ends with a line break. Long names are cut.
     QString toText() const;
 
     /**

@@ -274,6 +274,12 @@ void tst_krrender::tableAndJson()
     QCOMPARE(tracks("--plain x.gpx").size(), 1);
     QCOMPARE(tracks("--split-segments x.gpx").size(), 3);
 
+    const QByteArray longName = QByteArray(99, 'n') + QByteArray(99999, 'm');
+    KRTestFile::write(path("x.gpx"), "<gpx><wpt lat='1' lon='2'><name>" + longName + "</name></wpt></gpx>");
+    const QByteArray shortRows = run("krrender --list x.gpx").out;
+    QVERIFY2(shortRows.contains("nnn\u2026 ") && shortRows.size() < 1000, shortRows.left(1000).constData());
+    QCOMPARE(tracks("x.gpx").at(0).toObject().value(QLatin1String("name")).toString(), QString::fromLatin1(longName));
+
     QVERIFY(run("krrender --places").out.contains("Greenich"));
     const QJsonArray lines = tracks("--beeline 'oldenburg .. Sydney' --beeline 'N53.1 E8.2..53,0,0N;9,0,0E'");
     QCOMPARE(lines.size(), 2);
@@ -316,6 +322,7 @@ void tst_krrender::wrongUsage()
         {"size without extent", "--size 0x100 x.gpx", "--size"},
         {"size beyond any painter", "--size 99999x99999 x.gpx", "--size"},
         {"scale", "--scale 0 x.gpx", "--scale"},
+        {"scale below all lines", "--scale 0.001 x.gpx", "--scale"},
         {"area", "--area N53 x.gpx", "--area"},
         {"colour", "--line-color reddish x.gpx", "--line-color"},
         {"width", "--line-width -1 x.gpx", "--line-width"},
@@ -333,6 +340,15 @@ void tst_krrender::wrongUsage()
         {"table and picture", "--list -o x.png x.gpx", "-o"},
         {"JSON and document", "--json --save x.krroute x.gpx", "--save"},
         {"over the input", "-o ./x.png x.png", "x.png"},
+        {"place that is none", "--beeline 'N0 E0 .. N0 E180'", "N0 E0 gilt"},
+        {"side beyond the format", "--size 16384x8 --format webp $tour", "16383"},
+        {"output without a name", "-o '' $tour", "--output"},
+        {"document without a name", "--save '' $tour", "--save"},
+        {"no size", "--size '' $tour", "--size"},
+        {"output that is no UTF-8", "-o \"$(printf 'a\\376.png')\" $tour", "UTF-8"},
+        {"input that is no UTF-8", "-o a.png \"$(printf '\\377.gpx')\"", "UTF-8"},
+        {"over a track file of the saved document", "--save d.krroute -o ./d.tracks/track.gps --format gpx $tour",
+         "gehört zum Routendokument"},
     };
     table.forEach([this](const QByteArray &arguments, const QByteArray &named) {
         const Outcome outcome = run("krrender " + arguments);
