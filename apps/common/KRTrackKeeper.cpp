@@ -74,12 +74,14 @@ KRGPXTrackSegment restoredSegment(const KRGPXTrackSegment &segment, int number, 
     return restored;
 }
 
-QDomElement enclaveNumber(const QDomElement &element, int number)
+/// By their numbers.
+QHash<int, QDomElement> keptEnclaves(const QDomElement &element)
 {
-    QDomElement enclave = element.firstChildElement(enclaveElement);
-    while (!enclave.isNull() && KRXMLParser::intAttribute(enclave, numberAttribute, -1) != number)
-        enclave = enclave.nextSiblingElement(enclaveElement);
-    return enclave;
+    QHash<int, QDomElement> enclaves;
+    for (QDomElement enclave = element.firstChildElement(enclaveElement); !enclave.isNull();
+         enclave = enclave.nextSiblingElement(enclaveElement))
+        enclaves.insert(KRXMLParser::intAttribute(enclave, numberAttribute, -1), enclave);
+    return enclaves;
 }
 
 } // namespace
@@ -115,7 +117,8 @@ KRGPXTrack KRTrackKeeper::restored(const KRGPXTrack &track, const QDomElement &e
     KRGPXTrack restored(track.name(), KRXMLParser::text(element, descriptionElement, track.description()), segments,
                         track.shape());
     const QList<KRGPXTrack> enclaves = track.enclaves();
+    const QHash<int, QDomElement> kept = keptEnclaves(element);
     for (int i = 0; i < enclaves.size(); ++i)
-        restored.addEnclave(KRTrackKeeper::restored(enclaves.at(i), enclaveNumber(element, i)));
+        restored.addEnclave(KRTrackKeeper::restored(enclaves.at(i), kept.value(i)));
     return restored;
 }

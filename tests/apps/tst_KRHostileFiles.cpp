@@ -306,6 +306,12 @@ void tst_KRHostileFiles::areDrawnInBoundedTime_data()
         return gpx("<trk><trkseg><trkpt lat='1e308' lon='-1e308'/><trkpt lat='nan' lon='inf'/>"
                    "<trkpt lat='53' lon='1e18'/></trkseg></trk>");
     });
+    row("kept texts of many enclaves", "a.krroute", [] {
+        const QByteArray track = "<trk><trkseg><compressedPoints>8,53\n9,54</compressedPoints></trkseg><enclaves>"
+                                 + QByteArray("<trk/>").repeated(60000) + "</enclaves></trk>";
+        return routes("<configuredTrack>" + track + "</configuredTrack>")
+            .replace("</routes>", "<kept number='0'>" + QByteArray("<enclave/>").repeated(60000) + "</kept></routes>");
+    });
     row("absurd look", "a.krroute", [] {
         return routes(
             "<configuredTrack smoothingSteps='999999999' smoothing='0'><trk><trkseg><compressedPoints>8,53\n9,54"
