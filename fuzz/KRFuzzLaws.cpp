@@ -117,7 +117,7 @@ QString KRFuzzLaws::brokenByExchange(const KRGPXConfiguredTrackList &tracks, con
 {
     const QString fileName = QStringLiteral("exchange.") + QString::fromLatin1(format);
     const auto written = [&](const KRGPXConfiguredTrackList &list) {
-        return KRExchangeFile::encode(list, format, QStringLiteral("exchange"));
+        return KRExchangeFile::encode(list, format, QStringLiteral("exchange"), nullptr);
     };
     const auto read = [&](const QByteArray &bytes) {
         KRRouteImport import;

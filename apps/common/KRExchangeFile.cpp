@@ -1,8 +1,11 @@
 #include "KRExchangeFile.h"
 
 #include "KRGpxWriter.h"
+#include "KRKmlPreparation.h"
 #include "KRKmlWriter.h"
 
+#include <KRCore/KRErrorHistory.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRZIP.h>
 
 #include <QFileInfo>
@@ -13,10 +16,30 @@ QByteArray KRExchangeFile::formatOf(const QString &fileName)
     return formats().contains(suffix) ? suffix : QByteArray();
 }
 
-QByteArray KRExchangeFile::encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name)
+QByteArray KRExchangeFile::encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name,
+                                  KRErrorHistory *history)
 {
     if (format == "gpx")
         return KRGpxWriter::write(tracks);
     const QByteArray kml = KRKmlWriter::write(tracks, name);
-    return format == "kmz" ? KRZIP::pack(QStringLiteral("doc.kml"), kml) : kml;
+    if (!isReadable(kml, name, history))
+        return QByteArray();
+    const QByteArray bytes = format == "kmz" ? KRZIP::pack(QStringLiteral("doc.kml"), kml) : kml;
+    if (bytes.isNull())
+        KRErrorHistory::report(history, name, tr("Der Speicher reicht nicht."));
+    return bytes;
+}
+
+bool KRExchangeFile::isReadable(const QByteArray &kml, const QString &name, KRErrorHistory *history)
+{
+    QString reason;
+    KRErrorHistory problems;
+    if (kml.size() > KRInputLimits::documentBytes)
+        reason = tr("Es wäre größer als %1 MB.").arg(KRInputLimits::documentBytes >> 20);
+    else if (!KRKmlPreparation(name).read(kml, &problems))
+        reason = problems.isEmpty() ? QString() : problems.entries().first().reason;
+    else
+        return true;
+    KRErrorHistory::report(history, name, tr("Das Ergebnis ließe sich nicht wieder öffnen: %1").arg(reason));
+    return false;
 }

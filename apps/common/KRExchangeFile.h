@@ -1,22 +1,33 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 
+class KRErrorHistory;
 class KRGPXConfiguredTrackList;
 
 /**
  * Turns tracks into the bytes of files that other programs read: GPX, KML and KMZ.
+ *
+ * KML is read again, as the tracks may be more than what is read of it: such a file would be of no use to us any more.
  */
 class KRExchangeFile
 {
+    Q_DECLARE_TR_FUNCTIONS(KRExchangeFile)
+
 public:
     static QList<QByteArray> formats() { return {"gpx", "kml", "kmz"}; }
 
     /// The format of formats() that the suffix stands for, empty for any other.
     static QByteArray formatOf(const QString &fileName);
 
-    /// @param format one of formatOf(); @p name is that of the KML document. Null when it fails.
-    static QByteArray encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name);
+    /// @param format one of formatOf(); @p name is that of the KML document. Null when it fails; the reason is
+    /// reported.
+    static QByteArray encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name,
+                             KRErrorHistory *history);
+
+private:
+    static bool isReadable(const QByteArray &kml, const QString &name, KRErrorHistory *history);
 };

@@ -128,7 +128,9 @@ int KRRenderProgram::exchange(const KRGPXTrackSelection &tracks)
         m_console.complain(tr("Es gibt nichts zu schreiben."));
         return SomethingLeftOut;
     }
-    return write(KRExchangeFile::encode(tracks.tracks(), m_options.format(), title(tracks)));
+    KRErrorHistory history;
+    const QByteArray bytes = KRExchangeFile::encode(tracks.tracks(), m_options.format(), title(tracks), &history);
+    return write(bytes, history.isEmpty() ? QString() : history.entries().first().reason);
 }
 
 QString KRRenderProgram::title(const KRGPXTrackSelection &tracks) const
@@ -302,16 +304,16 @@ QImage KRRenderProgram::readMapPicture()
     return picture;
 }
 
-int KRRenderProgram::write(const QByteArray &bytes)
+int KRRenderProgram::write(const QByteArray &bytes, const QString &refusal)
 {
     m_console.clearProgress();
     KRErrorHistory history;
-    QString problem;
-    if (bytes.isNull())
+    QString problem = refusal;
+    if (bytes.isNull() && refusal.isEmpty())
         problem = tr("Das Ergebnis kann nicht als %1 geschrieben werden.").arg(QString::fromLatin1(m_options.format()));
-    else if (m_options.writesToStandardOutput())
+    else if (!bytes.isNull() && m_options.writesToStandardOutput())
         problem = writeToStandardOutput(bytes);
-    else
+    else if (!bytes.isNull())
         KRFileHandler::writeAll(QFileInfo(m_options.output()), bytes, &history);
     if (!history.isEmpty())
         problem = history.entries().first().reason;

@@ -49,7 +49,8 @@ private:
     std::unique_ptr<KRMapGround> createTileGround();
     void reportGaps(const KRMapGaps &gaps);
     QImage readMapPicture();
-    int write(const QByteArray &bytes);
+    /// Null bytes are complained of with @p refusal, or with a sentence of its own where that is empty.
+    int write(const QByteArray &bytes, const QString &refusal = QString());
     KRGPXTrackSelection selection() const;
     int countOfUndrawn(const KRGPXTrackSelection &selection);
 

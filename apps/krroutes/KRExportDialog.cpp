@@ -298,17 +298,19 @@ bool KRExportDialog::mayReplace(const QString &fileName)
 bool KRExportDialog::createBytes(QByteArray *bytes)
 {
     bool isComplete = true;
+    KRErrorHistory history;
     if (isPicture())
         isComplete = createPicture(bytes);
     else
         isComplete = KRBackgroundTask::run(
             this, tr("Die Routen werden geschrieben …"),
             [&, tracks = m_selection.tracks(), format = format(), title = QFileInfo(fileName()).completeBaseName()] {
-                *bytes = KRExchangeFile::encode(tracks, format, title);
+                *bytes = KRExchangeFile::encode(tracks, format, title, &history);
             },
             [] {});
     if (isComplete && bytes->isNull())
-        complain(tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format."));
+        complain(history.isEmpty() ? tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format.")
+                                   : history.entries().first().reason);
     return isComplete && !bytes->isNull();
 }
 

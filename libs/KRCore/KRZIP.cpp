@@ -63,6 +63,11 @@ QString refusal(const zip_stat_t &entry)
     return QString();
 }
 
+bool isTooDense(zip_uint64_t size, zip_uint64_t packedSize)
+{
+    return size > KRInputLimits::archiveFreeBytes && size / KRInputLimits::archiveRatio > packedSize;
+}
+
 /// All bytes of the entry; @p reason stays empty if they are what @p expected says.
 QByteArray inflate(zip_file *entry, const zip_stat_t &expected, QString *reason)
 {
@@ -79,7 +84,7 @@ QByteArray inflate(zip_file *entry, const zip_stat_t &expected, QString *reason)
             *reason = KRZIP::tr("er ist zu groß (mehr als %1 MB)").arg(KRInputLimits::archiveEntryBytes >> 20);
             break;
         }
-        if (size > KRInputLimits::archiveFreeBytes && size / KRInputLimits::archiveRatio > expected.comp_size) {
+        if (isTooDense(size, expected.comp_size)) {
             *reason = KRZIP::tr("er ist verdächtig dicht gepackt (mehr als %1:1)").arg(KRInputLimits::archiveRatio);
             break;
         }
@@ -101,6 +106,42 @@ QByteArray contentOf(zip *archive, zip_uint64_t index, QString *reason)
     }
     *reason = KRZIP::tr("er ist beschädigt (%1)").arg(QString::fromUtf8(zip_strerror(archive)));
     return QByteArray();
+}
+
+/// The archive with that one entry, packed by one of the methods of libzip.
+QByteArray packedBy(zip_int32_t method, const QString &name, const QByteArray &content)
+{
+    zip_error error;
+    zip_error_init(&error);
+    zip_source *const bytes = zip_source_buffer_create(nullptr, 0, 1, &error);
+    zip *const archive = bytes ? zip_open_from_source(bytes, ZIP_TRUNCATE, &error) : nullptr;
+    if (!archive) {
+        zip_source_free(bytes);
+        return QByteArray();
+    }
+    // The archive gives the source back when it is closed only if somebody else holds it too.
+    zip_source_keep(bytes);
+    zip_source *const entry = zip_source_buffer(archive, content.constData(), zip_uint64_t(content.size()), 0);
+    const zip_int64_t added = zip_file_add(archive, name.toUtf8().constData(), entry, ZIP_FL_ENC_UTF_8);
+    const auto index = zip_uint64_t(added);
+    // Of 1980-01-01, so that equal content makes equal archives.
+    constexpr zip_uint16_t firstDosDate = 1 << 5 | 1;
+    const bool isAdded = added >= 0 && zip_set_file_compression(archive, index, method, 0) == 0
+                         && zip_file_set_dostime(archive, index, 0, firstDosDate, 0) == 0 && zip_close(archive) == 0;
+    QByteArray packed;
+    if (!isAdded) {
+        zip_discard(archive);
+    } else if (zip_source_open(bytes) == 0) {
+        std::array<char, 65536> piece;
+        for (zip_int64_t count = 1; count > 0;) {
+            count = zip_source_read(bytes, piece.data(), piece.size());
+            if (count > 0)
+                packed.append(piece.data(), int(count));
+        }
+        zip_source_close(bytes);
+    }
+    zip_source_free(bytes);
+    return packed;
 }
 
 } // namespace
@@ -173,34 +214,11 @@ void KRZIP::Closer::operator()(zip *archive) const
 
 QByteArray KRZIP::pack(const QString &name, const QByteArray &content)
 {
-    zip_error error;
-    zip_error_init(&error);
-    zip_source *const bytes = zip_source_buffer_create(nullptr, 0, 1, &error);
-    zip *const archive = bytes ? zip_open_from_source(bytes, ZIP_TRUNCATE, &error) : nullptr;
-    if (!archive) {
-        zip_source_free(bytes);
+    if (content.size() > KRInputLimits::archiveEntryBytes)
         return QByteArray();
-    }
-    // The archive gives the source back when it is closed only if somebody else holds it too.
-    zip_source_keep(bytes);
-    zip_source *const entry = zip_source_buffer(archive, content.constData(), zip_uint64_t(content.size()), 0);
-    const zip_int64_t index = zip_file_add(archive, name.toUtf8().constData(), entry, ZIP_FL_ENC_UTF_8);
-    // Of 1980-01-01, so that equal content makes equal archives.
-    constexpr zip_uint16_t firstDosDate = 1 << 5 | 1;
-    const bool isAdded = index >= 0 && zip_file_set_dostime(archive, zip_uint64_t(index), 0, firstDosDate, 0) == 0
-                         && zip_close(archive) == 0;
-    QByteArray packed;
-    if (!isAdded) {
-        zip_discard(archive);
-    } else if (zip_source_open(bytes) == 0) {
-        std::array<char, 65536> piece;
-        for (zip_int64_t count = 1; count > 0;) {
-            count = zip_source_read(bytes, piece.data(), piece.size());
-            if (count > 0)
-                packed.append(piece.data(), int(count));
-        }
-        zip_source_close(bytes);
-    }
-    zip_source_free(bytes);
-    return packed;
+    const QByteArray deflated = packedBy(ZIP_CM_DEFLATE, name, content);
+    // With room for the headers, which have the name twice and are not part of what is packed.
+    const int headerBytes = std::min(deflated.size(), 256 + 2 * name.toUtf8().size());
+    const bool isReadable = !isTooDense(zip_uint64_t(content.size()), zip_uint64_t(deflated.size() - headerBytes));
+    return isReadable || deflated.isNull() ? deflated : packedBy(ZIP_CM_STORE, name, content);
 }

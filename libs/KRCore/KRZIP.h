@@ -13,7 +13,7 @@ class QByteArray;
 struct zip;
 
 /**
- * Reads ZIP archives of unknown origin, entry by entry and into memory only; packs small ones.
+ * Reads ZIP archives of unknown origin, entry by entry and into memory only; packs such as it reads.
  *
  * Entries are known by their names, which are nothing but texts here: no name is ever taken for a path, and nothing is
  * written to disk. Entries may be stored or deflated; encrypted ones are refused, and so is an archive in which two
@@ -43,7 +43,8 @@ public:
     QByteArray fileContent(const QString &name) const;
     void close();
 
-    /// The bytes of an archive with one deflated entry; a null array when memory runs out.
+    /// The bytes of an archive with one entry, deflated unless it would be too dense to be read again; a null array
+    /// when the content is more than that or memory runs out.
     static QByteArray pack(const QString &name, const QByteArray &content);
 
 private:

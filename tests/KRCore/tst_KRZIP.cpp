@@ -27,6 +27,7 @@ private slots:
     void damagedAnywhereGivesNothingElse();
     void messagesShowNamesHarmlessly();
     void packsAlikeAtAnyTime();
+    void readsWhatItPacks();
 
 private:
     /// Puts the archive in place of the last one and opens it; what was reported before is forgotten.
@@ -240,6 +241,23 @@ void tst_KRZIP::packsAlikeAtAnyTime()
     const QByteArray archive = KRZIP::pack(QStringLiteral("doc.kml"), "<kml/>");
     QCOMPARE(archive.mid(10, 4), QByteArray("\0\0\x21\0", 4));
     QCOMPARE(opened(archive).fileContent(QStringLiteral("doc.kml")), QByteArray("<kml/>"));
+}
+
+/// At any ratio, around the one from which deflated entries are refused.
+void tst_KRZIP::readsWhatItPacks()
+{
+    const QString name = QString(200, QStringLiteral("ü").at(0));
+    QByteArray content;
+    for (const int line : {40, 1200, 1 << 22}) {
+        // A random number in each line of blanks.
+        QRandomGenerator numbers(1);
+        content.clear();
+        while (content.size() < 3 << 20)
+            content += QByteArray::number(numbers.generate()) + QByteArray(line, ' ');
+        QVERIFY2(opened(KRZIP::pack(name, content)).fileContent(name) == content, qPrintable(QString::number(line)));
+    }
+    QVERIFY(KRZIP::pack(name, content).size() > content.size());
+    QVERIFY(KRZIP::pack(name, QByteArray(KRInputLimits::archiveEntryBytes + 1, 'x')).isNull());
 }
 
 static const KRTestRegistration<tst_KRZIP> registration;

@@ -4,6 +4,8 @@
 #include "KRTestTable.h"
 #include "KRTestTiles.h"
 
+#include <KRCore/KRInputLimits.h>
+
 #include <QImage>
 #include <QtTest>
 
@@ -490,6 +492,13 @@ void tst_krrender::exchangeFilesComeBack()
             QVERIFY(qAbs(b.value(length).toDouble() - a.value(length).toDouble()) < 1e-3);
         }
     }
+    // What would not come back is not written.
+    const QByteArray mark = "<wpt lat='53' lon='8'/>";
+    KRTestFile::write(path("many.gpx"), "<gpx>" + mark.repeated(KRInputLimits::geometries + 1) + "</gpx>");
+    const Outcome outcome = run("krrender -o many.kmz many.gpx");
+    QCOMPARE(outcome.exitCode, 2);
+    QVERIFY2(outcome.complainsOf("nicht wieder öffnen"), qPrintable(outcome.err));
+    QVERIFY(!QFile::exists(path("many.kmz")));
 }
 
 void tst_krrender::otherProgramsReadExchangeFiles()

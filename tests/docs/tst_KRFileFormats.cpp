@@ -234,8 +234,8 @@ public:
         import.read({save(QStringLiteral("Ausflug.") + suffix, m_block.text.toUtf8())});
         if (kind == QLatin1String("document"))
             return savedDocument(selectionOf(import));
-        return canonical(
-            QString::fromUtf8(KRExchangeFile::encode(import.tracks(), kind.toLatin1(), QStringLiteral("Ausflug"))));
+        return canonical(QString::fromUtf8(
+            KRExchangeFile::encode(import.tracks(), kind.toLatin1(), QStringLiteral("Ausflug"), nullptr)));
     }
 
     QString place() const { return m_block.place(); }
