@@ -89,7 +89,7 @@ void KRRouteImport::readFile(const QString &fileName, KRGpxReadAhead *gpxFiles)
         tracks = readKml(file);
     else if (isSupported)
         tracks = readPlainly(file);
-    addTracks(tracks);
+    addTracks(tracks, fileName);
     if (tracks.isEmpty() && m_problems.entries().size() == knownProblems)
         explain(fileName, isSupported);
 }
@@ -99,7 +99,7 @@ void KRRouteImport::readDocument(const QString &fileName)
     KRRouteDocument document;
     if (!document.load(QFileInfo(fileName), &m_problems))
         return;
-    addTracks(document.selection().tracks());
+    addTracks(document.selection().tracks(), fileName);
     m_croppingOpacity = document.selection().nominalCroppingOpacity();
 }
 
@@ -142,9 +142,13 @@ KRGPXConfiguredTrackList KRRouteImport::readPlainly(const QFileInfo &file)
     return tracks;
 }
 
-void KRRouteImport::addTracks(const KRGPXConfiguredTrackList &tracks)
+void KRRouteImport::addTracks(const KRGPXConfiguredTrackList &tracks, const QString &fileName)
 {
-    m_tracks += m_splitsSegments ? KRSegmentSplitter::split(tracks) : tracks;
+    const QString refusal = m_splitsSegments ? KRSegmentSplitter::refusal(tracks) : QString();
+    if (!refusal.isEmpty())
+        KRErrorHistory::report(&m_problems, fileName, refusal);
+    else
+        m_tracks += m_splitsSegments ? KRSegmentSplitter::split(tracks) : tracks;
 }
 
 void KRRouteImport::addReport(const KRImportReport &report)

@@ -62,7 +62,8 @@ private:
     KRGPXConfiguredTrackList takeGpx(const KRGpxImport &import);
     KRGPXConfiguredTrackList readKml(const QFileInfo &file);
     KRGPXConfiguredTrackList readPlainly(const QFileInfo &file);
-    void addTracks(const KRGPXConfiguredTrackList &tracks);
+    /// Unless they are to be split and would become too many.
+    void addTracks(const KRGPXConfiguredTrackList &tracks, const QString &fileName);
     void addReport(const KRImportReport &report);
     void explain(const QString &fileName, bool isSupported);
 

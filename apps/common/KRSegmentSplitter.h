@@ -2,14 +2,24 @@
 
 #include <KRGeoLocation/KRGPXConfiguredTrackList.h>
 
+#include <QCoreApplication>
+
+class QString;
+
 /// Makes each segment of a track a track of its own, so that pauses are not drawn as straight lines.
-namespace KRSegmentSplitter {
+class KRSegmentSplitter
+{
+    Q_DECLARE_TR_FUNCTIONS(KRSegmentSplitter)
 
-/**
- * Tracks with several segments become one for each segment with points, named "Tour (1)", "Tour (2)" and so on, drawn
- * as before. A configured shape that the whole track has suggested gives way to what the segment suggests. Areas stay
- * whole, since the holes in them belong to all segments.
- */
-KRGPXConfiguredTrackList split(const KRGPXConfiguredTrackList &tracks);
+public:
+    /**
+     * Tracks with several segments become one for each segment with points, named "Tour (1)", "Tour (2)" and so on,
+     * drawn as before. A configured shape that the whole track has suggested gives way to what the segment suggests.
+     * Areas stay whole, since the holes in them belong to all segments.
+     */
+    static KRGPXConfiguredTrackList split(const KRGPXConfiguredTrackList &tracks);
 
-} // namespace KRSegmentSplitter
+    /// Why the tracks should stay whole, for users, an empty text when nothing speaks against it: apart they would be
+    /// more tracks, with longer texts in all, than are read from a file. Each part repeats the texts of its track.
+    static QString refusal(const KRGPXConfiguredTrackList &tracks);
+};

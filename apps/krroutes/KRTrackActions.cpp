@@ -11,6 +11,7 @@
 #include <QInputDialog>
 #include <QMainWindow>
 #include <QMenu>
+#include <QMessageBox>
 
 #include <utility>
 
@@ -157,7 +158,12 @@ void KRTrackActions::splitAtMarker()
 
 void KRTrackActions::splitSegments()
 {
-    replace(1, KRSegmentSplitter::split(KRGPXConfiguredTrackList(track())), tr("„%1“ zerlegen").arg(name()));
+    const KRGPXConfiguredTrackList whole(track());
+    const QString refusal = KRSegmentSplitter::refusal(whole);
+    if (refusal.isEmpty())
+        replace(1, KRSegmentSplitter::split(whole), tr("„%1“ zerlegen").arg(name()));
+    else
+        QMessageBox::critical(m_window, tr("Zerlegen"), refusal);
 }
 
 void KRTrackActions::joinWithNext()

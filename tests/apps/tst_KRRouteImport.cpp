@@ -38,6 +38,7 @@ private slots:
     void readsWhatItCanAndExplainsTheRest();
     void manyFilesAreReadAsOneByOne();
     void endsWhenToldTo();
+    void refusesWhatSplitsIntoTooMuch();
     void plainOrComplete();
     void explainsPlainFiles();
 
@@ -116,6 +117,20 @@ void tst_KRRouteImport::manyFilesAreReadAsOneByOne()
     QVERIFY(together.tracks() == oneByOne.tracks());
     QCOMPARE(texts(together), texts(oneByOne));
     QCOMPARE(log, expectedLog);
+}
+
+void tst_KRRouteImport::refusesWhatSplitsIntoTooMuch()
+{
+    const QByteArray segment = "<trkseg><trkpt lat='53' lon='8'/><trkpt lat='54' lon='8'/></trkseg>";
+    const QStringList files = {write("long.gpx", "<gpx><trk><name>" + QByteArray(4 << 20, 'n') + "</name>"
+                                                     + segment.repeated(17) + "</trk></gpx>"),
+                               write("two.gpx", "<gpx><trk>" + segment.repeated(2) + "</trk></gpx>")};
+    KRRouteImport import;
+    import.setSplitSegments(true);
+    QVERIFY(import.read(files));
+    QCOMPARE(import.tracks().size(), 2);
+    QCOMPARE(import.problems().entries().size(), 1);
+    QCOMPARE(import.problems().entries().first().fileName, files.first());
 }
 
 void tst_KRRouteImport::endsWhenToldTo()

@@ -5,6 +5,8 @@
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
+#include <KRCore/KRInputLimits.h>
+
 #include <QtTest>
 
 namespace {
@@ -82,6 +84,7 @@ class tst_KRTrackEditing : public QObject
 private slots:
     void splits();
     void splitsSegments();
+    void refusesToSplitBeyondLimits();
     void keepsAreaWithEnclaves();
     void reverses();
     void joins();
@@ -140,6 +143,26 @@ void tst_KRTrackEditing::splitsSegments()
     QVERIFY(natural.at(2).effectiveShape() == LineStringTrackShape);
     for (const KRGPXConfiguredTrack &track : KRSegmentSplitter::split({spawnTrack(points, PolygonTrackShape)}))
         QVERIFY(track.effectiveShape() == PolygonTrackShape);
+}
+
+void tst_KRTrackEditing::refusesToSplitBeyondLimits()
+{
+    const KRTestTable<int, int, bool> table{
+        {"as many tracks as are read", KRInputLimits::tracks, 100, false},
+        {"more tracks", KRInputLimits::tracks + 1, 1, true},
+        {"as much text as is read", 16, KRInputLimits::keptCharacters, false},
+        {"more text", 17, KRInputLimits::keptCharacters, true},
+        {"one track alone", 1, KRInputLimits::keptCharacters, false},
+    };
+    table.forEach([](int segmentCount, int characters, bool isRefused) {
+        const QVector<KRGPXTrackSegment> segments(segmentCount, segment(QStringLiteral("1,1 2,2")));
+        // Half of it in the description.
+        const KRGPXTrack track(QString(characters / 2, QLatin1Char('n')),
+                               QString((characters + 1) / 2, QLatin1Char('d')), segments.toList(),
+                               LineStringTrackShape);
+        const KRGPXConfiguredTrackList tracks(KRGPXConfiguredTrack(track, KRGPXTrackConfiguration::defaultValue()));
+        QCOMPARE(!KRSegmentSplitter::refusal(tracks).isEmpty(), isRefused);
+    });
 }
 
 void tst_KRTrackEditing::keepsAreaWithEnclaves()
