@@ -1,5 +1,6 @@
 #include "KRRouteDocument.h"
 
+#include "KRLostTrackTexts.h"
 #include "KRTrackFileReader.h"
 #include "KRTrackFileStamps.h"
 #include "KRTrackFileWriter.h"
@@ -9,6 +10,7 @@
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
 #include <KRXML/KRXMLBuilder.h>
 #include <KRXML/KRXMLParser.h>
@@ -34,6 +36,19 @@ const QString folderAttribute = QStringLiteral("folder");
 const QString numberAttribute = QStringLiteral("number");
 const QString lineWidthAttribute = QStringLiteral("lineWidth");
 const QString haloWidthAttribute = QStringLiteral("haloWidth");
+
+/// What the XML of the track leaves out; says whether there was any. Where its file in @p folder could not be read,
+/// what the document had of it is kept as it was.
+bool keepTexts(const KRGPXTrack &track, const QDir &folder, QDomElement &kept)
+{
+    const KRGPXTrackFileRegistryKey key(track, folder);
+    const QString fileName = track.isValid() || !KRGPXTrackFileRegistryKey::namesDirectory(folder)
+                                 ? QString()
+                                 : KRGPXTrackFileRegistry::instance().fileName(key);
+    if (!fileName.isEmpty() && KRLostTrackTexts::instance()->keep(QFileInfo(folder, fileName), kept))
+        return true;
+    return KRTrackKeeper::keep(track, kept);
+}
 
 QHash<int, QDomElement> keptByNumber(const QDomElement &root)
 {
@@ -208,7 +223,7 @@ QDomDocument KRRouteDocument::build(const QDir &folder) const
     for (int i = 0; i < tracks.size(); ++i) {
         QDomElement kept = KRXMLBuilder::buildDomElement(root, keptElement);
         kept.setAttribute(numberAttribute, i);
-        const bool isTrackKept = KRTrackKeeper::keep(tracks.at(i).track(), kept);
+        const bool isTrackKept = keepTexts(tracks.at(i).track(), folder, kept);
         if (!keepWidths(tracks.at(i).configuration(), kept) && !isTrackKept)
             root.removeChild(kept);
     }

@@ -1,5 +1,6 @@
 #include "KRTrackFileReader.h"
 
+#include "KRLostTrackTexts.h"
 #include "KRTrackFileStamps.h"
 #include "KRTrackKeeper.h"
 
@@ -74,6 +75,8 @@ KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fi
         KRTrackFileStamps::instance()->remember(file, stamp, track);
     else if (KRXMLLoader::loadDocumentElement(file, history).isNull())
         track.setName(fileName);
+    if (!track.isValid())
+        KRLostTrackTexts::instance()->remember(file, kept);
     KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(track, m_folder), fileName);
     return track;
 }
