@@ -4,6 +4,7 @@
 #include "KRExchangeFile.h"
 #include "KRMapArea.h"
 #include "KRMapComposition.h"
+#include "KRPatientEnd.h"
 #include "KRPatientGround.h"
 #include "KRPictureFile.h"
 #include "KRPictureGround.h"
@@ -116,6 +117,8 @@ int KRRenderProgram::save(const KRGPXTrackSelection &tracks)
     KRRouteDocument document;
     document.setSelection(tracks);
     KRErrorHistory history;
+    // An end in between would leave track files behind that no document names.
+    const KRPatientEnd patientEnd;
     if (document.save(QFileInfo(m_options.document()), &history))
         return AllDone;
     m_console.complain(history);
