@@ -38,6 +38,10 @@
         <source>Die Einstellungen konnten nicht gespeichert werden.</source>
         <translation>The settings could not be saved.</translation>
     </message>
+    <message>
+        <source>Das kann keine Datei mit Einstellungen sein; es gelten die üblichen.</source>
+        <translation>This cannot be a file of settings; the usual ones apply.</translation>
+    </message>
 </context>
 <context>
     <name>KRXMLGuard</name>
@@ -96,6 +100,10 @@
     <message>
         <source>Die XML-Deklaration ist zu lang.</source>
         <translation>The XML declaration is too long.</translation>
+    </message>
+    <message>
+        <source>Ein Text hat ein zu langes Wort oder zu viele Leerzeichen.</source>
+        <translation>A text has too long a word or too many blanks.</translation>
     </message>
 </context>
 <context>

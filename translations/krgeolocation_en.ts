@@ -35,10 +35,6 @@
         <translation>The file has more than %1 points.</translation>
     </message>
     <message>
-        <source>Die Datei hat mehr als %1 Abschnitte.</source>
-        <translation>The file has more than %1 segments.</translation>
-    </message>
-    <message>
         <source>Die Datei hat mehr als %1 Strecken.</source>
         <translation>The file has more than %1 tracks.</translation>
     </message>
@@ -57,6 +53,10 @@
     <message>
         <source>Ein Text hat mehr als %1 Punkte.</source>
         <translation>A text has more than %1 points.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Segmente.</source>
+        <translation>The file has more than %1 segments.</translation>
     </message>
 </context>
 <context>

@@ -33,10 +33,29 @@
     </message>
 </context>
 <context>
+    <name>KRExchangeFile</name>
+    <message>
+        <source>Der Speicher reicht nicht.</source>
+        <translation>There is not enough memory.</translation>
+    </message>
+    <message>
+        <source>Es wäre größer als %1 MB.</source>
+        <translation>It would be larger than %1 MB.</translation>
+    </message>
+    <message>
+        <source>Das Ergebnis ließe sich nicht wieder öffnen: %1</source>
+        <translation>The result could not be opened again: %1</translation>
+    </message>
+</context>
+<context>
     <name>KRGpxImport</name>
     <message>
         <source>Die Datei kann nicht umgeschrieben werden: %1</source>
         <translation>The file cannot be rewritten: %1</translation>
+    </message>
+    <message>
+        <source>Die Datei wurde geändert, während sie gelesen wurde.</source>
+        <translation>The file was changed while it was read.</translation>
     </message>
 </context>
 <context>
@@ -68,6 +87,17 @@
     <message>
         <source>Die Namen und Beschreibungen sind zusammen zu lang.</source>
         <translation>The names and descriptions are too long in all.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Segmente.</source>
+        <translation>The file has more than %1 segments.</translation>
+    </message>
+</context>
+<context>
+    <name>KRGpxRewriter</name>
+    <message>
+        <source>Die Datei kann nicht umgeschrieben werden: %1</source>
+        <translation>The file cannot be rewritten: %1</translation>
     </message>
 </context>
 <context>
@@ -194,10 +224,21 @@
     </message>
 </context>
 <context>
+    <name>KRJpegScans</name>
+    <message>
+        <source>Das Bild ist ein JPEG mit mehr als %1 Durchgängen.</source>
+        <translation>The picture is a JPEG with more than %1 scans.</translation>
+    </message>
+</context>
+<context>
     <name>KRKmlPlacemarkReader</name>
     <message>
         <source>Die Datei hat mehr als %1 Geometrien.</source>
         <translation>The file has more than %1 geometries.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat mehr als %1 Löcher und Segmente.</source>
+        <translation>The file has more than %1 holes and segments.</translation>
     </message>
 </context>
 <context>
@@ -278,6 +319,17 @@
     </message>
 </context>
 <context>
+    <name>KRSegmentSplitter</name>
+    <message>
+        <source>Zerlegt wären es mehr als %1 Routen.</source>
+        <translation>Split, these would be more than %1 routes.</translation>
+    </message>
+    <message>
+        <source>Zerlegt hätten die Routen zu lange Namen und Beschreibungen (mehr als %1 Millionen Zeichen).</source>
+        <translation>Split, the routes would have too long names and descriptions (more than %1 million characters).</translation>
+    </message>
+</context>
+<context>
     <name>KRTileDecoder</name>
     <message>
         <source>Eine Kachel ist weder PNG noch JPEG noch WebP.</source>
@@ -316,6 +368,10 @@
     <message>
         <source>Die Zeit reichte nicht.</source>
         <translation>There was not enough time.</translation>
+    </message>
+    <message>
+        <source>Das System startet keinen weiteren Thread.</source>
+        <translation>The system starts no further thread.</translation>
     </message>
 </context>
 <context>

@@ -104,10 +104,6 @@
         <translation>--size: &quot;%1&quot; is no size such as 1600x1200.</translation>
     </message>
     <message>
-        <source>--scale: „%1“ ist keine Zahl über 0 und bis %2.</source>
-        <translation>--scale: &quot;%1&quot; is no number above 0 and up to %2.</translation>
-    </message>
-    <message>
         <source>--area: „%1“ ist kein Ausschnitt wie „N53.5 E8.0 .. N53.0 E9.0“.</source>
         <translation>--area: &quot;%1&quot; is no area such as &quot;N53.5 E8.0 .. N53.0 E9.0&quot;.</translation>
     </message>
@@ -150,10 +146,6 @@
     <message>
         <source>Routen (GPX, KML, KMZ oder ein Routendokument), eine oder mehrere.</source>
         <translation>Routes (GPX, KML, KMZ or a route document), one or more.</translation>
-    </message>
-    <message>
-        <source>--beeline: „%1“ nennt nicht zwei Orte wie „Oldenburg .. Sydney“.</source>
-        <translation>--beeline: &quot;%1&quot; does not name two places such as &quot;Oldenburg .. Sydney&quot;.</translation>
     </message>
     <message>
         <source>Liest aus GPX nur Aufzeichnungen (trk) und aus KML nur einfache Ortsmarken, ohne zu sagen, was fehlt.</source>
@@ -223,6 +215,26 @@
         <source>--list und --json schreiben keine Datei; „-o“ und „--save“ gehören nicht dazu.</source>
         <translation>--list and --json write no file; &quot;-o&quot; and &quot;--save&quot; do not go with them.</translation>
     </message>
+    <message>
+        <source>„%1“ ist kein gültiges UTF-8.</source>
+        <translation>&quot;%1&quot; is not valid UTF-8.</translation>
+    </message>
+    <message>
+        <source>--%1 braucht eine Angabe.</source>
+        <translation>--%1 needs a value.</translation>
+    </message>
+    <message>
+        <source>--beeline: „%1“ nennt nicht zwei Orte wie „Oldenburg .. Sydney“; N0 E0 gilt als keiner.</source>
+        <translation>--beeline: &quot;%1&quot; does not name two places such as &quot;Oldenburg .. Sydney&quot;; N0 E0 counts as none.</translation>
+    </message>
+    <message>
+        <source>--scale: „%1“ ist keine Zahl von %2 bis %3.</source>
+        <translation>--scale: &quot;%1&quot; is no number from %2 to %3.</translation>
+    </message>
+    <message>
+        <source>„%1“ gehört zum Routendokument „%2“.</source>
+        <translation>&quot;%1&quot; belongs to the route document &quot;%2&quot;.</translation>
+    </message>
 </context>
 <context>
     <name>KRRenderProgram</name>
@@ -269,6 +281,18 @@
     <message>
         <source>Fehlende Kacheln: %1. %2</source>
         <translation>Missing tiles: %1. %2</translation>
+    </message>
+    <message>
+        <source>Das System startet keinen weiteren Thread, und ohne wird nicht gezeichnet.</source>
+        <translation>The system starts no further thread, and without one nothing is drawn.</translation>
+    </message>
+    <message>
+        <source>Bilder im Format %1 haben höchstens %2 Pixel je Seite.</source>
+        <translation>Pictures of the format %1 have at most %2 pixels a side.</translation>
+    </message>
+    <message>
+        <source>Die Karte wird gezeichnet; fehlende Kacheln: %1</source>
+        <translation>The map is drawn; missing tiles: %1</translation>
     </message>
 </context>
 <context>

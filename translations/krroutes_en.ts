@@ -1180,6 +1180,10 @@
         <source>„%1“ vereinfachen</source>
         <translation>Simplify &quot;%1&quot;</translation>
     </message>
+    <message>
+        <source>Zerlegen</source>
+        <translation>Split</translation>
+    </message>
 </context>
 <context>
     <name>KRTrackListView</name>

@@ -220,7 +220,7 @@ void KRGpxPreparation::checkCounts(KRXmlStream &stream)
     if (m_trackNumber > KRInputLimits::tracks)
         stream.refuse(tr("Die Datei hat mehr als %1 Strecken.").arg(KRInputLimits::tracks));
     else if (m_segmentNumber > KRInputLimits::segments)
-        stream.refuse(tr("Die Datei hat mehr als %1 Abschnitte.").arg(KRInputLimits::segments));
+        stream.refuse(tr("Die Datei hat mehr als %1 Segmente.").arg(KRInputLimits::segments));
     else if (m_wayPointNumber + m_routeNumber > KRInputLimits::wayPoints)
         refuseBesidesTracks(stream,
                             tr("Die Datei hat mehr als %1 Wegpunkte und Routen.").arg(KRInputLimits::wayPoints));

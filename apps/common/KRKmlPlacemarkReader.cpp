@@ -182,7 +182,7 @@ void KRKmlPlacemarkReader::collectRings(Rings *rings)
 void KRKmlPlacemarkReader::addPart()
 {
     if (++*m_countOfParts > KRInputLimits::geometryParts)
-        m_stream.refuse(tr("Die Datei hat mehr als %1 Löcher und Abschnitte.").arg(KRInputLimits::geometryParts));
+        m_stream.refuse(tr("Die Datei hat mehr als %1 Löcher und Segmente.").arg(KRInputLimits::geometryParts));
 }
 
 void KRKmlPlacemarkReader::addGeometry(KRKmlGeometry::Kind kind, const QList<KRKmlCoordinates> &parts, int line)

@@ -163,7 +163,7 @@ void KRGPXStreamReader::checkElements()
                        QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Punkte."));
     else if (m_segments > KRInputLimits::segments)
         refuseMoreThan(KRInputLimits::segments,
-                       QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Abschnitte."));
+                       QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Segmente."));
     else if (m_tracks > KRInputLimits::tracks)
         refuseMoreThan(KRInputLimits::tracks,
                        QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Strecken."));

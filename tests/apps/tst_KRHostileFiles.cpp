@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -225,12 +226,12 @@ void tst_KRHostileFiles::areRefused_data()
     row(
         "many segments", "a.gpx",
         [] { return gpx("<trk>" + QByteArray("<trkseg/>").repeated(KRInputLimits::segments) + "</trk>"); },
-        "Abschnitte");
+        "Segmente");
     row(
         "many points that are not plain", "a.gpx",
         [] {
-            return gpx("<trk><trkseg>" + QByteArray("<trkpt lat='1' lon='2'><!----></trkpt>").repeated(450000)
-                       + "</trkseg></trk>");
+            const QByteArray point = "<trkpt><!----><x/><x/><x/><x/></trkpt>";
+            return gpx("<trk><trkseg>" + point.repeated(KRInputLimits::bulkTokens / 10) + "</trkseg></trk>");
         },
         "zu viel anderen Inhalt");
     row(
@@ -336,7 +337,7 @@ void tst_KRHostileFiles::namesDoNotReachTheTerminal()
     const QString file = write("a\x1b[2J\n.kml", kml(overlay + mark + "</Placemark>"));
     QCOMPARE(run({QStringLiteral("--verbose"), file, QStringLiteral("missing\x1b[2J.gpx")}), 1);
     QVERIFY2(m_messages.contains(QStringLiteral("a?[2J?.kml")), qPrintable(m_messages));
-    for (const QChar character : qAsConst(m_messages))
+    for (const QChar character : std::as_const(m_messages))
         QVERIFY2(character.isPrint() || character == QLatin1Char('\n'), qPrintable(m_messages));
 }
 
@@ -355,7 +356,7 @@ void tst_KRHostileFiles::specialFiles()
         write("include.krroute", routes("<configuredTrack><trk><include>pipe.gpx</include></trk></configuredTrack>")));
     QCOMPARE(run(files), 1);
     const QStringList lines = m_messages.split(QLatin1Char('\n'));
-    for (const QString &file : qAsConst(files)) {
+    for (const QString &file : std::as_const(files)) {
         const QString reason = file.contains(QLatin1String("loop")) ? QStringLiteral("Verknüpfung")
                                                                     : QStringLiteral("keine gewöhnliche Datei");
         const QString named = file.endsWith(QLatin1String("include.krroute")) ? path("pipe.gpx") : file;
