@@ -89,7 +89,14 @@ bool KRConcurrent::mayUsePool()
 bool KRConcurrent::fillPool()
 {
     QThreadPool *const pool = QThreadPool::globalInstance();
-    const int count = startableThreads(pool->maxThreadCount());
+    int count = startableThreads(pool->maxThreadCount());
+    // Threads that have just ended may still count.
+    constexpr int mostAttempts = 10;
+    constexpr int pauseMs = 20;
+    for (int attempt = 1; count == 0 && attempt < mostAttempts; ++attempt) {
+        QThread::msleep(pauseMs);
+        count = startableThreads(pool->maxThreadCount());
+    }
     if (count == 0)
         return false;
     pool->setMaxThreadCount(count);

@@ -248,7 +248,9 @@ void tst_krrender::worksWithoutFurtherThreads()
     const Outcome refused = run("cd / && " + user + "prlimit --nproc=1 " + drawing);
     QCOMPARE(refused.exitCode, 1);
     QVERIFY2(refused.complainsOf("keinen weiteren Thread"), qPrintable(refused.err));
-    QCOMPARE(run("cd / && " + user + "prlimit --nproc=2 " + drawing).out, run(drawing).out);
+    // Where the limit counts all other programs of a user, it leaves none for this one.
+    if (!user.isEmpty())
+        QCOMPARE(run("cd / && " + user + "prlimit --nproc=2 " + drawing).out, run(drawing).out);
 }
 
 void tst_krrender::tableAndJson()
