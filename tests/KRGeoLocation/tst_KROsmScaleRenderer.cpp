@@ -189,8 +189,10 @@ void tst_KROsmScaleRenderer::paintsNothing()
 {
     const KRTestTable<double, double> table{
         {"no scale", 0.0, 1.0},
-        {"negative scale", -100.0, 1.0},          {"infinite scale", infinite, 1.0},
-        {"scale is no number", noNumber, 1.0},    {"factor 0", 100.0, 0.0},
+        {"negative scale", -100.0, 1.0},
+        {"infinite scale", infinite, 1.0},
+        {"scale is no number", noNumber, 1.0},
+        {"factor 0", 100.0, 0.0},
         {"factor is no number", 100.0, noNumber},
     };
     table.forEach([](double pixelsPerKilometre, double factor) {

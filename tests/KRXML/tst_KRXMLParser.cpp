@@ -6,7 +6,6 @@
 
 #include <QtTest>
 
-
 using KRTestXml::element;
 
 class tst_KRXMLParser : public QObject

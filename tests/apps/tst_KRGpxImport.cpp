@@ -184,10 +184,15 @@ void tst_KRGpxImport::readsAllOfWayPointsAndRoutes()
 {
     const QByteArray time = "<time> 2024-05-01T12:00:00Z\n</time>";
     const QByteArray point = position("rtept", "1", "2", "<ele>3</ele>" + time + "<desc>via</desc>");
-    QCOMPARE(KRTestTrack::text(read(gpx(position("wpt", "53.5", "-8.25", "<ele>12.9</ele>" + time + "<name> N </name><cmt>C</cmt><desc>D</desc>")))), QLatin1String("N (D) point: -8.25,53.5,12,1714564800000 'D'"));
-    QCOMPARE(KRTestTrack::text(read(gpx("<rte>" + point + position("rtept", "3", "4", "<extensions><rpt lat='8' lon='9'/></extensions>")
-             + "<desc>D</desc><cmt>C</cmt><name>R</name></rte>"))), QLatin1String("R (D) linestring: 2,1,3,1714564800000 'via' 4,3"));
-    QCOMPARE(KRTestTrack::text(read(gpx("<rte><cmt>C</cmt><x/>" + position("rtept", "1", "2") + "</rte>"))), QLatin1String("Route 1 (C) point: 2,1"));
+    QCOMPARE(KRTestTrack::text(read(gpx(position(
+                 "wpt", "53.5", "-8.25", "<ele>12.9</ele>" + time + "<name> N </name><cmt>C</cmt><desc>D</desc>")))),
+             QLatin1String("N (D) point: -8.25,53.5,12,1714564800000 'D'"));
+    QCOMPARE(KRTestTrack::text(read(gpx("<rte>" + point
+                                        + position("rtept", "3", "4", "<extensions><rpt lat='8' lon='9'/></extensions>")
+                                        + "<desc>D</desc><cmt>C</cmt><name>R</name></rte>"))),
+             QLatin1String("R (D) linestring: 2,1,3,1714564800000 'via' 4,3"));
+    QCOMPARE(KRTestTrack::text(read(gpx("<rte><cmt>C</cmt><x/>" + position("rtept", "1", "2") + "</rte>"))),
+             QLatin1String("Route 1 (C) point: 2,1"));
 }
 
 void tst_KRGpxImport::drawnAsUsersWant()

@@ -208,7 +208,10 @@ void tst_KRHostileFiles::areRefused_data()
         [] { return gpx(QByteArray("<x/>").repeated(KRInputLimits::bulkTokens)); }, "zu viel anderen Inhalt");
     row(
         "many references", "a.gpx",
-        [] { return gpx("<x>" + QByteArray("&lt;").repeated(KRInputLimits::references + 1) + "</x>"); },
+        [] {
+            const QByteArray text = "<x>" + QByteArray("&lt;").repeated(1000) + "</x>";
+            return gpx(text.repeated(KRInputLimits::bulkTokens / KRInputLimits::tokensPerReference / 1000));
+        },
         "zu viel anderen Inhalt");
     row(
         "name in many pieces", "a.gpx",
@@ -225,8 +228,7 @@ void tst_KRHostileFiles::areRefused_data()
         "many tracks", "a.gpx", [] { return gpx(QByteArray("<trk/>").repeated(KRInputLimits::tracks)); }, "Strecken");
     row(
         "many segments", "a.gpx",
-        [] { return gpx("<trk>" + QByteArray("<trkseg/>").repeated(KRInputLimits::segments) + "</trk>"); },
-        "Segmente");
+        [] { return gpx("<trk>" + QByteArray("<trkseg/>").repeated(KRInputLimits::segments) + "</trk>"); }, "Segmente");
     row(
         "many points that are not plain", "a.gpx",
         [] {

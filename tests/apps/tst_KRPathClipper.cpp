@@ -45,8 +45,10 @@ void tst_KRPathClipper::line()
 {
     using Pieces = QVector<QPolygonF>;
     QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{-50, 60}, {50, 160}})), Pieces());
-    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{-1e9, 50}, {1e9, 50}})), Pieces{polygon({{0, 50}, {100, 50}})});
-    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{50, 50}, {150, 50}, {150, 60}, {50, 60}, {40, 60}})), (Pieces{polygon({{50, 50}, {100, 50}}), polygon({{100, 60}, {50, 60}, {40, 60}})}));
+    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{-1e9, 50}, {1e9, 50}})),
+             Pieces{polygon({{0, 50}, {100, 50}})});
+    QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{50, 50}, {150, 50}, {150, 60}, {50, 60}, {40, 60}})),
+             (Pieces{polygon({{50, 50}, {100, 50}}), polygon({{100, 60}, {50, 60}, {40, 60}})}));
     QCOMPARE(KRPathClipper(QRectF(0, 0, 100, 100)).line(polygon({{-1, 0}, {-1, 100}})), Pieces());
 }
 

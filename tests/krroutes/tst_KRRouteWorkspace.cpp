@@ -4,7 +4,6 @@
 #include "KRTestTable.h"
 #include "KRTestTrack.h"
 
-
 #include <QtTest>
 
 namespace {
