@@ -91,7 +91,8 @@ KRXMLSkimmer::Result KRXMLSkimmer::skimMarkup()
         m_place += 2;
         if (skimTo(QLatin1String("?>"), &content) == LeftToReader)
             return LeftToReader;
-        return m_counter->addMarkup(content.size() / 2, content.size()) ? Counted : Refused;
+        const auto endOfName = std::find_if(content.cbegin(), content.cend(), endsName);
+        return m_counter->addMarkup(endOfName - content.cbegin(), content.size()) ? Counted : Refused;
     }
     if (standsHere(QLatin1String("</"))) {
         m_place += 2;

@@ -104,13 +104,14 @@ bool KRGPXByteCursor::readDecimal(double *value)
     return result.ec == std::errc() && result.ptr == m_at;
 }
 
-/// Where the first character stands that is @p stop, markup, a reference, a bracket as in "]]>" or none that may be.
+/// Where the first character stands that is @p stop, markup, a reference, what may be "]]>" or none that may be.
 const char *KRGPXByteCursor::endOfCharacters(char stop) const
 {
     const char *at = m_at;
     while (at != m_end) {
         if ((*at >= ' ' && *at <= '~') || isBlank(*at)) {
-            if (*at == stop || *at == '<' || *at == '&' || *at == ']')
+            const bool isBracket = *at == ']' && m_end - at > 1 && at[1] == ']';
+            if (*at == stop || *at == '<' || *at == '&' || isBracket)
                 return at;
             ++at;
         } else if (const int length = lengthOfCharacter(at)) {
@@ -122,8 +123,8 @@ const char *KRGPXByteCursor::endOfCharacters(char stop) const
     return at;
 }
 
-/// Bytes of a character beyond ASCII (RFC 3629); 0 where none stands, whole, or one beyond U+FFFF or that is a mark of
-/// the byte order or none at all.
+/// Bytes of a character beyond ASCII (RFC 3629); 0 where none stands, whole, or one that is a mark of the byte order or
+/// none at all.
 int KRGPXByteCursor::lengthOfCharacter(const char *at) const
 {
     const auto byte = [at](int index) { return uchar(at[index]); };
@@ -132,6 +133,10 @@ int KRGPXByteCursor::lengthOfCharacter(const char *at) const
     };
     if (byte(0) >= 0xC2 && byte(0) <= 0xDF && m_end - at >= 2)
         return continues(1) ? 2 : 0;
+    if (byte(0) >= 0xF0 && byte(0) <= 0xF4 && m_end - at >= 4) {
+        const bool isInRange = continues(1, byte(0) == 0xF0 ? 0x90 : 0x80, byte(0) == 0xF4 ? 0x8F : 0xBF);
+        return isInRange && continues(2) && continues(3) ? 4 : 0;
+    }
     if (byte(0) < 0xE0 || byte(0) > 0xEF || m_end - at < 3)
         return 0;
     const bool isShortest = byte(0) != 0xE0 || continues(1, 0xA0);

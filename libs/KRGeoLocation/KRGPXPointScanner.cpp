@@ -144,11 +144,13 @@ bool KRGPXPointScanner::readChild(Point *point, int mostLevels)
 bool KRGPXPointScanner::readElevation(double *metres)
 {
     const char *const begin = m_cursor.at();
-    if (m_cursor.readDecimal(metres) && m_cursor.startsWith('<'))
+    if (m_cursor.readDecimal(metres) && m_cursor.startsWith('<')) {
+        ++m_nodes;
         return true;
+    }
     m_cursor.returnTo(begin);
     std::string_view text;
-    if (!m_cursor.readText(&text))
+    if (!readText(&text))
         return false;
     *metres = KRMath::toDouble(toText(text), 0.0);
     return true;
@@ -157,7 +159,7 @@ bool KRGPXPointScanner::readElevation(double *metres)
 bool KRGPXPointScanner::readTime(Point *point)
 {
     std::string_view text;
-    if (!m_cursor.readText(&text))
+    if (!readText(&text))
         return false;
     point->milliseconds = m_time.read(text.data(), int(text.size()));
     if (point->milliseconds == KRGPXTrackSegment::noTime)
@@ -168,13 +170,20 @@ bool KRGPXPointScanner::readTime(Point *point)
 bool KRGPXPointScanner::readDescription(QString *description)
 {
     std::string_view text;
-    if (!m_cursor.readText(&text))
+    if (!readText(&text))
         return false;
     *description = toText(text);
     // Readers do not agree on carriage returns, and on text of nothing but blanks, those of Unicode among them.
     const auto isBlank = [](QChar character) { return character.isSpace(); };
     return !description->contains(QLatin1Char('\r'))
            && (description->isEmpty() || !std::all_of(description->cbegin(), description->cend(), isBlank));
+}
+
+bool KRGPXPointScanner::readText(std::string_view *text)
+{
+    const bool isPlain = m_cursor.readText(text);
+    m_nodes += text->empty() ? 0 : 1;
+    return isPlain;
 }
 
 /// An opening tag with any attributes, of which there are no two of one name.
@@ -208,9 +217,8 @@ bool KRGPXPointScanner::skipContent(const Tag &tag, int mostLevels)
     open[0] = tag.name;
     while (depth > 0) {
         std::string_view text;
-        if (!m_cursor.readText(&text))
+        if (!readText(&text))
             return false;
-        m_nodes += text.empty() ? 0 : 1;
         if (m_cursor.skip("</")) {
             std::string_view name;
             if (!m_cursor.readName(&name) || open[--depth] != name || !m_cursor.skip(">"))

@@ -53,6 +53,7 @@ private:
     bool readElevation(double *metres);
     bool readTime(Point *point);
     bool readDescription(QString *description);
+    bool readText(std::string_view *text);
     bool readTag(Tag *tag);
     bool skipContent(const Tag &tag, int mostLevels);
     void skipBlanks() { m_nodes += m_cursor.skipBlanks() ? 1 : 0; }

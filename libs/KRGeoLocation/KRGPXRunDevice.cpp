@@ -31,8 +31,8 @@ qint64 KRGPXRunDevice::readData(char *bytes, qint64 maximumSize)
         const char *const begin = m_block.constData() + m_begin;
         const int taken = int(m_takeRun(begin, m_block.constData() + m_end) - begin);
         m_begin += taken;
-        // A run may go on behind the block.
-        isRunOver = taken == 0 || !fill();
+        // A run may go on behind the block, of which no more is moved than was taken.
+        isRunOver = taken == 0 || m_begin < blockBytes / 2 || !fill();
     }
     const int size = endOfTag(int(std::min<qint64>(maximumSize, m_end - m_begin)));
     if (size == 0)

@@ -108,6 +108,11 @@ QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
         return QXmlStreamReader::Invalid;
     }
     switch (token) {
+    case QXmlStreamReader::StartDocument:
+        // The reader tells it with this token alone.
+        m_isUtf8 = m_xml.documentEncoding().isEmpty()
+                   || m_xml.documentEncoding().compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
+        return token;
     case QXmlStreamReader::StartElement:
         ++m_depth;
         return checkTag() ? token : QXmlStreamReader::Invalid;
@@ -378,10 +383,8 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
 /// Whether the XML reader stands behind a token in a segment and has begun with nothing else.
 bool KRGPXStreamReader::mayRunBegin() const
 {
-    if (!m_runTarget || m_xml.characterOffset() != m_endOfToken || !m_runs.hasPassedTagEnd() || !m_runs.hasAsciiBytes())
-        return false;
-    const QStringView encoding = m_xml.documentEncoding();
-    return encoding.isEmpty() || encoding.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
+    return m_runTarget && m_isUtf8 && m_xml.characterOffset() == m_endOfToken && m_runs.hasPassedTagEnd()
+           && m_runs.hasAsciiBytes();
 }
 
 void KRGPXStreamReader::countLines(const char *begin, const char *end)

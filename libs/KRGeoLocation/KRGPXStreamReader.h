@@ -98,6 +98,7 @@ private:
     int m_segments = 0;
     int m_tracks = 0;
     qint64 m_nodes = 0; // as KRXMLGuard counts them
+    bool m_isUtf8 = false; // as declared, or without a declaration
     bool m_differsFromDom = false;
     bool m_isRefused = false;
 };

@@ -363,9 +363,13 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
 {
     const auto track = [](const QByteArray &body) { return "<gpx><trk>" + body + "</trk></gpx>"; };
     const auto point = [&](const QByteArray &body) { return track("<trkseg><trkpt>" + body + "</trkpt></trkseg>"); };
+    const auto plainPoint = [](const QByteArray &text) {
+        return "<trkpt lat='53' lon='8'><desc>" + text + "</desc></trkpt>";
+    };
     const QByteArray latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"
                              + track("<name>Gr\xFC\xDF"
-                                     "e</name>");
+                                     "e</name><trkseg>"
+                                     + plainPoint("\xC3\xB6") + plainPoint("\xC3\xB6") + "</trkseg>");
     QTest::addColumn<QByteArray>("xml");
     QTest::newRow("no track") << QByteArray("<gpx/>");
     QTest::newRow("only children of the root") << QByteArray("<trk><x><trk/></x><trk><trkseg/></trk><g:trk/></trk>");
@@ -386,6 +390,8 @@ void tst_KRGPXStreamReader::equalsTheDom_data()
     QTest::newRow("attributes on lines of their own") << QByteArray("<gpx\r\n a='1'\r\n b='2'><trk\r/></gpx>");
     QTest::newRow("byte order mark") << "\xEF\xBB\xBF" + track("<name>\xC3\xA4</name>");
     QTest::newRow("declared encoding") << latin;
+    QTest::newRow("brackets and characters beyond U+FFFF")
+        << track("<trkseg>" + plainPoint("[1] a]] \xF0\x9F\x98\x80\xF4\x8F\xBF\xBD") + "</trkseg>");
     QTest::newRow("UTF-16") << KRTestXml::utf16(QString::fromUtf8(track("<name>\xC3\xA4\xF0\x9F\x98\x80</name>")));
     QTest::newRow("points in a comment") << track("<trkseg><!-- points that do not count, among them a trkpt>"
                                                   + spelledPoint + " --></trkseg>");
