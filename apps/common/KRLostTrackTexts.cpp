@@ -1,5 +1,7 @@
 #include "KRLostTrackTexts.h"
 
+#include <KRGeoLocation/KRGPXTrack.h>
+
 #include <QFileInfo>
 #include <QMutexLocker>
 
@@ -15,7 +17,7 @@ bool appendChildren(QDomElement &element, const QDomElement &source)
 
 } // namespace
 
-void KRLostTrackTexts::remember(const QFileInfo &file, const QDomElement &kept)
+void KRLostTrackTexts::remember(const QFileInfo &file, const KRGPXTrack &track, const QDomElement &kept)
 {
     // With a document of its own: the nodes of the caller's are used in another thread.
     QDomDocument copy;
@@ -23,11 +25,16 @@ void KRLostTrackTexts::remember(const QFileInfo &file, const QDomElement &kept)
     copy.appendChild(root);
     appendChildren(root, kept);
     const QMutexLocker locker(&m_mutex);
-    m_texts.insert(file.absoluteFilePath(), copy);
+    m_texts.insert(keyOf(file, track), copy);
 }
 
-bool KRLostTrackTexts::keep(const QFileInfo &file, QDomElement &element) const
+bool KRLostTrackTexts::keep(const QFileInfo &file, const KRGPXTrack &track, QDomElement &element) const
 {
     const QMutexLocker locker(&m_mutex);
-    return appendChildren(element, m_texts.value(file.absoluteFilePath()).documentElement());
+    return appendChildren(element, m_texts.value(keyOf(file, track)).documentElement());
+}
+
+KRLostTrackTexts::Key KRLostTrackTexts::keyOf(const QFileInfo &file, const KRGPXTrack &track)
+{
+    return {file.absoluteFilePath(), track.description()};
 }

@@ -45,7 +45,7 @@ bool keepTexts(const KRGPXTrack &track, const QDir &folder, QDomElement &kept)
     const QString fileName = track.isValid() || !KRGPXTrackFileRegistryKey::namesDirectory(folder)
                                  ? QString()
                                  : KRGPXTrackFileRegistry::instance().fileName(key);
-    if (!fileName.isEmpty() && KRLostTrackTexts::instance()->keep(QFileInfo(folder, fileName), kept))
+    if (!fileName.isEmpty() && KRLostTrackTexts::instance()->keep(QFileInfo(folder, fileName), track, kept))
         return true;
     return KRTrackKeeper::keep(track, kept);
 }
@@ -173,18 +173,19 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
 bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 {
     const QDir folder = trackFolder(file);
+    KRTrackFileWriter writer(folder);
+    // First, as it also tells what belongs to tracks whose files cannot be read.
+    learnFilesOf(file, writer);
     QDomDocument document = build(folder);
     if (countNodes(document.documentElement()) > KRInputLimits::nodes) {
         reportUnreadable(file, tr("Es hat mehr als %1 Knoten.").arg(KRInputLimits::nodes), history);
         return false;
     }
-    KRTrackFileWriter writer(folder);
     if (!m_selection.isEmpty() && !writer.makeFolder()) {
         KRErrorHistory::report(history, folder.path(), tr("Der Ordner für die Routen kann nicht angelegt werden."));
         return false;
     }
     // The track files first: a document must not name what is not there.
-    learnFilesOf(file, writer);
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     const QList<QDomElement> elements = trackElements(document.documentElement().firstChildElement(selectionElement));
     for (int i = 0; i < tracks.size(); ++i) {

@@ -76,7 +76,7 @@ KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fi
     else if (KRXMLLoader::loadDocumentElement(file, history).isNull())
         track.setName(fileName);
     if (!track.isValid())
-        KRLostTrackTexts::instance()->remember(file, kept);
+        KRLostTrackTexts::instance()->remember(file, track, kept);
     KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(track, m_folder), fileName);
     return track;
 }

@@ -183,7 +183,7 @@ void KRXmlStream::readText(const std::function<void(QStringView)> &take)
     const int depthOfParent = m_depth - 1;
     const qint64 mostTokens = m_device.tokens() + KRInputLimits::textPieces;
     while (m_depth > depthOfParent && !m_xml.atEnd()) {
-        if (m_device.tokens() == mostTokens)
+        if (m_device.tokens() >= mostTokens)
             refuse(tr("Ein Text ist zu zerstückelt."));
         else if (readToken() == QXmlStreamReader::Characters)
             take(m_xml.text());

@@ -102,12 +102,15 @@ constexpr double smallestScale = 0.05; // lines and letters of a twentieth can n
 constexpr double largestScale = 20.0;
 
 /// Where the path leads through all links, also to a file or folder that is not there yet.
-QString resolved(const QString &path)
+QString resolved(const QString &path, int mostSteps = 100)
 {
-    const QFileInfo file(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
-    if (file.exists() || file.isRoot())
+    // Never cleaned as a text: ".." behind a link leads above the folder that the link leads to.
+    const QFileInfo file(path);
+    if (mostSteps == 0 || file.exists())
         return file.canonicalFilePath();
-    return QDir(resolved(file.path())).filePath(file.fileName());
+    if (file.isSymLink())
+        return resolved(file.symLinkTarget(), mostSteps - 1);
+    return QDir(resolved(file.path(), mostSteps - 1)).filePath(file.fileName());
 }
 
 /// Whether that is the document or one of its track files.
@@ -210,9 +213,9 @@ void KRRenderOptions::readTask(const QCommandLineParser &parser)
 
 void KRRenderOptions::refuseTexts(const QCommandLineParser &parser, const QStringList &arguments)
 {
-    // Qt puts this character where bytes are no text; it would stand in the name of a file.
+    // Qt puts this character where bytes are no text; it would stand in the name of a file. Some names do have it.
     for (const QString &argument : arguments) {
-        if (argument.contains(QChar::ReplacementCharacter))
+        if (argument.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(argument))
             complain(tr("„%1“ ist kein gültiges UTF-8.").arg(argument));
     }
     for (const OptionText &option : optionTexts) {

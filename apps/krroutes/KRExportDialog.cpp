@@ -248,6 +248,8 @@ void KRExportDialog::chooseFile()
 void KRExportDialog::followFormat()
 {
     m_pictureBox->setEnabled(isPicture());
+    for (QSpinBox *const side : {m_widthBox, m_heightBox})
+        side->setMaximum(KRPictureFile::largestSideOf(format()));
     // A suffix that the dialog knows follows the format; any other is part of the name.
     QString text = m_fileEdit->text().trimmed();
     if (!formatOf(text).isEmpty())

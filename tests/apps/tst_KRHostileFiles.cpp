@@ -218,6 +218,9 @@ void tst_KRHostileFiles::areRefused_data()
         [] { return gpx("<trk><name>" + QByteArray("a<![CDATA[b]]>").repeated(60000) + "</name></trk>"); },
         "zerstückelt");
     row(
+        "name of many elements", "a.gpx",
+        [] { return gpx("<wpt><name>" + QByteArray("<a b='1'/>").repeated(60000) + "</name></wpt>"); }, "zerstückelt");
+    row(
         "many points in one text", "a.gpx",
         [] {
             return gpx("<trk><trkseg><compressedPoints>" + QByteArray("1,1 ").repeated(KRInputLimits::textPoints + 1)

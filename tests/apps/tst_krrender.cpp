@@ -31,6 +31,7 @@ private slots:
     void tableAndJson();
     void tellsWhatItDoesNotDraw();
     void wrongUsage();
+    void nothingIsOverwrittenThroughLinks();
     void badInput();
     void standardOutputThatTakesNothing();
     void outputThatCannotBeWritten();
@@ -360,6 +361,16 @@ void tst_krrender::wrongUsage()
         QVERIFY2(outcome.complainsOf(named), qPrintable(outcome.err));
         QVERIFY(outcome.out.isEmpty() && isEmpty());
     });
+}
+
+void tst_krrender::nothingIsOverwrittenThroughLinks()
+{
+    const Outcome inFolder = run("mkdir -p real/sub; ln -s real/sub link; ln -s d.krroute d.png; cp $tour real/a.gpx; "
+                                 "krrender real/a.gpx --format gpx -o link/../a.gpx");
+    QCOMPARE(inFolder.exitCode, 2);
+    const Outcome leadingNowhereYet = run("krrender real/a.gpx --save d.krroute -o d.png");
+    QCOMPARE(leadingNowhereYet.exitCode, 2);
+    QVERIFY(!QFile::exists(path("d.krroute")));
 }
 
 void tst_krrender::badInput()
