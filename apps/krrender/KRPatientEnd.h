@@ -7,7 +7,8 @@
 
 /**
  * Has the program finish what it writes before it ends, when it is asked to end while this lives (SIGINT, SIGTERM,
- * SIGHUP). Asked twice with the same signal it ends at once. What the program ignores it goes on ignoring. One at a time, main thread only.
+ * SIGHUP). Asked twice with the same signal it ends at once. What the program ignores it goes on ignoring. One at a
+ * time, main thread only.
  */
 class KRPatientEnd
 {
