@@ -5,6 +5,9 @@ function(kr_add_tests program)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES;SOURCES")
     add_executable(${program} ${arg_SOURCES})
     target_link_libraries(${program} PRIVATE KRTestSupport ${arg_LIBRARIES} KRWarnings)
+    if(CMAKE_BUILD_TYPE STREQUAL "Release") # what is tested is optimised; optimising the tests takes minutes
+        target_compile_options(${program} PRIVATE -O0)
+    endif()
     list(LENGTH arg_SOURCES sourceCount)
     if(sourceCount GREATER 5) # precompiling takes as long as some five sources do
         kr_precompile(${program} <QtTest> <QtWidgets> <QtXml>)

@@ -506,8 +506,9 @@ void tst_krrender::exchangeFilesComeBack()
         }
     }
     // What would not come back is not written.
-    const QByteArray mark = "<wpt lat='53' lon='8'/>";
-    KRTestFile::write(path("many.gpx"), "<gpx>" + mark.repeated(KRInputLimits::geometries + 1) + "</gpx>");
+    const QByteArray segment = "<trkseg><trkpt lat='53' lon='8'/><trkpt lat='54' lon='8'/></trkseg>";
+    const QByteArray segments = segment.repeated(KRInputLimits::geometryParts + 1);
+    KRTestFile::write(path("many.gpx"), "<gpx><trk>" + segments + "</trk></gpx>");
     const Outcome outcome = run("krrender -o many.kmz many.gpx");
     QCOMPARE(outcome.exitCode, 2);
     QVERIFY2(outcome.complainsOf("nicht wieder öffnen"), qPrintable(outcome.err));
