@@ -1,9 +1,23 @@
-# kr_precompile(<target> <headers>): precompiles the headers unless KR_PCH is off.
+# kr_precompile(<target> <headers>), kr_precompile(<target> REUSE_FROM <other target>): precompiled headers
+# unless KR_PCH is off. To precompile Qt takes as long as some ten sources do, so each set is made once.
 function(kr_precompile target)
-    if(KR_PCH)
+    if(NOT KR_PCH)
+        return()
+    endif()
+    if(ARGV1 STREQUAL "REUSE_FROM")
+        target_precompile_headers(${target} REUSE_FROM ${ARGV2})
+    else()
         target_precompile_headers(${target} PRIVATE ${ARGN})
     endif()
 endfunction()
+
+# The set of everything but widgets and tests. A target of its own, without the macros of any library.
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/KRQtHeaders.cpp" CONTENT "")
+add_library(KRQtHeaders OBJECT "${PROJECT_BINARY_DIR}/KRQtHeaders.cpp")
+set_target_properties(KRQtHeaders PROPERTIES AUTOMOC OFF)
+target_compile_features(KRQtHeaders PRIVATE cxx_std_17)
+target_link_libraries(KRQtHeaders PRIVATE Qt${KR_QT}::Core Qt${KR_QT}::Gui Qt${KR_QT}::Xml KRWarnings)
+kr_precompile(KRQtHeaders <QtCore> <QtGui> <QtXml>)
 
 # kr_add_library(<name> <sources>): shared library with alias, export macro, hidden symbols, install and export.
 # Headers are reached as <KRGeoLocation/KRLongitude.h> and as "KRLongitude.h", in the source tree as after
@@ -33,7 +47,7 @@ function(kr_add_library name)
         "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/${name}>")
     target_compile_features(${name} PUBLIC cxx_std_17)
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:KRWarnings>)
-    kr_precompile(${name} <QtCore> <QtGui> <QtXml>)
+    kr_precompile(${name} REUSE_FROM KRQtHeaders)
 
     set(headers ${ARGN})
     list(FILTER headers INCLUDE REGEX "\\.h$")

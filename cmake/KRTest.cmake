@@ -5,12 +5,11 @@ function(kr_add_tests program)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LIBRARIES;SOURCES")
     add_executable(${program} ${arg_SOURCES})
     target_link_libraries(${program} PRIVATE KRTestSupport ${arg_LIBRARIES} KRWarnings)
-    if(CMAKE_BUILD_TYPE STREQUAL "Release") # what is tested is optimised; optimising the tests takes minutes
-        target_compile_options(${program} PRIVATE -O0)
-    endif()
-    list(LENGTH arg_SOURCES sourceCount)
-    if(sourceCount GREATER 5) # precompiling takes as long as some five sources do
+    target_compile_options(${program} PRIVATE -O0) # what is tested is optimised; optimising the tests takes minutes
+    if("Qt${KR_QT}::Network" IN_LIST arg_LIBRARIES) # <QtTest> then holds more
         kr_precompile(${program} <QtTest> <QtWidgets> <QtXml>)
+    else()
+        kr_precompile(${program} REUSE_FROM KRTestSupport)
     endif()
     foreach(source IN LISTS arg_SOURCES)
         get_filename_component(class "${source}" NAME_WE)

@@ -1,9 +1,9 @@
+#include <KRCore/KRConcurrent.h>
 #include <KRCore/KREnumWrapper.h>
 
 #include "KRTestRegistry.h"
 #include "KRTestTable.h"
 
-#include <QtConcurrent>
 #include <QtTest>
 
 #include <atomic>
@@ -54,9 +54,8 @@ private slots:
 // Runs first, while the table is still empty.
 void tst_KREnumWrapper::fillsItsTableOnceForAllThreads()
 {
-    QVector<QString> texts(64, QStringLiteral("river"));
-    QtConcurrent::blockingMap(texts, [](QString &text) { text = Layer(text).keys(); });
-    QCOMPARE(texts, QVector<QString>(64, QStringLiteral("river")));
+    const QList<QString> texts = QVector<QString>(64, QStringLiteral("river")).toList();
+    QCOMPARE(KRConcurrent::blockingMapped(texts, [](const QString &text) { return Layer(text).keys(); }), texts);
     QCOMPARE(Layer::fillings.load(), 1);
 }
 
