@@ -263,7 +263,7 @@
         <translation>drawn in %1 ms</translation>
     </message>
     <message>
-        <source>%1 Routen, in %2 ms gelesen</source>
+        <source>Routen: %1, in %2 ms gelesen</source>
         <translation>Routes: %1, read in %2 ms</translation>
     </message>
     <message>

@@ -713,8 +713,8 @@
         <translation>About this program</translation>
     </message>
     <message>
-        <source>&lt;h3&gt;Routen %1&lt;/h3&gt;&lt;p&gt;Zeigt, bearbeitet und druckt Routen und Orte auf einer Landkarte.&lt;/p&gt;&lt;p&gt;Karte: Made with Natural Earth.&lt;/p&gt;</source>
-        <translation>&lt;h3&gt;Routes %1&lt;/h3&gt;&lt;p&gt;Shows, edits and prints routes and places on a map.&lt;/p&gt;&lt;p&gt;Map: Made with Natural Earth.&lt;/p&gt;</translation>
+        <source>&lt;h3&gt;Routen %1&lt;/h3&gt;&lt;p&gt;Zeigt, bearbeitet und druckt Routen und Orte auf einer Landkarte.&lt;/p&gt;&lt;p&gt;Eingebaute Karte: Made with Natural Earth.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Routes %1&lt;/h3&gt;&lt;p&gt;Shows, edits and prints routes and places on a map.&lt;/p&gt;&lt;p&gt;Built-in map: Made with Natural Earth.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>

@@ -158,7 +158,7 @@ void KRRenderProgram::readRoutes()
     for (const KRImportReport &report : m_import.reports())
         printReport(report);
     if (m_options.isVerbose())
-        m_console.say(tr("%1 Routen, in %2 ms gelesen").arg(m_import.tracks().size()).arg(timer.elapsed()));
+        m_console.say(tr("Routen: %1, in %2 ms gelesen").arg(m_import.tracks().size()).arg(timer.elapsed()));
 }
 
 void KRRenderProgram::printReport(const KRImportReport &report)

@@ -396,6 +396,6 @@ void KRMainWindow::showAbout()
 {
     QMessageBox::about(this, tr("Über dieses Programm"),
                        tr("<h3>Routen %1</h3><p>Zeigt, bearbeitet und druckt Routen und Orte auf einer Landkarte.</p>"
-                          "<p>Karte: Made with Natural Earth.</p>")
+                          "<p>Eingebaute Karte: Made with Natural Earth.</p>")
                            .arg(QCoreApplication::applicationVersion().toHtmlEscaped()));
 }
