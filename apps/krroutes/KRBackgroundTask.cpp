@@ -1,6 +1,7 @@
 #include "KRBackgroundTask.h"
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QProgressDialog>
 #include <QThread>
 
@@ -10,11 +11,15 @@ bool KRBackgroundTask::run(QWidget *window, const QString &text, const std::func
                            const std::function<void()> &stop)
 {
     constexpr int patienceMs = 400;
+    const QPointer<QWidget> focusWidget = window->focusWidget();
+    // Before there is the dialog, which would be disabled as well.
+    window->setEnabled(false);
     QProgressDialog progress(text, tr("Abbrechen"), 0, 0, window);
     progress.setWindowTitle(window->windowTitle());
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(patienceMs);
     progress.setAutoClose(false);
+    progress.setValue(0); // from now on it waits to be shown
 
     QEventLoop loop;
     const std::unique_ptr<QThread> thread(QThread::create(work));
@@ -24,10 +29,14 @@ bool KRBackgroundTask::run(QWidget *window, const QString &text, const std::func
         isCanceled = true;
         stop();
     });
-    window->setEnabled(false);
     thread->start();
-    loop.exec();
+    if (thread->isRunning() || thread->isFinished())
+        loop.exec();
+    else
+        work(); // the system starts no further thread
     thread->wait();
     window->setEnabled(true);
+    if (focusWidget)
+        focusWidget->setFocus();
     return !isCanceled;
 }

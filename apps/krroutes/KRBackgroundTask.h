@@ -8,6 +8,8 @@ class QWidget;
 
 /**
  * Runs what takes long in a thread of its own, while the window stays alive and a progress dialog offers to cancel it.
+ *
+ * Where the system starts no further thread it runs in the thread of the window, which stands still meanwhile.
  */
 class KRBackgroundTask
 {
