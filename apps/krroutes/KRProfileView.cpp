@@ -55,6 +55,7 @@ void KRProfileView::setTrack(const KRGPXTrack &track)
         m_reader.setFuture(QFuture<SharedProfile>());
         takeProfile(read());
     } else {
+        m_isReading = true;
         m_reader.setFuture(QtConcurrent::run(read));
         update();
     }
@@ -81,6 +82,7 @@ QSize KRProfileView::minimumSizeHint() const
 
 void KRProfileView::takeProfile(const SharedProfile &profile)
 {
+    m_isReading = false;
     m_profile = profile;
     m_picture = QPixmap();
     setAccessibleDescription(emptyText());
@@ -89,7 +91,7 @@ void KRProfileView::takeProfile(const SharedProfile &profile)
 
 bool KRProfileView::isShowing() const
 {
-    return m_profile->isDrawable() && !m_reader.isRunning();
+    return m_profile->isDrawable() && !m_isReading;
 }
 
 void KRProfileView::setMarker(int index)
@@ -125,7 +127,7 @@ QString KRProfileView::emptyText() const
 {
     if (!m_hasTrack)
         return tr("Keine Route ausgewählt");
-    if (m_reader.isRunning())
+    if (m_isReading)
         return tr("Die Route wird gelesen …");
     if (!m_profile->hasElevation())
         return tr("Diese Route hat keine Höhenangaben.");

@@ -66,6 +66,7 @@ private:
     KRGPXTrack m_track;
     bool m_hasTrack = false;
     QFutureWatcher<SharedProfile> m_reader;
+    bool m_isReading = false; ///< until the profile of the track is shown, even if it has been read
     SharedProfile m_profile;
     int m_marker = -1;
 

@@ -128,6 +128,12 @@ void tst_KRProfileView::readsLargeTracks()
         return hovered().latitude().decimalDegrees();
     };
     QTRY_COMPARE(lastLatitude(), 17.0);
+    // Read, but not shown yet: a marker on the old profile might lie beyond the end of the new one.
+    m_view->setTrack(spawnTrack(6001));
+    QVERIFY(QThreadPool::globalInstance()->waitForDone(10000));
+    QTest::keyClick(m_view.get(), Qt::Key_End);
+    QVERIFY(!hovered().isValid());
+    QTRY_COMPARE(lastLatitude(), 16.0);
     // What is still being read when the track is taken away must not appear later.
     m_view->setTrack(spawnTrack(8000));
     m_view->clear();
