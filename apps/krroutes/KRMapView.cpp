@@ -455,7 +455,8 @@ void KRMapView::contextMenuEvent(QContextMenuEvent *event)
 {
     if (event->reason() != QContextMenuEvent::Keyboard) {
         const KRTrackPicker::Hit hit = hitAt(event->pos());
-        emit trackContextMenuRequested(hit.row, hit.position, event->globalPos());
+        if (hit.position.isValid())
+            emit trackContextMenuRequested(hit.row, hit.position, event->globalPos());
         return;
     }
     const int row = m_selection.isValidRow(m_currentRow) ? m_currentRow : -1;

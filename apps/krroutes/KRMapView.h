@@ -68,7 +68,7 @@ signals:
     void trackClicked(int row);
     /// Beside all tracks.
     void positionClicked(const KRGeoPosition &position);
-    /// @p row is -1 beside all tracks.
+    /// @p row is -1 beside all tracks, @p position always valid: there is no menu beyond the ends of the map.
     void trackContextMenuRequested(int row, const KRGeoPosition &position, const QPoint &globalPosition);
     void viewportChanged();
 

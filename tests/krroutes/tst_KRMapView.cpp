@@ -197,7 +197,7 @@ void tst_KRMapView::contextMenuByMouseAndKey()
     const auto ask = [&](QContextMenuEvent::Reason reason, const QPoint &pixel) {
         QContextMenuEvent event(reason, pixel, view.mapToGlobal(pixel));
         QApplication::sendEvent(&view, &event);
-        return requested.takeFirst();
+        return requested.isEmpty() ? QVariantList() : requested.takeFirst();
     };
     const QPoint onTrack = view.pixelOf(53.2, 8.0);
     const QVariantList byMouse = ask(QContextMenuEvent::Mouse, onTrack);
@@ -206,6 +206,9 @@ void tst_KRMapView::contextMenuByMouseAndKey()
     QCOMPARE(byMouse.at(2).toPoint(), view.mapToGlobal(onTrack));
     QCOMPARE(ask(QContextMenuEvent::Mouse, view.pixelOf(52.9, 8.0)).at(0).toInt(), -1);
     QCOMPARE(ask(QContextMenuEvent::Keyboard, QPoint()).at(0).toInt(), 1);
+    // Above the map nothing can be added.
+    view.setViewport(view.viewport().zoomed(0.0, QPointF()));
+    QVERIFY(ask(QContextMenuEvent::Mouse, QPoint(400, 2)).isEmpty());
 }
 
 void tst_KRMapView::pointerTellsThePosition()
