@@ -83,9 +83,12 @@ KRTrackTrace::KRTrackTrace(const KRGPXConfiguredTrack &track)
     m_points.reserve(std::size_t(m_track.countPoints()) + 1);
     addRing(m_track, m_shape == PolygonTrackShape);
     m_wayLength = m_points.size();
+    const Box area = m_area; // to which holes add nothing
+    const double middleX = (m_bounds.west + m_bounds.east) / 2.0;
     const QList<KRGPXTrack> enclaves = m_track.enclaves();
     for (const KRGPXTrack &enclave : enclaves)
-        addRing(enclave, m_shape == PolygonTrackShape);
+        addRing(enclave, m_shape == PolygonTrackShape, middleX);
+    m_area = area;
 }
 
 bool KRTrackTrace::isOf(const KRGPXConfiguredTrack &track) const
@@ -94,10 +97,10 @@ bool KRTrackTrace::isOf(const KRGPXConfiguredTrack &track) const
            && m_shape == track.effectiveShape() && m_track == track.track();
 }
 
-void KRTrackTrace::addRing(const KRGPXTrackElement &ring, bool isClosed)
+void KRTrackTrace::addRing(const KRGPXTrackElement &ring, bool isClosed, double besideX)
 {
     const std::size_t first = m_points.size();
-    addPlaces(ring);
+    addPlaces(ring, besideX);
     fillGaps(&m_points, first);
     if (m_points.size() == first)
         return;
@@ -111,10 +114,10 @@ void KRTrackTrace::addRing(const KRGPXTrackElement &ring, bool isClosed)
     addBlocks(first);
 }
 
-void KRTrackTrace::addPlaces(const KRGPXTrackElement &ring)
+void KRTrackTrace::addPlaces(const KRGPXTrackElement &ring, double besideX)
 {
     double longitudeOffset = 0.0;
-    double previousX = std::numeric_limits<double>::quiet_NaN();
+    double previousX = besideX;
     ring.visitPositions([&](const KRGeoPositionSpan &positions) {
         for (int i = 0; i < positions.count; ++i) {
             QPointF point = KRMapViewport::toWorld(positions.latitudes[i], positions.longitudes[i]);

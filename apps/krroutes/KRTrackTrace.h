@@ -61,8 +61,11 @@ private:
         Box bounds;
     };
 
-    void addRing(const KRGPXTrackElement &ring, bool isClosed);
-    void addPlaces(const KRGPXTrackElement &ring);
+    static constexpr double anywhere = std::numeric_limits<double>::quiet_NaN();
+
+    /// The first place of the ring comes as near to @p besideX as the world repeats.
+    void addRing(const KRGPXTrackElement &ring, bool isClosed, double besideX = anywhere);
+    void addPlaces(const KRGPXTrackElement &ring, double besideX);
     void addBlocks(std::size_t first);
 
     KRGPXTrack m_track;

@@ -86,6 +86,7 @@ private slots:
     void picks();
     void tellsWhereOnTheTrack();
     void agreesWithLookingAtEveryPoint();
+    void holesFollowTheirAreaOverTheDateLine();
     void followsTheSmoothedLine();
     void area();
     void leavesOutWhatIsNotSeen();
@@ -161,6 +162,29 @@ void tst_KRTrackPicker::agreesWithLookingAtEveryPoint()
         inside += trace.encloses(world) ? 1 : 0;
     }
     QVERIFY(inside > 50 && inside < 450);
+}
+
+void tst_KRTrackPicker::holesFollowTheirAreaOverTheDateLine()
+{
+    const auto ring = [](double south, double north, double west, double east) {
+        return through({{south, west}, {south, east}, {north, east}, {north, west}, {south, west}}, PolygonTrackShape);
+    };
+    KRGPXTrack island = ring(-20.0, -10.0, 170.0, -170.0);
+    island.addEnclave(ring(-16.0, -14.0, -178.0, -175.0));
+    island.addEnclave(ring(-16.0, -14.0, 172.0, 175.0));
+    const KRGPXConfiguredTrack area = drawn(island, 2.0, PolygonTrackShape, Qt::red);
+    const KRTrackPicker picker(only(area));
+    KRMapArea expected;
+    expected.add(area);
+    QVERIFY(picker.areaOf(0) == expected.covered());
+    const auto isHit = [&](double latitude, double longitude) {
+        const KRMapViewport there = view().centeredOn(KRGeoPosition(latitude, longitude));
+        return picker.hitAt(QPointF(400.0, 300.0), there, tolerancePx).isValid();
+    };
+    for (const double longitude : {171.0, 178.0, -179.0, -172.0})
+        QVERIFY(isHit(-15.0, longitude));
+    for (const double longitude : {173.5, -176.5, 165.0, -165.0})
+        QVERIFY(!isHit(-15.0, longitude));
 }
 
 void tst_KRTrackPicker::followsTheSmoothedLine()
