@@ -70,9 +70,12 @@ KRGroundDialog::KRGroundDialog(QWidget *parent)
     m_check.setSingleShot(true);
     m_check.setInterval(checkDelayMs);
     connect(&m_check, &QTimer::timeout, this, &KRGroundDialog::checkSource);
-    connect(m_source, &QComboBox::editTextChanged, this, [this] {
+    connect(m_source, &QComboBox::editTextChanged, this, [this](const QString &source) {
         m_okButton->setEnabled(false);
         m_check.start();
+        // What the user has typed himself may be meant for this source.
+        if (!m_credit->isModified())
+            showCreditOfRecent(m_source->findText(source, Qt::MatchFixedString | Qt::MatchCaseSensitive));
     });
     connect(m_source, QOverload<int>::of(&QComboBox::activated), this, &KRGroundDialog::showCreditOfRecent);
     connect(fileButton, &QPushButton::clicked, this, &KRGroundDialog::chooseFile);
@@ -103,7 +106,7 @@ void KRGroundDialog::useSource(const QString &source)
 {
     if (source.isEmpty())
         return;
-    m_credit->clear();
+    m_credit->setText(QString());
     m_source->setEditText(QDir::toNativeSeparators(source));
     checkSource();
 }

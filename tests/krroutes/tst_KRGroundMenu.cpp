@@ -20,6 +20,7 @@ private slots:
     void groundFollowsTheChoice();
     void tilesAreAskedFor();
     void onlyWhatOpensIsAccepted();
+    void creditBelongsToItsSource();
     void choiceIsKept();
     void recentTilesAreOfferedAgain();
 
@@ -139,6 +140,28 @@ void tst_KRGroundMenu::onlyWhatOpensIsAccepted()
         QTest::qWait(300); // after the check
         QCOMPARE(ok->isEnabled(), isGood);
     });
+}
+
+void tst_KRGroundMenu::creditBelongsToItsSource()
+{
+    KRGroundMenu().setChoice(KRGroundChoice::tiles(tileFolder("old"), QStringLiteral("Stadt")));
+    KRGroundDialog dialog;
+    dialog.show();
+    QLineEdit *const source = dialog.findChild<QComboBox *>()->lineEdit();
+    const QList<QLineEdit *> edits = dialog.findChildren<QLineEdit *>();
+    QLineEdit *const credit = *std::find_if(edits.cbegin(), edits.cend(), [=](auto *edit) { return edit != source; });
+    const auto type = [](QLineEdit *edit, const QString &text) {
+        edit->selectAll();
+        QTest::keyClicks(edit, text);
+    };
+    QCOMPARE(dialog.choice().credit(), QStringLiteral("Stadt"));
+    type(source, QStringLiteral("https://tiles.example/{z}/{x}/{y}.png"));
+    QCOMPARE(dialog.choice().credit(), QString());
+    type(source, tileFolder("old"));
+    QCOMPARE(dialog.choice().credit(), QStringLiteral("Stadt"));
+    type(credit, QStringLiteral("Land"));
+    type(source, tileFolder("new"));
+    QCOMPARE(dialog.choice().credit(), QStringLiteral("Land"));
 }
 
 void tst_KRGroundMenu::choiceIsKept()
