@@ -225,12 +225,6 @@ void KRTrackListView::keyPressEvent(QKeyEvent *event)
     const int row = currentTrack();
     if (row < 0)
         return QListView::keyPressEvent(event);
-    if (event->modifiers().testFlag(Qt::AltModifier)) {
-        if (event->key() == Qt::Key_Up)
-            return moveCurrentTrack(row - 1);
-        if (event->key() == Qt::Key_Down)
-            return moveCurrentTrack(row + 1);
-    }
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -238,9 +232,6 @@ void KRTrackListView::keyPressEvent(QKeyEvent *event)
         break;
     case Qt::Key_Space:
         emit zoomRequested(row);
-        break;
-    case Qt::Key_Delete:
-        emit deleteRequested(row);
         break;
     default:
         QListView::keyPressEvent(event);

@@ -11,10 +11,9 @@ class KRTrackRowDelegate;
 /**
  * The list of the tracks: one row with name and buttons for each, and at most one of them current.
  *
- * Rows are reordered by dragging them, or with Alt and the arrows up and down. The current track stays current when
- * the tracks around it move, come or go. Return asks to edit it, Space to zoom to it, Delete to delete it; Tab leads
- * to its buttons; typing looks for a name. Widgets of rows far out of sight are closed, so that ten thousand rows cost
- * no more than a few pages.
+ * Rows are reordered by dragging them. The current track stays current when the tracks around it move, come or go.
+ * Return asks to edit it, Space to zoom to it; Tab leads to its buttons; typing looks for a name. Widgets of rows far
+ * out of sight are closed, so that ten thousand rows cost no more than a few pages.
  */
 class KRTrackListView : public QListView
 {
