@@ -2,6 +2,7 @@
 
 #include "KRBackgroundTask.h"
 #include "KRExportSettings.h"
+#include "KRGapsWarning.h"
 #include "KRViewerSettings.h"
 
 #include <KRExchangeFile.h>
@@ -333,10 +334,8 @@ bool KRExportDialog::createPicture(QByteArray *bytes)
     const bool isDone = KRBackgroundTask::run(
         this, tr("Die Karte wird gezeichnet …"),
         [&, format = format()] { *bytes = KRPictureFile::encode(map, format, title); }, [&] { ground.stop(); });
-    if (isDone && ground.gaps().count > 0)
-        QMessageBox::warning(this, windowTitle(),
-                             tr("Auf der Karte fehlen %n Kacheln.", nullptr, ground.gaps().count)
-                                 + QLatin1String("\n\n") + ground.gaps().reason);
+    if (isDone)
+        KRGapsWarning::show(this, windowTitle(), ground.gaps());
     return isDone;
 }
 

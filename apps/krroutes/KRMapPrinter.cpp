@@ -1,6 +1,7 @@
 #include "KRMapPrinter.h"
 
 #include "KRBackgroundTask.h"
+#include "KRGapsWarning.h"
 
 #include <KRMapArea.h>
 #include <KRMapComposition.h>
@@ -41,11 +42,12 @@ KRMapPrinter::KRMapPrinter(const KRGPXTrackSelection &selection, const KRGeoPosi
 bool KRMapPrinter::isLandscape() const
 {
     const KRMapProjection square(m_area, QSize(1000, 1000));
-    const QPointF northWest = square.projectate(m_area.northWest());
-    const QPointF southEast = square.projectate(m_area.southEast());
+    const double width = square.longitudeToNormalized(m_area.east().decimalDegrees())
+                         - square.longitudeToNormalized(m_area.west().decimalDegrees());
+    const double height = square.latitudeToNormalized(m_area.south().decimalDegrees())
+                          - square.latitudeToNormalized(m_area.north().decimalDegrees());
     // Across the date line the eastern edge comes out one world further west.
-    const double width = southEast.x() - northWest.x();
-    return width <= 0.0 || width > southEast.y() - northWest.y();
+    return (width > 0.0 ? width : width + 1.0) > height;
 }
 
 void KRMapPrinter::preview(QWidget *window) const
@@ -57,32 +59,41 @@ void KRMapPrinter::preview(QWidget *window) const
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(m_title);
     printer.setPageOrientation(isLandscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
-    if (!fetchGround(printer, window))
+    QSize fetchedSize = mapSize(printer);
+    if (!fetchGround(fetchedSize, window))
         return;
     QPrintPreviewDialog dialog(&printer, window);
     dialog.setWindowTitle(tr("Drucken"));
     KRErrorHistory problems;
-    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [this, &problems](QPrinter *target) { paint(target, &problems); });
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter *target) {
+        // The user has turned the page or chosen another paper.
+        if (mapSize(*target) != fetchedSize && !fetchGround(mapSize(*target), &dialog))
+            return dialog.reject();
+        fetchedSize = mapSize(*target);
+        paint(target, &problems);
+    });
     dialog.exec();
     if (!problems.isEmpty())
         QMessageBox::critical(window, tr("Drucken"), problems.entries().last().toString());
 }
 
-bool KRMapPrinter::fetchGround(const QPrinter &printer, QWidget *window) const
+// Pages are painted at once, with what is at hand; this brings it there.
+bool KRMapPrinter::fetchGround(const QSize &size, QWidget *window) const
 {
     if (!m_ground || m_ground->isVector())
         return true;
-    // The preview paints at once, with what is at hand; this brings it there.
     KRPatientGround ground(m_ground);
-    QImage picture(mapSize(printer), QImage::Format_RGB32);
-    return KRBackgroundTask::run(
+    QImage picture(size, QImage::Format_RGB32);
+    const bool isDone = KRBackgroundTask::run(
         window, tr("Die Karte wird geladen …"),
         [&] {
             QPainter painter(&picture);
-            ground.paint(&painter, picture.size(), KRMapProjection(m_area, picture.size()), 1.0);
+            ground.paint(&painter, size, KRMapProjection(m_area, size), 1.0);
         },
         [&] { ground.stop(); });
+    if (isDone)
+        KRGapsWarning::show(window, tr("Drucken"), ground.gaps());
+    return isDone;
 }
 
 void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history) const

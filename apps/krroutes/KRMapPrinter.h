@@ -37,7 +37,8 @@ public:
 private:
     bool paintPage(QPagedPaintDevice *page, int dotsPerInch) const;
     bool isLandscape() const;
-    bool fetchGround(const QPrinter &printer, QWidget *window) const;
+    /// For a page with a map of so many pixels. False when the user has cancelled it.
+    bool fetchGround(const QSize &size, QWidget *window) const;
 
     KRGPXTrackSelection m_selection;
     KRGeoPositionRect m_area;

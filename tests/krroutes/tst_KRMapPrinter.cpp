@@ -17,6 +17,25 @@
 #include <QPrinter>
 #include <QtTest>
 
+namespace {
+
+/// Lacks two tiles of every picture that is kept.
+class TiledGround : public KRMapGround
+{
+public:
+    void paint(QPainter *, const QSize &size, const KRMapProjection &, double) override { painted << size; }
+    KRMapGaps paintWhole(QPainter *, const QSize &size, const KRMapProjection &, double, int) override
+    {
+        fetched << size;
+        return {2, QStringLiteral("Regen")};
+    }
+
+    QList<QSize> fetched;
+    QList<QSize> painted;
+};
+
+} // namespace
+
 class tst_KRMapPrinter : public QObject
 {
     Q_OBJECT
@@ -25,6 +44,7 @@ private slots:
     void initTestCase();
     void fillsThePage();
     void previewTurnsThePage();
+    void missingTilesAreTold();
     void fullDiskKeepsTheOldFile();
 
 private:
@@ -84,6 +104,7 @@ void tst_KRMapPrinter::previewTurnsThePage()
     const KRTestTable<KRTestMap, bool> table{
         {"high", {40.0, 60.0, 5.0, 8.0}, false},
         {"wide across the date line", {-20.0, -15.0, 170.0, -170.0}, true},
+        {"high across the date line", {-40.0, -15.0, 179.0, -179.0}, false},
     };
     table.forEach([&](const KRTestMap &area, bool isLandscape) {
         bool isTurned = !isLandscape;
@@ -106,6 +127,26 @@ void tst_KRMapPrinter::previewTurnsThePage()
     KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Return)});
     KRMapPrinter(KRGPXTrackSelection(), KRGeoPositionRect(), nullptr).preview(&m_window);
     QVERIFY(answers.isDone());
+}
+
+void tst_KRMapPrinter::missingTilesAreTold()
+{
+    TiledGround ground;
+    QStringList texts{QString(), QString()};
+    KRDialogAnswer answers({KRDialogAnswer::button(QMessageBox::Ok, &texts[0]),
+                            [](QWidget *dialog) {
+                                // The page is painted anew, after its tiles have come.
+                                dialog->findChild<QPrintPreviewWidget *>()->setLandscapeOrientation();
+                                QTest::keyClick(dialog, Qt::Key_Escape);
+                            },
+                            KRDialogAnswer::button(QMessageBox::Ok, &texts[1])});
+    KRMapPrinter(m_selection, KRTestMap{40.0, 60.0, 5.0, 8.0}.area(), &ground).preview(&m_window);
+    QVERIFY(answers.isDone());
+    for (const QString &text : std::as_const(texts))
+        QVERIFY2(text.contains(QLatin1String("Regen")), qPrintable(text));
+    QCOMPARE(ground.fetched.size(), 2);
+    QCOMPARE(ground.fetched.at(0), ground.fetched.at(1).transposed());
+    QCOMPARE(ground.fetched, ground.painted);
 }
 
 void tst_KRMapPrinter::fullDiskKeepsTheOldFile()
