@@ -1,22 +1,18 @@
 #include "KRMapView.h"
 
+#include "KRMapGestures.h"
+
 #include <KRCore/KRQtCompat.h>
 #include <KRMapArea.h>
 #include <KRMapFurniture.h>
 #include <KRMapGround.h>
 
-#include <QApplication>
 #include <QContextMenuEvent>
-#include <QLineF>
 #include <QMouseEvent>
-#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QToolTip>
-#include <QTouchEvent>
-#include <QWheelEvent>
 
 #include <cmath>
-#include <utility>
 
 namespace {
 
@@ -25,7 +21,6 @@ constexpr double clickTolerance = 5.0;
 constexpr double markerRadius = 7.0;
 
 constexpr double zoomStep = 2.0;
-constexpr double wheelUnitsPerDoubling = 240.0; ///< two notches of a common wheel
 constexpr double shareOfArrowKey = 0.25;
 
 constexpr QColor markerColor(214, 30, 60);
@@ -53,18 +48,19 @@ void paintPicture(QPainter *painter, const KRMapPicture &picture, const KRMapVie
 
 } // namespace
 
-KRMapView::KRMapView(QWidget *parent) : QWidget(parent)
+KRMapView::KRMapView(QWidget *parent) : QWidget(parent), m_gestures(new KRMapGestures(this))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(true);
     setMinimumSize(120, 90);
     setAccessibleName(tr("Karte"));
     setAccessibleDescription(
         tr("Pfeiltasten verschieben die Karte, Plus und Minus ändern den Maßstab, Pos1 zeigt alle Routen."));
     m_viewport = m_viewport.resized(size(), devicePixelRatioF());
 
+    connect(m_gestures, &KRMapGestures::panned, this, &KRMapView::pan);
+    connect(m_gestures, &KRMapGestures::zoomed, this, &KRMapView::zoomAbout);
+    connect(m_gestures, &KRMapGestures::clicked, this, &KRMapView::click);
     connect(&m_tracksThread, &KRMapDrawingThread::pickerMade, this, &KRMapView::takePicker);
     connect(&m_groundThread, &KRMapDrawingThread::groundDrawn, this, [this](const KRMapPicture &picture) {
         m_groundPicture = picture;
@@ -235,63 +231,28 @@ void KRMapView::takePicker(const KRTrackPicker &picker, int selectionNumber)
 void KRMapView::hover(const QPoint &pixel)
 {
     const KRTrackPicker::Hit hit = hitAt(pixel);
-    setCursor(m_isDragged ? Qt::ClosedHandCursor : hit.isValid() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    setCursor(m_gestures->isDragging() ? Qt::ClosedHandCursor
+              : hit.isValid()          ? Qt::PointingHandCursor
+                                       : Qt::ArrowCursor);
     emit positionHovered(m_viewport.positionAt(pixel));
+}
+
+void KRMapView::click(const QPoint &pixel)
+{
+    const KRTrackPicker::Hit hit = hitAt(pixel);
+    if (hit.isValid())
+        emit trackClicked(hit.row);
+    else if (hit.position.isValid())
+        emit positionClicked(hit.position);
 }
 
 bool KRMapView::event(QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-        touchEvent(static_cast<QTouchEvent *>(event));
-        return true;
-    case QEvent::NativeGesture: {
-        const auto *const gesture = static_cast<QNativeGestureEvent *>(event);
-        if (gesture->gestureType() != Qt::ZoomNativeGesture)
-            break;
-        zoomAbout(KRQtCompat::position(gesture), 1.0 + gesture->value());
-        return true;
-    }
-    case QEvent::ToolTip: {
-        const auto *const help = static_cast<QHelpEvent *>(event);
-        showToolTip(help->pos(), help->globalPos());
-        return true;
-    }
-    default:
-        break;
-    }
-    return QWidget::event(event);
-}
-
-// One finger is what the left button is; two move and scale the map.
-void KRMapView::touchEvent(QTouchEvent *event)
-{
-    event->accept();
-    const QList<KRQtCompat::Touch> touches = KRQtCompat::touches(event);
-    const QHash<int, QPointF> fingersBefore = std::exchange(m_fingers, {});
-    for (const KRQtCompat::Touch &touch : touches)
-        m_fingers.insert(touch.id, touch.position);
-    if (touches.size() > 1) {
-        const auto positionBefore = [&fingersBefore](const KRQtCompat::Touch &touch) {
-            return touch.isNew ? touch.position : fingersBefore.value(touch.id, touch.position);
-        };
-        const QLineF before(positionBefore(touches.at(0)), positionBefore(touches.at(1)));
-        const QLineF now(touches.at(0).position, touches.at(1).position);
-        m_isPressed = false;
-        m_wish.isOpen = false;
-        const double factor = before.length() > 0.0 ? now.length() / before.length() : 1.0;
-        changeViewport(m_viewport.zoomed(factor, before.center()).panned(now.center() - before.center()));
-        return;
-    }
-    const QPoint pixel = touches.isEmpty() ? m_draggedTo : touches.first().position.toPoint();
-    if (event->type() == QEvent::TouchBegin)
-        press(pixel);
-    else if (event->type() == QEvent::TouchUpdate)
-        dragTo(pixel);
-    else
-        release(pixel, true);
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto *const help = static_cast<QHelpEvent *>(event);
+    showToolTip(help->pos(), help->globalPos());
+    return true;
 }
 
 void KRMapView::showToolTip(const QPoint &pixel, const QPoint &globalPosition)
@@ -358,72 +319,14 @@ void KRMapView::resizeEvent(QResizeEvent *)
     fulfilWish();
 }
 
-void KRMapView::mousePressEvent(QMouseEvent *event)
-{
-    if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton) {
-        QWidget::mousePressEvent(event);
-        return;
-    }
-    press(KRQtCompat::position(event).toPoint());
-}
-
 void KRMapView::mouseMoveEvent(QMouseEvent *event)
 {
-    dragTo(KRQtCompat::position(event).toPoint());
     hover(KRQtCompat::position(event).toPoint());
 }
 
 void KRMapView::mouseReleaseEvent(QMouseEvent *event)
 {
-    release(KRQtCompat::position(event).toPoint(), event->button() == Qt::LeftButton);
     hover(KRQtCompat::position(event).toPoint());
-}
-
-void KRMapView::press(const QPoint &pixel)
-{
-    m_isPressed = true;
-    m_isDragged = false;
-    m_draggedTo = pixel;
-}
-
-void KRMapView::dragTo(const QPoint &pixel)
-{
-    const QPoint way = pixel - m_draggedTo;
-    if (!m_isPressed || (!m_isDragged && way.manhattanLength() < QApplication::startDragDistance()))
-        return;
-    m_isDragged = true;
-    m_draggedTo = pixel;
-    pan(way);
-}
-
-void KRMapView::release(const QPoint &pixel, bool isClick)
-{
-    const bool wasClicked = m_isPressed && !m_isDragged && isClick;
-    m_isPressed = false;
-    m_isDragged = false;
-    if (!wasClicked)
-        return;
-    const KRTrackPicker::Hit hit = hitAt(pixel);
-    if (hit.isValid())
-        emit trackClicked(hit.row);
-    else if (hit.position.isValid())
-        emit positionClicked(hit.position);
-}
-
-void KRMapView::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton)
-        zoomAbout(KRQtCompat::position(event), zoomStep);
-}
-
-void KRMapView::wheelEvent(QWheelEvent *event)
-{
-    const QPoint turn = event->angleDelta();
-    if (std::abs(turn.x()) > 2 * std::abs(turn.y()))
-        pan(QPointF(turn.x() / 2.0, 0.0));
-    else
-        zoomAbout(event->position(), std::exp2(turn.y() / wheelUnitsPerDoubling));
-    event->accept();
 }
 
 void KRMapView::keyPressEvent(QKeyEvent *event)

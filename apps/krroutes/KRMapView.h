@@ -7,13 +7,12 @@
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
-#include <QHash>
 #include <QMetaObject>
 #include <QPointF>
 #include <QWidget>
 
+class KRMapGestures;
 class KRMapGround;
-class QTouchEvent;
 
 /**
  * The map: shows ground and tracks, is moved and zoomed by mouse, keys and fingers, and tells what lies where.
@@ -21,8 +20,7 @@ class QTouchEvent;
  * Ground and tracks are drawn by threads of their own; meanwhile the last picture is moved and scaled, so that the map
  * follows the hand however much there is to draw. Rows count as the tracks of the selection.
  *
- * Drag: move. Wheel: zoom about the pointer, sideways: move. Double click: zoom in. Keys: arrows, plus, minus, Home for
- * all tracks.
+ * Mouse and fingers: see KRMapGestures. Keys: arrows, plus, minus, Home for all tracks.
  */
 class KRMapView : public QWidget
 {
@@ -76,11 +74,8 @@ protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void wheelEvent(QWheelEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void leaveEvent(QEvent *event) override;
@@ -100,17 +95,14 @@ private:
     void fulfilWish();
     void takePicker(const KRTrackPicker &picker, int selectionNumber);
     void hover(const QPoint &pixel);
-    void touchEvent(QTouchEvent *event);
-    void press(const QPoint &pixel);
-    void dragTo(const QPoint &pixel);
-    /// @p isClick unless another button than the left one was released.
-    void release(const QPoint &pixel, bool isClick);
+    void click(const QPoint &pixel);
     void showToolTip(const QPoint &pixel, const QPoint &globalPosition);
 
     void paintMarker(QPainter *painter) const;
     void paintFurniture(QPainter *painter) const;
     void paintFocusFrame(QPainter *painter) const;
 
+    KRMapGestures *m_gestures;
     KRMapViewport m_viewport;
     KRMapGround *m_ground = nullptr;
     QMetaObject::Connection m_groundChanges;
@@ -133,11 +125,6 @@ private:
     int m_taskNumber = 0;
     int m_groundTaskDone = 0;
     int m_tracksTaskDone = 0;
-
-    QPoint m_draggedTo;
-    bool m_isPressed = false;
-    bool m_isDragged = false;
-    QHash<int, QPointF> m_fingers; ///< where each of them was last
 
     // The first to go.
     KRMapDrawingThread m_groundThread{KRMapDrawingThread::Part::Ground};

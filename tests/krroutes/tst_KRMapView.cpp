@@ -105,10 +105,9 @@ void turnWheel(QWidget *widget, const QPoint &pixel, const QPoint &turn)
     QApplication::sendEvent(widget, &event);
 }
 
-void moveWithButton(QWidget *widget, const QPoint &pixel)
+void moveWith(Qt::MouseButtons buttons, QWidget *widget, const QPoint &pixel)
 {
-    QMouseEvent event(QEvent::MouseMove, pixel, widget->mapToGlobal(pixel), Qt::NoButton, Qt::LeftButton,
-                      Qt::NoModifier);
+    QMouseEvent event(QEvent::MouseMove, pixel, widget->mapToGlobal(pixel), Qt::NoButton, buttons, Qt::NoModifier);
     QApplication::sendEvent(widget, &event);
 }
 
@@ -124,6 +123,7 @@ private slots:
     void contextMenuByMouseAndKey();
     void pointerTellsThePosition();
     void dragMovesTheMap();
+    void lostReleaseEndsADrag();
     void oldPictureFollowsMeanwhile();
     void zoomsAboutThePointer();
     void fingersPinch();
@@ -233,7 +233,7 @@ void tst_KRMapView::dragMovesTheMap()
     const QPoint start = view.pixelOf(53.2, 8.0);
     QTest::mousePress(&view, Qt::LeftButton, Qt::NoModifier, start);
     for (int i = 1; i <= 10; ++i)
-        moveWithButton(&view, start + i * QPoint(7, 20));
+        moveWith(Qt::LeftButton, &view, start + i * QPoint(7, 20));
     QTest::mouseRelease(&view, Qt::LeftButton, Qt::NoModifier, start + QPoint(70, 200));
     QVERIFY(view.keeps(53.2, 8.0, start + QPoint(70, 200)));
     QVERIFY(clicked.isEmpty());
@@ -244,6 +244,28 @@ void tst_KRMapView::dragMovesTheMap()
     const KRMapViewport viewport = view.viewport();
     QTest::mouseMove(&view, start);
     QVERIFY(view.viewport() == viewport);
+}
+
+void tst_KRMapView::lostReleaseEndsADrag()
+{
+    ShownView view;
+    QSignalSpy clicked(&view, &KRMapView::trackClicked);
+    const QPoint start = view.pixelOf(53.2, 8.0);
+    QTest::mousePress(&view, Qt::LeftButton, Qt::NoModifier, start);
+    moveWith(Qt::LeftButton, &view, start + QPoint(0, 50));
+    QVERIFY(view.keeps(53.2, 8.0, start + QPoint(0, 50)));
+    // A menu has got the release.
+    moveWith(Qt::NoButton, &view, start + QPoint(0, 150));
+    QVERIFY(view.keeps(53.2, 8.0, start + QPoint(0, 50)));
+    QCOMPARE(view.cursor().shape(), Qt::ArrowCursor);
+
+    QTest::touchEvent(&view, QTest::createTouchDevice()).press(1, start, &view);
+    QTouchEvent cancel(QEvent::TouchCancel);
+    QApplication::sendEvent(&view, &cancel);
+    moveWith(Qt::LeftButton, &view, start + QPoint(0, 150));
+    QVERIFY(view.keeps(53.2, 8.0, start + QPoint(0, 50)));
+    QTest::mouseRelease(&view, Qt::LeftButton, Qt::NoModifier, view.pixelOf(53.2, 8.0));
+    QVERIFY(clicked.isEmpty());
 }
 
 void tst_KRMapView::oldPictureFollowsMeanwhile()
