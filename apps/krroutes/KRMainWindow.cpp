@@ -2,11 +2,11 @@
 
 #include "KRAutosave.h"
 #include "KRDocumentActions.h"
-#include "KRFlightLineDialog.h"
 #include "KRGroundMenu.h"
 #include "KRMapActions.h"
 #include "KRMapView.h"
 #include "KROutputActions.h"
+#include "KRPlaceActions.h"
 #include "KRPreferencesDialog.h"
 #include "KRProfileView.h"
 #include "KRRecoveryOffer.h"
@@ -61,8 +61,8 @@ KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
     : QMainWindow(parent), m_recoveryPlace(recoveryPlace),
       m_autosave(new KRAutosave(&m_workspace, recoveryPlace, this)),
       m_documentActions(new KRDocumentActions(&m_workspace, this)),
-      m_trackActions(new KRTrackActions(&m_workspace, this)), m_groundMenu(new KRGroundMenu(this)),
-      m_map(new KRMapView), m_mapActions(new KRMapActions(m_map, this)),
+      m_trackActions(new KRTrackActions(&m_workspace, this)), m_placeActions(new KRPlaceActions(&m_workspace, this)),
+      m_groundMenu(new KRGroundMenu(this)), m_map(new KRMapView), m_mapActions(new KRMapActions(m_map, this)),
       m_outputActions(new KROutputActions(&m_workspace, m_map, m_groundMenu, m_mapActions, this)),
       m_docks(new KRViewerDocks(&m_workspace, this)), m_toolBar(addToolBar(tr("Werkzeugleiste"))),
       m_trackMenu(new QMenu(tr("&Route"), this)), m_positionLabel(new QLabel(this))
@@ -175,19 +175,13 @@ void KRMainWindow::createEditMenu()
     QAction *const redo = m_workspace.undoStack()->createRedoAction(this);
     KRViewerIcons::setIcon(redo, QStringLiteral("ico_redo"));
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    QAction *const flightLine = KRViewerAction::make(this, QStringLiteral("ico_flight_line"), tr("&Fluglinie …"),
-                                                     QKeySequence(Qt::CTRL | Qt::Key_F));
-    connect(flightLine, &QAction::triggered, this, [this] { askForFlightLine(KRGeoPosition()); });
-    QAction *const place =
-        KRViewerAction::make(this, QStringLiteral("ico_place_add"), tr("&Ort …"), QKeySequence(Qt::CTRL | Qt::Key_L));
-    connect(place, &QAction::triggered, m_docks, &KRViewerDocks::showPlaces);
     QAction *const preferences = KRViewerAction::make(this, QStringLiteral("ico_preferences"), tr("&Einstellungen …"),
                                                       QKeySequence::Preferences);
     connect(preferences, &QAction::triggered, this, [this] { KRPreferencesDialog(this).exec(); });
 
     menu->addActions({undo, redo});
     menu->addSeparator();
-    menu->addActions({place, flightLine});
+    m_placeActions->addTo(menu);
     menu->addSeparator();
     menu->addAction(preferences);
     m_toolBar->addActions({undo, redo});
@@ -258,7 +252,7 @@ void KRMainWindow::connectMap()
     connect(m_map, &KRMapView::trackContextMenuRequested, this,
             [this](int row, const KRGeoPosition &position, const QPoint &globalPosition) {
                 if (row < 0) {
-                    showMapMenu(position, globalPosition);
+                    m_placeActions->showMapMenu(position, globalPosition);
                     return;
                 }
                 trackList()->selectTrack(row);
@@ -283,7 +277,6 @@ void KRMainWindow::connectTrackList()
         markPosition(KRGeoPosition());
         m_trackActions->setCurrentRow(row);
     });
-    connect(m_docks, &KRViewerDocks::placeChosen, this, &KRMainWindow::addPlace);
     connect(m_docks, &KRViewerDocks::defaultLookChanged, this,
             [this] { statusBar()->showMessage(tr("So werden neue Routen gezeichnet."), messageTimeMs); });
 
@@ -301,6 +294,11 @@ void KRMainWindow::connectTrackList()
         trackList()->selectTrack(row);
         m_trackActions->remove();
     });
+    connect(m_docks, &KRViewerDocks::placeChosen, m_placeActions, &KRPlaceActions::addPlace);
+    connect(m_placeActions, &KRPlaceActions::placesRequested, m_docks, &KRViewerDocks::showPlaces);
+    connect(m_placeActions, &KRPlaceActions::rowSuggested, trackList(), &KRTrackListView::selectTrack);
+    connect(m_placeActions, &KRPlaceActions::zoomRequested, m_map, &KRMapView::showTrack);
+
 }
 
 void KRMainWindow::restoreWindow()
@@ -340,37 +338,6 @@ void KRMainWindow::showTrackMenu(int row, const QPoint &globalPosition)
         return;
     trackList()->selectTrack(row);
     m_trackMenu->popup(globalPosition);
-}
-
-void KRMainWindow::showMapMenu(const KRGeoPosition &position, const QPoint &globalPosition)
-{
-    QMenu menu(this);
-    menu.addAction(KRViewerIcons::icon(QStringLiteral("ico_place_add")), tr("&Ort hier hinzufügen"), this,
-                   [this, position] { addPlace(tr("Ort"), position); });
-    menu.addAction(KRViewerIcons::icon(QStringLiteral("ico_flight_line")), tr("&Fluglinie von hier …"), this,
-                   [this, position] { askForFlightLine(position); });
-    menu.exec(globalPosition);
-}
-
-void KRMainWindow::addPlace(const QString &name, const KRGeoPosition &position)
-{
-    const KRGPXTrackPoint point(position, 0, QDateTime(), name);
-    const KRGPXConfiguredTrack place(point, KRGPXTrackConfiguration::currentDefaultConfiguration());
-    m_workspace.addTracks(KRGPXConfiguredTrackList(place), tr("Ort „%1“ hinzufügen").arg(name));
-    trackList()->selectTrack(m_workspace.selection().count() - 1);
-}
-
-void KRMainWindow::askForFlightLine(const KRGeoPosition &start)
-{
-    KRFlightLineDialog dialog(this);
-    if (start.isValid())
-        dialog.setStart(start);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const KRGPXConfiguredTrack line(dialog.track(), KRGPXTrackConfiguration::currentDefaultConfiguration());
-    m_workspace.addTracks(KRGPXConfiguredTrackList(line), tr("Fluglinie „%1“ hinzufügen").arg(line.name()));
-    trackList()->selectTrack(m_workspace.selection().count() - 1);
-    m_map->showTrack(m_workspace.selection().count() - 1);
 }
 
 void KRMainWindow::moveFocus(int step)

@@ -12,6 +12,7 @@ class KRMapActions;
 class KRMapView;
 class KROutputActions;
 class KRTrackActions;
+class KRPlaceActions;
 class KRTrackListView;
 class KRViewerDocks;
 class QLabel;
@@ -61,10 +62,6 @@ private:
     /// Shows the place at which the current track can be split; an invalid one hides it.
     void markPosition(const KRGeoPosition &position);
     void showTrackMenu(int row, const QPoint &globalPosition);
-    void showMapMenu(const KRGeoPosition &position, const QPoint &globalPosition);
-    void addPlace(const QString &name, const KRGeoPosition &position);
-    /// @p start is not valid where the user has not pointed at a place.
-    void askForFlightLine(const KRGeoPosition &start);
     void moveFocus(int step);
     void showAbout();
 
@@ -75,6 +72,7 @@ private:
     KRTrackActions *m_trackActions;
     KRGroundMenu *m_groundMenu;
     KRMapView *m_map;
+    KRPlaceActions *m_placeActions;
     KRMapActions *m_mapActions;
     KROutputActions *m_outputActions;
     KRViewerDocks *m_docks;
