@@ -25,6 +25,8 @@ public:
     /// Null for no map.
     KRMapGround *ground() const { return m_ground.get(); }
     KRGroundChoice choice() const { return m_choice; }
+    /// Why there is no map or not all of it, for users; empty where all goes well.
+    QString problem() const { return m_problem; }
 
 public slots:
     void setChoice(const KRGroundChoice &choice);
@@ -32,7 +34,6 @@ public slots:
 signals:
     /// The ground before lives until all receivers are done.
     void groundChanged(KRMapGround *ground);
-    /// Why there is no map or not all of it, for users; empty when that is over.
     void problemChanged(const QString &problem);
 
 private:

@@ -20,7 +20,7 @@
 #include <KRMapGround.h>
 
 #include <KRCore/KRErrorHistory.h>
-#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGUIWidgets/KRElidedLabel.h>
 
 #include <QAction>
 #include <QApplication>
@@ -55,6 +55,18 @@ QStringList localFiles(const QMimeData *mimeData)
     return files;
 }
 
+/// In the status bar, for as long as there is a reason: messages there give way to the next tip.
+void showWarning(KRElidedLabel *label, const QString &text)
+{
+    constexpr int mostCharactersShown = 60;
+    const QFontMetrics metrics = label->fontMetrics();
+    const int width = std::min(metrics.horizontalAdvance(text) + 1, mostCharactersShown * metrics.averageCharWidth());
+    label->setMinimumWidth(width + 2 * KRElidedLabel::textPaddingPx);
+    label->setFullText(text);
+    label->setToolTip(QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
+    label->setVisible(!text.isEmpty());
+}
+
 } // namespace
 
 KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
@@ -65,17 +77,21 @@ KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
       m_groundMenu(new KRGroundMenu(this)), m_map(new KRMapView), m_mapActions(new KRMapActions(m_map, this)),
       m_outputActions(new KROutputActions(&m_workspace, m_map, m_groundMenu, m_mapActions, this)),
       m_docks(new KRViewerDocks(&m_workspace, this)), m_toolBar(addToolBar(tr("Werkzeugleiste"))),
-      m_trackMenu(new QMenu(tr("&Route"), this)), m_positionLabel(new QLabel(this))
+      m_trackMenu(new QMenu(tr("&Route"), this)), m_groundWarning(new KRElidedLabel),
+      m_autosaveWarning(new KRElidedLabel), m_positionLabel(new QLabel(this))
 {
     setAcceptDrops(true);
     setCentralWidget(m_map);
     m_map->setGround(m_groundMenu->ground());
     m_toolBar->setObjectName(QStringLiteral("toolBar"));
+    statusBar()->addPermanentWidget(m_groundWarning);
+    statusBar()->addPermanentWidget(m_autosaveWarning);
     statusBar()->addPermanentWidget(m_positionLabel);
     createMenus();
     connectWorkspace();
     connectMap();
     connectTrackList();
+    connectWarnings();
     updateTitle();
     restoreWindow();
     m_map->setFocus(); // so that its keys work from the start
@@ -233,16 +249,11 @@ void KRMainWindow::connectWorkspace()
         trackList()->selectTrack(firstRow);
         m_map->showAll();
     });
-    connect(m_autosave, &KRAutosave::failed, this, [this](const QString &reason) {
-        statusBar()->showMessage(tr("Ungesicherte Änderungen sind nicht vor einem Absturz sicher: %1").arg(reason));
-    });
 }
 
 void KRMainWindow::connectMap()
 {
     connect(m_groundMenu, &KRGroundMenu::groundChanged, m_map, &KRMapView::setGround);
-    connect(m_groundMenu, &KRGroundMenu::problemChanged, this,
-            [this](const QString &problem) { statusBar()->showMessage(problem); });
     connect(m_map, &KRMapView::positionHovered, this, &KRMainWindow::showPosition);
     connect(m_map, &KRMapView::trackClicked, this, [this](int row) {
         trackList()->selectTrack(row);
@@ -283,6 +294,11 @@ void KRMainWindow::connectTrackList()
     connect(m_trackActions, &KRTrackActions::rowSuggested, trackList(), &KRTrackListView::selectTrack);
     connect(m_trackActions, &KRTrackActions::zoomRequested, m_map, &KRMapView::showTrack);
 
+    connect(m_docks, &KRViewerDocks::placeChosen, m_placeActions, &KRPlaceActions::addPlace);
+    connect(m_placeActions, &KRPlaceActions::placesRequested, m_docks, &KRViewerDocks::showPlaces);
+    connect(m_placeActions, &KRPlaceActions::rowSuggested, trackList(), &KRTrackListView::selectTrack);
+    connect(m_placeActions, &KRPlaceActions::zoomRequested, m_map, &KRMapView::showTrack);
+
     connect(trackList(), &KRTrackListView::zoomRequested, m_map, &KRMapView::showTrack);
     connect(trackList(), &KRTrackListView::contextMenuRequested, this, &KRMainWindow::showTrackMenu);
     connect(trackList(), &KRTrackListView::markRequested, trackList(), &KRTrackListView::selectTrack);
@@ -294,11 +310,24 @@ void KRMainWindow::connectTrackList()
         trackList()->selectTrack(row);
         m_trackActions->remove();
     });
-    connect(m_docks, &KRViewerDocks::placeChosen, m_placeActions, &KRPlaceActions::addPlace);
-    connect(m_placeActions, &KRPlaceActions::placesRequested, m_docks, &KRViewerDocks::showPlaces);
-    connect(m_placeActions, &KRPlaceActions::rowSuggested, trackList(), &KRTrackListView::selectTrack);
-    connect(m_placeActions, &KRPlaceActions::zoomRequested, m_map, &KRMapView::showTrack);
+}
 
+void KRMainWindow::connectWarnings()
+{
+    showWarning(m_groundWarning, m_groundMenu->problem());
+    connect(m_groundMenu, &KRGroundMenu::problemChanged, m_groundWarning,
+            [this](const QString &problem) { showWarning(m_groundWarning, problem); });
+
+    showWarning(m_autosaveWarning, QString());
+    connect(m_autosave, &KRAutosave::failed, m_autosaveWarning, [this](const QString &reason) {
+        showWarning(m_autosaveWarning,
+                    tr("Ungesicherte Änderungen sind nicht vor einem Absturz sicher: %1").arg(reason));
+    });
+    connect(m_autosave, &KRAutosave::written, m_autosaveWarning, [this] { showWarning(m_autosaveWarning, QString()); });
+    connect(&m_workspace, &KRRouteWorkspace::documentChanged, m_autosaveWarning, [this] {
+        if (!m_workspace.isModified())
+            showWarning(m_autosaveWarning, QString());
+    });
 }
 
 void KRMainWindow::restoreWindow()

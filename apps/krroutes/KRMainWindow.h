@@ -7,12 +7,13 @@
 
 class KRAutosave;
 class KRDocumentActions;
+class KRElidedLabel;
 class KRGroundMenu;
 class KRMapActions;
 class KRMapView;
 class KROutputActions;
-class KRTrackActions;
 class KRPlaceActions;
+class KRTrackActions;
 class KRTrackListView;
 class KRViewerDocks;
 class QLabel;
@@ -55,6 +56,7 @@ private:
     void connectWorkspace();
     void connectMap();
     void connectTrackList();
+    void connectWarnings();
     void restoreWindow();
 
     void updateTitle();
@@ -70,13 +72,15 @@ private:
     KRAutosave *m_autosave;
     KRDocumentActions *m_documentActions;
     KRTrackActions *m_trackActions;
+    KRPlaceActions *m_placeActions;
     KRGroundMenu *m_groundMenu;
     KRMapView *m_map;
-    KRPlaceActions *m_placeActions;
     KRMapActions *m_mapActions;
     KROutputActions *m_outputActions;
     KRViewerDocks *m_docks;
     QToolBar *m_toolBar;
     QMenu *m_trackMenu;
+    KRElidedLabel *m_groundWarning;
+    KRElidedLabel *m_autosaveWarning;
     QLabel *m_positionLabel;
 };

@@ -2,6 +2,8 @@
 
 #include "KRAutosave.h"
 #include "KRDialogAnswer.h"
+#include "KRGroundMenu.h"
+#include "KRGroundSettings.h"
 #include "KRImportReportDialog.h"
 #include "KRLookEditor.h"
 #include "KRMapView.h"
@@ -39,6 +41,7 @@ private slots:
     void everyAreaIsReachedByKey();
     void noKeyStandsForTwoThings();
     void windowIsRemembered();
+    void warningsStay();
     void unsavedWorkIsOfferedAfterACrash();
 
 private:
@@ -475,3 +478,28 @@ void tst_KRMainWindow::unsavedWorkIsOfferedAfterACrash()
 }
 
 #include "tst_KRMainWindow.moc"
+void tst_KRMainWindow::warningsStay()
+{
+    const auto isWarned = [this](const char *word) {
+        const QList<QLabel *> labels = m_window->statusBar()->findChildren<QLabel *>();
+        return std::any_of(labels.cbegin(), labels.cend(), [&](const QLabel *label) {
+            return label->isVisible() && label->text().contains(QLatin1String(word));
+        });
+    };
+    KRGroundSettings().setChoice(KRGroundChoice::tiles(QStringLiteral("/nowhere/a.mbtiles"), QString()));
+    KRTestFile::write(path("file"), "in the way of the folder");
+    m_window = std::make_unique<KRMainWindow>(QDir(path("file")));
+    m_window->show();
+    KRGroundSettings().setChoice(KRGroundChoice());
+    QVERIFY(isWarned("gefunden") && !isWarned("Absturz"));
+    workspace()->setCroppingOpacity(7);
+    QTRY_VERIFY(isWarned("Absturz"));
+    m_window->statusBar()->showMessage(QStringLiteral("Tip"));
+    m_window->statusBar()->clearMessage();
+    QVERIFY(isWarned("gefunden") && isWarned("Absturz"));
+
+    QVERIFY(workspace()->save(path("Reise.krroute"), nullptr));
+    m_window->findChild<KRGroundMenu *>()->setChoice(KRGroundChoice());
+    QVERIFY(!isWarned("gefunden") && !isWarned("Absturz"));
+}
+
