@@ -24,7 +24,8 @@ KRTrackActions::KRTrackActions(KRRouteWorkspace *workspace, QMainWindow *window)
     add(QStringLiteral("ico_rename"), tr("&Umbenennen …"), QKeySequence(Qt::Key_F2), &KRTrackActions::rename);
     add(QStringLiteral("ico_duplicate"), tr("&Verdoppeln"), QKeySequence(Qt::CTRL | Qt::Key_D),
         &KRTrackActions::duplicate);
-    add(QStringLiteral("ico_deleteListItem"), tr("&Löschen"), QKeySequence::Delete, &KRTrackActions::remove);
+    m_removeAction =
+        add(QStringLiteral("ico_deleteListItem"), tr("&Löschen"), QKeySequence::Delete, &KRTrackActions::remove);
     m_actions.append(nullptr);
     add(QStringLiteral("ico_reverse"), tr("&Richtung umkehren"), QKeySequence(Qt::CTRL | Qt::Key_R),
         &KRTrackActions::reverse);
@@ -114,21 +115,26 @@ void KRTrackActions::updateActions()
 {
     const KRGPXTrackSelection selection = m_workspace->selection();
     const bool isTrack = selection.checkRange(m_row);
+    // A document keeps a track whose file it could not read, and which has no points, as long as nothing changes it.
+    const auto hasPoints = [&selection](int row) {
+        return selection.checkRange(row) && selection.value(row).track().isValid();
+    };
     for (QAction *const action : std::as_const(m_actions)) {
         if (action != nullptr)
-            action->setEnabled(isTrack);
+            action->setEnabled(hasPoints(m_row));
     }
-    if (!isTrack)
+    m_removeAction->setEnabled(isTrack);
+    m_upAction->setEnabled(isTrack && m_row > 0);
+    m_downAction->setEnabled(isTrack && selection.checkRange(m_row + 1));
+    if (!hasPoints(m_row))
         return;
     const KRGPXConfiguredTrack current = selection.value(m_row);
     // An area with holes has no two parts to which each hole would belong.
     m_splitAction->setEnabled(m_markedPosition.isValid() && !current.isSinglePoint()
                               && current.track().enclaves().isEmpty());
     m_splitSegmentsAction->setEnabled(current.track().segments().size() > 1);
-    m_joinAction->setEnabled(selection.checkRange(m_row + 1));
+    m_joinAction->setEnabled(hasPoints(m_row + 1));
     m_simplifyAction->setEnabled(!current.isSinglePoint());
-    m_upAction->setEnabled(m_row > 0);
-    m_downAction->setEnabled(selection.checkRange(m_row + 1));
 }
 
 void KRTrackActions::zoom()

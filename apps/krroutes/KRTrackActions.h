@@ -61,6 +61,7 @@ private:
     KRGeoPosition m_markedPosition;
 
     QList<QAction *> m_actions; ///< in the order of the menu, nullptr for a line between groups
+    QAction *m_removeAction = nullptr;
     QAction *m_splitAction = nullptr;
     QAction *m_splitSegmentsAction = nullptr;
     QAction *m_joinAction = nullptr;

@@ -34,12 +34,14 @@ private slots:
     void importKeepsTheWindow();
     void filesAreDropped();
     void tracksAreEditedByKeys();
+    void unreadableTracksAreNotChanged();
     void tracksAreChosenAndSplitOnTheMap();
     void lookIsChangedAndUndone();
     void placesAndFlightLinesAreAdded();
     void mapIsExportedAndPrinted();
     void everyAreaIsReachedByKey();
     void noKeyStandsForTwoThings();
+    void windowIsRemembered();
     void windowIsRemembered();
     void warningsStay();
     void unsavedWorkIsOfferedAfterACrash();
