@@ -56,7 +56,7 @@ void KRDocumentActions::addTo(QToolBar *toolBar) const
 
 void KRDocumentActions::openFiles(const QStringList &fileNames)
 {
-    if (fileNames.isEmpty() || m_loader->isImporting())
+    if (fileNames.isEmpty() || m_loader->isReading())
         return;
     const bool isDocument = fileNames.size() == 1 && KRRouteDocument::isDocument(QFileInfo(fileNames.first()));
     if (isDocument && !mayLoseChanges())
@@ -72,8 +72,8 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
 
 bool KRDocumentActions::mayLoseChanges()
 {
-    // Nothing takes the place of the document, nor does the window close, while tracks for it are on their way.
-    if (m_loader->isImporting())
+    // Nothing takes the place of the document, nor does the window close, while files are being read.
+    if (m_loader->isReading())
         return false;
     if (!m_workspace->isModified())
         return true;

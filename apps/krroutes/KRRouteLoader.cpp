@@ -1,5 +1,6 @@
 #include "KRRouteLoader.h"
 
+#include "KRBackgroundTask.h"
 #include "KRImportReportDialog.h"
 #include "KRRouteWorkspace.h"
 #include "KRWaitCursor.h"
@@ -51,7 +52,7 @@ bool KRRouteLoader::import(const QStringList &fileNames)
     import.setProgressFunction(showFile);
     import.setWaitFunction(stayAlive);
     const bool isRead = [&] {
-        const QScopedValueRollback<bool> importing(m_isImporting, true);
+        const QScopedValueRollback<bool> reading(m_isReading, true);
         const KRWaitCursor cursor;
         return import.read(fileNames);
     }();
@@ -71,18 +72,27 @@ bool KRRouteLoader::import(const QStringList &fileNames)
 
 bool KRRouteLoader::openDocument(const QString &fileName)
 {
+    const QString name = QFileInfo(fileName).fileName();
+    KRRouteDocument document;
     KRErrorHistory problems;
-    const bool isOpen = [&] {
+    bool isOpen = false;
+    const bool isWanted = [&] {
+        const QScopedValueRollback<bool> reading(m_isReading, true);
         const KRWaitCursor cursor;
-        return m_workspace->open(fileName, &problems);
+        return KRBackgroundTask::run(
+            m_window, tr("„%1“ wird gelesen …").arg(name),
+            [&] { isOpen = document.load(QFileInfo(fileName), &problems); }, [] {});
     }();
+    if (!isWanted)
+        return false;
     if (isOpen) {
+        m_workspace->open(document, fileName);
         report(problems, {});
         return true;
     }
     const QString reason = problems.isEmpty() ? QString() : problems.entries().first().toString();
     QMessageBox::critical(m_window, tr("Dokument öffnen"),
-                          tr("„%1“ kann nicht geöffnet werden.\n\n%2").arg(QFileInfo(fileName).fileName(), reason));
+                          tr("„%1“ kann nicht geöffnet werden.\n\n%2").arg(name, reason));
     return false;
 }
 

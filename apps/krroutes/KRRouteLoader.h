@@ -23,11 +23,12 @@ public:
     /// Name filters for a file dialog: all that can be read, then each kind.
     static QStringList nameFilters();
 
-    /// Whether files are being imported. The program handles events meanwhile.
-    bool isImporting() const { return m_isImporting; }
+    /// Whether files are being read. The program handles events meanwhile.
+    bool isReading() const { return m_isReading; }
     /// Adds the tracks of the files, one undo step for all; nothing when the user cancels. False when none came.
     bool import(const QStringList &fileNames);
-    /// Opens a route document instead of the one that is open. False, with a message, when it cannot be read.
+    /// Opens a route document instead of the one that is open. False when the user cancels and, with a message, when it
+    /// cannot be read.
     bool openDocument(const QString &fileName);
 
 signals:
@@ -39,5 +40,5 @@ private:
 
     KRRouteWorkspace *m_workspace;
     QWidget *m_window;
-    bool m_isImporting = false;
+    bool m_isReading = false;
 };

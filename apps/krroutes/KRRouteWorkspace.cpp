@@ -112,8 +112,13 @@ bool KRRouteWorkspace::open(const QString &fileName, KRErrorHistory *history)
     KRRouteDocument document;
     if (!document.load(QFileInfo(fileName), history))
         return false;
-    replaceDocument(document.selection(), fileName);
+    open(document, fileName);
     return true;
+}
+
+void KRRouteWorkspace::open(const KRRouteDocument &document, const QString &fileName)
+{
+    replaceDocument(document.selection(), fileName);
 }
 
 bool KRRouteWorkspace::save(const QString &fileName, KRErrorHistory *history)

@@ -11,6 +11,7 @@
 #include <QUndoStack>
 
 class KRErrorHistory;
+class KRRouteDocument;
 
 /**
  * The route document that the user works on: its tracks, the file it belongs to and an undo step for every change.
@@ -53,6 +54,8 @@ public:
     void startNew();
     /// False, with everything as it was, when the file is no document; see KRRouteDocument::load().
     bool open(const QString &fileName, KRErrorHistory *history);
+    /// The same for a document that was read from the file before.
+    void open(const KRRouteDocument &document, const QString &fileName);
     /// The document belongs to this file from now on. False when it could not be written; then it stays modified.
     bool save(const QString &fileName, KRErrorHistory *history);
     /// Opens @p recoveryFile as the unsaved state of the document @p fileName, which is not read.

@@ -41,9 +41,8 @@ private slots:
     void mapIsExportedAndPrinted();
     void everyAreaIsReachedByKey();
     void noKeyStandsForTwoThings();
-    void windowIsRemembered();
-    void windowIsRemembered();
     void warningsStay();
+    void windowIsRemembered();
     void unsavedWorkIsOfferedAfterACrash();
 
 private:
@@ -243,6 +242,18 @@ void tst_KRMainWindow::importKeepsTheWindow()
     QVERIFY(isAlive);
     QVERIFY(m_window->isVisible());
     QCOMPARE(names(), QStringLiteral("Radtour um Oldenburg"));
+
+    workspace()->undoStack()->setClean();
+    isAlive = false;
+    QTimer::singleShot(0, m_window.get(), [&] {
+        isAlive = !names().isEmpty();
+        m_window->close();
+        m_window->openFiles({m_lake});
+    });
+    m_window->openFiles({document});
+    QVERIFY(isAlive);
+    QVERIFY(m_window->isVisible());
+    QVERIFY(names().isEmpty());
 }
 
 void tst_KRMainWindow::filesAreDropped()
@@ -293,6 +304,38 @@ void tst_KRMainWindow::tracksAreEditedByKeys()
         key(Qt::Key_Z);
     QVERIFY(workspace()->selection() == opened);
     QVERIFY(!workspace()->model()->tracks().isEmpty());
+}
+
+void tst_KRMainWindow::unreadableTracksAreNotChanged()
+{
+    const QString document = path("Reise.krroute");
+    m_window->openFiles({m_tour, m_lake});
+    QVERIFY(workspace()->save(document, nullptr));
+    const KRGPXTrackSelection saved = workspace()->selection();
+    QDir share(path("Reise.tracks"));
+    for (const QString &name : share.entryList(QDir::Files))
+        QVERIFY(share.rename(name, name + QStringLiteral(".away")));
+    {
+        KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Escape)});
+        m_window->openFiles({document});
+        QVERIFY(answers.isDone());
+    }
+    KRDialogAnswer answers({});
+    for (int row = 0; row < 2; ++row) {
+        m_window->trackList()->selectTrack(row);
+        key(Qt::Key_F2, Qt::NoModifier);
+        for (const Qt::Key letter : {Qt::Key_D, Qt::Key_R, Qt::Key_J})
+            key(letter);
+    }
+    QVERIFY(answers.isDone());
+    key(Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(workspace()->undoStack()->count(), 1);
+    key(Qt::Key_S);
+    for (const QString &name : share.entryList(QDir::Files))
+        QVERIFY(share.rename(name, name.chopped(5)));
+    m_window->openFiles({document});
+    QCOMPARE(names(), saved.value(1).name() + QLatin1Char('/') + saved.value(0).name());
+    QCOMPARE(track(1).track().countPoints(), saved.value(0).track().countPoints());
 }
 
 void tst_KRMainWindow::tracksAreChosenAndSplitOnTheMap()
@@ -440,6 +483,31 @@ void tst_KRMainWindow::noKeyStandsForTwoThings()
     QCOMPARE(workspace()->undoStack()->undoText(), QStringLiteral("Hin && zurück"));
 }
 
+void tst_KRMainWindow::warningsStay()
+{
+    const auto isWarned = [this](const char *word) {
+        const QList<QLabel *> labels = m_window->statusBar()->findChildren<QLabel *>();
+        return std::any_of(labels.cbegin(), labels.cend(), [&](const QLabel *label) {
+            return label->isVisible() && label->text().contains(QLatin1String(word));
+        });
+    };
+    KRGroundSettings().setChoice(KRGroundChoice::tiles(QStringLiteral("/nowhere/a.mbtiles"), QString()));
+    KRTestFile::write(path("file"), "in the way of the folder");
+    m_window = std::make_unique<KRMainWindow>(QDir(path("file")));
+    m_window->show();
+    KRGroundSettings().setChoice(KRGroundChoice());
+    QVERIFY(isWarned("gefunden") && !isWarned("Absturz"));
+    workspace()->setCroppingOpacity(7);
+    QTRY_VERIFY(isWarned("Absturz"));
+    m_window->statusBar()->showMessage(QStringLiteral("Tip"));
+    m_window->statusBar()->clearMessage();
+    QVERIFY(isWarned("gefunden") && isWarned("Absturz"));
+
+    QVERIFY(workspace()->save(path("Reise.krroute"), nullptr));
+    m_window->findChild<KRGroundMenu *>()->setChoice(KRGroundChoice());
+    QVERIFY(!isWarned("gefunden") && !isWarned("Absturz"));
+}
+
 void tst_KRMainWindow::windowIsRemembered()
 {
     const auto dock = [this](const char *name) { return m_window->findChild<QDockWidget *>(QLatin1String(name)); };
@@ -480,28 +548,3 @@ void tst_KRMainWindow::unsavedWorkIsOfferedAfterACrash()
 }
 
 #include "tst_KRMainWindow.moc"
-void tst_KRMainWindow::warningsStay()
-{
-    const auto isWarned = [this](const char *word) {
-        const QList<QLabel *> labels = m_window->statusBar()->findChildren<QLabel *>();
-        return std::any_of(labels.cbegin(), labels.cend(), [&](const QLabel *label) {
-            return label->isVisible() && label->text().contains(QLatin1String(word));
-        });
-    };
-    KRGroundSettings().setChoice(KRGroundChoice::tiles(QStringLiteral("/nowhere/a.mbtiles"), QString()));
-    KRTestFile::write(path("file"), "in the way of the folder");
-    m_window = std::make_unique<KRMainWindow>(QDir(path("file")));
-    m_window->show();
-    KRGroundSettings().setChoice(KRGroundChoice());
-    QVERIFY(isWarned("gefunden") && !isWarned("Absturz"));
-    workspace()->setCroppingOpacity(7);
-    QTRY_VERIFY(isWarned("Absturz"));
-    m_window->statusBar()->showMessage(QStringLiteral("Tip"));
-    m_window->statusBar()->clearMessage();
-    QVERIFY(isWarned("gefunden") && isWarned("Absturz"));
-
-    QVERIFY(workspace()->save(path("Reise.krroute"), nullptr));
-    m_window->findChild<KRGroundMenu *>()->setChoice(KRGroundChoice());
-    QVERIFY(!isWarned("gefunden") && !isWarned("Absturz"));
-}
-
