@@ -30,9 +30,9 @@ static const int maxRunningThreads = QThread::idealThreadCount() * 3;
 KRCORE_EXPORT bool isMainThread();
 
 /**
- * True on the main thread, elsewhere only while the pool has a thread to spare.
+ * True on the main thread, elsewhere only while fewer jobs of the global thread pool are running than it has threads.
  *
- * Jobs of the pool that keep all cores busy gain nothing from helpers.
+ * Only those jobs count, no helpers. Where they keep all cores busy, helpers would gain nothing.
  */
 KRCORE_EXPORT bool mayUsePool();
 
