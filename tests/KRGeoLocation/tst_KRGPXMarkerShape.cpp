@@ -167,15 +167,19 @@ void tst_KRGPXMarkerShape::imagesAndIcons()
     for (const KRGPXMarkerShape &shape : KRGPXMarkerShape::allPointShapes()) {
         ofPoints.append(shape.value());
         const QIcon icon = shape.createIcon(Qt::black, Qt::red);
-        const auto imageOf = [&icon](int side) {
-            return icon.pixmap(side, side).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        const auto imageOnScreen = [&icon](int pixelsPerPoint) {
+            QImage screen(QSize(32, 32) * pixelsPerPoint, QImage::Format_ARGB32_Premultiplied);
+            screen.setDevicePixelRatio(pixelsPerPoint);
+            screen.fill(Qt::transparent);
+            QPainter painter(&screen);
+            icon.paint(&painter, QRect(0, 0, 32, 32));
+            return screen;
         };
         const QImage usual = shape.createImage(QSize(20, 20), 12, Qt::black, Qt::red);
-        QCOMPARE(imageOf(32), usual);
-        // The same for finer screens, with lines as thick and more detail.
+        QCOMPARE(imageOnScreen(1), usual);
+        // The same on finer screens, with lines as thick and more detail.
         for (const int ratio : {2, 3}) {
-            const QImage fine = imageOf(32 * ratio);
-            QCOMPARE(fine.size(), usual.size() * ratio);
+            const QImage fine = imageOnScreen(ratio);
             QVERIFY(fine != usual.scaled(fine.size()));
             const auto inkOf = [](const QImage &picture) {
                 double ink = 0.0;

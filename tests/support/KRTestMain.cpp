@@ -1,6 +1,8 @@
 #include "KRTemporarySettings.h"
 #include "KRTestRegistry.h"
 
+#include <KRCore/KRQtCompat.h>
+
 #include <QApplication>
 #include <QFile>
 #include <QStandardPaths>
@@ -14,6 +16,7 @@ int main(int argc, char *argv[])
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication::setOrganizationName(QStringLiteral("KRTests"));
     QCoreApplication::setApplicationName(QStringLiteral("KRTests"));
+    KRQtCompat::enableHighDpi();
     const QApplication application(argc, argv);
     const KRTemporarySettings settings;
     return KRTestRegistry::instance().run(QCoreApplication::arguments());
