@@ -32,6 +32,9 @@ inline constexpr bool domCutsReferences = QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 /// Qt 5's DOM reads much that breaks the rules of XML, such as an attribute twice or bytes that are no UTF-8.
 inline constexpr bool domReadsBrokenXml = QT_VERSION < QT_VERSION_CHECK(6, 0, 0);
 
+/// On images Qt 6 has dashes begin elsewhere when a part of the line is out of sight.
+inline constexpr bool painterMovesDashes = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
+
 /// Where Qt keeps translations of its own texts.
 inline QString translationsFolder()
 {

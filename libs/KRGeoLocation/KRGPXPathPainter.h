@@ -16,7 +16,8 @@ class QPainterPath;
  * is faster or where the ways could be told apart.
  *
  * Only of lines that leave the range of +-32767 pixels QPainter itself makes a copy cut to that range, whose rounded
- * corners differ here and there by one level of a colour. Everything happens on the calling thread.
+ * corners differ here and there by one level of a colour. And where Qt 6 would move dashes because a part of a line is
+ * out of sight, they stay. Everything happens on the calling thread.
  */
 namespace KRGPXPathPainter {
 
