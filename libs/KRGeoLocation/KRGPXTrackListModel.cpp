@@ -3,6 +3,7 @@
 #include "KRGPXTrackSelection.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QMimeData>
 
 #include <memory>
