@@ -3,6 +3,7 @@
 #include "KRFuzzTargets.h"
 
 #include <KRRouteImport.h>
+#include <KRTestTrack.h>
 
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
@@ -37,7 +38,7 @@ QString brokenByStream(QByteArray xml)
     for (QDomElement trk = root.firstChildElement(trackElement); !trk.isNull();
          trk = trk.nextSiblingElement(trackElement))
         built.append(KRGPXTrack(trk, QDir(QString())));
-    return KRFuzzLaws::exactText(streamed) == KRFuzzLaws::exactText(built)
+    return KRTestTrack::exactText(streamed) == KRTestTrack::exactText(built)
                ? QString()
                : QStringLiteral("A file reads alike as a stream and as a DOM.");
 }

@@ -4,6 +4,7 @@
 
 #include <KRExchangeFile.h>
 #include <KRRouteImport.h>
+#include <KRTestTrack.h>
 #include <KRTrackKeeper.h>
 
 #include <KRGeoLocation/KRGPXConfiguredTrackList.h>
@@ -17,18 +18,6 @@
 #include <numeric>
 
 namespace {
-
-QString exactText(const KRGPXTrackPoint &point)
-{
-    const QDateTime time = point.timeStamp();
-    QString text = QString::number(point.position().latitude().decimalDegrees(), 'g', 17) + QLatin1Char(' ')
-                   + QString::number(point.position().longitude().decimalDegrees(), 'g', 17) + QLatin1Char(' ')
-                   + QString::number(point.elevation()) + QLatin1Char(' ');
-    if (time.isValid())
-        text +=
-            QStringLiteral("%1 %2 %3 ").arg(time.toMSecsSinceEpoch()).arg(time.timeSpec()).arg(time.offsetFromUtc());
-    return text + point.description() + QLatin1Char('\n');
-}
 
 QString textOf(const KRGPXTrack &track)
 {
@@ -66,25 +55,6 @@ bool isKeptExactly(const KRGPXTrack &track)
 
 } // namespace
 
-QString KRFuzzLaws::exactText(const QList<KRGPXTrack> &tracks)
-{
-    QString text;
-    for (const KRGPXTrack &track : tracks) {
-        text += QLatin1Char('[') + track.name() + QLatin1Char('|') + track.description() + QLatin1Char('|')
-                + QString::number(track.shape().value());
-        const QList<KRGPXTrackSegment> segments = track.segments();
-        for (const KRGPXTrackSegment &segment : segments) {
-            text += QLatin1Char('{');
-            const QList<KRGPXTrackPoint> points = segment.trackPoints();
-            for (const KRGPXTrackPoint &point : points)
-                text += ::exactText(point);
-            text += QLatin1Char('}');
-        }
-        text += QLatin1Char('(') + exactText(track.enclaves()) + QStringLiteral(")]");
-    }
-    return text;
-}
-
 int KRFuzzLaws::countPoints(const QList<KRGPXTrack> &tracks)
 {
     return std::accumulate(tracks.cbegin(), tracks.cend(), 0, [](int sum, const KRGPXTrack &track) {
@@ -100,7 +70,7 @@ QString KRFuzzLaws::brokenByXml(const KRGPXTrack &track)
     const KRGPXTrack once = trackOf(textOf(track));
     const QString text = textOf(once);
     const KRGPXTrack twice = trackOf(text);
-    if (exactText({once}) != exactText({twice}))
+    if (KRTestTrack::exactText({once}) != KRTestTrack::exactText({twice}))
         return QStringLiteral("A track that is written as XML and read again stays the same.");
     return textOf(twice) == text ? QString() : QStringLiteral("A track is written as the same XML each time.");
 }

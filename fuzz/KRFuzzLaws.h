@@ -12,8 +12,6 @@ class KRGPXTrackConfiguration;
 class KRFuzzLaws
 {
 public:
-    /// Every digit and every property of the times, which comparing tracks forgives.
-    static QString exactText(const QList<KRGPXTrack> &tracks);
     static int countPoints(const QList<KRGPXTrack> &tracks);
 
     /// A track that was written as XML and read again is written and read alike from then on.

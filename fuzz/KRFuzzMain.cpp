@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerInitialize(int *argumentCount, char ***arguments)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytes, std::size_t size)
 {
-    static const KRFuzzTargets::Target target = KRFuzzTargets::find(QStringLiteral(KR_FUZZ_TARGET));
+    static const KRFuzzTargets::Target target = KRFuzzTargets::all().value(QStringLiteral(KR_FUZZ_TARGET));
     const QByteArray input(reinterpret_cast<const char *>(bytes), int(size));
     const QString broken = target(input);
     if (!broken.isNull())

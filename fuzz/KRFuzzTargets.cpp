@@ -1,32 +1,16 @@
 #include "KRFuzzTargets.h"
 
-#include <QMap>
-
-namespace {
-
-const QMap<QString, KRFuzzTargets::Target> &table()
+const QMap<QString, KRFuzzTargets::Target> &KRFuzzTargets::all()
 {
-    static const QMap<QString, KRFuzzTargets::Target> targets{
-        {QStringLiteral("commatext"), KRFuzzTargets::commaText},
-        {QStringLiteral("configuration"), KRFuzzTargets::configuration},
-        {QStringLiteral("document"), KRFuzzTargets::document},
-        {QStringLiteral("drop"), KRFuzzTargets::drop},
-        {QStringLiteral("gpx"), KRFuzzTargets::gpx},
-        {QStringLiteral("kml"), KRFuzzTargets::kml},
-        {QStringLiteral("kmz"), KRFuzzTargets::kmz},
-        {QStringLiteral("position"), KRFuzzTargets::position},
+    static const QMap<QString, Target> targets{
+        {QStringLiteral("commatext"), commaText},
+        {QStringLiteral("configuration"), configuration},
+        {QStringLiteral("document"), document},
+        {QStringLiteral("drop"), drop},
+        {QStringLiteral("gpx"), gpx},
+        {QStringLiteral("kml"), kml},
+        {QStringLiteral("kmz"), kmz},
+        {QStringLiteral("position"), position},
     };
     return targets;
-}
-
-} // namespace
-
-QStringList KRFuzzTargets::names()
-{
-    return table().keys();
-}
-
-KRFuzzTargets::Target KRFuzzTargets::find(const QString &name)
-{
-    return table().value(name);
 }

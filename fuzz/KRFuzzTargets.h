@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
 #include <QString>
-#include <QStringList>
 
 /**
  * The ways by which bytes of unknown origin get into the libraries.
@@ -16,9 +16,8 @@ class KRFuzzTargets
 public:
     using Target = QString (*)(const QByteArray &input);
 
-    static QStringList names();
-    /// Null when there is no such target.
-    static Target find(const QString &name);
+    /// By name.
+    static const QMap<QString, Target> &all();
 
     /// Files of other programs.
     static QString gpx(const QByteArray &file);

@@ -1,10 +1,7 @@
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KREnumWrapper.h>
 
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
-
-#include <QtTest>
+#include "KRTest.h"
 
 #include <atomic>
 
@@ -45,64 +42,59 @@ class tst_KREnumWrapper : public QObject
     Q_OBJECT
 
 private slots:
-    void fillsItsTableOnceForAllThreads();
-    void decode();
-    void bits();
-    void orderIsThatOfSignedNumbers();
-};
+    // Runs first, while the table is still empty.
+    void fillsItsTableOnceForAllThreads()
+    {
+        const QList<QString> texts = QVector<QString>(64, QStringLiteral("river")).toList();
+        QCOMPARE(KRConcurrent::blockingMapped(texts, [](const QString &text) { return Layer(text).keys(); }), texts);
+        QCOMPARE(Layer::fillings.load(), 1);
+    }
 
-// Runs first, while the table is still empty.
-void tst_KREnumWrapper::fillsItsTableOnceForAllThreads()
-{
-    const QList<QString> texts = QVector<QString>(64, QStringLiteral("river")).toList();
-    QCOMPARE(KRConcurrent::blockingMapped(texts, [](const QString &text) { return Layer(text).keys(); }), texts);
-    QCOMPARE(Layer::fillings.load(), 1);
-}
+    void decode()
+    {
+        const KRTestTable<KRText, LayerEnum> table{
+            {"several keys are joined", "river,road", LayerEnum(3)},
+            {"unknown keys count as 0", "lake,road", RoadLayer},
+            {"case matters", "Road", NoLayer},
+            {"blanks are not trimmed", "river, road", RiverLayer},
+            {"numbers are no keys", "1", NoLayer},
+        };
+        table.forEach([](const QString &text, LayerEnum expected) { QCOMPARE(Layer(text).value(), expected); });
+    }
 
-void tst_KREnumWrapper::decode()
-{
-    const KRTestTable<QString, LayerEnum> table{
-        {"several keys are joined", QStringLiteral("river,road"), LayerEnum(3)},
-        {"unknown keys count as 0", QStringLiteral("lake,road"), RoadLayer},
-        {"case matters", QStringLiteral("Road"), NoLayer},
-        {"blanks are not trimmed", QStringLiteral("river, road"), RiverLayer},
-        {"numbers are no keys", QStringLiteral("1"), NoLayer},
-    };
-    table.forEach([](const QString &text, LayerEnum expected) { QCOMPARE(Layer(text).value(), expected); });
-}
+    void bits()
+    {
+        Layer layer;
+        QVERIFY(!layer.isValid());
+        layer.expandTo(RoadLayer);
+        layer.expandTo(Layer(CityLayer));
+        QVERIFY(layer.isValid());
+        QCOMPARE(layer.value(), LayerEnum(9));
+        layer.exclude(LayerEnum(RoadLayer | RiverLayer));
+        layer |= HiddenLayer;
+        QCOMPARE(layer.value(), LayerEnum(12));
+        QCOMPARE(layer.reducedTo(LayerEnum(6)), HiddenLayer);
+        layer &= HiddenLayer;
+        QCOMPARE(layer.value(), HiddenLayer);
+        QCOMPARE(Layer(RoadLayer) | Layer(RiverLayer), LayerEnum(3));
+        QCOMPARE(Layer(LayerEnum(3)) & RiverLayer, RiverLayer);
+    }
 
-void tst_KREnumWrapper::bits()
-{
-    Layer layer;
-    QVERIFY(!layer.isValid());
-    layer.expandTo(RoadLayer);
-    layer.expandTo(Layer(CityLayer));
-    QVERIFY(layer.isValid());
-    QCOMPARE(layer.value(), LayerEnum(9));
-    layer.exclude(LayerEnum(RoadLayer | RiverLayer));
-    layer |= HiddenLayer;
-    QCOMPARE(layer.value(), LayerEnum(12));
-    QCOMPARE(layer.reducedTo(LayerEnum(6)), HiddenLayer);
-    layer &= HiddenLayer;
-    QCOMPARE(layer.value(), HiddenLayer);
-    QCOMPARE(Layer(RoadLayer) | Layer(RiverLayer), LayerEnum(3));
-    QCOMPARE(Layer(LayerEnum(3)) & RiverLayer, RiverLayer);
-}
-
-void tst_KREnumWrapper::orderIsThatOfSignedNumbers()
-{
-    for (const int a : {-1, 1, 2}) {
-        for (const int b : {-1, 1, 2}) {
-            const Layer layer(static_cast<LayerEnum>(a));
-            const Layer other(static_cast<LayerEnum>(b));
-            QCOMPARE(layer < other, a < b);
-            QCOMPARE(layer > other.value(), a > b);
-            QCOMPARE(layer <= other, a <= b);
-            QCOMPARE(layer == other.value(), a == b);
-            QCOMPARE(layer != other, a != b);
+    void orderIsThatOfSignedNumbers()
+    {
+        for (const int a : {-1, 1, 2}) {
+            for (const int b : {-1, 1, 2}) {
+                const Layer layer(static_cast<LayerEnum>(a));
+                const Layer other(static_cast<LayerEnum>(b));
+                QCOMPARE(layer < other, a < b);
+                QCOMPARE(layer > other.value(), a > b);
+                QCOMPARE(layer <= other, a <= b);
+                QCOMPARE(layer == other.value(), a == b);
+                QCOMPARE(layer != other, a != b);
+            }
         }
     }
-}
+};
 
 static const KRTestRegistration<tst_KREnumWrapper> registration;
 

@@ -1,31 +1,27 @@
 #include <KRCore/KRLogger.h>
 
-#include "KRTestRegistry.h"
-
-#include <QtTest>
+#include "KRTest.h"
 
 class tst_KRLogger : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void logsOneLineAndTellsTheWatcher();
+    void logsOneLineAndTellsTheWatcher()
+    {
+        QStringList lines;
+        KRLogger logger;
+        logger.setWatcher([&](const QString &line) { lines.append(line); });
+        QTest::ignoreMessage(QtInfoMsg, "ACTION:open VALUE:a \"b\"  c%1"); // fails the test when it does not come
+        logger.logOSM(QStringLiteral("ACTION:open VALUE:a \"b\"\r\nc%1"));
+        QCOMPARE(lines, QStringList{QStringLiteral("ACTION:open VALUE:a \"b\"  c%1")});
+
+        logger.setWatcher({});
+        QTest::ignoreMessage(QtInfoMsg, "unwatched");
+        logger.logOSM(QStringLiteral("unwatched"));
+        QCOMPARE(lines.size(), 1);
+    }
 };
-
-void tst_KRLogger::logsOneLineAndTellsTheWatcher()
-{
-    QStringList lines;
-    KRLogger logger;
-    logger.setWatcher([&](const QString &line) { lines.append(line); });
-    QTest::ignoreMessage(QtInfoMsg, "ACTION:open VALUE:a \"b\"  c%1"); // fails the test when it does not come
-    logger.logOSM(QStringLiteral("ACTION:open VALUE:a \"b\"\r\nc%1"));
-    QCOMPARE(lines, QStringList{QStringLiteral("ACTION:open VALUE:a \"b\"  c%1")});
-
-    logger.setWatcher({});
-    QTest::ignoreMessage(QtInfoMsg, "unwatched");
-    logger.logOSM(QStringLiteral("unwatched"));
-    QCOMPARE(lines.size(), 1);
-}
 
 static const KRTestRegistration<tst_KRLogger> registration;
 

@@ -1,48 +1,43 @@
 #include <KRCore/KRPenStyle.h>
 
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
+#include "KRTest.h"
 #include "KRTestXml.h"
 
 #include <QPen>
-#include <QtTest>
 
 class tst_KRPenStyle : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void fromXml();
-    void everyStyle();
-};
-
-void tst_KRPenStyle::fromXml()
-{
-    const KRTestTable<QByteArray, int> table{
-        {"missing", "<c/>", int(Qt::SolidLine)},
-        {"no number", "<c><penStyle>dash</penStyle></c>", int(Qt::SolidLine)},
-        {"negative", "<c><penStyle>-1</penStyle></c>", int(Qt::SolidLine)},
-        {"custom dashes need a pattern", "<c><penStyle>6</penStyle></c>", int(Qt::SolidLine)},
-    };
-    table.forEach([](const QByteArray &xml, int expected) {
-        QCOMPARE(KRPenStyle::fromXml(KRTestXml::element(xml)).number(), expected);
-    });
-}
-
-void tst_KRPenStyle::everyStyle()
-{
-    for (int number = Qt::NoPen; number <= Qt::DashDotDotLine; ++number) {
-        QDomElement parent = KRTestXml::element("<c/>");
-        KRPenStyle(number).toXml(parent);
-        QCOMPARE(KRPenStyle::fromXml(parent).number(), number);
-
-        QPen pen(QBrush(Qt::red), 7.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-        QPen expected = pen;
-        expected.setStyle(static_cast<Qt::PenStyle>(number));
-        KRPenStyle(number).modifyPen(pen);
-        QCOMPARE(pen, expected);
+    void fromXml()
+    {
+        const KRTestTable<QByteArray, int> table{
+            {"missing", "<c/>", int(Qt::SolidLine)},
+            {"no number", "<c><penStyle>dash</penStyle></c>", int(Qt::SolidLine)},
+            {"negative", "<c><penStyle>-1</penStyle></c>", int(Qt::SolidLine)},
+            {"custom dashes need a pattern", "<c><penStyle>6</penStyle></c>", int(Qt::SolidLine)},
+        };
+        table.forEach([](const QByteArray &xml, int expected) {
+            QCOMPARE(KRPenStyle::fromXml(KRTestXml::element(xml)).number(), expected);
+        });
     }
-}
+
+    void everyStyle()
+    {
+        for (int number = Qt::NoPen; number <= Qt::DashDotDotLine; ++number) {
+            QDomElement parent = KRTestXml::element("<c/>");
+            KRPenStyle(number).toXml(parent);
+            QCOMPARE(KRPenStyle::fromXml(parent).number(), number);
+
+            QPen pen(QBrush(Qt::red), 7.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+            QPen expected = pen;
+            expected.setStyle(static_cast<Qt::PenStyle>(number));
+            KRPenStyle(number).modifyPen(pen);
+            QCOMPARE(pen, expected);
+        }
+    }
+};
 
 static const KRTestRegistration<tst_KRPenStyle> registration;
 

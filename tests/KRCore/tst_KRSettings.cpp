@@ -3,11 +3,8 @@
 
 #include "KRFileSizeLimit.h"
 #include "KRTemporarySettings.h"
+#include "KRTest.h"
 #include "KRTestFile.h"
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
-
-#include <QtTest>
 
 #include <sys/stat.h>
 
@@ -38,84 +35,78 @@ class tst_KRSettings : public QObject
     Q_OBJECT
 
 private slots:
-    void keepsValues();
-    void fullDiskKeepsTheOldSettings();
-    void whatIsNoFileOfSettings();
-};
-
-void tst_KRSettings::keepsValues()
-{
-    const KRTemporarySettings file;
-    // umlauts, what INI files treat specially, and nothing
-    for (const QString &name :
-         {QStringLiteral("Gößnitz"), QStringLiteral("<a b=\"%1\" c='[x]; y=z, w'/>\n@Invalid()"), QStringLiteral("")}) {
-        PlaceSettings written;
-        written.isVisible.setValue(false);
-        written.name.setValue(name);
-        written.saveAll();
-        PlaceSettings read;
-        read.loadAll();
-        QCOMPARE(read.isVisible.value(), false);
-        QCOMPARE(read.name.value(), name);
-    }
-    KRSettings::setFileName(file.dir().filePath(QStringLiteral("other.ini")));
-    PlaceSettings read;
-    read.isVisible.setValue(false);
-    read.loadAll();
-    QCOMPARE(read.isVisible.value(), true);
-    QCOMPARE(read.name.value(), QStringLiteral("Ort"));
-}
-
-void tst_KRSettings::fullDiskKeepsTheOldSettings()
-{
-    const KRTemporarySettings temporary;
-    const QString old(1000, QLatin1Char('a'));
-    const QString next(1000, QLatin1Char('n'));
-    PlaceSettings settings;
-    settings.name.setValue(old);
-    settings.saveAll();
+    void keepsValues()
     {
-        const KRFileSizeLimit fullDisk(500); // enough for the file that QSettings locks with
-        settings.name.setValue(next);
-        const QRegularExpression report(QStringLiteral("Die Einstellungen konnten nicht"));
-        QTest::ignoreMessage(QtWarningMsg, report);
-        QTest::ignoreMessage(QtWarningMsg, report);
-        settings.saveAll();
+        const KRTemporarySettings file;
+        // umlauts, what INI files treat specially, and nothing
+        for (const QString &name : {QStringLiteral("Gößnitz"),
+                                    QStringLiteral("<a b=\"%1\" c='[x]; y=z, w'/>\n@Invalid()"), QStringLiteral("")}) {
+            PlaceSettings written;
+            written.isVisible.setValue(false);
+            written.name.setValue(name);
+            written.saveAll();
+            PlaceSettings read;
+            read.loadAll();
+            QCOMPARE(read.isVisible.value(), false);
+            QCOMPARE(read.name.value(), name);
+        }
+        KRSettings::setFileName(file.dir().filePath(QStringLiteral("other.ini")));
+        PlaceSettings read;
+        read.isVisible.setValue(false);
+        read.loadAll();
+        QCOMPARE(read.isVisible.value(), true);
+        QCOMPARE(read.name.value(), QStringLiteral("Ort"));
     }
-    QFile file(temporary.fileName());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(file.readAll().contains("name=" + old.toLatin1()));
-    settings.saveAll();
-    settings.loadAll();
-    QCOMPARE(settings.name.value(), next);
-}
 
-void tst_KRSettings::whatIsNoFileOfSettings()
-{
-    const KRTestTable<std::function<void(const QString &)>> table{
-        {"pipe", [](const QString &name) { QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), 0600), 0); }},
-        {"folder", [](const QString &name) { QVERIFY(QDir().mkdir(name)); }},
-        {"large",
-         [](const QString &name) {
-             const QByteArray line("name=b\n");
-             KRTestFile::write(name, line.repeated(KRInputLimits::settingsBytes / line.size() + 1));
-         }},
-    };
-    table.forEach([](const std::function<void(const QString &)> &make) {
+    void fullDiskKeepsTheOldSettings()
+    {
         const KRTemporarySettings temporary;
-        make(temporary.fileName());
-        const qint64 size = QFileInfo(temporary.fileName()).size();
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("es gelten die üblichen")));
+        const QString old(1000, QLatin1Char('a'));
+        const QString next(1000, QLatin1Char('n'));
         PlaceSettings settings;
-        settings.loadAll();
-        QCOMPARE(settings.name.value(), QStringLiteral("Ort"));
-        const QRegularExpression failure(QStringLiteral("Die Einstellungen konnten nicht"));
-        QTest::ignoreMessage(QtWarningMsg, failure);
-        QTest::ignoreMessage(QtWarningMsg, failure);
+        settings.name.setValue(old);
         settings.saveAll();
-        QCOMPARE(QFileInfo(temporary.fileName()).size(), size);
-    });
-}
+        {
+            const KRFileSizeLimit fullDisk(500); // enough for the file that QSettings locks with
+            settings.name.setValue(next);
+            const QRegularExpression report(QStringLiteral("Die Einstellungen konnten nicht"));
+            QTest::ignoreMessage(QtWarningMsg, report);
+            QTest::ignoreMessage(QtWarningMsg, report);
+            settings.saveAll();
+        }
+        QVERIFY(KRTestFile::content(temporary.fileName()).contains("name=" + old.toLatin1()));
+        settings.saveAll();
+        settings.loadAll();
+        QCOMPARE(settings.name.value(), next);
+    }
+
+    void whatIsNoFileOfSettings()
+    {
+        const KRTestTable<std::function<void(const QString &)>> table{
+            {"pipe", [](const QString &name) { QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), 0600), 0); }},
+            {"folder", [](const QString &name) { QVERIFY(QDir().mkdir(name)); }},
+            {"large",
+             [](const QString &name) {
+                 const QByteArray line("name=b\n");
+                 KRTestFile::write(name, line.repeated(KRInputLimits::settingsBytes / line.size() + 1));
+             }},
+        };
+        table.forEach([](const std::function<void(const QString &)> &make) {
+            const KRTemporarySettings temporary;
+            make(temporary.fileName());
+            const qint64 size = QFileInfo(temporary.fileName()).size();
+            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("es gelten die üblichen")));
+            PlaceSettings settings;
+            settings.loadAll();
+            QCOMPARE(settings.name.value(), QStringLiteral("Ort"));
+            const QRegularExpression failure(QStringLiteral("Die Einstellungen konnten nicht"));
+            QTest::ignoreMessage(QtWarningMsg, failure);
+            QTest::ignoreMessage(QtWarningMsg, failure);
+            settings.saveAll();
+            QCOMPARE(QFileInfo(temporary.fileName()).size(), size);
+        });
+    }
+};
 
 static const KRTestRegistration<tst_KRSettings> registration;
 

@@ -1,17 +1,7 @@
 #include <KRCore/KRUniqueFilenameMaker.h>
 
-#include "KRTestRegistry.h"
-
-#include <QtTest>
-
-class tst_KRUniqueFilenameMaker : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void namesAreGivenOutOnce();
-    void takenNamesAreSkipped();
-};
+#include "KRTest.h"
+#include "KRTestFolder.h"
 
 namespace {
 
@@ -22,31 +12,35 @@ QString nextName(KRUniqueFilenameMaker *maker, const QDir &dir, const QString &p
 
 } // namespace
 
-void tst_KRUniqueFilenameMaker::namesAreGivenOutOnce()
+class tst_KRUniqueFilenameMaker : public QObject
 {
-    const QTemporaryDir first;
-    const QTemporaryDir second;
-    const QString proposal = QStringLiteral("track.gps");
-    KRUniqueFilenameMaker maker;
-    QCOMPARE(nextName(&maker, QDir(first.path()), proposal), proposal);
-    QCOMPARE(nextName(&maker, QDir(first.path()), proposal), QStringLiteral("track_1.gps"));
-    QCOMPARE(nextName(&maker, QDir(first.path() + QStringLiteral("/.")), proposal), QStringLiteral("track_2.gps"));
-    QCOMPARE(nextName(&maker, QDir(second.path()), proposal), proposal);
-    QCOMPARE(nextName(&maker, QDir(first.path()), QStringLiteral("other")), QStringLiteral("other"));
-    QCOMPARE(nextName(&maker, QDir(first.path()), QStringLiteral("other")), QStringLiteral("other_1"));
-}
+    Q_OBJECT
 
-void tst_KRUniqueFilenameMaker::takenNamesAreSkipped()
-{
-    const QTemporaryDir dir;
-    for (const char *name : {"track.gps", "track_1.gps"}) {
-        QFile file(dir.filePath(QLatin1String(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
+private slots:
+    void namesAreGivenOutOnce()
+    {
+        const KRTestFolder first;
+        const KRTestFolder second;
+        const QString proposal = QStringLiteral("track.gps");
+        KRUniqueFilenameMaker maker;
+        QCOMPARE(nextName(&maker, first.dir(), proposal), proposal);
+        QCOMPARE(nextName(&maker, first.dir(), proposal), QStringLiteral("track_1.gps"));
+        QCOMPARE(nextName(&maker, QDir(first.path(QStringLiteral("."))), proposal), QStringLiteral("track_2.gps"));
+        QCOMPARE(nextName(&maker, second.dir(), proposal), proposal);
+        QCOMPARE(nextName(&maker, first.dir(), QStringLiteral("other")), QStringLiteral("other"));
+        QCOMPARE(nextName(&maker, first.dir(), QStringLiteral("other")), QStringLiteral("other_1"));
     }
-    QVERIFY(QFile::link(dir.filePath(QStringLiteral("nowhere")), dir.filePath(QStringLiteral("track_2.gps"))));
-    KRUniqueFilenameMaker maker;
-    QCOMPARE(nextName(&maker, QDir(dir.path()), QStringLiteral("track.gps")), QStringLiteral("track_3.gps"));
-}
+
+    void takenNamesAreSkipped()
+    {
+        const KRTestFolder folder;
+        folder.write(QStringLiteral("track.gps"), {});
+        folder.write(QStringLiteral("track_1.gps"), {});
+        QVERIFY(QFile::link(folder.path(QStringLiteral("nowhere")), folder.path(QStringLiteral("track_2.gps"))));
+        KRUniqueFilenameMaker maker;
+        QCOMPARE(nextName(&maker, folder.dir(), QStringLiteral("track.gps")), QStringLiteral("track_3.gps"));
+    }
+};
 
 static const KRTestRegistration<tst_KRUniqueFilenameMaker> registration;
 

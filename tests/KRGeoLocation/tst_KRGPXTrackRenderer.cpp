@@ -1,26 +1,20 @@
 #include <KRGeoLocation/KRGPXTrackRenderer.h>
 
+#include "KRTest.h"
 #include "KRTestPicture.h"
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
 
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXTrackConfiguration.h>
 
 #include <QPainter>
 #include <QPixmap>
-#include <QtTest>
 
 #include <cmath>
-#include <limits>
 #include <random>
 
 namespace {
 
 using Pixels = QVector<QPointF>;
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// One pixel a degree by default: an image of 360 x 180 shows the world, and pixel (180, 90) is position (0, 0).
 class PlainRenderer : public KRGPXTrackRenderer
@@ -41,20 +35,15 @@ private:
     double m_pixelsPerDegree;
 };
 
-/// A segment through pixels of the PlainRenderer.
-KRGPXTrackSegment segmentAt(const Pixels &pixels)
-{
-    QList<KRGPXTrackPoint> points;
-    for (const QPointF &pixel : pixels)
-        points.append(KRGPXTrackPoint(KRGeoPosition(90.0 - pixel.y(), pixel.x() - 180.0), 0, QDateTime(), QString()));
-    return KRGPXTrackSegment(points);
-}
-
+/// A track through pixels of the PlainRenderer.
 KRGPXTrack trackAt(const QVector<Pixels> &segments, const KRGPXTrackShape &shape = LineStringTrackShape)
 {
     QList<KRGPXTrackSegment> all;
-    for (const Pixels &pixels : segments)
-        all.append(segmentAt(pixels));
+    for (const Pixels &pixels : segments) {
+        all.append(KRGPXTrackSegment());
+        for (const QPointF &pixel : pixels)
+            all.last().append(90.0 - pixel.y(), pixel.x() - 180.0, 0, QDateTime(), QString());
+    }
     return KRGPXTrack(QStringLiteral("track"), QString(), all, shape);
 }
 
@@ -87,14 +76,6 @@ bool isEmpty(const QImage &image)
     QImage blank(image.size(), image.format());
     blank.fill(Qt::transparent);
     return image == blank;
-}
-
-Pixels pathPoints(const QPainterPath &path)
-{
-    Pixels points;
-    for (int i = 0; i < path.elementCount(); ++i)
-        points.append(path.elementAt(i));
-    return points;
 }
 
 /// Eastwards and around the world.
@@ -258,10 +239,8 @@ void tst_KRGPXTrackRenderer::laterTracksCoverEarlierOnes()
 void tst_KRGPXTrackRenderer::painterOfTheCaller()
 {
     // three sides of a square, which a brush left in the painter must not fill
-    KRGPXTrackSelection selection =
-        selectionOf(trackAt({{{100.0, 60.0}, {160.0, 60.0}, {160.0, 120.0}, {100.0, 120.0}}}));
-    selection.addTrack(
-        KRGPXConfiguredTrack(squareAt(square.translated(80.0, 0.0)), configurationOf(FillDisplayOption)));
+    KRGPXTrackSelection selection = selectionOf(trackAt({{{100, 60}, {160, 60}, {160, 120}, {100, 120}}}));
+    selection.addTrack(KRGPXConfiguredTrack(squareAt(square.translated(80, 0)), configurationOf(FillDisplayOption)));
     QImage image(360, 180, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
@@ -281,38 +260,32 @@ void tst_KRGPXTrackRenderer::painterOfTheCaller()
 
 void tst_KRGPXTrackRenderer::pathOfTrack()
 {
-    const QPointF gap(notANumber, notANumber);
+    const QPointF gap(qQNaN(), qQNaN());
     const KRTestTable<QVector<Pixels>, double, Pixels> table{
         {"empty segments", {Pixels(), Pixels()}, 1.0, {}},
         {"one point", {{{10.0, 50.0}}}, 1.0, {}},
         {"four pixels apart", {{{10.0, 50.0}, {12.0, 52.0}}}, 1.0, {}},
         {"five pixels apart", {{{10.0, 50.0}, {15.0, 50.0}}}, 1.0, {{10.0, 50.0}, {15.0, 50.0}}},
         {"five pixels on a dense screen", {{{10.0, 50.0}, {15.0, 50.0}}}, 2.0, {}},
-        {"close points are left out, the last one is kept",
-         {{{10.0, 50.0}, {12.0, 50.0}, {15.0, 50.0}, {17.0, 52.0}, {18.0, 50.0}}},
-         1.0,
-         {{10.0, 50.0}, {15.0, 50.0}, {18.0, 50.0}}},
-        {"gaps are left out",
-         {{gap, {10.0, 50.0}, {infinity, 50.0}, {20.0, 50.0}, gap}},
-         1.0,
-         {{10.0, 50.0}, {20.0, 50.0}}},
-        {"eastwards over the date line",
-         {{{350.0, 50.0}, {355.0, 50.0}}, {}, {{5.0, 50.0}}},
-         1.0,
-         {{350.0, 50.0}, {355.0, 50.0}, {365.0, 50.0}}},
-        {"there and back",
-         {{{355.0, 50.0}, {5.0, 50.0}, {355.0, 50.0}}},
-         1.0,
-         {{355.0, 50.0}, {365.0, 50.0}, {355.0, 50.0}}},
+        {"close points are left out, but the last",
+         {{{10, 50}, {12, 50}, {15, 50}, {17, 52}, {18, 50}}},
+         1,
+         {{10, 50}, {15, 50}, {18, 50}}},
+        {"gaps are left out", {{gap, {10, 50}, {qInf(), 50}, {20, 50}, gap}}, 1, {{10, 50}, {20, 50}}},
+        {"eastwards over the date line", {{{350, 50}, {355, 50}}, {}, {{5, 50}}}, 1, {{350, 50}, {355, 50}, {365, 50}}},
+        {"there and back", {{{355, 50}, {5, 50}, {355, 50}}}, 1, {{355, 50}, {365, 50}, {355, 50}}},
         {"twice around the world",
-         {{{180.0, 50.0}, {300.0, 50.0}, {60.0, 50.0}, {181.0, 50.0}, {300.0, 50.0}, {60.0, 50.0}}},
-         1.0,
-         {{180.0, 50.0}, {300.0, 50.0}, {420.0, 50.0}, {541.0, 50.0}, {660.0, 50.0}, {780.0, 50.0}}},
+         {{{180, 50}, {300, 50}, {60, 50}, {181, 50}, {300, 50}, {60, 50}}},
+         1,
+         {{180, 50}, {300, 50}, {420, 50}, {541, 50}, {660, 50}, {780, 50}}},
         {"a gap is no step over the date line", {{{5.0, 50.0}, gap, {20.0, 50.0}}}, 1.0, {{5.0, 50.0}, {20.0, 50.0}}},
     };
     table.forEach([](const QVector<Pixels> &segments, double factor, const Pixels &expected) {
         const PlainRenderer renderer(KRGPXTrackSelection(), QSize(360, 180), factor);
-        QCOMPARE(pathPoints(renderer.createPainterPath(trackAt(segments), 100, 1)), expected);
+        const QPainterPath path = renderer.createPainterPath(trackAt(segments), 100, 1);
+        QCOMPARE(path.elementCount(), expected.size());
+        for (int i = 0; i < expected.size(); ++i)
+            QCOMPARE(QPointF(path.elementAt(i)), expected.at(i));
     });
 }
 
@@ -401,15 +374,14 @@ void tst_KRGPXTrackRenderer::arrows()
     table.forEach([](const Pixels &line, double factor, double angle, QPoint barb, QPoint otherBarb, QPoint beyond) {
         const auto withArrow = configurationOf(StrokeDisplayOption, LineStringTrackShape, ArrowMarkerShape);
         const PlainRenderer renderer(selectionOf(trackAt({line}), withArrow), QSize(360, 180), factor);
-        QVERIFY(std::abs(renderer.detectAngleOfPath(renderer.createPainterPath(trackAt({line}), 100, 1)) - angle)
-                < 1e-6);
+        const QPainterPath path = renderer.createPainterPath(trackAt({line}), 100, 1);
+        QVERIFY(std::abs(renderer.detectAngleOfPath(path) - angle) < 1e-6);
         const QImage image = renderer.render(OpaqueRender);
         QCOMPARE(qAlpha(image.pixel(barb)), 255);
         QCOMPARE(qAlpha(image.pixel(otherBarb)), 255);
         QCOMPARE(qAlpha(image.pixel(beyond)), 0);
-        const QImage without =
-            PlainRenderer(selectionOf(trackAt({line})), QSize(360, 180), factor).render(OpaqueRender);
-        QCOMPARE(qAlpha(without.pixel(barb)), 0);
+        const QImage bare = PlainRenderer(selectionOf(trackAt({line})), QSize(360, 180), factor).render(OpaqueRender);
+        QCOMPARE(qAlpha(bare.pixel(barb)), 0);
     });
 }
 
@@ -474,11 +446,11 @@ void tst_KRGPXTrackRenderer::awkwardImages()
         {"too large for any memory", QSize(2000000000, 2000000000), 1.0, 1.0, 4.0, false},
         {"line without width is a hairline", normal, 1.0, 1.0, 0.0, true},
         {"rendering factor 0", normal, 0.0, 1.0, 4.0, true},
-        {"rendering factor not a number", normal, notANumber, 1.0, 4.0, false},
+        {"rendering factor not a number", normal, qQNaN(), 1.0, 4.0, false},
         {"world of no width", normal, 1.0, 0.0, 4.0, true},
         {"world below a pixel", normal, 1.0, 0.002, 4.0, true},
-        {"world of unknown width", normal, 1.0, notANumber, 4.0, false},
-        {"infinite world", normal, 1.0, infinity, 4.0, false},
+        {"world of unknown width", normal, 1.0, qQNaN(), 4.0, false},
+        {"infinite world", normal, 1.0, qInf(), 4.0, false},
     };
     table.forEach([&](const QSize &size, double factor, double pixelsPerDegree, double lineWidth, bool drawn) {
         KRGPXTrackConfiguration configuration = configurationOf(AllDisplayOptions, AutoTrackShape, ArrowMarkerShape);

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <KRGeoLocation/KRGPXConfiguredTrack.h>
-#include <KRGeoLocation/KRGPXTrackSegment.h>
-#include <KRGeoLocation/KRGeoPositionList.h>
+#include "KRTestTrack.h"
 
-#include <QDateTime>
+#include <KRGeoLocation/KRGeoPositionList.h>
 
 /// A track with a line of five pixels and a halo of six, a translucent blue area, and a name.
 inline KRGPXConfiguredTrack namedTrack(const KRGeoPositionList &positions, const KRGPXTrackShape &shape,
@@ -17,9 +15,5 @@ inline KRGPXConfiguredTrack namedTrack(const KRGeoPositionList &positions, const
     configuration.setHaloWidth(KRDistance(6.0));
     configuration.setTrackShape(shape);
     configuration.setCurrentDisplayOptions(KRGPXTrackDisplayOptions(QStringLiteral("stroke,fill")));
-    KRGPXTrackSegment segment;
-    for (const KRGeoPosition &position : positions)
-        segment.append(position.latitude().decimalDegrees(), position.longitude().decimalDegrees(), 0, QDateTime(),
-                       QString());
-    return KRGPXConfiguredTrack(KRGPXTrack(name, QString(), {segment}, shape), configuration);
+    return KRGPXConfiguredTrack(KRTestTrack::through(positions, shape, name), configuration);
 }

@@ -1,9 +1,8 @@
 #include "KRTestTiles.h"
 
+#include "KRTestFile.h"
+
 #include <QBuffer>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QImage>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -86,9 +85,7 @@ KRTileKeyList KRTestTiles::pyramid(int lowestZoom, int highestZoom)
 
 void KRTestTiles::writeFile(const QString &path, const QByteArray &bytes)
 {
-    QFile file(path);
-    if (!QDir().mkpath(QFileInfo(path).path()) || !file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(path));
+    KRTestFile::write(path, bytes);
 }
 
 void KRTestTiles::writeFolder(const QString &folder, const KRTileKeyList &keys, int side)

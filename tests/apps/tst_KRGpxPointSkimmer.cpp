@@ -1,9 +1,6 @@
 #include "KRGpxPointSkimmer.h"
 
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
-
-#include <QtTest>
+#include "KRTest.h"
 
 namespace {
 
@@ -28,55 +25,52 @@ class tst_KRGpxPointSkimmer : public QObject
     Q_OBJECT
 
 private slots:
-    void skims();
-    void leavesAlone();
-};
+    void skims()
+    {
+        const QByteArray p = point("<ele>1</ele>");
+        const KRTestTable<QByteArray, QByteArray> table{
+            {"only the first of a run", "<trkseg>" + p + "\n" + p + "\r\n\t" + p + "</trkseg>",
+             "<trkseg>" + p + "\n\r\n\t</trkseg>"},
+            {"each run has a first", "<a>" + p + p + "</a><b>" + p + p + "</b>", "<a>" + p + "</a><b>" + p + "</b>"},
+            {"line breaks stay", p + point("\n<ele>1</ele>\n") + "\n", p + "\n\n\n"},
+            {"any order, any quotes, no content", p + "<trkpt lon='1'  lat='-2.' /><trkpt\nlat='0' lon='.5'/>",
+             p + "<trkpt\nlat='0' lon='.5'/>"},
+            {"extensions", p + point("<extensions><x:hr>5</x:hr></extensions>"), p},
+        };
+        table.forEach([](const QByteArray &gpx, const QByteArray &expected) { QCOMPARE(skimmed(gpx), expected); });
 
-void tst_KRGpxPointSkimmer::skims()
-{
-    const QByteArray p = point("<ele>1</ele>");
-    const KRTestTable<QByteArray, QByteArray> table{
-        {"only the first of a run", "<trkseg>" + p + "\n" + p + "\r\n\t" + p + "</trkseg>",
-         "<trkseg>" + p + "\n\r\n\t</trkseg>"},
-        {"each run has a first", "<a>" + p + p + "</a><b>" + p + p + "</b>", "<a>" + p + "</a><b>" + p + "</b>"},
-        {"line breaks stay", p + point("\n<ele>1</ele>\n") + "\n", p + "\n\n\n"},
-        {"any order, any quotes, no content", p + "<trkpt lon='1'  lat='-2.' /><trkpt\nlat='0' lon='.5'/>",
-         p + "<trkpt\nlat='0' lon='.5'/>"},
-        {"extensions", p + point("<extensions><x:hr>5</x:hr></extensions>"), p},
-    };
-    table.forEach([](const QByteArray &gpx, const QByteArray &expected) { QCOMPARE(skimmed(gpx), expected); });
-
-    // A point of 29 bytes begins at every place of the second block, and many points end the file.
-    for (int shift = 0; shift < 40; ++shift) {
-        const QByteArray begin(shift + (1 << 18) - 20, ' ');
-        const QByteArray gpx = begin + point() + point() + "<b/>" + point().repeated(20000) + "\n</gpx>";
-        const QByteArray expected = begin + point() + "<b/>" + point() + "\n</gpx>";
-        QVERIFY(skimmed(gpx) == expected);
+        // A point of 29 bytes begins at every place of the second block, and many points end the file.
+        for (int shift = 0; shift < 40; ++shift) {
+            const QByteArray begin(shift + (1 << 18) - 20, ' ');
+            const QByteArray gpx = begin + point() + point() + "<b/>" + point().repeated(20000) + "\n</gpx>";
+            const QByteArray expected = begin + point() + "<b/>" + point() + "\n</gpx>";
+            QVERIFY(skimmed(gpx) == expected);
+        }
     }
-}
 
-/// What a reader would report, or what is not surely a point, is left to the reader.
-void tst_KRGpxPointSkimmer::leavesAlone()
-{
-    const QByteArray p = point("<ele>1</ele>");
-    for (const QByteArray &gpx : {
-             p + "<trkpt lat=\"x\" lon=\"1\"/>" + p, // latitude that is no number
-             p + "<trkpt lat=\"90.5\" lon=\"1\"/>" + p, // beyond the poles
-             p + "<trkpt lat=\"1\" lon=\"99999999999\"/>" + p,
-             p + "<trkpt lat=\"1e1\" lon=\"1\"/>" + p,
-             p + "<trkpt lat=\"1\"/>" + p,
-             p + "<trkpt lat=\"1\" lon=\"1\" id=\"1\"/>" + p,
-             p + "<trkpt lat=\"1\" lat=\"1\"/>" + p,
-             p + point("<!-- </trkpt> -->") + p,
-             p + point("<desc><![CDATA[</trkpt>]]></desc>") + p,
-             p + point(point()),
-             p + "<trkpt lat=\"1\" lon=\"1\"><ele>", // no end
-             QByteArray("<wpt lat=\"1\" lon=\"2\"/><wpt lat=\"1\" lon=\"2\"/>"),
-             QByteArray("<trkp"),
-             QByteArray(),
-         })
-        QCOMPARE(skimmed(gpx), gpx);
-}
+    /// What a reader would report, or what is not surely a point, is left to the reader.
+    void leavesAlone()
+    {
+        const QByteArray p = point("<ele>1</ele>");
+        for (const QByteArray &gpx : {
+                 p + "<trkpt lat=\"x\" lon=\"1\"/>" + p, // latitude that is no number
+                 p + "<trkpt lat=\"90.5\" lon=\"1\"/>" + p, // beyond the poles
+                 p + "<trkpt lat=\"1\" lon=\"99999999999\"/>" + p,
+                 p + "<trkpt lat=\"1e1\" lon=\"1\"/>" + p,
+                 p + "<trkpt lat=\"1\"/>" + p,
+                 p + "<trkpt lat=\"1\" lon=\"1\" id=\"1\"/>" + p,
+                 p + "<trkpt lat=\"1\" lat=\"1\"/>" + p,
+                 p + point("<!-- </trkpt> -->") + p,
+                 p + point("<desc><![CDATA[</trkpt>]]></desc>") + p,
+                 p + point(point()),
+                 p + "<trkpt lat=\"1\" lon=\"1\"><ele>", // no end
+                 QByteArray("<wpt lat=\"1\" lon=\"2\"/><wpt lat=\"1\" lon=\"2\"/>"),
+                 QByteArray("<trkp"),
+                 QByteArray(),
+             })
+            QCOMPARE(skimmed(gpx), gpx);
+    }
+};
 
 static const KRTestRegistration<tst_KRGpxPointSkimmer> registration;
 

@@ -1,7 +1,6 @@
 #include "KRTileSource.h"
 
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
+#include "KRTest.h"
 #include "KRTestTiles.h"
 #include "KRTileDecoder.h"
 
@@ -9,7 +8,6 @@
 #include <KRCore/KRInputLimits.h>
 
 #include <QImage>
-#include <QtTest>
 
 #include <sys/stat.h>
 
@@ -37,262 +35,247 @@ class tst_KRTileSource : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void tilesAreFound();
-    void whatCannotBeOpened();
-    void creditIsPlainText();
-    void nothingIsWrittenBeside();
-    void levels();
-    void levelsOfLargeFiles();
-    void severalThreadsReadOneFile();
-    void brokenTiles();
-    void filesThatAreNoFiles();
+    void init() { m_dir = std::make_unique<QTemporaryDir>(); }
+
+    void tilesAreFound()
+    {
+        const KRTestTable<const char *> table{
+            {"MBTiles, rows from the south", "a.mbtiles"},
+            {"folder", "folder"},
+            {"folder as an address", "file:folder"},
+            {"template", "folder/{z}/{x}/{y}.png"},
+            {"template, rows from the south", "flipped/{z}-{x}-{-y}.tile"},
+        };
+        const KRTileKeyList keys = KRTestTiles::pyramid(0, 3);
+        KRTestTiles::writeMbtiles(path(QStringLiteral("a.mbtiles")), keys);
+        KRTestTiles::writeFolder(path(QStringLiteral("folder")), keys);
+        for (const KRTileKey &key : keys) {
+            const int row = (1 << key.zoom) - 1 - key.y;
+            KRTestTiles::writeFile(path(QStringLiteral("flipped/%1-%2-%3.tile")).arg(key.zoom).arg(key.x).arg(row),
+                                   KRTestTiles::picture(key));
+        }
+        table.forEach([&](const char *given) {
+            const QString text = QLatin1String(given);
+            const bool isAddress = text.startsWith(QLatin1String("file:"));
+            const QString name = isAddress ? QStringLiteral("file://") + path(text.mid(5)) : path(text);
+
+            const std::unique_ptr<KRTileSource> source = KRTileSource::open(name, nullptr);
+            QVERIFY(source != nullptr);
+            for (const KRTileKey &key : keys)
+                QCOMPARE(colorOf(ask(source.get(), key)), KRTestTiles::color(key));
+            QCOMPARE(ask(source.get(), {4, 3, 3}).kind, KRTileAnswer::Absent);
+        });
+    }
+
+    void whatCannotBeOpened()
+    {
+        // word: of the reason
+        const KRTestTable<const char *, const char *> table{
+            {"nothing there", "@missing.mbtiles", "gefunden"},
+            {"a database of something else", "@other.mbtiles", "keine MBTiles"},
+            {"a damaged database", "@damaged.mbtiles", "gelesen"},
+            {"vectors", "@vectors.mbtiles", "Vektoren"},
+            {"a pipe", "@pipe.mbtiles", "keine gewöhnliche Datei"},
+            {"a folder without tiles", "@empty", "keine Kacheln"},
+            {"no folder for the template", "@nowhere/{z}/{x}/{y}.png", "Ordner"},
+            {"no row", "https://tiles.example/{z}/{x}.png", "{y}"},
+            {"unknown place", "https://tiles.example/{z}/{x}/{y}{r}.png", "{r}"},
+            {"another protocol", "ftp://tiles.example/{z}/{x}/{y}.png", "http://"},
+        };
+        KRTestTiles::writeFile(path(QStringLiteral("damaged.mbtiles")),
+                               QByteArrayLiteral("SQLite format 3\0") + QByteArray(5000, 'x'));
+        KRTestTiles::runSql(path(QStringLiteral("other.mbtiles")), {QStringLiteral("CREATE TABLE songs (name text)")});
+        KRTestTiles::writeMbtiles(path(QStringLiteral("vectors.mbtiles")), {},
+                                  {{QStringLiteral("format"), QStringLiteral("pbf")}});
+        QCOMPARE(::mkfifo(QFile::encodeName(path(QStringLiteral("pipe.mbtiles"))).constData(), 0600), 0);
+        QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("empty")));
+
+        table.forEach([&](const char *given, const char *word) {
+            KRErrorHistory history;
+            const QString text = QLatin1String(given);
+            const QString name = text.startsWith(QLatin1Char('@')) ? path(text.mid(1)) : text;
+            QVERIFY(KRTileSource::open(name, &history) == nullptr);
+            QCOMPARE(history.entries().size(), 1);
+            QVERIFY2(history.entries().first().reason.contains(QString::fromUtf8(word)),
+                     qPrintable(history.entries().first().reason));
+        });
+    }
+
+    void creditIsPlainText()
+    {
+        const KRTestTable<KRText, KRText> table{
+            {"link", "&copy; <a title='>' href=\"https://x.example\">Stadt</a>\n<img src=\"x\"/> &amp; Land",
+             "© Stadt & Land"},
+            {"blocks", "<P>B&uuml;ro<br/>Stadt</P><p>L<b>an</b>d", "Büro Stadt Land"},
+            {"no tags", "a < b &lt;i&gt; 'c", "a < b <i> 'c"},
+            {"nothing to see", "<!-- a > b --><style>p {}</style>Stadt", "Stadt"},
+            {"a table that would fill the memory", "<table><tr><td colspan=30000 rowspan=30000>Stadt</td></tr></table>",
+             "Stadt"},
+            {"long", QString(4096, QLatin1Char('<')), QString(300, QLatin1Char('<'))},
+        };
+        table.forEach([](const QString &html, const QString &expected) {
+            const QTemporaryDir dir;
+            const QString file = dir.filePath(QStringLiteral("a.mbtiles"));
+            KRTestTiles::writeMbtiles(file, {}, {{QStringLiteral("attribution"), html}});
+            QCOMPARE(KRTileSource::open(file, nullptr)->credit(), expected);
+        });
+    }
+
+    void nothingIsWrittenBeside()
+    {
+        const QString file = path(QStringLiteral("a b%20?#.mbtiles"));
+        KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(0, 0));
+        KRTestTiles::runSql(file, {QStringLiteral("PRAGMA journal_mode = WAL")});
+        QVERIFY(QFile::link(file, path(QStringLiteral("link.mbtiles"))));
+        const QStringList before = QDir(m_dir->path()).entryList();
+        for (const QString &name : {file, path(QStringLiteral("link.mbtiles"))}) {
+            const std::unique_ptr<KRTileSource> source = KRTileSource::open(name, nullptr);
+            QVERIFY(source != nullptr);
+            QCOMPARE(ask(source.get(), {0, 0, 0}).kind, KRTileAnswer::Found);
+            QCOMPARE(QDir(m_dir->path()).entryList(), before);
+        }
+    }
+
+    void levels()
+    {
+        const QString lowest = QStringLiteral("minzoom");
+        const QString highest = QStringLiteral("maxzoom");
+        const KRTestTable<Texts, KRIntRange> table{
+            {"as the file says", Texts{{lowest, QStringLiteral("1")}, {highest, QStringLiteral("4")}},
+             KRIntRange(1, 4)},
+            {"as the tiles are", Texts{}, KRIntRange(2, 3)},
+            {"beyond all bounds", Texts{{lowest, QStringLiteral("-5")}, {highest, QStringLiteral("2000000")}},
+             KRIntRange(0, KRTileKey::largestZoom)},
+            {"the wrong way round", Texts{{lowest, QStringLiteral("4")}, {highest, QStringLiteral("1")}},
+             KRIntRange(4, 4)},
+        };
+        table.forEach([&](const Texts &metadata, const KRIntRange &expected) {
+            init();
+            const QString file = path(QStringLiteral("a.mbtiles"));
+            KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(2, 3), metadata);
+            const KRIntRange range = KRTileSource::open(file, nullptr)->zoomRange();
+            QCOMPARE(range.minimum(), expected.minimum());
+            QCOMPARE(range.maximum(), expected.maximum());
+        });
+    }
+
+    void levelsOfLargeFiles()
+    {
+        // Few rows that take long stand for very many.
+        const QString file = path(QStringLiteral("a.mbtiles"));
+        KRTestTiles::runSql(
+            file,
+            {QStringLiteral("CREATE TABLE map (zoom_level int, tile_column int, tile_row int, tile_data blob)"),
+             QStringLiteral("CREATE INDEX levels ON map (zoom_level)"),
+             QStringLiteral("WITH RECURSIVE numbers(n) AS (SELECT 0 UNION ALL SELECT n + 1 FROM numbers LIMIT 8000) "
+                            "INSERT INTO map SELECT 3 + n % 6, n, n, 'x' FROM numbers"),
+             QStringLiteral("CREATE VIEW tiles AS SELECT * FROM map "
+                            "WHERE length(hex(zeroblob(1000000 + 0 * tile_row))) > 0")});
+        const std::unique_ptr<KRTileSource> source = KRTileSource::open(file, nullptr);
+        const KRIntRange range = source->zoomRange();
+        QCOMPARE(range.minimum(), 3);
+        QCOMPARE(range.maximum(), 8);
+        QCOMPARE(ask(source.get(), {3, 0, 7}).kind, KRTileAnswer::Found);
+    }
+
+    void severalThreadsReadOneFile()
+    {
+        const QString file = path(QStringLiteral("a.mbtiles"));
+        const KRTileKeyList keys = KRTestTiles::pyramid(0, 4);
+        KRTestTiles::writeMbtiles(file, keys);
+        QAtomicInt wrong = 0;
+        std::vector<std::unique_ptr<QThread>> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.emplace_back(QThread::create([&] {
+                const std::unique_ptr<KRTileSource> source = KRTileSource::open(file, nullptr);
+                for (const KRTileKey &key : keys) {
+                    if (colorOf(ask(source.get(), key)) != KRTestTiles::color(key))
+                        wrong.ref();
+                }
+            }));
+            threads.back()->start();
+        }
+        for (const auto &thread : threads)
+            QVERIFY(thread->wait(60000));
+        QCOMPARE(wrong.loadAcquire(), 0);
+    }
+
+    void brokenTiles()
+    {
+        const QByteArray good = KRTestTiles::picture({2, 1, 1});
+        QByteArray huge = good;
+        huge.replace(16, 8, QByteArray::fromHex("0000753000007530")); // width and height in the header
+        // word: of the problem; none where there is a picture
+        const KRTestTable<QByteArray, const char *> table{
+            {"good PNG", good, ""},
+            {"good JPEG", KRTestTiles::picture({2, 1, 1}, 256, "jpg"), ""},
+            {"good JPEG of many scans", jpegOfScans(KRInputLimits::jpegScans), ""},
+            {"JPEG of too many scans", jpegOfScans(KRInputLimits::jpegScans + 1), "Durchgängen"},
+            {"good WebP", KRTestTiles::picture({2, 1, 1}, 256, "webp"), ""},
+            {"large, reduced", KRTestTiles::picture({2, 1, 1}, 1024), ""},
+            {"a web page", "<html>Login</html>", "weder"},
+            {"a bitmap", KRTestTiles::picture({2, 1, 1}, 256, "bmp"), "weder"},
+            {"30000 pixels wide", huge, "Größe"},
+            {"cut off in the header", good.left(20), "e"},
+        };
+        table.forEach([](const QByteArray &bytes, const char *word) {
+            QString problem;
+            const QImage image = KRTileDecoder::decode(bytes, &problem);
+            QCOMPARE(problem.isEmpty(), *word == '\0');
+            QCOMPARE(image.isNull(), !problem.isEmpty());
+            QVERIFY2(problem.contains(QString::fromUtf8(word)), qPrintable(problem));
+            QVERIFY(image.width() == image.height() && image.width() <= KRTileDecoder::largestSide);
+        });
+    }
+
+    void filesThatAreNoFiles()
+    {
+        const QString folder = path(QStringLiteral("tiles"));
+        KRTestTiles::writeFile(folder + QStringLiteral("/0/0/0.png"), KRTestTiles::picture({0, 0, 0}));
+        KRTestTiles::writeFile(folder + QStringLiteral("/1/0/0.png"), QByteArray(KRInputLimits::tileBytes + 1, ' '));
+        QVERIFY(QDir().mkpath(folder + QStringLiteral("/1/0/1.png")));
+        QVERIFY(QDir().mkpath(folder + QStringLiteral("/1/1")));
+        QCOMPARE(::mkfifo(QFile::encodeName(folder + QStringLiteral("/1/1/0.png")).constData(), 0600), 0);
+        QVERIFY(QFile::link(QStringLiteral("1.png"), folder + QStringLiteral("/1/1/1.png")));
+
+        const std::unique_ptr<KRTileSource> source = KRTileSource::open(folder, nullptr);
+        QVERIFY(source != nullptr);
+        for (const KRTileKey &key : KRTestTiles::pyramid(1, 1)) {
+            const KRTileAnswer answer = ask(source.get(), key);
+            QCOMPARE(answer.kind, KRTileAnswer::Failed);
+            QVERIFY(!answer.reason.isEmpty());
+        }
+
+        const QString file = path(QStringLiteral("a.mbtiles"));
+        KRTestTiles::writeMbtiles(file, {});
+        KRTestTiles::runSql(file, {QStringLiteral("INSERT INTO tiles VALUES (0, 0, 0, zeroblob(9000000))")});
+        QCOMPARE(ask(KRTileSource::open(file, nullptr).get(), {0, 0, 0}).kind, KRTileAnswer::Failed);
+    }
 
 private:
     QString path(const QString &name) const { return m_dir->filePath(name); }
-    static KRTileAnswer ask(KRTileSource *source, const KRTileKey &key);
-    static QColor colorOf(const KRTileAnswer &answer);
+    static KRTileAnswer ask(KRTileSource *source, const KRTileKey &key)
+    {
+        KRTileAnswer found;
+        found.kind = KRTileAnswer::Overloaded;
+        const QObject receiver;
+        connect(source, &KRTileSource::answered, &receiver, [&](const KRTileKey &answered, const KRTileAnswer &answer) {
+            if (answered == key)
+                found = answer;
+        });
+        source->request(key);
+        return found;
+    }
+
+    static QColor colorOf(const KRTileAnswer &answer)
+    {
+        QString problem;
+        const QImage image = KRTileDecoder::decode(answer.bytes, &problem);
+        return image.isNull() ? QColor() : image.pixelColor(image.rect().center());
+    }
 
     std::unique_ptr<QTemporaryDir> m_dir;
 };
-
-void tst_KRTileSource::init()
-{
-    m_dir = std::make_unique<QTemporaryDir>();
-}
-
-KRTileAnswer tst_KRTileSource::ask(KRTileSource *source, const KRTileKey &key)
-{
-    KRTileAnswer found;
-    found.kind = KRTileAnswer::Overloaded;
-    const QObject receiver;
-    connect(source, &KRTileSource::answered, &receiver, [&](const KRTileKey &answered, const KRTileAnswer &answer) {
-        if (answered == key)
-            found = answer;
-    });
-    source->request(key);
-    return found;
-}
-
-QColor tst_KRTileSource::colorOf(const KRTileAnswer &answer)
-{
-    QString problem;
-    const QImage image = KRTileDecoder::decode(answer.bytes, &problem);
-    return image.isNull() ? QColor() : image.pixelColor(image.rect().center());
-}
-
-void tst_KRTileSource::tilesAreFound()
-{
-    const KRTestTable<const char *> table{
-        {"MBTiles, rows from the south", "a.mbtiles"},
-        {"folder", "folder"},
-        {"folder as an address", "file:folder"},
-        {"template", "folder/{z}/{x}/{y}.png"},
-        {"template, rows from the south", "flipped/{z}-{x}-{-y}.tile"},
-    };
-    const KRTileKeyList keys = KRTestTiles::pyramid(0, 3);
-    KRTestTiles::writeMbtiles(path(QStringLiteral("a.mbtiles")), keys);
-    KRTestTiles::writeFolder(path(QStringLiteral("folder")), keys);
-    for (const KRTileKey &key : keys) {
-        const int row = (1 << key.zoom) - 1 - key.y;
-        KRTestTiles::writeFile(path(QStringLiteral("flipped/%1-%2-%3.tile")).arg(key.zoom).arg(key.x).arg(row),
-                               KRTestTiles::picture(key));
-    }
-    table.forEach([&](const char *given) {
-        const QString text = QLatin1String(given);
-        const bool isAddress = text.startsWith(QLatin1String("file:"));
-        const QString name = isAddress ? QStringLiteral("file://") + path(text.mid(5)) : path(text);
-
-        const std::unique_ptr<KRTileSource> source = KRTileSource::open(name, nullptr);
-        QVERIFY(source != nullptr);
-        for (const KRTileKey &key : keys)
-            QCOMPARE(colorOf(ask(source.get(), key)), KRTestTiles::color(key));
-        QCOMPARE(ask(source.get(), {4, 3, 3}).kind, KRTileAnswer::Absent);
-    });
-}
-
-void tst_KRTileSource::whatCannotBeOpened()
-{
-    // word: of the reason
-    const KRTestTable<const char *, const char *> table{
-        {"nothing there", "@missing.mbtiles", "gefunden"},
-        {"a database of something else", "@other.mbtiles", "keine MBTiles"},
-        {"a damaged database", "@damaged.mbtiles", "gelesen"},
-        {"vectors", "@vectors.mbtiles", "Vektoren"},
-        {"a pipe", "@pipe.mbtiles", "keine gewöhnliche Datei"},
-        {"a folder without tiles", "@empty", "keine Kacheln"},
-        {"no folder for the template", "@nowhere/{z}/{x}/{y}.png", "Ordner"},
-        {"no row", "https://tiles.example/{z}/{x}.png", "{y}"},
-        {"unknown place", "https://tiles.example/{z}/{x}/{y}{r}.png", "{r}"},
-        {"another protocol", "ftp://tiles.example/{z}/{x}/{y}.png", "http://"},
-    };
-    KRTestTiles::writeFile(path(QStringLiteral("damaged.mbtiles")),
-                           QByteArrayLiteral("SQLite format 3\0") + QByteArray(5000, 'x'));
-    KRTestTiles::runSql(path(QStringLiteral("other.mbtiles")), {QStringLiteral("CREATE TABLE songs (name text)")});
-    KRTestTiles::writeMbtiles(path(QStringLiteral("vectors.mbtiles")), {},
-                              {{QStringLiteral("format"), QStringLiteral("pbf")}});
-    QCOMPARE(::mkfifo(QFile::encodeName(path(QStringLiteral("pipe.mbtiles"))).constData(), 0600), 0);
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("empty")));
-
-    table.forEach([&](const char *given, const char *word) {
-        KRErrorHistory history;
-        const QString text = QLatin1String(given);
-        const QString name = text.startsWith(QLatin1Char('@')) ? path(text.mid(1)) : text;
-        QVERIFY(KRTileSource::open(name, &history) == nullptr);
-        QCOMPARE(history.entries().size(), 1);
-        QVERIFY2(history.entries().first().reason.contains(QString::fromUtf8(word)),
-                 qPrintable(history.entries().first().reason));
-    });
-}
-
-void tst_KRTileSource::creditIsPlainText()
-{
-    const KRTestTable<QString, QString> table{
-        {"link",
-         QStringLiteral("&copy; <a title='>' href=\"https://x.example\">Stadt</a>\n<img src=\"x\"/> &amp; Land"),
-         QStringLiteral("© Stadt & Land")},
-        {"blocks", QStringLiteral("<P>B&uuml;ro<br/>Stadt</P><p>L<b>an</b>d"), QStringLiteral("Büro Stadt Land")},
-        {"no tags", QStringLiteral("a < b &lt;i&gt; 'c"), QStringLiteral("a < b <i> 'c")},
-        {"nothing to see", QStringLiteral("<!-- a > b --><style>p {}</style>Stadt"), QStringLiteral("Stadt")},
-        {"a table that would fill the memory",
-         QStringLiteral("<table><tr><td colspan=30000 rowspan=30000>Stadt</td></tr></table>"), QStringLiteral("Stadt")},
-        {"long", QString(4096, QLatin1Char('<')), QString(300, QLatin1Char('<'))},
-    };
-    table.forEach([](const QString &html, const QString &expected) {
-        const QTemporaryDir dir;
-        const QString file = dir.filePath(QStringLiteral("a.mbtiles"));
-        KRTestTiles::writeMbtiles(file, {}, {{QStringLiteral("attribution"), html}});
-        QCOMPARE(KRTileSource::open(file, nullptr)->credit(), expected);
-    });
-}
-
-void tst_KRTileSource::nothingIsWrittenBeside()
-{
-    const QString file = path(QStringLiteral("a b%20?#.mbtiles"));
-    KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(0, 0));
-    KRTestTiles::runSql(file, {QStringLiteral("PRAGMA journal_mode = WAL")});
-    QVERIFY(QFile::link(file, path(QStringLiteral("link.mbtiles"))));
-    const QStringList before = QDir(m_dir->path()).entryList();
-    for (const QString &name : {file, path(QStringLiteral("link.mbtiles"))}) {
-        const std::unique_ptr<KRTileSource> source = KRTileSource::open(name, nullptr);
-        QVERIFY(source != nullptr);
-        QCOMPARE(ask(source.get(), {0, 0, 0}).kind, KRTileAnswer::Found);
-        QCOMPARE(QDir(m_dir->path()).entryList(), before);
-    }
-}
-
-void tst_KRTileSource::levels()
-{
-    const QString lowest = QStringLiteral("minzoom");
-    const QString highest = QStringLiteral("maxzoom");
-    const KRTestTable<Texts, KRIntRange> table{
-        {"as the file says", Texts{{lowest, QStringLiteral("1")}, {highest, QStringLiteral("4")}}, KRIntRange(1, 4)},
-        {"as the tiles are", Texts{}, KRIntRange(2, 3)},
-        {"beyond all bounds", Texts{{lowest, QStringLiteral("-5")}, {highest, QStringLiteral("2000000")}},
-         KRIntRange(0, KRTileKey::largestZoom)},
-        {"the wrong way round", Texts{{lowest, QStringLiteral("4")}, {highest, QStringLiteral("1")}}, KRIntRange(4, 4)},
-    };
-    table.forEach([&](const Texts &metadata, const KRIntRange &expected) {
-        init();
-        const QString file = path(QStringLiteral("a.mbtiles"));
-        KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(2, 3), metadata);
-        const KRIntRange range = KRTileSource::open(file, nullptr)->zoomRange();
-        QCOMPARE(range.minimum(), expected.minimum());
-        QCOMPARE(range.maximum(), expected.maximum());
-    });
-}
-
-void tst_KRTileSource::levelsOfLargeFiles()
-{
-    // Few rows that take long stand for very many.
-    const QString file = path(QStringLiteral("a.mbtiles"));
-    KRTestTiles::runSql(
-        file, {QStringLiteral("CREATE TABLE map (zoom_level int, tile_column int, tile_row int, tile_data blob)"),
-               QStringLiteral("CREATE INDEX levels ON map (zoom_level)"),
-               QStringLiteral("WITH RECURSIVE numbers(n) AS (SELECT 0 UNION ALL SELECT n + 1 FROM numbers LIMIT 8000) "
-                              "INSERT INTO map SELECT 3 + n % 6, n, n, 'x' FROM numbers"),
-               QStringLiteral("CREATE VIEW tiles AS SELECT * FROM map "
-                              "WHERE length(hex(zeroblob(1000000 + 0 * tile_row))) > 0")});
-    const std::unique_ptr<KRTileSource> source = KRTileSource::open(file, nullptr);
-    const KRIntRange range = source->zoomRange();
-    QCOMPARE(range.minimum(), 3);
-    QCOMPARE(range.maximum(), 8);
-    QCOMPARE(ask(source.get(), {3, 0, 7}).kind, KRTileAnswer::Found);
-}
-
-void tst_KRTileSource::severalThreadsReadOneFile()
-{
-    const QString file = path(QStringLiteral("a.mbtiles"));
-    const KRTileKeyList keys = KRTestTiles::pyramid(0, 4);
-    KRTestTiles::writeMbtiles(file, keys);
-    QAtomicInt wrong = 0;
-    std::vector<std::unique_ptr<QThread>> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back(QThread::create([&] {
-            const std::unique_ptr<KRTileSource> source = KRTileSource::open(file, nullptr);
-            for (const KRTileKey &key : keys) {
-                if (colorOf(ask(source.get(), key)) != KRTestTiles::color(key))
-                    wrong.ref();
-            }
-        }));
-        threads.back()->start();
-    }
-    for (const auto &thread : threads)
-        QVERIFY(thread->wait(60000));
-    QCOMPARE(wrong.loadAcquire(), 0);
-}
-
-void tst_KRTileSource::brokenTiles()
-{
-    const QByteArray good = KRTestTiles::picture({2, 1, 1});
-    QByteArray huge = good;
-    huge.replace(16, 8, QByteArray::fromHex("0000753000007530")); // width and height in the header
-    // word: of the problem; none where there is a picture
-    const KRTestTable<QByteArray, const char *> table{
-        {"good PNG", good, ""},
-        {"good JPEG", KRTestTiles::picture({2, 1, 1}, 256, "jpg"), ""},
-        {"good JPEG of many scans", jpegOfScans(KRInputLimits::jpegScans), ""},
-        {"JPEG of too many scans", jpegOfScans(KRInputLimits::jpegScans + 1), "Durchgängen"},
-        {"good WebP", KRTestTiles::picture({2, 1, 1}, 256, "webp"), ""},
-        {"large, reduced", KRTestTiles::picture({2, 1, 1}, 1024), ""},
-        {"a web page", "<html>Login</html>", "weder"},
-        {"a bitmap", KRTestTiles::picture({2, 1, 1}, 256, "bmp"), "weder"},
-        {"30000 pixels wide", huge, "Größe"},
-        {"cut off in the header", good.left(20), "e"},
-    };
-    table.forEach([](const QByteArray &bytes, const char *word) {
-        QString problem;
-        const QImage image = KRTileDecoder::decode(bytes, &problem);
-        QCOMPARE(problem.isEmpty(), *word == '\0');
-        QCOMPARE(image.isNull(), !problem.isEmpty());
-        QVERIFY2(problem.contains(QString::fromUtf8(word)), qPrintable(problem));
-        QVERIFY(image.width() == image.height() && image.width() <= KRTileDecoder::largestSide);
-    });
-}
-
-void tst_KRTileSource::filesThatAreNoFiles()
-{
-    const QString folder = path(QStringLiteral("tiles"));
-    KRTestTiles::writeFile(folder + QStringLiteral("/0/0/0.png"), KRTestTiles::picture({0, 0, 0}));
-    KRTestTiles::writeFile(folder + QStringLiteral("/1/0/0.png"), QByteArray(KRInputLimits::tileBytes + 1, ' '));
-    QVERIFY(QDir().mkpath(folder + QStringLiteral("/1/0/1.png")));
-    QVERIFY(QDir().mkpath(folder + QStringLiteral("/1/1")));
-    QCOMPARE(::mkfifo(QFile::encodeName(folder + QStringLiteral("/1/1/0.png")).constData(), 0600), 0);
-    QVERIFY(QFile::link(QStringLiteral("1.png"), folder + QStringLiteral("/1/1/1.png")));
-
-    const std::unique_ptr<KRTileSource> source = KRTileSource::open(folder, nullptr);
-    QVERIFY(source != nullptr);
-    for (const KRTileKey &key : KRTestTiles::pyramid(1, 1)) {
-        const KRTileAnswer answer = ask(source.get(), key);
-        QCOMPARE(answer.kind, KRTileAnswer::Failed);
-        QVERIFY(!answer.reason.isEmpty());
-    }
-
-    const QString file = path(QStringLiteral("a.mbtiles"));
-    KRTestTiles::writeMbtiles(file, {});
-    KRTestTiles::runSql(file, {QStringLiteral("INSERT INTO tiles VALUES (0, 0, 0, zeroblob(9000000))")});
-    QCOMPARE(ask(KRTileSource::open(file, nullptr).get(), {0, 0, 0}).kind, KRTileAnswer::Failed);
-}
 
 static const KRTestRegistration<tst_KRTileSource> registration;
 

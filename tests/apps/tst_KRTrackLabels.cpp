@@ -1,25 +1,12 @@
 #include "KRMapTrackRenderer.h"
 #include "KRNamedTrack.h"
+#include "KRTest.h"
 #include "KRTestMap.h"
 #include "KRTestPicture.h"
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
 #include "KRTrackLabels.h"
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 #include <KRGeoLocation/KRMapProjection.h>
-
-#include <QtTest>
-
-class tst_KRTrackLabels : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void namesStandByTheirTracks();
-    void namesKeepApart();
-    void namesKeepOffTracks();
-};
 
 namespace {
 
@@ -28,23 +15,32 @@ const QSize size(800, 600);
 
 } // namespace
 
-void tst_KRTrackLabels::namesStandByTheirTracks()
+class tst_KRTrackLabels : public QObject
 {
-    const QString ferry = QStringLiteral("Fähre");
-    const KRGeoPositionList line{{-15.0, 171.0}, {-15.0, 175.0}};
-    const KRGeoPositionList area{{-10.0, 171.0}, {-10.0, 177.0}, {-14.0, 177.0}, {-14.0, 171.0}};
-    // the parts of the picture in which the name stands; empty where there is to be none
-    const KRTestTable<KRGeoPositionList, KRGPXTrackShapeEnum, QString, QRectF> table{
-        {"line", line, LineStringTrackShape, ferry, {0.0, 0.3, 0.5, 0.4}},
-        {"across the date line", {{-15.0, 178.0}, {-15.0, -178.0}}, LineStringTrackShape, ferry, {0.4, 0.3, 0.4, 0.4}},
-        {"middle of an area", area, PolygonTrackShape, ferry, {0.15, 0.1, 0.25, 0.3}},
-        {"part in view", {{-15.0, 100.0}, {-15.0, 173.0}}, LineStringTrackShape, ferry, {0.0, 0.3, 0.3, 0.4}},
-        {"out of view", {{15.0, 100.0}, {15.0, 110.0}}, LineStringTrackShape, ferry, {}},
-        {"no position", {{720.0, 720.0}}, PointTrackShape, ferry, {}},
-        {"name to be cut", line, LineStringTrackShape, QStringLiteral("W").repeated(500), {0.0, 0.3, 0.7, 0.4}},
-    };
-    table.forEach(
-        [](const KRGeoPositionList &positions, KRGPXTrackShapeEnum shape, const QString &name, const QRectF &within) {
+    Q_OBJECT
+
+private slots:
+    void namesStandByTheirTracks()
+    {
+        const QString ferry = QStringLiteral("Fähre");
+        const KRGeoPositionList line{{-15.0, 171.0}, {-15.0, 175.0}};
+        const KRGeoPositionList area{{-10.0, 171.0}, {-10.0, 177.0}, {-14.0, 177.0}, {-14.0, 171.0}};
+        // the parts of the picture in which the name stands; empty where there is to be none
+        const KRTestTable<KRGeoPositionList, KRGPXTrackShapeEnum, QString, QRectF> table{
+            {"line", line, LineStringTrackShape, ferry, {0.0, 0.3, 0.5, 0.4}},
+            {"across the date line",
+             {{-15.0, 178.0}, {-15.0, -178.0}},
+             LineStringTrackShape,
+             ferry,
+             {0.4, 0.3, 0.4, 0.4}},
+            {"middle of an area", area, PolygonTrackShape, ferry, {0.15, 0.1, 0.25, 0.3}},
+            {"part in view", {{-15.0, 100.0}, {-15.0, 173.0}}, LineStringTrackShape, ferry, {0.0, 0.3, 0.3, 0.4}},
+            {"out of view", {{15.0, 100.0}, {15.0, 110.0}}, LineStringTrackShape, ferry, {}},
+            {"no position", {{720.0, 720.0}}, PointTrackShape, ferry, {}},
+            {"name to be cut", line, LineStringTrackShape, QStringLiteral("W").repeated(500), {0.0, 0.3, 0.7, 0.4}},
+        };
+        table.forEach([](const KRGeoPositionList &positions, KRGPXTrackShapeEnum shape, const QString &name,
+                         const QRectF &within) {
             KRGPXTrackSelection selection;
             selection.addTrack(namedTrack(positions, KRGPXTrackShape(shape), Qt::red, name));
             const QVector<KRMapLabel> labels =
@@ -56,62 +52,63 @@ void tst_KRTrackLabels::namesStandByTheirTracks()
                                within.height() * size.height());
             QVERIFY(place.contains(labels.first().box()));
         });
-}
+    }
 
-void tst_KRTrackLabels::namesKeepApart()
-{
-    KRGPXTrackSelection selection;
-    QRandomGenerator random(7);
-    for (int i = 0; i < 300; ++i) {
-        const double latitude = -20.0 + random.bounded(10.0);
-        const double longitude = 171.0 + random.bounded(8.0);
-        selection.addTrack(namedTrack({{latitude, longitude}, {latitude + 0.5, longitude + 0.5}},
-                                      KRGPXTrackShape(LineStringTrackShape), Qt::darkBlue,
-                                      QStringLiteral("Weg %1").arg(i)));
+    void namesKeepApart()
+    {
+        KRGPXTrackSelection selection;
+        QRandomGenerator random(7);
+        for (int i = 0; i < 300; ++i) {
+            const double latitude = -20.0 + random.bounded(10.0);
+            const double longitude = 171.0 + random.bounded(8.0);
+            selection.addTrack(namedTrack({{latitude, longitude}, {latitude + 0.5, longitude + 0.5}},
+                                          KRGPXTrackShape(LineStringTrackShape), Qt::darkBlue,
+                                          QStringLiteral("Weg %1").arg(i)));
+        }
+        const KRMapProjection projection(fijiArea, size);
+        const QVector<QRectF> keptFree{{600.0, 0.0, 200.0, 300.0}, {0.0, 500.0, 300.0, 100.0}};
+        const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, keptFree).labels();
+        QVERIFY(labels.size() > 40);
+        QCOMPARE(labels.first().text(), QStringLiteral("Weg 0"));
+        QVector<QRectF> taken = keptFree;
+        for (const KRMapLabel &label : labels) {
+            QVERIFY(QRectF(QPointF(), size).contains(label.box()));
+            for (const QRectF &box : std::as_const(taken))
+                QVERIFY2(!box.intersects(label.box()), qPrintable(label.text()));
+            taken << label.box();
+        }
     }
-    const KRMapProjection projection(fijiArea, size);
-    const QVector<QRectF> keptFree{{600.0, 0.0, 200.0, 300.0}, {0.0, 500.0, 300.0, 100.0}};
-    const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, keptFree).labels();
-    QVERIFY(labels.size() > 40);
-    QCOMPARE(labels.first().text(), QStringLiteral("Weg 0"));
-    QVector<QRectF> taken = keptFree;
-    for (const KRMapLabel &label : labels) {
-        QVERIFY(QRectF(QPointF(), size).contains(label.box()));
-        for (const QRectF &box : std::as_const(taken))
-            QVERIFY2(!box.intersects(label.box()), qPrintable(label.text()));
-        taken << label.box();
-    }
-}
 
-void tst_KRTrackLabels::namesKeepOffTracks()
-{
-    KRGPXTrackSelection selection;
-    for (const double longitude : {171.0, 174.0, 177.0, -180.0, -177.0}) {
-        selection.addTrack(namedTrack({{-20.0, longitude}, {-15.0, longitude + 2.0}, {-10.0, longitude}},
-                                      KRGPXTrackShape(LineStringTrackShape), Qt::red,
-                                      QStringLiteral("Weg nach Norden")));
+    void namesKeepOffTracks()
+    {
+        KRGPXTrackSelection selection;
+        for (const double longitude : {171.0, 174.0, 177.0, -180.0, -177.0}) {
+            selection.addTrack(namedTrack({{-20.0, longitude}, {-15.0, longitude + 2.0}, {-10.0, longitude}},
+                                          KRGPXTrackShape(LineStringTrackShape), Qt::red,
+                                          QStringLiteral("Weg nach Norden")));
+        }
+        for (const KRGPXMarkerShapeEnum marker : {DiskMarkerShape, CircleMarkerShape, Star6MarkerShape}) {
+            const KRGeoPosition place(-19.0, 172.0 + selection.count());
+            KRGPXConfiguredTrack point =
+                namedTrack({place}, KRGPXTrackShape(PointTrackShape), Qt::red, QStringLiteral("Ort"));
+            KRGPXTrackConfiguration look = point.configuration();
+            look.setLineWidth(KRDistance(14.0));
+            look.setMarkerShape(marker);
+            point.setConfiguration(look);
+            selection.addTrack(point);
+        }
+        const KRMapProjection projection(fijiArea, size);
+        const QImage lines = KRMapTrackRenderer(selection, projection, size, 1.0).render(StyledRender);
+        const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, {}).labels();
+        QCOMPARE(labels.size(), selection.count());
+        for (const KRMapLabel &label : labels) {
+            const QImage below = lines.copy(label.box().toAlignedRect());
+            QVERIFY(KRTestPicture::boundsOf(below, [](const QColor &color) { return color.alpha() > 0; }).isEmpty());
+        }
+        // However small the factor is, there is room to remember where the lines are.
+        QCOMPARE(KRTrackLabels::arranged(selection, projection, size, 1e-9, {}).labels().size(), selection.count());
     }
-    for (const KRGPXMarkerShapeEnum marker : {DiskMarkerShape, CircleMarkerShape, Star6MarkerShape}) {
-        const KRGeoPosition place(-19.0, 172.0 + selection.count());
-        KRGPXConfiguredTrack point =
-            namedTrack({place}, KRGPXTrackShape(PointTrackShape), Qt::red, QStringLiteral("Ort"));
-        KRGPXTrackConfiguration look = point.configuration();
-        look.setLineWidth(KRDistance(14.0));
-        look.setMarkerShape(marker);
-        point.setConfiguration(look);
-        selection.addTrack(point);
-    }
-    const KRMapProjection projection(fijiArea, size);
-    const QImage lines = KRMapTrackRenderer(selection, projection, size, 1.0).render(StyledRender);
-    const QVector<KRMapLabel> labels = KRTrackLabels::arranged(selection, projection, size, 1.0, {}).labels();
-    QCOMPARE(labels.size(), selection.count());
-    for (const KRMapLabel &label : labels) {
-        const QImage below = lines.copy(label.box().toAlignedRect());
-        QVERIFY(KRTestPicture::boundsOf(below, [](const QColor &color) { return color.alpha() > 0; }).isEmpty());
-    }
-    // However small the factor is, there is room to remember where the lines are.
-    QCOMPARE(KRTrackLabels::arranged(selection, projection, size, 1e-9, {}).labels().size(), selection.count());
-}
+};
 
 static const KRTestRegistration<tst_KRTrackLabels> registration;
 

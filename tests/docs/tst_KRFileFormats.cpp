@@ -3,8 +3,9 @@
 #include "KRRouteDocument.h"
 #include "KRRouteImport.h"
 #include "KRTemporarySettings.h"
+#include "KRTest.h"
 #include "KRTestFile.h"
-#include "KRTestRegistry.h"
+#include "KRTestTrack.h"
 #include "KRTestXml.h"
 
 #include <KRCore/KRZIP.h>
@@ -13,8 +14,6 @@
 #include <KRGeoLocation/KRGeoLocationSettings.h>
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 #include <KRXML/KRXMLBuilder.h>
-
-#include <QtTest>
 
 #include <functional>
 
@@ -36,17 +35,8 @@ private slots:
 
 namespace {
 
+using KRTestTrack::noDir;
 using Facts = QMap<QString, QString>;
-
-QString sizeText(const KRDistance &width)
-{
-    return QString::number(width.toDouble());
-}
-
-QString timeText(const QDateTime &time)
-{
-    return time.isValid() ? time.toUTC().toString(Qt::ISODateWithMs) : QStringLiteral("none");
-}
 
 Facts factsOf(const KRGPXConfiguredTrackList &tracks)
 {
@@ -65,12 +55,13 @@ Facts factsOf(const KRGPXConfiguredTrackList &tracks)
         add("enclaves", QString::number(track.enclaves().size()));
         add("first point", first.position().toString(false));
         add("first elevation", QString::number(first.elevation()));
-        add("first time", timeText(first.timeStamp()));
+        const QString time = first.timeStamp().toUTC().toString(Qt::ISODateWithMs);
+        add("first time", time.isEmpty() ? QStringLiteral("none") : time);
         add("first note", first.description());
         add("line", look.lineColor().name(QColor::HexArgb));
-        add("line width", sizeText(look.lineWidth()));
+        add("line width", QString::number(look.lineWidth().toDouble()));
         add("fill", look.fillColor().name(QColor::HexArgb));
-        add("halo width", sizeText(look.haloWidth()));
+        add("halo width", QString::number(look.haloWidth().toDouble()));
         add("display options", look.currentDisplayOptions().keys());
         add("marker", look.markerShape().keys());
         add("pen style", QString::number(look.penStyle().number()));
@@ -181,28 +172,26 @@ public:
 
     Facts read(bool byLibrary)
     {
+        const QByteArray text = m_block.text.toUtf8();
+        const QDomElement element = KRTestXml::element(text);
+        const QMap<QString, std::function<Facts()>> readers{
+            {QStringLiteral("configuration"), [&] { return factsOf(KRGPXTrackConfiguration::fromXml(element)); }},
+            {QStringLiteral("configuredTrack"),
+             [&] { return factsOf(KRGPXConfiguredTrackList(KRGPXConfiguredTrack(element, noDir))); }},
+            {QStringLiteral("selection"), [&] { return factsOf(KRGPXTrackSelection(element, noDir)); }},
+            {QStringLiteral("track"), [&] { return factsOf(KRGPXTrack(element, noDir)); }},
+            {QStringLiteral("includedTrack"),
+             [&] { return factsOf(KRGPXTrackFile(QFileInfo(save(QStringLiteral("a.gps"), text))).tracks().value(0)); }},
+            {QStringLiteral("comma-text"),
+             [&] { return factsOf(KRTestTrack::track(m_block.text, LineStringTrackShape, QString())); }},
+            {QStringLiteral("settings"), [&] { return settingsOf(save(QStringLiteral("settings.ini"), text)); }},
+            {QStringLiteral("area"), [&] { return rangesOf(m_block.text); }},
+        };
         const QString kind = m_block.marks.value(0);
-        const QDomElement element = KRTestXml::element(m_block.text.toUtf8());
-        if (kind == QLatin1String("configuration"))
-            return factsOf(KRGPXTrackConfiguration::fromXml(element));
-        if (kind == QLatin1String("configuredTrack"))
-            return factsOf(KRGPXConfiguredTrackList(KRGPXConfiguredTrack(element, QDir(QString()))));
-        if (kind == QLatin1String("selection"))
-            return factsOf(KRGPXTrackSelection(element, QDir(QString())));
-        if (kind == QLatin1String("track"))
-            return factsOf(KRGPXTrack(element, QDir(QString())));
-        if (kind == QLatin1String("includedTrack"))
-            return factsOf(
-                KRGPXTrackFile(QFileInfo(save(QStringLiteral("track.gps"), m_block.text.toUtf8()))).tracks().value(0));
-        if (kind == QLatin1String("comma-text"))
-            return factsOf(
-                KRGPXTrack(QString(), QString(), {KRGPXTrackSegment::decodeKml(m_block.text)}, LineStringTrackShape));
-        if (kind == QLatin1String("settings"))
-            return settingsOf(save(QStringLiteral("settings.ini"), m_block.text.toUtf8()));
-        if (kind == QLatin1String("area"))
-            return rangesOf(m_block.text);
+        if (readers.contains(kind))
+            return readers.value(kind)();
         const QString suffix = kind == QLatin1String("document") ? KRRouteDocument::suffix() : kind;
-        const QString fileName = save(QStringLiteral("Ausflug.") + suffix, m_block.text.toUtf8());
+        const QString fileName = save(QStringLiteral("Ausflug.") + suffix, text);
         return byLibrary ? importedByLibrary(fileName) : importedByPrograms(fileName);
     }
 
@@ -220,15 +209,14 @@ public:
         const QString kind = m_block.marks.value(0);
         const QDomElement element = KRTestXml::element(m_block.text.toUtf8());
         const QString root = element.tagName();
-        const QDir none{QString()};
         if (kind == QLatin1String("configuration"))
             return written(root, [&](QDomElement &e) { KRGPXTrackConfiguration::fromXml(element).toXml(e); });
         if (kind == QLatin1String("selection"))
-            return written(root, [&](QDomElement &e) { KRGPXTrackSelection(element, none).toXml(e, none); });
+            return written(root, [&](QDomElement &e) { KRGPXTrackSelection(element, noDir).toXml(e, noDir); });
         if (kind == QLatin1String("configuredTrack"))
-            return inside([&](QDomElement &e) { KRGPXConfiguredTrack(element, none).toXml(e, root, none); });
+            return inside([&](QDomElement &e) { KRGPXConfiguredTrack(element, noDir).toXml(e, root, noDir); });
         if (kind == QLatin1String("track"))
-            return inside([&](QDomElement &e) { KRGPXTrack(element, none).toXml(e, none); });
+            return inside([&](QDomElement &e) { KRGPXTrack(element, noDir).toXml(e, noDir); });
         KRRouteImport import;
         const QString suffix = kind == QLatin1String("document") ? KRRouteDocument::suffix() : kind;
         import.read({save(QStringLiteral("Ausflug.") + suffix, m_block.text.toUtf8())});

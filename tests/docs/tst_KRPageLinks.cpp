@@ -1,17 +1,5 @@
+#include "KRTest.h"
 #include "KRTestFile.h"
-#include "KRTestRegistry.h"
-
-#include <QtTest>
-
-/// Follows the links on all our pages to files, folders, pictures and headings of the project.
-class tst_KRPageLinks : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void links_data();
-    void links();
-};
 
 namespace {
 
@@ -38,40 +26,47 @@ QStringList anchorsOf(const QString &page)
 
 } // namespace
 
-void tst_KRPageLinks::links_data()
+/// Follows the links on all our pages to files, folders, pictures and headings of the project.
+class tst_KRPageLinks : public QObject
 {
-    QTest::addColumn<QString>("page");
-    const QStringList folders{QStringLiteral("apps"),     QStringLiteral("benchmarks"), QStringLiteral("data"),
-                              QStringLiteral("docs"),     QStringLiteral("fuzz"),       QStringLiteral("libs"),
-                              QStringLiteral("packaging")};
-    QStringList pages = project().entryList({QStringLiteral("*.md")}, QDir::Files);
-    for (const QString &folder : folders) {
-        QDirIterator iterator(project().filePath(folder), {QStringLiteral("*.md")}, QDir::Files,
-                              QDirIterator::Subdirectories);
-        while (iterator.hasNext())
-            pages.append(project().relativeFilePath(iterator.next()));
-    }
-    for (const QString &page : std::as_const(pages))
-        QTest::newRow(qPrintable(page)) << project().filePath(page);
-}
+    Q_OBJECT
 
-void tst_KRPageLinks::links()
-{
-    QFETCH(QString, page);
-    static const QRegularExpression link(QStringLiteral("\\]\\(([^)\\s]+)\\)"));
-    auto match = link.globalMatch(QString::fromUtf8(KRTestFile::content(page)));
-    while (match.hasNext()) {
-        const QString target = match.next().captured(1);
-        if (target.contains(QLatin1String("://")) || target.startsWith(QLatin1String("mailto:")))
-            continue;
-        const QString path = target.section(QLatin1Char('#'), 0, 0);
-        const QString anchor = target.section(QLatin1Char('#'), 1);
-        const QString file = path.isEmpty() ? page : QFileInfo(page).dir().filePath(path);
-        QVERIFY2(QFileInfo::exists(file), qPrintable(target));
-        if (!anchor.isEmpty())
-            QVERIFY2(anchorsOf(file).contains(anchor), qPrintable(target));
+private slots:
+    void links_data()
+    {
+        QTest::addColumn<QString>("page");
+        const QStringList folders{QStringLiteral("apps"),     QStringLiteral("benchmarks"), QStringLiteral("data"),
+                                  QStringLiteral("docs"),     QStringLiteral("fuzz"),       QStringLiteral("libs"),
+                                  QStringLiteral("packaging")};
+        QStringList pages = project().entryList({QStringLiteral("*.md")}, QDir::Files);
+        for (const QString &folder : folders) {
+            QDirIterator iterator(project().filePath(folder), {QStringLiteral("*.md")}, QDir::Files,
+                                  QDirIterator::Subdirectories);
+            while (iterator.hasNext())
+                pages.append(project().relativeFilePath(iterator.next()));
+        }
+        for (const QString &page : std::as_const(pages))
+            QTest::newRow(qPrintable(page)) << project().filePath(page);
     }
-}
+
+    void links()
+    {
+        QFETCH(QString, page);
+        static const QRegularExpression link(QStringLiteral("\\]\\(([^)\\s]+)\\)"));
+        auto match = link.globalMatch(QString::fromUtf8(KRTestFile::content(page)));
+        while (match.hasNext()) {
+            const QString target = match.next().captured(1);
+            if (target.contains(QLatin1String("://")) || target.startsWith(QLatin1String("mailto:")))
+                continue;
+            const QString path = target.section(QLatin1Char('#'), 0, 0);
+            const QString anchor = target.section(QLatin1Char('#'), 1);
+            const QString file = path.isEmpty() ? page : QFileInfo(page).dir().filePath(path);
+            QVERIFY2(QFileInfo::exists(file), qPrintable(target));
+            if (!anchor.isEmpty())
+                QVERIFY2(anchorsOf(file).contains(anchor), qPrintable(target));
+        }
+    }
+};
 
 static const KRTestRegistration<tst_KRPageLinks> registration;
 

@@ -6,6 +6,16 @@
 #include <tuple>
 #include <vector>
 
+/// A column of texts, for which rows have literals in UTF-8.
+class KRText : public QString
+{
+public:
+    KRText() = default;
+    // Not explicit, so that rows need no more than the text.
+    KRText(const char *utf8) : QString(QString::fromUtf8(utf8)) { }
+    KRText(const QString &text) : QString(text) { }
+};
+
 /**
  * Cases that stand in the test itself, with the columns of a data function but without its declarations.
  *

@@ -70,6 +70,14 @@ inline QString text(const KRGPXTrack &track, const KRGPXTrackShape &shape)
     return text;
 }
 
+inline QString names(const KRGPXConfiguredTrackList &tracks, const QString &separator = QStringLiteral(" "))
+{
+    QStringList names;
+    for (const KRGPXConfiguredTrack &track : tracks)
+        names.append(track.name());
+    return names.join(separator);
+}
+
 /// Of all tracks, with semicolons between them.
 inline QString text(const KRGPXConfiguredTrackList &tracks)
 {
@@ -77,6 +85,35 @@ inline QString text(const KRGPXConfiguredTrackList &tracks)
     for (const KRGPXConfiguredTrack &track : tracks)
         texts.append(text(track.track(), track.effectiveShape()));
     return texts.join(QLatin1String("; "));
+}
+
+/// With every digit and every property of the time, which comparing points forgives.
+inline QString exactText(const KRGPXTrackPoint &point)
+{
+    const QDateTime time = point.timeStamp();
+    QStringList words{QString::number(point.position().latitude().decimalDegrees(), 'g', 17),
+                      QString::number(point.position().longitude().decimalDegrees(), 'g', 17),
+                      QString::number(point.elevation()), point.description()};
+    if (time.isValid())
+        words += {QString::number(time.toMSecsSinceEpoch()), QString::number(time.timeSpec()),
+                  QString::number(time.offsetFromUtc())};
+    return words.join(QLatin1Char('\x1f'));
+}
+
+/// The same of all tracks.
+inline QString exactText(const QList<KRGPXTrack> &tracks)
+{
+    QStringList words;
+    for (const KRGPXTrack &track : tracks) {
+        words += {QString::number(track.shape().value()), track.name(), track.description()};
+        for (const KRGPXTrackSegment &segment : track.segments()) {
+            words += QStringLiteral("segment");
+            for (const KRGPXTrackPoint &point : segment.trackPoints())
+                words += exactText(point);
+        }
+        words += QStringLiteral("enclaves of %1").arg(track.name()) + exactText(track.enclaves());
+    }
+    return words.join(QLatin1Char('\x1e'));
 }
 
 constexpr double kmPerDegree = 111.1774733520461; // on the sphere of 6370 km

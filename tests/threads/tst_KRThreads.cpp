@@ -1,5 +1,5 @@
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
+#include "KRTest.h"
+#include "KRTestMap.h"
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
@@ -12,11 +12,11 @@
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include <QDomDocument>
-#include <QtTest>
 
 #include <cmath>
 #include <functional>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -29,9 +29,7 @@ class Renderer : public KRGPXTrackRenderer
 public:
     explicit Renderer(const KRGPXTrackSelection &selection)
         : KRGPXTrackRenderer(selection, pictureSize, 1.0),
-          m_projection(KRGeoPositionRect(KRLatitudeRange(KRLatitude(-60.0), KRLatitude(60.0)),
-                                         KRLongitudeRange(KRLongitude(120.0), KRLongitude(-120.0))),
-                       pictureSize)
+          m_projection(KRTestMap{-60.0, 60.0, 120.0, -120.0}.projection(pictureSize))
     { }
 
     QPointF projectPosition(const KRGeoPosition &position) const override { return m_projection.projectate(position); }
@@ -67,27 +65,18 @@ KRGPXTrackSelection routes()
     return selection;
 }
 
-/// What a thread makes of the routes: pictures, chunks and figures.
-struct Outcome {
-    QImage picture;
-    QImage cropped;
-    KRGeoPositionList points;
-
-    bool operator==(const Outcome &other) const
-    {
-        return picture == other.picture && cropped == other.cropped && points == other.points;
-    }
-};
+/// What a thread makes of the routes: the picture, the cropped map, and the points of the chunks.
+using Outcome = std::tuple<QImage, QImage, KRGeoPositionList>;
 
 Outcome outcomeOf(const KRGPXTrackSelection &selection)
 {
     const Renderer renderer(selection);
     QImage map(pictureSize, QImage::Format_RGB32);
     map.fill(Qt::darkGreen);
-    Outcome outcome{renderer.render(StyledRender), renderer.crop(map), {}};
+    KRGeoPositionList points;
     for (const KRGeoPositionList &chunk : selection.value(0).track().chunkedPoints())
-        outcome.points.append(chunk);
-    return outcome;
+        points.append(chunk);
+    return {renderer.render(StyledRender), renderer.crop(map), points};
 }
 
 /// Calls it in the global pool.
@@ -145,127 +134,124 @@ class tst_KRThreads : public QObject
 
 private slots:
     void cleanup() { QThreadPool::globalInstance()->setMaxThreadCount(QThread::idealThreadCount()); }
-    void drawing();
-    void firstUse();
-    void copiesAreChanged();
-    void reading();
-    void saving();
-};
 
-void tst_KRThreads::drawing()
-{
-    QThreadPool *const pool = QThreadPool::globalInstance();
-    const KRGPXTrackSelection selection = routes();
-    const Outcome expected = outcomeOf(selection);
-    QVERIFY(expected.picture != QImage(pictureSize, expected.picture.format()));
-    QCOMPARE(expected.points.size(), 2 * pointCount);
-    const KRTestTable<int, int> table{
-        {"one thread in the pool", 1, 0},
-        {"two threads", 2, 0},
-        {"busy pool", 8, 7},
-    };
-    table.forEach([&](int poolSize, int busyThreads) {
-        pool->setMaxThreadCount(poolSize);
-        for (int i = 0; i < busyThreads; ++i)
-            pool->reserveThread();
-        constexpr int count = 9;
-        std::vector<Outcome> outcomes(count + 1);
-        runEverywhere(count, [&](int i) { outcomes[std::size_t(i + 1)] = outcomeOf(selection); });
-        for (int i = 0; i < busyThreads; ++i)
-            pool->releaseThread();
-        for (const Outcome &outcome : outcomes)
-            QVERIFY(outcome == expected);
-    });
-}
-
-void tst_KRThreads::firstUse()
-{
-    // Everything that is made when it is first asked for: here several threads ask at once.
-    QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
-    std::vector<QString> texts(8);
-    runEverywhere(7, [&](int i) {
-        QString &text = texts[std::size_t(i + 1)];
-        text = QString::number(LateSingleton::instance()->value());
-        text += KRGPXTrackShape(QStringLiteral("hop")).isValid() ? QLatin1Char('h') : QLatin1Char('-');
-        text += KRLatitude::parse(QStringLiteral("N53.13680556")).toString(true);
-        text += KRGeoPosition(53.1, 8.2).toString(true);
-        text += KRGPXTrack::decodeKml(text, QString(), QStringLiteral("8,53,4 9,54,0"), LineStringTrackShape).name();
-        text += KRGPXTrackConfiguration::defaultValue().lineColor().name();
-        KRErrorHistory history;
-        KRErrorHistory::report(&history, QStringLiteral("file"), QStringLiteral("reason"));
-        text += history.entries().first().toString();
-    });
-    QVERIFY(texts.front().startsWith(QLatin1String("42h")));
-    for (const QString &text : texts)
-        QCOMPARE(text, texts.front());
-}
-
-void tst_KRThreads::copiesAreChanged()
-{
-    const KRGPXTrackSelection original = routes();
-    std::vector<KRGPXTrackSelection> copies(9, original);
-    runEverywhere(8, [&](int i) {
-        KRGPXTrackSelection &copy = copies[std::size_t(i + 1)];
-        KRGPXConfiguredTrackList tracks = copy.tracks();
-        KRGPXTrack track = tracks.at(0).track();
-        track.setName(QString::number(i));
-        tracks[0].setTrack(track);
-        KRGPXTrackSegment longer = track.segments().first();
-        longer.append(1.0, 2.0, 3, QDateTime(), QStringLiteral("end"));
-        tracks.append(KRGPXConfiguredTrack(KRGPXTrack(QString(), QString(), {longer}, LineStringTrackShape),
-                                           original.value(0).configuration()));
-        copy.setTracks(tracks);
-        KRGPXTrackConfiguration look = copy.value(1).configuration();
-        look.setLineColor(QColor(i + 1, 0, 0));
-        copy.setConfiguration(1, look);
-    });
-    QVERIFY(original == routes());
-    for (int i = -1; i < 8; ++i) {
-        const KRGPXTrackSelection &copy = copies[std::size_t(i + 1)];
-        QCOMPARE(copy.value(0).name(), QString::number(i));
-        QCOMPARE(copy.value(1).configuration().lineColor().red(), i + 1);
-        QCOMPARE(copy.value(3).track().countPoints(), pointCount + 1);
+    void drawing()
+    {
+        QThreadPool *const pool = QThreadPool::globalInstance();
+        const KRGPXTrackSelection selection = routes();
+        const Outcome expected = outcomeOf(selection);
+        QVERIFY(std::get<0>(expected) != QImage(pictureSize, std::get<0>(expected).format()));
+        QCOMPARE(std::get<2>(expected).size(), 2 * pointCount);
+        const KRTestTable<int, int> table{
+            {"one thread in the pool", 1, 0},
+            {"two threads", 2, 0},
+            {"busy pool", 8, 7},
+        };
+        table.forEach([&](int poolSize, int busyThreads) {
+            pool->setMaxThreadCount(poolSize);
+            for (int i = 0; i < busyThreads; ++i)
+                pool->reserveThread();
+            constexpr int count = 9;
+            std::vector<Outcome> outcomes(count + 1);
+            runEverywhere(count, [&](int i) { outcomes[std::size_t(i + 1)] = outcomeOf(selection); });
+            for (int i = 0; i < busyThreads; ++i)
+                pool->releaseThread();
+            for (const Outcome &outcome : outcomes)
+                QVERIFY(outcome == expected);
+        });
     }
-}
 
-void tst_KRThreads::reading()
-{
-    const QTemporaryDir dir;
-    const QFileInfo gpx(dir.filePath(QStringLiteral("routes.gpx")));
-    routes().value(0).track().saveAsGpxFile(gpx);
-    std::vector<int> counts(7);
-    runEverywhere(6, [&](int i) { counts[std::size_t(i + 1)] = KRGPXTrackFile(gpx).tracks().first().countPoints(); });
-    for (const int count : counts)
-        QCOMPARE(count, 2 * pointCount);
-}
+    void firstUse()
+    {
+        // Everything that is made when it is first asked for: here several threads ask at once.
+        QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
+        std::vector<QString> texts(8);
+        runEverywhere(7, [&](int i) {
+            QString &text = texts[std::size_t(i + 1)];
+            text = QString::number(LateSingleton::instance()->value());
+            text += KRGPXTrackShape(QStringLiteral("hop")).isValid() ? QLatin1Char('h') : QLatin1Char('-');
+            text += KRLatitude::parse(QStringLiteral("N53.13680556")).toString(true);
+            text += KRGeoPosition(53.1, 8.2).toString(true);
+            text +=
+                KRGPXTrack::decodeKml(text, QString(), QStringLiteral("8,53,4 9,54,0"), LineStringTrackShape).name();
+            text += KRGPXTrackConfiguration::defaultValue().lineColor().name();
+            KRErrorHistory history;
+            KRErrorHistory::report(&history, QStringLiteral("file"), QStringLiteral("reason"));
+            text += history.entries().first().toString();
+        });
+        QVERIFY(texts.front().startsWith(QLatin1String("42h")));
+        for (const QString &text : texts)
+            QCOMPARE(text, texts.front());
+    }
 
-void tst_KRThreads::saving()
-{
-    const QTemporaryDir folder;
-    const QDir dir(folder.path());
-    KRGPXTrackFileRegistry &registry = KRGPXTrackFileRegistry::instance();
-    constexpr int count = 6;
-    std::vector<QStringList> names(count + 1);
-    std::vector<int> counts(count + 1);
-    runEverywhere(count, [&](int i) {
-        for (int k = 0; k < 4; ++k) {
-            // Every track is saved by several threads.
-            const KRGPXTrack track =
-                KRGPXTrack::decodeKml(QString::number(k), QString(), QStringLiteral("8,53 9,54"), LineStringTrackShape);
-            const KRGPXTrackFileRegistryKey key(track, dir);
-            names[std::size_t(i + 1)].append(registry.createAssignedFile(key));
-            registry.createFileInfo(key, registry.fileName(key)).size();
+    void copiesAreChanged()
+    {
+        const KRGPXTrackSelection original = routes();
+        std::vector<KRGPXTrackSelection> copies(9, original);
+        runEverywhere(8, [&](int i) {
+            KRGPXTrackSelection &copy = copies[std::size_t(i + 1)];
+            KRGPXConfiguredTrackList tracks = copy.tracks();
+            KRGPXTrack track = tracks.at(0).track();
+            track.setName(QString::number(i));
+            tracks[0].setTrack(track);
+            KRGPXTrackSegment longer = track.segments().first();
+            longer.append(1.0, 2.0, 3, QDateTime(), QStringLiteral("end"));
+            tracks.append(KRGPXConfiguredTrack(KRGPXTrack(QString(), QString(), {longer}, LineStringTrackShape),
+                                               original.value(0).configuration()));
+            copy.setTracks(tracks);
+            KRGPXTrackConfiguration look = copy.value(1).configuration();
+            look.setLineColor(QColor(i + 1, 0, 0));
+            copy.setConfiguration(1, look);
+        });
+        QVERIFY(original == routes());
+        for (int i = -1; i < 8; ++i) {
+            const KRGPXTrackSelection &copy = copies[std::size_t(i + 1)];
+            QCOMPARE(copy.value(0).name(), QString::number(i));
+            QCOMPARE(copy.value(1).configuration().lineColor().red(), i + 1);
+            QCOMPARE(copy.value(3).track().countPoints(), pointCount + 1);
         }
-        QDomDocument document;
-        QDomElement element = document.appendChild(document.createElement(QStringLiteral("tracks"))).toElement();
-        routes().toXml(element, QDir(folder.path()));
-        counts[std::size_t(i + 1)] = KRGPXTrackSelection(element, QDir(folder.path())).count();
-    });
-    QCOMPARE(counts, std::vector<int>(counts.size(), routes().count()));
-    for (const QStringList &given : names)
-        QCOMPARE(given, names.front());
-    QCOMPARE(dir.entryList(QDir::Files).size(), 4 + routes().count());
-}
+    }
+
+    void reading()
+    {
+        const QTemporaryDir dir;
+        const QFileInfo gpx(dir.filePath(QStringLiteral("routes.gpx")));
+        routes().value(0).track().saveAsGpxFile(gpx);
+        std::vector<int> counts(7);
+        runEverywhere(6,
+                      [&](int i) { counts[std::size_t(i + 1)] = KRGPXTrackFile(gpx).tracks().first().countPoints(); });
+        for (const int count : counts)
+            QCOMPARE(count, 2 * pointCount);
+    }
+
+    void saving()
+    {
+        const QTemporaryDir folder;
+        const QDir dir(folder.path());
+        KRGPXTrackFileRegistry &registry = KRGPXTrackFileRegistry::instance();
+        constexpr int count = 6;
+        std::vector<QStringList> names(count + 1);
+        std::vector<int> counts(count + 1);
+        runEverywhere(count, [&](int i) {
+            for (int k = 0; k < 4; ++k) {
+                // Every track is saved by several threads.
+                const KRGPXTrack track = KRGPXTrack::decodeKml(QString::number(k), QString(),
+                                                               QStringLiteral("8,53 9,54"), LineStringTrackShape);
+                const KRGPXTrackFileRegistryKey key(track, dir);
+                names[std::size_t(i + 1)].append(registry.createAssignedFile(key));
+                registry.createFileInfo(key, registry.fileName(key)).size();
+            }
+            QDomDocument document;
+            QDomElement element = document.appendChild(document.createElement(QStringLiteral("tracks"))).toElement();
+            routes().toXml(element, QDir(folder.path()));
+            counts[std::size_t(i + 1)] = KRGPXTrackSelection(element, QDir(folder.path())).count();
+        });
+        QCOMPARE(counts, std::vector<int>(counts.size(), routes().count()));
+        for (const QStringList &given : names)
+            QCOMPARE(given, names.front());
+        QCOMPARE(dir.entryList(QDir::Files).size(), 4 + routes().count());
+    }
+};
 
 static const KRTestRegistration<tst_KRThreads> registration;
 
