@@ -1,15 +1,13 @@
 #include "KRAutosave.h"
 
 #include "KRRouteWorkspace.h"
+#include "KRTest.h"
 #include "KRTestFile.h"
-#include "KRTestRegistry.h"
 
 #include <KRRouteDocument.h>
 
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
-
-#include <QtTest>
 
 namespace {
 
@@ -61,10 +59,99 @@ class tst_KRAutosave : public QObject
 
 private slots:
     void init() { m_dir = std::make_unique<QTemporaryDir>(); }
-    void workSurvivesACrash();
-    void nothingStaysThatIsNotNeeded();
-    void recoveredDocumentRefersToItsUnreadableFiles();
-    void unusablePlaceIsReported();
+
+    void workSurvivesACrash()
+    {
+        for (const int mostPointsInOneFile : {1000, 3}) { // the second with track files
+            init();
+            Work work(place());
+            work.autosave.setMostPointsInOneFile(mostPointsInOneFile);
+            const QString document = path("Reise.krroute");
+            work.add("Tour");
+            QVERIFY(work.workspace.save(document, nullptr));
+            work.add("Neu");
+            work.workspace.setCroppingOpacity(17);
+            QVERIFY(work.wait());
+            copyAsAfterCrash(place(), afterCrash());
+
+            auto folders = KRRecoveryFolder::leftBehind(afterCrash());
+            QCOMPARE(folders.size(), std::size_t(1));
+            QCOMPARE(folders.front()->documentFile(), document);
+
+            KRRouteWorkspace recovered;
+            QVERIFY(recovered.recover(folders.front()->recoveryFile(), folders.front()->documentFile(), nullptr));
+            QVERIFY(recovered.selection() == work.workspace.selection());
+            QCOMPARE(recovered.selection().allTimeStamps(), work.workspace.selection().allTimeStamps());
+            QVERIFY(recovered.isModified());
+            QCOMPARE(recovered.fileName(), document);
+
+            // What has been recovered stays safe, and is asked for once.
+            {
+                KRAutosave next(&recovered, afterCrash());
+                next.setDelay(10);
+                next.adopt(std::move(folders.front()));
+                QVERIFY(KRRecoveryFolder::leftBehind(afterCrash()).empty());
+                QCOMPARE(unsaved(afterCrash()).size(), 1);
+            }
+            QCOMPARE(filesBelow(afterCrash()), QStringList());
+        }
+    }
+
+    void nothingStaysThatIsNotNeeded()
+    {
+        {
+            Work work(place());
+            work.add("Tour");
+            QVERIFY(work.wait());
+            QVERIFY(work.workspace.save(path("Reise.krroute"), nullptr));
+            QCOMPARE(unsaved(place()), QStringList());
+            work.add("Neu");
+            QVERIFY(work.wait());
+            QCOMPARE(unsaved(place()).size(), 1);
+        }
+        QVERIFY(place().isEmpty());
+    }
+
+    void recoveredDocumentRefersToItsUnreadableFiles()
+    {
+        const QString document = path("Reise.krroute");
+        const QDir trackFolder = KRRouteDocument::trackFolder(QFileInfo(document));
+        KRRouteWorkspace writer;
+        writer.addTracks(oneTrack(QStringLiteral("Tour")), QString());
+        QVERIFY(writer.save(document, nullptr));
+        const QString damaged = trackFolder.filePath(trackFolder.entryList(QDir::Files).first());
+        KRTestFile::write(damaged, "<includedTrack><trk>");
+
+        Work work(place());
+        QVERIFY(work.workspace.open(document, nullptr));
+        work.workspace.setCroppingOpacity(17);
+        QVERIFY(work.wait());
+        copyAsAfterCrash(place(), afterCrash());
+        const auto folders = KRRecoveryFolder::leftBehind(afterCrash());
+        KRRouteWorkspace recovered;
+        QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
+        QVERIFY(!recovered.isChangedOutside());
+        QVERIFY(recovered.save(document, nullptr));
+        // Put off until the document has been worked on once more: what was saved then is not replaced unasked.
+        QFile saved(document);
+        QVERIFY(saved.open(QIODevice::ReadWrite));
+        QVERIFY(saved.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+        saved.close();
+        QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
+        QVERIFY(recovered.isChangedOutside());
+        QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
+        QCOMPARE(KRTestFile::content(damaged), QByteArray("<includedTrack><trk>"));
+    }
+
+    void unusablePlaceIsReported()
+    {
+        KRTestFile::write(place().path(), "in the way");
+        Work work(place());
+        QSignalSpy failed(&work.autosave, &KRAutosave::failed);
+        work.add("Tour");
+        QVERIFY(failed.wait());
+        QVERIFY(!failed.first().first().toString().isEmpty());
+    }
 
 private:
     QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
@@ -76,98 +163,5 @@ private:
 };
 
 static const KRTestRegistration<tst_KRAutosave> registration;
-
-void tst_KRAutosave::workSurvivesACrash()
-{
-    for (const int mostPointsInOneFile : {1000, 3}) { // the second with track files
-        init();
-        Work work(place());
-        work.autosave.setMostPointsInOneFile(mostPointsInOneFile);
-        const QString document = path("Reise.krroute");
-        work.add("Tour");
-        QVERIFY(work.workspace.save(document, nullptr));
-        work.add("Neu");
-        work.workspace.setCroppingOpacity(17);
-        QVERIFY(work.wait());
-        copyAsAfterCrash(place(), afterCrash());
-
-        auto folders = KRRecoveryFolder::leftBehind(afterCrash());
-        QCOMPARE(folders.size(), std::size_t(1));
-        QCOMPARE(folders.front()->documentFile(), document);
-
-        KRRouteWorkspace recovered;
-        QVERIFY(recovered.recover(folders.front()->recoveryFile(), folders.front()->documentFile(), nullptr));
-        QVERIFY(recovered.selection() == work.workspace.selection());
-        QCOMPARE(recovered.selection().allTimeStamps(), work.workspace.selection().allTimeStamps());
-        QVERIFY(recovered.isModified());
-        QCOMPARE(recovered.fileName(), document);
-
-        // What has been recovered stays safe, and is asked for once.
-        {
-            KRAutosave next(&recovered, afterCrash());
-            next.setDelay(10);
-            next.adopt(std::move(folders.front()));
-            QVERIFY(KRRecoveryFolder::leftBehind(afterCrash()).empty());
-            QCOMPARE(unsaved(afterCrash()).size(), 1);
-        }
-        QCOMPARE(filesBelow(afterCrash()), QStringList());
-    }
-}
-
-void tst_KRAutosave::nothingStaysThatIsNotNeeded()
-{
-    {
-        Work work(place());
-        work.add("Tour");
-        QVERIFY(work.wait());
-        QVERIFY(work.workspace.save(path("Reise.krroute"), nullptr));
-        QCOMPARE(unsaved(place()), QStringList());
-        work.add("Neu");
-        QVERIFY(work.wait());
-        QCOMPARE(unsaved(place()).size(), 1);
-    }
-    QVERIFY(place().isEmpty());
-}
-
-void tst_KRAutosave::recoveredDocumentRefersToItsUnreadableFiles()
-{
-    const QString document = path("Reise.krroute");
-    const QDir trackFolder = KRRouteDocument::trackFolder(QFileInfo(document));
-    KRRouteWorkspace writer;
-    writer.addTracks(oneTrack(QStringLiteral("Tour")), QString());
-    QVERIFY(writer.save(document, nullptr));
-    const QString damaged = trackFolder.filePath(trackFolder.entryList(QDir::Files).first());
-    KRTestFile::write(damaged, "<includedTrack><trk>");
-
-    Work work(place());
-    QVERIFY(work.workspace.open(document, nullptr));
-    work.workspace.setCroppingOpacity(17);
-    QVERIFY(work.wait());
-    copyAsAfterCrash(place(), afterCrash());
-    const auto folders = KRRecoveryFolder::leftBehind(afterCrash());
-    KRRouteWorkspace recovered;
-    QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
-    QVERIFY(!recovered.isChangedOutside());
-    QVERIFY(recovered.save(document, nullptr));
-    // Put off until the document has been worked on once more: what was saved then is not replaced unasked.
-    QFile saved(document);
-    QVERIFY(saved.open(QIODevice::ReadWrite));
-    QVERIFY(saved.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
-    saved.close();
-    QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
-    QVERIFY(recovered.isChangedOutside());
-    QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
-    QCOMPARE(KRTestFile::content(damaged), QByteArray("<includedTrack><trk>"));
-}
-
-void tst_KRAutosave::unusablePlaceIsReported()
-{
-    KRTestFile::write(place().path(), "in the way");
-    Work work(place());
-    QSignalSpy failed(&work.autosave, &KRAutosave::failed);
-    work.add("Tour");
-    QVERIFY(failed.wait());
-    QVERIFY(!failed.first().first().toString().isEmpty());
-}
 
 #include "tst_KRAutosave.moc"

@@ -1,11 +1,10 @@
 #include "KRDialogAnswer.h"
 #include "KRFileSizeLimit.h"
 #include "KRMapPrinter.h"
+#include "KRTest.h"
 #include "KRTestFile.h"
 #include "KRTestMap.h"
 #include "KRTestPicture.h"
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
 
 #include <KRBaseMapGround.h>
 #include <KRRouteImport.h>
@@ -15,7 +14,6 @@
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QtTest>
 
 namespace {
 
@@ -41,130 +39,124 @@ class tst_KRMapPrinter : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void fillsThePage();
-    void previewTurnsThePage();
-    void missingTilesAreTold();
-    void fullDiskKeepsTheOldFile();
+    void initTestCase()
+    {
+        KRRouteImport import;
+        import.read({QStringLiteral(KR_SAMPLES_DIR "/oldenburg-radtour.gpx")});
+        m_selection = KRGPXTrackSelection(import.tracks());
+    }
+
+    void fillsThePage()
+    {
+        const KRTestTable<QPageLayout::Orientation, int> table{
+            {"portrait", QPageLayout::Portrait, 1200},
+            {"landscape", QPageLayout::Landscape, 300},
+        };
+        table.forEach([&](QPageLayout::Orientation orientation, int resolution) {
+            if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+                QSKIP("the program that draws pages is not installed");
+            const QTemporaryDir dir;
+            QPrinter printer(QPrinter::HighResolution);
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(dir.filePath(QStringLiteral("page.pdf")));
+            printer.setResolution(resolution);
+            printer.setPageSize(QPageSize(QPageSize::A4));
+            printer.setPageOrientation(orientation);
+            printer.setPageMargins(QMarginsF(20.0, 20.0, 20.0, 20.0), QPageLayout::Millimeter);
+            KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, nullptr);
+
+            // A tenth of a millimetre is a pixel.
+            QProcess program;
+            program.start(QStringLiteral("pdftoppm"), {QStringLiteral("-png"), QStringLiteral("-r"),
+                                                       QStringLiteral("254"), printer.outputFileName()});
+            QVERIFY(program.waitForFinished(60000));
+            const QImage page = QImage::fromData(program.readAllStandardOutput());
+            const QRect painted = KRTestPicture::boundsOfPainted(page);
+            const QRect expected = page.rect().adjusted(200, 200, -200, -200);
+            QCOMPARE(page.width() > page.height(), orientation == QPageLayout::Landscape);
+            for (const int difference : {painted.left() - expected.left(), painted.top() - expected.top(),
+                                         painted.right() - expected.right(), painted.bottom() - expected.bottom()})
+                QVERIFY2(qAbs(difference) <= 12, qPrintable(QString::number(difference)));
+            // The whole route is on it, with a line of a millimetre or so.
+            const QRect route =
+                KRTestPicture::boundsOf(page, [](const QColor &color) { return color.hsvSaturation() > 240; });
+            QVERIFY(expected.contains(route));
+            QVERIFY(route.width() > expected.width() / 2 || route.height() > expected.height() / 2);
+        });
+    }
+
+    void previewTurnsThePage()
+    {
+        const KRTestTable<KRTestMap, bool> table{
+            {"high", {40.0, 60.0, 5.0, 8.0}, false},
+            {"wide across the date line", {-20.0, -15.0, 170.0, -170.0}, true},
+            {"high across the date line", {-40.0, -15.0, 179.0, -179.0}, false},
+        };
+        table.forEach([&](const KRTestMap &area, bool isLandscape) {
+            bool isTurned = !isLandscape;
+            int pages = 0;
+            KRDialogAnswer answers({[&](QWidget *window) {
+                auto *const dialog = qobject_cast<QPrintPreviewDialog *>(window);
+                QVERIFY(dialog);
+                auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
+                isTurned = int(preview->orientation()) == int(QPageLayout::Landscape);
+                pages = preview->pageCount();
+                QTest::keyClick(dialog, Qt::Key_Escape);
+            }});
+            KRMapPrinter(m_selection, area.area(), &m_ground).preview(&m_window);
+            QVERIFY(answers.isDone());
+            QCOMPARE(isTurned, isLandscape);
+            QCOMPARE(pages, 1);
+        });
+
+        // Nothing to print is told.
+        KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Return)});
+        KRMapPrinter(KRGPXTrackSelection(), KRGeoPositionRect(), nullptr).preview(&m_window);
+        QVERIFY(answers.isDone());
+    }
+
+    void missingTilesAreTold()
+    {
+        TiledGround ground;
+        QStringList texts{QString(), QString()};
+        KRDialogAnswer answers({KRDialogAnswer::button(QMessageBox::Ok, &texts[0]),
+                                [](QWidget *dialog) {
+                                    // The page is painted anew, after its tiles have come.
+                                    dialog->findChild<QPrintPreviewWidget *>()->setLandscapeOrientation();
+                                    QTest::keyClick(dialog, Qt::Key_Escape);
+                                },
+                                KRDialogAnswer::button(QMessageBox::Ok, &texts[1])});
+        KRMapPrinter(m_selection, KRTestMap{40.0, 60.0, 5.0, 8.0}.area(), &ground).preview(&m_window);
+        QVERIFY(answers.isDone());
+        for (const QString &text : std::as_const(texts))
+            QVERIFY2(text.contains(QLatin1String("Regen")), qPrintable(text));
+        QCOMPARE(ground.fetched.size(), 2);
+        QCOMPARE(ground.fetched.at(0), ground.fetched.at(1).transposed());
+        QCOMPARE(ground.fetched, ground.painted);
+    }
+
+    void fullDiskKeepsTheOldFile()
+    {
+        const QTemporaryDir dir;
+        const QString file = KRTestFile::write(dir.filePath(QStringLiteral("page.pdf")), "old");
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(file);
+        KRErrorHistory history;
+        {
+            const KRFileSizeLimit fullDisk(1000);
+            KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, &history);
+        }
+        QCOMPARE(history.entries().size(), 1);
+        QCOMPARE(history.entries().first().fileName, file);
+        QCOMPARE(KRTestFile::content(file), QByteArray("old"));
+    }
 
 private:
     KRGPXTrackSelection m_selection;
     KRBaseMapGround m_ground;
     QWidget m_window;
 };
-
-void tst_KRMapPrinter::initTestCase()
-{
-    KRRouteImport import;
-    import.read({QStringLiteral(KR_SAMPLES_DIR "/oldenburg-radtour.gpx")});
-    m_selection = KRGPXTrackSelection(import.tracks());
-}
-
-void tst_KRMapPrinter::fillsThePage()
-{
-    const KRTestTable<QPageLayout::Orientation, int> table{
-        {"portrait", QPageLayout::Portrait, 1200},
-        {"landscape", QPageLayout::Landscape, 300},
-    };
-    table.forEach([&](QPageLayout::Orientation orientation, int resolution) {
-        if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
-            QSKIP("the program that draws pages is not installed");
-        const QTemporaryDir dir;
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(dir.filePath(QStringLiteral("page.pdf")));
-        printer.setResolution(resolution);
-        printer.setPageSize(QPageSize(QPageSize::A4));
-        printer.setPageOrientation(orientation);
-        printer.setPageMargins(QMarginsF(20.0, 20.0, 20.0, 20.0), QPageLayout::Millimeter);
-        KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, nullptr);
-
-        // A tenth of a millimetre is a pixel.
-        QProcess program;
-        program.start(QStringLiteral("pdftoppm"),
-                      {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("254"), printer.outputFileName()});
-        QVERIFY(program.waitForFinished(60000));
-        const QImage page = QImage::fromData(program.readAllStandardOutput());
-        const QRect painted = KRTestPicture::boundsOfPainted(page);
-        const QRect expected = page.rect().adjusted(200, 200, -200, -200);
-        QCOMPARE(page.width() > page.height(), orientation == QPageLayout::Landscape);
-        for (const int difference : {painted.left() - expected.left(), painted.top() - expected.top(),
-                                     painted.right() - expected.right(), painted.bottom() - expected.bottom()})
-            QVERIFY2(qAbs(difference) <= 12, qPrintable(QString::number(difference)));
-        // The whole route is on it, with a line of a millimetre or so.
-        const QRect route =
-            KRTestPicture::boundsOf(page, [](const QColor &color) { return color.hsvSaturation() > 240; });
-        QVERIFY(expected.contains(route));
-        QVERIFY(route.width() > expected.width() / 2 || route.height() > expected.height() / 2);
-    });
-}
-
-void tst_KRMapPrinter::previewTurnsThePage()
-{
-    const KRTestTable<KRTestMap, bool> table{
-        {"high", {40.0, 60.0, 5.0, 8.0}, false},
-        {"wide across the date line", {-20.0, -15.0, 170.0, -170.0}, true},
-        {"high across the date line", {-40.0, -15.0, 179.0, -179.0}, false},
-    };
-    table.forEach([&](const KRTestMap &area, bool isLandscape) {
-        bool isTurned = !isLandscape;
-        int pages = 0;
-        KRDialogAnswer answers({[&](QWidget *window) {
-            auto *const dialog = qobject_cast<QPrintPreviewDialog *>(window);
-            QVERIFY(dialog);
-            auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
-            isTurned = int(preview->orientation()) == int(QPageLayout::Landscape);
-            pages = preview->pageCount();
-            QTest::keyClick(dialog, Qt::Key_Escape);
-        }});
-        KRMapPrinter(m_selection, area.area(), &m_ground).preview(&m_window);
-        QVERIFY(answers.isDone());
-        QCOMPARE(isTurned, isLandscape);
-        QCOMPARE(pages, 1);
-    });
-
-    // Nothing to print is told.
-    KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Return)});
-    KRMapPrinter(KRGPXTrackSelection(), KRGeoPositionRect(), nullptr).preview(&m_window);
-    QVERIFY(answers.isDone());
-}
-
-void tst_KRMapPrinter::missingTilesAreTold()
-{
-    TiledGround ground;
-    QStringList texts{QString(), QString()};
-    KRDialogAnswer answers({KRDialogAnswer::button(QMessageBox::Ok, &texts[0]),
-                            [](QWidget *dialog) {
-                                // The page is painted anew, after its tiles have come.
-                                dialog->findChild<QPrintPreviewWidget *>()->setLandscapeOrientation();
-                                QTest::keyClick(dialog, Qt::Key_Escape);
-                            },
-                            KRDialogAnswer::button(QMessageBox::Ok, &texts[1])});
-    KRMapPrinter(m_selection, KRTestMap{40.0, 60.0, 5.0, 8.0}.area(), &ground).preview(&m_window);
-    QVERIFY(answers.isDone());
-    for (const QString &text : std::as_const(texts))
-        QVERIFY2(text.contains(QLatin1String("Regen")), qPrintable(text));
-    QCOMPARE(ground.fetched.size(), 2);
-    QCOMPARE(ground.fetched.at(0), ground.fetched.at(1).transposed());
-    QCOMPARE(ground.fetched, ground.painted);
-}
-
-void tst_KRMapPrinter::fullDiskKeepsTheOldFile()
-{
-    const QTemporaryDir dir;
-    const QString file = KRTestFile::write(dir.filePath(QStringLiteral("page.pdf")), "old");
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(file);
-    KRErrorHistory history;
-    {
-        const KRFileSizeLimit fullDisk(1000);
-        KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, &history);
-    }
-    QCOMPARE(history.entries().size(), 1);
-    QCOMPARE(history.entries().first().fileName, file);
-    QCOMPARE(KRTestFile::content(file), QByteArray("old"));
-}
 
 static const KRTestRegistration<tst_KRMapPrinter> registration;
 

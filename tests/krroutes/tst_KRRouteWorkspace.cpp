@@ -1,10 +1,7 @@
 #include "KRRouteWorkspace.h"
 
-#include "KRTestRegistry.h"
-#include "KRTestTable.h"
+#include "KRTest.h"
 #include "KRTestTrack.h"
-
-#include <QtTest>
 
 namespace {
 
@@ -22,14 +19,6 @@ KRGPXConfiguredTrackList tracks(const char *letters)
     return list;
 }
 
-QString letters(const KRGPXConfiguredTrackList &list)
-{
-    QString names;
-    for (const KRGPXConfiguredTrack &shown : list)
-        names += shown.name();
-    return names;
-}
-
 KRGPXTrackConfiguration withWidth(double width)
 {
     KRGPXTrackConfiguration configuration = track(QString()).configuration();
@@ -39,167 +28,159 @@ KRGPXTrackConfiguration withWidth(double width)
 
 } // namespace
 
+using Edit = std::function<void(KRRouteWorkspace *)>;
+
 class tst_KRRouteWorkspace : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void everyEditIsUndone();
-    void editsOfNothingAreNoSteps();
-    void rowsSurviveWhereTheyCan();
-    void dropIsOneStep();
-    void moveInTheModelComesBeforeTheNextEdit();
-    void quickRepetitionsMerge();
-    void savedStateIsNotModified();
+    void init()
+    {
+        m_workspace = std::make_unique<KRRouteWorkspace>();
+        m_workspace->addTracks(tracks("ABCD"), QStringLiteral("hinzufügen"));
+    }
+
+    void everyEditIsUndone()
+    {
+        const KRTestTable<Edit, const char *> table{
+            {"add", Edit([](auto *w) { w->addTracks(tracks("EF"), QString()); }), "ABCDEF"},
+            {"replace", Edit([](auto *w) { w->replaceTracks(1, 2, tracks("X"), QString()); }), "AXD"},
+            {"remove", Edit([](auto *w) { w->removeTrack(3); }), "ABC"},
+            {"move down", Edit([](auto *w) { w->moveTrack(0, 2); }), "BCAD"},
+            {"look of one", Edit([](auto *w) { w->setConfiguration(2, withWidth(3.0)); }), "ABCD"},
+            {"look of all", Edit([](auto *w) { w->setConfigurationToAll(withWidth(3.0)); }), "ABCD"},
+            {"cropping", Edit([](auto *w) { w->setCroppingOpacity(40); }), "ABCD"},
+        };
+        table.forEach([&](const Edit &edit, const char *names) {
+            init();
+            const KRGPXTrackSelection before = m_workspace->selection();
+            QSignalSpy changes(m_workspace.get(), &KRRouteWorkspace::selectionChanged);
+
+            edit(m_workspace.get());
+            const KRGPXTrackSelection after = m_workspace->selection();
+            QVERIFY(after != before);
+            QCOMPARE(shown(), QString::fromUtf8(names));
+            QCOMPARE(changes.count(), 1);
+
+            m_workspace->undoStack()->undo();
+            QVERIFY(m_workspace->selection() == before);
+            QVERIFY(m_workspace->model()->tracks() == before.tracks());
+            m_workspace->undoStack()->redo();
+            QVERIFY(m_workspace->selection() == after);
+            QVERIFY(m_workspace->model()->tracks() == after.tracks());
+            QCOMPARE(changes.count(), 3);
+        });
+    }
+
+    void editsOfNothingAreNoSteps()
+    {
+        m_workspace->removeTrack(4);
+        m_workspace->moveTrack(1, 1);
+        m_workspace->replaceTracks(3, 2, tracks("X"), QString());
+        m_workspace->replaceTracks(-1, 1, tracks("X"), QString());
+        m_workspace->setConfiguration(0, withWidth(10.0));
+        m_workspace->setCroppingOpacity(255);
+        QCOMPARE(m_workspace->undoStack()->count(), 1);
+        QCOMPARE(shown(), QStringLiteral("ABCD"));
+    }
+
+    void rowsSurviveWhereTheyCan()
+    {
+        QSignalSpy resets(m_workspace->model(), &QAbstractItemModel::modelReset);
+        QSignalSpy changes(m_workspace->model(), &QAbstractItemModel::dataChanged);
+        m_workspace->setConfiguration(2, withWidth(3.0));
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(changes.first().at(0).value<QModelIndex>().row(), 2);
+        m_workspace->moveTrack(0, 3);
+        m_workspace->undoStack()->undo();
+        m_workspace->undoStack()->undo();
+        QCOMPARE(resets.count(), 0);
+        m_workspace->removeTrack(0);
+        QCOMPARE(resets.count(), 1);
+    }
+
+    void dropIsOneStep()
+    {
+        KRGPXTrackListModel *const model = m_workspace->model();
+        const std::unique_ptr<QMimeData> dragged(model->mimeData({model->index(0, 0), model->index(1, 0)}));
+        QVERIFY(model->dropMimeData(dragged.get(), Qt::MoveAction, model->rowCount(), 0, QModelIndex()));
+        QCOMPARE(m_workspace->undoStack()->count(), 2);
+        QCOMPARE(shown(), QStringLiteral("CDAB"));
+        QCoreApplication::processEvents();
+        QCOMPARE(m_workspace->undoStack()->count(), 2);
+        m_workspace->undoStack()->undo();
+        QCOMPARE(shown(), QStringLiteral("ABCD"));
+    }
+
+    void moveInTheModelComesBeforeTheNextEdit()
+    {
+        m_workspace->model()->moveTrack(0, 3);
+        m_workspace->removeTrack(0);
+        QCOMPARE(shown(), QStringLiteral("CDA"));
+        m_workspace->undoStack()->undo();
+        m_workspace->undoStack()->undo();
+        QCOMPARE(shown(), QStringLiteral("ABCD"));
+
+        m_workspace->model()->moveTrack(0, 3);
+        QTRY_COMPARE(m_workspace->undoStack()->count(), 2);
+        QCOMPARE(shown(), QStringLiteral("BCDA"));
+    }
+
+    void quickRepetitionsMerge()
+    {
+        for (int width = 1; width < 10; ++width)
+            m_workspace->setConfiguration(1, withWidth(width));
+        QCOMPARE(m_workspace->undoStack()->count(), 2);
+        m_workspace->setConfiguration(2, withWidth(3.0));
+        QCOMPARE(m_workspace->undoStack()->count(), 3);
+        QTest::qWait(1100);
+        m_workspace->setConfiguration(2, withWidth(4.0));
+        QCOMPARE(m_workspace->undoStack()->count(), 4);
+        m_workspace->setCroppingOpacity(100);
+        m_workspace->setCroppingOpacity(255); // the way back leaves no step
+        QCOMPARE(m_workspace->undoStack()->count(), 4);
+        m_workspace->undoStack()->setIndex(1);
+        QCOMPARE(m_workspace->selection().value(1).lineWidth().toDouble(), 10.0);
+    }
+
+    void savedStateIsNotModified()
+    {
+        const QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("Reise.krroute"));
+        m_workspace->setCroppingOpacity(100);
+        QVERIFY(m_workspace->isModified());
+        QVERIFY(m_workspace->save(file, nullptr));
+        QVERIFY(!m_workspace->isModified());
+        // Nothing merges with a step that has been saved.
+        m_workspace->setCroppingOpacity(99);
+        QVERIFY(m_workspace->isModified());
+        m_workspace->undoStack()->undo();
+        QVERIFY(!m_workspace->isModified());
+
+        KRRouteWorkspace other;
+        QSignalSpy replaced(&other, &KRRouteWorkspace::documentReplaced);
+        QVERIFY(other.open(file, nullptr));
+        QVERIFY(other.selection() == m_workspace->selection());
+        QCOMPARE(other.fileName(), file);
+        QVERIFY(!other.isModified());
+        QVERIFY(!other.undoStack()->canUndo());
+        other.startNew();
+        QVERIFY(other.selection().isEmpty());
+        QCOMPARE(replaced.count(), 2);
+    }
 
 private:
     QString shown() const
     {
-        const QString names = letters(m_workspace->selection().tracks());
-        return names == letters(m_workspace->model()->tracks()) ? names : QStringLiteral("model differs");
+        const QString names = KRTestTrack::names(m_workspace->selection().tracks(), {});
+        return names == KRTestTrack::names(m_workspace->model()->tracks(), {}) ? names
+                                                                               : QStringLiteral("model differs");
     }
 
     std::unique_ptr<KRRouteWorkspace> m_workspace;
 };
 
 static const KRTestRegistration<tst_KRRouteWorkspace> registration;
-
-using Edit = std::function<void(KRRouteWorkspace *)>;
-
-void tst_KRRouteWorkspace::init()
-{
-    m_workspace = std::make_unique<KRRouteWorkspace>();
-    m_workspace->addTracks(tracks("ABCD"), QStringLiteral("hinzufügen"));
-}
-
-void tst_KRRouteWorkspace::everyEditIsUndone()
-{
-    const KRTestTable<Edit, const char *> table{
-        {"add", Edit([](auto *w) { w->addTracks(tracks("EF"), QString()); }), "ABCDEF"},
-        {"replace", Edit([](auto *w) { w->replaceTracks(1, 2, tracks("X"), QString()); }), "AXD"},
-        {"remove", Edit([](auto *w) { w->removeTrack(3); }), "ABC"},
-        {"move down", Edit([](auto *w) { w->moveTrack(0, 2); }), "BCAD"},
-        {"look of one", Edit([](auto *w) { w->setConfiguration(2, withWidth(3.0)); }), "ABCD"},
-        {"look of all", Edit([](auto *w) { w->setConfigurationToAll(withWidth(3.0)); }), "ABCD"},
-        {"cropping", Edit([](auto *w) { w->setCroppingOpacity(40); }), "ABCD"},
-    };
-    table.forEach([&](const Edit &edit, const char *names) {
-        init();
-        const KRGPXTrackSelection before = m_workspace->selection();
-        QSignalSpy changes(m_workspace.get(), &KRRouteWorkspace::selectionChanged);
-
-        edit(m_workspace.get());
-        const KRGPXTrackSelection after = m_workspace->selection();
-        QVERIFY(after != before);
-        QCOMPARE(shown(), QString::fromUtf8(names));
-        QCOMPARE(changes.count(), 1);
-
-        m_workspace->undoStack()->undo();
-        QVERIFY(m_workspace->selection() == before);
-        QVERIFY(m_workspace->model()->tracks() == before.tracks());
-        m_workspace->undoStack()->redo();
-        QVERIFY(m_workspace->selection() == after);
-        QVERIFY(m_workspace->model()->tracks() == after.tracks());
-        QCOMPARE(changes.count(), 3);
-    });
-}
-
-void tst_KRRouteWorkspace::editsOfNothingAreNoSteps()
-{
-    m_workspace->removeTrack(4);
-    m_workspace->moveTrack(1, 1);
-    m_workspace->replaceTracks(3, 2, tracks("X"), QString());
-    m_workspace->replaceTracks(-1, 1, tracks("X"), QString());
-    m_workspace->setConfiguration(0, withWidth(10.0));
-    m_workspace->setCroppingOpacity(255);
-    QCOMPARE(m_workspace->undoStack()->count(), 1);
-    QCOMPARE(shown(), QStringLiteral("ABCD"));
-}
-
-void tst_KRRouteWorkspace::rowsSurviveWhereTheyCan()
-{
-    QSignalSpy resets(m_workspace->model(), &QAbstractItemModel::modelReset);
-    QSignalSpy changes(m_workspace->model(), &QAbstractItemModel::dataChanged);
-    m_workspace->setConfiguration(2, withWidth(3.0));
-    QCOMPARE(changes.count(), 1);
-    QCOMPARE(changes.first().at(0).value<QModelIndex>().row(), 2);
-    m_workspace->moveTrack(0, 3);
-    m_workspace->undoStack()->undo();
-    m_workspace->undoStack()->undo();
-    QCOMPARE(resets.count(), 0);
-    m_workspace->removeTrack(0);
-    QCOMPARE(resets.count(), 1);
-}
-
-void tst_KRRouteWorkspace::dropIsOneStep()
-{
-    KRGPXTrackListModel *const model = m_workspace->model();
-    const std::unique_ptr<QMimeData> dragged(model->mimeData({model->index(0, 0), model->index(1, 0)}));
-    QVERIFY(model->dropMimeData(dragged.get(), Qt::MoveAction, model->rowCount(), 0, QModelIndex()));
-    QCOMPARE(m_workspace->undoStack()->count(), 2);
-    QCOMPARE(shown(), QStringLiteral("CDAB"));
-    QCoreApplication::processEvents();
-    QCOMPARE(m_workspace->undoStack()->count(), 2);
-    m_workspace->undoStack()->undo();
-    QCOMPARE(shown(), QStringLiteral("ABCD"));
-}
-
-void tst_KRRouteWorkspace::moveInTheModelComesBeforeTheNextEdit()
-{
-    m_workspace->model()->moveTrack(0, 3);
-    m_workspace->removeTrack(0);
-    QCOMPARE(shown(), QStringLiteral("CDA"));
-    m_workspace->undoStack()->undo();
-    m_workspace->undoStack()->undo();
-    QCOMPARE(shown(), QStringLiteral("ABCD"));
-
-    m_workspace->model()->moveTrack(0, 3);
-    QTRY_COMPARE(m_workspace->undoStack()->count(), 2);
-    QCOMPARE(shown(), QStringLiteral("BCDA"));
-}
-
-void tst_KRRouteWorkspace::quickRepetitionsMerge()
-{
-    for (int width = 1; width < 10; ++width)
-        m_workspace->setConfiguration(1, withWidth(width));
-    QCOMPARE(m_workspace->undoStack()->count(), 2);
-    m_workspace->setConfiguration(2, withWidth(3.0));
-    QCOMPARE(m_workspace->undoStack()->count(), 3);
-    QTest::qWait(1100);
-    m_workspace->setConfiguration(2, withWidth(4.0));
-    QCOMPARE(m_workspace->undoStack()->count(), 4);
-    m_workspace->setCroppingOpacity(100);
-    m_workspace->setCroppingOpacity(255); // the way back leaves no step
-    QCOMPARE(m_workspace->undoStack()->count(), 4);
-    m_workspace->undoStack()->setIndex(1);
-    QCOMPARE(m_workspace->selection().value(1).lineWidth().toDouble(), 10.0);
-}
-
-void tst_KRRouteWorkspace::savedStateIsNotModified()
-{
-    const QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("Reise.krroute"));
-    m_workspace->setCroppingOpacity(100);
-    QVERIFY(m_workspace->isModified());
-    QVERIFY(m_workspace->save(file, nullptr));
-    QVERIFY(!m_workspace->isModified());
-    // Nothing merges with a step that has been saved.
-    m_workspace->setCroppingOpacity(99);
-    QVERIFY(m_workspace->isModified());
-    m_workspace->undoStack()->undo();
-    QVERIFY(!m_workspace->isModified());
-
-    KRRouteWorkspace other;
-    QSignalSpy replaced(&other, &KRRouteWorkspace::documentReplaced);
-    QVERIFY(other.open(file, nullptr));
-    QVERIFY(other.selection() == m_workspace->selection());
-    QCOMPARE(other.fileName(), file);
-    QVERIFY(!other.isModified());
-    QVERIFY(!other.undoStack()->canUndo());
-    other.startNew();
-    QVERIFY(other.selection().isEmpty());
-    QCOMPARE(replaced.count(), 2);
-}
 
 #include "tst_KRRouteWorkspace.moc"
