@@ -173,207 +173,200 @@ class tst_KRGPXStreamReader : public QObject
     Q_OBJECT
 
 private slots:
-    void equalsTheDom();
-    void equalsTheDomOnAnyDocument();
-    void equalsTheDomAcrossBlocks();
-    void placesOfErrorsDoNotDependOnRuns();
-    void numbersEqualTheDom();
-    void millisecondsEqualTheDom();
-    void truncatedAnywhereGivesNothing();
-    void leftToTheDom();
-    void refuses();
+    void equalsTheDom()
+    {
+        const auto track = [](const QByteArray &body) { return "<gpx><trk>" + body + "</trk></gpx>"; };
+        const auto point = [&](const QByteArray &body) {
+            return track("<trkseg><trkpt>" + body + "</trkpt></trkseg>");
+        };
+        const auto plainPoint = [](const QByteArray &text) {
+            return "<trkpt lat='53' lon='8'><desc>" + text + "</desc></trkpt>";
+        };
+        const QByteArray latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"
+                                 + track("<name>Gr\xFC\xDF"
+                                         "e</name><trkseg>"
+                                         + plainPoint("\xC3\xB6") + plainPoint("\xC3\xB6") + "</trkseg>");
+        const KRTestTable<QByteArray> table{
+            {"no track", QByteArray("<gpx/>")},
+            {"only children of the root", QByteArray("<trk><x><trk/></x><trk><trkseg/></trk><g:trk/></trk>")},
+            {"the last name wins", track("<name>a</name><desc>b</desc><name>c</name><desc/>")},
+            {"the first child of a point wins",
+             point("<ele>1</ele><ele>2</ele><time/><time>2024-05-01T12:00:00Z</time><desc>a</desc><desc>b</desc>")},
+            {"an unreadable first child wins too", point("<ele>x</ele><ele>2</ele>")},
+            {"names in deeper elements", point("<extensions><ele>1</ele><desc>b</desc></extensions>")},
+            {"text of all descendants", track("<name>a<b>b<c>c</c></b><!-- d -->e<![CDATA[<f>]]></name>")},
+            {"blank text between markup is dropped", track("<name> <b> b </b> <!-- c --> </name>")},
+            {"a reference to a blank is no text either", track("<name>&#32;<b>&#xa0;\xC2\xA0</b></name>")},
+            {"a blank in CDATA is text", track("<name><![CDATA[ ]]>a <![CDATA[\t]]></name>")},
+            {"adjoining CDATA", track("<name><![CDATA[a]]><![CDATA[]]><![CDATA[ b]]></name>")},
+            {"entities", track("<name>&lt;&gt;&amp;&quot;&apos;&#228;&#xE4;&#10;</name>")},
+            {"references beyond U+FFFF", track("<name>&#x1F600;&#128512;</name>")},
+            {"line feeds stay", track("<name>a\nb\n</name>")},
+            {"carriage returns between elements", track("\r\n<name>a</name>\r\n<trkseg>\r</trkseg>\r\n")},
+            {"attributes on lines of their own", QByteArray("<gpx\r\n a='1'\r\n b='2'><trk\r/></gpx>")},
+            {"byte order mark", "\xEF\xBB\xBF" + track("<name>\xC3\xA4</name>")},
+            {"declared encoding", latin},
+            {"brackets and characters beyond U+FFFF",
+             track("<trkseg>" + plainPoint("[1] a]] \xF0\x9F\x98\x80\xF4\x8F\xBF\xBD") + "</trkseg>")},
+            {"UTF-16", KRTestXml::utf16(QString::fromUtf8(track("<name>\xC3\xA4\xF0\x9F\x98\x80</name>")))},
+            {"points in a comment",
+             track("<trkseg><!-- points that do not count, among them a trkpt>" + spelledPoint + " --></trkseg>")},
+            {"points in CDATA",
+             track("<trkseg><![CDATA[ points that do not count, among them a trkpt>" + spelledPoint + "]]></trkseg>")},
+            {"bytes of characters that spell a point",
+             KRTestXml::utf16BigEndian(QStringLiteral("<gpx>") + QString(bytesPerRead / 2 - 18, QLatin1Char(' '))
+                                       + QStringLiteral("<trk><trkseg>"))
+                 + spelledPoint + KRTestXml::utf16BigEndian(QStringLiteral("</trkseg></trk></gpx>"))},
+            {"compressed points with markup inside",
+             track("<trkseg><compressedPoints>8,53<!-- c -->4 9,<b>54</b>\n<![CDATA[ "
+                   "1,1]]></compressedPoints></trkseg>")},
+            {"mixed points", track("<trkseg><trkpt/><compressedPoints>1,1</compressedPoints><trkpt/></trkseg>")},
+            {"includes are ignored", track("<include>/etc/hostname</include><trkseg/>")},
+            {"shape behind the points", track("<trkseg><trkpt/></trkseg><shape>auto</shape>")},
+            {"enclaves within enclaves", nestedEnclaves(5)},
+            {"as deep as allowed", nestedEnclaves((KRInputLimits::depth - 3) / 2)},
+            {"many attributes", "<gpx" + attributes(2000) + "><trk><trkseg/></trk></gpx>"},
+            {"a text of many blocks", track("<desc>" + QByteArray(300000, 'x') + "\"</desc>")},
+            {"time with an offset", point("<time> 2024-05-01T12:00:00-03:30\n</time>")},
+            {"local time", point("<time>2024-05-01T12:00:00</time>")},
+        };
+        table.forEach(compareWithDom);
+    }
+
+    void equalsTheDomOnAnyDocument()
+    {
+        DocumentMaker maker(20240501);
+        int readDocuments = 0;
+        int refusedDocuments = 0;
+        for (int i = 0; i < 800; ++i) {
+            QByteArray xml = maker.made("$document");
+            if (i % 2 == 1)
+                xml = maker.damaged(xml);
+            const std::optional<QString> asStream = readAsStream(xml);
+            if (asStream.has_value()) {
+                QVERIFY2(asStream == readAsDom(xml), xml.constData());
+                ++readDocuments;
+            } else {
+                ++refusedDocuments;
+            }
+        }
+        // Enough of both, or the comparison says nothing.
+        QVERIFY(readDocuments > 200);
+        QVERIFY(refusedDocuments > 200);
+    }
+
+    void equalsTheDomAcrossBlocks()
+    {
+        DocumentMaker maker(20241121);
+        QByteArray body;
+        while (body.size() < 600000)
+            body += maker.made(body.size() % 500 == 0 ? "<trkpt lat='1' lon='2'/>"
+                                                      : "<trkpt lat=\"$decimal\" lon=\"$decimal\"><ele>$number</ele>"
+                                                        "<time>$time</time></trkpt>\n");
+        compareWithDom("<gpx><trk><trkseg>" + body + "</trkseg></trk></gpx>");
+    }
+
+    void placesOfErrorsDoNotDependOnRuns()
+    {
+        const QByteArray point = "<trkpt lat=\"1\" lon=\"2\"><ele>3</ele></trkpt>";
+        QByteArray unusualPoint = point;
+        unusualPoint.replace('"', '\'');
+        for (const char *const between : {"", " ", "\n", "\n\n  "}) {
+            for (const char *const fault : {"</trk>", " </trk>", "\n&x;", "<a b/>", "x<trkpt lat=\"<\">"}) {
+                const auto placeOfError = [&](const QByteArray &runPoint) {
+                    const QByteArray run = (runPoint + between).repeated(3);
+                    QByteArray xml = "<gpx>\n<trk><trkseg>" + run + unusualPoint + run + fault;
+                    QBuffer buffer(&xml);
+                    buffer.open(QIODevice::ReadOnly);
+                    KRGPXStreamReader reader(&buffer);
+                    const bool isRead = reader.readTracks([](const KRGPXTrack &) {});
+                    return isRead ? QPair<int, int>() : QPair<int, int>(reader.error().line, reader.error().column);
+                };
+                QVERIFY(placeOfError(point).first > 0);
+                QCOMPARE(placeOfError(point), placeOfError(unusualPoint));
+            }
+        }
+    }
+
+    void numbersEqualTheDom()
+    {
+        // Texts of the characters of numbers, many of them none, and plain decimals of any length.
+        QRandomGenerator random(7);
+        const QByteArray characters = "0123456789012345678901234567890123456789..-+e ";
+        QByteArray xml = "<gpx><trk><trkseg>";
+        for (int i = 0; i < 20000; ++i) {
+            QByteArray number = i % 2 == 0 ? QByteArray() : QByteArray::number(random.bounded(1000)) + '.';
+            for (int length = random.bounded(i % 3 == 0 ? 35 : 12); length > 0; --length)
+                number += characters.at(random.bounded(characters.size() - (i % 2 == 0 ? 0 : 6)));
+            xml += "<trkpt lat=\"" + number + "\" lon=\"0\"><ele>" + number + "</ele></trkpt>";
+        }
+        compareWithDom(xml + "</trkseg></trk></gpx>");
+    }
+
+    void millisecondsEqualTheDom()
+    {
+        QByteArray xml = "<gpx><trk><trkseg>";
+        for (int i = 0; i < 1000; ++i)
+            xml += "<trkpt lat=\"1\" lon=\"2\"><time>1969-12-31T23:59:59." + QByteArray::number(1000 + i).mid(1)
+                   + "Z</time></trkpt>";
+        compareWithDom(xml + "</trkseg></trk></gpx>");
+    }
+
+    void truncatedAnywhereGivesNothing()
+    {
+        const QByteArray whole = "<?xml version=\"1.0\"?>\n<gpx><trk><name>a</name><trkseg><trkpt lat=\"1\" lon=\"2\">"
+                                 "<ele>3</ele></trkpt></trkseg></trk></gpx>";
+        for (int length = 0; length < whole.size(); ++length)
+            QVERIFY2(!readAsStream(whole.left(length)), whole.left(length).constData());
+        QVERIFY(readAsStream(whole));
+    }
+
+    void leftToTheDom()
+    {
+        const QByteArray padding(bytesPerRead - 27, 'x'); // behind which a read ends in the middle of a character
+        const KRTestTable<QByteArray> table{
+            {"QDom keeps carriage returns", "<gpx><trk><desc>a\r\nb</desc></trk></gpx>"},
+            {"in points too", "<gpx><trk><trkseg><trkpt><desc>a\rb</desc></trkpt></trkseg></trk></gpx>"},
+            {"QDom is strict in names", "<gpx><a}/></gpx>"},
+            {"of attributes too", "<gpx a}='1'/>"},
+            {"and in processing instructions", "<gpx><?a}?></gpx>"},
+            {"document type", "<!DOCTYPE gpx><gpx/>"},
+            {"entity of its own", "<!DOCTYPE gpx [<!ENTITY e 'a'>]><gpx><trk><name>&e;</name></trk></gpx>"},
+            {"undeclared entity", "<gpx><trk><name>&nbsp;</name></trk></gpx>"},
+            {"attribute twice", "<gpx a='1' a='2'/>"},
+            {"bad UTF-8 with a point in it",
+             "<gpx><trk>\n<trkseg><x>" + padding + "</x>\xC3" + spelledPoint + "\xA9</trkseg></trk></gpx>"},
+            {"bad UTF-8", "<gpx><trk><name>\xE4</name></trk></gpx>"},
+        };
+        table.forEach([](const QByteArray &xml) { QVERIFY(!readAsStream(xml).has_value()); });
+    }
+
+    void refuses()
+    {
+        const QString broken = QStringLiteral("Kein lesbares XML");
+        const KRTestTable<QByteArray, int, KRText> table{
+            {"wrong nesting", "<gpx>\n<trk></gpx>", 2, broken},
+            {"text behind the end", "<gpx/>\n\nx", 3, broken},
+            {"a level too deep", nestedEnclaves((KRInputLimits::depth - 3) / 2 + 1), 1, "256"},
+            {"hundred thousand levels", nestedEnclaves(100000), 1, "256"},
+            {"a tag of fifty thousand attributes", "<gpx" + attributes(50000) + "/>", 1, "zu groß"},
+            {"many tags of many attributes", "<gpx>\n" + ("<trk" + attributes(1000) + "/>").repeated(200) + "</gpx>", 2,
+             "zu viele"},
+        };
+        table.forEach([](QByteArray xml, int line, const QString &reason) {
+            QBuffer buffer(&xml);
+            buffer.open(QIODevice::ReadOnly);
+            KRGPXStreamReader reader(&buffer);
+            QVERIFY(!reader.readTracks([](const KRGPXTrack &) {}));
+            QCOMPARE(reader.error().line, line);
+            QVERIFY(reader.error().column > 0);
+            QVERIFY2(reader.error().reason.contains(reason), qUtf8Printable(reader.error().reason));
+        });
+    }
 
 private:
     const KRQuietFiles m_quiet;
 };
-
-void tst_KRGPXStreamReader::equalsTheDom()
-{
-    const auto track = [](const QByteArray &body) { return "<gpx><trk>" + body + "</trk></gpx>"; };
-    const auto point = [&](const QByteArray &body) { return track("<trkseg><trkpt>" + body + "</trkpt></trkseg>"); };
-    const auto plainPoint = [](const QByteArray &text) {
-        return "<trkpt lat='53' lon='8'><desc>" + text + "</desc></trkpt>";
-    };
-    const QByteArray latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"
-                             + track("<name>Gr\xFC\xDF"
-                                     "e</name><trkseg>"
-                                     + plainPoint("\xC3\xB6") + plainPoint("\xC3\xB6") + "</trkseg>");
-    const KRTestTable<QByteArray> table{
-        {"no track", QByteArray("<gpx/>")},
-        {"only children of the root", QByteArray("<trk><x><trk/></x><trk><trkseg/></trk><g:trk/></trk>")},
-        {"the last name wins", track("<name>a</name><desc>b</desc><name>c</name><desc/>")},
-        {"the first child of a point wins",
-         point("<ele>1</ele><ele>2</ele><time/><time>2024-05-01T12:00:00Z</time><desc>a</desc><desc>b</desc>")},
-        {"an unreadable first child wins too", point("<ele>x</ele><ele>2</ele>")},
-        {"names in deeper elements", point("<extensions><ele>1</ele><desc>b</desc></extensions>")},
-        {"text of all descendants", track("<name>a<b>b<c>c</c></b><!-- d -->e<![CDATA[<f>]]></name>")},
-        {"blank text between markup is dropped", track("<name> <b> b </b> <!-- c --> </name>")},
-        {"a reference to a blank is no text either", track("<name>&#32;<b>&#xa0;\xC2\xA0</b></name>")},
-        {"a blank in CDATA is text", track("<name><![CDATA[ ]]>a <![CDATA[\t]]></name>")},
-        {"adjoining CDATA", track("<name><![CDATA[a]]><![CDATA[]]><![CDATA[ b]]></name>")},
-        {"entities", track("<name>&lt;&gt;&amp;&quot;&apos;&#228;&#xE4;&#10;</name>")},
-        {"references beyond U+FFFF", track("<name>&#x1F600;&#128512;</name>")},
-        {"line feeds stay", track("<name>a\nb\n</name>")},
-        {"carriage returns between elements", track("\r\n<name>a</name>\r\n<trkseg>\r</trkseg>\r\n")},
-        {"attributes on lines of their own", QByteArray("<gpx\r\n a='1'\r\n b='2'><trk\r/></gpx>")},
-        {"byte order mark", "\xEF\xBB\xBF" + track("<name>\xC3\xA4</name>")},
-        {"declared encoding", latin},
-        {"brackets and characters beyond U+FFFF",
-         track("<trkseg>" + plainPoint("[1] a]] \xF0\x9F\x98\x80\xF4\x8F\xBF\xBD") + "</trkseg>")},
-        {"UTF-16", KRTestXml::utf16(QString::fromUtf8(track("<name>\xC3\xA4\xF0\x9F\x98\x80</name>")))},
-        {"points in a comment",
-         track("<trkseg><!-- points that do not count, among them a trkpt>" + spelledPoint + " --></trkseg>")},
-        {"points in CDATA",
-         track("<trkseg><![CDATA[ points that do not count, among them a trkpt>" + spelledPoint + "]]></trkseg>")},
-        {"bytes of characters that spell a point",
-         KRTestXml::utf16BigEndian(QStringLiteral("<gpx>") + QString(bytesPerRead / 2 - 18, QLatin1Char(' '))
-                                   + QStringLiteral("<trk><trkseg>"))
-             + spelledPoint + KRTestXml::utf16BigEndian(QStringLiteral("</trkseg></trk></gpx>"))},
-        {"compressed points with markup inside",
-         track("<trkseg><compressedPoints>8,53<!-- c -->4 9,<b>54</b>\n<![CDATA[ 1,1]]></compressedPoints></trkseg>")},
-        {"mixed points", track("<trkseg><trkpt/><compressedPoints>1,1</compressedPoints><trkpt/></trkseg>")},
-        {"includes are ignored", track("<include>/etc/hostname</include><trkseg/>")},
-        {"shape behind the points", track("<trkseg><trkpt/></trkseg><shape>auto</shape>")},
-        {"enclaves within enclaves", nestedEnclaves(5)},
-        {"as deep as allowed", nestedEnclaves((KRInputLimits::depth - 3) / 2)},
-        {"many attributes", "<gpx" + attributes(2000) + "><trk><trkseg/></trk></gpx>"},
-        {"a text of many blocks", track("<desc>" + QByteArray(300000, 'x') + "\"</desc>")},
-        {"time with an offset", point("<time> 2024-05-01T12:00:00-03:30\n</time>")},
-        {"local time", point("<time>2024-05-01T12:00:00</time>")},
-    };
-    table.forEach(compareWithDom);
-}
-
-void tst_KRGPXStreamReader::equalsTheDomOnAnyDocument()
-{
-    DocumentMaker maker(20240501);
-    int readDocuments = 0;
-    int refusedDocuments = 0;
-    for (int i = 0; i < 800; ++i) {
-        QByteArray xml = maker.made("$document");
-        if (i % 2 == 1)
-            xml = maker.damaged(xml);
-        const std::optional<QString> asStream = readAsStream(xml);
-        if (asStream.has_value()) {
-            QVERIFY2(asStream == readAsDom(xml), xml.constData());
-            ++readDocuments;
-        } else {
-            ++refusedDocuments;
-        }
-    }
-    // Enough of both, or the comparison says nothing.
-    QVERIFY(readDocuments > 200);
-    QVERIFY(refusedDocuments > 200);
-}
-
-void tst_KRGPXStreamReader::equalsTheDomAcrossBlocks()
-{
-    DocumentMaker maker(20241121);
-    QByteArray body;
-    while (body.size() < 600000)
-        body += maker.made(body.size() % 500 == 0 ? "<trkpt lat='1' lon='2'/>"
-                                                  : "<trkpt lat=\"$decimal\" lon=\"$decimal\"><ele>$number</ele>"
-                                                    "<time>$time</time></trkpt>\n");
-    compareWithDom("<gpx><trk><trkseg>" + body + "</trkseg></trk></gpx>");
-}
-
-void tst_KRGPXStreamReader::placesOfErrorsDoNotDependOnRuns()
-{
-    const QByteArray point = "<trkpt lat=\"1\" lon=\"2\"><ele>3</ele></trkpt>";
-    QByteArray unusualPoint = point;
-    unusualPoint.replace('"', '\'');
-    for (const char *const between : {"", " ", "\n", "\n\n  "}) {
-        for (const char *const fault : {"</trk>", " </trk>", "\n&x;", "<a b/>", "x<trkpt lat=\"<\">"}) {
-            const auto placeOfError = [&](const QByteArray &runPoint) {
-                const QByteArray run = (runPoint + between).repeated(3);
-                QByteArray xml = "<gpx>\n<trk><trkseg>" + run + unusualPoint + run + fault;
-                QBuffer buffer(&xml);
-                buffer.open(QIODevice::ReadOnly);
-                KRGPXStreamReader reader(&buffer);
-                const bool isRead = reader.readTracks([](const KRGPXTrack &) {});
-                return isRead ? QPair<int, int>() : QPair<int, int>(reader.error().line, reader.error().column);
-            };
-            QVERIFY(placeOfError(point).first > 0);
-            QCOMPARE(placeOfError(point), placeOfError(unusualPoint));
-        }
-    }
-}
-
-void tst_KRGPXStreamReader::millisecondsEqualTheDom()
-{
-    QByteArray xml = "<gpx><trk><trkseg>";
-    for (int i = 0; i < 1000; ++i)
-        xml += "<trkpt lat=\"1\" lon=\"2\"><time>1969-12-31T23:59:59." + QByteArray::number(1000 + i).mid(1)
-               + "Z</time></trkpt>";
-    compareWithDom(xml + "</trkseg></trk></gpx>");
-}
-
-void tst_KRGPXStreamReader::numbersEqualTheDom()
-{
-    // Texts of the characters of numbers, many of them none, and plain decimals of any length.
-    QRandomGenerator random(7);
-    const QByteArray characters = "0123456789012345678901234567890123456789..-+e ";
-    QByteArray xml = "<gpx><trk><trkseg>";
-    for (int i = 0; i < 20000; ++i) {
-        QByteArray number = i % 2 == 0 ? QByteArray() : QByteArray::number(random.bounded(1000)) + '.';
-        for (int length = random.bounded(i % 3 == 0 ? 35 : 12); length > 0; --length)
-            number += characters.at(random.bounded(characters.size() - (i % 2 == 0 ? 0 : 6)));
-        xml += "<trkpt lat=\"" + number + "\" lon=\"0\"><ele>" + number + "</ele></trkpt>";
-    }
-    compareWithDom(xml + "</trkseg></trk></gpx>");
-}
-
-void tst_KRGPXStreamReader::truncatedAnywhereGivesNothing()
-{
-    const QByteArray whole = "<?xml version=\"1.0\"?>\n<gpx><trk><name>a</name><trkseg><trkpt lat=\"1\" lon=\"2\">"
-                             "<ele>3</ele></trkpt></trkseg></trk></gpx>";
-    for (int length = 0; length < whole.size(); ++length)
-        QVERIFY2(!readAsStream(whole.left(length)), whole.left(length).constData());
-    QVERIFY(readAsStream(whole));
-}
-
-void tst_KRGPXStreamReader::leftToTheDom()
-{
-    const QByteArray padding(bytesPerRead - 27, 'x'); // behind which a read ends in the middle of a character
-    const KRTestTable<QByteArray> table{
-        {"QDom keeps carriage returns", "<gpx><trk><desc>a\r\nb</desc></trk></gpx>"},
-        {"in points too", "<gpx><trk><trkseg><trkpt><desc>a\rb</desc></trkpt></trkseg></trk></gpx>"},
-        {"QDom is strict in names", "<gpx><a}/></gpx>"},
-        {"of attributes too", "<gpx a}='1'/>"},
-        {"and in processing instructions", "<gpx><?a}?></gpx>"},
-        {"document type", "<!DOCTYPE gpx><gpx/>"},
-        {"entity of its own", "<!DOCTYPE gpx [<!ENTITY e 'a'>]><gpx><trk><name>&e;</name></trk></gpx>"},
-        {"undeclared entity", "<gpx><trk><name>&nbsp;</name></trk></gpx>"},
-        {"attribute twice", "<gpx a='1' a='2'/>"},
-        {"bad UTF-8 with a point in it",
-         "<gpx><trk>\n<trkseg><x>" + padding + "</x>\xC3" + spelledPoint + "\xA9</trkseg></trk></gpx>"},
-        {"bad UTF-8", "<gpx><trk><name>\xE4</name></trk></gpx>"},
-    };
-    table.forEach([](const QByteArray &xml) { QVERIFY(!readAsStream(xml).has_value()); });
-}
-
-void tst_KRGPXStreamReader::refuses()
-{
-    const QString broken = QStringLiteral("Kein lesbares XML");
-    const KRTestTable<QByteArray, int, KRText> table{
-        {"wrong nesting", "<gpx>\n<trk></gpx>", 2, broken},
-        {"text behind the end", "<gpx/>\n\nx", 3, broken},
-        {"a level too deep", nestedEnclaves((KRInputLimits::depth - 3) / 2 + 1), 1, "256"},
-        {"hundred thousand levels", nestedEnclaves(100000), 1, "256"},
-        {"a tag of fifty thousand attributes", "<gpx" + attributes(50000) + "/>", 1, "zu groß"},
-        {"many tags of many attributes", "<gpx>\n" + ("<trk" + attributes(1000) + "/>").repeated(200) + "</gpx>", 2,
-         "zu viele"},
-    };
-    table.forEach([](QByteArray xml, int line, const QString &reason) {
-        QBuffer buffer(&xml);
-        buffer.open(QIODevice::ReadOnly);
-        KRGPXStreamReader reader(&buffer);
-        QVERIFY(!reader.readTracks([](const KRGPXTrack &) {}));
-        QCOMPARE(reader.error().line, line);
-        QVERIFY(reader.error().column > 0);
-        QVERIFY2(reader.error().reason.contains(reason), qUtf8Printable(reader.error().reason));
-    });
-}
 
 static const KRTestRegistration<tst_KRGPXStreamReader> registration;
 
