@@ -314,9 +314,11 @@ void KRMainWindow::connectTrackList()
 
 void KRMainWindow::connectWarnings()
 {
-    showWarning(m_groundWarning, m_groundMenu->problem());
-    connect(m_groundMenu, &KRGroundMenu::problemChanged, m_groundWarning,
-            [this](const QString &problem) { showWarning(m_groundWarning, problem); });
+    const auto warnOfGround = [this](const QString &problem) {
+        showWarning(m_groundWarning, problem.isEmpty() ? QString() : tr("Karte: %1").arg(problem));
+    };
+    warnOfGround(m_groundMenu->problem());
+    connect(m_groundMenu, &KRGroundMenu::problemChanged, m_groundWarning, warnOfGround);
 
     showWarning(m_autosaveWarning, QString());
     connect(m_autosave, &KRAutosave::failed, m_autosaveWarning, [this](const QString &reason) {
