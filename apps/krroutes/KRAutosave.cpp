@@ -38,7 +38,6 @@ QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileN
 KRAutosave::KRAutosave(KRRouteWorkspace *workspace, const QDir &place, QObject *parent)
     : QObject(parent), m_workspace(workspace), m_folder(KRRecoveryFolder::create(place))
 {
-    m_thread.setMaxThreadCount(1);
     m_timer.setSingleShot(true);
     setDelay(1000);
     connect(&m_timer, &QTimer::timeout, this, &KRAutosave::startWriting);
@@ -87,7 +86,7 @@ void KRAutosave::startWriting()
     }
     const KRGPXTrackSelection selection = m_workspace->selection();
     const bool inOneFile = countPoints(selection) <= m_mostPointsInOneFile;
-    m_writing.setFuture(QtConcurrent::run(&m_thread, writeDocument, selection, m_folder->recoveryFile(), inOneFile));
+    m_writing.setFuture(QtConcurrent::run(writeDocument, selection, m_folder->recoveryFile(), inOneFile));
 }
 
 void KRAutosave::finishWriting()

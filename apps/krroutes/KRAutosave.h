@@ -6,7 +6,6 @@
 
 #include <QFutureWatcher>
 #include <QObject>
-#include <QThreadPool>
 #include <QTimer>
 
 class KRRouteWorkspace;
@@ -14,7 +13,7 @@ class KRRouteWorkspace;
 /**
  * Writes the unsaved work of a workspace aside, a second after a change, so that a crash loses no more.
  *
- * Writing runs in a thread of its own. Where there are many points each track is written once, so that changes of looks
+ * Writing runs in another thread. Where there are many points each track is written once, so that changes of looks
  * cost little. What was written is removed as soon as the document is saved, and the whole folder when the object ends.
  * GUI thread only.
  */
@@ -49,6 +48,5 @@ private:
     std::unique_ptr<KRRecoveryFolder> m_folder;
     QTimer m_timer;
     int m_mostPointsInOneFile = 100000;
-    QThreadPool m_thread; ///< not that of all, which draws
     QFutureWatcher<QString> m_writing; ///< the reason of a failure, empty without one
 };

@@ -2,14 +2,18 @@
 #include "KRViewerIcons.h"
 #include "KRViewerOptions.h"
 
+#include <KRCore/KRConcurrent.h>
 #include <KRCore/KRQtCompat.h>
 #include <KRHostApplication.h>
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QTimer>
 
 int main(int argc, char *argv[])
 {
+    // First of all: other threads, which come and go, would disturb the count.
+    const bool hasThreads = KRConcurrent::fillPool();
     KRQtCompat::enableHighDpi();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     KRHostApplication::prepare(false);
@@ -18,6 +22,14 @@ int main(int argc, char *argv[])
     QGuiApplication::setDesktopFileName(QStringLiteral("de.krgeolocation.krroutes"));
     QApplication::setWindowIcon(KRViewerIcons::applicationIcon());
     const KRViewerOptions options(QCoreApplication::arguments());
+
+    // The pool has its threads from now on. It would wait for ever for one that could not be started.
+    if (!hasThreads) {
+        QMessageBox::critical(nullptr, QCoreApplication::applicationName(),
+                              KRMainWindow::tr("Das System startet keinen weiteren Thread, und ohne wird nichts "
+                                               "gezeichnet."));
+        return 1;
+    }
 
     KRMainWindow window;
     window.show();
