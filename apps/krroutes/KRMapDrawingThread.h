@@ -1,7 +1,6 @@
 #pragma once
 
-#include "KRMapPicture.h"
-#include "KRTrackPicker.h"
+#include "KRMapViewport.h"
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
@@ -9,19 +8,17 @@
 #include <QThread>
 #include <QWaitCondition>
 
+#include <functional>
 #include <optional>
 
 class KRMapGround;
-class QPainter;
 
 /**
- * Draws the ground or the tracks of a map window apart from the GUI thread.
- *
- * Each has a thread of its own, so that the ground does not wait for a million points when the map is moved.
+ * Draws something of a map window apart from the GUI thread; what, that is up to the classes derived from it.
  *
  * What is asked for last counts: a task that waits is replaced, and one that is being worked on is given up where
  * its picture would be of little use. Of a task only that is drawn which differs from what was drawn before. All
- * functions are for the GUI thread, where the signals arrive too.
+ * public functions are for the GUI thread, where the signals arrive too.
  */
 class KRMapDrawingThread : public QThread
 {
@@ -43,66 +40,43 @@ public:
         int currentRow = -1; ///< the track to emphasise, -1 for none
         bool hasLabels = false; ///< names of the tracks on the map
         bool hasLegend = false;
-    };
 
-    enum class Part {
-        Ground, ///< emits groundDrawn()
-        Tracks, ///< emits pickerMade(), tracksDrawn() and legendDrawn()
+        /// Whether the map fades away from the tracks.
+        bool isCropped() const { return selection.effectiveCroppingOpacity() < 255; }
+        /// The part of the map that is drawn, with the margin.
+        KRMapViewport picture() const { return window.grown(margin); }
     };
-
-    explicit KRMapDrawingThread(Part part, QObject *parent = nullptr);
-    /// Waits for what is being drawn.
-    ~KRMapDrawingThread() override;
 
     /// Not owned; nullptr for none. Waits until the one before is not being painted any more: then it may be deleted.
     void setGround(KRMapGround *ground);
     void draw(const Task &task);
 
 signals:
-    void groundDrawn(const KRMapPicture &picture);
-    /// With all names, to be shown above the ground.
-    void tracksDrawn(const KRMapPicture &picture);
-    /// To be shown at @p topLeft of the window, in its pixels of the screen, wherever the map is moved to.
-    void legendDrawn(const QImage &image, const QPoint &topLeft);
-    /// Comes before the picture of the selection with that number.
-    void pickerMade(const KRTrackPicker &picker, int selectionNumber);
     /// After all pictures of a task that was not given up or replaced.
     void taskDone(int number);
 
 protected:
-    void run() override;
+    explicit KRMapDrawingThread(QObject *parent = nullptr);
+
+    /// Draws, in the thread. False where the task was given up.
+    virtual bool work(const Task &task) = 0;
+    /// Waits for what is being drawn; nothing is drawn any more. To be called first when a derived class is destroyed.
+    void stop();
+
+    // For work().
+    bool isSuperseded(const Task &task);
+    /// Calls @p use unless there is no ground, which lives until it returns.
+    void withGround(const std::function<void(KRMapGround *)> &use);
 
 private:
+    void run() override;
     bool take(Task *task);
-    bool isSuperseded(const Task &task);
-    void makePicker(const Task &task);
-    void drawGround(const Task &task);
-    bool drawTracks(const Task &task);
-    void drawAboveTracks(const Task &task);
-    void drawLegend(const Task &task);
-    QImage paintGround(const Task &task);
-    void paintNames(QPainter *painter, const Task &task);
-
-    const Part m_part;
 
     QMutex m_mutex; // guards the next three
     QWaitCondition m_wakeUp;
     std::optional<Task> m_next;
     bool m_isStopping = false;
 
-    QMutex m_groundMutex; // held while the ground is being painted
+    QMutex m_groundMutex; // held while the ground is being used
     KRMapGround *m_ground = nullptr;
-
-    // What was drawn last, for the drawing thread alone.
-    std::optional<Task> m_drawnGround;
-    std::optional<Task> m_drawnTracks;
-    std::optional<Task> m_drawnAboveTracks;
-    std::optional<Task> m_drawnLegend;
-    int m_croppedNumber = -1;
-    int m_pickerNumber = -1;
-    KRTrackPicker m_picker;
-    QImage m_groundImage;
-    QImage m_tracksImage;
 };
-
-Q_DECLARE_METATYPE(KRTrackPicker)

@@ -61,21 +61,20 @@ KRMapView::KRMapView(QWidget *parent) : QWidget(parent), m_gestures(new KRMapGes
     connect(m_gestures, &KRMapGestures::panned, this, &KRMapView::pan);
     connect(m_gestures, &KRMapGestures::zoomed, this, &KRMapView::zoomAbout);
     connect(m_gestures, &KRMapGestures::clicked, this, &KRMapView::click);
-    connect(&m_tracksThread, &KRMapDrawingThread::pickerMade, this, &KRMapView::takePicker);
-    connect(&m_groundThread, &KRMapDrawingThread::groundDrawn, this, [this](const KRMapPicture &picture) {
+    connect(&m_tracksThread, &KRMapTracksThread::pickerMade, this, &KRMapView::takePicker);
+    connect(&m_groundThread, &KRMapGroundThread::drawn, this, [this](const KRMapPicture &picture) {
         m_groundPicture = picture;
         update();
     });
-    connect(&m_tracksThread, &KRMapDrawingThread::tracksDrawn, this, [this](const KRMapPicture &picture) {
+    connect(&m_tracksThread, &KRMapTracksThread::drawn, this, [this](const KRMapPicture &picture) {
         m_tracksPicture = picture;
         update();
     });
-    connect(&m_tracksThread, &KRMapDrawingThread::legendDrawn, this,
-            [this](const QImage &image, const QPoint &topLeft) {
-                m_legend = image;
-                m_legendCorner = topLeft;
-                update();
-            });
+    connect(&m_tracksThread, &KRMapTracksThread::legendDrawn, this, [this](const QImage &image, const QPoint &topLeft) {
+        m_legend = image;
+        m_legendCorner = topLeft;
+        update();
+    });
     connect(&m_groundThread, &KRMapDrawingThread::taskDone, this, [this](int number) { m_groundTaskDone = number; });
     connect(&m_tracksThread, &KRMapDrawingThread::taskDone, this, [this](int number) { m_tracksTaskDone = number; });
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "KRMapDrawingThread.h"
-#include "KRMapPicture.h"
-#include "KRMapViewport.h"
-#include "KRTrackPicker.h"
+#include "KRMapGroundThread.h"
+#include "KRMapTracksThread.h"
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
@@ -127,6 +125,6 @@ private:
     int m_tracksTaskDone = 0;
 
     // The first to go.
-    KRMapDrawingThread m_groundThread{KRMapDrawingThread::Part::Ground};
-    KRMapDrawingThread m_tracksThread{KRMapDrawingThread::Part::Tracks};
+    KRMapGroundThread m_groundThread;
+    KRMapTracksThread m_tracksThread;
 };

@@ -482,8 +482,8 @@ void tst_KRMapView::namesTheTracks()
 
 void tst_KRMapView::drawsEveryPixelOfADenseScreen()
 {
-    KRMapDrawingThread thread(KRMapDrawingThread::Part::Tracks);
-    QSignalSpy drawn(&thread, &KRMapDrawingThread::tracksDrawn);
+    KRMapTracksThread thread;
+    QSignalSpy drawn(&thread, &KRMapTracksThread::drawn);
     const KRGeoPositionRect area = KRTestMap{52.8, 53.2, 7.5, 8.8}.area();
     const KRMapViewport viewport = KRMapViewport().resized({300, 200}, 2.0).fitted(area, 20);
     thread.draw({1, viewport, 0, twoTracks(), 1, -1, false, false});
