@@ -58,7 +58,7 @@ QStringList localFiles(const QMimeData *mimeData)
 /// In the status bar, for as long as there is a reason: messages there give way to the next tip.
 void showWarning(KRElidedLabel *label, const QString &text)
 {
-    constexpr int mostCharactersShown = 60;
+    constexpr int mostCharactersShown = 45;
     const QFontMetrics metrics = label->fontMetrics();
     const int width = std::min(metrics.horizontalAdvance(text) + 1, mostCharactersShown * metrics.averageCharWidth());
     label->setMinimumWidth(width + 2 * KRElidedLabel::textPaddingPx);
