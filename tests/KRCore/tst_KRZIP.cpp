@@ -97,6 +97,8 @@ private slots:
         wideEndElsewhere[wideEndElsewhere.indexOf("PK\6\6")] = 'p';
         QByteArray wideEndBeyond = Archive::wideBytes({a});
         wideEndBeyond[wideEndBeyond.indexOf("PK\6\7") + 15] = 1; // the highest byte of its place
+        QByteArray packedBeyondNumbers = Archive::wideBytes({a});
+        packedBeyondNumbers.replace(packedBeyondNumbers.indexOf("PK\1\2") + 59, 8, QByteArray(8, '\xff'));
         QByteArray headerCutOff = sound;
         headerCutOff.insert(sound.size() - 22, "PK\1\2");
         headerCutOff[headerCutOff.size() - 10] = char(headerCutOff.at(headerCutOff.size() - 10) + 4);
@@ -112,6 +114,7 @@ private slots:
             {"bytes before the start", "#!" + sound, badTable},
             {"entry behind the table", Archive::bytes({a, outside}), badTable},
             {"entry longer than the file", Archive::bytes({a, packedBehindTheEnd}), badTable},
+            {"entry longer than numbers count", packedBeyondNumbers, badTable},
             {"header cut off at the end of the table", headerCutOff, badTable},
             {"wide numbers without a field", wideWithoutField, badTable},
             {"table of 16 MB", QByteArray(17 << 20, ' ') + tooLongTable, "zu groß"},
