@@ -1,5 +1,6 @@
 #include "KRGPXPathPainter.h"
 
+#include "KRGPXLineCrowd.h"
 #include "KRGPXPathExcerpt.h"
 #include "KRGPXPathRaster.h"
 #include "KRGPXPathTiles.h"
@@ -212,12 +213,15 @@ void fillPart(PiecePainter *pieces, const QRect &part, const KRGPXPathExcerpt &w
 
 } // namespace
 
-void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &path)
+void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath)
 {
     const QPen pen = painter->pen();
     const QTransform transform = painter->deviceTransform();
     const Stretch stretch = stretchOf(transform);
     const QImage *const image = imageOf(painter);
+    const bool isCrowd = image && pen.style() == Qt::SolidLine && wholePath.elementCount() > KRGPXLineCrowd::fewElements
+                         && hasLinesOnly(wholePath);
+    const QPainterPath path = isCrowd ? KRGPXLineCrowd::thinned(wholePath, transform, image->size()) : wholePath;
     const bool usesRaster = image && isForRaster(painter, image);
     // In tiles nobody would know where the dashes begin.
     const bool isKnownPen = isWidePen(pen, stretch) && (pen.style() == Qt::SolidLine || (usesRaster && isDashed(pen)));

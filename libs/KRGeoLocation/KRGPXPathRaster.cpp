@@ -235,12 +235,13 @@ void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
     const auto moved = [left = firstColumn * subpixels](const Edge &edge) {
         return Edge{{edge.from.x - left, edge.from.y}, {edge.to.x - left, edge.to.y}};
     };
+    const auto rows = std::size_t(std::min(bandRows, m_size.height()));
     Band band;
     band.fillRule = m_fillRule;
     band.width = lastColumn - firstColumn + 1;
-    band.cells.assign(std::size_t(bandRows) * std::size_t(band.width + 1), {0, 0});
-    band.first.assign(bandRows, std::numeric_limits<int>::max());
-    band.last.assign(bandRows, -1);
+    band.cells.assign(rows * std::size_t(band.width + 1), {0, 0});
+    band.first.assign(rows, std::numeric_limits<int>::max());
+    band.last.assign(rows, -1);
     for (std::size_t i = 0; i + 1 < starts.size(); ++i) {
         band.firstRow = int(i) * bandRows;
         band.endRow = std::min(band.firstRow + bandRows, m_size.height());

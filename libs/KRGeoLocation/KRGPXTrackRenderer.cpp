@@ -4,7 +4,9 @@
 #include "KRGPXCroppingAlpha.h"
 #include "KRGPXImageMemory.h"
 #include "KRGPXImageStrips.h"
+#include "KRGPXLineBundle.h"
 #include "KRGPXMarkerShape.h"
+#include "KRGPXMarkerStamps.h"
 #include "KRGPXPathPainter.h"
 #include "KRGPXTrack.h"
 #include "KRGPXTrackChunks.h"
@@ -36,13 +38,14 @@ constexpr double minimumStep = 4.0;
 // pixels at rendering factor 1
 constexpr double shortestArrow = 10.0;
 constexpr double longestArrow = 100.0;
-
 // degrees between an arrow's shaft and each of its barbs
 constexpr double barbAngle = 30.0;
 
 // Pixels beyond are no places on any map, and their distances no numbers to draw with.
 constexpr double farthestPixel = 1e12;
 constexpr double widestLine = 32767.0;
+// An area of more is no area any more on an image, but takes its time.
+constexpr int mostFilledElements = 300000;
 
 bool isPixel(const QPointF &point)
 {
@@ -137,8 +140,19 @@ void KRGPXTrackRenderer::paintOn(QImage *image, TrackRenderOption option, bool a
 void KRGPXTrackRenderer::renderWith(QPainter &painter, TrackRenderOption option) const
 {
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
-    for (const KRGPXConfiguredTrack &track : tracks)
-        drawTrack(&painter, track, option);
+    const bool isBundled = tracks.size() > KRGPXLineBundle::fewTracks && dynamic_cast<const QImage *>(painter.device());
+    KRGPXLineBundle bundle(this, &painter, option);
+    KRGPXMarkerStamps stamps;
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        if (isBundled && bundle.take(track))
+            continue;
+        bundle.draw();
+        if (isBundled && track.effectiveShape() == PointTrackShape)
+            drawPoint(&painter, track, option, &stamps);
+        else
+            drawTrack(&painter, track, option);
+    }
+    bundle.draw();
 }
 
 void KRGPXTrackRenderer::drawTrack(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const
@@ -416,7 +430,8 @@ void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const QPainterPath &path
                                      const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
 {
     painter->save();
-    if (option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption))
+    const bool isFilled = option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption);
+    if (isFilled && path.elementCount() <= mostFilledElements)
         KRGPXPathPainter::fillPath(painter, path, brushFromTrack(configuration, option));
     drawPath(painter, path, configuration, option);
     painter->restore();
@@ -454,7 +469,8 @@ void KRGPXTrackRenderer::drawArrowHead(QPainter *painter, const QPainterPath &pa
     painter->restore();
 }
 
-void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const
+void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option,
+                                   KRGPXMarkerStamps *stamps) const
 {
     const KRGPXTrackConfiguration configuration = track.configuration();
     const bool strokes = option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption);
@@ -475,7 +491,10 @@ void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack
     painter->save();
     painter->setPen(pen);
     painter->setBrush(fills ? brushFromTrack(configuration, option) : QBrush(Qt::transparent));
-    worldCopies().forEach(painter, QPainterPath(centre), reach,
-                          [&] { configuration.markerShape().draw(painter, centre, size, size); });
+    const KRGPXMarkerShape shape = configuration.markerShape();
+    worldCopies().forEach(painter, QPainterPath(centre), reach, [&] {
+        if (!stamps || !stamps->draw(painter, shape, centre, size))
+            shape.draw(painter, centre, size, size);
+    });
     painter->restore();
 }

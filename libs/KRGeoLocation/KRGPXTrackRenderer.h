@@ -20,6 +20,7 @@
 #include <vector>
 
 class KRGPXConfiguredTrack;
+class KRGPXMarkerStamps;
 class KRGPXTrack;
 class KRGPXTrackConfiguration;
 class KRGPXWorldCopies;
@@ -137,7 +138,8 @@ protected:
                   TrackRenderOption option) const;
     void drawArrowHead(QPainter *painter, const QPainterPath &path, const KRGPXTrackConfiguration &configuration,
                        TrackRenderOption option) const;
-    void drawPoint(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const;
+    void drawPoint(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option,
+                   KRGPXMarkerStamps *stamps = nullptr) const;
 
     /// Replaces the alpha of @p image, of 32 bits a pixel, by the table's entry for the alpha of @p mask.
     void mergeCropping(QImage &image, const QImage &mask, const KRIntRange &rows, const AlphaTable &table) const;

@@ -138,6 +138,7 @@ class tst_KRGPXPathPainter : public QObject
 
 private slots:
     void lines();
+    void crowdsOfLines();
     void areas();
     void painters();
     void otherDevicesKeepThePath();
@@ -163,6 +164,34 @@ void tst_KRGPXPathPainter::lines()
         for (const QPen &pen : {roundPen(10.0), roundPen(3.3, 100), roundPen(70.0, 100), roundPen(1.0, 100)})
             QVERIFY(isSame(path, pen));
     });
+}
+
+/// Those that are left out would show in nothing but soft edges.
+void tst_KRGPXPathPainter::crowdsOfLines()
+{
+    Chance chance;
+    const auto crowded = [&] { return QPointF(chance.between(20.0, 150.0), chance.between(30.0, 280.0)); };
+    QPainterPath crowd;
+    for (int i = 0; i < 25000; ++i) {
+        crowd.moveTo(crowded());
+        crowd.lineTo(crowded());
+    }
+    QPainterPath walk;
+    chance.addWalk(200, 40.0, &walk);
+    QPainterPath path = crowd;
+    path.addPath(walk);
+    const auto setPen = [](QPainter *p) { p->setPen(roundPen(1.5)); };
+    const QImage fast = painted(setPen, [&](QPainter *p) { KRGPXPathPainter::drawPath(p, path); });
+    const QImage whole = painted(setPen, [&](QPainter *p) {
+        for (int i = 1; i < crowd.elementCount(); i += 2)
+            p->drawLine(crowd.elementAt(i - 1), crowd.elementAt(i));
+        p->drawPath(walk);
+    });
+    int different = 0;
+    for (int y = 0; y < whole.height(); ++y)
+        for (int x = 0; x < whole.width(); ++x)
+            different += std::abs(qGreen(whole.pixel(x, y)) - qGreen(fast.pixel(x, y))) > 30 ? 1 : 0;
+    QVERIFY2(different < 200, qPrintable(QString::number(different)));
 }
 
 void tst_KRGPXPathPainter::areas()

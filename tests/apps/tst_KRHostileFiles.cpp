@@ -318,6 +318,14 @@ void tst_KRHostileFiles::areDrawnInBoundedTime_data()
         return routes("<configuredTrack>" + track + "</configuredTrack>")
             .replace("</routes>", "<kept number='0'>" + QByteArray("<enclave/>").repeated(60000) + "</kept></routes>");
     });
+    row("many lines across the picture", "a.gpx", [] {
+        const QByteArray points = "<trkpt lat='53' lon='8'/><trkpt lat='54' lon='9'/><trkpt lat='53' lon='9'/>";
+        return gpx("<trk><trkseg>" + points.repeated(200000) + "</trkseg></trk>");
+    });
+    row("many tracks across the picture", "a.gpx", [] {
+        const QByteArray points = "<trkpt lat='53' lon='8'/><trkpt lat='54' lon='9'/>";
+        return gpx(("<trk><trkseg>" + points + "</trkseg></trk>").repeated(20000));
+    });
     row("absurd look", "a.krroute", [] {
         return routes(
             "<configuredTrack smoothingSteps='999999999' smoothing='0'><trk><trkseg><compressedPoints>8,53\n9,54"

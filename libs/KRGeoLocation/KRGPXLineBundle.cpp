@@ -1,0 +1,62 @@
+#include "KRGPXLineBundle.h"
+
+#include "KRGPXConfiguredTrack.h"
+#include "KRGPXMarkerShape.h"
+#include "KRGPXPathPainter.h"
+#include "KRGPXTrackConfiguration.h"
+#include "KRGPXTrackDisplayOptions.h"
+#include "KRGPXTrackShape.h"
+#include "KRGPXWorldCopies.h"
+
+#include <QPainter>
+
+namespace {
+
+// Beyond, more of them would only take memory.
+constexpr int mostElements = 500000;
+
+} // namespace
+
+KRGPXLineBundle::KRGPXLineBundle(const KRGPXTrackRenderer *renderer, QPainter *painter, TrackRenderOption option)
+    : m_renderer(renderer), m_painter(painter), m_option(option)
+{ }
+
+bool KRGPXLineBundle::take(const KRGPXConfiguredTrack &track)
+{
+    const QPen pen = m_renderer->penFromTrack(track.configuration(), m_option);
+    if (!isForBundle(track, pen))
+        return false;
+    const QPainterPath path = m_renderer->createPainterPath(track);
+    if (path.isEmpty())
+        return false;
+    if (pen != m_pen || m_lines.elementCount() > mostElements)
+        draw();
+    m_pen = pen;
+    m_lines.addPath(path);
+    return true;
+}
+
+bool KRGPXLineBundle::isForBundle(const KRGPXConfiguredTrack &track, const QPen &pen) const
+{
+    const KRGPXTrackShape shape = track.effectiveShape();
+    const KRGPXTrackConfiguration configuration = track.configuration();
+    const bool isStroked = m_option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption);
+    const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
+    return isStroked && !hasArrow && shape != PolygonTrackShape && shape != PointTrackShape
+           && pen.style() == Qt::SolidLine && pen.color().alpha() == 255;
+}
+
+void KRGPXLineBundle::draw()
+{
+    if (m_lines.isEmpty())
+        return;
+    constexpr double softEdgePx = 2.0;
+    m_painter->save();
+    m_painter->setPen(m_pen);
+    m_painter->setBrush(Qt::NoBrush);
+    KRGPXWorldCopies(m_renderer->aroundTheWorldOffset())
+        .forEach(m_painter, m_lines, m_pen.widthF() + softEdgePx,
+                 [this] { KRGPXPathPainter::drawPath(m_painter, m_lines); });
+    m_painter->restore();
+    m_lines = QPainterPath();
+}

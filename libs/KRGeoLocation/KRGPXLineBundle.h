@@ -1,0 +1,36 @@
+#pragma once
+
+#include "KRGPXTrackRenderer.h"
+
+#include <QPainterPath>
+#include <QPen>
+
+/**
+ * Draws many tracks of the same look at once, which is faster by far than one after the other.
+ *
+ * Lines of one opaque colour leave the same marks either way, but for soft edges where they meet. Whatever else a track
+ * may be is not for a bundle.
+ */
+class KRGPXLineBundle
+{
+public:
+    /// Fewer tracks are worth no bundle.
+    static constexpr int fewTracks = 1000;
+
+    /// For one drawing on @p painter; both stay with the caller.
+    KRGPXLineBundle(const KRGPXTrackRenderer *renderer, QPainter *painter, TrackRenderOption option);
+
+    /// Takes the track over to be drawn with the next draw() or before. False when it is not for a bundle.
+    bool take(const KRGPXConfiguredTrack &track);
+    /// Draws all that has been taken and not yet drawn.
+    void draw();
+
+private:
+    bool isForBundle(const KRGPXConfiguredTrack &track, const QPen &pen) const;
+
+    const KRGPXTrackRenderer *const m_renderer;
+    QPainter *const m_painter;
+    const TrackRenderOption m_option;
+    QPainterPath m_lines;
+    QPen m_pen;
+};

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "KRGeoLocationExport.h"
+
+#include <QPainterPath>
+#include <QPointF>
+#include <QRectF>
+#include <QTransform>
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+/**
+ * Picks from very many lines of one pen those that show.
+ *
+ * Where dozens of them have passed through a square of a few pixels, one more through nothing but such squares shows
+ * nothing new. So the time that drawing takes is bounded by the size of the image, however many lines there are. Made
+ * for one image, on one thread.
+ */
+class KRGEOLOCATION_EXPORT KRGPXLineCrowd
+{
+public:
+    /// Paths of fewer elements are worth no thinning.
+    static constexpr int fewElements = 20000;
+
+    /// @param size of the image in pixels
+    explicit KRGPXLineCrowd(const QSize &size);
+
+    /// Whether a line between two places, in pixels of the image, shows beside those asked for before.
+    bool takes(const QPointF &from, const QPointF &to);
+
+    /**
+     * The lines of a path that show.
+     *
+     * @param path of straight lines only
+     * @param transform from the path to pixels of the image
+     */
+    static QPainterPath thinned(const QPainterPath &path, const QTransform &transform, const QSize &size);
+
+private:
+    /// In quarters of a pixel, so that lines upon each other are equal.
+    struct Line {
+        bool operator==(const Line &other) const
+        {
+            return x1 == other.x1 && y1 == other.y1 && x2 == other.x2 && y2 == other.y2;
+        }
+
+        int x1 = std::numeric_limits<int>::min(); // of no line
+        int y1 = 0;
+        int x2 = 0;
+        int y2 = 0;
+    };
+
+    bool isKnown(const QPointF &from, const QPointF &to);
+    void cutToImage(QPointF *from, QPointF *to) const;
+
+    QRectF m_area;
+    int m_columns;
+    std::vector<std::uint8_t> m_squares; // lines through each, row by row
+    std::vector<Line> m_known; // each where its numbers lead
+};
