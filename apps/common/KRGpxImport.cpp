@@ -1,13 +1,10 @@
 #include "KRGpxImport.h"
 
 #include "KRGpxPreparation.h"
-#include "KRGpxRewriter.h"
 
 #include <KRCore/KRLogger.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryGPXFile.h>
-
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <tuple>
@@ -15,11 +12,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-QList<KRGPXTrack> tracksOf(const QFileInfo &file, KRErrorHistory *history)
-{
-    return KRGPXTrackFile(QFileInfo(file.absoluteFilePath()), history).tracks();
-}
 
 /// What tells a file from what it becomes, or from another one in its place.
 struct FileState {
@@ -57,7 +49,7 @@ void KRGpxImport::readWhole()
     if (!preparation.read(&m_problems)) {
         // The importer passes over what there is too much of.
         if (preparation.areTracksReadable())
-            m_ownTracks = tracksOf(m_file, &m_problems);
+            m_ownTracks = readOwnTracks(preparation);
         return;
     }
     const int knownProblems = m_problems.entries().size();
@@ -93,25 +85,6 @@ KRGPXConfiguredTrackList KRGpxImport::configuredTracks() const
 
 QList<KRGPXTrack> KRGpxImport::readOwnTracks(const KRGpxPreparation &preparation)
 {
-    if (!preparation.needsRewriting())
-        return tracksOf(m_file, &m_problems);
-    // Under its own name, which tracks without one are named after.
-    const QTemporaryDir dir;
-    QFile rewritten(dir.filePath(m_file.fileName()));
-    if (!dir.isValid() || !rewritten.open(QIODevice::ReadWrite)) {
-        KRErrorHistory::report(&m_problems, m_file.filePath(),
-                               tr("Die Datei kann nicht umgeschrieben werden: %1")
-                                   .arg(dir.isValid() ? rewritten.errorString() : dir.errorString()));
-        return {};
-    }
-    if (!KRGpxRewriter::rewrite(m_file, &rewritten, &m_problems))
-        return {};
-    rewritten.close();
-    KRErrorHistory reasons;
-    const QList<KRGPXTrack> tracks = tracksOf(QFileInfo(rewritten.fileName()), &reasons);
-    for (KRErrorHistory::Entry reason : reasons.entries()) {
-        reason.fileName = m_file.filePath();
-        KRErrorHistory::report(&m_problems, reason);
-    }
-    return tracks;
+    const QFileInfo file(m_file.absoluteFilePath());
+    return KRGPXTrackFile(file, &m_problems, preparation.readingOptions()).tracks();
 }

@@ -21,6 +21,8 @@ public:
     /// Whether the current element is one of GPX's with a prefix.
     bool isPrefixed(const KRXmlStream &stream) const;
 
+    QStringList prefixes() const { return m_prefixes; }
+
 private:
     QStringList m_prefixes;
 };

@@ -6,6 +6,7 @@
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRMath.h>
 #include <KRGeoLocation/KRGPXCommaText.h>
+#include <KRGeoLocation/KRGPXVocabulary.h>
 
 #include <cmath>
 
@@ -33,8 +34,14 @@ KRGeoPosition readPosition(const KRXmlStream &stream)
 {
     const double latitude = toDouble(stream.attribute("lat"));
     const double longitude = toDouble(stream.attribute("lon"));
-    const bool isOnGlobe = std::abs(latitude) <= 90.0 && std::abs(longitude) <= 360.0;
-    return isOnGlobe ? KRGeoPosition(latitude, longitude) : KRGeoPosition();
+    return KRGPXVocabulary::isOnGlobe(latitude, longitude) ? KRGeoPosition(latitude, longitude) : KRGeoPosition();
+}
+
+/// Of a point of a track.
+bool hasPosition(const KRXmlStream &stream)
+{
+    // Unlike in a way point, (0, 0) in a record is left to the importer.
+    return readPosition(stream).latitude().isValid();
 }
 
 /// A "wpt" or an "rtept".
@@ -83,12 +90,6 @@ QString firstNonEmpty(const QString &a, const QString &b)
 
 } // namespace
 
-bool KRGpxPreparation::hasPosition(const KRXmlStream &stream)
-{
-    // Unlike in a way point, (0, 0) in a record is left to the importer.
-    return readPosition(stream).latitude().isValid();
-}
-
 bool KRGpxPreparation::read(KRErrorHistory *history)
 {
     const auto skim = [](QIODevice *file) { return std::make_unique<KRGpxPointSkimmer>(file); };
@@ -115,7 +116,6 @@ void KRGpxPreparation::readDocument(KRXmlStream &stream)
 void KRGpxPreparation::readTrack(KRXmlStream &stream)
 {
     const int line = stream.line();
-    m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
     ++m_trackNumber;
     checkCounts(stream);
     QString name;
@@ -129,18 +129,15 @@ void KRGpxPreparation::readTrack(KRXmlStream &stream)
             stream.skipElement();
         }
     }
-    m_needsRewriting = m_needsRewriting || count.unreadable > 0;
     report(KRImportReport::TrackWithoutPosition, line, name, count);
 }
 
 void KRGpxPreparation::readSegment(KRXmlStream &stream, PointCount *count)
 {
-    m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
     ++m_segmentNumber;
     checkCounts(stream);
     while (stream.readNextChild()) {
         if (m_names.isAt(stream, trackPointElement)) {
-            m_needsRewriting = m_needsRewriting || m_names.isPrefixed(stream);
             // Most likely the first one of a run, the rest of which has been skimmed off.
             const bool isReadable = hasPosition(stream);
             stream.allowForPoints(isReadable ? 1 : 0);

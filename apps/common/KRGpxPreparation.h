@@ -3,6 +3,7 @@
 #include "KRGpxNames.h"
 #include "KRImportReport.h"
 
+#include <KRGeoLocation/KRGPXReadingOptions.h>
 #include <KRGeoLocation/KRGPXTrack.h>
 
 #include <QFileInfo>
@@ -14,8 +15,7 @@ class KRXmlStream;
  * Finds in a GPX file what the importer passes over: way points ("wpt"), which become tracks of one point, and routes
  * ("rte"), which become lines. Tracks, routes and way points without a readable position go to the report.
  *
- * The importer does not know prefixed elements, and it reads a latitude or a longitude that is no number as 1 degree.
- * Such files need to be rewritten before it gets them.
+ * It also finds out how the importer has to read the tracks.
  */
 class KRGpxPreparation
 {
@@ -24,9 +24,6 @@ class KRGpxPreparation
 public:
     explicit KRGpxPreparation(const QFileInfo &file) : m_file(file), m_report(file.filePath()) { }
 
-    /// Whether the current element has a latitude and a longitude, of a place on the globe; (0, 0) is one.
-    static bool hasPosition(const KRXmlStream &stream);
-
     /// False when the file cannot be read; the reason is reported then.
     bool read(KRErrorHistory *history);
 
@@ -34,7 +31,8 @@ public:
     bool areTracksReadable() const { return m_areTracksReadable; }
     /// The way points, then the routes, each in the order of the file.
     QList<KRGPXTrack> tracks() const { return m_wayPoints + m_routes; }
-    bool needsRewriting() const { return m_needsRewriting; }
+    /// Of the tracks in the file.
+    KRGPXReadingOptions readingOptions() const { return {true, m_names.prefixes()}; }
     const KRImportReport &report() const { return m_report; }
 
 private:
@@ -61,7 +59,6 @@ private:
     KRGpxNames m_names;
     QList<KRGPXTrack> m_wayPoints;
     QList<KRGPXTrack> m_routes;
-    bool m_needsRewriting = false;
     bool m_areTracksReadable = false;
     int m_wayPointNumber = 0; // of all in the file, also those that are left out
     int m_routeNumber = 0;

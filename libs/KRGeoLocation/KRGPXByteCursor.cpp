@@ -127,6 +127,8 @@ const char *KRGPXByteCursor::endOfCharacters(char stop) const
 /// none at all.
 int KRGPXByteCursor::lengthOfCharacter(const char *at) const
 {
+    if (!m_isUtf8)
+        return 0;
     const auto byte = [at](int index) { return uchar(at[index]); };
     const auto continues = [&](int index, uchar least = 0x80, uchar most = 0xBF) {
         return byte(index) >= least && byte(index) <= most;

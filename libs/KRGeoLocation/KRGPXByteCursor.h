@@ -5,8 +5,8 @@
 #include <string_view>
 
 /**
- * Moves through the bytes of XML in UTF-8 and takes what every XML reader takes alike: text and values of attributes
- * without references, entities and control characters, names of ASCII letters.
+ * Moves through the bytes of XML and takes what every XML reader takes alike: text and values of attributes without
+ * references, entities and control characters, names of ASCII letters. In UTF-8 also characters beyond ASCII.
  *
  * Each function that takes something returns false when it is not there, whole, or is of a form that is left to an XML
  * reader; the place is undefined then.
@@ -15,7 +15,7 @@ class KRGPXByteCursor
 {
 public:
     KRGPXByteCursor() = default;
-    KRGPXByteCursor(const char *begin, const char *end) : m_at(begin), m_end(end) { }
+    KRGPXByteCursor(const char *begin, const char *end, bool isUtf8) : m_at(begin), m_end(end), m_isUtf8(isUtf8) { }
 
     const char *at() const { return m_at; }
     bool isAtEnd() const { return m_at == m_end; }
@@ -51,4 +51,5 @@ private:
 
     const char *m_at = nullptr;
     const char *m_end = nullptr;
+    bool m_isUtf8 = true;
 };

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -42,7 +43,8 @@ const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTra
 {
     const char *taken = begin;
     qint64 takenNodes = 0;
-    m_cursor = KRGPXByteCursor(begin, end);
+    m_cursor = KRGPXByteCursor(begin, end, limits.isUtf8);
+    m_isOnGlobeOnly = limits.isOnGlobeOnly;
     m_points = 0;
     m_nodes = 0;
     m_characters = 0;
@@ -59,6 +61,8 @@ const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTra
 bool KRGPXPointScanner::readPoint(KRGPXTrackSegment *segment, int mostLevels)
 {
     Point point;
+    if (m_isOnGlobeOnly)
+        point.latitude = point.longitude = std::nan("");
     skipBlanks();
     if (!m_cursor.skip("<trkpt") || !readPosition(&point))
         return false;
@@ -70,6 +74,8 @@ bool KRGPXPointScanner::readPoint(KRGPXTrackSegment *segment, int mostLevels)
                 return false;
         }
     }
+    if (m_isOnGlobeOnly && !KRGPXVocabulary::isOnGlobe(point.latitude, point.longitude))
+        return true;
     const int elevation = KRMath::toInt(point.elevation);
     if (point.description.isEmpty() && !point.unusualTime.isValid()) {
         segment->append(point.latitude, point.longitude, elevation, point.milliseconds);
@@ -109,13 +115,14 @@ bool KRGPXPointScanner::readPosition(Point *point)
 bool KRGPXPointScanner::readCoordinate(double *degrees)
 {
     const char *const begin = m_cursor.at();
+    const double missing = *degrees;
     if (m_cursor.skip("\"") && m_cursor.readDecimal(degrees) && m_cursor.skip("\""))
         return true;
     m_cursor.returnTo(begin);
     std::string_view value;
     if (!m_cursor.readValue(&value))
         return false;
-    *degrees = KRMath::toDouble(toText(value), KRGPXVocabulary::missingCoordinate);
+    *degrees = KRMath::toDouble(toText(value), missing);
     return true;
 }
 

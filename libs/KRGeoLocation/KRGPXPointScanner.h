@@ -13,8 +13,8 @@ class KRGPXTrackSegment;
  *
  * Plain is what recorders and web sites write, and nearly all else that a point may look like: "lat" and "lon" in any
  * order, or none; then "ele", "time", "desc" and elements to be skipped, in UTF-8 without references, comments and
- * CDATA. The first point that is not of this form ends the run: it may be another way to write a point, or a fault in
- * the file.
+ * CDATA, or in another encoding that extends ASCII, as far as there is nothing else in it. The first point that is not
+ * of this form ends the run: it may be another way to write a point, or a fault in the file.
  */
 class KRGEOLOCATION_EXPORT KRGPXPointScanner
 {
@@ -24,6 +24,8 @@ public:
         int points;
         int levels; ///< how deep elements may be nested in a point
         qint64 characters; ///< of all descriptions, not to be exceeded by more than one of them
+        bool isUtf8 = true; ///< otherwise a run ends before what is not ASCII
+        bool isOnGlobeOnly = false; ///< points without a readable place on the globe are not added
     };
 
     /**
@@ -60,6 +62,7 @@ private:
 
     KRGPXUtcTime m_time;
     KRGPXByteCursor m_cursor;
+    bool m_isOnGlobeOnly = false;
     int m_points = 0;
     qint64 m_nodes = 0;
     qint64 m_characters = 0;

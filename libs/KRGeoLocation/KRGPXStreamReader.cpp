@@ -14,6 +14,8 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstring>
 
 namespace {
@@ -27,6 +29,15 @@ bool isPlainName(QStringView name)
                || (unicode >= '0' && unicode <= '9') || unicode == ':' || unicode == '_' || unicode == '-'
                || unicode == '.';
     });
+}
+
+/// Whether the encoding has a byte for each character, and those of ASCII where ASCII has them.
+bool extendsAscii(QStringView encoding)
+{
+    const std::array<QLatin1String, 3> families{QLatin1String("US-ASCII"), QLatin1String("ISO-8859-"),
+                                                QLatin1String("windows-125")};
+    return std::any_of(families.begin(), families.end(),
+                       [&](QLatin1String family) { return encoding.startsWith(family, Qt::CaseInsensitive); });
 }
 
 } // namespace
@@ -99,6 +110,7 @@ KRErrorHistory::Entry KRGPXStreamReader::error() const
 
 QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
 {
+    m_attributes.clear();
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
     m_endOfToken = m_xml.characterOffset();
@@ -112,6 +124,7 @@ QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
         // The reader tells it with this token alone.
         m_isUtf8 = m_xml.documentEncoding().isEmpty()
                    || m_xml.documentEncoding().compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
+        m_extendsAscii = m_isUtf8 || extendsAscii(m_xml.documentEncoding());
         return token;
     case QXmlStreamReader::StartElement:
         ++m_depth;
@@ -139,15 +152,15 @@ QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
 /// False when the tag goes beyond a limit.
 bool KRGPXStreamReader::checkTag()
 {
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    m_nodes += 1 + attributes.size();
-    if (attributes.size() > KRInputLimits::manyAttributes)
-        m_attributePairs += qint64(attributes.size()) * attributes.size();
+    m_attributes = m_xml.attributes();
+    m_nodes += 1 + m_attributes.size();
+    if (m_attributes.size() > KRInputLimits::manyAttributes)
+        m_attributePairs += qint64(m_attributes.size()) * m_attributes.size();
     m_differsFromDom =
         m_differsFromDom || !isPlainName(m_xml.qualifiedName())
-        || !std::all_of(attributes.cbegin(), attributes.cend(),
+        || !std::all_of(m_attributes.cbegin(), m_attributes.cend(),
                         [](const QXmlStreamAttribute &attribute) { return isPlainName(attribute.qualifiedName()); });
-    m_device.addTokens(attributes.size());
+    m_device.addTokens(m_attributes.size());
     if (m_depth > KRInputLimits::depth)
         refuse(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
                    .arg(KRInputLimits::depth));
@@ -179,6 +192,22 @@ void KRGPXStreamReader::refuse(const QString &reason)
 {
     m_isRefused = true;
     m_xml.raiseError(reason);
+}
+
+QStringView KRGPXStreamReader::withoutPrefix(QStringView name) const
+{
+    const qsizetype colon = m_options.prefixes.isEmpty() ? -1 : name.indexOf(QLatin1Char(':'));
+    return colon > 0 && m_options.prefixes.contains(name.left(colon)) ? name.mid(colon + 1) : name;
+}
+
+double KRGPXStreamReader::degrees(const QString &attributeName) const
+{
+    const double missing = m_options.isOnGlobeOnly ? std::nan("") : KRGPXVocabulary::missingCoordinate;
+    for (const QXmlStreamAttribute &attribute : m_attributes) {
+        if (withoutPrefix(attribute.qualifiedName()) == attributeName)
+            return KRMath::toDouble(attribute.value(), missing);
+    }
+    return missing;
 }
 
 /// Moves to the next child of the current element; false behind the last one, at the end of the current element.
@@ -327,11 +356,8 @@ void KRGPXStreamReader::readCompressedPoints(KRGPXTrackSegment *segment)
 void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
 {
     ++m_points;
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    const double latitude =
-        KRMath::toDouble(attributes.value(KRGPXVocabulary::latitudeAttribute), KRGPXVocabulary::missingCoordinate);
-    const double longitude =
-        KRMath::toDouble(attributes.value(KRGPXVocabulary::longitudeAttribute), KRGPXVocabulary::missingCoordinate);
+    const double latitude = degrees(KRGPXVocabulary::latitudeAttribute);
+    const double longitude = degrees(KRGPXVocabulary::longitudeAttribute);
     double elevation = 0.0;
     QDateTime timeStamp;
     QString description;
@@ -352,7 +378,8 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
             skipElement();
         }
     }
-    segment->append(latitude, longitude, KRMath::toInt(elevation), timeStamp, description);
+    if (!m_options.isOnGlobeOnly || KRGPXVocabulary::isOnGlobe(latitude, longitude))
+        segment->append(latitude, longitude, KRMath::toInt(elevation), timeStamp, description);
 }
 
 /// As nextChild(), but points of plain form may be added to @p segment on the way.
@@ -369,9 +396,10 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
 {
     if (!mayRunBegin())
         return begin;
-    const char *const endOfRun = m_scanner.scan(begin, end, m_runTarget,
-                                                {KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1,
-                                                 KRInputLimits::allKeptCharacters - m_keptCharacters});
+    const char *const endOfRun =
+        m_scanner.scan(begin, end, m_runTarget,
+                       {KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1,
+                        KRInputLimits::allKeptCharacters - m_keptCharacters, m_isUtf8, m_options.isOnGlobeOnly});
     m_points += m_scanner.points();
     m_keptCharacters += m_scanner.characters();
     m_device.allowForPoints(m_scanner.points());
@@ -383,7 +411,7 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
 /// Whether the XML reader stands behind a token in a segment and has begun with nothing else.
 bool KRGPXStreamReader::mayRunBegin() const
 {
-    return m_runTarget && m_isUtf8 && m_xml.characterOffset() == m_endOfToken && m_runs.hasPassedTagEnd()
+    return m_runTarget && m_extendsAscii && m_xml.characterOffset() == m_endOfToken && m_runs.hasPassedTagEnd()
            && m_runs.hasAsciiBytes();
 }
 

@@ -2,6 +2,7 @@
 
 #include "KRGPXGuardedDevice.h"
 #include "KRGPXPointScanner.h"
+#include "KRGPXReadingOptions.h"
 #include "KRGPXRunDevice.h"
 #include "KRGPXTrack.h"
 
@@ -42,6 +43,8 @@ public:
     static KRGPXStreamResult readFile(const QFileInfo &file, KRErrorHistory *history,
                                       const std::function<bool(KRGPXStreamReader &)> &read);
 
+    void setOptions(const KRGPXReadingOptions &options) { m_options = options; }
+
     /// Hands over one track after the other, valid or not, that lies directly below the document element. False when
     /// the document is not readable: then none of them counts.
     bool readTracks(const std::function<void(const KRGPXTrack &)> &takeTrack);
@@ -59,7 +62,9 @@ private:
 
     QXmlStreamReader::TokenType nextToken();
     bool nextChild();
-    bool isAt(const QString &elementName) const { return m_xml.qualifiedName() == elementName; }
+    QStringView withoutPrefix(QStringView name) const;
+    bool isAt(const QString &elementName) const { return withoutPrefix(m_xml.qualifiedName()) == elementName; }
+    double degrees(const QString &attributeName) const;
     bool checkTag();
     void checkElements();
     void refuse(const QString &reason);
@@ -79,10 +84,12 @@ private:
     bool mayRunBegin() const;
     void countLines(const char *begin, const char *end);
 
+    KRGPXReadingOptions m_options;
     KRGPXPointScanner m_scanner;
     KRGPXRunDevice m_runs;
     KRGPXGuardedDevice m_device;
     QXmlStreamReader m_xml;
+    QXmlStreamAttributes m_attributes; // of a tag just read; the reader makes them anew whenever it is asked
     KRGPXTrackSegment *m_runTarget = nullptr; // while the next child of a segment is looked for
     qint64 m_endOfToken = -1; // characters that the XML reader had read with the last token
     // What the XML reader does not see, for its place in the file.
@@ -99,6 +106,7 @@ private:
     int m_tracks = 0;
     qint64 m_nodes = 0; // as KRXMLGuard counts them
     bool m_isUtf8 = false; // as declared, or without a declaration
+    bool m_extendsAscii = false; // UTF-8 or an encoding of a byte for each character
     bool m_differsFromDom = false;
     bool m_isRefused = false;
 };

@@ -3,11 +3,14 @@
 #include "KRGPXStreamReader.h"
 #include "KRGPXVocabulary.h"
 
+#include <KRCore/KRMath.h>
 #include <KRCore/KRXMLLoader.h>
 
 #include <QDir>
 #include <QDomElement>
 #include <QFileInfo>
+
+#include <cmath>
 
 namespace {
 
@@ -36,10 +39,43 @@ private:
     QList<KRGPXTrack> m_tracks;
 };
 
-QList<KRGPXTrack> tracksOfDom(const QFileInfo &file, KRErrorHistory *history)
+bool isOnGlobe(const QDomElement &point)
+{
+    const auto degrees = [&](const QString &name) { return KRMath::toDouble(point.attribute(name), std::nan("")); };
+    return KRGPXVocabulary::isOnGlobe(degrees(KRGPXVocabulary::latitudeAttribute),
+                                      degrees(KRGPXVocabulary::longitudeAttribute));
+}
+
+void removePrefix(QDomElement element, const QString &prefix)
+{
+    const QString beginning = prefix + QLatin1Char(':');
+    if (element.tagName().startsWith(beginning))
+        element.setTagName(element.tagName().mid(beginning.size()));
+    for (const QString &name : {KRGPXVocabulary::latitudeAttribute, KRGPXVocabulary::longitudeAttribute}) {
+        if (element.hasAttribute(beginning + name))
+            element.setAttribute(name, element.attribute(beginning + name));
+    }
+}
+
+/// Has the children of the element read as the options say.
+void apply(const KRGPXReadingOptions &options, QDomElement element)
+{
+    for (QDomElement child = element.firstChildElement(), next; !child.isNull(); child = next) {
+        next = child.nextSiblingElement();
+        for (const QString &prefix : options.prefixes)
+            removePrefix(child, prefix);
+        if (child.tagName() != KRGPXVocabulary::pointElement || !options.isOnGlobeOnly || isOnGlobe(child))
+            apply(options, child);
+        else
+            element.removeChild(child);
+    }
+}
+
+QList<KRGPXTrack> tracksOfDom(const QFileInfo &file, KRErrorHistory *history, const KRGPXReadingOptions &options)
 {
     TrackCollector collector(file);
     const QDomElement root = KRXMLLoader::loadDocumentElement(file, history);
+    apply(options, root);
     for (QDomElement trk = root.firstChildElement(KRGPXVocabulary::trackElement); !trk.isNull();
          trk = trk.nextSiblingElement(KRGPXVocabulary::trackElement))
         collector.take(KRGPXTrack(trk, QDir(QString())));
@@ -48,14 +84,15 @@ QList<KRGPXTrack> tracksOfDom(const QFileInfo &file, KRErrorHistory *history)
 
 } // namespace
 
-KRGPXTrackFile::KRGPXTrackFile(const QFileInfo &file, KRErrorHistory *history)
+KRGPXTrackFile::KRGPXTrackFile(const QFileInfo &file, KRErrorHistory *history, const KRGPXReadingOptions &options)
 {
     TrackCollector collector(file);
     const KRGPXStreamResult result = KRGPXStreamReader::readFile(file, history, [&](KRGPXStreamReader &reader) {
+        reader.setOptions(options);
         return reader.readTracks([&](const KRGPXTrack &track) { collector.take(track); });
     });
     if (result == StreamWasRead)
         m_tracks = collector.tracks();
     else if (result == StreamNeedsDom)
-        m_tracks = tracksOfDom(file, history);
+        m_tracks = tracksOfDom(file, history, options);
 }

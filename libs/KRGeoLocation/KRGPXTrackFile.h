@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KRGPXReadingOptions.h"
 #include "KRGPXTrack.h"
 
 class KRErrorHistory;
@@ -15,7 +16,8 @@ class QFileInfo;
 class KRGEOLOCATION_EXPORT KRGPXTrackFile
 {
 public:
-    explicit KRGPXTrackFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
+    explicit KRGPXTrackFile(const QFileInfo &file, KRErrorHistory *history = nullptr,
+                            const KRGPXReadingOptions &options = {});
 
     QList<KRGPXTrack> tracks() const { return m_tracks; }
     /// Whether the file held a valid track.

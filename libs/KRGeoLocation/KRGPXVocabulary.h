@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <cmath>
+
 /// The element and attribute names of GPX 1.1 that tracks are read from, and those that we added to them.
 namespace KRGPXVocabulary {
 
@@ -24,5 +26,11 @@ inline const QString includeElement = QStringLiteral("include");
 
 /// Degrees that a point without a readable "lat" or "lon" gets. Intended: 1, not 0.
 inline constexpr double missingCoordinate = 1.0;
+
+/// In degrees; false for what is no number.
+inline bool isOnGlobe(double latitude, double longitude)
+{
+    return std::abs(latitude) <= 90.0 && std::abs(longitude) <= 360.0;
+}
 
 } // namespace KRGPXVocabulary

@@ -8,6 +8,8 @@
 
 #include <QtTest>
 
+#include <utility>
+
 class tst_KRGPXPointScanner : public QObject
 {
     Q_OBJECT
@@ -16,6 +18,7 @@ private slots:
     void takes();
     void readsWhatItTakesAsTheDom();
     void staysWithinLimits();
+    void leavesOutWhatIsNotWanted();
 };
 
 void tst_KRGPXPointScanner::takes()
@@ -122,6 +125,24 @@ void tst_KRGPXPointScanner::staysWithinLimits()
     QCOMPARE(taken(0, 100), 0);
     QCOMPARE(taken(100, 1), 0);
     QCOMPARE(taken(100, -1), 0);
+}
+
+void tst_KRGPXPointScanner::leavesOutWhatIsNotWanted()
+{
+    const QByteArray text = "<trkpt lat='90' lon='-360'/><trkpt lat='90.1' lon='1'/><trkpt lat='1'/><trkpt/>"
+                            "<trkpt lat='1' lon='x'/><trkpt lat='2x' lon='1'/><trkpt lat=\"1\" lon=\"1\"/>"
+                            "<trkpt lat='1' lon='1'><fix>\xC3\xA4</fix></trkpt>";
+    // points and how many of them are kept
+    const auto scanned = [&](bool isUtf8, bool isOnGlobeOnly) {
+        KRGPXTrackSegment segment;
+        KRGPXPointScanner scanner;
+        scanner.scan(text.constData(), text.constData() + text.size(), &segment,
+                     {100, 100, 1000, isUtf8, isOnGlobeOnly});
+        return std::make_pair(scanner.points(), segment.count());
+    };
+    QCOMPARE(scanned(true, false), std::make_pair(8, 8));
+    QCOMPARE(scanned(true, true), std::make_pair(8, 3));
+    QCOMPARE(scanned(false, true), std::make_pair(7, 2));
 }
 
 static const KRTestRegistration<tst_KRGPXPointScanner> registration;
