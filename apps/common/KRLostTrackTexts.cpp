@@ -1,7 +1,10 @@
 #include "KRLostTrackTexts.h"
 
 #include <KRGeoLocation/KRGPXTrack.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QMutexLocker>
 
@@ -25,16 +28,29 @@ void KRLostTrackTexts::remember(const QFileInfo &file, const KRGPXTrack &track, 
     copy.appendChild(root);
     appendChildren(root, kept);
     const QMutexLocker locker(&m_mutex);
-    m_texts.insert(keyOf(file, track), copy);
+    m_texts.insert({file.absoluteFilePath(), track.description()}, copy);
 }
 
-bool KRLostTrackTexts::keep(const QFileInfo &file, const KRGPXTrack &track, QDomElement &element) const
+void KRLostTrackTexts::rememberFile(const QFileInfo &file, const KRGPXTrack &track)
 {
     const QMutexLocker locker(&m_mutex);
-    return appendChildren(element, m_texts.value(keyOf(file, track)).documentElement());
+    m_paths.insert({track.name(), track.description()}, file.absoluteFilePath());
 }
 
-KRLostTrackTexts::Key KRLostTrackTexts::keyOf(const QFileInfo &file, const KRGPXTrack &track)
+QString KRLostTrackTexts::fileOf(const KRGPXTrack &track, const QDir &folder) const
 {
-    return {file.absoluteFilePath(), track.description()};
+    if (track.isValid())
+        return QString();
+    const QString fileName = KRGPXTrackFileRegistryKey::namesDirectory(folder)
+                                 ? KRGPXTrackFileRegistry::instance().fileName({track, folder})
+                                 : QString();
+    const QMutexLocker locker(&m_mutex);
+    return fileName.isEmpty() ? m_paths.value({track.name(), track.description()})
+                              : QFileInfo(folder, fileName).absoluteFilePath();
+}
+
+bool KRLostTrackTexts::keep(const QString &file, const KRGPXTrack &track, QDomElement &element) const
+{
+    const QMutexLocker locker(&m_mutex);
+    return appendChildren(element, m_texts.value({file, track.description()}).documentElement());
 }

@@ -10,7 +10,6 @@
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
-#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
 #include <KRXML/KRXMLBuilder.h>
 #include <KRXML/KRXMLParser.h>
@@ -41,13 +40,8 @@ const QString haloWidthAttribute = QStringLiteral("haloWidth");
 /// what the document had of it is kept as it was.
 bool keepTexts(const KRGPXTrack &track, const QDir &folder, QDomElement &kept)
 {
-    const KRGPXTrackFileRegistryKey key(track, folder);
-    const QString fileName = track.isValid() || !KRGPXTrackFileRegistryKey::namesDirectory(folder)
-                                 ? QString()
-                                 : KRGPXTrackFileRegistry::instance().fileName(key);
-    if (!fileName.isEmpty() && KRLostTrackTexts::instance()->keep(QFileInfo(folder, fileName), track, kept))
-        return true;
-    return KRTrackKeeper::keep(track, kept);
+    const KRLostTrackTexts *const lostTexts = KRLostTrackTexts::instance();
+    return lostTexts->keep(lostTexts->fileOf(track, folder), track, kept) || KRTrackKeeper::keep(track, kept);
 }
 
 QHash<int, QDomElement> keptByNumber(const QDomElement &root)
@@ -203,6 +197,15 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 
 bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const
 {
+    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        const QString lost = KRLostTrackTexts::instance()->fileOf(track.track(), QDir(QString()));
+        if (lost.isEmpty())
+            continue;
+        KRErrorHistory::report(history, file.filePath(),
+                               tr("Ohne Ordner kann das Dokument die Datei „%1“ nicht nennen.").arg(lost));
+        return false;
+    }
     return write(build(QDir(QString())), file, history);
 }
 

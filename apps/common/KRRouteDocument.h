@@ -20,7 +20,7 @@ class QFileInfo;
  *
  * Whatever the XML of the library leaves out is kept as well, so that times and descriptions survive any number of
  * saves. A track file that cannot be read leaves an empty track with the name of the file in its place: saving keeps
- * the reference and does not touch the file. May be used in any thread, by one at a time.
+ * the reference, to whatever folder, and does not touch the file. May be used in any thread, by one at a time.
  */
 class KRRouteDocument
 {
@@ -45,7 +45,7 @@ public:
     /// some 22,000 tracks); the old document is whole then, and there is nothing new beside it.
     bool save(const QFileInfo &file, KRErrorHistory *history) const;
     /// The same without a folder: quick for many small tracks, of which fewer are too many, but all points are written
-    /// each time.
+    /// each time. False also when a track has lost its file, which only a document with a folder can name.
     bool saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const;
 
 private:

@@ -71,10 +71,12 @@ KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fi
     KRGPXTrack track = KRTrackKeeper::restored(KRGPXTrack(trk, m_folder), kept);
     if (fileName.isEmpty())
         return track;
-    if (track.isValid())
+    if (track.isValid()) {
         KRTrackFileStamps::instance()->remember(file, stamp, track);
-    else if (KRXMLLoader::loadDocumentElement(file, history).isNull())
+    } else if (KRXMLLoader::loadDocumentElement(file, history).isNull()) {
         track.setName(fileName);
+        KRLostTrackTexts::instance()->rememberFile(file, track);
+    }
     if (!track.isValid())
         KRLostTrackTexts::instance()->remember(file, track, kept);
     KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(track, m_folder), fileName);

@@ -1,5 +1,7 @@
 #include "KRTrackFileWriter.h"
 
+#include "KRLostTrackTexts.h"
+
 #include <KRCore/KRErrorHistory.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
@@ -43,6 +45,9 @@ QString KRTrackFileWriter::write(const KRGPXTrack &track, KRErrorHistory *histor
 {
     if (hasFile(track))
         return KRGPXTrackFileRegistry::instance().fileName(KRGPXTrackFileRegistryKey(track, m_folder));
+    const QString lost = KRLostTrackTexts::instance()->fileOf(track, m_folder);
+    if (!lost.isEmpty())
+        return lost;
     const QString fileName = writeNewFile(track, history);
     if (fileName.isEmpty())
         return QString();

@@ -182,15 +182,24 @@ void tst_KRRouteDocument::unreadableTrackFilesStayUntouched()
     save(selection);
     save(load()); // in any number of rounds
     QCOMPARE(KRTestFile::content(file), damaged);
-    // Once the lost file is back, the document finds it where it was.
+    // What cannot name a file does not take its place; a document that lies elsewhere names it where it was.
+    const QFileInfo elsewhere(path(QStringLiteral("Kopie.krroute")));
+    KRRouteDocument copy;
+    copy.setSelection(load());
+    QVERIFY(!copy.saveInOneFile(elsewhere, nullptr));
+    QVERIFY(copy.save(elsewhere, nullptr) && copy.load(elsewhere, nullptr) && copy.save(elsewhere, nullptr));
+
+    // Once the lost file is back, the documents find it where it was.
     const QString back = trackFile(QStringLiteral("track_1.gps"));
     QVERIFY(!QFile::exists(back));
     KRTestFile::write(back, second);
-    const KRGPXTrack found = load().value(1).track();
-    QCOMPARE(found.name(), QStringLiteral("zwei"));
-    QCOMPARE(found.description(), lost.description());
-    QVERIFY(pointsOf(found) == pointsOf(lost));
-    QVERIFY(pointsOf(found.enclaves().value(0)) == pointsOf(lost.enclaves().first()));
+    QVERIFY(copy.load(elsewhere, nullptr));
+    for (const KRGPXTrack &found : {load().value(1).track(), copy.selection().value(1).track()}) {
+        QCOMPARE(found.name(), QStringLiteral("zwei"));
+        QCOMPARE(found.description(), lost.description());
+        QVERIFY(pointsOf(found) == pointsOf(lost));
+        QVERIFY(pointsOf(found.enclaves().value(0)) == pointsOf(lost.enclaves().first()));
+    }
 }
 
 void tst_KRRouteDocument::refusesWhatIsNoDocument()
