@@ -79,10 +79,12 @@ void KRMapArea::addPosition(double latitude, double longitude)
 {
     m_south = std::min(m_south, latitude);
     m_north = std::max(m_north, latitude);
-    Strip &strip = m_strips[static_cast<std::size_t>(stripAt(longitude))];
+    const int place = stripAt(longitude);
+    Strip &strip = m_strips[static_cast<std::size_t>(place)];
     strip.west = std::min(strip.west, longitude);
     strip.east = std::max(strip.east, longitude);
-    strip.isCrossed = true;
+    m_first = std::min(m_first, place);
+    m_last = std::max(m_last, place);
 }
 
 void KRMapArea::cross(double fromLongitude, double toLongitude)
@@ -92,23 +94,47 @@ void KRMapArea::cross(double fromLongitude, double toLongitude)
     if (from == to)
         return;
     const bool goesEast = KRLongitude(toLongitude).isEastOf(KRLongitude(fromLongitude));
-    const int step = goesEast ? 1 : stripCount - 1;
-    for (int strip = from; strip != to; strip = (strip + step) % stripCount)
-        m_strips[static_cast<std::size_t>(strip)].isCrossed = true;
+    const int west = goesEast ? from : to;
+    const int east = goesEast ? to : from;
+    if (west < east) {
+        addLine(west, east);
+    } else {
+        addLine(west, stripCount - 1);
+        addLine(0, east);
+    }
+}
+
+/// Not strip by strip: there may be millions of lines around half the world.
+void KRMapArea::addLine(int west, int east)
+{
+    m_first = std::min(m_first, west);
+    m_last = std::max(m_last, east);
+    ++m_strips[static_cast<std::size_t>(west)].change;
+    if (east + 1 < stripCount)
+        --m_strips[static_cast<std::size_t>(east + 1)].change;
 }
 
 KRLongitudeRange KRMapArea::coveredLongitudes() const
 {
-    // The widest run of strips that nothing crosses; a run may go on across the date line.
-    int widest = 0;
-    int endOfWidest = 0;
+    // The widest run of strips that nothing crosses. One may go on across the date line, where it is counted twice: as
+    // far as to the first strip that is touched, and as a whole after all others.
+    int widest = m_first;
+    int endOfWidest = m_first - 1;
     int run = 0;
-    for (int i = 0; i < 2 * stripCount; ++i) {
-        run = m_strips[static_cast<std::size_t>(i % stripCount)].isCrossed ? 0 : run + 1;
+    int lines = 0;
+    for (int i = m_first; i <= m_last; ++i) {
+        const Strip &strip = m_strips[static_cast<std::size_t>(i)];
+        lines += strip.change;
+        run = lines > 0 || strip.west <= strip.east ? 0 : run + 1;
         if (run > widest) {
             widest = run;
-            endOfWidest = i % stripCount;
+            endOfWidest = i;
         }
+    }
+    const int across = stripCount - 1 - m_last + m_first;
+    if (across > widest) {
+        widest = across;
+        endOfWidest = m_first - 1;
     }
     if (widest == 0)
         return KRLongitudeRange(KRLongitude(-180.0), KRLongitude(180.0));

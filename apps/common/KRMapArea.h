@@ -42,20 +42,25 @@ public:
     static KRGeoPositionRect parse(const QString &text);
 
 private:
-    /// The outermost longitudes that were seen within one tenth of a degree, in degrees.
+    /// One tenth of a degree.
     struct Strip {
+        // The outermost longitudes that were seen in it, in degrees.
         double west = 720.0;
         double east = -720.0;
-        bool isCrossed = false;
+        int change = 0; ///< lines that come in from the west minus those that end there
     };
     static constexpr int stripCount = 3600;
 
     static int stripAt(double longitude);
     void addPosition(double latitude, double longitude);
     void cross(double fromLongitude, double toLongitude);
+    void addLine(int west, int east);
     KRLongitudeRange coveredLongitudes() const;
 
     std::array<Strip, stripCount> m_strips{};
+    // All that are touched.
+    int m_first = stripCount - 1;
+    int m_last = 0;
     double m_south = 720.0;
     double m_north = -720.0;
 };

@@ -14,7 +14,8 @@ class KRPatientGround : public KRMapGround
 public:
     static constexpr int usualTimeLimitMs = 120000;
 
-    /// @p ground is not owned and must live as long; @p timeLimitMs is for each picture.
+    /// @p ground is not owned and must live as long; @p timeLimitMs is for each picture. A quarter of it is waited for
+    /// any progress.
     explicit KRPatientGround(KRMapGround *ground, int timeLimitMs = usualTimeLimitMs, QObject *parent = nullptr);
 
     void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;

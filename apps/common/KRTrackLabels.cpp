@@ -5,6 +5,8 @@
 #include "KRMapTrackRenderer.h"
 #include "KRTrackInView.h"
 
+#include <KRGeoLocation/KRGPXLineCrowd.h>
+
 namespace {
 
 // Pixels of a normal screen.
@@ -30,10 +32,13 @@ QColor letterColor(const QColor &lineColor)
     return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), qMin(hsl.lightnessF(), greatestLightness));
 }
 
-/// A track that is to be named, with its name and how much of the map its line takes.
+/// After so many names in succession that have found no place there is none for others either.
+constexpr int mostFailures = 200;
+
+/// A track that is to be named, and how much of the map its line takes.
 struct NamedTrack {
     KRTrackInView view;
-    KRMapLabel label;
+    const KRGPXConfiguredTrack *track;
     double width;
 };
 
@@ -51,12 +56,22 @@ double widthOf(const KRGPXConfiguredTrack &track, double factor)
     return ((isMarker ? markerLineWidths : 1.0) * width + track.haloWidth().toDouble()) * factor;
 }
 
-bool addInside(const NamedTrack &track, const KRMapCells &cells, KRMapLabelBoard *board)
+/// Has names kept off the line, as far as it shows beside those before.
+void keepOff(const QPolygonF &line, double width, KRGPXLineCrowd *lines, KRMapCells *cells)
+{
+    if (line.size() == 1)
+        cells->addLine(line, width);
+    for (int i = 1; i < line.size(); ++i) {
+        if (lines->takes(line.at(i - 1), line.at(i)))
+            cells->addLine(QPolygonF(QVector<QPointF>{line.at(i - 1), line.at(i)}), width);
+    }
+}
+
+bool addInside(const NamedTrack &track, KRMapLabel label, const KRMapCells &cells, KRMapLabelBoard *board)
 {
     if (track.view.area().isEmpty())
         return false;
     const KRLabelRoom room(track.view.area());
-    KRMapLabel label = track.label;
     for (const QPointF &place : room.placesFor(label.size(), room.middle())) {
         label.moveCenter(place);
         if (cells.isFree(label.box()) && board->tryAdd(label))
@@ -66,10 +81,10 @@ bool addInside(const NamedTrack &track, const KRMapCells &cells, KRMapLabelBoard
 }
 
 /// @p cells are those where there is to be no name, null when any place will do.
-bool addBeside(const NamedTrack &track, const KRMapCells *cells, double factor, KRMapLabelBoard *board)
+bool addBeside(const NamedTrack &track, KRMapLabel label, const KRMapCells *cells, double factor,
+               KRMapLabelBoard *board)
 {
     const QPolygonF line = track.view.longestLine();
-    KRMapLabel label = track.label;
     const double away = track.width / 2.0 + (distanceFromLine + cellSize) * factor;
     const QSizeF reach = label.size() / 2.0 + QSizeF(away, away);
     for (const double fraction : fractions) {
@@ -90,23 +105,28 @@ KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, co
 {
     const KRMapTrackRenderer renderer(selection, projection, size, factor);
     KRMapCells cells(size, cellSize * factor);
+    KRGPXLineCrowd lines(size);
     QVector<NamedTrack> named;
     const KRGPXConfiguredTrackList tracks = selection.tracks();
     for (const KRGPXConfiguredTrack &track : tracks) {
         const KRTrackInView view(renderer, track, size);
         const double width = widthOf(track, factor);
         for (const QPolygonF &line : view.lines())
-            cells.addLine(line, width);
+            keepOff(line, width, &lines, &cells);
         if (!view.isEmpty() && !track.name().simplified().isEmpty())
-            named.append({view, labelFor(track, factor), width});
+            named.append({view, &track, width});
     }
 
     KRMapLabelBoard board(QRectF(QPointF(), size), labelMargin * factor);
     for (const QRectF &box : keptFree)
         board.keepFree(box);
-    for (const NamedTrack &track : std::as_const(named)) {
-        if (!addInside(track, cells, &board) && !addBeside(track, &cells, factor, &board))
-            addBeside(track, nullptr, factor, &board);
+    int failures = 0;
+    for (auto track = named.cbegin(); track != named.cend() && failures < mostFailures; ++track) {
+        const KRMapLabel label = labelFor(*track->track, factor);
+        const bool isPlaced = addInside(*track, label, cells, &board)
+                              || addBeside(*track, label, &cells, factor, &board)
+                              || addBeside(*track, label, nullptr, factor, &board);
+        failures = isPlaced ? 0 : failures + 1;
     }
     return board;
 }

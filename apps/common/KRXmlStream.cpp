@@ -95,12 +95,13 @@ bool KRXmlStream::readMended(QDomElement root, const QString &fileName, KRErrorH
 {
     if (root.isNull())
         return false;
-    QDomDocument document;
-    document.appendChild(document.importNode(root, true));
-    // No more of them at a time in memory than needed.
-    root.clear();
+    // With a name, as one without anything is no node yet that could take others.
+    QDomDocument document(root.tagName());
+    document.appendChild(root);
     QString text = KRXMLBuilder::toText(document);
-    document.clear();
+    // No more of them at a time in memory than needed.
+    document = QDomDocument();
+    root = QDomElement();
     if (text.size() > mostMendedCharacters) {
         KRErrorHistory::report(history,
                                {fileName, 0, 0, tr("Das Dokument ist zu groß, um seine Fehler zu übergehen.")});
@@ -129,8 +130,7 @@ KRXmlStream::KRXmlStream(QIODevice *device) : m_device(device), m_xml(&m_device)
 
 QString KRXmlStream::attribute(const char *attributeName) const
 {
-    const QXmlStreamAttributes attributes = m_xml.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
+    for (const QXmlStreamAttribute &attribute : m_attributes) {
         if (withoutPrefix(attribute.qualifiedName()) == QLatin1String(attributeName))
             return attribute.value().toString();
     }
@@ -203,6 +203,7 @@ bool KRXmlStream::readDocument(const Reader &reader)
 /// The reasons are for large documents; smaller ones are read as a DOM then, which has reasons of its own.
 QXmlStreamReader::TokenType KRXmlStream::readToken()
 {
+    m_attributes.clear();
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
     m_name = withoutPrefix(m_xml.qualifiedName());
@@ -221,7 +222,8 @@ QXmlStreamReader::TokenType KRXmlStream::readToken()
 
 void KRXmlStream::checkTag()
 {
-    const qint64 count = m_xml.attributes().size();
+    m_attributes = m_xml.attributes();
+    const qint64 count = m_attributes.size();
     m_device.addTokens(count);
     if (count > KRInputLimits::manyAttributes)
         m_attributePairs += count * count;

@@ -45,8 +45,9 @@ public:
     /// With the prefix that the document uses.
     QStringView qualifiedName() const { return m_xml.qualifiedName(); }
     bool isAt(const char *elementName) const { return name() == QLatin1String(elementName); }
-    QXmlStreamAttributes attributes() const { return m_xml.attributes(); }
-    /// Of the element that has just been entered, whatever its prefix; empty when there is none.
+    /// Of the element that has just been entered.
+    const QXmlStreamAttributes &attributes() const { return m_attributes; }
+    /// One of them, whatever its prefix; empty when there is none.
     QString attribute(const char *attributeName) const;
     /// Where the start tag of the current element ends, counted from 1; 0 for a text that the DOM has made.
     int line() const { return m_hasLines ? int(m_xml.lineNumber()) : 0; }
@@ -78,6 +79,7 @@ private:
     KRGPXGuardedDevice m_device;
     QXmlStreamReader m_xml;
     QStringView m_name; // into what the reader holds
+    QXmlStreamAttributes m_attributes; // kept as the reader makes them anew whenever it is asked
     QString m_refusal;
     qint64 m_attributePairs = 0;
     int m_depth = 0;

@@ -47,7 +47,7 @@ inline constexpr int references = 2000000;
 inline constexpr int documentTokens = 6000000;
 /// The same, and bytes, of a file that is read piece by piece, beside as many for each point in it. Plain points, which
 /// no XML reader sees, do not count.
-inline constexpr int bulkTokens = 5000000;
+inline constexpr int bulkTokens = 3500000;
 inline constexpr int bulkBytes = 48 << 20;
 inline constexpr int tokensPerPoint = 1;
 inline constexpr int bytesPerPoint = 64;
