@@ -6,9 +6,11 @@ function(kr_add_tests program)
     add_executable(${program} ${arg_SOURCES})
     target_link_libraries(${program} PRIVATE KRTestSupport ${arg_LIBRARIES} KRWarnings)
     target_compile_options(${program} PRIVATE -O0) # what is tested is optimised; optimising the tests takes minutes
-    if("Qt${KR_QT}::Network" IN_LIST arg_LIBRARIES) # <QtTest> then holds more
+    list(LENGTH arg_SOURCES sourceCount)
+    if("Qt${KR_QT}::Network" IN_LIST arg_LIBRARIES # <QtTest> then holds more
+       OR (KR_QT EQUAL 6 AND sourceCount GREATER 5)) # which defines a folder for each program that tests
         kr_precompile(${program} <QtTest> <QtWidgets> <QtXml>)
-    else()
+    elseif(KR_QT EQUAL 5)
         kr_precompile(${program} REUSE_FROM KRTestSupport)
     endif()
     foreach(source IN LISTS arg_SOURCES)
