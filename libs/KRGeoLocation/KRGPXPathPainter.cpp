@@ -225,7 +225,8 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     const bool usesRaster = image && isForRaster(painter, image);
     // In tiles nobody would know where the dashes begin.
     const bool isKnownPen = isWidePen(pen, stretch) && (pen.style() == Qt::SolidLine || (usesRaster && isDashed(pen)));
-    if (!image || !isKnownPen || !hasLinesOnly(path) || !hasJoin(path) || (!usesRaster && !isLong(path, transform))) {
+    if (!image || !isKnownPen || !hasLinesOnly(path) || (!isCrowd && !hasJoin(path))
+        || (!usesRaster && !isLong(path, transform))) {
         painter->drawPath(path);
         return;
     }
