@@ -30,7 +30,7 @@ struct KRGPXPointScanner::Point {
     double latitude = KRGPXVocabulary::missingCoordinate;
     double longitude = KRGPXVocabulary::missingCoordinate;
     double elevation = 0.0;
-    qint64 milliseconds = KRGPXTrackSegment::noTime;
+    qint64 milliseconds = KRGPXUtcTime::noTime;
     QDateTime unusualTime;
     QString description;
     bool hasElevation = false;
@@ -81,7 +81,7 @@ bool KRGPXPointScanner::readPoint(KRGPXTrackSegment *segment, int mostLevels)
         segment->append(point.latitude, point.longitude, elevation, point.milliseconds);
         return true;
     }
-    if (point.milliseconds != KRGPXTrackSegment::noTime)
+    if (point.milliseconds != KRGPXUtcTime::noTime)
         point.unusualTime = QDateTime::fromMSecsSinceEpoch(point.milliseconds, Qt::UTC);
     segment->append(point.latitude, point.longitude, elevation, point.unusualTime, point.description);
     m_characters += point.description.size();
@@ -169,7 +169,7 @@ bool KRGPXPointScanner::readTime(Point *point)
     if (!readText(&text))
         return false;
     point->milliseconds = m_time.read(text.data(), int(text.size()));
-    if (point->milliseconds == KRGPXTrackSegment::noTime)
+    if (point->milliseconds == KRGPXUtcTime::noTime)
         point->unusualTime = m_time.toDateTime(toText(text));
     return true;
 }

@@ -2,7 +2,7 @@
 
 #include "KRGPXCommaText.h"
 #include "KRGPXTrackPointImpl.h"
-#include "KRGPXTrackSegment.h"
+#include "KRGPXUtcTime.h"
 
 KRGPXTrackPoint::KRGPXTrackPoint() : d(new KRGPXTrackPointImpl) { }
 
@@ -27,7 +27,7 @@ KRGPXTrackPoint KRGPXTrackPoint::decodeKml(const QString &text)
 KRGPXTrackPoint KRGPXTrackPoint::decodeKml(QStringView text)
 {
     const KRGPXCommaText fields = KRGPXCommaText::decode(text);
-    const bool hasTime = fields.milliseconds != KRGPXTrackSegment::noTime;
+    const bool hasTime = fields.milliseconds != KRGPXUtcTime::noTime;
     return KRGPXTrackPoint(KRGeoPosition(fields.latitude, fields.longitude), fields.elevation,
                            hasTime ? QDateTime::fromMSecsSinceEpoch(fields.milliseconds) : QDateTime(), QString());
 }

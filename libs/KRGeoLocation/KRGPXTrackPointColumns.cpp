@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qint64 noTime = KRGPXTrackSegment::noTime;
+constexpr qint64 noTime = KRGPXUtcTime::noTime;
 // Among the milliseconds: the time lies in the side table.
 constexpr qint64 unusualTime = noTime + 1;
 

@@ -28,7 +28,7 @@ public:
     KRGPXTrackPoint point(int index) const;
     /// Everything but the description.
     KRGPXCommaText commaText(int index) const;
-    /// The time that a comma text gave, in seconds since 1970; KRGPXTrackSegment::noTime for none and any other time.
+    /// The time that a comma text gave, in seconds since 1970; KRGPXUtcTime::noTime for none and any other time.
     qint64 secondsOfCommaText(int index) const;
 
     /// Point by point as KRGPXTrackPoint compares.
@@ -37,7 +37,7 @@ public:
     void reserve(int count);
     void append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
                 const QString &description);
-    /// A point with a time in UTC, in milliseconds since 1970, or KRGPXTrackSegment::noTime.
+    /// A point with a time in UTC, in milliseconds since 1970, or KRGPXUtcTime::noTime.
     void append(double latitude, double longitude, int elevation, qint64 milliseconds);
     /// The same with a time that is given back as local time.
     void appendWithLocalTime(double latitude, double longitude, int elevation, qint64 milliseconds);

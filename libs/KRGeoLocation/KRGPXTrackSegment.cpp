@@ -5,6 +5,7 @@
 #include "KRGPXVocabulary.h"
 
 #include <KRCore/KRConcurrent.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRIntRange.h>
 #include <KRXML/KRXMLBuilder.h>
 
@@ -15,8 +16,11 @@
 
 namespace {
 
-/// How many points one text holds at most: readers refuse texts above 64 MB, and a point takes up to 60 bytes.
-constexpr int pointsPerText = 1000000;
+constexpr int mostBytesPerPoint = 64; // of a comma text, with the line break
+/// How many points one text holds at most, so that it is half as long as readers take.
+constexpr auto pointsPerText = int(KRInputLimits::tokenBytes / mostBytesPerPoint / 2);
+static_assert(pointsPerText <= KRInputLimits::textPoints);
+static_assert(pointsPerText * mostBytesPerPoint <= KRInputLimits::bulkBytes);
 
 /// Reads comma texts separated by white space and hands over those that are no null points.
 template <typename Taker>

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "KRGPXTrackPoint.h"
+#include "KRGPXUtcTime.h"
 #include "KRGeoPositionSpan.h"
 
 #include <QSharedDataPointer>
-
-#include <limits>
 
 class KRGPXTrackPointColumns;
 class KRIntRange;
@@ -21,7 +20,7 @@ class KRGEOLOCATION_EXPORT KRGPXTrackSegment : public KRGPXTrackElement
 {
 public:
     /// Stands for "no time" where a time is a number of milliseconds.
-    static constexpr qint64 noTime = std::numeric_limits<qint64>::min();
+    static constexpr qint64 noTime = KRGPXUtcTime::noTime;
 
     KRGPXTrackSegment();
     explicit KRGPXTrackSegment(const QList<KRGPXTrackPoint> &points);
@@ -87,8 +86,8 @@ public:
 
     /// The comma texts of the points, one per line. Intended: descriptions are dropped.
     QString toKml() const;
-    /// Appends a "trkseg" with one "compressedPoints", which holds toKml(), or several from a million points on; never
-    /// "trkpt".
+    /// Appends a "trkseg" with one "compressedPoints", which holds toKml(), or several where that would be too long for
+    /// readers, above some 390,000 points; never "trkpt".
     void toXml(QDomElement &parent) const;
 
 private:

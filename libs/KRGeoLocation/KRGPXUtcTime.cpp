@@ -1,7 +1,5 @@
 #include "KRGPXUtcTime.h"
 
-#include "KRGPXTrackSegment.h"
-
 #include <KRXML/KRXMLParser.h>
 
 #include <QDate>
@@ -29,7 +27,6 @@ int digits(const char *text, int count)
 
 qint64 KRGPXUtcTime::read(const char *text, int length)
 {
-    constexpr qint64 noTime = KRGPXTrackSegment::noTime;
     const bool hasMilliseconds = length == longLength;
     if ((length != shortLength && !hasMilliseconds) || text[10] != 'T' || text[13] != ':' || text[16] != ':'
         || text[length - 1] != 'Z' || (hasMilliseconds && text[19] != '.'))
@@ -50,7 +47,7 @@ QDateTime KRGPXUtcTime::toDateTime(const QString &text)
 {
     const QByteArray characters = text.size() <= longLength ? text.toLatin1() : QByteArray();
     const qint64 milliseconds = read(characters.constData(), characters.size());
-    if (milliseconds != KRGPXTrackSegment::noTime)
+    if (milliseconds != noTime)
         return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
     if (text.size() > longestKept)
         return KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
@@ -71,7 +68,7 @@ qint64 KRGPXUtcTime::readDay(const char *text)
     const QDate date(year, digits(text + 5, 2), digits(text + 8, 2));
     // QDate knows a year -1.
     if (text[4] != '-' || text[7] != '-' || year <= 0 || !date.isValid())
-        return KRGPXTrackSegment::noTime;
+        return noTime;
     std::copy_n(text, m_dayText.size(), m_dayText.begin());
     m_day = date.toJulianDay() - firstDay;
     return m_day;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <array>
+#include <limits>
 
 /**
  * Reads times as nearly all GPX files write them, "2024-05-01T12:00:00Z" or "2024-05-01T12:00:00.000Z", to the letter.
@@ -17,8 +18,10 @@ class KRGEOLOCATION_EXPORT KRGPXUtcTime
 public:
     static constexpr int shortLength = 20; ///< characters
     static constexpr int longLength = 24; ///< with milliseconds
+    /// In place of the milliseconds since 1970 of a point without a time.
+    static constexpr qint64 noTime = std::numeric_limits<qint64>::min();
 
-    /// Milliseconds since 1970; KRGPXTrackSegment::noTime for any other form and for what is no date or time.
+    /// Milliseconds since 1970; noTime for any other form and for what is no date or time.
     qint64 read(const char *text, int length);
     /// Of any form that QDateTime reads; not valid for any other. A text that comes again is not read again.
     QDateTime toDateTime(const QString &text);

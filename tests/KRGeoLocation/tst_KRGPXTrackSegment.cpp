@@ -4,11 +4,11 @@
 #include "KRTestTrack.h"
 #include "KRTestXml.h"
 
+#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRIntRange.h>
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <memory>
 
 namespace {
@@ -86,13 +86,20 @@ private slots:
 
     void longTextsAreParted()
     {
-        QList<KRGPXTrackPoint> points;
-        const KRGPXTrackPoint point(KRGeoPosition(53.0, 8.0), 0, QDateTime(), QString());
-        std::fill_n(std::back_inserter(points), 1000001, point);
+        // The longest that a point may be: readers must not find the text of many of them too long.
+        constexpr int count = 850000;
+        KRGPXTrackSegment segment;
+        for (int i = 0; i < count; ++i)
+            segment.append(-17.1234567891, -149.1234567891, -1000000000, 1700000000000000000);
         QDomElement trk = KRTestXml::element("<trk/>");
-        KRGPXTrackSegment(points).toXml(trk);
-        QCOMPARE(trk.firstChildElement().elementsByTagName(QStringLiteral("compressedPoints")).size(), 2);
-        QCOMPARE(KRGPXTrackSegment(trk.firstChildElement()).count(), 1000001);
+        segment.toXml(trk);
+        int commas = 0;
+        for (QDomElement texts = trk.firstChildElement().firstChildElement(); !texts.isNull();
+             texts = texts.nextSiblingElement()) {
+            QVERIFY(texts.text().size() < KRInputLimits::tokenBytes);
+            commas += int(texts.text().count(QLatin1Char(',')));
+        }
+        QCOMPARE(commas, 3 * count);
     }
 
     void chunksOnTheMainThread()
