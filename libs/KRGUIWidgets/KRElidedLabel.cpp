@@ -11,6 +11,13 @@ namespace {
 constexpr int preferredCharacters = 30;
 constexpr double highlightRadiusPx = 3.0;
 
+/// More never fits, and measuring a name of millions of characters takes seconds.
+QString shownPart(const QString &text)
+{
+    constexpr int mostCharacters = 2000;
+    return text.left(mostCharacters).simplified();
+}
+
 /// Breaks @p text into at most @p maximumLines lines; the last of them has all that is left and may be too wide.
 QStringList wrap(const QString &text, const QFont &font, int width, int maximumLines)
 {
@@ -67,7 +74,7 @@ QStringList KRElidedLabel::visibleLines() const
     const QFontMetrics metrics = fontMetrics();
     const int lineCount = wordWrap() ? qMax(1, room.height() / metrics.lineSpacing()) : 1;
     // A line break in a single line would be drawn as a box.
-    QStringList lines = wrap(text().simplified(), font(), room.width(), lineCount);
+    QStringList lines = wrap(shownPart(text()), font(), room.width(), lineCount);
     lines.last() = metrics.elidedText(lines.last(), Qt::ElideRight, room.width());
     return lines;
 }
@@ -76,7 +83,7 @@ QSize KRElidedLabel::sizeHint() const
 {
     const QFontMetrics metrics = fontMetrics();
     const int widest = preferredCharacters * metrics.averageCharWidth();
-    const int width = qMin(metrics.horizontalAdvance(text().simplified()) + 1, widest);
+    const int width = qMin(metrics.horizontalAdvance(shownPart(text())) + 1, widest);
     return QSize(width + 2 * textPaddingPx, metrics.height()).grownBy(contentsMargins());
 }
 
@@ -98,7 +105,7 @@ int KRElidedLabel::heightForWidth(int width) const
         return -1;
     const QMargins margins = contentsMargins();
     const int textWidth = width - margins.left() - margins.right() - 2 * textPaddingPx;
-    const QRect bounds = fontMetrics().boundingRect(QRect(0, 0, textWidth, 0), Qt::TextWordWrap, text().simplified());
+    const QRect bounds = fontMetrics().boundingRect(QRect(0, 0, textWidth, 0), Qt::TextWordWrap, shownPart(text()));
     return qMax(bounds.height(), fontMetrics().height()) + margins.top() + margins.bottom();
 }
 

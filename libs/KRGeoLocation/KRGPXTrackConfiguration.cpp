@@ -25,6 +25,7 @@ const QString haloWidthElement = QStringLiteral("halosize");
 const QString smoothingStrengthAttribute = QStringLiteral("smoothing");
 const QString smoothingStepsAttribute = QStringLiteral("smoothingSteps");
 
+constexpr int longestText = 4096; // characters
 constexpr double pixelsPerKmlWidth = 6.0;
 constexpr double thinnestKmlLine = 0.1; // pixels
 constexpr double widthOfThinKmlLines = 7.7;
@@ -126,7 +127,8 @@ KRGPXTrackConfiguration KRGPXTrackConfiguration::fromXml(const QDomElement &pare
 KRGPXTrackConfiguration KRGPXTrackConfiguration::deserialize(const QString &text)
 {
     QDomDocument document;
-    document.setContent(text);
+    if (text.size() <= longestText)
+        document.setContent(text);
     return fromXml(document.documentElement());
 }
 

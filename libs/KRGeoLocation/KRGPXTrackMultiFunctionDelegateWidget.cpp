@@ -36,8 +36,10 @@ const std::array<ButtonKind, 4> buttonKinds{{
 }};
 
 /// Names come from files of others: no markup in them is to have an effect, such as loading a picture.
-QString fillToolTip(const QString &pattern, const QString &text)
+QString fillToolTip(const QString &pattern, const QString &name)
 {
+    constexpr int mostCharacters = 200;
+    const QString text = name.size() > mostCharacters ? name.left(mostCharacters) + QChar(0x2026) : name;
     if (Qt::mightBeRichText(pattern))
         return pattern.arg(text.toHtmlEscaped());
     const QString toolTip = pattern.arg(text);

@@ -113,6 +113,8 @@ private slots:
         const auto broken = KRGPXTrackConfiguration::deserialize(QStringLiteral("<c><pensize>3</pensize><color>#ff"));
         QCOMPARE(broken.lineWidth().toDouble(), 3.0);
         QCOMPARE(KRGPXTrackConfiguration::deserialize(QString()).lineColor().alpha(), 0);
+        const QString hostile = QStringLiteral("<config><pensize>3</pensize>") + QStringLiteral("<a>").repeated(100000);
+        QCOMPARE(KRGPXTrackConfiguration::deserialize(hostile), KRGPXTrackConfiguration::deserialize(QString()));
     }
 
     void readsKmlColors()
