@@ -123,6 +123,11 @@ void KRGeoPositionRect::expandTo(const KRGeoPositionRect &other)
 
 void KRGeoPositionRect::expandTo(const KRGeoPositionSpan &positions)
 {
+    if (m_longitudeRange.crossesDateLine()) { // what lies between two of them may lie outside
+        for (int i = 0; i < positions.count; ++i)
+            expandTo(KRGeoPosition(positions.latitudes[i], positions.longitudes[i]));
+        return;
+    }
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr double fullTurn = 360.0;
     double south = infinity;

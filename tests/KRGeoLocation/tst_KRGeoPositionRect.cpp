@@ -2,6 +2,8 @@
 
 #include "KRTest.h"
 
+#include <KRGeoLocation/KRGeoPositionSpan.h>
+
 namespace {
 
 KRGeoPositionRect rect(double south, double north, double west, double east)
@@ -97,6 +99,13 @@ private slots:
             area.expandTo(position);
         QCOMPARE(area, rect(-20, 53, -60, 30));
         QCOMPARE(rect(88, 89, 178, 179).blownUp(5), rect(83, 90, 173, 180));
+
+        // Many at once are the same as one by one, also where the least and the greatest of them do not tell.
+        const QVector<double> latitudes{5, 5, 5};
+        const QVector<double> longitudes{10, -10, 100};
+        KRGeoPositionRect crossing = rect(0, 10, 170, -170);
+        crossing.expandTo(KRGeoPositionSpan{latitudes.constData(), longitudes.constData(), 3});
+        QCOMPARE(crossing, rect(0, 10, 10, -10));
     }
 
     void sum()
