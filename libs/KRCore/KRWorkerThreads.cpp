@@ -2,22 +2,13 @@
 
 #include <algorithm>
 #include <system_error>
+#include <thread>
 
 KRWorkerThreads &KRWorkerThreads::instance()
 {
-    static KRWorkerThreads threads;
-    return threads;
-}
-
-KRWorkerThreads::~KRWorkerThreads()
-{
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_isEnding = true;
-    }
-    m_wakeUp.notify_all();
-    for (std::thread &thread : m_threads)
-        thread.join();
+    // Intended: never deleted. While the process ends, other threads may still be at work.
+    static auto *const threads = new KRWorkerThreads;
+    return *threads;
 }
 
 void KRWorkerThreads::run(const std::function<void()> &work, int mostHelpers)
@@ -43,8 +34,8 @@ void KRWorkerThreads::run(const std::function<void()> &work, int mostHelpers)
 void KRWorkerThreads::startThreads(int count)
 {
     try {
-        while (m_threads.size() < std::size_t(count))
-            m_threads.emplace_back([this] { help(); });
+        for (; m_threads < count; ++m_threads)
+            std::thread([this] { help(); }).detach();
     } catch (const std::system_error &) {
         // The work gets done with fewer, or with none.
     }
@@ -54,9 +45,7 @@ void KRWorkerThreads::help()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     for (;;) {
-        m_wakeUp.wait(lock, [this] { return m_isEnding || !m_jobs.empty(); });
-        if (m_isEnding)
-            return;
+        m_wakeUp.wait(lock, [this] { return !m_jobs.empty(); });
         Job *const job = m_jobs.front();
         ++job->running;
         if (--job->wanted == 0)

@@ -6,8 +6,6 @@
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <thread>
-#include <vector>
 
 /**
  * Threads that help others with their work. They are started when first needed and kept until the process ends.
@@ -31,7 +29,7 @@ private:
     };
 
     KRWorkerThreads() = default;
-    ~KRWorkerThreads();
+    ~KRWorkerThreads() = default;
     Q_DISABLE_COPY(KRWorkerThreads)
 
     void startThreads(int count);
@@ -41,6 +39,5 @@ private:
     std::condition_variable m_wakeUp;
     std::condition_variable m_returned;
     std::deque<Job *> m_jobs; ///< with calls wanted
-    std::vector<std::thread> m_threads;
-    bool m_isEnding = false;
+    int m_threads = 0; ///< that have been started
 };
