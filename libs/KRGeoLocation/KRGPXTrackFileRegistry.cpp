@@ -13,6 +13,13 @@ namespace {
 const QString includedTrackRoot = QStringLiteral("includedTrack");
 const QString proposedFileName = QStringLiteral("track.gps");
 
+/// The same for all ways to the folder, through links or not. The file need not exist.
+QString realPath(const QFileInfo &file)
+{
+    const QDir dir = file.absoluteDir();
+    return (dir.exists() ? dir.canonicalPath() : dir.absolutePath()) + QLatin1Char('/') + file.fileName();
+}
+
 /// Makes an empty file, so that no other process takes the same name. False when one just has; where no file can be
 /// made at all, writing will tell.
 bool claim(const QFileInfo &file)
@@ -44,7 +51,7 @@ void KRGPXTrackFileRegistry::registerFile(const KRGPXTrackFileRegistryKey &key, 
     const QMutexLocker locker(&m_mutex);
     // With a QDir of its own, for that caches what it learns, and the caller's copies are not under the lock.
     m_files.insert(KRGPXTrackFileRegistryKey(key.track(), key.dir()), fileName);
-    m_fileNames.insert(createFileInfo(key, fileName).absoluteFilePath());
+    m_fileNames.insert(realPath(createFileInfo(key, fileName)));
 }
 
 QString KRGPXTrackFileRegistry::createAssignedFile(const KRGPXTrackFileRegistryKey &key)
@@ -89,6 +96,6 @@ QFileInfo KRGPXTrackFileRegistry::newFile(const KRGPXTrackFileRegistryKey &key)
     do {
         file = KRUniqueFilenameMaker::instance()->makeUniqueFileNameInSafeContainer(proposal, m_dirs);
         // A registered file may be gone from the disk: its name still is that of another track.
-    } while (m_fileNames.contains(file.absoluteFilePath()) || !claim(file));
+    } while (m_fileNames.contains(realPath(file)) || !claim(file));
     return file;
 }

@@ -50,7 +50,7 @@ private:
     QFileInfo newFile(const KRGPXTrackFileRegistryKey &key);
 
     KRGPXTrackFileNames m_files;
-    QSet<QString> m_fileNames; // all that m_files holds, with their paths
+    QSet<QString> m_fileNames; // all that m_files holds, with their real paths
     QSet<QDir> m_dirs;
     mutable QRecursiveMutex m_mutex;
 };

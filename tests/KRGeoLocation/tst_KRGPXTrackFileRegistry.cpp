@@ -102,6 +102,12 @@ private slots:
             QCOMPARE(registry.fileName(KRGPXTrackFileRegistryKey(points, sameDir)), QStringLiteral("mine.gps"));
             QCOMPARE(qHash(sameDir), qHash(dir));
         }
+        // A name that is taken through the link is taken, although no such file is there.
+        const KRGPXTrackFileRegistryKey linked(track(QStringLiteral("9,54")),
+                                               QDir(dir.path() + QLatin1String("/link")));
+        registry.registerFile(linked, QStringLiteral("track.gps"));
+        const KRGPXTrackFileRegistryKey fresh(track(QStringLiteral("7,50")), dir);
+        QCOMPARE(registry.createAssignedFile(fresh), QStringLiteral("track_1.gps"));
     }
 
     void keys()
