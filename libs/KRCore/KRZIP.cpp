@@ -123,6 +123,8 @@ QByteArray packedBy(zip_int32_t method, const QString &name, const QByteArray &c
     zip_source_keep(bytes);
     zip_source *const entry = zip_source_buffer(archive, content.constData(), zip_uint64_t(content.size()), 0);
     const zip_int64_t added = zip_file_add(archive, name.toUtf8().constData(), entry, ZIP_FL_ENC_UTF_8);
+    if (added < 0)
+        zip_source_free(entry);
     const auto index = zip_uint64_t(added);
     // Of 1980-01-01, so that equal content makes equal archives.
     constexpr zip_uint16_t firstDosDate = 1 << 5 | 1;

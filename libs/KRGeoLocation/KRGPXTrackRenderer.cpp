@@ -456,7 +456,8 @@ void KRGPXTrackRenderer::drawArrowHead(QPainter *painter, const QPainterPath &pa
     const QPointF tip = path.currentPosition();
     const QPen pen = solidPenFromTrack(configuration, option);
     const double reach = reachOf(pen);
-    if (KRGPXWorldCopies::surelyMissesDevice(painter, QRectF(tip, QSizeF()).adjusted(-reach, -reach, reach, reach)))
+    const QRectF bounds = QRectF(tip, QSizeF(0.0, 0.0)).adjusted(-reach, -reach, reach, reach);
+    if (KRGPXWorldCopies::surelyMissesDevice(painter, bounds))
         return;
     const double angle = detectAngleOfPath(path);
     const double halfDistance = std::hypot(tip.x() - start.x(), tip.y() - start.y()) * 0.5;

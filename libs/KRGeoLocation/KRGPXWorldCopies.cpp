@@ -48,7 +48,7 @@ void KRGPXWorldCopies::forEach(QPainter *painter, const QPainterPath &path, doub
     const KRIntRange shifts = areSeveral() ? visibleShifts(painter->device()) : KRIntRange(0, 0);
     const int rounds = finishedRounds(path);
     // a path of one point alone knows no bounds
-    const QRectF points = path.isEmpty() ? QRectF(path.currentPosition(), QSizeF()) : path.controlPointRect();
+    const QRectF points = path.isEmpty() ? QRectF(path.currentPosition(), QSizeF(0.0, 0.0)) : path.controlPointRect();
     const QRectF bounds = points.adjusted(-reach, -reach, reach, reach);
     for (int shift = shifts.minimum() - rounds; shift <= shifts.maximum() + rounds; ++shift) {
         painter->save();

@@ -101,8 +101,8 @@ KROsmScaleRenderer::Layout KROsmScaleRenderer::layout(const QRect &area, double 
 {
     Layout result{strokeRect(area, factor), textRect(area, factor), QRectF()};
     result.box = result.bar.united(result.label);
-    result.box.setLeft(0.0);
-    if (result.box.right() > area.width() / 3) {
+    result.box.setLeft(area.left());
+    if (result.box.width() > area.width() / 3) {
         // Room for the attribution text, which stands in the opposite corner.
         const double rise = 1.5 * result.box.height();
         for (QRectF *const rect : {&result.bar, &result.label, &result.box})
