@@ -19,15 +19,18 @@ target_compile_features(KRQtHeaders PRIVATE cxx_std_17)
 target_link_libraries(KRQtHeaders PRIVATE Qt${KR_QT}::Core Qt${KR_QT}::Gui Qt${KR_QT}::Xml KRWarnings)
 kr_precompile(KRQtHeaders <QtCore> <QtGui> <QtXml>)
 
-# kr_add_library(<name> <sources>): shared library with alias, export macro, hidden symbols, install and export.
+# kr_add_library(<name> <sources> INTERNAL <sources>): shared library with alias, export macro, hidden symbols, install
+# and export. The headers of the internal sources are not installed.
 # Headers are reached as <KRGeoLocation/KRLongitude.h> and as "KRLongitude.h", in the source tree as after
 # installation. The alias drops the prefix of the name: KRCore is KR::Core.
 function(kr_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "INTERNAL")
+    set(sources ${arg_UNPARSED_ARGUMENTS})
     string(REGEX REPLACE "^KR" "" shortName "${name}")
     string(TOUPPER "${name}" upperName)
     set(generatedDir "${CMAKE_CURRENT_BINARY_DIR}/generated")
 
-    add_library(${name} SHARED ${ARGN})
+    add_library(${name} SHARED ${sources} ${arg_INTERNAL})
     add_library(KR::${shortName} ALIAS ${name})
     set_target_properties(${name} PROPERTIES
         EXPORT_NAME ${shortName}
@@ -49,7 +52,7 @@ function(kr_add_library name)
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:KRWarnings>)
     kr_precompile(${name} REUSE_FROM KRQtHeaders)
 
-    set(headers ${ARGN})
+    set(headers ${sources})
     list(FILTER headers INCLUDE REGEX "\\.h$")
     install(TARGETS ${name} EXPORT KRGeoLocationTargets
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Libraries NAMELINK_COMPONENT Development)

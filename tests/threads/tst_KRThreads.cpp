@@ -1,9 +1,9 @@
 #include "KRTest.h"
 #include "KRTestMap.h"
+#include "KRThreadHandover.h"
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
-#include <KRCore/KRThreadHandover.h>
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
