@@ -13,12 +13,16 @@ function(kr_add_tests program)
     elseif(KR_QT EQUAL 5)
         kr_precompile(${program} REUSE_FROM KRTestSupport)
     endif()
+    set(timeout 300) # seconds
+    if(KR_SANITIZE)
+        set(timeout 900)
+    endif()
     foreach(source IN LISTS arg_SOURCES)
         get_filename_component(class "${source}" NAME_WE)
         if(class MATCHES "^tst_" AND source MATCHES "\\.cpp$")
             add_test(NAME ${class} COMMAND ${program} ${class})
             set_tests_properties(${class} PROPERTIES
-                TIMEOUT 300
+                TIMEOUT ${timeout}
                 ENVIRONMENT "${KR_TEST_ENVIRONMENT}")
         endif()
     endforeach()
