@@ -29,8 +29,8 @@ public:
     /// file could not be read, or is larger than KRInputLimits::documentBytes and textLines allow.
     static QStringList readTextFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
 
-    /// Writes all bytes into an open file without a buffer. False when it fails; errorString() knows the reason, which
-    /// it does not after a write that a full disk took only in part.
+    /// Writes all bytes into an open, unbuffered file. False on failure; errorString() has the reason, unless a full
+    /// disk has taken a part of the bytes.
     static bool write(QFileDevice *file, const QByteArray &bytes);
 
     /// Writes all bytes; until they are there the old file stays as it was. A pipe, a device or a channel that is open

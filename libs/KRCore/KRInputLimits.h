@@ -45,13 +45,13 @@ inline constexpr int wordCharacters = 4 << 20;
 inline constexpr int references = 2000000;
 /// Tags, texts and comments of a document that is in memory as a whole and read one by one, about a second.
 inline constexpr int documentTokens = 6000000;
-/// The same, and bytes, of a file that is read piece by piece, beside as many for each point in it. Plain points, which
-/// no XML reader sees, do not count.
+/// Tags, texts and comments, and bytes, of a file that is read piece by piece; for every point in it there may be
+/// tokensPerPoint and bytesPerPoint more. Plain points, which no XML reader sees, do not count.
 inline constexpr int bulkTokens = 3500000;
 inline constexpr int bulkBytes = 48 << 20;
 inline constexpr int tokensPerPoint = 1;
 inline constexpr int bytesPerPoint = 64;
-/// As how many of them a reference counts, which takes as long.
+/// A reference takes as long as so many tags or texts, and counts as them.
 inline constexpr int tokensPerReference = 2;
 /// Tags, texts and comments that one name, description or list of positions consists of.
 inline constexpr int textPieces = 100000;

@@ -15,14 +15,14 @@ public:
     // False when the text is refused.
     /// A parameter entity has a name that begins with "%".
     bool declareEntity(const QString &name, qint64 characters);
-    /// Each is compared with every element that follows.
+    /// Default values of attributes: a reader looks them all up at every element that follows.
     bool declareAttributes(qint64 count);
     /// Anything else in a document type.
     bool addDeclaration(qint64 nameCharacters, qint64 characters);
-    /// Of the element that is entered next.
+    /// An attribute of the element that is entered next.
     bool addAttribute(qint64 nameCharacters, qint64 characters);
     bool enterElement(qint64 nameCharacters);
-    /// So many attributes of one tag are compared with each other.
+    /// For a tag with so many attributes, which a reader compares with each other.
     bool compareAttributes(qint64 count);
     /// White space alone, between elements, does not become part of a DOM.
     bool addText(QStringView text);

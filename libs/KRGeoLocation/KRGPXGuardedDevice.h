@@ -31,7 +31,7 @@ public:
     void allowForPoints(int count) { m_points += count; }
     /// Whether tokens, references and bytes are in proportion to the points.
     bool isInProportion() const;
-    /// How often a token was started, and those that were added.
+    /// Tokens that were started, and those that were added.
     qint64 tokens() const { return m_tokens; }
     /// To be called for parts of a token, such as attributes, that take as long as one.
     void addTokens(qint64 count) { m_tokens += count; }

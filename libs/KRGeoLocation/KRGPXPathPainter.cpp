@@ -108,6 +108,12 @@ bool isLong(const QPainterPath &path, const QTransform &transform)
     return length >= shortLengthPx;
 }
 
+// What the painter of the image paints on. Intended: no detaching and no copy.
+uchar *pixelsOf(const QImage *image)
+{
+    return const_cast<uchar *>(image->constBits());
+}
+
 /**
  * A second painter on the pixels of an image, for one piece of it after the other.
  *
@@ -120,9 +126,7 @@ public:
     /// The image must be the painter's.
     PiecePainter(const QPainter *painter, const QImage *image)
         : m_original(painter),
-          // Intended: the pixels that the painter paints on, without a detaching or a copy.
-          m_image(const_cast<uchar *>(image->constBits()), image->width(), image->height(), image->bytesPerLine(),
-                  image->format())
+          m_image(pixelsOf(image), image->width(), image->height(), image->bytesPerLine(), image->format())
     { }
 
     template <typename Paint>
@@ -160,9 +164,7 @@ bool paintOutline(const QPainterPath &outline, const QTransform &transform, cons
         return false;
     KRGPXPathRaster raster(image->size(), outline.fillRule());
     raster.add(outline, transform);
-    // Intended: the pixels that the painter paints on, without a detaching or a copy.
-    raster.paint(const_cast<uchar *>(image->constBits()), image->bytesPerLine(),
-                 color.rgba64().premultiplied().toArgb32());
+    raster.paint(pixelsOf(image), image->bytesPerLine(), color.rgba64().premultiplied().toArgb32());
     return true;
 }
 

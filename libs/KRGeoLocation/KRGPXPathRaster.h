@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPainterPath>
-#include <QPointF>
 #include <QRgb>
 #include <QSize>
 #include <QTransform>
@@ -9,8 +8,6 @@
 #include <cstdint>
 #include <limits>
 #include <vector>
-
-class QImage;
 
 /**
  * Fills outlines with one colour, with the same pixels as QPainter's antialiasing, in linear time.

@@ -24,7 +24,7 @@ class KRGEOLOCATION_EXPORT KRGPXTrackMultiFunctionDelegate : public QStyledItemD
     Q_OBJECT
 
 public:
-    /// Belongs to @p view, which it does not set itself for.
+    /// Becomes a child of @p view; whoever makes it sets it as the delegate of the view.
     KRGPXTrackMultiFunctionDelegate(QAbstractItemView *view, KRGPXTrackEditOptions options);
     ~KRGPXTrackMultiFunctionDelegate() override;
 

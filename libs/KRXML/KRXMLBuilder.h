@@ -28,7 +28,7 @@ public:
     static QDomElement buildDomElement(QDomNode &parent, const QString &name, const QString &text);
 
     /**
-     * The document without an XML declaration.
+     * The document without an XML declaration, a document type and processing instructions.
      * @param indent blanks per level; with 0 each element starts a line, with -1 there is no white space at all.
      *        Elements that hold text are never indented inside, so that the text stays as it is.
      */
