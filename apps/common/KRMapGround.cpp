@@ -1,7 +1,7 @@
 #include "KRMapGround.h"
 
 KRMapGaps KRMapGround::paintWhole(QPainter *painter, const QSize &size, const KRMapProjection &projection,
-                                  double factor, int /*timeLimitMs*/)
+                                  double factor, const KRMapPatience & /*patience*/)
 {
     paint(painter, size, projection, factor);
     return {};

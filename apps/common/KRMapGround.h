@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVector>
 
+class KRMapPatience;
 class KRMapProjection;
 class QPainter;
 class QSize;
@@ -36,10 +37,10 @@ public:
     /// fetched meanwhile and announced by changed(). @p factor is the paint scale, 1.0 for a normal screen.
     virtual void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) = 0;
 
-    /// The same for a picture that is kept: waits for what is missing, @p timeLimitMs at most. Not to be called from
-    /// the GUI thread of a program with windows.
+    /// The same for a picture that is kept: waits for what is missing. Not to be called from the GUI thread of a
+    /// program with windows.
     virtual KRMapGaps paintWhole(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
-                                 int timeLimitMs);
+                                 const KRMapPatience &patience);
 
     /// Like paint(), in two layers: what lies under the tracks, and the names that shall not be hidden by them, which
     /// keep out of @p keptFree, in pixels. A ground that cannot tell its names apart has all of it below.

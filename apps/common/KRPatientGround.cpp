@@ -1,16 +1,6 @@
 #include "KRPatientGround.h"
 
-#include <QDeadlineTimer>
-
-#include <algorithm>
-#include <limits>
-
-namespace {
-
-constexpr int sliceMs = 500; ///< after which a stop is noticed
-constexpr int shareForProgress = 4;
-
-} // namespace
+#include "KRMapPatience.h"
 
 KRPatientGround::KRPatientGround(KRMapGround *ground, int timeLimitMs, QObject *parent)
     : KRMapGround(parent), m_ground(ground), m_timeLimitMs(timeLimitMs)
@@ -18,22 +8,11 @@ KRPatientGround::KRPatientGround(KRMapGround *ground, int timeLimitMs, QObject *
 
 void KRPatientGround::paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor)
 {
-    const QDeadlineTimer deadline(m_timeLimitMs);
-    QDeadlineTimer progressDeadline(m_timeLimitMs / shareForProgress);
-    int fewestGaps = std::numeric_limits<int>::max();
-    bool isWaitOver = false;
-    do {
-        const QDeadlineTimer slice(std::min<qint64>(sliceMs, deadline.remainingTime()));
-        m_gaps = m_ground->paintWhole(painter, size, projection, factor, int(slice.remainingTime()));
-        if (m_gaps.count < fewestGaps) {
-            fewestGaps = m_gaps.count;
-            progressDeadline.setRemainingTime(m_timeLimitMs / shareForProgress);
-        }
-        // Where a slice ends early there is nothing to wait for, even if something is missing.
-        isWaitOver = m_gaps.count == 0 || !slice.hasExpired() || deadline.hasExpired() || progressDeadline.hasExpired();
-        if (!isWaitOver)
-            emit waiting(m_gaps.count);
-    } while (!isWaitOver && !m_isStopped);
+    const KRMapPatience patience(m_timeLimitMs, [this](int missing) {
+        emit waiting(missing);
+        return !m_isStopped;
+    });
+    m_gaps = m_ground->paintWhole(painter, size, projection, factor, patience);
 }
 
 void KRPatientGround::paintBelow(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor)

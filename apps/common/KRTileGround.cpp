@@ -1,5 +1,6 @@
 #include "KRTileGround.h"
 
+#include "KRMapPatience.h"
 #include "KRTileLayout.h"
 #include "KRTileLoader.h"
 #include "KRTilePainter.h"
@@ -8,7 +9,6 @@
 
 #include <KRCore/KRErrorHistory.h>
 
-#include <QDeadlineTimer>
 #include <QPainter>
 #include <QThread>
 
@@ -43,8 +43,12 @@ void preparePicture(QPainter *painter, const QSize &size)
 } // namespace
 
 KRTileGround::KRTileGround(const QString &source, QObject *parent)
-    : KRMapGround(parent), m_announcement(this), m_store(std::make_shared<KRTileStore>()),
-      m_loader(new KRTileLoader(source, m_store)), m_thread(new QThread)
+    : KRTileGround(source, std::make_shared<KRTileStore>(), parent)
+{ }
+
+KRTileGround::KRTileGround(const QString &source, const std::shared_ptr<KRTileStore> &store, QObject *parent)
+    : KRMapGround(parent), m_announcement(this), m_store(store), m_loader(new KRTileLoader(source, m_store)),
+      m_thread(new QThread)
 {
     KRErrorHistory history;
     if (const std::unique_ptr<KRTileSource> opened = KRTileSource::open(source, &history))
@@ -93,14 +97,14 @@ void KRTileGround::paint(QPainter *painter, const QSize &size, const KRMapProjec
 }
 
 KRMapGaps KRTileGround::paintWhole(QPainter *painter, const QSize &size, const KRMapProjection &projection,
-                                   double factor, int timeLimitMs)
+                                   double factor, const KRMapPatience &patience)
 {
-    const QDeadlineTimer deadline(timeLimitMs);
-    waitUntilOpened(deadline);
+    waitUntilOpened(patience);
     KRTileLayout place = layout(size, projection, factor);
     if (m_store->tileSide() == 0) {
         // The first tile tells how large they all are, and that decides on the level.
-        waitFor(place.keys().mid(0, 1), KRTilePainter(m_store.get(), place), deadline);
+        const KRTileKeyList keys = place.keys();
+        waitFor(keys.mid(0, 1), KRTilePainter(m_store.get(), place), keys.size() - 1, patience);
         place = layout(size, projection, factor);
     }
 
@@ -109,17 +113,20 @@ KRMapGaps KRTileGround::paintWhole(QPainter *painter, const QSize &size, const K
     preparePicture(painter, size);
     KRMapGaps gaps = gapsWithoutTiles(place);
     QSet<KRTileKey> seen;
+    const int countOfAll = place.keys().size();
     const QVector<QRect> blocks = place.blocks();
     for (const QRect &block : blocks) {
         const KRTileKeyList keys = keysOf(place, block);
-        waitFor(keys, tiles, deadline);
+        const QSet<KRTileKey> unseen = QSet<KRTileKey>(keys.begin(), keys.end()).subtract(seen);
+        seen += unseen;
+        // Block by block, and never twice: a large picture has more tiles than the store keeps.
+        waitFor(keys, tiles, countOfAll - seen.size(), patience);
         tiles.paint(painter, block);
 
-        const KRMapGaps added = tiles.gaps(QSet<KRTileKey>(keys.begin(), keys.end()).subtract(seen));
+        const KRMapGaps added = tiles.gaps(unseen);
         if (gaps.count == 0)
             gaps.reason = added.reason;
         gaps.count += added.count;
-        seen += QSet<KRTileKey>(keys.begin(), keys.end());
     }
     painter->restore();
     return gaps;
@@ -133,21 +140,23 @@ KRTileLayout KRTileGround::layout(const QSize &size, const KRMapProjection &proj
     return KRTileLayout(projection, size, factor, zoomRange, side > 0 ? side : usualTileSide);
 }
 
-void KRTileGround::waitUntilOpened(const QDeadlineTimer &deadline)
+void KRTileGround::waitUntilOpened(const KRMapPatience &patience)
 {
-    m_loader->setWishes(&deadline, KRTileKeyList()); // wakes it up
+    m_loader->setWishes(&patience, KRTileKeyList()); // wakes it up
     for (;;) {
         const quint64 revision = m_store->revision();
         const bool isDecided = m_store->zoomRange().has_value() || !m_store->problem().isEmpty();
-        if (isDecided || !m_store->waitForChange(revision, deadline))
+        if (isDecided || patience.isOver(1))
             return;
+        m_store->waitForChange(revision, patience.nextQuestion());
     }
 }
 
-void KRTileGround::waitFor(const KRTileKeyList &keys, const KRTilePainter &tiles, const QDeadlineTimer &deadline)
+void KRTileGround::waitFor(const KRTileKeyList &keys, const KRTilePainter &tiles, int countBehind,
+                           const KRMapPatience &patience)
 {
     // Wishes apart from those of the views, which come and go meanwhile.
-    const void *const owner = &deadline;
+    const void *const owner = &patience;
     KRTileKeyList wishes;
     for (;;) {
         const quint64 revision = m_store->revision();
@@ -155,8 +164,9 @@ void KRTileGround::waitFor(const KRTileKeyList &keys, const KRTilePainter &tiles
         if (undecided != wishes)
             m_loader->setWishes(owner, undecided);
         wishes = undecided;
-        if (undecided.isEmpty() || !m_store->waitForChange(revision, deadline))
+        if (undecided.isEmpty() || patience.isOver(undecided.size() + countBehind))
             break;
+        m_store->waitForChange(revision, patience.nextQuestion());
     }
     m_loader->setWishes(owner, KRTileKeyList());
 }

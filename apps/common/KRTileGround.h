@@ -12,7 +12,6 @@ class KRTileLayout;
 class KRTileLoader;
 class KRTilePainter;
 class KRTileStore;
-class QDeadlineTimer;
 class QThread;
 
 /**
@@ -28,6 +27,8 @@ class KRTileGround : public KRMapGround
 public:
     /// @p source as KRTileSource::open() takes it. Where it cannot be opened there is only paper, and problem() tells.
     explicit KRTileGround(const QString &source, QObject *parent = nullptr);
+    /// Keeps the tiles in @p store, which nobody else has tiles in.
+    KRTileGround(const QString &source, const std::shared_ptr<KRTileStore> &store, QObject *parent = nullptr);
     ~KRTileGround() override;
 
     /// Why there is no map, or why one waits for it, for users; empty where all goes well. From any thread.
@@ -35,7 +36,7 @@ public:
 
     void paint(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor) override;
     KRMapGaps paintWhole(QPainter *painter, const QSize &size, const KRMapProjection &projection, double factor,
-                         int timeLimitMs) override;
+                         const KRMapPatience &patience) override;
 
     QString credit() const override { return m_credit; }
     /// In place of what the source says of itself. To be set before anybody paints.
@@ -43,8 +44,9 @@ public:
 
 private:
     KRTileLayout layout(const QSize &size, const KRMapProjection &projection, double factor) const;
-    void waitUntilOpened(const QDeadlineTimer &deadline);
-    void waitFor(const KRTileKeyList &keys, const KRTilePainter &tiles, const QDeadlineTimer &deadline);
+    void waitUntilOpened(const KRMapPatience &patience);
+    /// @p countBehind tiles are to come after these.
+    void waitFor(const KRTileKeyList &keys, const KRTilePainter &tiles, int countBehind, const KRMapPatience &patience);
     KRMapGaps gapsWithoutTiles(const KRTileLayout &layout) const;
     void announceSoon();
 

@@ -21,7 +21,9 @@ constexpr double largestEnlargement = 1.25;
 /// Tiles so small are left out: a source without coarse levels must not be read as a whole for the world.
 constexpr double smallestSide = 32.0;
 
-constexpr int blockSide = 1024;
+constexpr int largestBlockSide = 1024;
+/// Tiles much reduced must not become more for one block than are kept in memory.
+constexpr double mostTilesAcross = 8.0;
 /// Smooth drawing looks at the neighbours of a pixel.
 constexpr double blockMargin = 2.0;
 
@@ -64,6 +66,7 @@ QVector<QRect> KRTileLayout::blocks() const
     QVector<QRect> blocks;
     if (!isValid())
         return blocks;
+    const int blockSide = std::min(largestBlockSide, KRMath::toInt(mostTilesAcross * m_side));
     for (int y = m_mapRect.top(); y <= m_mapRect.bottom(); y += blockSide) {
         for (int x = m_mapRect.left(); x <= m_mapRect.right(); x += blockSide)
             blocks << QRect(x, y, blockSide, blockSide).intersected(m_mapRect);

@@ -78,14 +78,10 @@ quint64 KRTileStore::revision()
     return m_revision;
 }
 
-bool KRTileStore::waitForChange(quint64 since, QDeadlineTimer deadline)
+void KRTileStore::waitForChange(quint64 since, QDeadlineTimer end)
 {
     const QMutexLocker locker(&m_mutex);
-    while (m_revision == since) {
-        if (!m_changed.wait(&m_mutex, deadline))
-            return false;
-    }
-    return true;
+    while (m_revision == since && m_changed.wait(&m_mutex, end)) { }
 }
 
 void KRTileStore::setNote(const KRTileKey &key, const Note &note)

@@ -56,8 +56,8 @@ public:
 
     /// Grows with every change. To be read before what the change would be waited for.
     quint64 revision();
-    /// Waits for a change since then; false when the time is over.
-    bool waitForChange(quint64 since, QDeadlineTimer deadline);
+    /// Waits for a change since then, until @p end at most.
+    void waitForChange(quint64 since, QDeadlineTimer end);
 
 private:
     struct Note {

@@ -6,6 +6,8 @@
 #include <QTcpSocket>
 #include <QTimer>
 
+#include <algorithm>
+
 KRTestTileServer::KRTestTileServer(const Function &function) : m_function(function), m_server(new QTcpServer)
 {
     m_server->moveToThread(&m_thread);
@@ -49,6 +51,12 @@ int KRTestTileServer::countOfRequests(const KRTileKey &key) const
 {
     const QMutexLocker locker(&m_mutex);
     return m_requests.value(key);
+}
+
+int KRTestTileServer::mostRequestsForOneTile() const
+{
+    const QMutexLocker locker(&m_mutex);
+    return m_requests.isEmpty() ? 0 : *std::max_element(m_requests.begin(), m_requests.end());
 }
 
 int KRTestTileServer::mostAtOnce() const

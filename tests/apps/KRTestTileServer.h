@@ -32,6 +32,7 @@ public:
 
     int countOfRequests() const;
     int countOfRequests(const KRTileKey &key) const;
+    int mostRequestsForOneTile() const;
     int mostAtOnce() const;
     QByteArray lastRequest() const;
 

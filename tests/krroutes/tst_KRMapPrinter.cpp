@@ -22,7 +22,7 @@ class TiledGround : public KRMapGround
 {
 public:
     void paint(QPainter *, const QSize &size, const KRMapProjection &, double) override { painted << size; }
-    KRMapGaps paintWhole(QPainter *, const QSize &size, const KRMapProjection &, double, int) override
+    KRMapGaps paintWhole(QPainter *, const QSize &size, const KRMapProjection &, double, const KRMapPatience &) override
     {
         fetched << size;
         return {2, QStringLiteral("Regen")};
