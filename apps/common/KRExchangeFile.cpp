@@ -1,5 +1,6 @@
 #include "KRExchangeFile.h"
 
+#include "KRExchangeText.h"
 #include "KRGpxWriter.h"
 #include "KRKmlPreparation.h"
 #include "KRKmlWriter.h"
@@ -7,8 +8,37 @@
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRZIP.h>
+#include <KRGeoLocation/KRGPXConfiguredTrack.h>
+#include <KRGeoLocation/KRGPXConfiguredTrackList.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <QFileInfo>
+
+namespace {
+
+struct PositionCount {
+    int written = 0;
+    int lost = 0;
+};
+
+/// Of the track and its enclaves.
+PositionCount countPositions(const KRGPXTrack &track)
+{
+    PositionCount count;
+    track.visitPositions([&](const KRGeoPositionSpan &positions) {
+        for (int i = 0; i < positions.count; ++i)
+            ++(KRExchangeText::isExchangeable(positions.at(i)) ? count.written : count.lost);
+    });
+    const QList<KRGPXTrack> enclaves = track.enclaves();
+    for (const KRGPXTrack &enclave : enclaves) {
+        const PositionCount inside = countPositions(enclave);
+        count.written += inside.written;
+        count.lost += inside.lost;
+    }
+    return count;
+}
+
+} // namespace
 
 QByteArray KRExchangeFile::formatOf(const QString &fileName)
 {
@@ -19,15 +49,34 @@ QByteArray KRExchangeFile::formatOf(const QString &fileName)
 QByteArray KRExchangeFile::encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name,
                                   KRErrorHistory *history)
 {
-    if (format == "gpx")
+    if (format == "gpx") {
+        reportLosses(tracks, name, history);
         return KRGpxWriter::write(tracks);
+    }
     const QByteArray kml = KRKmlWriter::write(tracks, name);
     if (!isReadable(kml, name, history))
         return QByteArray();
     const QByteArray bytes = format == "kmz" ? KRZIP::pack(QStringLiteral("doc.kml"), kml) : kml;
     if (bytes.isNull())
         KRErrorHistory::report(history, name, tr("Der Speicher reicht nicht."));
+    else
+        reportLosses(tracks, name, history);
     return bytes;
+}
+
+void KRExchangeFile::reportLosses(const KRGPXConfiguredTrackList &tracks, const QString &name, KRErrorHistory *history)
+{
+    int emptyTracks = 0;
+    PositionCount all;
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        const PositionCount count = countPositions(track.track());
+        emptyTracks += count.written == 0 ? 1 : 0;
+        all.lost += count.lost;
+    }
+    if (emptyTracks > 0)
+        KRErrorHistory::report(history, name, tr("Routen ohne Position: %1").arg(emptyTracks));
+    if (all.lost > 0)
+        KRErrorHistory::report(history, name, tr("Ausgelassene Positionen ohne gültige Koordinaten: %1").arg(all.lost));
 }
 
 bool KRExchangeFile::isReadable(const QByteArray &kml, const QString &name, KRErrorHistory *history)

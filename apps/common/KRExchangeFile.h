@@ -23,11 +23,12 @@ public:
     /// The format of formats() that the suffix stands for, empty for any other.
     static QByteArray formatOf(const QString &fileName);
 
-    /// @param format one of formatOf(); @p name is that of the KML document. Null when it fails; the reason is
-    /// reported.
+    /// @param format one of formatOf(); @p name is that of the KML document. Null when it fails. The reason is
+    /// reported, and otherwise what the tracks have that is not in the file.
     static QByteArray encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name,
                              KRErrorHistory *history);
 
 private:
+    static void reportLosses(const KRGPXConfiguredTrackList &tracks, const QString &name, KRErrorHistory *history);
     static bool isReadable(const QByteArray &kml, const QString &name, KRErrorHistory *history);
 };

@@ -6,7 +6,7 @@
 
 bool KRExchangeText::isExchangeable(const KRGeoPosition &position)
 {
-    return position.isValid() && position.latitude().isInValidRange() && position.longitude().isInValidRange();
+    return position.isValid() && position.latitude().isInValidRange();
 }
 
 QString KRExchangeText::degrees(const KRGeoArc &angle)

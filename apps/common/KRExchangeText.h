@@ -12,7 +12,8 @@ class KRGeoArc;
 class KRExchangeText
 {
 public:
-    /// Whether other programs know such a position: on the globe, and not the (0, 0) that stands for none.
+    /// Whether other programs know such a position, once its longitude is normalized: on the globe, and not the
+    /// (0, 0) that stands for none.
     static bool isExchangeable(const KRGeoPosition &position);
 
     /// Decimal degrees with up to seven decimals (a centimetre), never with an exponent.

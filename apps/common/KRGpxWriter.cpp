@@ -64,7 +64,7 @@ void KRGpxWriter::writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &s
             continue;
         xml.writeStartElement(QStringLiteral("trkpt"));
         xml.writeAttribute(QStringLiteral("lat"), KRExchangeText::degrees(position.latitude()));
-        xml.writeAttribute(QStringLiteral("lon"), KRExchangeText::degrees(position.longitude()));
+        xml.writeAttribute(QStringLiteral("lon"), KRExchangeText::degrees(position.longitude().normalized()));
         if (point.elevation() != 0)
             xml.writeTextElement(QStringLiteral("ele"), QString::number(point.elevation()));
         if (point.timeStamp().isValid())

@@ -10,8 +10,9 @@ class QXmlStreamWriter;
 /**
  * Writes tracks as plain GPX 1.1, for other programs to read.
  *
- * Points go out with elevations where they are not 0, and times in UTC. Positions outside the globe are left out, for
- * GPX knows no such points. Enclaves become tracks of their own behind the track that holds them.
+ * Points go out with longitudes from -180 to 180, elevations where they are not 0, and times in UTC. Positions that are
+ * not exchangeable are left out, for GPX knows no such points. Enclaves become tracks of their own behind the track
+ * that holds them.
  */
 class KRGpxWriter
 {

@@ -31,8 +31,8 @@ QString kmlColor(const QColor &color)
 /// Longitude, latitude, and the elevation where there is one.
 QString tuple(const KRGeoPosition &position, int elevation, QLatin1Char separator)
 {
-    QString text =
-        KRExchangeText::degrees(position.longitude()) + separator + KRExchangeText::degrees(position.latitude());
+    QString text = KRExchangeText::degrees(position.longitude().normalized()) + separator
+                   + KRExchangeText::degrees(position.latitude());
     if (elevation != 0)
         text += separator + QString::number(elevation);
     return text;
@@ -119,21 +119,25 @@ void writeTrack(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
     xml.writeEndElement();
 }
 
-/// The point that stands for the track, with its elevation and time; not valid when there is none to be written.
+/// The point that stands for the track: one of its own, with its elevation and time, or the middle of an area. Not
+/// valid when the track has none that can be written.
 KRGPXTrackPoint markedPoint(const KRGPXConfiguredTrack &track)
 {
-    const KRGeoPositionList positions = track.drawingPoints();
-    if (positions.isEmpty())
-        return KRGPXTrackPoint();
+    const KRGeoPosition place = track.drawingPoints().value(0);
+    KRGPXTrackPoint found;
     const QList<KRGPXTrackSegment> segments = track.track().segments();
     for (const KRGPXTrackSegment &segment : segments) {
         for (int i = 0; i < segment.count(); ++i) {
             const KRGeoPosition position = segment.positions().at(i);
-            if (position == positions.first() && KRExchangeText::isExchangeable(position))
+            if (!KRExchangeText::isExchangeable(position))
+                continue;
+            if (position == place)
                 return segment.trackPoint(i);
+            if (!found.position().isValid())
+                found = segment.trackPoint(i);
         }
     }
-    return KRGPXTrackPoint();
+    return KRExchangeText::isExchangeable(place) ? KRGPXTrackPoint(place, 0, QDateTime(), QString()) : found;
 }
 
 } // namespace

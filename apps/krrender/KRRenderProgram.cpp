@@ -133,7 +133,11 @@ int KRRenderProgram::exchange(const KRGPXTrackSelection &tracks)
     }
     KRErrorHistory history;
     const QByteArray bytes = KRExchangeFile::encode(tracks.tracks(), m_options.format(), title(tracks), &history);
-    return write(bytes, history.isEmpty() ? QString() : history.entries().first().reason);
+    if (bytes.isNull())
+        return write(bytes, history.isEmpty() ? QString() : history.entries().first().reason);
+    for (const KRErrorHistory::Entry &loss : history.entries())
+        m_console.complain(QStringLiteral("%1: %2").arg(m_options.output(), loss.reason));
+    return std::max<int>(write(bytes), history.isEmpty() ? AllDone : SomethingLeftOut);
 }
 
 QString KRRenderProgram::title(const KRGPXTrackSelection &tracks) const

@@ -314,6 +314,8 @@ bool KRExportDialog::createBytes(QByteArray *bytes)
     if (isComplete && bytes->isNull())
         complain(history.isEmpty() ? tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format.")
                                    : history.entries().first().reason);
+    else if (isComplete && !history.isEmpty())
+        warn(history);
     return isComplete && !bytes->isNull();
 }
 
@@ -337,6 +339,14 @@ bool KRExportDialog::createPicture(QByteArray *bytes)
     if (isDone)
         KRGapsWarning::show(this, windowTitle(), ground.gaps());
     return isDone;
+}
+
+void KRExportDialog::warn(const KRErrorHistory &losses)
+{
+    QStringList reasons;
+    for (const KRErrorHistory::Entry &loss : losses.entries())
+        reasons.append(loss.reason);
+    QMessageBox::warning(this, windowTitle(), reasons.join(QLatin1Char('\n')));
 }
 
 void KRExportDialog::complain(const QString &reason)

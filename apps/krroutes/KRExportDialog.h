@@ -5,6 +5,7 @@
 
 #include <QDialog>
 
+class KRErrorHistory;
 class KRMapGround;
 class QCheckBox;
 class QComboBox;
@@ -54,6 +55,7 @@ private:
     bool mayReplace(const QString &fileName);
     bool createBytes(QByteArray *bytes);
     bool createPicture(QByteArray *bytes);
+    void warn(const KRErrorHistory &losses);
     void complain(const QString &reason);
 
     KRGPXTrackSelection m_selection;

@@ -508,6 +508,13 @@ void tst_krrender::exchangeFilesComeBack()
             QVERIFY(qAbs(b.value(length).toDouble() - a.value(length).toDouble()) < 1e-3);
         }
     }
+    // What other programs do not know is told.
+    KRTestFile::write(path("odd.gpx"), "<gpx><trk><trkseg><trkpt lat='53' lon='8'/><trkpt lat='95' lon='8'/></trkseg>"
+                                       "</trk></gpx>");
+    const Outcome lossy = run("krrender --plain -o out.gpx odd.gpx");
+    QCOMPARE(lossy.exitCode, 1);
+    QVERIFY2(lossy.complainsOf("out.gpx: Ausgelassene Positionen"), qPrintable(lossy.err));
+    QCOMPARE(tracks("out.gpx").size(), 1);
     // What would not come back is not written.
     const QByteArray segment = "<trkseg><trkpt lat='53' lon='8'/><trkpt lat='54' lon='8'/></trkseg>";
     const QByteArray segments = segment.repeated(KRInputLimits::geometryParts + 1);

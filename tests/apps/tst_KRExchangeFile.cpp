@@ -1,0 +1,80 @@
+#include "KRExchangeFile.h"
+
+#include "KRRouteImport.h"
+#include "KRTestFile.h"
+#include "KRTestRegistry.h"
+#include "KRTestTable.h"
+
+#include <KRCore/KRErrorHistory.h>
+
+#include <QtTest>
+
+class tst_KRExchangeFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void losesNothingUnsaid();
+};
+
+namespace {
+
+/// Points as comma text, drawn as @p shape.
+KRGPXConfiguredTrack spawnTrack(const char *text, KRGPXTrackShapeEnum shape = AutoTrackShape)
+{
+    KRGPXTrackConfiguration configuration = KRGPXTrackConfiguration::defaultValue();
+    configuration.setTrackShape(shape);
+    const KRGPXTrackSegment segment = KRGPXTrackSegment::decodeKml(QString::fromLatin1(text));
+    return KRGPXConfiguredTrack(KRGPXTrack(QStringLiteral("Tour"), QString(), {segment}, AutoTrackShape),
+                                configuration);
+}
+
+/// "longitude,latitude" of the points that such a file gives again, tracks parted by slashes.
+QString positionsIn(const QByteArray &bytes, const QByteArray &format)
+{
+    const QTemporaryDir dir;
+    KRRouteImport import;
+    import.read({KRTestFile::write(dir.filePath(QStringLiteral("a.") + QString::fromLatin1(format)), bytes)});
+    QStringList tracks;
+    for (const KRGPXConfiguredTrack &track : import.tracks()) {
+        QStringList positions;
+        for (const KRGeoPosition &position : track.allPoints())
+            positions.append(QStringLiteral("%1,%2")
+                                 .arg(position.longitude().decimalDegrees())
+                                 .arg(position.latitude().decimalDegrees()));
+        tracks.append(positions.join(QLatin1Char(' ')));
+    }
+    return tracks.join(QLatin1String(" / "));
+}
+
+} // namespace
+
+void tst_KRExchangeFile::losesNothingUnsaid()
+{
+    const char *const ring = "8,53 10,53 10,54 8,54 8,53";
+    const char *const aroundNull = "2,2 -2,2 -2,-2 2,-2 2,2";
+    // words: of what is reported
+    const KRTestTable<KRGPXConfiguredTrackList, QByteArray, const char *, const char *> table{
+        {"line beyond 180 degrees", {spawnTrack("178,1 181,1 190,2")}, "gpx", "178,1 -179,1 -170,2", ""},
+        {"the same in KML", {spawnTrack("178,1 181,1 190,2")}, "kml", "178,1 -179,1 -170,2", ""},
+        {"point beyond 180 degrees", {spawnTrack("181,1")}, "kmz", "-179,1", ""},
+        {"area as a point", {spawnTrack(ring, PointTrackShape)}, "kml", "9,53.5", ""},
+        {"its middle is no position", {spawnTrack(aroundNull, PointTrackShape)}, "kml", "2,2", ""},
+        {"position that is none", {spawnTrack("8,53 8,95 9,54")}, "gpx", "8,53 9,54", "gültige Koordinaten: 1"},
+        {"route without any", {spawnTrack("8,53 9,54"), spawnTrack("")}, "kml", "8,53 9,54", "ohne Position: 1"},
+    };
+    table.forEach(
+        [](const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const char *positions, const char *words) {
+            KRErrorHistory history;
+            const QByteArray bytes = KRExchangeFile::encode(tracks, format, QStringLiteral("a"), &history);
+            QCOMPARE(positionsIn(bytes, format), QLatin1String(positions));
+            QCOMPARE(history.entries().size(), qstrlen(words) == 0 ? 0 : 1);
+            if (!history.isEmpty())
+                QVERIFY2(history.entries().first().reason.contains(QString::fromUtf8(words)),
+                         qPrintable(history.entries().first().reason));
+        });
+}
+
+static const KRTestRegistration<tst_KRExchangeFile> registration;
+
+#include "tst_KRExchangeFile.moc"
