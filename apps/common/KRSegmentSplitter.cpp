@@ -1,5 +1,7 @@
 #include "KRSegmentSplitter.h"
 
+#include "KRTrackEditing.h"
+
 #include <KRCore/KRInputLimits.h>
 
 #include <algorithm>
@@ -23,14 +25,8 @@ void appendSplit(KRGPXConfiguredTrackList *tracks, const KRGPXConfiguredTrack &t
         tracks->append(track);
         return;
     }
-    KRGPXTrackConfiguration configuration = track.configuration();
-    if (configuration.trackShape() == track.naturalShape())
-        configuration.setTrackShape(AutoTrackShape);
-    for (int i = 0; i < segments.size(); ++i) {
-        const QString name = QStringLiteral("%1 (%2)").arg(track.name(), QString::number(i + 1));
-        tracks->append(KRGPXConfiguredTrack(
-            KRGPXTrack(name, track.description(), {segments.at(i)}, track.track().shape()), configuration));
-    }
+    for (int i = 0; i < segments.size(); ++i)
+        tracks->append(KRTrackEditing::part(track, i + 1, {segments.at(i)}));
 }
 
 } // namespace

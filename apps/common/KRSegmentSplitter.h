@@ -13,8 +13,7 @@ class KRSegmentSplitter
 
 public:
     /**
-     * Tracks with several segments become one for each segment with points, named "Tour (1)", "Tour (2)" and so on,
-     * drawn as before. A configured shape that the whole track has suggested gives way to what the segment suggests.
+     * Tracks with several segments become one for each segment with points, which is KRTrackEditing::part() of it.
      * Areas stay whole, since the holes in them belong to all segments.
      */
     static KRGPXConfiguredTrackList split(const KRGPXConfiguredTrackList &tracks);

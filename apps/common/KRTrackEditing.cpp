@@ -26,13 +26,6 @@ KRGPXConfiguredTrack drawnAs(const KRGPXConfiguredTrack &track, const KRGPXTrack
     return KRGPXConfiguredTrack(changed, configuration);
 }
 
-KRGPXConfiguredTrack part(const KRGPXConfiguredTrack &track, int number, const QList<KRGPXTrackSegment> &segments)
-{
-    const QString name =
-        track.name().isEmpty() ? QString() : QStringLiteral("%1 (%2)").arg(track.name(), QString::number(number));
-    return drawnAs(track, KRGPXTrack(name, track.description(), segments, track.track().shape()));
-}
-
 /// "Tour" for "Tour (1)" and "Tour (2)"; else the name of the first that has one.
 QString joinedName(const QString &first, const QString &second)
 {
@@ -112,6 +105,14 @@ KRGPXConfiguredTrack KRTrackEditing::reversed(const KRGPXConfiguredTrack &track)
     }
     const KRGPXTrack changed(track.name(), track.description(), segments, track.track().shape());
     return drawnAs(track, withEnclaves(changed, track.track().enclaves()));
+}
+
+KRGPXConfiguredTrack KRTrackEditing::part(const KRGPXConfiguredTrack &track, int number,
+                                          const QList<KRGPXTrackSegment> &segments)
+{
+    const QString name =
+        track.name().isEmpty() ? QString() : QStringLiteral("%1 (%2)").arg(track.name(), QString::number(number));
+    return drawnAs(track, KRGPXTrack(name, track.description(), segments, track.track().shape()));
 }
 
 KRGPXConfiguredTrackList KRTrackEditing::split(const KRGPXConfiguredTrack &track, int pointNumber)

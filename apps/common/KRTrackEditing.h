@@ -17,6 +17,11 @@ public:
     /// The same way from its end to its start; enclaves have no direction and stay. Twice gives the track again.
     static KRGPXConfiguredTrack reversed(const KRGPXConfiguredTrack &track);
 
+    /// Some segments of a track as a track of their own, "Tour (1)" for number 1; of a track without a name one
+    /// without.
+    static KRGPXConfiguredTrack part(const KRGPXConfiguredTrack &track, int number,
+                                     const QList<KRGPXTrackSegment> &segments);
+
     /**
      * "Tour (1)" up to the point and "Tour (2)" from it on; both have the point, unless a segment ends or begins
      * there, where the parts come apart without it. The track alone when there is nothing to cut: at its first and its

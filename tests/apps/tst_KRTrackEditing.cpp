@@ -134,6 +134,10 @@ void tst_KRTrackEditing::splitsSegments()
         if (tracks.size() == 2)
             QVERIFY(tracks.at(1).track().segments().first() == track.track().segments().last());
     });
+    // The list has names of its own for tracks without one.
+    const KRGPXConfiguredTrack unnamed = KRTrackEditing::renamed(spawnTrack("1,1 2,2|3,3 4,4"), QString());
+    for (const KRGPXConfiguredTrack &part : KRSegmentSplitter::split({unnamed}))
+        QCOMPARE(part.name(), QString());
     // Together a line; apart a round trip, a point and a line, unless the user has chosen a shape.
     const char *const points = "1,1 2,1 2,2 1,1|5,5|6,6 7,7";
     const KRGPXConfiguredTrackList natural = KRSegmentSplitter::split({spawnTrack(points)});
