@@ -2,7 +2,6 @@
 
 #include "KRGpxPreparation.h"
 
-#include <KRCore/KRLogger.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryGPXFile.h>
 
@@ -65,12 +64,9 @@ void KRGpxImport::readWhole()
     m_furtherTracks = preparation.tracks();
 }
 
-KRGPXConfiguredTrackList KRGpxImport::configuredTracks() const
+KRGPXConfiguredTrackList KRGpxImport::configuredTracks()
 {
-    // As the factory logs the choice of an importer, which is made here without it.
-    const QStringList formats = KRTrackSelectionFactoryGPXFile().supportedFileFormats();
-    KRLogger::instance()->logOSM(QStringLiteral("ACTION:useFactory VALUE:%1").arg(formats.join(QLatin1Char(','))));
-
+    logChoiceOf(KRTrackSelectionFactoryGPXFile());
     const KRGPXTrackConfiguration configuration = KRGPXTrackConfiguration::currentDefaultConfiguration();
     KRGPXTrackConfiguration configurationOfPoint = configuration;
     configurationOfPoint.setTrackShape(PointTrackShape);

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "KRImportReport.h"
-
-#include <KRCore/KRErrorHistory.h>
-#include <KRGeoLocation/KRGPXConfiguredTrackList.h>
-
-#include <QFileInfo>
+#include "KRFileImport.h"
 
 class KRGpxPreparation;
 
@@ -13,34 +8,24 @@ class KRGpxPreparation;
  * Imports GPX files completely: the tracks as the library's importer reads them, then the way points and the routes,
  * drawn as the user wants new tracks.
  *
- * A file that changes meanwhile is not read. It may be read in any thread, each import in one thread at a time.
+ * A file that changes meanwhile is not read.
  */
-class KRGpxImport
+class KRGpxImport : public KRFileImport
 {
     Q_DECLARE_TR_FUNCTIONS(KRGpxImport)
 
 public:
-    explicit KRGpxImport(const QFileInfo &file) : m_file(file), m_report(file.filePath()) { }
+    explicit KRGpxImport(const QFileInfo &file) : KRFileImport(file) { }
 
     static bool supportsFile(const QFileInfo &file);
 
-    /// Takes nearly all of the time, and touches neither settings nor KRLogger. To be called once.
-    void read();
-
-    /// Empty when the file cannot be read or when it holds nothing to draw. GUI thread only, as the choice of the
-    /// importer is logged and the look of new tracks is a setting; to be called once.
-    KRGPXConfiguredTrackList configuredTracks() const;
-    /// Why the file could not be read.
-    const KRErrorHistory &problems() const { return m_problems; }
-    const KRImportReport &report() const { return m_report; }
+    void read() override;
+    KRGPXConfiguredTrackList configuredTracks() override;
 
 private:
     void readWhole();
     QList<KRGPXTrack> readOwnTracks(const KRGpxPreparation &preparation);
 
-    QFileInfo m_file;
     QList<KRGPXTrack> m_ownTracks; // as the importer reads them
     QList<KRGPXTrack> m_furtherTracks;
-    KRErrorHistory m_problems;
-    KRImportReport m_report;
 };

@@ -1,11 +1,9 @@
 #include "KRKmlImport.h"
 
-#include "KRKmlPreparation.h"
 #include "KRKmzArchive.h"
 
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
-#include <KRCore/KRLogger.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryKmlFile.h>
 
 #include <algorithm>
@@ -22,42 +20,43 @@ QByteArray upToZeroByte(const QByteArray &kml)
 
 } // namespace
 
-KRKmlImport::KRKmlImport(const QFileInfo &file) : m_file(file), m_report(file.filePath()) { }
-
 bool KRKmlImport::supportsFile(const QFileInfo &file)
 {
     return KRTrackSelectionFactoryKmlFile().supportsFile(file);
 }
 
-KRGPXConfiguredTrackList KRKmlImport::read(KRErrorHistory *history)
+void KRKmlImport::read()
+{
+    const QByteArray kml = readDocument();
+    if (kml.isNull())
+        return;
+    KRKmlPreparation preparation(m_file.filePath());
+    if (!preparation.read(upToZeroByte(kml), &m_problems))
+        return;
+    m_preparation = preparation;
+    m_report += preparation.report();
+}
+
+KRGPXConfiguredTrackList KRKmlImport::configuredTracks()
 {
     const KRTrackSelectionFactoryKmlFile importer;
-    // As the factory logs the choice of an importer, which is made here without it.
-    KRLogger::instance()->logOSM(
-        QStringLiteral("ACTION:useFactory VALUE:%1").arg(importer.supportedFileFormats().join(QLatin1Char(','))));
-
-    const QByteArray kml = readDocument(history);
-    KRKmlPreparation preparation(m_file.filePath());
-    if (kml.isNull() || !preparation.read(upToZeroByte(kml), history))
-        return {};
-
+    logChoiceOf(importer);
     KRGPXConfiguredTrackList tracks;
     int count = 0;
-    for (int first = 0; first < preparation.geometries().size(); first += count) {
+    for (int first = 0; first < m_preparation.geometries().size(); first += count) {
         const KRGPXConfiguredTrackList part =
-            importer.decode(preparation.document(first, &count), m_file.fileName(), history);
+            importer.decode(m_preparation.document(first, &count), m_file.fileName(), &m_problems);
         for (int i = 0; i < std::min(int(part.size()), count); ++i)
-            tracks.append(completed(part.at(i), preparation.geometries().at(first + i)));
+            tracks.append(completed(part.at(i), m_preparation.geometries().at(first + i)));
     }
-    m_report += preparation.report();
     return tracks;
 }
 
-QByteArray KRKmlImport::readDocument(KRErrorHistory *history)
+QByteArray KRKmlImport::readDocument()
 {
     if (m_file.suffix().compare(QLatin1String("kmz"), Qt::CaseInsensitive) == 0)
-        return KRKmzArchive::read(m_file, history, &m_report);
-    return KRFileHandler::readAll(m_file, history, KRInputLimits::documentBytes);
+        return KRKmzArchive::read(m_file, &m_problems, &m_report);
+    return KRFileHandler::readAll(m_file, &m_problems, KRInputLimits::documentBytes);
 }
 
 KRGPXConfiguredTrack KRKmlImport::completed(const KRGPXConfiguredTrack &track, const KRKmlGeometry &geometry)

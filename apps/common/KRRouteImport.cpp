@@ -1,12 +1,11 @@
 #include "KRRouteImport.h"
 
-#include "KRGpxReadAhead.h"
 #include "KRKmlImport.h"
+#include "KRReadAhead.h"
 #include "KRRouteDocument.h"
 #include "KRSegmentSplitter.h"
 
 #include <KRCore/KRFileHandler.h>
-#include <KRCore/KRLogger.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryGPXFile.h>
@@ -24,32 +23,25 @@ namespace {
 
 constexpr int waitMs = 20; // what a user interface may stand still without anybody's notice
 
-/// As the factory logs the choice of an importer, which is made here without it.
-void logImporter(const KRTrackSelectionFactoryAbstract &importer)
-{
-    KRLogger::instance()->logOSM(
-        QStringLiteral("ACTION:useFactory VALUE:%1").arg(importer.supportedFileFormats().join(QLatin1Char(','))));
-}
-
 } // namespace
 
 bool KRRouteImport::read(const QStringList &fileNames)
 {
-    QStringList gpxNames;
-    std::copy_if(fileNames.cbegin(), fileNames.cend(), std::back_inserter(gpxNames),
+    QStringList namesAhead;
+    std::copy_if(fileNames.cbegin(), fileNames.cend(), std::back_inserter(namesAhead),
                  [this](const QString &fileName) { return isReadAhead(fileName); });
-    KRGpxReadAhead gpxFiles(gpxNames);
+    KRReadAhead files(namesAhead);
     for (int i = 0; i < fileNames.size(); ++i) {
         const QString &fileName = fileNames.at(i);
         if (m_progress)
             m_progress(fileName, i + 1, fileNames.size());
-        if (!waitFor(isReadAhead(fileName) ? &gpxFiles : nullptr)) {
-            gpxFiles.stop();
-            while (!gpxFiles.isIdle(waitMs))
+        if (!waitFor(isReadAhead(fileName) ? &files : nullptr)) {
+            files.stop();
+            while (!files.isIdle(waitMs))
                 m_wait();
             return false;
         }
-        readFile(fileName, &gpxFiles);
+        readFile(fileName, &files);
     }
     return true;
 }
@@ -58,22 +50,22 @@ bool KRRouteImport::read(const QStringList &fileNames)
 bool KRRouteImport::isReadAhead(const QString &fileName) const
 {
     const QFileInfo file(fileName);
-    return !m_isPlain && !KRRouteDocument::isDocument(file) && KRGpxImport::supportsFile(file);
+    return !m_isPlain && !KRRouteDocument::isDocument(file) && KRFileImport::create(file) != nullptr;
 }
 
-/// Waits for the next of @p gpxFiles, unless that is null. False when the wait function says so.
-bool KRRouteImport::waitFor(KRGpxReadAhead *gpxFiles) const
+/// Waits for the next of @p files, unless that is null. False when the wait function says so.
+bool KRRouteImport::waitFor(KRReadAhead *files) const
 {
     if (!m_wait)
         return true;
     do {
         if (!m_wait())
             return false;
-    } while (gpxFiles && !gpxFiles->isNextRead(waitMs));
+    } while (files && !files->isNextRead(waitMs));
     return true;
 }
 
-void KRRouteImport::readFile(const QString &fileName, KRGpxReadAhead *gpxFiles)
+void KRRouteImport::readFile(const QString &fileName, KRReadAhead *files)
 {
     if (KRRouteDocument::isDocument(QFileInfo(fileName))) {
         readDocument(fileName);
@@ -84,9 +76,7 @@ void KRRouteImport::readFile(const QString &fileName, KRGpxReadAhead *gpxFiles)
     const int knownProblems = m_problems.entries().size();
     KRGPXConfiguredTrackList tracks;
     if (isReadAhead(fileName))
-        tracks = takeGpx(gpxFiles->takeNext());
-    else if (!m_isPlain && KRKmlImport::supportsFile(file))
-        tracks = readKml(file);
+        tracks = take(files->takeNext().get());
     else if (isSupported)
         tracks = readPlainly(file);
     addTracks(tracks, fileName);
@@ -103,18 +93,11 @@ void KRRouteImport::readDocument(const QString &fileName)
     m_croppingOpacity = document.selection().nominalCroppingOpacity();
 }
 
-KRGPXConfiguredTrackList KRRouteImport::takeGpx(const KRGpxImport &import)
+KRGPXConfiguredTrackList KRRouteImport::take(KRFileImport *import)
 {
-    m_problems.append(import.problems());
-    addReport(import.report());
-    return import.configuredTracks();
-}
-
-KRGPXConfiguredTrackList KRRouteImport::readKml(const QFileInfo &file)
-{
-    KRKmlImport import(file);
-    const KRGPXConfiguredTrackList tracks = import.read(&m_problems);
-    addReport(import.report());
+    const KRGPXConfiguredTrackList tracks = import->configuredTracks();
+    m_problems.append(import->problems());
+    addReport(import->report());
     return tracks;
 }
 
@@ -123,7 +106,7 @@ KRGPXConfiguredTrackList KRRouteImport::readPlainly(const QFileInfo &file)
 {
     if (KRKmlImport::supportsFile(file)) {
         const KRTrackSelectionFactoryKmlFile importer;
-        logImporter(importer);
+        KRFileImport::logChoiceOf(importer);
         // Tracks without a name are named after the file, which is too little to find it by.
         KRErrorHistory reasons;
         const KRGPXConfiguredTrackList tracks =
@@ -134,7 +117,7 @@ KRGPXConfiguredTrackList KRRouteImport::readPlainly(const QFileInfo &file)
         }
         return tracks;
     }
-    logImporter(KRTrackSelectionFactoryGPXFile());
+    KRFileImport::logChoiceOf(KRTrackSelectionFactoryGPXFile());
     KRGPXConfiguredTrackList tracks;
     const QList<KRGPXTrack> plainTracks = KRGPXTrackFile(file, &m_problems).tracks();
     for (const KRGPXTrack &track : plainTracks)

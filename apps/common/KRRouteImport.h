@@ -10,8 +10,8 @@
 
 #include <functional>
 
-class KRGpxImport;
-class KRGpxReadAhead;
+class KRFileImport;
+class KRReadAhead;
 class QFileInfo;
 
 /**
@@ -21,7 +21,7 @@ class QFileInfo;
  * GPX, KML and KMZ files are prepared for the importers, which pass over much of what real files hold. All of a file
  * becomes tracks, or it stands in the file's report.
  *
- * GUI thread only, like the importers. GPX files that are prepared are read by other threads, several at once.
+ * GUI thread only, like the importers. Files that are prepared are read by other threads, several at once.
  */
 class KRRouteImport
 {
@@ -56,11 +56,10 @@ public:
 
 private:
     bool isReadAhead(const QString &fileName) const;
-    bool waitFor(KRGpxReadAhead *gpxFiles) const;
-    void readFile(const QString &fileName, KRGpxReadAhead *gpxFiles);
+    bool waitFor(KRReadAhead *files) const;
+    void readFile(const QString &fileName, KRReadAhead *files);
     void readDocument(const QString &fileName);
-    KRGPXConfiguredTrackList takeGpx(const KRGpxImport &import);
-    KRGPXConfiguredTrackList readKml(const QFileInfo &file);
+    KRGPXConfiguredTrackList take(KRFileImport *import);
     KRGPXConfiguredTrackList readPlainly(const QFileInfo &file);
     /// Unless they are to be split and would become too many.
     void addTracks(const KRGPXConfiguredTrackList &tracks, const QString &fileName);

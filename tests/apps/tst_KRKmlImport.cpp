@@ -60,9 +60,10 @@ private:
 
 KRGPXConfiguredTrackList tst_KRKmlImport::read(const char *name, const QByteArray &content)
 {
-    m_history.clear();
     KRKmlImport import(QFileInfo(KRTestFile::write(path(name), content)));
-    const KRGPXConfiguredTrackList tracks = import.read(&m_history);
+    import.read();
+    const KRGPXConfiguredTrackList tracks = import.configuredTracks();
+    m_history = import.problems();
     m_report = import.report();
     return tracks;
 }

@@ -154,6 +154,19 @@ void tst_KRRouteImport::endsWhenToldTo()
 
     QVERIFY(import.read(files.mid(18)));
     QCOMPARE(import.tracks().last().name(), QStringLiteral("20"));
+
+    // In the middle of a file, too.
+    const QByteArray gpxPoints = QByteArray("<trkpt lat='53' lon='8'/>\n").repeated(300000);
+    const QByteArray place = "<Placemark><Point><coordinates>8,53</coordinates></Point></Placemark>\n";
+    for (const QString &file : {write("large.gpx", "<gpx><trk><trkseg>" + gpxPoints + "</trkseg></trk></gpx>"),
+                                write("large.kml", "<kml><Document>" + place.repeated(20000) + "</Document></kml>")}) {
+        int calls = 0;
+        KRRouteImport large;
+        const auto goesOnOnce = [&calls] { return ++calls == 1; };
+        large.setWaitFunction(goesOnOnce);
+        QVERIFY2(!large.read({file}), qPrintable(file));
+        QVERIFY(large.tracks().isEmpty());
+    }
 }
 
 void tst_KRRouteImport::plainOrComplete()

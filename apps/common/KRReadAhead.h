@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KRGpxImport.h"
+#include "KRFileImport.h"
 
 #include <QStringList>
 
@@ -13,22 +13,23 @@
 class QThread;
 
 /**
- * Reads GPX files in the background, as many at once as there are cores, and hands them out in their order.
+ * Reads files in the background, as many at once as there are cores, and hands them out in their order.
  *
  * The threads are its own: those that readers wait for elsewhere stay free. Where the system starts none, the files
  * are read when they are asked for. For use from one thread.
  */
-class KRGpxReadAhead
+class KRReadAhead
 {
 public:
-    explicit KRGpxReadAhead(const QStringList &fileNames);
+    /// There is a KRFileImport for each of the files.
+    explicit KRReadAhead(const QStringList &fileNames);
     /// Waits for the files that are being read. Those that are not begun with are not read any more.
-    ~KRGpxReadAhead();
+    ~KRReadAhead();
 
     /// Whether the next file is read, waiting for it at most that long.
     bool isNextRead(int milliseconds);
     /// Waits for the next file as long as it takes; there must be one.
-    KRGpxImport takeNext();
+    std::unique_ptr<KRFileImport> takeNext();
 
     /// Begins with no further file. The files that are not yet read must not be taken any more.
     void stop() { m_isStopped = true; }
@@ -36,15 +37,16 @@ public:
     bool isIdle(int milliseconds);
 
 private:
-    Q_DISABLE_COPY(KRGpxReadAhead)
+    Q_DISABLE_COPY(KRReadAhead)
 
     void startThreads();
     /// False when there is none left to begin with.
     bool readFile();
     void readWithoutThreads();
 
-    std::vector<std::packaged_task<KRGpxImport()>> m_tasks;
-    std::vector<std::future<KRGpxImport>> m_imports;
+    std::vector<std::unique_ptr<KRFileImport>> m_imports;
+    std::vector<std::packaged_task<void()>> m_tasks;
+    std::vector<std::future<void>> m_ends;
     std::atomic<std::size_t> m_nextToRead{0};
     std::size_t m_nextToTake = 0;
     std::atomic<bool> m_isStopped{false};

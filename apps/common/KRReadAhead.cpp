@@ -1,4 +1,4 @@
-#include "KRGpxReadAhead.h"
+#include "KRReadAhead.h"
 
 #include <QDeadlineTimer>
 #include <QThread>
@@ -12,33 +12,26 @@ namespace {
 // What the main thread commonly has: the reader goes down with the elements of a file.
 constexpr uint stackBytes = 8 << 20;
 
-KRGpxImport importOf(const QString &fileName)
-{
-    // Made here, since copies of a QFileInfo share what it finds out.
-    KRGpxImport import{QFileInfo(fileName)};
-    import.read();
-    return import;
-}
-
 } // namespace
 
-KRGpxReadAhead::KRGpxReadAhead(const QStringList &fileNames)
+KRReadAhead::KRReadAhead(const QStringList &fileNames)
 {
     for (const QString &fileName : fileNames) {
-        m_tasks.emplace_back([fileName] { return importOf(fileName); });
-        m_imports.push_back(m_tasks.back().get_future());
+        m_imports.push_back(KRFileImport::create(QFileInfo(fileName)));
+        m_tasks.emplace_back([import = m_imports.back().get()] { import->read(); });
+        m_ends.push_back(m_tasks.back().get_future());
     }
     startThreads();
 }
 
-KRGpxReadAhead::~KRGpxReadAhead()
+KRReadAhead::~KRReadAhead()
 {
     stop();
     for (const std::unique_ptr<QThread> &thread : m_threads)
         thread->wait();
 }
 
-void KRGpxReadAhead::startThreads()
+void KRReadAhead::startThreads()
 {
     const std::size_t count = std::min(m_tasks.size(), std::size_t(QThread::idealThreadCount()));
     while (m_threads.size() < count) {
@@ -53,7 +46,7 @@ void KRGpxReadAhead::startThreads()
     }
 }
 
-bool KRGpxReadAhead::readFile()
+bool KRReadAhead::readFile()
 {
     if (m_isStopped)
         return false;
@@ -64,24 +57,25 @@ bool KRGpxReadAhead::readFile()
     return true;
 }
 
-void KRGpxReadAhead::readWithoutThreads()
+void KRReadAhead::readWithoutThreads()
 {
     while (m_threads.empty() && m_nextToRead <= m_nextToTake && readFile()) { }
 }
 
-bool KRGpxReadAhead::isNextRead(int milliseconds)
+bool KRReadAhead::isNextRead(int milliseconds)
 {
     readWithoutThreads();
-    return m_imports[m_nextToTake].wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
+    return m_ends[m_nextToTake].wait_for(std::chrono::milliseconds(milliseconds)) == std::future_status::ready;
 }
 
-KRGpxImport KRGpxReadAhead::takeNext()
+std::unique_ptr<KRFileImport> KRReadAhead::takeNext()
 {
     readWithoutThreads();
-    return m_imports[m_nextToTake++].get();
+    m_ends[m_nextToTake].get();
+    return std::move(m_imports[m_nextToTake++]);
 }
 
-bool KRGpxReadAhead::isIdle(int milliseconds)
+bool KRReadAhead::isIdle(int milliseconds)
 {
     const QDeadlineTimer deadline(milliseconds);
     return std::all_of(m_threads.cbegin(), m_threads.cend(),
