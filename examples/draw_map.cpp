@@ -9,6 +9,7 @@
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 
 #include <QGuiApplication>
+#include <QImageWriter>
 #include <QPainter>
 #include <QUrl>
 
@@ -33,7 +34,6 @@ static KRGPXConfiguredTrack flightLine()
     const KRGPXBeelineCreator creator(places->position(OldenburgSample), places->position(HelsinkiSample));
     KRGPXTrackConfiguration look;
     look.setLineColor(QColor(21, 101, 192));
-    look.setLineWidth(4.0);
     look.setMarkerShape(ArrowMarkerShape);
     return KRGPXConfiguredTrack(creator.createBeeline(QStringLiteral("Flight")), look);
 }
@@ -46,27 +46,34 @@ static double pixelsPerKilometre(const KRMapProjection &projection, const QSize 
     return size.width() / left.distance(projection.convert(QPoint(size.width(), middle)));
 }
 
+static int complain(const QString &problem, int exitCode = 1)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(problem));
+    return exitCode;
+}
+
 int main(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
-    if (arguments.size() < 3) {
-        std::fprintf(stderr, "draw_map PICTURE.png FILE...\n");
-        return 2;
-    }
+    if (arguments.size() < 3)
+        return complain(QStringLiteral("draw_map PICTURE.png FILE..."), 2);
     KRGPXTrackSelection selection{KRGPXConfiguredTrackList(flightLine())};
-    for (const QString &fileName : arguments.mid(2))
-        selection.addTracks(
-            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName)));
+    for (const QString &fileName : arguments.mid(2)) {
+        const KRGPXConfiguredTrackList tracks =
+            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName));
+        if (!tracks.isValid())
+            return complain(fileName + QLatin1String(": no tracks")); // why, stands in the log
+        selection.addTracks(tracks);
+    }
 
     const QSize size(1200, 800);
     const KRMapProjection projection(selection.boundingBox().withPadding(10.0), size);
     QImage picture(size, QImage::Format_ARGB32_Premultiplied);
     picture.fill(QColor(236, 239, 229));
-    QPainter painter(&picture);
-    painter.drawImage(0, 0, Renderer(selection, projection, size).render(StyledRender));
-    painter.end();
+    QPainter(&picture).drawImage(0, 0, Renderer(selection, projection, size).render(StyledRender));
     KROsmScaleRenderer(pixelsPerKilometre(projection, size), size).renderScale(&picture, 1.0);
     KRCopyrightRenderer().renderCopyRight(&picture, 1.0);
-    return picture.save(arguments.at(1)) ? 0 : 1;
+    QImageWriter writer(arguments.at(1));
+    return writer.write(picture) ? 0 : complain(writer.fileName() + QLatin1String(": ") + writer.errorString());
 }

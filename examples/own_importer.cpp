@@ -46,6 +46,10 @@ int main(int argc, char *argv[])
     const QStringList fileNames = QGuiApplication::arguments().mid(1);
     for (const QString &fileName : fileNames) {
         const KRGPXConfiguredTrackList tracks = factory->createConfiguredTrackList(QUrl::fromLocalFile(fileName));
+        if (!tracks.isValid()) {
+            std::fprintf(stderr, "%s: no tracks\n", qUtf8Printable(fileName)); // why, stands in the log
+            return 1;
+        }
         for (const KRGPXConfiguredTrack &track : tracks)
             std::printf("%s: %s\n", qUtf8Printable(track.name()), qUtf8Printable(track.firstPoint().toString(false)));
     }

@@ -5,6 +5,7 @@
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 
 #include <QGuiApplication>
+#include <QImageWriter>
 #include <QPainter>
 #include <QUrl>
 
@@ -38,17 +39,25 @@ private:
     double m_radiusPx;
 };
 
+static int complain(const QString &problem, int exitCode = 1)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(problem));
+    return exitCode;
+}
+
 int main(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
+    if (arguments.size() < 3)
+        return complain(QStringLiteral("own_projection PICTURE.png FILE..."), 2);
     KRGPXTrackSelection selection;
-    for (const QString &fileName : arguments.mid(2))
-        selection.addTracks(
-            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName)));
-    if (!selection.isValid()) {
-        std::fprintf(stderr, "own_projection PICTURE.png FILE...\n");
-        return 2;
+    for (const QString &fileName : arguments.mid(2)) {
+        const KRGPXConfiguredTrackList tracks =
+            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName));
+        if (!tracks.isValid())
+            return complain(fileName + QLatin1String(": no tracks")); // why, stands in the log
+        selection.addTracks(tracks);
     }
     // The picture is as high as the tracks reach from south to north, and a quarter more.
     const KRGeoPositionRect area = selection.boundingBox();
@@ -61,5 +70,6 @@ int main(int argc, char *argv[])
     painter.setRenderHint(QPainter::Antialiasing);
     renderer.renderWith(painter, StyledRender);
     painter.end();
-    return picture.save(arguments.at(1)) ? 0 : 1;
+    QImageWriter writer(arguments.at(1));
+    return writer.write(picture) ? 0 : complain(writer.fileName() + QLatin1String(": ") + writer.errorString());
 }

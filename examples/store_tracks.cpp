@@ -12,8 +12,8 @@
 
 #include <cstdio>
 
-/// Each track gets a file of its own beside the document, which only names it.
-static bool save(const KRGPXTrackSelection &selection, const QFileInfo &file)
+/// Each track gets a file of its own beside the document, which only names it. Why that fails goes to @p reason.
+static bool save(const KRGPXTrackSelection &selection, const QFileInfo &file, QString *reason)
 {
     QDomDocument document;
     QDomElement root = document.createElement(QStringLiteral("holiday"));
@@ -24,7 +24,9 @@ static bool save(const KRGPXTrackSelection &selection, const QFileInfo &file)
 
     QSaveFile target(file.filePath());
     const QByteArray bytes = document.toByteArray(1);
-    return target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit();
+    const bool isSaved = target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size() && target.commit();
+    *reason = target.errorString();
+    return isSaved;
 }
 
 static KRGPXTrackSelection load(const QFileInfo &file)
@@ -33,17 +35,28 @@ static KRGPXTrackSelection load(const QFileInfo &file)
     return KRGPXTrackSelection(root.firstChildElement(QStringLiteral("routes")), file.absoluteDir());
 }
 
+static int complain(const QString &problem)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(problem));
+    return 1;
+}
+
 int main(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
     const QFileInfo document(arguments.value(1));
     KRGPXTrackSelection selection;
-    for (const QString &fileName : arguments.mid(2))
-        selection.addTracks(
-            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName)));
-    if (!save(selection, document))
-        return 1;
+    for (const QString &fileName : arguments.mid(2)) {
+        const KRGPXConfiguredTrackList tracks =
+            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName));
+        if (!tracks.isValid())
+            return complain(fileName + QLatin1String(": no tracks")); // why, stands in the log
+        selection.addTracks(tracks);
+    }
+    QString reason;
+    if (!save(selection, document, &reason))
+        return complain(document.filePath() + QLatin1String(": ") + reason);
 
     const KRGPXConfiguredTrackList tracks = load(document).tracks();
     for (const KRGPXConfiguredTrack &track : tracks)

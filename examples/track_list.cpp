@@ -7,11 +7,18 @@
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 
 #include <QApplication>
+#include <QImageWriter>
 #include <QListView>
 #include <QUrl>
 
 #include <cstdio>
 #include <utility>
+
+static int complain(const QString &problem)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(problem));
+    return 1;
+}
 
 int main(int argc, char *argv[])
 {
@@ -23,9 +30,13 @@ int main(int argc, char *argv[])
         fileNames = fileNames.mid(2);
     }
     KRGPXTrackSelection selection;
-    for (const QString &fileName : std::as_const(fileNames))
-        selection.addTracks(
-            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName)));
+    for (const QString &fileName : std::as_const(fileNames)) {
+        const KRGPXConfiguredTrackList tracks =
+            KRTrackSelectionFactory::instance()->createConfiguredTrackList(QUrl::fromLocalFile(fileName));
+        if (!tracks.isValid())
+            return complain(fileName + QLatin1String(": no tracks")); // why, stands in the log
+        selection.addTracks(tracks);
+    }
 
     KRGPXTrackListModel model;
     model.setSelection(selection);
@@ -51,5 +62,7 @@ int main(int argc, char *argv[])
         return QApplication::exec();
     view.grab(); // the rows get their buttons when they are painted first
     QApplication::processEvents();
-    return view.grab().save(picture) ? 0 : 1;
+    QImageWriter writer(picture);
+    const bool isWritten = writer.write(view.grab().toImage());
+    return isWritten ? 0 : complain(picture + QLatin1String(": ") + writer.errorString());
 }

@@ -2,6 +2,7 @@
 #include "KRRouteImport.h"
 #include "KRTestFile.h"
 #include "KRTestRegistry.h"
+#include "KRTestTable.h"
 
 #include <QImage>
 #include <QtTest>
@@ -20,6 +21,7 @@ class tst_KRCookbook : public QObject
 private slots:
     void commands_data();
     void commands();
+    void examplesTellWhatFails();
     void piecesOfSources();
 
 private:
@@ -48,6 +50,20 @@ QString describe(const QString &fileName)
         for (int x = 0; x < image.width(); ++x)
             colors.insert(image.pixel(x, y));
     return colors.size() > 1 ? QStringLiteral("%1 x %2").arg(image.width()).arg(image.height()) : QString();
+}
+
+bool runsToItsEnd(QProcess *shell, const QString &dir, const QString &commands)
+{
+    shell->setWorkingDirectory(dir);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    environment.remove(QStringLiteral("LANGUAGE"));
+    environment.insert(QStringLiteral("PATH"),
+                       QStringLiteral(KR_PROGRAMS_DIR ":") + environment.value(QStringLiteral("PATH")));
+    shell->setProcessEnvironment(environment);
+    shell->start(QStringLiteral("bash"),
+                 {QStringLiteral("-euo"), QStringLiteral("pipefail"), QStringLiteral("-c"), commands});
+    return shell->waitForFinished(120000) && shell->exitStatus() == QProcess::NormalExit;
 }
 
 void compareFiles(const QDir &dir, const KRFencedBlock &files)
@@ -82,19 +98,9 @@ void tst_KRCookbook::commands()
         QVERIFY(QFile::copy(sample.filePath(), dir.filePath(sample.fileName())));
 
     QProcess shell;
-    shell.setWorkingDirectory(dir.path());
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.remove(QStringLiteral("LANGUAGE"));
-    environment.insert(QStringLiteral("PATH"),
-                       QStringLiteral(KR_PROGRAMS_DIR ":") + environment.value(QStringLiteral("PATH")));
-    shell.setProcessEnvironment(environment);
-    shell.start(QStringLiteral("bash"),
-                {QStringLiteral("-euo"), QStringLiteral("pipefail"), QStringLiteral("-c"), blocks.at(index).text});
-    QVERIFY(shell.waitForFinished(120000));
+    QVERIFY(runsToItsEnd(&shell, dir.path(), blocks.at(index).text));
     const QString output = QString::fromUtf8(shell.readAllStandardOutput());
-    QVERIFY2(shell.exitStatus() == QProcess::NormalExit && shell.exitCode() == 0,
-             shell.readAllStandardError().constData());
+    QVERIFY2(shell.exitCode() == 0, shell.readAllStandardError().constData());
 
     for (int i = index + 1; i < blocks.size() && blocks.at(i).language == QLatin1String("text"); ++i) {
         if (blocks.at(i).hasMark(QStringLiteral("output")))
@@ -102,6 +108,33 @@ void tst_KRCookbook::commands()
         else
             compareFiles(QDir(dir.path()), blocks.at(i));
     }
+}
+
+void tst_KRCookbook::examplesTellWhatFails()
+{
+    if (!KR_HAS_EXAMPLES)
+        QSKIP("the examples are not built");
+    // Readers copy these programs, so they are to end as programs should.
+    const KRTestTable<const char *, QByteArray> table{
+        {"picture without tracks", "draw_map a.png none.gpx", "none.gpx: no tracks"},
+        {"importer", "own_importer none.csv", "none.csv: no tracks"},
+        {"projection", "own_projection a.png none.gpx", "none.gpx: no tracks"},
+        {"document without tracks", "store_tracks a.xml none.gpx", "none.gpx: no tracks"},
+        {"figures", "track_figures none.gpx", "none.gpx"},
+        {"list", "track_list none.gpx", "none.gpx: no tracks"},
+        {"picture in no folder", "draw_map none/a.png $tour", "none/a.png: "},
+        {"document in no folder", "store_tracks none/a.xml $tour", "none/a.xml: "},
+        {"window in no folder", "track_list --picture none/a.png $tour", "none/a.png: "},
+    };
+    const QString tour = QStringLiteral("tour=" KR_SAMPLES_DIR "/oldenburg-radtour.gpx; ");
+    table.forEach([&](const char *command, const QByteArray &words) {
+        const QTemporaryDir dir;
+        QProcess shell;
+        QVERIFY(runsToItsEnd(&shell, dir.path(), tour + QLatin1String(command)));
+        QCOMPARE(shell.exitCode(), 1);
+        const QByteArray complaint = shell.readAllStandardError();
+        QVERIFY2(complaint.contains(words), complaint.constData());
+    });
 }
 
 void tst_KRCookbook::piecesOfSources()
