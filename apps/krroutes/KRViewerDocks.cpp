@@ -14,7 +14,6 @@
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 KRViewerDocks::KRViewerDocks(KRRouteWorkspace *workspace, QMainWindow *window)
@@ -22,7 +21,7 @@ KRViewerDocks::KRViewerDocks(KRRouteWorkspace *workspace, QMainWindow *window)
       m_cropping(new KRCroppingControl), m_look(new KRLookEditor), m_places(new KRPlacesPanel),
       m_profile(new KRProfileView), m_figures(new KRFiguresPanel),
       m_trackDock(addDock(Qt::LeftDockWidgetArea, QStringLiteral("tracks"), tr("&Routen"), createTrackPanel())),
-      m_lookDock(addDock(Qt::RightDockWidgetArea, QStringLiteral("look"), tr("A&ussehen"), createLookPanel())),
+      m_lookDock(addDock(Qt::RightDockWidgetArea, QStringLiteral("look"), tr("A&ussehen"), m_look)),
       m_placesDock(addDock(Qt::RightDockWidgetArea, QStringLiteral("places"), tr("&Orte"), m_places)),
       m_profileDock(addDock(Qt::BottomDockWidgetArea, QStringLiteral("profile"), tr("&Höhenprofil"), m_profile)),
       m_figuresDock(addDock(Qt::LeftDockWidgetArea, QStringLiteral("figures"), tr("Kenn&zahlen"), m_figures))
@@ -81,18 +80,6 @@ QWidget *KRViewerDocks::createTrackPanel()
     layout->addWidget(m_trackList, 1);
     layout->addWidget(m_cropping);
     return panel;
-}
-
-QWidget *KRViewerDocks::createLookPanel()
-{
-    auto *const area = new QScrollArea;
-    area->setWidget(m_look);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_look->setMinimumWidth(m_look->minimumSizeHint().width());
-    area->setMinimumWidth(m_look->minimumSizeHint().width());
-    return area;
 }
 
 void KRViewerDocks::arrange()

@@ -50,7 +50,6 @@ signals:
 private:
     QDockWidget *addDock(Qt::DockWidgetArea area, const QString &name, const QString &title, QWidget *widget);
     QWidget *createTrackPanel();
-    QWidget *createLookPanel();
     void arrange();
     void showDock(QDockWidget *dock, QWidget *widget);
 
