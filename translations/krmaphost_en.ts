@@ -46,13 +46,17 @@
         <source>Das Ergebnis ließe sich nicht wieder öffnen: %1</source>
         <translation>The result could not be opened again: %1</translation>
     </message>
+    <message>
+        <source>Routen ohne Position: %1</source>
+        <translation>Routes without a position: %1</translation>
+    </message>
+    <message>
+        <source>Ausgelassene Positionen ohne gültige Koordinaten: %1</source>
+        <translation>Positions left out for want of valid coordinates: %1</translation>
+    </message>
 </context>
 <context>
     <name>KRGpxImport</name>
-    <message>
-        <source>Die Datei kann nicht umgeschrieben werden: %1</source>
-        <translation>The file cannot be rewritten: %1</translation>
-    </message>
     <message>
         <source>Die Datei wurde geändert, während sie gelesen wurde.</source>
         <translation>The file was changed while it was read.</translation>
@@ -91,13 +95,6 @@
     <message>
         <source>Die Datei hat mehr als %1 Segmente.</source>
         <translation>The file has more than %1 segments.</translation>
-    </message>
-</context>
-<context>
-    <name>KRGpxRewriter</name>
-    <message>
-        <source>Die Datei kann nicht umgeschrieben werden: %1</source>
-        <translation>The file cannot be rewritten: %1</translation>
     </message>
 </context>
 <context>
@@ -305,6 +302,10 @@
     <message>
         <source>Es hat mehr als %1 Knoten.</source>
         <translation>It has more than %1 nodes.</translation>
+    </message>
+    <message>
+        <source>Ohne Ordner kann das Dokument die Datei „%1“ nicht nennen.</source>
+        <translation>Without a folder the document cannot name the file &quot;%1&quot;.</translation>
     </message>
 </context>
 <context>

@@ -254,13 +254,6 @@
         <source>Die Karte wird gezeichnet …</source>
         <translation>Drawing the map …</translation>
     </message>
-    <message numerus="yes">
-        <source>Auf der Karte fehlen %n Kacheln.</source>
-        <translation>
-            <numerusform>%n tile is missing on the map.</numerusform>
-            <numerusform>%n tiles are missing on the map.</numerusform>
-        </translation>
-    </message>
     <message>
         <source>„%1“ kann nicht geschrieben werden.
 
@@ -389,6 +382,16 @@
     <message>
         <source>Entfernung: %1</source>
         <translation>Distance: %1</translation>
+    </message>
+</context>
+<context>
+    <name>KRGapsWarning</name>
+    <message numerus="yes">
+        <source>Auf der Karte fehlen %n Kacheln.</source>
+        <translation>
+            <numerusform>%n tile is missing on the map.</numerusform>
+            <numerusform>%n tiles are missing on the map.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -641,14 +644,6 @@
         <translation>&amp;Edit</translation>
     </message>
     <message>
-        <source>&amp;Fluglinie …</source>
-        <translation>&amp;Flight line …</translation>
-    </message>
-    <message>
-        <source>&amp;Ort …</source>
-        <translation>&amp;Place …</translation>
-    </message>
-    <message>
         <source>&amp;Einstellungen …</source>
         <translation>&amp;Preferences …</translation>
     </message>
@@ -689,32 +684,20 @@
         <translation>%1[*] – Routes</translation>
     </message>
     <message>
-        <source>&amp;Ort hier hinzufügen</source>
-        <translation>Add &amp;place here</translation>
-    </message>
-    <message>
-        <source>Ort</source>
-        <translation>Place</translation>
-    </message>
-    <message>
-        <source>&amp;Fluglinie von hier …</source>
-        <translation>&amp;Flight line from here …</translation>
-    </message>
-    <message>
-        <source>Ort „%1“ hinzufügen</source>
-        <translation>Add place &quot;%1&quot;</translation>
-    </message>
-    <message>
-        <source>Fluglinie „%1“ hinzufügen</source>
-        <translation>Add flight line &quot;%1&quot;</translation>
-    </message>
-    <message>
         <source>Über dieses Programm</source>
         <translation>About this program</translation>
     </message>
     <message>
         <source>&lt;h3&gt;Routen %1&lt;/h3&gt;&lt;p&gt;Zeigt, bearbeitet und druckt Routen und Orte auf einer Landkarte.&lt;/p&gt;&lt;p&gt;Eingebaute Karte: Made with Natural Earth.&lt;/p&gt;</source>
         <translation>&lt;h3&gt;Routes %1&lt;/h3&gt;&lt;p&gt;Shows, edits and prints routes and places on a map.&lt;/p&gt;&lt;p&gt;Built-in map: Made with Natural Earth.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Karte: %1</source>
+        <translation>Map: %1</translation>
+    </message>
+    <message>
+        <source>Das System startet keinen weiteren Thread, und ohne wird nichts gezeichnet.</source>
+        <translation>The system starts no further thread, and nothing is drawn without one.</translation>
     </message>
 </context>
 <context>
@@ -818,6 +801,37 @@
     <message>
         <source>Strich, Punkt, Punkt</source>
         <translation>dash, dot, dot</translation>
+    </message>
+</context>
+<context>
+    <name>KRPlaceActions</name>
+    <message>
+        <source>&amp;Ort …</source>
+        <translation>&amp;Place …</translation>
+    </message>
+    <message>
+        <source>&amp;Fluglinie …</source>
+        <translation>&amp;Flight line …</translation>
+    </message>
+    <message>
+        <source>&amp;Ort hier hinzufügen</source>
+        <translation>Add &amp;place here</translation>
+    </message>
+    <message>
+        <source>Ort</source>
+        <translation>Place</translation>
+    </message>
+    <message>
+        <source>&amp;Fluglinie von hier …</source>
+        <translation>&amp;Flight line from here …</translation>
+    </message>
+    <message>
+        <source>Ort „%1“ hinzufügen</source>
+        <translation>Add place &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Fluglinie „%1“ hinzufügen</source>
+        <translation>Add flight line &quot;%1&quot;</translation>
     </message>
 </context>
 <context>
