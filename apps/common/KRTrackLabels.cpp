@@ -7,6 +7,10 @@
 
 #include <KRGeoLocation/KRGPXLineCrowd.h>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 namespace {
 
 // Pixels of a normal screen.
@@ -32,8 +36,8 @@ QColor letterColor(const QColor &lineColor)
     return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), qMin(hsl.lightnessF(), greatestLightness));
 }
 
-/// After so many names in succession that have found no place there is none for others either.
-constexpr int mostFailures = 200;
+/// Names that find no place, before the others are not tried any more: each takes long.
+constexpr int mostFailures = 3000;
 
 /// A track that is to be named, and how much of the map its line takes.
 struct NamedTrack {
@@ -56,14 +60,26 @@ double widthOf(const KRGPXConfiguredTrack &track, double factor)
     return ((isMarker ? markerLineWidths : 1.0) * width + track.haloWidth().toDouble()) * factor;
 }
 
-/// Has names kept off the line, as far as it shows beside those before.
-void keepOff(const QPolygonF &line, double width, KRGPXLineCrowd *lines, KRMapCells *cells)
+/// A line that names are to be kept off.
+struct KeptLine {
+    QPolygonF line;
+    double width;
+};
+
+/// Has names kept off the lines, the widest first, as far as each shows beside those before.
+void keepOff(std::vector<KeptLine> lines, const QSize &size, KRMapCells *cells)
 {
-    if (line.size() == 1)
-        cells->addLine(line, width);
-    for (int i = 1; i < line.size(); ++i) {
-        if (lines->takes(line.at(i - 1), line.at(i)))
-            cells->addLine(QPolygonF(QVector<QPointF>{line.at(i - 1), line.at(i)}), width);
+    std::stable_sort(lines.begin(), lines.end(),
+                     [](const KeptLine &a, const KeptLine &b) { return a.width > b.width; });
+    KRGPXLineCrowd crowd(size, lines.empty() ? 0.0 : lines.front().width);
+    for (const KeptLine &kept : lines) {
+        const QPolygonF &line = kept.line;
+        if (line.size() == 1)
+            cells->addLine(line, kept.width);
+        for (int i = 1; i < line.size(); ++i) {
+            if (crowd.takes(line.at(i - 1), line.at(i)))
+                cells->addLine(QPolygonF(QVector<QPointF>{line.at(i - 1), line.at(i)}), kept.width);
+        }
     }
 }
 
@@ -105,17 +121,19 @@ KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, co
 {
     const KRMapTrackRenderer renderer(selection, projection, size, factor);
     KRMapCells cells(size, cellSize * factor);
-    KRGPXLineCrowd lines(size);
+    std::vector<KeptLine> lines;
     QVector<NamedTrack> named;
     const KRGPXConfiguredTrackList tracks = selection.tracks();
     for (const KRGPXConfiguredTrack &track : tracks) {
         const KRTrackInView view(renderer, track, size);
         const double width = widthOf(track, factor);
         for (const QPolygonF &line : view.lines())
-            keepOff(line, width, &lines, &cells);
+            lines.push_back({line, width});
         if (!view.isEmpty() && !track.name().simplified().isEmpty())
             named.append({view, &track, width});
     }
+
+    keepOff(std::move(lines), size, &cells);
 
     KRMapLabelBoard board(QRectF(QPointF(), size), labelMargin * factor);
     for (const QRectF &box : keptFree)
@@ -126,7 +144,7 @@ KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, co
         const bool isPlaced = addInside(*track, label, cells, &board)
                               || addBeside(*track, label, &cells, factor, &board)
                               || addBeside(*track, label, nullptr, factor, &board);
-        failures = isPlaced ? 0 : failures + 1;
+        failures += isPlaced ? 0 : 1;
     }
     return board;
 }

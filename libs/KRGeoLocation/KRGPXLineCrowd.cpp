@@ -5,7 +5,8 @@
 
 namespace {
 
-constexpr int squarePx = 4;
+constexpr double smallestSquarePx = 4.0;
+constexpr double squaresOfReach = 4.0;
 constexpr int mostLinesOfSquare = 32;
 
 constexpr std::size_t knownLines = 4096; // a power of two
@@ -20,30 +21,34 @@ int quarters(double pixels)
 
 } // namespace
 
-KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size)
-    : m_area(0.0, 0.0, size.width(), size.height()), m_columns(size.width() / squarePx + 1),
-      m_squares(std::size_t(m_columns) * std::size_t(size.height() / squarePx + 1)), m_known(knownLines)
+KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size, double reach)
+    : m_area(-reach, -reach, size.width() + 2.0 * reach, size.height() + 2.0 * reach),
+      m_squarePx(std::max(smallestSquarePx, reach / squaresOfReach)),
+      m_columns(std::size_t(m_area.width() / m_squarePx) + 1),
+      m_squares(m_columns * (std::size_t(m_area.height() / m_squarePx) + 1)), m_known(knownLines)
 { }
 
 bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
 {
-    if (isKnown(from, to))
-        return false;
     QPointF begin = from;
     QPointF end = to;
-    cutToImage(&begin, &end);
+    if (!cutToArea(&begin, &end) || isKnown(from, to))
+        return false;
     const QPointF way = end - begin;
-    const int steps = int(std::max(std::abs(way.x()), std::abs(way.y()))) / squarePx + 1;
+    const int steps = int(std::max(std::abs(way.x()), std::abs(way.y())) / m_squarePx) + 1;
+    // A line counts once for a square, and not again for that where it goes on from the one before.
+    const std::size_t endSquare = squareOf(end);
+    std::size_t last = squareOf(begin) == endSquare ? m_squares.size() : m_lastSquare;
     bool isAnyFree = false;
     for (int i = 0; i <= steps; ++i) {
-        const QPointF place = begin + way * (double(i) / steps);
-        const auto row = std::size_t(place.y()) / squarePx;
-        std::uint8_t &lines = m_squares[row * std::size_t(m_columns) + std::size_t(place.x()) / squarePx];
-        if (lines < mostLinesOfSquare) {
+        const std::size_t square = squareOf(begin + way * (double(i) / steps));
+        std::uint8_t &lines = m_squares[square];
+        isAnyFree = isAnyFree || lines < mostLinesOfSquare;
+        if (square != last && lines < mostLinesOfSquare)
             ++lines;
-            isAnyFree = true;
-        }
+        last = square;
     }
+    m_lastSquare = endSquare;
     return isAnyFree;
 }
 
@@ -65,34 +70,38 @@ bool KRGPXLineCrowd::isKnown(const QPointF &from, const QPointF &to)
     return false;
 }
 
-/// What lies beside the image counts at its edge, where the pen may reach.
-void KRGPXLineCrowd::cutToImage(QPointF *from, QPointF *to) const
+/// False when nothing of the line is in the area (Liang and Barsky 1984).
+bool KRGPXLineCrowd::cutToArea(QPointF *from, QPointF *to) const
 {
-    const auto cutAt = [](double edge, double a, double b) { return (edge - a) / (b - a); };
-    const auto cutEnd = [&](QPointF *end, const QPointF &other) {
-        double part = 0.0; // of the way from this end to the other, that is outside
-        if (end->x() < m_area.left() && other.x() > m_area.left())
-            part = std::max(part, cutAt(m_area.left(), end->x(), other.x()));
-        if (end->x() > m_area.right() && other.x() < m_area.right())
-            part = std::max(part, cutAt(m_area.right(), end->x(), other.x()));
-        if (end->y() < m_area.top() && other.y() > m_area.top())
-            part = std::max(part, cutAt(m_area.top(), end->y(), other.y()));
-        if (end->y() > m_area.bottom() && other.y() < m_area.bottom())
-            part = std::max(part, cutAt(m_area.bottom(), end->y(), other.y()));
-        *end += (other - *end) * part;
-    };
     const QPointF start = *from;
-    cutEnd(from, *to);
-    cutEnd(to, start);
-    for (QPointF *end : {from, to}) {
-        end->setX(std::clamp(end->x(), m_area.left(), m_area.right()));
-        end->setY(std::clamp(end->y(), m_area.top(), m_area.bottom()));
-    }
+    const QPointF way = *to - start;
+    double first = 0.0; // parts of the way
+    double last = 1.0;
+    const auto cut = [&](double outwards, double room) {
+        if (outwards < 0.0)
+            first = std::max(first, room / outwards);
+        else if (outwards > 0.0)
+            last = std::min(last, room / outwards);
+        return first <= last && (outwards != 0.0 || room >= 0.0);
+    };
+    const bool isInside = cut(-way.x(), start.x() - m_area.left()) && cut(way.x(), m_area.right() - start.x())
+                          && cut(-way.y(), start.y() - m_area.top()) && cut(way.y(), m_area.bottom() - start.y());
+    *from = start + way * first;
+    *to = start + way * last;
+    return isInside;
 }
 
-QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform &transform, const QSize &size)
+std::size_t KRGPXLineCrowd::squareOf(const QPointF &place) const
 {
-    KRGPXLineCrowd crowd(size);
+    const double x = std::clamp(place.x(), m_area.left(), m_area.right()) - m_area.left();
+    const double y = std::clamp(place.y(), m_area.top(), m_area.bottom()) - m_area.top();
+    return std::size_t(y / m_squarePx) * m_columns + std::size_t(x / m_squarePx);
+}
+
+QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform &transform, const QSize &size,
+                                     double reach)
+{
+    KRGPXLineCrowd crowd(size, reach);
     QPainterPath lines;
     lines.setFillRule(path.fillRule());
     QPointF place; // in pixels

@@ -14,9 +14,9 @@
 /**
  * Picks from very many lines of one pen those that show.
  *
- * Where dozens of them have passed through a square of a few pixels, one more through nothing but such squares shows
- * nothing new. So the time that drawing takes is bounded by the size of the image, however many lines there are. Made
- * for one image, on one thread.
+ * Where dozens of them have passed through a square that is small beside their width, or beside a pixel's, one more
+ * through nothing but such squares shows nothing new. So the time that drawing takes is bounded by the size of the
+ * image, however many lines there are. Made for one image, on one thread.
  */
 class KRGEOLOCATION_EXPORT KRGPXLineCrowd
 {
@@ -24,8 +24,11 @@ public:
     /// Paths of fewer elements are worth no thinning.
     static constexpr int fewElements = 20000;
 
-    /// @param size of the image in pixels
-    explicit KRGPXLineCrowd(const QSize &size);
+    /**
+     * @param size of the image in pixels
+     * @param reach how many pixels beside a line its pen leaves marks
+     */
+    KRGPXLineCrowd(const QSize &size, double reach);
 
     /// Whether a line between two places, in pixels of the image, shows beside those asked for before.
     bool takes(const QPointF &from, const QPointF &to);
@@ -36,7 +39,7 @@ public:
      * @param path of straight lines only
      * @param transform from the path to pixels of the image
      */
-    static QPainterPath thinned(const QPainterPath &path, const QTransform &transform, const QSize &size);
+    static QPainterPath thinned(const QPainterPath &path, const QTransform &transform, const QSize &size, double reach);
 
 private:
     /// In quarters of a pixel, so that lines upon each other are equal.
@@ -53,10 +56,13 @@ private:
     };
 
     bool isKnown(const QPointF &from, const QPointF &to);
-    void cutToImage(QPointF *from, QPointF *to) const;
+    bool cutToArea(QPointF *from, QPointF *to) const;
+    std::size_t squareOf(const QPointF &place) const;
 
-    QRectF m_area;
-    int m_columns;
+    QRectF m_area; // the image, and around it from where lines reach into it
+    double m_squarePx;
+    std::size_t m_columns;
     std::vector<std::uint8_t> m_squares; // lines through each, row by row
+    std::size_t m_lastSquare = std::numeric_limits<std::size_t>::max(); // where the line before has ended
     std::vector<Line> m_known; // each where its numbers lead
 };

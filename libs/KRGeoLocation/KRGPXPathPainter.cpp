@@ -34,6 +34,9 @@ constexpr int tileSize = 64;
 // A larger image has rows that the rasteriser of our own should not keep in memory.
 constexpr int largestRasterPx = 65536;
 
+// The outline of an area that is longer is no outline any more on an image, but takes its time.
+constexpr double longestOutlinePx = 3e8;
+
 // around a line, beside its pen: the soft edge and the rounding of the rasteriser
 constexpr double softEdgePx = 1.5;
 
@@ -94,6 +97,35 @@ double reachOf(const QPen &pen, const Stretch &stretch)
 {
     const double corner = pen.capStyle() == Qt::SquareCap ? std::sqrt(2.0) : 1.0;
     return pen.widthF() / 2.0 * corner * stretch.most + softEdgePx;
+}
+
+// Half transparent lines that are painted one by one are the denser the more of them there are.
+bool isForCrowd(const QPainterPath &path, const QPen &pen, const Stretch &stretch)
+{
+    return path.elementCount() > KRGPXLineCrowd::fewElements && pen.style() == Qt::SolidLine
+           && (isWidePen(pen, stretch) || pen.color().alpha() == 255) && hasLinesOnly(path);
+}
+
+// Cosmetic pens do not stretch.
+double crowdReachOf(const QPen &pen, const Stretch &stretch)
+{
+    return std::max(reachOf(pen, stretch), pen.widthF() + softEdgePx);
+}
+
+// How many pixels of the image the outline of an area passes, at most: the time that filling takes.
+double outlinePx(const QPainterPath &path, const QTransform &transform, const QSize &size)
+{
+    double length = 0.0;
+    QPointF last;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPointF place = transform.map(QPointF(path.elementAt(i)));
+        const QPointF way = place - last;
+        if (i > 0)
+            length +=
+                std::min(std::abs(way.x()), double(size.width())) + std::min(std::abs(way.y()), double(size.height()));
+        last = place;
+    }
+    return length;
 }
 
 bool isLong(const QPainterPath &path, const QTransform &transform)
@@ -221,9 +253,9 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     const QTransform transform = painter->deviceTransform();
     const Stretch stretch = stretchOf(transform);
     const QImage *const image = imageOf(painter);
-    const bool isCrowd = image && pen.style() == Qt::SolidLine && wholePath.elementCount() > KRGPXLineCrowd::fewElements
-                         && hasLinesOnly(wholePath);
-    const QPainterPath path = isCrowd ? KRGPXLineCrowd::thinned(wholePath, transform, image->size()) : wholePath;
+    const bool isCrowd = image && isForCrowd(wholePath, pen, stretch);
+    const QPainterPath path =
+        isCrowd ? KRGPXLineCrowd::thinned(wholePath, transform, image->size(), crowdReachOf(pen, stretch)) : wholePath;
     const bool usesRaster = image && isForRaster(painter, image);
     // In tiles nobody would know where the dashes begin.
     const bool isKnownPen = isWidePen(pen, stretch) && (pen.style() == Qt::SolidLine || (usesRaster && isDashed(pen)));
@@ -263,6 +295,8 @@ void KRGPXPathPainter::fillPath(QPainter *painter, const QPainterPath &path, con
         return;
     }
     const QTransform transform = painter->deviceTransform();
+    if (outlinePx(path, transform, image->size()) > longestOutlinePx)
+        return;
     if (isForRaster(painter, image) && isNear(transform.mapRect(path.controlPointRect()))
         && paintOutline(path, transform, brush.color(), image))
         return;

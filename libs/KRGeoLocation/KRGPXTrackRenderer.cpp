@@ -38,14 +38,13 @@ constexpr double minimumStep = 4.0;
 // pixels at rendering factor 1
 constexpr double shortestArrow = 10.0;
 constexpr double longestArrow = 100.0;
+
 // degrees between an arrow's shaft and each of its barbs
 constexpr double barbAngle = 30.0;
 
 // Pixels beyond are no places on any map, and their distances no numbers to draw with.
 constexpr double farthestPixel = 1e12;
 constexpr double widestLine = 32767.0;
-// An area of more is no area any more on an image, but takes its time.
-constexpr int mostFilledElements = 300000;
 
 bool isPixel(const QPointF &point)
 {
@@ -430,8 +429,7 @@ void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const QPainterPath &path
                                      const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
 {
     painter->save();
-    const bool isFilled = option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption);
-    if (isFilled && path.elementCount() <= mostFilledElements)
+    if (option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption))
         KRGPXPathPainter::fillPath(painter, path, brushFromTrack(configuration, option));
     drawPath(painter, path, configuration, option);
     painter->restore();

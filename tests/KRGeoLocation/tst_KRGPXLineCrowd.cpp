@@ -1,0 +1,46 @@
+#include <KRGeoLocation/KRGPXLineCrowd.h>
+
+#include "KRTest.h"
+
+/// What is thinned must not be missed.
+class tst_KRGPXLineCrowd : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void linesBesideTheImageTakeNoPlace()
+    {
+        constexpr double reach = 6.0;
+        KRGPXLineCrowd crowd(QSize(200, 100), reach);
+        for (int i = 0; i < 20000; ++i)
+            QVERIFY(!crowd.takes(QPointF(-7.0 - i % 50, i % 100), QPointF(-50.0 - i % 70, 100.0 - i % 90)));
+        for (const double x : {-5.0, 1.5, 199.0, 205.0})
+            for (double y = 0.0; y < 100.0; y += 5.0)
+                QVERIFY(crowd.takes(QPointF(x, y), QPointF(x, y + 5.0)));
+        // across, from far beyond both sides
+        QVERIFY(crowd.takes(QPointF(-1e9, -1e9), QPointF(1e9, 1e9)));
+        QVERIFY(!crowd.takes(QPointF(-1e9, 0.0), QPointF(0.0, 1e9)));
+    }
+
+    void dozensOfWaysShow()
+    {
+        const KRTestTable<double> table{{"short lines", 4.2}, {"longer ones", 17.0}, {"one line", 400.0}};
+        table.forEach([](double length) {
+            KRGPXLineCrowd crowd(QSize(400, 100), 2.0);
+            int firstRefused = -1;
+            for (int pass = 0; pass < 100 && firstRefused < 0; ++pass) {
+                bool isAnyTaken = false;
+                for (double x = -0.3 * pass; x < 400.0; x += length) { // not the same lines again
+                    const bool isTaken = crowd.takes(QPointF(x, 50.0), QPointF(x + length, 50.0));
+                    isAnyTaken = isAnyTaken || isTaken;
+                }
+                firstRefused = isAnyTaken ? -1 : pass;
+            }
+            QVERIFY2(firstRefused >= 24 && firstRefused < 100, QByteArray::number(firstRefused).constData());
+        });
+    }
+};
+
+static const KRTestRegistration<tst_KRGPXLineCrowd> registration;
+
+#include "tst_KRGPXLineCrowd.moc"
