@@ -89,7 +89,7 @@ int KRGPXWorldCopies::finishedRounds(const QPainterPath &path) const
         return 0;
     const double width = std::abs(m_offset.x());
     for (int i = 1; i < path.elementCount(); ++i)
-        if (std::abs(path.elementAt(i).x - path.elementAt(i - 1).x) > width)
+        if (!path.elementAt(i).isMoveTo() && std::abs(path.elementAt(i).x - path.elementAt(i - 1).x) > width)
             return 0; // a place that is none, not a round
     const double rounds = std::ceil(path.controlPointRect().width() / width) - 1.0;
     return std::min(KRMath::toInt(std::max(0.0, rounds)), mostElements / std::max(1, path.elementCount()));
