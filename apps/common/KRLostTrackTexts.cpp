@@ -31,10 +31,13 @@ void KRLostTrackTexts::remember(const QFileInfo &file, const KRGPXTrack &track, 
     m_texts.insert({file.absoluteFilePath(), track.description()}, copy);
 }
 
-void KRLostTrackTexts::rememberFile(const QFileInfo &file, const KRGPXTrack &track)
+bool KRLostTrackTexts::rememberFile(const QFileInfo &file, const KRGPXTrack &track)
 {
     const QMutexLocker locker(&m_mutex);
-    m_paths.insert({track.name(), track.description()}, file.absoluteFilePath());
+    QString &path = m_paths[{track.name(), track.description()}];
+    if (path.isEmpty())
+        path = file.absoluteFilePath();
+    return path == file.absoluteFilePath();
 }
 
 QString KRLostTrackTexts::fileOf(const KRGPXTrack &track, const QDir &folder) const

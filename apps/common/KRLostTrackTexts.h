@@ -25,10 +25,10 @@ public:
     /// @p kept is what KRTrackKeeper has written of the track in @p file; it may be null. Documents that keep different
     /// descriptions of the track keep different texts.
     void remember(const QFileInfo &file, const KRGPXTrack &track, const QDomElement &kept);
-    /// The same of the file alone, which could not be read.
-    void rememberFile(const QFileInfo &file, const KRGPXTrack &track);
+    /// The same of the file alone, which could not be read. False, with nothing remembered, when a track with this name
+    /// and description was lost with another file: the two could not be told apart.
+    bool rememberFile(const QFileInfo &file, const KRGPXTrack &track);
     /// The absolute path that the track of a document with that folder should have come from; empty unless it is lost.
-    /// Of several tracks that were lost with the same name and description it is the last one's.
     QString fileOf(const KRGPXTrack &track, const QDir &folder) const;
     /// Appends what was remembered of the track in @p file; says whether there was anything.
     bool keep(const QString &file, const KRGPXTrack &track, QDomElement &element) const;

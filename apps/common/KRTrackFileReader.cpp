@@ -75,7 +75,11 @@ KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fi
         KRTrackFileStamps::instance()->remember(file, stamp, track);
     } else if (KRXMLLoader::loadDocumentElement(file, history).isNull()) {
         track.setName(fileName);
-        KRLostTrackTexts::instance()->rememberFile(file, track);
+        // The files of most documents have the same names.
+        if (!KRLostTrackTexts::instance()->rememberFile(file, track)) {
+            track.setName(file.absoluteFilePath());
+            KRLostTrackTexts::instance()->rememberFile(file, track);
+        }
     }
     if (!track.isValid())
         KRLostTrackTexts::instance()->remember(file, track, kept);

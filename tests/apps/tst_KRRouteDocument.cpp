@@ -60,6 +60,7 @@ private slots:
     void unchangedTracksAreNotWrittenAgain();
     void missingTrackFileIsWrittenAgain();
     void unreadableTrackFilesStayUntouched();
+    void lostTracksOfSeveralDocuments();
     void refusesWhatIsNoDocument();
     void whatIsSavedCanBeRead();
     void filesStayWithTheirTracks();
@@ -200,6 +201,33 @@ void tst_KRRouteDocument::unreadableTrackFilesStayUntouched()
         QVERIFY(pointsOf(found) == pointsOf(lost));
         QVERIFY(pointsOf(found.enclaves().value(0)) == pointsOf(lost.enclaves().first()));
     }
+}
+
+void tst_KRRouteDocument::lostTracksOfSeveralDocuments()
+{
+    KRGPXTrackSelection selection;
+    selection.addTrack(tour());
+    KRGPXTrackSelection lost;
+    for (const char *const name : {"Eins", "Zwei"}) {
+        const QFileInfo file(path(QLatin1String(name) + QStringLiteral(".krroute")));
+        KRRouteDocument document;
+        document.setSelection(selection);
+        QVERIFY(document.save(file, nullptr));
+        const QString trackFile = path(QLatin1String(name) + QStringLiteral(".tracks/track.gps"));
+        QVERIFY(QFile::rename(trackFile, trackFile + QStringLiteral(".away")));
+        QVERIFY(document.load(file, nullptr));
+        lost.addTrack(document.selection().value(0));
+    }
+    KRRouteDocument both;
+    both.setSelection(lost);
+    const QFileInfo elsewhere(path(QStringLiteral("Beide.krroute")));
+    QVERIFY(both.save(elsewhere, nullptr));
+
+    const QString back = path(QStringLiteral("Eins.tracks/track.gps"));
+    QVERIFY(QFile::rename(back + QStringLiteral(".away"), back));
+    QVERIFY(both.load(elsewhere, nullptr));
+    QVERIFY(pointsOf(both.selection().value(0).track()) == pointsOf(tour()));
+    QVERIFY(!both.selection().value(1).track().isValid());
 }
 
 void tst_KRRouteDocument::refusesWhatIsNoDocument()
