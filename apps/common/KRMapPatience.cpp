@@ -19,7 +19,8 @@ bool KRMapPatience::isOver(int missing) const
         m_missing = missing;
         m_endOfStandstill.setRemainingTime(m_timeLimitMs / shareOfStandstill);
     }
-    return m_end.hasExpired() || m_endOfStandstill.hasExpired() || (m_goOn && !m_goOn(missing));
+    m_isOver = m_isOver || m_end.hasExpired() || m_endOfStandstill.hasExpired() || (m_goOn && !m_goOn(missing));
+    return m_isOver;
 }
 
 QDeadlineTimer KRMapPatience::nextQuestion() const

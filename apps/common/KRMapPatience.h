@@ -18,7 +18,7 @@ public:
 
     explicit KRMapPatience(int timeLimitMs, const GoOn &goOn = nullptr);
 
-    /// To be asked again and again, with the number of pieces that are @p missing now.
+    /// To be asked again and again, with the number of pieces that are @p missing now. Once over, it stays so.
     bool isOver(int missing) const;
     /// When to ask again, even if nothing came.
     QDeadlineTimer nextQuestion() const;
@@ -30,4 +30,5 @@ private:
     // what isOver() was asked last, and until when that has to change
     mutable int m_missing = -1;
     mutable QDeadlineTimer m_endOfStandstill;
+    mutable bool m_isOver = false;
 };
