@@ -92,11 +92,11 @@ void KRAutosave::startWriting()
 void KRAutosave::finishWriting()
 {
     const QString reason = m_writing.result();
+    const bool isSavedMeanwhile = !m_workspace->isModified();
     if (reason.isEmpty())
         emit written();
-    else
+    else if (!isSavedMeanwhile)
         emit failed(reason);
-    // It may have been saved meanwhile.
-    if (!m_workspace->isModified())
+    if (isSavedMeanwhile)
         m_folder->removeWork();
 }

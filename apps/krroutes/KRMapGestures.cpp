@@ -29,6 +29,9 @@ KRMapGestures::KRMapGestures(QWidget *map) : QObject(map)
 
 bool KRMapGestures::eventFilter(QObject *map, QEvent *event)
 {
+    // A filter comes before the widget, which takes nothing while it is disabled.
+    if (!static_cast<QWidget *>(map)->isEnabled())
+        return false;
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         return pressButton(static_cast<QMouseEvent *>(event));
