@@ -28,7 +28,7 @@ private slots:
         QSemaphore stops;
         bool isStopped = false;
         const bool isDone = KRBackgroundTask::run(
-            &window, QStringLiteral("…"), [&] { isStopped = stops.tryAcquire(1, 3000); }, [&] { stops.release(); });
+            &window, QStringLiteral("…"), [&] { isStopped = stops.tryAcquire(1, 30000); }, [&] { stops.release(); });
         QVERIFY(isStopped && !isDone && isInputKept);
         QVERIFY(edit.isEnabled());
         QVERIFY(window.focusWidget() == &edit);

@@ -173,11 +173,12 @@ private slots:
 
         workspace()->undoStack()->setClean();
         isAlive = false;
-        QTimer::singleShot(0, m_window.get(), [&] {
+        const auto interfere = [&] {
             isAlive = !names().isEmpty();
             m_window->close();
             m_window->openFiles({m_lake});
-        });
+        };
+        QMetaObject::invokeMethod(m_window.get(), interfere, Qt::QueuedConnection);
         m_window->openFiles({document});
         QVERIFY(isAlive);
         QVERIFY(m_window->isVisible());
