@@ -70,6 +70,13 @@ bool hasJoin(const QPainterPath &path)
     return false;
 }
 
+// Whether the lines leave the same marks as one outline as they do one by one. Of many that are opaque only soft edges
+// differ where they meet, and the painter takes too long.
+bool overlapsLikeOne(const QPainterPath &path, const QPen &pen)
+{
+    return hasJoin(path) || (path.elementCount() >= fewElements && pen.color().alpha() == 255);
+}
+
 // The image, when painting on its pixels is all that the painter does.
 const QImage *imageOf(const QPainter *painter)
 {
@@ -259,7 +266,7 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     const bool usesRaster = image && isForRaster(painter, image);
     // In tiles nobody would know where the dashes begin.
     const bool isKnownPen = isWidePen(pen, stretch) && (pen.style() == Qt::SolidLine || (usesRaster && isDashed(pen)));
-    if (!image || !isKnownPen || !hasLinesOnly(path) || (!isCrowd && !hasJoin(path))
+    if (!image || !isKnownPen || !hasLinesOnly(path) || !overlapsLikeOne(wholePath, pen)
         || (!usesRaster && !isLong(path, transform))) {
         painter->drawPath(path);
         return;
