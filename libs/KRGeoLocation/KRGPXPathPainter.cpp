@@ -110,7 +110,7 @@ double reachOf(const QPen &pen, const Stretch &stretch)
 bool isForCrowd(const QPainterPath &path, const QPen &pen, const Stretch &stretch)
 {
     return path.elementCount() > KRGPXLineCrowd::fewElements && pen.style() == Qt::SolidLine
-           && (isWidePen(pen, stretch) || pen.color().alpha() == 255) && hasLinesOnly(path);
+           && (pen.color().alpha() == 255 || (isWidePen(pen, stretch) && hasJoin(path))) && hasLinesOnly(path);
 }
 
 // Cosmetic pens do not stretch.
