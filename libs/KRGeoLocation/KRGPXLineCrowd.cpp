@@ -22,8 +22,8 @@ int quarters(double pixels)
 } // namespace
 
 KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size, double reach)
-    : m_area(-reach, -reach, size.width() + 2.0 * reach, size.height() + 2.0 * reach),
-      m_squarePx(std::max(smallestSquarePx, reach / squaresOfReach)),
+    : m_area(QRectF(QPointF(), size).marginsAdded(QMarginsF() + std::clamp(reach, 0.0, farthestPx))),
+      m_squarePx(std::max(smallestSquarePx, (m_area.width() - size.width()) / 2.0 / squaresOfReach)),
       m_columns(std::size_t(m_area.width() / m_squarePx) + 1),
       m_squares(m_columns * (std::size_t(m_area.height() / m_squarePx) + 1)), m_known(knownLines)
 { }

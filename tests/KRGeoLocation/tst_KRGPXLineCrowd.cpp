@@ -22,6 +22,12 @@ private slots:
         QVERIFY(!crowd.takes(QPointF(-1e9, 0.0), QPointF(0.0, 1e9)));
     }
 
+    void anyWidthIsTaken()
+    {
+        for (const double reach : {-1e300, -5.0, 0.0, 1e9, 1e300})
+            QVERIFY(KRGPXLineCrowd(QSize(20, 10), reach).takes(QPointF(1.0, 1.0), QPointF(5.0, 5.0)));
+    }
+
     void dozensOfWaysShow()
     {
         const KRTestTable<double> table{{"short lines", 4.2}, {"longer ones", 17.0}, {"one line", 400.0}};
