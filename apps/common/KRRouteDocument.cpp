@@ -149,12 +149,16 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
     const QList<QDomElement> elements = trackElements(element);
     KRTrackFileReader reader(folder);
     for (int i = 0; i < elements.size(); ++i) {
+        if (!goesOn())
+            return false;
         if (!reader.announce(elements.at(i).firstChildElement(trkElement), kept.value(i))) {
             KRErrorHistory::report(history, file.filePath(), tr("Das Dokument nennt dieselben Dateien zu oft."));
             return false;
         }
     }
     for (int i = 0; i < tracks.size(); ++i) {
+        if (!goesOn())
+            return false;
         tracks[i].setTrack(reader.read(elements.at(i).firstChildElement(trkElement), kept.value(i), history));
         tracks[i].setConfiguration(withKeptWidths(tracks.at(i).configuration(), kept.value(i)));
     }
@@ -183,12 +187,12 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     const QList<QDomElement> elements = trackElements(document.documentElement().firstChildElement(selectionElement));
     for (int i = 0; i < tracks.size(); ++i) {
-        const QString fileName = writer.write(tracks.at(i).track(), history);
+        const QString fileName = goesOn() ? writer.write(tracks.at(i).track(), history) : QString();
         if (fileName.isEmpty())
             return false;
         nameFile(elements.at(i), fileName);
     }
-    if (!write(document, file, history))
+    if (!goesOn() || !write(document, file, history))
         return false;
     writer.keepFiles();
     KRTrackFileStamps::instance()->remember(file, KRTrackFileStamps::stampOf(file));
@@ -242,8 +246,11 @@ void KRRouteDocument::learnFilesOf(const QFileInfo &file, const KRTrackFileWrite
     const bool isAnyNew = std::any_of(tracks.cbegin(), tracks.cend(), [&](const KRGPXConfiguredTrack &track) {
         return !writer.hasFile(track.track());
     });
-    if (isAnyNew)
-        KRRouteDocument().load(file, nullptr);
+    if (!isAnyNew)
+        return;
+    KRRouteDocument present;
+    present.setGoOnFunction(m_goOn);
+    present.load(file, nullptr);
 }
 
 bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)

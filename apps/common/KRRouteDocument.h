@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QString>
 
+#include <functional>
+
 class KRErrorHistory;
 class KRTrackFileWriter;
 class QDomDocument;
@@ -27,6 +29,9 @@ class KRRouteDocument
     Q_DECLARE_TR_FUNCTIONS(KRRouteDocument)
 
 public:
+    /// Asked before each track, in the thread that loads or saves; false ends it, which is not reported.
+    using GoOn = std::function<bool()>;
+
     /// Without the dot.
     static QString suffix() { return QStringLiteral("krroute"); }
     /// Goes by the suffix alone, in any case.
@@ -38,11 +43,16 @@ public:
     const KRGPXTrackSelection &selection() const { return m_selection; }
     void setSelection(const KRGPXTrackSelection &selection) { m_selection = selection; }
 
-    /// False when the file is no document. Track files that cannot be read are reported as well, but are no failure.
+    /// By default loading and saving go on to their end.
+    void setGoOnFunction(const GoOn &goOn) { m_goOn = goOn; }
+
+    /// False when the file is no document, or @p file was not read to its end; the selection is as it was then. Track
+    /// files that cannot be read are reported as well, but are no failure.
     bool load(const QFileInfo &file, KRErrorHistory *history);
 
-    /// False when the document or one of its track files cannot be written, or could not be read again (with more than
-    /// some 22,000 tracks); the old document is whole then, and there is nothing new beside it.
+    /// False when the document or one of its track files cannot be written, could not be read again (with more than
+    /// some 22,000 tracks), or is not wanted any more; the old document is whole then, and there is nothing new beside
+    /// it.
     bool save(const QFileInfo &file, KRErrorHistory *history) const;
     /// The same without a folder: quick for many small tracks, of which fewer are too many, but all points are written
     /// each time. False also when a track has lost its file, which only a document with a folder can name.
@@ -57,5 +67,8 @@ private:
     static bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
     static void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history);
 
+    bool goesOn() const { return !m_goOn || m_goOn(); }
+
     KRGPXTrackSelection m_selection;
+    GoOn m_goOn;
 };

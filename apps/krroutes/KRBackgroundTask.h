@@ -9,7 +9,8 @@ class QWidget;
 /**
  * Runs what takes long in a thread of its own, while the window stays alive and a progress dialog offers to cancel it.
  *
- * Where the system starts no further thread it runs in the thread of the window, which stands still meanwhile.
+ * Where the system starts no further thread it runs in the thread of the window, which stands still meanwhile, as it
+ * does for a moment in any case: nothing of what is done by then is seen.
  */
 class KRBackgroundTask
 {
@@ -17,7 +18,8 @@ class KRBackgroundTask
 
 public:
     /**
-     * Returns when the work is done; false when the user has cancelled it. Until then @p window takes no input.
+     * Returns when the work is done; false when the user has cancelled it. Until then @p window takes no input; the
+     * dialog stays.
      *
      * @param text what is being done, for the progress dialog, which shows after a moment
      * @param stop called in the GUI thread when the user cancels; may let the work end early

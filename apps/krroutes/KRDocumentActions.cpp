@@ -1,11 +1,11 @@
 #include "KRDocumentActions.h"
 
+#include "KRBackgroundTask.h"
 #include "KRRecentFilesMenu.h"
 #include "KRRouteLoader.h"
 #include "KRRouteWorkspace.h"
 #include "KRViewerAction.h"
 #include "KRViewerSettings.h"
-#include "KRWaitCursor.h"
 
 #include <KRRouteDocument.h>
 
@@ -18,7 +18,10 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QToolBar>
+
+#include <atomic>
 
 KRDocumentActions::KRDocumentActions(KRRouteWorkspace *workspace, QMainWindow *window)
     : QObject(window), m_workspace(workspace), m_window(window), m_loader(new KRRouteLoader(workspace, window)),
@@ -56,7 +59,7 @@ void KRDocumentActions::addTo(QToolBar *toolBar) const
 
 void KRDocumentActions::openFiles(const QStringList &fileNames)
 {
-    if (fileNames.isEmpty() || m_loader->isReading())
+    if (fileNames.isEmpty() || isBusy())
         return;
     const bool isDocument = fileNames.size() == 1 && KRRouteDocument::isDocument(QFileInfo(fileNames.first()));
     if (isDocument && !mayLoseChanges())
@@ -70,10 +73,15 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
     }
 }
 
+bool KRDocumentActions::recover(const KRRecoveryFolder &folder)
+{
+    return !isBusy() && m_loader->recover(folder);
+}
+
 bool KRDocumentActions::mayLoseChanges()
 {
-    // Nothing takes the place of the document, nor does the window close, while files are being read.
-    if (m_loader->isReading())
+    // Nothing takes the place of the document, nor does the window close, while files are being read or written.
+    if (isBusy())
         return false;
     if (!m_workspace->isModified())
         return true;
@@ -144,21 +152,37 @@ bool KRDocumentActions::saveAs()
     return saveTo(fileName);
 }
 
+bool KRDocumentActions::isBusy() const
+{
+    return m_isSaving || m_loader->isReading();
+}
+
 bool KRDocumentActions::saveTo(const QString &fileName)
 {
+    if (isBusy())
+        return false;
+    const QScopedValueRollback<bool> saving(m_isSaving, true);
+    const QString name = QFileInfo(fileName).fileName();
+    KRRouteDocument document = m_workspace->document();
+    std::atomic<bool> isStopped{false};
+    document.setGoOnFunction([&isStopped] { return !isStopped; });
     KRErrorHistory problems;
-    const bool isSaved = [&] {
-        const KRWaitCursor cursor;
-        return m_workspace->save(fileName, &problems);
-    }();
+    bool isSaved = false;
+    const bool isWanted = KRBackgroundTask::run(
+        m_window, tr("„%1“ wird gespeichert …").arg(name),
+        [&] { isSaved = document.save(QFileInfo(fileName), &problems); }, [&] { isStopped = true; });
+    // Also when the user has cancelled it too late.
     if (isSaved) {
+        m_workspace->setSaved(fileName);
         KRViewerSettings().addRecentFile(fileName);
         return true;
     }
+    if (!isWanted)
+        return false;
     const QString reason = problems.isEmpty() ? QString() : problems.entries().first().toString();
-    QMessageBox::critical(m_window, tr("Speichern"),
-                          tr("„%1“ kann nicht gespeichert werden. Die Änderungen sind noch da.\n\n%2")
-                              .arg(QFileInfo(fileName).fileName(), reason));
+    QMessageBox::critical(
+        m_window, tr("Speichern"),
+        tr("„%1“ kann nicht gespeichert werden. Die Änderungen sind noch da.\n\n%2").arg(name, reason));
     return false;
 }
 

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class KRRecentFilesMenu;
+class KRRecoveryFolder;
 class KRRouteLoader;
 class KRRouteWorkspace;
 class QAction;
@@ -28,10 +29,12 @@ public:
     void addTo(QToolBar *toolBar) const;
 
     /// A single route document is opened instead of the present one; anything else is added to it. Does nothing while
-    /// files are being read.
+    /// files are being read or written.
     void openFiles(const QStringList &fileNames);
+    /// Goes on with what has been left behind. False when the user cancels and, with a message, when it cannot be read.
+    bool recover(const KRRecoveryFolder &folder);
     /// Asks where there are unsaved changes; false when the user wants to keep working on them, and without a question
-    /// while files are being read.
+    /// while files are being read or written.
     bool mayLoseChanges();
 
 signals:
@@ -45,12 +48,14 @@ public slots:
     bool saveAs();
 
 private:
+    bool isBusy() const;
     bool saveTo(const QString &fileName);
     bool mayOverwrite(const QString &fileName, const QString &reason) const;
 
     KRRouteWorkspace *m_workspace;
     QMainWindow *m_window;
     KRRouteLoader *m_loader;
+    bool m_isSaving = false;
     KRRecentFilesMenu *m_recentFiles;
     QAction *m_newAction;
     QAction *m_openAction;

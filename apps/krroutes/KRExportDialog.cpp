@@ -310,7 +310,7 @@ bool KRExportDialog::createBytes(QByteArray *bytes)
             [&, tracks = m_selection.tracks(), format = format(), title = QFileInfo(fileName()).completeBaseName()] {
                 *bytes = KRExchangeFile::encode(tracks, format, title, &history);
             },
-            [] {});
+            [] {}); // nothing is written before all is there
     if (isComplete && bytes->isNull())
         complain(history.isEmpty() ? tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format.")
                                    : history.entries().first().reason);

@@ -19,7 +19,6 @@
 
 #include <KRMapGround.h>
 
-#include <KRCore/KRErrorHistory.h>
 #include <KRGUIWidgets/KRElidedLabel.h>
 
 #include <QAction>
@@ -117,16 +116,8 @@ void KRMainWindow::openFiles(const QStringList &fileNames)
 void KRMainWindow::offerRecovery()
 {
     std::unique_ptr<KRRecoveryFolder> folder = KRRecoveryOffer::ask(m_recoveryPlace, this);
-    if (!folder)
-        return;
-    KRErrorHistory problems;
-    if (m_workspace.recover(folder->recoveryFile(), folder->documentFile(), &problems)) {
+    if (folder && m_documentActions->recover(*folder))
         m_autosave->adopt(std::move(folder));
-        return;
-    }
-    const QString reason = problems.isEmpty() ? QString() : problems.entries().first().toString();
-    QMessageBox::critical(this, tr("Ungesicherte Änderungen"),
-                          tr("Die Änderungen können nicht wiederhergestellt werden.\n\n%1").arg(reason));
 }
 
 void KRMainWindow::closeEvent(QCloseEvent *event)

@@ -2,6 +2,8 @@
 
 #include "KRBackgroundTask.h"
 #include "KRImportReportDialog.h"
+#include "KRProgressDialog.h"
+#include "KRRecoveryFolder.h"
 #include "KRRouteWorkspace.h"
 #include "KRWaitCursor.h"
 
@@ -14,8 +16,18 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QProgressDialog>
 #include <QScopedValueRollback>
+
+#include <atomic>
+
+namespace {
+
+QString firstReason(const KRErrorHistory &problems)
+{
+    return problems.isEmpty() ? QString() : problems.entries().first().toString();
+}
+
+} // namespace
 
 KRRouteLoader::KRRouteLoader(KRRouteWorkspace *workspace, QWidget *window)
     : QObject(window), m_workspace(workspace), m_window(window)
@@ -32,33 +44,9 @@ QStringList KRRouteLoader::nameFilters()
 
 bool KRRouteLoader::import(const QStringList &fileNames)
 {
-    constexpr int patienceMs = 400;
-    QProgressDialog progress(tr("Dateien werden gelesen …"), tr("Abbrechen"), 0, fileNames.size(), m_window);
-    progress.setWindowTitle(tr("Routen öffnen"));
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(patienceMs);
-
-    const auto showFile = [&progress](const QString &fileName, int number, int /*count*/) {
-        progress.setLabelText(tr("„%1“ wird gelesen …").arg(QFileInfo(fileName).fileName()));
-        progress.setValue(number - 1);
-    };
-    const auto stayAlive = [&progress] {
-        // Until the dialog keeps input from the window, input waits.
-        QCoreApplication::processEvents(progress.isVisible() ? QEventLoop::AllEvents
-                                                             : QEventLoop::ExcludeUserInputEvents);
-        return !progress.wasCanceled();
-    };
     KRRouteImport import;
-    import.setProgressFunction(showFile);
-    import.setWaitFunction(stayAlive);
-    const bool isRead = [&] {
-        const QScopedValueRollback<bool> reading(m_isReading, true);
-        const KRWaitCursor cursor;
-        return import.read(fileNames);
-    }();
-    if (!isRead)
+    if (!read(fileNames, &import))
         return false;
-    progress.setValue(fileNames.size());
 
     const int firstRow = m_workspace->selection().count();
     const int count = import.tracks().size();
@@ -70,30 +58,79 @@ bool KRRouteLoader::import(const QStringList &fileNames)
     return count > 0;
 }
 
+bool KRRouteLoader::read(const QStringList &fileNames, KRRouteImport *import)
+{
+    const QScopedValueRollback<bool> reading(m_isReading, true);
+    const KRWaitCursor cursor;
+    KRProgressDialog progress(tr("Dateien werden gelesen …"), fileNames.size(), m_window);
+    progress.setWindowTitle(tr("Routen öffnen"));
+    const auto showFile = [&progress](const QString &fileName, int number, int /*count*/) {
+        progress.setLabelText(tr("„%1“ wird gelesen …").arg(QFileInfo(fileName).fileName()));
+        progress.setValue(number - 1);
+    };
+    const auto stayAlive = [&progress] {
+        // Until the dialog keeps input from the window, input waits.
+        QCoreApplication::processEvents(progress.isVisible() ? QEventLoop::AllEvents
+                                                             : QEventLoop::ExcludeUserInputEvents);
+        return !progress.wasCanceled();
+    };
+    import->setProgressFunction(showFile);
+    import->setWaitFunction(stayAlive);
+    return import->read(fileNames);
+}
+
 bool KRRouteLoader::openDocument(const QString &fileName)
 {
     const QString name = QFileInfo(fileName).fileName();
     KRRouteDocument document;
     KRErrorHistory problems;
-    bool isOpen = false;
-    const bool isWanted = [&] {
-        const QScopedValueRollback<bool> reading(m_isReading, true);
-        const KRWaitCursor cursor;
-        return KRBackgroundTask::run(
-            m_window, tr("„%1“ wird gelesen …").arg(name),
-            [&] { isOpen = document.load(QFileInfo(fileName), &problems); }, [] {});
-    }();
-    if (!isWanted)
-        return false;
-    if (isOpen) {
+    switch (read(fileName, tr("„%1“ wird gelesen …").arg(name), &document, &problems)) {
+    case Read:
         m_workspace->open(document, fileName);
         report(problems, {});
         return true;
+    case Unreadable:
+        QMessageBox::critical(m_window, tr("Dokument öffnen"),
+                              tr("„%1“ kann nicht geöffnet werden.\n\n%2").arg(name, firstReason(problems)));
+        return false;
+    case Cancelled:
+        break;
     }
-    const QString reason = problems.isEmpty() ? QString() : problems.entries().first().toString();
-    QMessageBox::critical(m_window, tr("Dokument öffnen"),
-                          tr("„%1“ kann nicht geöffnet werden.\n\n%2").arg(name, reason));
     return false;
+}
+
+bool KRRouteLoader::recover(const KRRecoveryFolder &folder)
+{
+    KRRouteDocument document;
+    KRErrorHistory problems;
+    switch (read(folder.recoveryFile(), tr("Die Änderungen werden gelesen …"), &document, &problems)) {
+    case Read:
+        m_workspace->recover(document, folder.documentFile(), folder.lastChange());
+        return true;
+    case Unreadable:
+        QMessageBox::critical(
+            m_window, tr("Ungesicherte Änderungen"),
+            tr("Die Änderungen können nicht wiederhergestellt werden.\n\n%1").arg(firstReason(problems)));
+        return false;
+    case Cancelled:
+        break;
+    }
+    return false;
+}
+
+KRRouteLoader::Outcome KRRouteLoader::read(const QString &fileName, const QString &text, KRRouteDocument *document,
+                                           KRErrorHistory *problems)
+{
+    const QScopedValueRollback<bool> reading(m_isReading, true);
+    std::atomic<bool> isStopped{false};
+    document->setGoOnFunction([&isStopped] { return !isStopped; });
+    bool isRead = false;
+    const bool isWanted = KRBackgroundTask::run(
+        m_window, text, [&] { isRead = document->load(QFileInfo(fileName), problems); }, [&] { isStopped = true; });
+    document->setGoOnFunction(nullptr);
+    if (!isWanted)
+        return Cancelled;
+    return isRead ? Read : Unreadable;
 }
 
 void KRRouteLoader::report(const KRErrorHistory &problems, const QList<KRImportReport> &reports)

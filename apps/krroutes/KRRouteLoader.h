@@ -5,6 +5,9 @@
 
 class KRErrorHistory;
 class KRImportReport;
+class KRRecoveryFolder;
+class KRRouteDocument;
+class KRRouteImport;
 class KRRouteWorkspace;
 class QWidget;
 
@@ -30,12 +33,23 @@ public:
     /// Opens a route document instead of the one that is open. False when the user cancels and, with a message, when it
     /// cannot be read.
     bool openDocument(const QString &fileName);
+    /// The same with what has been left behind, as the unsaved state of its document.
+    bool recover(const KRRecoveryFolder &folder);
 
 signals:
     /// While the report of their files is still to come.
     void tracksAdded(int firstRow);
 
 private:
+    /// False when the user cancels.
+    bool read(const QStringList &fileNames, KRRouteImport *import);
+    enum Outcome : int {
+        Read = 0,
+        Unreadable = 1,
+        Cancelled = 2,
+    };
+    /// @p text says meanwhile what is being done.
+    Outcome read(const QString &fileName, const QString &text, KRRouteDocument *document, KRErrorHistory *problems);
     void report(const KRErrorHistory &problems, const QList<KRImportReport> &reports);
 
     KRRouteWorkspace *m_workspace;

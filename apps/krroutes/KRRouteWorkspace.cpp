@@ -107,45 +107,34 @@ void KRRouteWorkspace::startNew()
     replaceDocument(KRGPXTrackSelection(), QString());
 }
 
-bool KRRouteWorkspace::open(const QString &fileName, KRErrorHistory *history)
-{
-    KRRouteDocument document;
-    if (!document.load(QFileInfo(fileName), history))
-        return false;
-    open(document, fileName);
-    return true;
-}
-
 void KRRouteWorkspace::open(const KRRouteDocument &document, const QString &fileName)
 {
     replaceDocument(document.selection(), fileName);
 }
 
-bool KRRouteWorkspace::save(const QString &fileName, KRErrorHistory *history)
+void KRRouteWorkspace::recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &time)
 {
-    KRRouteDocument document;
-    document.setSelection(upToDateSelection());
-    if (!document.save(QFileInfo(fileName), history))
-        return false;
-    setFile(fileName);
-    m_undoStack.setClean();
-    emit documentChanged();
-    return true;
-}
-
-bool KRRouteWorkspace::recover(const QString &recoveryFile, const QString &fileName, KRErrorHistory *history)
-{
-    KRRouteDocument document;
-    if (!document.load(QFileInfo(recoveryFile), history))
-        return false;
     if (!fileName.isEmpty())
         registerUnreadableFiles(document.selection(), KRRouteDocument::trackFolder(QFileInfo(fileName)));
     replaceDocument(document.selection(), fileName);
     // A document written after the crash holds what this one does not.
-    if (QFileInfo(recoveryFile).lastModified() < m_fileTime)
+    if (time < m_fileTime)
         m_fileTime = QDateTime();
     m_undoStack.resetClean();
-    return true;
+}
+
+KRRouteDocument KRRouteWorkspace::document()
+{
+    KRRouteDocument document;
+    document.setSelection(upToDateSelection());
+    return document;
+}
+
+void KRRouteWorkspace::setSaved(const QString &fileName)
+{
+    setFile(fileName);
+    m_undoStack.setClean();
+    emit documentChanged();
 }
 
 KRGPXTrackSelection KRRouteWorkspace::upToDateSelection()

@@ -10,7 +10,6 @@
 #include <QTimer>
 #include <QUndoStack>
 
-class KRErrorHistory;
 class KRRouteDocument;
 
 /**
@@ -52,14 +51,15 @@ public:
 
     /// Without tracks, file and steps.
     void startNew();
-    /// False, with everything as it was, when the file is no document; see KRRouteDocument::load().
-    bool open(const QString &fileName, KRErrorHistory *history);
-    /// The same for a document that was read from the file before.
+    /// A document that has been read from the file.
     void open(const KRRouteDocument &document, const QString &fileName);
-    /// The document belongs to this file from now on. False when it could not be written; then it stays modified.
-    bool save(const QString &fileName, KRErrorHistory *history);
-    /// Opens @p recoveryFile as the unsaved state of the document @p fileName, which is not read.
-    bool recover(const QString &recoveryFile, const QString &fileName, KRErrorHistory *history);
+    /// A document that was kept at @p time as the unsaved state of the file, which is not read.
+    void recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &time);
+
+    /// What is to be saved.
+    KRRouteDocument document();
+    /// This has been done: what is here belongs to the file from now on, and is not modified.
+    void setSaved(const QString &fileName);
 
 signals:
     void selectionChanged(); ///< tracks, looks or cropping

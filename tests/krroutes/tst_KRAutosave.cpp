@@ -3,6 +3,7 @@
 #include "KRRouteWorkspace.h"
 #include "KRTest.h"
 #include "KRTestFile.h"
+#include "KRWorkspaceFile.h"
 
 #include <KRRouteDocument.h>
 
@@ -68,7 +69,7 @@ private slots:
             work.autosave.setMostPointsInOneFile(mostPointsInOneFile);
             const QString document = path("Reise.krroute");
             work.add("Tour");
-            QVERIFY(work.workspace.save(document, nullptr));
+            QVERIFY(KRWorkspaceFile::save(&work.workspace, document));
             work.add("Neu");
             work.workspace.setCroppingOpacity(17);
             QVERIFY(work.wait());
@@ -79,7 +80,8 @@ private slots:
             QCOMPARE(folders.front()->documentFile(), document);
 
             KRRouteWorkspace recovered;
-            QVERIFY(recovered.recover(folders.front()->recoveryFile(), folders.front()->documentFile(), nullptr));
+            QVERIFY(
+                KRWorkspaceFile::recover(&recovered, folders.front()->recoveryFile(), folders.front()->documentFile()));
             QVERIFY(recovered.selection() == work.workspace.selection());
             QCOMPARE(recovered.selection().allTimeStamps(), work.workspace.selection().allTimeStamps());
             QVERIFY(recovered.isModified());
@@ -103,7 +105,7 @@ private slots:
             Work work(place());
             work.add("Tour");
             QVERIFY(work.wait());
-            QVERIFY(work.workspace.save(path("Reise.krroute"), nullptr));
+            QVERIFY(KRWorkspaceFile::save(&work.workspace, path("Reise.krroute")));
             QCOMPARE(unsaved(place()), QStringList());
             work.add("Neu");
             QVERIFY(work.wait());
@@ -118,26 +120,26 @@ private slots:
         const QDir trackFolder = KRRouteDocument::trackFolder(QFileInfo(document));
         KRRouteWorkspace writer;
         writer.addTracks(oneTrack(QStringLiteral("Tour")), QString());
-        QVERIFY(writer.save(document, nullptr));
+        QVERIFY(KRWorkspaceFile::save(&writer, document));
         const QString damaged = trackFolder.filePath(trackFolder.entryList(QDir::Files).first());
         KRTestFile::write(damaged, "<includedTrack><trk>");
 
         Work work(place());
-        QVERIFY(work.workspace.open(document, nullptr));
+        QVERIFY(KRWorkspaceFile::open(&work.workspace, document));
         work.workspace.setCroppingOpacity(17);
         QVERIFY(work.wait());
         copyAsAfterCrash(place(), afterCrash());
         const auto folders = KRRecoveryFolder::leftBehind(afterCrash());
         KRRouteWorkspace recovered;
-        QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
+        QVERIFY(KRWorkspaceFile::recover(&recovered, folders.front()->recoveryFile(), document));
         QVERIFY(!recovered.isChangedOutside());
-        QVERIFY(recovered.save(document, nullptr));
+        QVERIFY(KRWorkspaceFile::save(&recovered, document));
         // Put off until the document has been worked on once more: what was saved then is not replaced unasked.
         QFile saved(document);
         QVERIFY(saved.open(QIODevice::ReadWrite));
         QVERIFY(saved.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
         saved.close();
-        QVERIFY(recovered.recover(folders.front()->recoveryFile(), document, nullptr));
+        QVERIFY(KRWorkspaceFile::recover(&recovered, folders.front()->recoveryFile(), document));
         QVERIFY(recovered.isChangedOutside());
         QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
         QCOMPARE(KRTestFile::content(damaged), QByteArray("<includedTrack><trk>"));

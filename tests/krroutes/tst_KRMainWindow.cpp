@@ -14,8 +14,43 @@
 #include "KRTrackListView.h"
 #include "KRViewerSettings.h"
 
+#include <KRRouteDocument.h>
+
 #include <QPrintPreviewDialog>
 #include <QtWidgets>
+
+#include <atomic>
+#include <functional>
+
+/// While it lives, threads that complain about a file wait until somebody lets them go on.
+class HeldComplaints
+{
+public:
+    HeldComplaints() : m_previous(qInstallMessageHandler(hold))
+    {
+        count = 0;
+        gate.acquire(gate.available());
+    }
+    ~HeldComplaints() { qInstallMessageHandler(m_previous); }
+    Q_DISABLE_COPY(HeldComplaints)
+
+    static void goOn() { gate.release(100); }
+
+    static inline std::atomic<int> count{0};
+
+private:
+    static void hold(QtMsgType /*type*/, const QMessageLogContext &context, const QString & /*text*/)
+    {
+        if (qstrcmp(context.category, "kr.io") != 0 || QThread::currentThread() == qApp->thread())
+            return;
+        ++count;
+        gate.acquire();
+    }
+
+    static inline QSemaphore gate{0};
+
+    QtMessageHandler m_previous;
+};
 
 class tst_KRMainWindow : public QObject
 {
@@ -57,7 +92,7 @@ private slots:
     {
         const QString document = path("Reise.krroute");
         m_window->openFiles({m_tour});
-        QVERIFY(workspace()->save(document, nullptr));
+        QVERIFY(save(document));
         workspace()->setCroppingOpacity(99);
         KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Escape), KRDialogAnswer::button(QMessageBox::Cancel),
                                 KRDialogAnswer::button(QMessageBox::Save),
@@ -94,7 +129,7 @@ private slots:
     void doesNotOverwriteWhatOthersWrote()
     {
         const QString document = path("Reise.krroute");
-        QVERIFY(workspace()->save(document, nullptr));
+        QVERIFY(save(document));
         m_window->openFiles({m_tour});
         QTest::qWait(20);
         KRTestFile::write(document, "newer");
@@ -158,7 +193,7 @@ private slots:
     void importKeepsTheWindow()
     {
         const QString document = path("Reise.krroute");
-        QVERIFY(workspace()->save(document, nullptr));
+        QVERIFY(save(document));
         bool isAlive = false;
         QTimer::singleShot(0, m_window.get(), [&] {
             isAlive = names().isEmpty();
@@ -170,19 +205,72 @@ private slots:
         QVERIFY(isAlive);
         QVERIFY(m_window->isVisible());
         QCOMPARE(names(), QStringLiteral("Radtour um Oldenburg"));
+    }
 
-        workspace()->undoStack()->setClean();
-        isAlive = false;
-        const auto interfere = [&] {
-            isAlive = !names().isEmpty();
-            m_window->close();
-            m_window->openFiles({m_lake});
+    void longWorkKeepsTheWindow()
+    {
+        const QString document = path("Reise.krroute");
+        QDir tracks(path("Reise.tracks"));
+        m_window->openFiles({m_tour, m_lake});
+        QVERIFY(save(document));
+        const QString both = names();
+        const auto loseFiles = [&] {
+            for (const QString &name : tracks.entryList({QStringLiteral("*.gps")}, QDir::Files))
+                QVERIFY(tracks.rename(name, name + QStringLiteral(".lost")));
         };
-        QMetaObject::invokeMethod(m_window.get(), interfere, Qt::QueuedConnection);
-        m_window->openFiles({document});
-        QVERIFY(isAlive);
-        QVERIFY(m_window->isVisible());
-        QVERIFY(names().isEmpty());
+        const auto meanwhile = [&](bool isCancelled, int complaints, const std::function<void()> &work) {
+            const HeldComplaints held;
+            bool isAlive = false;
+            QTimer user;
+            connect(&user, &QTimer::timeout, m_window.get(), [&] {
+                auto *const dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+                if (dialog == nullptr || isAlive)
+                    return;
+                isAlive = true;
+                m_window->close();
+                m_window->openFiles({m_lake});
+                if (isCancelled)
+                    KRDialogAnswer::press(*dialog, "Abbrechen");
+                HeldComplaints::goOn();
+            });
+            user.start(10);
+            work();
+            QVERIFY(isAlive && m_window->isVisible() && m_window->isEnabled());
+            QCOMPARE(HeldComplaints::count.load(), complaints);
+        };
+        const auto overwrite = [&] {
+            KRDialogAnswer answers({[](QWidget *dialog) { KRDialogAnswer::press(*dialog, "Überschreiben"); }});
+            key(Qt::Key_S);
+            QVERIFY(answers.isDone());
+        };
+
+        // Each file that is missing is complained about twice.
+        // Before saving, the document that somebody has replaced is read.
+        loseFiles();
+        QFile file(document);
+        QVERIFY(file.open(QIODevice::ReadWrite)
+                && file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+        file.close();
+        workspace()->setCroppingOpacity(7);
+        const QByteArray old = KRTestFile::content(document);
+        meanwhile(true, 2, overwrite);
+        QCOMPARE(KRTestFile::content(document), old);
+        QVERIFY(m_window->isWindowModified());
+        QCOMPARE(tracks.entryList({QStringLiteral("*.gps")}, QDir::Files), QStringList());
+        meanwhile(false, 4, overwrite);
+        QVERIFY(KRTestFile::content(document) != old);
+        QVERIFY(!m_window->isWindowModified());
+        QCOMPARE(tracks.entryList({QStringLiteral("*.gps")}, QDir::Files).size(), 2);
+
+        loseFiles();
+        meanwhile(true, 2, [&] { m_window->openFiles({document}); });
+        QCOMPARE(names(), both);
+        meanwhile(false, 4, [&] {
+            KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Escape)});
+            m_window->openFiles({document});
+            QVERIFY(answers.isDone());
+        });
+        QVERIFY(names() != both);
     }
 
     void filesAreDropped()
@@ -239,7 +327,7 @@ private slots:
     {
         const QString document = path("Reise.krroute");
         m_window->openFiles({m_tour, m_lake});
-        QVERIFY(workspace()->save(document, nullptr));
+        QVERIFY(save(document));
         const KRGPXTrackSelection saved = workspace()->selection();
         QDir share(path("Reise.tracks"));
         for (const QString &name : share.entryList(QDir::Files))
@@ -432,7 +520,7 @@ private slots:
         m_window->statusBar()->clearMessage();
         QVERIFY(isWarned("gefunden") && isWarned("Absturz"));
 
-        QVERIFY(workspace()->save(path("Reise.krroute"), nullptr));
+        QVERIFY(save(path("Reise.krroute")));
         m_window->findChild<KRGroundMenu *>()->setChoice(KRGroundChoice());
         QVERIFY(!isWarned("gefunden") && !isWarned("Absturz"));
     }
@@ -459,7 +547,7 @@ private slots:
             QVERIFY(folder->setDocumentFile(path("Reise.krroute")));
             KRRouteWorkspace crashed;
             crashed.setCroppingOpacity(7);
-            QVERIFY(crashed.save(folder->recoveryFile(), nullptr));
+            QVERIFY(crashed.document().save(QFileInfo(folder->recoveryFile()), nullptr));
         }
         {
             KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Escape)});
@@ -491,6 +579,13 @@ private:
         m_window->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         QTest::keyClick(m_window.get(), key, modifiers);
+    }
+
+    bool save(const QString &document)
+    {
+        KRDialogAnswer answers({KRDialogAnswer::file(document)});
+        key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+        return answers.isDone() && workspace()->fileName() == document && !m_window->isWindowModified();
     }
 
     /// Of all tracks, with slashes between them.

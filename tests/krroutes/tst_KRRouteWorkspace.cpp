@@ -2,6 +2,7 @@
 
 #include "KRTest.h"
 #include "KRTestTrack.h"
+#include "KRWorkspaceFile.h"
 
 namespace {
 
@@ -150,7 +151,7 @@ private slots:
         const QString file = dir.filePath(QStringLiteral("Reise.krroute"));
         m_workspace->setCroppingOpacity(100);
         QVERIFY(m_workspace->isModified());
-        QVERIFY(m_workspace->save(file, nullptr));
+        QVERIFY(KRWorkspaceFile::save(m_workspace.get(), file));
         QVERIFY(!m_workspace->isModified());
         // Nothing merges with a step that has been saved.
         m_workspace->setCroppingOpacity(99);
@@ -160,7 +161,7 @@ private slots:
 
         KRRouteWorkspace other;
         QSignalSpy replaced(&other, &KRRouteWorkspace::documentReplaced);
-        QVERIFY(other.open(file, nullptr));
+        QVERIFY(KRWorkspaceFile::open(&other, file));
         QVERIFY(other.selection() == m_workspace->selection());
         QCOMPARE(other.fileName(), file);
         QVERIFY(!other.isModified());

@@ -1,6 +1,7 @@
 #include "KRRecoveryFolder.h"
 #include "KRRouteWorkspace.h"
 #include "KRTest.h"
+#include "KRWorkspaceFile.h"
 
 namespace {
 
@@ -62,7 +63,7 @@ private slots:
         const auto folders = KRRecoveryFolder::leftBehind(place);
         QCOMPARE(folders.size(), std::size_t(1));
         KRRouteWorkspace workspace;
-        QVERIFY(workspace.recover(folders.front()->recoveryFile(), QString(), nullptr));
+        QVERIFY(KRWorkspaceFile::recover(&workspace, folders.front()->recoveryFile(), QString()));
         QCOMPARE(workspace.selection().value(0).name(), QStringLiteral("Radtour um Oldenburg"));
         QCOMPARE(workspace.selection().value(0).track().countPoints(), 308);
     }

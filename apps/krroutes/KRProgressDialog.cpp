@@ -1,0 +1,32 @@
+#include "KRProgressDialog.h"
+
+#include <QPushButton>
+
+KRProgressDialog::KRProgressDialog(const QString &text, int count, QWidget *window)
+    : QProgressDialog(text, tr("Abbrechen"), 0, count, window)
+{
+    constexpr int patienceMs = 400;
+    setWindowTitle(window->windowTitle());
+    setWindowModality(Qt::WindowModal);
+    setMinimumDuration(patienceMs);
+    setAutoReset(false);
+    connect(this, &QProgressDialog::canceled, this, &KRProgressDialog::showCancelling);
+    setValue(0); // from now on it waits to be shown
+}
+
+void KRProgressDialog::setVisible(bool visible)
+{
+    if (visible)
+        QProgressDialog::setVisible(true);
+}
+
+void KRProgressDialog::reject()
+{
+    emit canceled();
+}
+
+void KRProgressDialog::showCancelling()
+{
+    setLabelText(tr("Wird abgebrochen …"));
+    findChild<QPushButton *>()->setEnabled(false);
+}

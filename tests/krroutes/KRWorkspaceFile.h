@@ -1,0 +1,39 @@
+#pragma once
+
+#include "KRRouteWorkspace.h"
+
+#include <KRRouteDocument.h>
+
+#include <QFileInfo>
+
+/// Reads and writes the files of a workspace as the program does, without a window.
+namespace KRWorkspaceFile {
+
+inline bool save(KRRouteWorkspace *workspace, const QString &fileName)
+{
+    const bool isSaved = workspace->document().save(QFileInfo(fileName), nullptr);
+    if (isSaved)
+        workspace->setSaved(fileName);
+    return isSaved;
+}
+
+inline bool open(KRRouteWorkspace *workspace, const QString &fileName)
+{
+    KRRouteDocument document;
+    const bool isRead = document.load(QFileInfo(fileName), nullptr);
+    if (isRead)
+        workspace->open(document, fileName);
+    return isRead;
+}
+
+/// As the unsaved state of @p fileName.
+inline bool recover(KRRouteWorkspace *workspace, const QString &recoveryFile, const QString &fileName)
+{
+    KRRouteDocument document;
+    const bool isRead = document.load(QFileInfo(recoveryFile), nullptr);
+    if (isRead)
+        workspace->recover(document, fileName, QFileInfo(recoveryFile).lastModified());
+    return isRead;
+}
+
+} // namespace KRWorkspaceFile
