@@ -29,6 +29,5 @@ public:
                              KRErrorHistory *history);
 
 private:
-    static void reportLosses(const KRGPXConfiguredTrackList &tracks, const QString &name, KRErrorHistory *history);
     static bool isReadable(const QByteArray &kml, const QString &name, KRErrorHistory *history);
 };

@@ -1,5 +1,6 @@
 #include "KRGpxWriter.h"
 
+#include "KRExchangeLosses.h"
 #include "KRExchangeText.h"
 
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
@@ -20,6 +21,19 @@ void writeText(QXmlStreamWriter &xml, const QString &name, const QString &text)
         xml.writeTextElement(name, KRXMLBuilder::readableText(text));
 }
 
+/// Also of the enclaves, which are in the file as well.
+KRExchangeLosses::Positions countAll(const KRGPXTrack &track)
+{
+    KRExchangeLosses::Positions all = KRExchangeLosses::count(track);
+    const QList<KRGPXTrack> enclaves = track.enclaves();
+    for (const KRGPXTrack &enclave : enclaves) {
+        const KRExchangeLosses::Positions inside = countAll(enclave);
+        all.exchangeable += inside.exchangeable;
+        all.unusable += inside.unusable;
+    }
+    return all;
+}
+
 } // namespace
 
 QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks)
@@ -37,6 +51,17 @@ QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks)
         writeTrack(xml, track.track());
     xml.writeEndDocument();
     return bytes;
+}
+
+KRExchangeLosses KRGpxWriter::lossesOf(const KRGPXConfiguredTrackList &tracks)
+{
+    KRExchangeLosses losses;
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        const KRExchangeLosses::Positions positions = countAll(track.track());
+        losses.tracks += positions.exchangeable == 0 ? 1 : 0;
+        losses.unusablePositions += positions.unusable;
+    }
+    return losses;
 }
 
 void KRGpxWriter::writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track)

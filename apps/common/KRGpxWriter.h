@@ -6,6 +6,7 @@ class KRGPXConfiguredTrackList;
 class KRGPXTrack;
 class KRGPXTrackSegment;
 class QXmlStreamWriter;
+struct KRExchangeLosses;
 
 /**
  * Writes tracks as plain GPX 1.1, for other programs to read.
@@ -18,6 +19,7 @@ class KRGpxWriter
 {
 public:
     static QByteArray write(const KRGPXConfiguredTrackList &tracks);
+    static KRExchangeLosses lossesOf(const KRGPXConfiguredTrackList &tracks);
 
 private:
     static void writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track);

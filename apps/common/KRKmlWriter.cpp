@@ -1,5 +1,6 @@
 #include "KRKmlWriter.h"
 
+#include "KRExchangeLosses.h"
 #include "KRExchangeText.h"
 
 #include <KRCore/KRDistance.h>
@@ -140,6 +141,24 @@ KRGPXTrackPoint markedPoint(const KRGPXConfiguredTrack &track)
     return KRExchangeText::isExchangeable(place) ? KRGPXTrackPoint(place, 0, QDateTime(), QString()) : found;
 }
 
+bool hasPosition(const KRGPXTrack &track, const KRGeoPosition &position)
+{
+    bool isFound = false;
+    track.visitPositions([&](const KRGeoPositionSpan &positions) {
+        for (int i = 0; i < positions.count && !isFound; ++i)
+            isFound = positions.at(i) == position;
+    });
+    return isFound;
+}
+
+/// Of a track that is written as one point; so many of its positions could have been written.
+void addLossesOfPoint(const KRGPXConfiguredTrack &track, int exchangeablePositions, KRExchangeLosses *losses)
+{
+    const KRGPXTrackPoint point = markedPoint(track);
+    losses->positionsBesidePoints += exchangeablePositions - (hasPosition(track.track(), point.position()) ? 1 : 0);
+    losses->enclaves += KRExchangeLosses::countEnclaves(track.track());
+}
+
 } // namespace
 
 QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QString &name)
@@ -161,6 +180,29 @@ QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QStr
         writePlacemark(xml, tracks.at(i), styleId(i));
     xml.writeEndDocument();
     return bytes;
+}
+
+KRExchangeLosses KRKmlWriter::lossesOf(const KRGPXConfiguredTrackList &tracks)
+{
+    KRExchangeLosses losses;
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        const KRExchangeLosses::Positions positions = KRExchangeLosses::count(track.track());
+        losses.tracks += positions.exchangeable == 0 ? 1 : 0;
+        losses.unusablePositions += positions.unusable;
+        if (track.effectiveShape() == PointTrackShape) {
+            addLossesOfPoint(track, positions.exchangeable, &losses);
+            continue;
+        }
+        const QList<KRGPXTrack> holes = isArea(track) ? track.track().enclaves() : QList<KRGPXTrack>();
+        losses.enclaves += KRExchangeLosses::countEnclaves(track.track()) - int(holes.size());
+        losses.times += isArea(track) ? positions.timed : 0;
+        for (const KRGPXTrack &hole : holes) {
+            const KRExchangeLosses::Positions inside = KRExchangeLosses::count(hole);
+            losses.unusablePositions += inside.unusable;
+            losses.times += inside.timed;
+        }
+    }
+    return losses;
 }
 
 void KRKmlWriter::writeStyle(QXmlStreamWriter &xml, const KRGPXTrackConfiguration &configuration, const QString &id)

@@ -9,6 +9,7 @@ class KRGPXTrackConfiguration;
 class KRGPXTrackPoint;
 class QString;
 class QXmlStreamWriter;
+struct KRExchangeLosses;
 
 /**
  * Writes configured tracks as KML 2.2, for earth viewers to show.
@@ -23,6 +24,7 @@ class KRKmlWriter
 public:
     /// @param name of the document
     static QByteArray write(const KRGPXConfiguredTrackList &tracks, const QString &name);
+    static KRExchangeLosses lossesOf(const KRGPXConfiguredTrackList &tracks);
 
 private:
     static void writeStyle(QXmlStreamWriter &xml, const KRGPXTrackConfiguration &configuration, const QString &id);

@@ -6,6 +6,8 @@
 #include "KRTestTable.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include <QtTest>
 
@@ -15,6 +17,7 @@ class tst_KRExchangeFile : public QObject
 
 private slots:
     void losesNothingUnsaid();
+    void whatIsLostDependsOnTheFormat();
 };
 
 namespace {
@@ -58,8 +61,8 @@ void tst_KRExchangeFile::losesNothingUnsaid()
         {"line beyond 180 degrees", {spawnTrack("178,1 181,1 190,2")}, "gpx", "178,1 -179,1 -170,2", ""},
         {"the same in KML", {spawnTrack("178,1 181,1 190,2")}, "kml", "178,1 -179,1 -170,2", ""},
         {"point beyond 180 degrees", {spawnTrack("181,1")}, "kmz", "-179,1", ""},
-        {"area as a point", {spawnTrack(ring, PointTrackShape)}, "kml", "9,53.5", ""},
-        {"its middle is no position", {spawnTrack(aroundNull, PointTrackShape)}, "kml", "2,2", ""},
+        {"area as a point", {spawnTrack(ring, PointTrackShape)}, "kml", "9,53.5", "einzelner Punkt sind: 5"},
+        {"its middle is no position", {spawnTrack(aroundNull, PointTrackShape)}, "kml", "2,2", "Punkt sind: 4"},
         {"position that is none", {spawnTrack("8,53 8,95 9,54")}, "gpx", "8,53 9,54", "gültige Koordinaten: 1"},
         {"route without any", {spawnTrack("8,53 9,54"), spawnTrack("")}, "kml", "8,53 9,54", "ohne Position: 1"},
     };
@@ -73,6 +76,49 @@ void tst_KRExchangeFile::losesNothingUnsaid()
                 QVERIFY2(history.entries().first().reason.contains(QString::fromUtf8(words)),
                          qPrintable(history.entries().first().reason));
         });
+}
+
+void tst_KRExchangeFile::whatIsLostDependsOnTheFormat()
+{
+    const QDateTime time(QDate(2025, 5, 17), QTime(8, 30), Qt::UTC);
+    const auto point = [](double x, double y, const QDateTime &timeStamp = QDateTime()) {
+        return KRGPXTrackPoint(KRGeoPosition(y, x), 0, timeStamp, QString());
+    };
+    // A ring with two holes, of which one has an island; each with a time and a position that is none.
+    const auto ring = [&](double size) {
+        const KRGPXTrackSegment segment({point(9.0 - size, 53.0, time), point(9.0 + size, 53.0),
+                                         point(9.0, 53.0 + size), point(9.0, 95.0), point(9.0 - size, 53.0)});
+        return KRGPXTrack(QStringLiteral("Ring"), QString(), {segment}, AutoTrackShape);
+    };
+    KRGPXTrack hole = ring(0.3);
+    hole.addEnclave(ring(0.1));
+    KRGPXTrack track = ring(1.0);
+    track.addEnclave(hole);
+    track.addEnclave(ring(0.2));
+    const auto configured = [&](KRGPXTrackShapeEnum shape) {
+        KRGPXTrackConfiguration configuration = KRGPXTrackConfiguration::defaultValue();
+        configuration.setTrackShape(shape);
+        return KRGPXConfiguredTrackList{KRGPXConfiguredTrack(track, configuration)};
+    };
+    const QString invalid = QStringLiteral("Ausgelassene Positionen ohne gültige Koordinaten: %1");
+    const QString beside = QStringLiteral("Ausgelassene Positionen von Routen, die ein einzelner Punkt sind: %1");
+    const QString holes = QStringLiteral("Ausgelassene Löcher: %1");
+    const QString times = QStringLiteral("Ausgelassene Zeiten: %1");
+    const KRTestTable<KRGPXTrackShapeEnum, QByteArray, QStringList> table{
+        {"all goes into GPX", PolygonTrackShape, "gpx", {invalid.arg(4)}},
+        {"also of a point", PointTrackShape, "gpx", {invalid.arg(4)}},
+        {"area", PolygonTrackShape, "kml", {invalid.arg(3), holes.arg(1), times.arg(3)}},
+        {"line", LineStringTrackShape, "kmz", {invalid.arg(1), holes.arg(3)}},
+        {"point", PointTrackShape, "kml", {invalid.arg(1), beside.arg(4), holes.arg(3)}},
+    };
+    table.forEach([&](KRGPXTrackShapeEnum shape, const QByteArray &format, const QStringList &losses) {
+        KRErrorHistory history;
+        KRExchangeFile::encode(configured(shape), format, QStringLiteral("a"), &history);
+        QStringList reasons;
+        for (const KRErrorHistory::Entry &entry : history.entries())
+            reasons.append(entry.reason);
+        QCOMPARE(reasons, losses);
+    });
 }
 
 static const KRTestRegistration<tst_KRExchangeFile> registration;
