@@ -278,11 +278,14 @@ void KRExportDialog::accept()
     if (!mayReplace(target))
         return;
     QByteArray bytes;
-    if (!createBytes(&bytes))
+    KRErrorHistory losses;
+    if (!createBytes(&bytes, &losses))
         return;
     KRErrorHistory history;
     if (KRFileHandler::writeAll(QFileInfo(target), bytes, &history)) {
         saveSettings();
+        if (!losses.isEmpty())
+            warn(losses);
         QDialog::accept();
         return;
     }
@@ -298,24 +301,21 @@ bool KRExportDialog::mayReplace(const QString &fileName)
            == QMessageBox::Yes;
 }
 
-bool KRExportDialog::createBytes(QByteArray *bytes)
+bool KRExportDialog::createBytes(QByteArray *bytes, KRErrorHistory *history)
 {
     bool isComplete = true;
-    KRErrorHistory history;
     if (isPicture())
         isComplete = createPicture(bytes);
     else
         isComplete = KRBackgroundTask::run(
             this, tr("Die Routen werden geschrieben …"),
             [&, tracks = m_selection.tracks(), format = format(), title = QFileInfo(fileName()).completeBaseName()] {
-                *bytes = KRExchangeFile::encode(tracks, format, title, &history);
+                *bytes = KRExchangeFile::encode(tracks, format, title, history);
             },
             [] {}); // nothing is written before all is there
     if (isComplete && bytes->isNull())
-        complain(history.isEmpty() ? tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format.")
-                                   : history.entries().first().reason);
-    else if (isComplete && !history.isEmpty())
-        warn(history);
+        complain(history->isEmpty() ? tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format.")
+                                    : history->entries().first().reason);
     return isComplete && !bytes->isNull();
 }
 
@@ -345,8 +345,10 @@ void KRExportDialog::warn(const KRErrorHistory &losses)
 {
     QStringList reasons;
     for (const KRErrorHistory::Entry &loss : losses.entries())
-        reasons.append(loss.reason);
-    QMessageBox::warning(this, windowTitle(), reasons.join(QLatin1Char('\n')));
+        reasons.append(QStringLiteral("• ") + loss.reason);
+    QMessageBox::warning(this, windowTitle(),
+                         tr("„%1“ wurde geschrieben. Darin fehlt, was dieses Format nicht aufnimmt:\n\n%2")
+                             .arg(QFileInfo(fileName()).fileName(), reasons.join(QLatin1Char('\n'))));
 }
 
 void KRExportDialog::complain(const QString &reason)

@@ -53,7 +53,8 @@ private:
     bool isPicture() const;
     KRGeoPositionRect area() const;
     bool mayReplace(const QString &fileName);
-    bool createBytes(QByteArray *bytes);
+    /// False when there is nothing to be written, which the user has been told. @p history gets what is lost.
+    bool createBytes(QByteArray *bytes, KRErrorHistory *history);
     bool createPicture(QByteArray *bytes);
     void warn(const KRErrorHistory &losses);
     void complain(const QString &reason);

@@ -134,6 +134,28 @@ private slots:
         QVERIFY(!dialog.isVisible());
     }
 
+    void saysWhatTheFormatLoses()
+    {
+        KRGPXTrackConfiguration configuration = m_selection.value(0).configuration();
+        configuration.setTrackShape(PointTrackShape);
+        KRGPXTrackSelection asPoint = m_selection;
+        asPoint.setConfiguration(0, configuration);
+        for (const char *const format : {"kml", "gpx"}) {
+            KRExportDialog dialog(asPoint, m_shownArea, &m_ground);
+            dialog.show();
+            choose(dialog, format);
+            type(dialog, "file", path("Tour"));
+            QString text;
+            const bool isLost = qstrcmp(format, "kml") == 0;
+            KRDialogAnswer answers(isLost ? QList{KRDialogAnswer::button(QMessageBox::Ok, &text)}
+                                          : QList<KRDialogAnswer::Answer>());
+            KRDialogAnswer::press(dialog, "Exportieren");
+            QVERIFY(answers.isDone());
+            QCOMPARE(text.contains(QLatin1String("Tour.kml")) && text.contains(QLatin1String(": 308")), isLost);
+            QVERIFY(QFileInfo(dialog.fileName()).isFile());
+        }
+    }
+
     void remembersTheChoices()
     {
         {
