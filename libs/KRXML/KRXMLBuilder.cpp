@@ -6,17 +6,6 @@
 
 #include <QFileInfo>
 
-namespace {
-
-/// Whether XML 1.0 (production 2) knows the character, which is not part of a surrogate pair.
-bool isXmlCharacter(ushort unit)
-{
-    return unit == 0x9 || unit == 0xA || unit == 0xD || (unit >= 0x20 && unit <= 0xD7FF)
-           || (unit >= 0xE000 && unit <= 0xFFFD);
-}
-
-} // namespace
-
 QDomElement KRXMLBuilder::buildRootElement(QDomDocument &document, const QString &name)
 {
     // Not through a copy of the handle: an empty document gets its data from its first element.
@@ -50,7 +39,7 @@ QString KRXMLBuilder::readableText(const QString &text)
         if (unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) {
             kept += unit;
             kept += text.at(++i);
-        } else if (isXmlCharacter(unit.unicode())) {
+        } else if (KRXMLTextWriter::isXmlCharacter(unit.unicode())) {
             kept += unit;
         }
     }

@@ -4,42 +4,39 @@
 
 #include <QDomElement>
 #include <QDomNamedNodeMap>
-#include <QMap>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
-QString escaped(const QString &text, bool isAttribute)
+/// Whether the character can stand as it is, wherever it is.
+bool isPlain(ushort unit)
 {
-    QString result;
-    result.reserve(text.size());
-    for (const QChar unit : KRXMLBuilder::readableText(text)) {
-        switch (unit.unicode()) {
-        case '&':
-            result += QLatin1String("&amp;");
-            break;
-        case '<':
-            result += QLatin1String("&lt;");
-            break;
-        case '>':
-            result += QLatin1String("&gt;");
-            break;
-        case '\r':
-            result += QLatin1String("&#13;"); // a reader would turn it into a line feed
-            break;
-        case '"':
-            result += isAttribute ? QLatin1String("&quot;") : QLatin1String("\"");
-            break;
-        case '\n':
-            result += isAttribute ? QLatin1String("&#10;") : QLatin1String("\n");
-            break;
-        case '\t':
-            result += isAttribute ? QLatin1String("&#9;") : QLatin1String("\t");
-            break;
-        default:
-            result += unit;
-        }
+    return unit >= ' ' && unit != '&' && unit != '<' && unit != '>' && unit != '"'
+           && KRXMLTextWriter::isXmlCharacter(unit);
+}
+
+QLatin1String escaped(ushort unit, bool isAttribute)
+{
+    switch (unit) {
+    case '&':
+        return QLatin1String("&amp;");
+    case '<':
+        return QLatin1String("&lt;");
+    case '>':
+        return QLatin1String("&gt;");
+    case '\r':
+        return QLatin1String("&#13;"); // a reader would turn it into a line feed
+    case '"':
+        return isAttribute ? QLatin1String("&quot;") : QLatin1String("\"");
+    case '\n':
+        return isAttribute ? QLatin1String("&#10;") : QLatin1String("\n");
+    case '\t':
+        return isAttribute ? QLatin1String("&#9;") : QLatin1String("\t");
+    default:
+        return QLatin1String(); // no character of XML
     }
-    return result;
 }
 
 bool holdsText(const QDomNode &node)
@@ -78,11 +75,9 @@ void KRXMLTextWriter::enter(const QDomNode &node)
     if (node.isElement()) {
         breakLine();
         writeStartTag(node.toElement());
-    } else if (node.isCDATASection()) {
-        // As escaped text: the section's end mark may stand inside.
-        m_text += escaped(node.nodeValue(), false);
-    } else if (node.isText()) {
-        m_text += escaped(node.nodeValue(), false);
+    } else if (node.isText() || node.isCDATASection()) {
+        // CDATA as escaped text: its end mark may stand inside.
+        writeEscaped(node.nodeValue(), false);
     } else if (node.isComment()) {
         breakLine();
         m_text += QLatin1String("<!--") + KRXMLBuilder::readableText(node.nodeValue()) + QLatin1String("-->");
@@ -94,32 +89,62 @@ void KRXMLTextWriter::leave(const QDomNode &node)
     if (!node.isElement())
         return;
     --m_depth;
-    const bool heldText = holdsText(node);
-    if (!heldText)
+    if (!m_holdText.back())
         breakLine();
     else
         --m_textDepth;
-    m_text += QLatin1String("</") + node.nodeName() + QLatin1Char('>');
+    m_holdText.pop_back();
+    m_text += QLatin1String("</");
+    m_text += node.nodeName();
+    m_text += QLatin1Char('>');
 }
 
 void KRXMLTextWriter::writeStartTag(const QDomElement &element)
 {
-    QMap<QString, QString> attributes;
+    // Asked for once each: the map goes through all those before.
+    std::vector<std::pair<QString, QString>> attributes;
     const QDomNamedNodeMap nodes = element.attributes();
-    for (int i = 0; i < nodes.size(); ++i)
-        attributes.insert(nodes.item(i).nodeName(), nodes.item(i).nodeValue());
+    for (int i = 0; i < nodes.size(); ++i) {
+        const QDomNode attribute = nodes.item(i);
+        attributes.emplace_back(attribute.nodeName(), attribute.nodeValue());
+    }
+    std::sort(attributes.begin(), attributes.end());
 
-    m_text += QLatin1Char('<') + element.tagName();
-    for (auto it = attributes.cbegin(); it != attributes.cend(); ++it)
-        m_text += QLatin1Char(' ') + it.key() + QLatin1String("=\"") + escaped(it.value(), true) + QLatin1Char('"');
+    m_text += QLatin1Char('<');
+    m_text += element.tagName();
+    for (const auto &[name, value] : attributes) {
+        m_text += QLatin1Char(' ');
+        m_text += name;
+        m_text += QLatin1String("=\"");
+        writeEscaped(value, true);
+        m_text += QLatin1Char('"');
+    }
     if (!element.hasChildNodes()) {
         m_text += QLatin1String("/>");
         return;
     }
     m_text += QLatin1Char('>');
     ++m_depth;
-    if (holdsText(element))
+    m_holdText.push_back(holdsText(element));
+    if (m_holdText.back())
         ++m_textDepth;
+}
+
+/// Without what is no character of XML. What stands between is added as a whole.
+void KRXMLTextWriter::writeEscaped(const QString &text, bool isAttribute)
+{
+    const QChar *plain = text.cbegin();
+    for (const QChar *at = plain; at != text.cend();) {
+        const bool isPair = at->isHighSurrogate() && at + 1 != text.cend() && at[1].isLowSurrogate();
+        if (isPair || isPlain(at->unicode())) {
+            at += isPair ? 2 : 1;
+            continue;
+        }
+        m_text.append(plain, int(at - plain));
+        m_text += escaped(at->unicode(), isAttribute);
+        plain = ++at;
+    }
+    m_text.append(plain, int(text.cend() - plain));
 }
 
 void KRXMLTextWriter::breakLine()
