@@ -15,6 +15,7 @@ constexpr uint stackBytes = 8 << 20;
 } // namespace
 
 KRReadAhead::KRReadAhead(const QStringList &fileNames)
+    : m_mostAhead(2 * QThread::idealThreadCount()), m_room(m_mostAhead)
 {
     for (const QString &fileName : fileNames) {
         m_imports.push_back(KRFileImport::create(QFileInfo(fileName)));
@@ -29,6 +30,12 @@ KRReadAhead::~KRReadAhead()
     stop();
     for (const std::unique_ptr<QThread> &thread : m_threads)
         thread->wait();
+}
+
+void KRReadAhead::stop()
+{
+    m_isStopped = true;
+    m_room.release(m_mostAhead); // for threads that wait
 }
 
 void KRReadAhead::startThreads()
@@ -48,6 +55,7 @@ void KRReadAhead::startThreads()
 
 bool KRReadAhead::readFile()
 {
+    m_room.acquire();
     if (m_isStopped)
         return false;
     const std::size_t number = m_nextToRead++;
@@ -72,6 +80,7 @@ std::unique_ptr<KRFileImport> KRReadAhead::takeNext()
 {
     readWithoutThreads();
     m_ends[m_nextToTake].get();
+    m_room.release();
     return std::move(m_imports[m_nextToTake++]);
 }
 

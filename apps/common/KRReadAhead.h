@@ -2,6 +2,7 @@
 
 #include "KRFileImport.h"
 
+#include <QSemaphore>
 #include <QStringList>
 
 #include <atomic>
@@ -14,6 +15,8 @@ class QThread;
 
 /**
  * Reads files in the background, as many at once as there are cores, and hands them out in their order.
+ *
+ * No more than twice as many are read ahead of those that have been taken: each is in memory until then.
  *
  * The threads are its own: those that readers wait for elsewhere stay free. Where the system starts none, the files
  * are read when they are asked for. For use from one thread.
@@ -32,8 +35,8 @@ public:
     std::unique_ptr<KRFileImport> takeNext();
 
     /// Begins with no further file. The files that are not yet read must not be taken any more.
-    void stop() { m_isStopped = true; }
-    /// Whether no file is being read, waiting for that at most that long.
+    void stop();
+    /// Behind stop(): whether no file is being read any more, waiting for that at most that long.
     bool isIdle(int milliseconds);
 
 private:
@@ -44,6 +47,8 @@ private:
     bool readFile();
     void readWithoutThreads();
 
+    const int m_mostAhead;
+    QSemaphore m_room; // files that may be begun with
     std::vector<std::unique_ptr<KRFileImport>> m_imports;
     std::vector<std::packaged_task<void()>> m_tasks;
     std::vector<std::future<void>> m_ends;

@@ -37,6 +37,7 @@ private slots:
     void cleanupTestCase() { QLoggingCategory::setFilterRules(QString()); }
     void readsWhatItCanAndExplainsTheRest();
     void manyFilesAreReadAsOneByOne();
+    void readsFewFilesAhead();
     void endsWhenToldTo();
     void refusesWhatSplitsIntoTooMuch();
     void plainOrComplete();
@@ -117,6 +118,23 @@ void tst_KRRouteImport::manyFilesAreReadAsOneByOne()
     QVERIFY(together.tracks() == oneByOne.tracks());
     QCOMPARE(texts(together), texts(oneByOne));
     QCOMPARE(log, expectedLog);
+}
+
+void tst_KRRouteImport::readsFewFilesAhead()
+{
+    QStringList files;
+    for (int i = 0; i < 2 * QThread::idealThreadCount() + 2; ++i)
+        files.append(write(qPrintable(QStringLiteral("%1.gpx").arg(i)), tour));
+    KRRouteImport import;
+    import.setProgressFunction([&](const QString &, int number, int) {
+        if (number != 1)
+            return;
+    QThread::msleep(100); // time to read all that is read ahead
+    KRTestFile::write(files.last(), QByteArray(tour).replace("Tour", "Late"));
+});
+QVERIFY(import.read(files));
+QCOMPARE(import.tracks().size(), files.size());
+QCOMPARE(import.tracks().last().name(), QStringLiteral("Late"));
 }
 
 void tst_KRRouteImport::refusesWhatSplitsIntoTooMuch()
