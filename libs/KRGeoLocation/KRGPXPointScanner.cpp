@@ -45,6 +45,7 @@ const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTra
     qint64 takenNodes = 0;
     m_cursor = KRGPXByteCursor(begin, end, limits.isUtf8);
     m_isOnGlobeOnly = limits.isOnGlobeOnly;
+    m_areNamesWhole = limits.areNamesWhole;
     m_points = 0;
     m_nodes = 0;
     m_characters = 0;
@@ -130,7 +131,7 @@ bool KRGPXPointScanner::readCoordinate(double *degrees)
 bool KRGPXPointScanner::readChild(Point *point, int mostLevels)
 {
     Tag tag;
-    if (mostLevels < 1 || !readTag(&tag))
+    if (mostLevels < 1 || !readTag(&tag) || (!m_areNamesWhole && tag.name.find(':') != std::string_view::npos))
         return false;
     ++m_nodes;
     if (!point->hasElevation && tag.name == "ele") {

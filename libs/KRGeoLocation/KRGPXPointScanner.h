@@ -26,6 +26,7 @@ public:
         qint64 characters; ///< of all descriptions, not to be exceeded by more than one of them
         bool isUtf8 = true; ///< otherwise a run ends before what is not ASCII
         bool isOnGlobeOnly = false; ///< points without a readable place on the globe are not added
+        bool areNamesWhole = true; ///< otherwise a run ends before a point whose children have prefixes
     };
 
     /**
@@ -63,6 +64,7 @@ private:
     KRGPXUtcTime m_time;
     KRGPXByteCursor m_cursor;
     bool m_isOnGlobeOnly = false;
+    bool m_areNamesWhole = true;
     int m_points = 0;
     qint64 m_nodes = 0;
     qint64 m_characters = 0;

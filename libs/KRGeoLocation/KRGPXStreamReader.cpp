@@ -396,10 +396,10 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
 {
     if (!mayRunBegin())
         return begin;
-    const char *const endOfRun =
-        m_scanner.scan(begin, end, m_runTarget,
-                       {KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1,
-                        KRInputLimits::allKeptCharacters - m_keptCharacters, m_isUtf8, m_options.isOnGlobeOnly});
+    const char *const endOfRun = m_scanner.scan(begin, end, m_runTarget,
+                                                {KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1,
+                                                 KRInputLimits::allKeptCharacters - m_keptCharacters, m_isUtf8,
+                                                 m_options.isOnGlobeOnly, m_options.prefixes.isEmpty()});
     m_points += m_scanner.points();
     m_keptCharacters += m_scanner.characters();
     m_device.allowForPoints(m_scanner.points());

@@ -175,8 +175,11 @@ void tst_KRGpxImport::readsTracksAsTheLibrary()
     QCOMPARE(expected.size(), 2);
     const QByteArray unusual = QByteArray(plain).replace(
         "<trkseg/>", "<trkseg><trkpt lat='north' lon='1'/><trkpt lat='1'><!----></trkpt></trkseg>");
-    for (const QByteArray &content :
-         {plain, unusual, prefixed(unusual), QByteArray(prefixed(unusual)).replace("<gpx", "<!DOCTYPE gpx><gpx")}) {
+    const QByteArray prefixedInPoints = QByteArray(unusual)
+                                            .replace("<gpx", "<gpx xmlns:g='http://www.topografix.com/GPX/1/1'")
+                                            .replace("<ele>1.5</ele>", "<g:ele>1.5</g:ele>");
+    for (const QByteArray &content : {plain, unusual, prefixed(unusual), prefixedInPoints,
+                                      QByteArray(prefixed(unusual)).replace("<gpx", "<!DOCTYPE gpx><gpx")}) {
         const KRGPXConfiguredTrackList list = read(content);
         QCOMPARE(m_report.count(KRImportReport::UnreadablePosition), content == plain ? 0 : 4);
         QCOMPARE(list.size(), expected.size());
