@@ -82,5 +82,7 @@ KRGPXConfiguredTrackList KRGpxImport::configuredTracks()
 QList<KRGPXTrack> KRGpxImport::readOwnTracks(const KRGpxPreparation &preparation)
 {
     const QFileInfo file(m_file.absoluteFilePath());
-    return KRGPXTrackFile(file, &m_problems, preparation.readingOptions()).tracks();
+    if (preparation.mendedXml().isNull())
+        return KRGPXTrackFile(file, &m_problems, preparation.readingOptions()).tracks();
+    return KRGPXTrackFile::fromXml(preparation.mendedXml(), file, &m_problems, preparation.readingOptions()).tracks();
 }

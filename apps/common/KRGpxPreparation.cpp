@@ -100,6 +100,7 @@ bool KRGpxPreparation::read(KRErrorHistory *history)
 void KRGpxPreparation::readDocument(KRXmlStream &stream)
 {
     *this = KRGpxPreparation(m_file);
+    m_mendedXml = stream.mendedXml();
     m_names = KRGpxNames(stream);
     while (stream.readNextChild()) {
         if (m_names.isAt(stream, trackElement))

@@ -32,7 +32,9 @@ public:
     /// The way points, then the routes, each in the order of the file.
     QList<KRGPXTrack> tracks() const { return m_wayPoints + m_routes; }
     /// Of the tracks in the file.
-    KRGPXReadingOptions readingOptions() const { return {true, m_names.prefixes()}; }
+    KRGPXReadingOptions readingOptions() const { return {true, m_names.prefixes(), true}; }
+    /// The document without its faults; null for one that has none.
+    const QByteArray &mendedXml() const { return m_mendedXml; }
     const KRImportReport &report() const { return m_report; }
 
 private:
@@ -56,6 +58,7 @@ private:
     void report(KRImportReport::Kind kindOfWhole, int line, const QString &name, const PointCount &count);
 
     QFileInfo m_file;
+    QByteArray m_mendedXml;
     KRGpxNames m_names;
     QList<KRGPXTrack> m_wayPoints;
     QList<KRGPXTrack> m_routes;

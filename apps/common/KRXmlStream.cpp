@@ -112,7 +112,7 @@ bool KRXmlStream::readMended(QDomElement root, const QString &fileName, KRErrorH
     text.clear();
     buffer.open(QIODevice::ReadOnly);
     KRXmlStream stream(&buffer);
-    stream.m_hasLines = false;
+    stream.m_mendedXml = buffer.data();
     stream.m_device.expectDocument();
     if (stream.readDocument(reader))
         return true;

@@ -50,7 +50,10 @@ public:
     /// One of them, whatever its prefix; empty when there is none.
     QString attribute(const char *attributeName) const;
     /// Where the start tag of the current element ends, counted from 1; 0 for a text that the DOM has made.
-    int line() const { return m_hasLines ? int(m_xml.lineNumber()) : 0; }
+    int line() const { return m_mendedXml.isNull() ? int(m_xml.lineNumber()) : 0; }
+
+    /// The XML that is read in place of a document that the DOM had to help with, in UTF-8; null if it had not.
+    const QByteArray &mendedXml() const { return m_mendedXml; }
 
     /// To be called at points of a file, which may hold as much more then.
     void allowForPoints(int count) { m_device.allowForPoints(count); }
@@ -83,5 +86,5 @@ private:
     QString m_refusal;
     qint64 m_attributePairs = 0;
     int m_depth = 0;
-    bool m_hasLines = true;
+    QByteArray m_mendedXml;
 };

@@ -9,4 +9,7 @@ struct KRGPXReadingOptions {
     bool isOnGlobeOnly = false;
     /// Of elements and attributes that are read as if they had none; without the colon.
     QStringList prefixes;
+    /// Whether a DOM is asked only for what is no XML to a stream, and not for what it would merely read otherwise:
+    /// carriage returns and some names.
+    bool isStreamPreferred = false;
 };

@@ -90,7 +90,8 @@ bool KRGPXStreamReader::readFirstTrack(KRGPXTrackImpl *track)
 
 bool KRGPXStreamReader::isDomPreferable() const
 {
-    return m_differsFromDom && m_nodes <= KRInputLimits::nodes && m_device.size() <= KRInputLimits::documentBytes;
+    return m_differsFromDom && !m_options.isStreamPreferred && m_nodes <= KRInputLimits::nodes
+           && m_device.size() <= KRInputLimits::documentBytes;
 }
 
 KRErrorHistory::Entry KRGPXStreamReader::error() const

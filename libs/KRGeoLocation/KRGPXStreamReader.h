@@ -43,6 +43,8 @@ public:
     static KRGPXStreamResult readFile(const QFileInfo &file, KRErrorHistory *history,
                                       const std::function<bool(KRGPXStreamReader &)> &read);
 
+    /// Expects a document that was in memory as a whole, whatever there is in it besides points.
+    void expectDocument() { m_device.expectDocument(); }
     void setOptions(const KRGPXReadingOptions &options) { m_options = options; }
 
     /// Hands over one track after the other, valid or not, that lies directly below the document element. False when
@@ -51,8 +53,8 @@ public:
     /// Adds the first track directly below the document element to what @p track already holds.
     bool readFirstTrack(KRGPXTrackImpl *track);
 
-    /// Whether a document that was read may read otherwise as a DOM. QDom is stricter in names, and keeps carriage
-    /// returns. False for one that KRXMLGuard would refuse as too large.
+    /// Whether a document that was read may read otherwise as a DOM, and the options do not prefer this. QDom is
+    /// stricter in names, and keeps carriage returns. False for one that KRXMLGuard would refuse as too large.
     bool isDomPreferable() const;
     /// Where and why reading has failed; without the name of the file.
     KRErrorHistory::Entry error() const;

@@ -6,6 +6,7 @@
 #include <KRCore/KRMath.h>
 #include <KRCore/KRXMLLoader.h>
 
+#include <QBuffer>
 #include <QDir>
 #include <QDomElement>
 #include <QFileInfo>
@@ -95,4 +96,22 @@ KRGPXTrackFile::KRGPXTrackFile(const QFileInfo &file, KRErrorHistory *history, c
         m_tracks = collector.tracks();
     else if (result == StreamNeedsDom)
         m_tracks = tracksOfDom(file, history, options);
+}
+
+KRGPXTrackFile KRGPXTrackFile::fromXml(const QByteArray &xml, const QFileInfo &file, KRErrorHistory *history,
+                                       const KRGPXReadingOptions &options)
+{
+    QBuffer buffer;
+    buffer.setData(xml);
+    buffer.open(QIODevice::ReadOnly);
+    KRGPXStreamReader reader(&buffer);
+    reader.expectDocument();
+    reader.setOptions(options);
+    TrackCollector collector(file);
+    KRGPXTrackFile tracks;
+    if (reader.readTracks([&](const KRGPXTrack &track) { collector.take(track); }))
+        tracks.m_tracks = collector.tracks();
+    else
+        KRErrorHistory::report(history, file.filePath(), reader.error().reason);
+    return tracks;
 }

@@ -4,6 +4,7 @@
 #include "KRGPXTrack.h"
 
 class KRErrorHistory;
+class QByteArray;
 class QFileInfo;
 
 /**
@@ -19,10 +20,17 @@ public:
     explicit KRGPXTrackFile(const QFileInfo &file, KRErrorHistory *history = nullptr,
                             const KRGPXReadingOptions &options = {});
 
+    /// The same with @p xml, in UTF-8, in place of what the file holds: a document that was in memory and has been
+    /// written anew, without faults and document type. No DOM is made of it.
+    static KRGPXTrackFile fromXml(const QByteArray &xml, const QFileInfo &file, KRErrorHistory *history,
+                                  const KRGPXReadingOptions &options);
+
     QList<KRGPXTrack> tracks() const { return m_tracks; }
     /// Whether the file held a valid track.
     bool isValid() const { return !m_tracks.isEmpty(); }
 
 private:
+    KRGPXTrackFile() = default;
+
     QList<KRGPXTrack> m_tracks;
 };
