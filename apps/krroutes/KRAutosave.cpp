@@ -7,7 +7,7 @@
 #include <KRCore/KRErrorHistory.h>
 
 #include <QFileInfo>
-#include <QtConcurrent>
+#include <QThread>
 
 #include <numeric>
 
@@ -41,21 +41,22 @@ KRAutosave::KRAutosave(KRRouteWorkspace *workspace, const QDir &place, QObject *
     m_timer.setSingleShot(true);
     setDelay(1000);
     connect(&m_timer, &QTimer::timeout, this, &KRAutosave::startWriting);
-    connect(&m_writing, &QFutureWatcher<QString>::finished, this, &KRAutosave::finishWriting);
     connect(workspace, &KRRouteWorkspace::selectionChanged, this, &KRAutosave::scheduleWriting);
     connect(workspace, &KRRouteWorkspace::documentChanged, this, &KRAutosave::scheduleWriting);
 }
 
 KRAutosave::~KRAutosave()
 {
-    m_writing.waitForFinished();
+    if (m_writer)
+        m_writer->wait();
     if (m_folder)
         m_folder->discard();
 }
 
 void KRAutosave::adopt(std::unique_ptr<KRRecoveryFolder> folder)
 {
-    m_writing.waitForFinished();
+    if (m_writer)
+        m_writer->wait();
     if (m_folder)
         m_folder->discard();
     m_folder = std::move(folder);
@@ -63,7 +64,7 @@ void KRAutosave::adopt(std::unique_ptr<KRRecoveryFolder> folder)
 
 void KRAutosave::scheduleWriting()
 {
-    if (!m_workspace->isModified() && !m_writing.isRunning()) {
+    if (!m_workspace->isModified() && !m_writer) {
         m_timer.stop();
         if (m_folder)
             m_folder->removeWork();
@@ -76,7 +77,7 @@ void KRAutosave::scheduleWriting()
 
 void KRAutosave::startWriting()
 {
-    if (m_writing.isRunning()) {
+    if (m_writer) {
         scheduleWriting();
         return;
     }
@@ -86,17 +87,27 @@ void KRAutosave::startWriting()
     }
     const KRGPXTrackSelection selection = m_workspace->selection();
     const bool inOneFile = countPoints(selection) <= m_mostPointsInOneFile;
-    m_writing.setFuture(QtConcurrent::run(writeDocument, selection, m_folder->recoveryFile(), inOneFile));
+    const auto write = [this, selection, fileName = m_folder->recoveryFile(), inOneFile] {
+        m_failure = writeDocument(selection, fileName, inOneFile);
+    };
+    m_writer.reset(QThread::create(write));
+    connect(m_writer.get(), &QThread::finished, this, &KRAutosave::finishWriting);
+    m_writer->start();
+    if (m_writer->isRunning() || m_writer->isFinished())
+        return;
+    write();
+    finishWriting();
 }
 
 void KRAutosave::finishWriting()
 {
-    const QString reason = m_writing.result();
+    m_writer->wait();
+    m_writer.reset();
     const bool isSavedMeanwhile = !m_workspace->isModified();
-    if (reason.isEmpty())
+    if (m_failure.isEmpty())
         emit written();
     else if (!isSavedMeanwhile)
-        emit failed(reason);
+        emit failed(m_failure);
     if (isSavedMeanwhile)
         m_folder->removeWork();
 }

@@ -4,18 +4,21 @@
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
-#include <QFutureWatcher>
 #include <QObject>
 #include <QTimer>
 
+#include <memory>
+
 class KRRouteWorkspace;
+class QThread;
 
 /**
  * Writes the unsaved work of a workspace aside, a second after a change, so that a crash loses no more.
  *
- * Writing runs in another thread. Where there are many points each track is written once, so that changes of looks
- * cost little. What was written is removed as soon as the document is saved, and the whole folder when the object ends.
- * GUI thread only.
+ * Writing runs in a thread of its own, not in the pool, where it could keep the map waiting or the map it; where the
+ * system starts none it runs in that of the window. Where there are many points each track is written once, so that
+ * changes of looks cost little. What was written is removed as soon as the document is saved, and the whole folder when
+ * the object ends. GUI thread only.
  */
 class KRAutosave : public QObject
 {
@@ -48,5 +51,6 @@ private:
     std::unique_ptr<KRRecoveryFolder> m_folder;
     QTimer m_timer;
     int m_mostPointsInOneFile = 100000;
-    QFutureWatcher<QString> m_writing; ///< the reason of a failure, empty without one
+    std::unique_ptr<QThread> m_writer; ///< null while nothing is written
+    QString m_failure; ///< of the writer, its reason; empty without one
 };

@@ -10,6 +10,9 @@
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
+#include <QSemaphore>
+#include <QThreadPool>
+
 namespace {
 
 KRGPXConfiguredTrackList oneTrack(const QString &name)
@@ -97,6 +100,22 @@ private slots:
             }
             QCOMPARE(filesBelow(afterCrash()), QStringList());
         }
+    }
+
+    void waitsForNobodyElse()
+    {
+        QThreadPool *const pool = QThreadPool::globalInstance();
+        const int threads = pool->maxThreadCount();
+        pool->setMaxThreadCount(1);
+        QSemaphore end;
+        pool->start([&end] { end.acquire(); });
+        Work work(place());
+        work.add("Tour");
+        const bool isWritten = work.wait();
+        end.release();
+        pool->waitForDone();
+        pool->setMaxThreadCount(threads);
+        QVERIFY(isWritten);
     }
 
     void nothingStaysThatIsNotNeeded()
