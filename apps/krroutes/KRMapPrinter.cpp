@@ -66,9 +66,9 @@ void KRMapPrinter::preview(QWidget *window) const
     dialog.setWindowTitle(tr("Drucken"));
     KRErrorHistory problems;
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter *target) {
-        // The user has turned the page or chosen another paper.
-        if (mapSize(*target) != fetchedSize && !fetchGround(mapSize(*target), &dialog))
-            return dialog.reject();
+        // The user has turned the page or chosen another paper. Who does not wait for it gets what is at hand.
+        if (mapSize(*target) != fetchedSize)
+            fetchGround(mapSize(*target), &dialog);
         fetchedSize = mapSize(*target);
         paint(target, &problems);
     });

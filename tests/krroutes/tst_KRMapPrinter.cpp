@@ -7,6 +7,7 @@
 #include "KRTestPicture.h"
 
 #include <KRBaseMapGround.h>
+#include <KRMapPatience.h>
 #include <KRRouteImport.h>
 
 #include <KRCore/KRErrorHistory.h>
@@ -17,17 +18,21 @@
 
 namespace {
 
-/// Lacks two tiles of every picture that is kept.
+/// Lacks two tiles of every picture that is kept; waits for those of wide ones until nobody wants them any more.
 class TiledGround : public KRMapGround
 {
 public:
     void paint(QPainter *, const QSize &size, const KRMapProjection &, double) override { painted << size; }
-    KRMapGaps paintWhole(QPainter *, const QSize &size, const KRMapProjection &, double, const KRMapPatience &) override
+    KRMapGaps paintWhole(QPainter *, const QSize &size, const KRMapProjection &, double,
+                         const KRMapPatience &patience) override
     {
         fetched << size;
+        while (isSlow && size.width() > size.height() && !patience.isOver(2))
+            QThread::msleep(1);
         return {2, QStringLiteral("Regen")};
     }
 
+    bool isSlow = false;
     QList<QSize> fetched;
     QList<QSize> painted;
 };
@@ -133,6 +138,35 @@ private slots:
         QCOMPARE(ground.fetched.size(), 2);
         QCOMPARE(ground.fetched.at(0), ground.fetched.at(1).transposed());
         QCOMPARE(ground.fetched, ground.painted);
+    }
+
+    void previewStaysWhenItsTilesAreCancelled()
+    {
+        TiledGround ground;
+        ground.isSlow = true;
+        int cancelled = 0;
+        QTimer user;
+        connect(&user, &QTimer::timeout, &m_window, [&cancelled] {
+            auto *const progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+            if (progress == nullptr || progress->wasCanceled())
+                return;
+            ++cancelled;
+            KRDialogAnswer::press(*progress, "Abbrechen");
+        });
+        user.start(10);
+        int pages = 0;
+        KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Return), [&](QWidget *dialog) {
+                                    auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
+                                    preview->setLandscapeOrientation();
+                                    preview->updatePreview();
+                                    pages = dialog->isVisible() ? preview->pageCount() : 0;
+                                    dialog->close();
+                                }});
+        KRMapPrinter(m_selection, KRTestMap{40.0, 60.0, 5.0, 8.0}.area(), &ground).preview(&m_window);
+        QVERIFY(answers.isDone());
+        QCOMPARE(cancelled, 1);
+        QCOMPARE(pages, 1);
+        QCOMPARE(ground.painted.last(), ground.fetched.last());
     }
 
     void fullDiskKeepsTheOldFile()
