@@ -4,10 +4,11 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QDomDocument>
 
 #include <algorithm>
 
-// The sources of the versions of Qt hold decoded() and accepts().
+// The sources of the versions of Qt hold decoded() and read().
 
 namespace {
 
@@ -80,7 +81,7 @@ bool hasDeepContentModel(const Text &xml)
     return depth > KRInputLimits::depth;
 }
 
-/// Whether a tag or a comment is so long that its name, an attribute or itself must be, which accepts() would find out
+/// Whether a tag or a comment is so long that its name, an attribute or itself must be, which read() would find out
 /// only behind it.
 template <typename Text>
 bool hasEndlessTag(const Text &xml)
@@ -112,6 +113,15 @@ QString refusalOf(const Text &xml)
     return isBlank(xml) ? QCoreApplication::translate("KRXMLGuard", "Die Datei ist leer.") : QString();
 }
 
+template <typename Text>
+bool buildDom(const Text &xml, QDomDocument *document, KRErrorHistory::Entry *refusal)
+{
+    if (document->setContent(xml, false, &refusal->reason, &refusal->line, &refusal->column))
+        return true;
+    refusal->reason = QCoreApplication::translate("KRXMLGuard", "Kein lesbares XML: %1").arg(refusal->reason);
+    return false;
+}
+
 } // namespace
 
 bool KRXMLGuard::acceptsDeclaration(const QByteArray &xml, KRErrorHistory::Entry *refusal)
@@ -136,4 +146,14 @@ bool KRXMLGuard::acceptsCharacters(const QString &xml, KRErrorHistory::Entry *re
 {
     refusal->reason = refusalOf(xml);
     return refusal->reason.isEmpty();
+}
+
+bool KRXMLGuard::build(const QByteArray &xml, QDomDocument *document, KRErrorHistory::Entry *refusal)
+{
+    return buildDom(xml, document, refusal);
+}
+
+bool KRXMLGuard::build(const QString &xml, QDomDocument *document, KRErrorHistory::Entry *refusal)
+{
+    return buildDom(xml, document, refusal);
 }

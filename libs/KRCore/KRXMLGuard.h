@@ -7,14 +7,15 @@
 #include <optional>
 
 class QByteArray;
+class QDomDocument;
 
 /**
- * Looks through an XML text before a DOM is built of it.
+ * Looks through an XML text before, or while, a DOM is built of it.
  *
  * QDom recurses per level and overflows the stack, keeps some hundred bytes per node, and expands entities
  * without bound. The guard refuses what goes beyond KRInputLimits, in three steps as far as the text has come: as
- * bytes, as characters, and once read as a stream of events. Entities and DTDs outside the text are never loaded, and
- * none may add to the DTD (parameter entities).
+ * bytes, as characters, and as a stream of events. Entities and DTDs outside the text are never loaded, and none may
+ * add to the DTD (parameter entities).
  */
 class KRXMLGuard
 {
@@ -30,7 +31,11 @@ public:
     static bool acceptsCharacters(const QByteArray &xml, KRErrorHistory::Entry *refusal);
     static bool acceptsCharacters(const QString &xml, KRErrorHistory::Entry *refusal);
 
-    /// True when a DOM of the text may be built, which may find faults yet; otherwise @p refusal says why and where.
-    static bool accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal);
-    static bool accepts(const QString &xml, KRErrorHistory::Entry *refusal);
+    /// Builds the DOM. When it returns false, @p refusal says why and where, and the document is of no use.
+    static bool read(const QByteArray &xml, QDomDocument *document, KRErrorHistory::Entry *refusal);
+    static bool read(const QString &xml, QDomDocument *document, KRErrorHistory::Entry *refusal);
+
+private:
+    static bool build(const QByteArray &xml, QDomDocument *document, KRErrorHistory::Entry *refusal);
+    static bool build(const QString &xml, QDomDocument *document, KRErrorHistory::Entry *refusal);
 };

@@ -4,6 +4,7 @@
 #include "KRXMLSkimmer.h"
 
 #include <QByteArray>
+#include <QDomDocument>
 #include <QXmlDefaultHandler>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
@@ -13,55 +14,77 @@ QT_WARNING_DISABLE_DEPRECATED
 
 namespace {
 
-/// Has everything counted that the reader meets, which ends at the limits.
+/// Has everything counted that the reader meets, which ends at the limits, and passes on what a DOM is made of.
 class CountingHandler : public QXmlDefaultHandler
 {
 public:
     explicit CountingHandler(const KRXMLCounter &counter) : m_counter(counter) { }
 
+    void passOnTo(QXmlContentHandler *handler) { m_content = handler; }
+    void passOnTo(QXmlLexicalHandler *handler) { m_lexical = handler; }
+    void passOnTo(QXmlDeclHandler *handler) { m_declarations = handler; }
+    void passOnTo(QXmlDTDHandler *handler) { m_documentType = handler; }
+
+    bool startDTD(const QString &name, const QString &publicId, const QString &systemId) override
+    {
+        return m_lexical->startDTD(name, publicId, systemId);
+    }
     bool internalEntityDecl(const QString &name, const QString &value) override
     {
-        return m_counter.declareEntity(name, value.size());
+        return m_counter.declareEntity(name, value.size()) && m_declarations->internalEntityDecl(name, value);
     }
-    bool externalEntityDecl(const QString &name, const QString &, const QString &) override
+    bool externalEntityDecl(const QString &name, const QString &publicId, const QString &systemId) override
     {
-        return m_counter.addDeclaration(name.size(), 0);
+        return m_counter.addDeclaration(name.size(), 0) && m_declarations->externalEntityDecl(name, publicId, systemId);
     }
-    bool unparsedEntityDecl(const QString &name, const QString &, const QString &, const QString &) override
+    bool unparsedEntityDecl(const QString &name, const QString &publicId, const QString &systemId,
+                            const QString &notation) override
     {
-        return m_counter.addDeclaration(name.size(), 0);
+        return m_counter.addDeclaration(name.size(), 0)
+               && m_documentType->unparsedEntityDecl(name, publicId, systemId, notation);
     }
-    bool notationDecl(const QString &name, const QString &, const QString &) override
+    bool notationDecl(const QString &name, const QString &publicId, const QString &systemId) override
     {
-        return m_counter.addDeclaration(name.size(), 0);
+        return m_counter.addDeclaration(name.size(), 0) && m_documentType->notationDecl(name, publicId, systemId);
     }
-    bool attributeDecl(const QString &, const QString &name, const QString &, const QString &,
+    bool attributeDecl(const QString &element, const QString &name, const QString &type, const QString &kind,
                        const QString &value) override
     {
-        return m_counter.declareAttributes(1) && m_counter.addMarkup(name.size(), value.size());
+        return m_counter.declareAttributes(1) && m_counter.addMarkup(name.size(), value.size())
+               && m_declarations->attributeDecl(element, name, type, kind, value);
     }
 
-    bool startElement(const QString &, const QString &, const QString &name, const QXmlAttributes &attributes) override
+    void setDocumentLocator(QXmlLocator *locator) override { m_content->setDocumentLocator(locator); }
+    bool startElement(const QString &address, const QString &localName, const QString &name,
+                      const QXmlAttributes &attributes) override
     {
         bool isShort = true;
         for (int i = 0; i < attributes.count() && isShort; ++i)
             isShort = m_counter.addAttribute(attributes.qName(i).size(), attributes.value(i).size());
-        return isShort && m_counter.enterElement(name.size());
+        return isShort && m_counter.enterElement(name.size())
+               && m_content->startElement(address, localName, name, attributes);
     }
 
-    bool endElement(const QString &, const QString &, const QString &) override
+    bool endElement(const QString &address, const QString &localName, const QString &name) override
     {
         m_counter.leaveElement();
-        return true;
+        return m_content->endElement(address, localName, name);
     }
 
-    bool characters(const QString &text) override { return m_counter.addText(text); }
+    bool characters(const QString &text) override { return m_counter.addText(text) && m_content->characters(text); }
+    /// Of one that is not declared nothing is left. Without the reader of its own the DOM cannot tell one in an
+    /// attribute from one between the elements, where none of ours looks for it.
+    bool skippedEntity(const QString & /*name*/) override { return true; }
 
-    bool comment(const QString &text) override { return m_counter.addMarkup(0, text.size()); }
-    bool startCDATA() override { return m_counter.addMarkup(0, 0); }
+    bool comment(const QString &text) override
+    {
+        return m_counter.addMarkup(0, text.size()) && m_lexical->comment(text);
+    }
+    bool startCDATA() override { return m_counter.addMarkup(0, 0) && m_lexical->startCDATA(); }
+    bool endCDATA() override { return m_lexical->endCDATA(); }
     bool processingInstruction(const QString &target, const QString &text) override
     {
-        return m_counter.addMarkup(target.size(), text.size());
+        return m_counter.addMarkup(target.size(), text.size()) && m_content->processingInstruction(target, text);
     }
 
     bool error(const QXmlParseException &exception) override { return keep(exception); }
@@ -81,10 +104,45 @@ private:
         return false;
     }
 
+    QXmlContentHandler *m_content = nullptr;
+    QXmlLexicalHandler *m_lexical = nullptr;
+    QXmlDeclHandler *m_declarations = nullptr;
+    QXmlDTDHandler *m_documentType = nullptr;
     KRXMLCounter m_counter;
     QString m_reason;
     int m_line = 0;
     int m_column = 0;
+};
+
+/// Reads as QDomDocument::setContent() without namespaces does, past a CountingHandler.
+class CountingReader : public QXmlSimpleReader
+{
+public:
+    explicit CountingReader(CountingHandler *handler) : m_handler(handler)
+    {
+        setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
+        setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
+        setFeature(QStringLiteral("http://trolltech.com/xml/features/report-whitespace-only-CharData"), false);
+    }
+
+    void setContentHandler(QXmlContentHandler *handler) override { m_handler->passOnTo(handler); }
+    void setLexicalHandler(QXmlLexicalHandler *handler) override { m_handler->passOnTo(handler); }
+    void setDeclHandler(QXmlDeclHandler *handler) override { m_handler->passOnTo(handler); }
+    void setDTDHandler(QXmlDTDHandler *handler) override { m_handler->passOnTo(handler); }
+
+    using QXmlSimpleReader::parse;
+    bool parse(const QXmlInputSource *source) override
+    {
+        QXmlSimpleReader::setContentHandler(m_handler);
+        QXmlSimpleReader::setLexicalHandler(m_handler);
+        QXmlSimpleReader::setDeclHandler(m_handler);
+        QXmlSimpleReader::setDTDHandler(m_handler);
+        setErrorHandler(m_handler);
+        return QXmlSimpleReader::parse(source, false);
+    }
+
+private:
+    CountingHandler *const m_handler;
 };
 
 } // namespace
@@ -99,37 +157,32 @@ std::optional<QString> KRXMLGuard::decoded(const QByteArray &xml)
     return source.data();
 }
 
-bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+bool KRXMLGuard::read(const QByteArray &xml, QDomDocument *document, KRErrorHistory::Entry *refusal)
 {
-    return accepts(*decoded(xml), refusal);
+    return read(*decoded(xml), document, refusal);
 }
 
-bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
+bool KRXMLGuard::read(const QString &xml, QDomDocument *document, KRErrorHistory::Entry *refusal)
 {
     const KRXMLCounter empty(xml.size(), xml.count(QLatin1Char('&')));
     KRXMLCounter counter = empty;
     KRXMLSkimmer skimmer(xml, &counter);
-    const KRXMLSkimmer::Result result = skimmer.skim();
-    if (result == KRXMLSkimmer::Refused) {
+    switch (skimmer.skim()) {
+    case KRXMLSkimmer::Counted:
+        return build(xml, document, refusal);
+    case KRXMLSkimmer::Refused:
         refusal->reason = counter.refusal();
         refusal->line = skimmer.line();
         refusal->column = skimmer.column();
+        return false;
+    case KRXMLSkimmer::LeftToReader:
+        break;
     }
-    if (result != KRXMLSkimmer::LeftToReader)
-        return result == KRXMLSkimmer::Counted;
-
     QXmlInputSource source;
     source.setData(xml);
     CountingHandler handler(empty);
-    QXmlSimpleReader reader;
-    reader.setContentHandler(&handler);
-    reader.setErrorHandler(&handler);
-    reader.setDeclHandler(&handler);
-    reader.setDTDHandler(&handler);
-    reader.setLexicalHandler(&handler);
-    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
-    reader.setFeature(QStringLiteral("http://xml.org/sax/features/namespace-prefixes"), true);
-    if (reader.parse(&source, false))
+    CountingReader reader(&handler);
+    if (document->setContent(&source, &reader))
         return true;
     refusal->reason = handler.reason();
     refusal->line = handler.line();

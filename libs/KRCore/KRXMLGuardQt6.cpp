@@ -150,14 +150,14 @@ std::optional<QString> KRXMLGuard::decoded(const QByteArray &xml)
     return QString(decoder(xml));
 }
 
-bool KRXMLGuard::accepts(const QByteArray &xml, KRErrorHistory::Entry *refusal)
+bool KRXMLGuard::read(const QByteArray &xml, QDomDocument *document, KRErrorHistory::Entry *refusal)
 {
     if (const std::optional<QString> text = decoded(xml))
-        return accepts(*text, refusal);
-    return passes(xml, xml, refusal);
+        return read(*text, document, refusal);
+    return passes(xml, xml, refusal) && build(xml, document, refusal);
 }
 
-bool KRXMLGuard::accepts(const QString &xml, KRErrorHistory::Entry *refusal)
+bool KRXMLGuard::read(const QString &xml, QDomDocument *document, KRErrorHistory::Entry *refusal)
 {
-    return passes(xml, xml.toLatin1(), refusal);
+    return passes(xml, xml.toLatin1(), refusal) && build(xml, document, refusal);
 }

@@ -7,7 +7,6 @@
 #include "KRXMLGuard.h"
 #include "KRXMLSurrogates.h"
 
-#include <QCoreApplication>
 #include <QDomDocument>
 #include <QFileInfo>
 
@@ -35,13 +34,10 @@ QDomElement documentElement(const Text &source, const QString &fileName, KRError
     refusal.fileName = fileName;
     if (KRXMLGuard::acceptsCharacters(source, &refusal)) {
         const Text xml = readable(source);
-        // A failed setContent() leaves the tree that it had read so far.
+        // What could not be read leaves the tree that there was so far.
         QDomDocument document;
-        if (KRXMLGuard::accepts(xml, &refusal)) {
-            if (document.setContent(xml, false, &refusal.reason, &refusal.line, &refusal.column))
-                return document.documentElement();
-            refusal.reason = QCoreApplication::translate("KRXMLGuard", "Kein lesbares XML: %1").arg(refusal.reason);
-        }
+        if (KRXMLGuard::read(xml, &document, &refusal))
+            return document.documentElement();
     }
     KRErrorHistory::report(history, refusal);
     return QDomElement();

@@ -5,7 +5,8 @@
 #include "KRQuietFiles.h"
 #include "KRTest.h"
 
-#include <QDomElement>
+#include <QDomDocument>
+#include <QTextStream>
 
 #include <algorithm>
 
@@ -92,6 +93,26 @@ private slots:
             QCOMPARE(root.text(), text);
             QVERIFY(history.isEmpty());
         });
+    }
+
+    void readsDocumentTypesAsQDom()
+    {
+        const auto toText = [](const QDomElement &element) {
+            QString text;
+            QTextStream stream(&text);
+            element.save(stream, -1);
+            return text;
+        };
+        for (const char *const xml : {"<r a='1'>&e; <a/> \n<![CDATA[ ]]>&f;</r>", "<r>a&e;b<!-- c --><?p q?></r>",
+                                      "<r b='&e;'>\xC2\xA0<a> </a>&e; <a>\r\n&#10;</a></r>"}) {
+            const QString text = QStringLiteral("<!DOCTYPE r [<!ENTITY e 'x'><!ENTITY f '<c>d</c>'><!ATTLIST r z CDATA "
+                                                "'y'>]>")
+                                 + QString::fromUtf8(xml);
+            QDomDocument expected;
+            QVERIFY(expected.setContent(text, false));
+            QCOMPARE(toText(KRXMLLoader::parseDocumentElement(text, QStringLiteral("x"))),
+                     toText(expected.documentElement()));
+        }
     }
 
     void refusesWithReason()
