@@ -59,10 +59,10 @@ int main(int argc, char *argv[])
             return complain(fileName + QLatin1String(": no tracks")); // why, stands in the log
         selection.addTracks(tracks);
     }
-    // The picture is as high as the tracks reach from south to north, and a quarter more.
+    // The picture is as high as the tracks reach from south to north, and a quarter more; of a single place, 800 m.
     const KRGeoPositionRect area = selection.boundingBox();
     const QSize size(600, 600);
-    const double heightOfTracks = (area.north() - area.south()).radians();
+    const double heightOfTracks = qMax(0.0001, (area.north() - area.south()).radians());
     const EqualAreaRenderer renderer(selection, size, size.height() / (1.25 * heightOfTracks));
     QImage picture(size, QImage::Format_RGB32);
     picture.fill(Qt::white);
