@@ -6,6 +6,7 @@
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRTrackFigures.h>
 
+#include <QDateTime>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLocale>
@@ -100,7 +101,8 @@ QLabel *KRFiguresPanel::addRow(const QString &title)
 {
     const Row row{new QLabel(title), new QLabel};
     row.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    row.value->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00.00.00 00:00")));
+    const QDateTime widest(QDate(2000, 12, 28), QTime(20, 58, 58));
+    row.value->setMinimumWidth(fontMetrics().horizontalAdvance(KRFigureTexts::moment(widest)));
     row.value->setAccessibleName(title);
     m_rows.append(row);
     return row.value;

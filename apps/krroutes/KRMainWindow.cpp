@@ -10,6 +10,7 @@
 #include "KRPreferencesDialog.h"
 #include "KRProfileView.h"
 #include "KRRecoveryOffer.h"
+#include "KRStatusWarning.h"
 #include "KRTrackActions.h"
 #include "KRTrackListView.h"
 #include "KRViewerAction.h"
@@ -18,8 +19,6 @@
 #include "KRViewerSettings.h"
 
 #include <KRMapGround.h>
-
-#include <KRGUIWidgets/KRElidedLabel.h>
 
 #include <QAction>
 #include <QApplication>
@@ -36,6 +35,7 @@
 #include <QToolBar>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -54,18 +54,6 @@ QStringList localFiles(const QMimeData *mimeData)
     return files;
 }
 
-/// In the status bar, for as long as there is a reason: messages there give way to the next tip.
-void showWarning(KRElidedLabel *label, const QString &text)
-{
-    constexpr int mostCharactersShown = 45;
-    const QFontMetrics metrics = label->fontMetrics();
-    const int width = std::min(metrics.horizontalAdvance(text) + 1, mostCharactersShown * metrics.averageCharWidth());
-    label->setMinimumWidth(width + 2 * KRElidedLabel::textPaddingPx);
-    label->setFullText(text);
-    label->setToolTip(QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
-    label->setVisible(!text.isEmpty());
-}
-
 } // namespace
 
 KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
@@ -76,8 +64,8 @@ KRMainWindow::KRMainWindow(const QDir &recoveryPlace, QWidget *parent)
       m_groundMenu(new KRGroundMenu(this)), m_map(new KRMapView), m_mapActions(new KRMapActions(m_map, this)),
       m_outputActions(new KROutputActions(&m_workspace, m_map, m_groundMenu, m_mapActions, this)),
       m_docks(new KRViewerDocks(&m_workspace, this)), m_toolBar(addToolBar(tr("Werkzeugleiste"))),
-      m_trackMenu(new QMenu(tr("&Route"), this)), m_groundWarning(new KRElidedLabel),
-      m_autosaveWarning(new KRElidedLabel), m_positionLabel(new QLabel(this))
+      m_trackMenu(new QMenu(tr("&Route"), this)), m_groundWarning(new KRStatusWarning),
+      m_autosaveWarning(new KRStatusWarning), m_positionLabel(new QLabel(this))
 {
     setAcceptDrops(true);
     setCentralWidget(m_map);
@@ -306,20 +294,19 @@ void KRMainWindow::connectTrackList()
 void KRMainWindow::connectWarnings()
 {
     const auto warnOfGround = [this](const QString &problem) {
-        showWarning(m_groundWarning, problem.isEmpty() ? QString() : tr("Karte: %1").arg(problem));
+        m_groundWarning->setWarning(problem.isEmpty() ? QString() : tr("Karte: %1").arg(problem));
     };
     warnOfGround(m_groundMenu->problem());
     connect(m_groundMenu, &KRGroundMenu::problemChanged, m_groundWarning, warnOfGround);
 
-    showWarning(m_autosaveWarning, QString());
     connect(m_autosave, &KRAutosave::failed, m_autosaveWarning, [this](const QString &reason) {
-        showWarning(m_autosaveWarning,
-                    tr("Ungesicherte Änderungen sind nicht vor einem Absturz sicher: %1").arg(reason));
+        m_autosaveWarning->setWarning(
+            tr("Ungesicherte Änderungen sind nicht vor einem Absturz sicher: %1").arg(reason));
     });
-    connect(m_autosave, &KRAutosave::written, m_autosaveWarning, [this] { showWarning(m_autosaveWarning, QString()); });
+    connect(m_autosave, &KRAutosave::written, m_autosaveWarning, [this] { m_autosaveWarning->setWarning(QString()); });
     connect(&m_workspace, &KRRouteWorkspace::documentChanged, m_autosaveWarning, [this] {
         if (!m_workspace.isModified())
-            showWarning(m_autosaveWarning, QString());
+            m_autosaveWarning->setWarning(QString());
     });
 }
 
@@ -342,9 +329,14 @@ void KRMainWindow::updateTitle()
 void KRMainWindow::showPosition(const KRGeoPosition &position)
 {
     constexpr bool inDegreesMinutesSeconds = true;
+    constexpr double stepsPerDegree = 36000.0; // tenths of a second, some three metres
+    const auto rounded = [](const KRGeoArc &arc) {
+        return std::round(arc.decimalDegrees() * stepsPerDegree) / stepsPerDegree;
+    };
     m_positionLabel->setText(position.isValid()
-                                 ? position.latitude().toString(inDegreesMinutesSeconds) + QStringLiteral(",  ")
-                                       + position.longitude().toString(inDegreesMinutesSeconds)
+                                 ? KRLatitude(rounded(position.latitude())).toString(inDegreesMinutesSeconds)
+                                       + QStringLiteral(",  ")
+                                       + KRLongitude(rounded(position.longitude())).toString(inDegreesMinutesSeconds)
                                  : QString());
 }
 

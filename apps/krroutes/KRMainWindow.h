@@ -7,12 +7,12 @@
 
 class KRAutosave;
 class KRDocumentActions;
-class KRElidedLabel;
 class KRGroundMenu;
 class KRMapActions;
 class KRMapView;
 class KROutputActions;
 class KRPlaceActions;
+class KRStatusWarning;
 class KRTrackActions;
 class KRTrackListView;
 class KRViewerDocks;
@@ -80,7 +80,7 @@ private:
     KRViewerDocks *m_docks;
     QToolBar *m_toolBar;
     QMenu *m_trackMenu;
-    KRElidedLabel *m_groundWarning;
-    KRElidedLabel *m_autosaveWarning;
+    KRStatusWarning *m_groundWarning;
+    KRStatusWarning *m_autosaveWarning;
     QLabel *m_positionLabel;
 };

@@ -516,6 +516,8 @@ private slots:
         QVERIFY(isWarned("gefunden") && !isWarned("Absturz"));
         workspace()->setCroppingOpacity(7);
         QTRY_VERIFY(isWarned("Absturz"));
+        // They give way to a narrow window, however long they are.
+        QVERIFY(m_window->statusBar()->minimumSizeHint().width() < 200);
         m_window->statusBar()->showMessage(QStringLiteral("Tip"));
         m_window->statusBar()->clearMessage();
         QVERIFY(isWarned("gefunden") && isWarned("Absturz"));

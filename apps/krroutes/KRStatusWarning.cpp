@@ -1,0 +1,23 @@
+#include "KRStatusWarning.h"
+
+#include <algorithm>
+
+KRStatusWarning::KRStatusWarning(QWidget *parent) : KRElidedLabel(parent)
+{
+    setWarning(QString());
+}
+
+void KRStatusWarning::setWarning(const QString &text)
+{
+    setFullText(text);
+    setToolTip(QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
+    setVisible(!text.isEmpty());
+}
+
+QSize KRStatusWarning::sizeHint() const
+{
+    constexpr int mostCharacters = 45;
+    const QFontMetrics metrics = fontMetrics();
+    const int width = std::min(metrics.horizontalAdvance(text()) + 1, mostCharacters * metrics.averageCharWidth());
+    return QSize(width + 2 * textPaddingPx, KRElidedLabel::sizeHint().height());
+}
