@@ -1,12 +1,13 @@
 #pragma once
 
+#include "KRGPXRasterBand.h"
+
 #include <QPainterPath>
+#include <QRect>
 #include <QRgb>
 #include <QSize>
 #include <QTransform>
 
-#include <cstdint>
-#include <limits>
 #include <vector>
 
 /**
@@ -41,33 +42,14 @@ public:
     void paint(uchar *pixels, int bytesPerLine, QRgb color) const;
 
 private:
-    /// In 1/256 pixels.
-    struct Point {
-        int x;
-        int y;
-    };
-    struct Edge {
-        Point from;
-        Point to;
-    };
-    /// What the edges in one pixel add up to: their heights, and their heights times twice the way to their left.
-    struct Cell {
-        std::uint32_t height;
-        std::uint32_t area;
-    };
-    /// Some rows of the touched columns, with one cell more in front of each for all that lies to the left.
-    struct Band;
+    using Point = KRGPXRasterBand::Point;
+    using Edge = KRGPXRasterBand::Edge;
 
     void addEdge(const Point &from, const Point &to);
-    std::vector<std::size_t> sortIntoBands(std::vector<std::size_t> *starts) const;
-    static void addEdge(Band *band, const Edge &edge);
-    static void addInRow(Band *band, int row, const Point &from, const Point &to);
-    static void paintRow(Band *band, int row, QRgb *pixels, QRgb color);
+    QRect placeOf(int bandNumber, const int *begin, const int *end) const;
 
     QSize m_size;
     Qt::FillRule m_fillRule;
     std::vector<Edge> m_edges;
-    // how far the outline reaches in the rows of the image, in 1/256 pixels
-    int m_left = std::numeric_limits<int>::max();
-    int m_right = std::numeric_limits<int>::min();
+    bool m_goesOnToTheRight = false; // of the image, where no edges are kept
 };

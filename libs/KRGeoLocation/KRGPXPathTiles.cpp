@@ -24,12 +24,7 @@ KRGPXPathTiles::KRGPXPathTiles(const QPainterPath &path, const QTransform &trans
       m_rows((size.height() + tileSize - 1) / tileSize)
 {
     readPath(path);
-    sortLinesIntoTiles(reach);
-}
-
-bool KRGPXPathTiles::isEmpty(int tile) const
-{
-    return m_starts[std::size_t(tile)] == m_starts[std::size_t(tile) + 1];
+    m_lines = sortedIntoTiles(reach);
 }
 
 QRect KRGPXPathTiles::rect(int tile) const
@@ -57,20 +52,13 @@ void KRGPXPathTiles::readPath(const QPainterPath &path)
             subpath.last > subpath.first && m_points[std::size_t(subpath.first)] == m_points[std::size_t(subpath.last)];
 }
 
-void KRGPXPathTiles::sortLinesIntoTiles(double reach)
+KRGPXBuckets KRGPXPathTiles::sortedIntoTiles(double reach) const
 {
-    m_starts.assign(std::size_t(count()) + 1, 0);
-    const auto visitAll = [&](const auto &visitor) {
+    return KRGPXBuckets(count(), [&](const auto &visitor) {
         for (const Subpath &subpath : m_subpaths)
             for (int line = subpath.first; line < subpath.last; ++line)
-                visitTiles(line, reach, [&](int tile) { visitor(std::size_t(tile), line); });
-    };
-    visitAll([&](std::size_t tile, int) { ++m_starts[tile + 1]; });
-    for (std::size_t tile = 1; tile < m_starts.size(); ++tile)
-        m_starts[tile] += m_starts[tile - 1];
-    m_lines.resize(m_starts.back());
-    std::vector<std::size_t> ends(m_starts.begin(), m_starts.end() - 1);
-    visitAll([&](std::size_t tile, int line) { m_lines[ends[tile]++] = line; });
+                visitTiles(line, reach, [&](int tile) { visitor(tile, line); });
+    });
 }
 
 // Row by row of the tiles, with the columns that the line crosses there.
@@ -105,8 +93,8 @@ void KRGPXPathTiles::visitTiles(int line, double reach, const Visitor &visitor) 
 
 void KRGPXPathTiles::appendLines(int tile, QPainterPath *path) const
 {
-    const int *line = m_lines.data() + m_starts[std::size_t(tile)];
-    const int *const end = m_lines.data() + m_starts[std::size_t(tile) + 1];
+    const int *line = m_lines.begin(tile);
+    const int *const end = m_lines.end(tile);
     auto subpath = m_subpaths.begin();
     while (line != end) {
         subpath = std::find_if(subpath, m_subpaths.end(), [line](const Subpath &s) { return *line < s.last; });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KRGPXBuckets.h"
+
 #include <QPointF>
 #include <QRect>
 #include <QTransform>
@@ -28,7 +30,7 @@ public:
                    int tileSize);
 
     int count() const { return m_columns * m_rows; }
-    bool isEmpty(int tile) const;
+    bool isEmpty(int tile) const { return m_lines.isEmpty(tile); }
     /// In pixels of the image.
     QRect rect(int tile) const;
 
@@ -53,7 +55,7 @@ private:
     using Pieces = std::vector<Lines>;
 
     void readPath(const QPainterPath &path);
-    void sortLinesIntoTiles(double reach);
+    KRGPXBuckets sortedIntoTiles(double reach) const;
     template <typename Visitor>
     void visitTiles(int line, double reach, const Visitor &visitor) const;
     Pieces piecesOf(const Subpath &subpath, const int *line, const int *end) const;
@@ -67,6 +69,5 @@ private:
     int m_rows;
     std::vector<QPointF> m_points; // no two equal ones in succession within a subpath
     std::vector<Subpath> m_subpaths;
-    std::vector<int> m_lines; // the first points of the lines in each tile, ascending, tile after tile
-    std::vector<std::size_t> m_starts; // where each tile begins in m_lines, and the end of the last one
+    KRGPXBuckets m_lines; // the first points of the lines in each tile, ascending
 };
