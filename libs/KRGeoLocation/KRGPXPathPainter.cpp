@@ -61,7 +61,7 @@ bool hasLinesOnly(const QPainterPath &path)
     return true;
 }
 
-// Lines without any join are painted one by one, so that they overlap.
+// Several lines without any join are painted one by one, so that they overlap.
 bool hasJoin(const QPainterPath &path)
 {
     for (int i = 2; i < path.elementCount(); ++i)
@@ -74,7 +74,9 @@ bool hasJoin(const QPainterPath &path)
 // differ where they meet, and the painter takes too long.
 bool overlapsLikeOne(const QPainterPath &path, const QPen &pen)
 {
-    return hasJoin(path) || (path.elementCount() >= fewElements && pen.color().alpha() == 255);
+    // For a line with other ends the painter has a rasteriser of its own.
+    const bool isOneLine = path.elementCount() == 2 && pen.capStyle() == Qt::RoundCap;
+    return isOneLine || hasJoin(path) || (path.elementCount() >= fewElements && pen.color().alpha() == 255);
 }
 
 // The image, when painting on its pixels is all that the painter does.

@@ -155,6 +155,11 @@ void tst_KRGPXPathPainter::lines()
     Chance chance;
     for (int i = 0; i < 400; ++i)
         QVERIFY2(isSame(chance.path(300), chance.pen()), qPrintable(QString::number(i)));
+    for (int i = 0; i < 400; ++i) {
+        QPainterPath line(chance.place());
+        line.lineTo(chance.place());
+        QVERIFY2(isSame(line, chance.pen()), qPrintable(QString::number(i)));
+    }
     const KRTestTable<QPainterPath> awkward{
         {"lines apart", linesApart()},
         {"steep zigzag from afar to afar", zigzag({-9000.0, 31000.0}, {90.1, 3.3}, 5).translated(300.0, -9000.0)},
