@@ -204,6 +204,9 @@ bool KRXmlStream::readDocument(const Reader &reader)
 QXmlStreamReader::TokenType KRXmlStream::readToken()
 {
     m_attributes.clear();
+    // The reader would begin again with a token that is not whole, be it 48 MB large.
+    if (m_xml.hasError())
+        return QXmlStreamReader::Invalid;
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
     m_name = withoutPrefix(m_xml.qualifiedName());

@@ -112,6 +112,9 @@ KRErrorHistory::Entry KRGPXStreamReader::error() const
 QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
 {
     m_attributes.clear();
+    // The reader would begin again with a token that is not whole, be it 48 MB large.
+    if (m_xml.hasError())
+        return QXmlStreamReader::Invalid;
     const QXmlStreamReader::TokenType token = m_xml.readNext();
     m_device.startToken();
     m_endOfToken = m_xml.characterOffset();

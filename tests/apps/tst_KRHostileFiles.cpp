@@ -186,6 +186,10 @@ void tst_KRHostileFiles::areRefused_data()
     row(
         "tag without end", "a.gpx", [] { return gpx("<a" + QByteArray(1 << 20, ' ')); }, "Kein lesbares XML");
     row(
+        "text without end below many levels", "a.kml",
+        [] { return kml(QByteArray("<a>").repeated(250) + "<![CDATA[" + QByteArray(40 << 20, ']')); },
+        "Kein lesbares XML");
+    row(
         "encoding without end", "a.gpx",
         [] { return "<?xml version='1.0' encoding='" + QByteArray(1 << 20, 'a') + "'?>" + gpx({}); }, "zu groß");
     row("entities of entities", "a.gpx", laughs,
