@@ -20,6 +20,8 @@ QString &chosenFileName()
     return fileName;
 }
 
+/// The one file that is opened. QSettings would read those for all programs of the organisation besides, and all of
+/// them before it tells their names.
 QString usedFileName()
 {
     if (!chosenFileName().isEmpty())
@@ -49,10 +51,7 @@ std::unique_ptr<QSettings> openStore()
 {
     if (!isReadable(QFileInfo(usedFileName())))
         return nullptr;
-    if (!chosenFileName().isEmpty())
-        return std::make_unique<QSettings>(chosenFileName(), QSettings::IniFormat);
-    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QCoreApplication::organizationName(),
-                                       QCoreApplication::applicationName());
+    return std::make_unique<QSettings>(usedFileName(), QSettings::IniFormat);
 }
 
 /// Where the disk is full QSettings would put an empty file in the place of its own.

@@ -6,6 +6,8 @@
 #include "KRTest.h"
 #include "KRTestFile.h"
 
+#include <QSettings>
+
 #include <sys/stat.h>
 
 namespace {
@@ -56,6 +58,25 @@ private slots:
         read.loadAll();
         QCOMPARE(read.isVisible.value(), true);
         QCOMPARE(read.name.value(), QStringLiteral("Ort"));
+    }
+
+    void othersOfTheOrganisationAreNotRead()
+    {
+        const KRTemporarySettings temporary;
+        const QString organisation = QCoreApplication::organizationName();
+        const QString program = QCoreApplication::applicationName();
+        QSettings(QSettings::IniFormat, QSettings::UserScope, organisation)
+            .setValue(QStringLiteral("name"), QStringLiteral("fremd"));
+        QSettings(QSettings::IniFormat, QSettings::UserScope, organisation, program).clear();
+        KRSettings::setFileName(QString());
+        PlaceSettings settings;
+        settings.loadAll();
+        QCOMPARE(settings.name.value(), QStringLiteral("Ort"));
+        settings.name.setValue(QStringLiteral("eigen"));
+        settings.saveAll();
+        PlaceSettings read;
+        read.loadAll();
+        QCOMPARE(read.name.value(), QStringLiteral("eigen"));
     }
 
     void fullDiskKeepsTheOldSettings()
