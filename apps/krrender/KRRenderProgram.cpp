@@ -9,6 +9,7 @@
 #include "KRPictureFile.h"
 #include "KRPictureGround.h"
 #include "KRPictureReader.h"
+#include "KRPlaceTable.h"
 #include "KRRouteDocument.h"
 #include "KRTileGround.h"
 #include "KRTrackPalette.h"
@@ -54,7 +55,7 @@ int KRRenderProgram::run()
     case KRRenderOptions::Task::PrintVersion:
         return print(QStringLiteral("krrender %1\n").arg(QCoreApplication::applicationVersion()).toLocal8Bit());
     case KRRenderOptions::Task::PrintPlaces:
-        return print(KRTrackTable::placesText().toLocal8Bit());
+        return print(KRPlaceTable::toText().toLocal8Bit());
     case KRRenderOptions::Task::PrintTable:
     case KRRenderOptions::Task::PrintJson:
     case KRRenderOptions::Task::Draw:

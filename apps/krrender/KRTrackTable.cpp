@@ -1,7 +1,7 @@
 #include "KRTrackTable.h"
 
 #include "KRImportReport.h"
-#include "KRSamplePlaces.h"
+#include "KRTextTable.h"
 #include "KRTrackFigures.h"
 
 #include <KRCore/KRErrorHistory.h>
@@ -12,8 +12,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
-
-#include <algorithm>
 
 namespace {
 
@@ -35,17 +33,13 @@ QString utcText(const QDateTime &time)
     return time.isValid() ? time.toUTC().toString(Qt::ISODate) : QString();
 }
 
-QString degrees(const KRGeoArc &angle)
-{
-    return QString::number(angle.decimalDegrees(), 'f', 5);
-}
-
 QString areaText(const KRGeoPositionRect &area)
 {
     if (!area.isValid())
         return QString();
     return QStringLiteral("%1 %2 .. %3 %4")
-        .arg(degrees(area.north()), degrees(area.west()), degrees(area.south()), degrees(area.east()));
+        .arg(KRTextTable::degrees(area.north()), KRTextTable::degrees(area.west()), KRTextTable::degrees(area.south()),
+             KRTextTable::degrees(area.east()));
 }
 
 QJsonValue positionValue(const KRGeoPosition &position)
@@ -98,33 +92,6 @@ QJsonObject trackValue(const KRGPXConfiguredTrack &track)
     };
 }
 
-/// The rows as one text: columns as wide as their widest cell, numbers to the right.
-QString aligned(const QList<QStringList> &rows, const QList<int> &numberColumns)
-{
-    QList<int> widths;
-    for (const QStringList &row : rows) {
-        for (int column = 0; column < row.size(); ++column) {
-            if (widths.size() <= column)
-                widths.append(0);
-            widths[column] = std::max(widths.at(column), int(row.at(column).size()));
-        }
-    }
-    QString text;
-    for (const QStringList &row : rows) {
-        QString line;
-        for (int column = 0; column < row.size(); ++column) {
-            const QString &cell = row.at(column);
-            line += numberColumns.contains(column) ? cell.rightJustified(widths.at(column))
-                                                   : cell.leftJustified(widths.at(column));
-            line += QLatin1String("  ");
-        }
-        while (line.endsWith(QLatin1Char(' ')))
-            line.chop(1);
-        text += line + QLatin1Char('\n');
-    }
-    return text;
-}
-
 /// Line and column are 0 where they are not known.
 QJsonObject problemObject(const QString &fileName, int line, int column, const QString &reason)
 {
@@ -135,15 +102,6 @@ QJsonObject problemObject(const QString &fileName, int line, int column, const Q
 }
 
 } // namespace
-
-QString KRTrackTable::placesText()
-{
-    QList<QStringList> rows{{tr("Name"), tr("Breite"), tr("Länge")}};
-    const QVector<KRBaseMapPlace> places = KRSamplePlaces::all();
-    for (const KRBaseMapPlace &place : places)
-        rows.append({place.name, degrees(place.position.latitude()), degrees(place.position.longitude())});
-    return aligned(rows, {1, 2});
-}
 
 QString KRTrackTable::toText() const
 {
@@ -158,7 +116,7 @@ QString KRTrackTable::toText() const
                      figures.hasElevation() ? QString::number(figures.climbMetres()) : QString(),
                      utcText(figures.from()), utcText(figures.to()), areaText(figures.boundingBox())});
     }
-    return aligned(rows, {0, 3, 4, 5, 6});
+    return KRTextTable::aligned(rows, {0, 3, 4, 5, 6});
 }
 
 QByteArray KRTrackTable::toJson(const KRErrorHistory &problems, const QList<KRImportReport> &reports) const

@@ -16,9 +16,6 @@ class KRTrackTable
     Q_DECLARE_TR_FUNCTIONS(KRTrackTable)
 
 public:
-    /// The places that are known by name, with their positions.
-    static QString placesText();
-
     explicit KRTrackTable(const KRGPXConfiguredTrackList &tracks) : m_tracks(tracks) { }
 
     /// Columns aligned with blanks, a head line, every line ends with a line break. Long names are cut.

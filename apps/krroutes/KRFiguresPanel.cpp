@@ -102,7 +102,7 @@ QLabel *KRFiguresPanel::addRow(const QString &title)
     const Row row{new QLabel(title), new QLabel};
     row.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     const QDateTime widest(QDate(2000, 12, 28), QTime(20, 58, 58));
-    row.value->setMinimumWidth(fontMetrics().horizontalAdvance(KRFigureTexts::moment(widest)));
+    row.value->setMinimumWidth(fontMetrics().horizontalAdvance(KRFigureTexts::moment(widest) + QLatin1Char('0')));
     row.value->setAccessibleName(title);
     m_rows.append(row);
     return row.value;

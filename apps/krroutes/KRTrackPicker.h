@@ -40,7 +40,8 @@ public:
      */
     Hit hitAt(const QPointF &pixel, const KRMapViewport &viewport, double tolerancePx) const;
 
-    /// Around all valid positions, across the date line where that is the narrower way; not valid without any.
+    /// Around all valid positions, across the date line where that is the narrower way; not valid without any. What
+    /// KRMapArea would find, but at once, from what is known of the tracks, and without their positions.
     KRGeoPositionRect area() const;
     KRGeoPositionRect areaOf(int row) const;
 
