@@ -4,6 +4,8 @@
 #include <QDebug>
 #include <QObject>
 
+#include <algorithm>
+
 KRLatitude KRLatitude::parse(const QString &text)
 {
     return parseDegrees(text, QLatin1Char('N'), QLatin1Char('S'));
@@ -17,11 +19,7 @@ KRLatitude KRLatitude::safeLatitude(double decimalDegrees)
 
 KRLatitude KRLatitude::bounded() const
 {
-    if (decimalDegrees() < -highestDegrees)
-        return -highestDegrees;
-    if (decimalDegrees() > highestDegrees)
-        return highestDegrees;
-    return *this;
+    return std::clamp(decimalDegrees(), -highestDegrees, highestDegrees);
 }
 
 KRLatitude KRLatitude::catchOutOfBound() const

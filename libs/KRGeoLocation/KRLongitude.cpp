@@ -4,6 +4,8 @@
 #include <QDebug>
 #include <QObject>
 
+#include <algorithm>
+
 namespace {
 
 /// Whether the way of so many degrees leads eastwards by less than half a turn; wraps once.
@@ -42,11 +44,7 @@ bool KRLongitude::isInWesternHemisphere() const
 
 KRLongitude KRLongitude::bounded() const
 {
-    if (decimalDegrees() < -highestDegrees)
-        return -highestDegrees;
-    if (decimalDegrees() > highestDegrees)
-        return highestDegrees;
-    return *this;
+    return std::clamp(decimalDegrees(), -highestDegrees, highestDegrees);
 }
 
 KRLongitude KRLongitude::normalized() const
