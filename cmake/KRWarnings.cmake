@@ -5,6 +5,8 @@ target_compile_options(KRWarnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     # Qt 6 counts in 64 bits, for which int is wide enough here.
     $<$<EQUAL:${KR_QT},5>:-Wconversion>
+    # Compiled together, sources count as headers, which are to have nothing without a name.
+    $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
     $<$<BOOL:${KR_WERROR}>:-Werror>)
 target_compile_definitions(KRWarnings INTERFACE
     QT_NO_CAST_FROM_ASCII

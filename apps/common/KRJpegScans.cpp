@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int end = -1;
+constexpr int endOfBytes = -1;
 constexpr int blockBytes = 1 << 16;
 
 /// The bytes of a device one by one.
@@ -15,14 +15,14 @@ class ByteReader
 public:
     explicit ByteReader(QIODevice *device) : m_device(device) { }
 
-    /// 0 … 255, or end.
+    /// 0 … 255, or endOfBytes.
     int next()
     {
         if (m_position == m_block.size()) {
             m_block = m_device->read(blockBytes);
             m_position = 0;
             if (m_block.isEmpty())
-                return end;
+                return endOfBytes;
         }
         return uchar(m_block.at(m_position++));
     }
@@ -52,16 +52,16 @@ bool isAlone(int code)
     return code <= 0x01 || (code >= 0xd0 && code <= startOfImage);
 }
 
-/// The next marker, or end; passes over what belongs to none, which are the data of scans.
+/// The next marker, or endOfBytes; passes over what belongs to none, which are the data of scans.
 int nextMarker(ByteReader *bytes)
 {
     for (;;) {
         int code = bytes->next();
-        while (code != prefix && code != end)
+        while (code != prefix && code != endOfBytes)
             code = bytes->next();
         while (code == prefix)
             code = bytes->next();
-        if (code == end || !isAlone(code))
+        if (code == endOfBytes || !isAlone(code))
             return code;
     }
 }
@@ -69,7 +69,7 @@ int nextMarker(ByteReader *bytes)
 bool hasTooManyScans(ByteReader *bytes)
 {
     int scans = 0;
-    for (int marker = nextMarker(bytes); marker != end && marker != endOfImage; marker = nextMarker(bytes)) {
+    for (int marker = nextMarker(bytes); marker != endOfBytes && marker != endOfImage; marker = nextMarker(bytes)) {
         if (marker == startOfScan && ++scans > KRInputLimits::jpegScans)
             return true;
         const int high = qMax(0, bytes->next());

@@ -14,9 +14,9 @@
 
 namespace {
 
-const QColor boxColor(255, 255, 255, 225);
+const QColor backColor(255, 255, 255, 225);
 const QColor edgeColor(0, 0, 0, 60);
-const QColor letterColor(40, 40, 40);
+const QColor inkColor(40, 40, 40);
 
 // Pixels of a normal screen.
 constexpr double margin = 10.0;
@@ -104,10 +104,10 @@ void KRMapLegend::paint(QPainter &painter, const KRGPXTrackSelection &selection,
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setPen(QPen(edgeColor, place.factor));
-    painter.setBrush(boxColor);
+    painter.setBrush(backColor);
     painter.drawRoundedRect(place.box, radius * place.factor, radius * place.factor);
     painter.setFont(place.font);
-    painter.setPen(letterColor);
+    painter.setPen(inkColor);
 
     const QSizeF sample = KRTrackSample::size() * place.factor;
     QPointF corner = place.box.topLeft() + QPointF(padding, padding) * place.factor;

@@ -10,7 +10,7 @@ namespace {
 constexpr double largestReachPx = 100.0;
 
 // Farther away there is no image.
-constexpr double farthestPx = 1e6;
+constexpr double farthestPlacePx = 1e6;
 
 double reachOf(double radius, const QPen &pen)
 {
@@ -25,7 +25,7 @@ bool KRGPXMarkerStamps::draw(QPainter *painter, const KRGPXMarkerShape &shape, c
     const QTransform transform = painter->deviceTransform();
     const QPointF place = transform.map(centre);
     const double reach = reachOf(radius, painter->pen());
-    if (transform.type() > QTransform::TxTranslate || reach > largestReachPx || place.manhattanLength() > farthestPx)
+    if (transform.type() > QTransform::TxTranslate || reach > largestReachPx || place.manhattanLength() > farthestPlacePx)
         return false;
     if (shape != m_shape || radius != m_radius || painter->pen() != m_pen || painter->brush() != m_brush) {
         m_shape = shape;

@@ -43,6 +43,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRBlinkAnimation> registration;
+template class KRTestRegistration<tst_KRBlinkAnimation>;
 
 #include "tst_KRBlinkAnimation.moc"

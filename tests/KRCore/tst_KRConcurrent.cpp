@@ -103,6 +103,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRConcurrent> registration;
+template class KRTestRegistration<tst_KRConcurrent>;
 
 #include "tst_KRConcurrent.moc"

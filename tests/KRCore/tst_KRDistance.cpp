@@ -25,6 +25,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRDistance> registration;
+template class KRTestRegistration<tst_KRDistance>;
 
 #include "tst_KRDistance.moc"

@@ -96,6 +96,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KREnumWrapper> registration;
+template class KRTestRegistration<tst_KREnumWrapper>;
 
 #include "tst_KREnumWrapper.moc"

@@ -132,6 +132,6 @@ private:
     const KRTestFolder m_folder;
 };
 
-static const KRTestRegistration<tst_KRFileHandler> registration;
+template class KRTestRegistration<tst_KRFileHandler>;
 
 #include "tst_KRFileHandler.moc"

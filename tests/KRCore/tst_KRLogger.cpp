@@ -23,6 +23,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRLogger> registration;
+template class KRTestRegistration<tst_KRLogger>;
 
 #include "tst_KRLogger.moc"

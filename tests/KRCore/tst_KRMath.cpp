@@ -30,6 +30,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRMath> registration;
+template class KRTestRegistration<tst_KRMath>;
 
 #include "tst_KRMath.moc"

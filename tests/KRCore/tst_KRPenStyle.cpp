@@ -39,6 +39,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRPenStyle> registration;
+template class KRTestRegistration<tst_KRPenStyle>;
 
 #include "tst_KRPenStyle.moc"

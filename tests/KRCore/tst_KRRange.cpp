@@ -147,6 +147,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRRange> registration;
+template class KRTestRegistration<tst_KRRange>;
 
 #include "tst_KRRange.moc"

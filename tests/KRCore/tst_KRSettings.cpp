@@ -129,6 +129,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRSettings> registration;
+template class KRTestRegistration<tst_KRSettings>;
 
 #include "tst_KRSettings.moc"

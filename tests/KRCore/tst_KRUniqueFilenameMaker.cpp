@@ -42,6 +42,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRUniqueFilenameMaker> registration;
+template class KRTestRegistration<tst_KRUniqueFilenameMaker>;
 
 #include "tst_KRUniqueFilenameMaker.moc"

@@ -229,6 +229,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRXMLLoader> registration;
+template class KRTestRegistration<tst_KRXMLLoader>;
 
 #include "tst_KRXMLLoader.moc"

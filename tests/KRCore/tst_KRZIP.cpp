@@ -268,6 +268,6 @@ private:
     KRErrorHistory m_history;
 };
 
-static const KRTestRegistration<tst_KRZIP> registration;
+template class KRTestRegistration<tst_KRZIP>;
 
 #include "tst_KRZIP.moc"

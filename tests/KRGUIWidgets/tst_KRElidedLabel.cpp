@@ -67,6 +67,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRElidedLabel> registration;
+template class KRTestRegistration<tst_KRElidedLabel>;
 
 #include "tst_KRElidedLabel.moc"

@@ -91,6 +91,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRIconRegistry> registration;
+template class KRTestRegistration<tst_KRIconRegistry>;
 
 #include "tst_KRIconRegistry.moc"

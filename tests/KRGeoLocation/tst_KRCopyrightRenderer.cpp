@@ -106,6 +106,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRCopyrightRenderer> registration;
+template class KRTestRegistration<tst_KRCopyrightRenderer>;
 
 #include "tst_KRCopyrightRenderer.moc"

@@ -99,6 +99,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXBeelineCreator> registration;
+template class KRTestRegistration<tst_KRGPXBeelineCreator>;
 
 #include "tst_KRGPXBeelineCreator.moc"

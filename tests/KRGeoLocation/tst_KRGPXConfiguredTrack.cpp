@@ -160,6 +160,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXConfiguredTrack> registration;
+template class KRTestRegistration<tst_KRGPXConfiguredTrack>;
 
 #include "tst_KRGPXConfiguredTrack.moc"

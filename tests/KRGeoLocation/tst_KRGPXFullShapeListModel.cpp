@@ -114,6 +114,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXFullShapeListModel> registration;
+template class KRTestRegistration<tst_KRGPXFullShapeListModel>;
 
 #include "tst_KRGPXFullShapeListModel.moc"

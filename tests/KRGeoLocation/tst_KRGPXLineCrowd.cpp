@@ -47,6 +47,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXLineCrowd> registration;
+template class KRTestRegistration<tst_KRGPXLineCrowd>;
 
 #include "tst_KRGPXLineCrowd.moc"

@@ -193,6 +193,6 @@ void tst_KRGPXMarkerShape::imagesAndIcons()
     QCOMPARE(ofPoints, QVector<int>({1, 2, 128, 256, 512, 8, 16, 32, 64}));
 }
 
-static const KRTestRegistration<tst_KRGPXMarkerShape> registration;
+template class KRTestRegistration<tst_KRGPXMarkerShape>;
 
 #include "tst_KRGPXMarkerShape.moc"

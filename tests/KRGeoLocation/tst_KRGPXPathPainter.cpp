@@ -287,6 +287,6 @@ void tst_KRGPXPathPainter::otherDevicesKeepThePath()
              recorded([&](QPainter *p) { p->fillPath(path, Qt::red); }));
 }
 
-static const KRTestRegistration<tst_KRGPXPathPainter> registration;
+template class KRTestRegistration<tst_KRGPXPathPainter>;
 
 #include "tst_KRGPXPathPainter.moc"

@@ -145,6 +145,6 @@ void tst_KRGPXPointScanner::leavesOutWhatIsNotWanted()
     QCOMPARE(scanned(false, true), std::make_pair(7, 2));
 }
 
-static const KRTestRegistration<tst_KRGPXPointScanner> registration;
+template class KRTestRegistration<tst_KRGPXPointScanner>;
 
 #include "tst_KRGPXPointScanner.moc"

@@ -382,6 +382,6 @@ private:
     const KRQuietFiles m_quiet;
 };
 
-static const KRTestRegistration<tst_KRGPXStreamReader> registration;
+template class KRTestRegistration<tst_KRGPXStreamReader>;
 
 #include "tst_KRGPXStreamReader.moc"

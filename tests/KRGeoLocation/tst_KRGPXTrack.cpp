@@ -21,7 +21,7 @@ KRGPXTrack read(const QByteArray &children)
     return KRGPXTrack(KRTestXml::element("<trk>" + children + "</trk>"), noDir);
 }
 
-QString square(double size)
+QString squareText(double size)
 {
     return QStringLiteral("%1,%1 %2,%1 %2,%2 %1,%2 %1,%1").arg(10 - size).arg(10 + size);
 }
@@ -51,7 +51,7 @@ private slots:
         table.forEach(
             [](const QByteArray &xml, int expected) { QCOMPARE(int(::read(xml).shape().value()), expected); });
         // Only reading XML replaces auto.
-        QVERIFY(track(square(1), AutoTrackShape).hasShape(AutoTrackShape));
+        QVERIFY(track(squareText(1), AutoTrackShape).hasShape(AutoTrackShape));
     }
 
     void read()
@@ -135,9 +135,9 @@ private slots:
     void files()
     {
         const KRTestFolder folder;
-        KRGPXTrack lake = track(square(2), PolygonTrackShape);
-        KRGPXTrack island = track(square(1), PolygonTrackShape);
-        island.addEnclave(track(square(0.5), PolygonTrackShape));
+        KRGPXTrack lake = track(squareText(2), PolygonTrackShape);
+        KRGPXTrack island = track(squareText(1), PolygonTrackShape);
+        island.addEnclave(track(squareText(0.5), PolygonTrackShape));
         lake.addEnclave(island);
         QDomElement root = KRTestXml::element("<root/>");
         lake.toXml(root, folder.dir());
@@ -206,12 +206,12 @@ private slots:
     void isEnclave()
     {
         const KRTestTable<KRText, KRText, bool> table{
-            {"inside", square(2), square(1), true},
+            {"inside", squareText(2), squareText(1), true},
             {"not closed", "0,0.1 9,0.1 9,9 0,9", "2,2 3,2 3,3", true},
-            {"shared edge", square(2), "8,9 9,9 9,11 8,11", false},
-            {"crossing", square(2), "9,9 20,9 20,10 9,10", false},
-            {"identical", square(2), square(2), false},
-            {"empty", square(2), {}, false},
+            {"shared edge", squareText(2), "8,9 9,9 9,11 8,11", false},
+            {"crossing", squareText(2), "9,9 20,9 20,10 9,10", false},
+            {"identical", squareText(2), squareText(2), false},
+            {"empty", squareText(2), {}, false},
         };
         table.forEach([](const QString &outer, const QString &inner, bool expected) {
             const KRGPXTrack area = track(outer, PolygonTrackShape);
@@ -258,6 +258,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrack> registration;
+template class KRTestRegistration<tst_KRGPXTrack>;
 
 #include "tst_KRGPXTrack.moc"

@@ -196,6 +196,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackConfiguration> registration;
+template class KRTestRegistration<tst_KRGPXTrackConfiguration>;
 
 #include "tst_KRGPXTrackConfiguration.moc"

@@ -79,6 +79,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackFile> registration;
+template class KRTestRegistration<tst_KRGPXTrackFile>;
 
 #include "tst_KRGPXTrackFile.moc"

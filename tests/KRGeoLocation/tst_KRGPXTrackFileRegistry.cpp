@@ -125,6 +125,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackFileRegistry> registration;
+template class KRTestRegistration<tst_KRGPXTrackFileRegistry>;
 
 #include "tst_KRGPXTrackFileRegistry.moc"

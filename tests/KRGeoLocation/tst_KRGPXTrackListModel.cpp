@@ -10,7 +10,7 @@ using Mime = std::unique_ptr<QMimeData>;
 
 namespace {
 
-KRGPXConfiguredTrack track(const QString &name)
+KRGPXConfiguredTrack namedTrack(const QString &name)
 {
     const KRGPXTrack points(name, QStringLiteral("way of ") + name, {}, AutoTrackShape);
     KRGPXTrackConfiguration configuration;
@@ -29,7 +29,7 @@ private slots:
     {
         KRGPXConfiguredTrackList tracks;
         for (const char *name : {"A", "B", "C", "D", "E"})
-            tracks += track(QLatin1String(name));
+            tracks += namedTrack(QLatin1String(name));
         m_tester.reset();
         m_model = std::make_unique<KRGPXTrackListModel>();
         m_tester = std::make_unique<QAbstractItemModelTester>(m_model.get(),
@@ -138,11 +138,11 @@ private slots:
         m_model->setSelection(KRGPXTrackSelection(m_model->tracks()));
         m_model->remove(QModelIndex());
         QVERIFY(resets.isEmpty());
-        m_model->addTracks(KRGPXConfiguredTrackList({track(QStringLiteral("F")), track(QStringLiteral("G"))}));
+        m_model->addTracks(KRGPXConfiguredTrackList({namedTrack(QStringLiteral("F")), namedTrack(QStringLiteral("G"))}));
         m_model->remove(m_model->index(1, 1));
         QCOMPARE(names(), QStringLiteral("ACDEFG"));
         QCOMPARE(resets.count(), 2);
-        m_model->setSelection(KRGPXTrackSelection(KRGPXConfiguredTrackList(track(QStringLiteral("Z")))));
+        m_model->setSelection(KRGPXTrackSelection(KRGPXConfiguredTrackList(namedTrack(QStringLiteral("Z")))));
         QCOMPARE(names(), QStringLiteral("Z"));
         QCOMPARE(resets.count(), 3);
     }
@@ -186,6 +186,6 @@ private:
     std::unique_ptr<QAbstractItemModelTester> m_tester;
 };
 
-static const KRTestRegistration<tst_KRGPXTrackListModel> registration;
+template class KRTestRegistration<tst_KRGPXTrackListModel>;
 
 #include "tst_KRGPXTrackListModel.moc"

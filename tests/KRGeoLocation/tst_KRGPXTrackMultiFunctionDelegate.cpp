@@ -144,6 +144,6 @@ private:
     KRGPXTrackMultiFunctionDelegate *m_delegate = nullptr; // belongs to the view
 };
 
-static const KRTestRegistration<tst_KRGPXTrackMultiFunctionDelegate> registration;
+template class KRTestRegistration<tst_KRGPXTrackMultiFunctionDelegate>;
 
 #include "tst_KRGPXTrackMultiFunctionDelegate.moc"

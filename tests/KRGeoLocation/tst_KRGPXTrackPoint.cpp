@@ -166,6 +166,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackPoint> registration;
+template class KRTestRegistration<tst_KRGPXTrackPoint>;
 
 #include "tst_KRGPXTrackPoint.moc"

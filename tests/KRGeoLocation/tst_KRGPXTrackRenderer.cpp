@@ -467,6 +467,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackRenderer> registration;
+template class KRTestRegistration<tst_KRGPXTrackRenderer>;
 
 #include "tst_KRGPXTrackRenderer.moc"

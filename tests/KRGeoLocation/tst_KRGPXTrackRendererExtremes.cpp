@@ -326,6 +326,6 @@ private:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackRendererExtremes> registration;
+template class KRTestRegistration<tst_KRGPXTrackRendererExtremes>;
 
 #include "tst_KRGPXTrackRendererExtremes.moc"

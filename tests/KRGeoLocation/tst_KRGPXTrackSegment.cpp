@@ -257,6 +257,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackSegment> registration;
+template class KRTestRegistration<tst_KRGPXTrackSegment>;
 
 #include "tst_KRGPXTrackSegment.moc"

@@ -255,6 +255,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackSelection> registration;
+template class KRTestRegistration<tst_KRGPXTrackSelection>;
 
 #include "tst_KRGPXTrackSelection.moc"

@@ -102,6 +102,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackShape> registration;
+template class KRTestRegistration<tst_KRGPXTrackShape>;
 
 #include "tst_KRGPXTrackShape.moc"

@@ -84,6 +84,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXTrackSmoothing> registration;
+template class KRTestRegistration<tst_KRGPXTrackSmoothing>;
 
 #include "tst_KRGPXTrackSmoothing.moc"

@@ -117,6 +117,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGPXWorldCopies> registration;
+template class KRTestRegistration<tst_KRGPXWorldCopies>;
 
 #include "tst_KRGPXWorldCopies.moc"

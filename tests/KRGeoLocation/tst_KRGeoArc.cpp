@@ -149,6 +149,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGeoArc> registration;
+template class KRTestRegistration<tst_KRGeoArc>;
 
 #include "tst_KRGeoArc.moc"

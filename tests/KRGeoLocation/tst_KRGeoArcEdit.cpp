@@ -69,6 +69,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGeoArcEdit> registration;
+template class KRTestRegistration<tst_KRGeoArcEdit>;
 
 #include "tst_KRGeoArcEdit.moc"

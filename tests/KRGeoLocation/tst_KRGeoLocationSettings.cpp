@@ -99,6 +99,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGeoLocationSettings> registration;
+template class KRTestRegistration<tst_KRGeoLocationSettings>;
 
 #include "tst_KRGeoLocationSettings.moc"

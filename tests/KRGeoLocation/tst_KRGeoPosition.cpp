@@ -239,6 +239,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGeoPosition> registration;
+template class KRTestRegistration<tst_KRGeoPosition>;
 
 #include "tst_KRGeoPosition.moc"

@@ -65,6 +65,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGeoPositionList> registration;
+template class KRTestRegistration<tst_KRGeoPositionList>;
 
 #include "tst_KRGeoPositionList.moc"

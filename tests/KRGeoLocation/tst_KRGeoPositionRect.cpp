@@ -172,6 +172,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGeoPositionRect> registration;
+template class KRTestRegistration<tst_KRGeoPositionRect>;
 
 #include "tst_KRGeoPositionRect.moc"

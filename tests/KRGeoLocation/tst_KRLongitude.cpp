@@ -174,6 +174,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRLongitude> registration;
+template class KRTestRegistration<tst_KRLongitude>;
 
 #include "tst_KRLongitude.moc"

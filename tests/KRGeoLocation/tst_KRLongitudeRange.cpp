@@ -254,6 +254,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRLongitudeRange> registration;
+template class KRTestRegistration<tst_KRLongitudeRange>;
 
 #include "tst_KRLongitudeRange.moc"

@@ -246,6 +246,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRMapProjection> registration;
+template class KRTestRegistration<tst_KRMapProjection>;
 
 #include "tst_KRMapProjection.moc"

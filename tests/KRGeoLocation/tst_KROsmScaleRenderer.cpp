@@ -185,6 +185,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KROsmScaleRenderer> registration;
+template class KRTestRegistration<tst_KROsmScaleRenderer>;
 
 #include "tst_KROsmScaleRenderer.moc"

@@ -164,6 +164,6 @@ private:
     QStringList m_log;
 };
 
-static const KRTestRegistration<tst_KRTrackSelectionFactory> registration;
+template class KRTestRegistration<tst_KRTrackSelectionFactory>;
 
 #include "tst_KRTrackSelectionFactory.moc"

@@ -235,6 +235,6 @@ private:
     const KRTestFolder m_folder;
 };
 
-static const KRTestRegistration<tst_KRTrackSelectionFactoryKmlFile> registration;
+template class KRTestRegistration<tst_KRTrackSelectionFactoryKmlFile>;
 
 #include "tst_KRTrackSelectionFactoryKmlFile.moc"

@@ -94,6 +94,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRXMLBuilder> registration;
+template class KRTestRegistration<tst_KRXMLBuilder>;
 
 #include "tst_KRXMLBuilder.moc"

@@ -77,6 +77,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRXMLParser> registration;
+template class KRTestRegistration<tst_KRXMLParser>;
 
 #include "tst_KRXMLParser.moc"

@@ -16,6 +16,9 @@ class QTcpSocket;
 class KRTestTileServer
 {
 public:
+    /// How long a slow machine may take for what comes at once.
+    static constexpr int longTimeMs = 20000;
+
     struct Answer {
         int status = 200;
         QByteArray headers; ///< lines with their ends

@@ -117,6 +117,6 @@ private:
     }
 };
 
-static const KRTestRegistration<tst_KRBaseMap> registration;
+template class KRTestRegistration<tst_KRBaseMap>;
 
 #include "tst_KRBaseMap.moc"

@@ -96,6 +96,6 @@ private:
     }
 };
 
-static const KRTestRegistration<tst_KRBaseMapData> registration;
+template class KRTestRegistration<tst_KRBaseMapData>;
 
 #include "tst_KRBaseMapData.moc"

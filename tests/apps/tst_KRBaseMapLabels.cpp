@@ -209,6 +209,6 @@ private:
     }
 };
 
-static const KRTestRegistration<tst_KRBaseMapLabels> registration;
+template class KRTestRegistration<tst_KRBaseMapLabels>;
 
 #include "tst_KRBaseMapLabels.moc"

@@ -121,6 +121,6 @@ void tst_KRExchangeFile::whatIsLostDependsOnTheFormat()
     });
 }
 
-static const KRTestRegistration<tst_KRExchangeFile> registration;
+template class KRTestRegistration<tst_KRExchangeFile>;
 
 #include "tst_KRExchangeFile.moc"

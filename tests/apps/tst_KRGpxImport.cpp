@@ -276,6 +276,6 @@ void tst_KRGpxImport::neverHalfOfTwoFiles()
     QVERIFY(import.problems().entries().first().reason.contains(QStringLiteral("geändert")));
 }
 
-static const KRTestRegistration<tst_KRGpxImport> registration;
+template class KRTestRegistration<tst_KRGpxImport>;
 
 #include "tst_KRGpxImport.moc"

@@ -72,6 +72,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRGpxPointSkimmer> registration;
+template class KRTestRegistration<tst_KRGpxPointSkimmer>;
 
 #include "tst_KRGpxPointSkimmer.moc"

@@ -434,6 +434,6 @@ void tst_KRHostileFiles::picturesAndTiles()
     QVERIFY2(m_messages.contains(reason), qPrintable(m_messages));
 }
 
-static const KRTestRegistration<tst_KRHostileFiles> registration;
+template class KRTestRegistration<tst_KRHostileFiles>;
 
 #include "tst_KRHostileFiles.moc"

@@ -58,6 +58,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRImportReport> registration;
+template class KRTestRegistration<tst_KRImportReport>;
 
 #include "tst_KRImportReport.moc"

@@ -108,6 +108,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRKmlCoordinates> registration;
+template class KRTestRegistration<tst_KRKmlCoordinates>;
 
 #include "tst_KRKmlCoordinates.moc"

@@ -400,6 +400,6 @@ void tst_KRKmlImport::refusesBeyondLimits()
     });
 }
 
-static const KRTestRegistration<tst_KRKmlImport> registration;
+template class KRTestRegistration<tst_KRKmlImport>;
 
 #include "tst_KRKmlImport.moc"

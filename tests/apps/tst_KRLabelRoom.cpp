@@ -49,6 +49,6 @@ private:
     }
 };
 
-static const KRTestRegistration<tst_KRLabelRoom> registration;
+template class KRTestRegistration<tst_KRLabelRoom>;
 
 #include "tst_KRLabelRoom.moc"

@@ -89,6 +89,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRMapArea> registration;
+template class KRTestRegistration<tst_KRMapArea>;
 
 #include "tst_KRMapArea.moc"

@@ -142,6 +142,6 @@ private:
     }
 };
 
-static const KRTestRegistration<tst_KRMapComposition> registration;
+template class KRTestRegistration<tst_KRMapComposition>;
 
 #include "tst_KRMapComposition.moc"

@@ -83,6 +83,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRMapFurniture> registration;
+template class KRTestRegistration<tst_KRMapFurniture>;
 
 #include "tst_KRMapFurniture.moc"

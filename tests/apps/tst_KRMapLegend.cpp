@@ -94,6 +94,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRMapLegend> registration;
+template class KRTestRegistration<tst_KRMapLegend>;
 
 #include "tst_KRMapLegend.moc"

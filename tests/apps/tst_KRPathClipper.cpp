@@ -47,6 +47,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRPathClipper> registration;
+template class KRTestRegistration<tst_KRPathClipper>;
 
 #include "tst_KRPathClipper.moc"

@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr int longTimeMs = 20000;
 constexpr KRTestMap town{53.0, 53.3, 8.0, 8.5};
 
 QImage paint(KRPatientGround *ground, const KRTestMap &map, const QSize &size)
@@ -49,7 +48,7 @@ void tst_KRPatientGround::asksForEachTileOnce()
             return KRTestTileServer::Answer{200, QByteArray(), KRTestTiles::picture(key), delayMs};
         });
         KRTileGround tiles(server.address(), std::make_shared<KRTileStore>(kilobytes));
-        KRPatientGround ground(&tiles, longTimeMs);
+        KRPatientGround ground(&tiles, KRTestTileServer::longTimeMs);
         const QImage picture = paint(&ground, town, size);
         QCOMPARE(ground.gaps().count, 0);
         QVERIFY(server.mostRequestsForOneTile() <= mostRequests);
@@ -64,7 +63,7 @@ void tst_KRPatientGround::needsNoMoreThanTheStoreKeeps()
     const QTemporaryDir dir;
     KRTestTiles::writeFolder(dir.path(), KRTestTiles::pyramid(5, 5), 32);
     KRTileGround tiles(dir.path(), std::make_shared<KRTileStore>(1000));
-    KRPatientGround ground(&tiles, longTimeMs);
+    KRPatientGround ground(&tiles, KRTestTileServer::longTimeMs);
     paint(&ground, {-85.0, 85.0, -180.0, 180.0}, QSize(1100, 1100));
     QCOMPARE(ground.gaps().count, 0);
 }
@@ -75,7 +74,7 @@ void tst_KRPatientGround::waitsNoLongerThanWanted()
     KRTileGround tiles(silent.address());
     const KRTestTable<int, bool> table{
         {"the time is over", 500, false},
-        {"it is stopped", longTimeMs, true},
+        {"it is stopped", KRTestTileServer::longTimeMs, true},
     };
     table.forEach([&](int timeLimitMs, bool isStopped) {
         KRPatientGround ground(&tiles, timeLimitMs);
@@ -89,6 +88,6 @@ void tst_KRPatientGround::waitsNoLongerThanWanted()
     });
 }
 
-static const KRTestRegistration<tst_KRPatientGround> registration;
+template class KRTestRegistration<tst_KRPatientGround>;
 
 #include "tst_KRPatientGround.moc"

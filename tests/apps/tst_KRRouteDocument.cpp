@@ -360,6 +360,6 @@ void tst_KRRouteDocument::folderNameCannotLeadElsewhere()
     QVERIFY(!read.selection().value(0).track().isValid());
 }
 
-static const KRTestRegistration<tst_KRRouteDocument> registration;
+template class KRTestRegistration<tst_KRRouteDocument>;
 
 #include "tst_KRRouteDocument.moc"

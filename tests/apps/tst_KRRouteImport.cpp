@@ -12,7 +12,7 @@
 
 namespace {
 
-const QByteArray tour = "<gpx><trk><name>Tour</name><trkseg><trkpt lat='53' lon='8'/><trkpt lat='54' lon='8'/>"
+const QByteArray tourGpx = "<gpx><trk><name>Tour</name><trkseg><trkpt lat='53' lon='8'/><trkpt lat='54' lon='8'/>"
                         "</trkseg></trk></gpx>";
 
 /// All that an import has to tell but for the points.
@@ -54,8 +54,8 @@ private:
 
 void tst_KRRouteImport::readsWhatItCanAndExplainsTheRest()
 {
-    const QString good = write("Straße 100%.gpx", tour);
-    const QString upperCase = write("again.GPX", tour);
+    const QString good = write("Straße 100%.gpx", tourGpx);
+    const QString upperCase = write("again.GPX", tourGpx);
     const QString fifo = m_dir.filePath(QStringLiteral("fifo.gpx"));
     QCOMPARE(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
     const QStringList useless{write("broken.gpx", "<gpx>\n<trk><trkseg></gpx>"),
@@ -92,7 +92,7 @@ void tst_KRRouteImport::manyFilesAreReadAsOneByOne()
     // Small files stand behind a large one, so that they are read before it is their turn.
     const QByteArray points = QByteArray("<trkpt lat='53' lon='8'/>\n").repeated(20000);
     QStringList files{write("large.gpx", "<gpx><trk><trkseg>" + points + "</trkseg></trk></gpx>"),
-                      write("small.gpx", tour),
+                      write("small.gpx", tourGpx),
                       write("late fault.gpx", "<gpx><trk><trkseg>" + points + "</gpx>"),
                       write("prefixed.gpx", "<g:gpx><g:trk><g:trkseg><g:trkpt lat='x' lon='8'/><g:trkpt lat='1' "
                                             "lon='8'/></g:trkseg></g:trk><g:wpt lat='1' lon='2'/></g:gpx>"),
@@ -124,13 +124,13 @@ void tst_KRRouteImport::readsFewFilesAhead()
 {
     QStringList files;
     for (int i = 0; i < 2 * QThread::idealThreadCount() + 2; ++i)
-        files.append(write(qPrintable(QStringLiteral("%1.gpx").arg(i)), tour));
+        files.append(write(qPrintable(QStringLiteral("%1.gpx").arg(i)), tourGpx));
     KRRouteImport import;
     import.setProgressFunction([&](const QString &, int number, int) {
         if (number != 1)
             return;
     QThread::msleep(100); // time to read all that is read ahead
-    KRTestFile::write(files.last(), QByteArray(tour).replace("Tour", "Late"));
+    KRTestFile::write(files.last(), QByteArray(tourGpx).replace("Tour", "Late"));
 });
 QVERIFY(import.read(files));
 QCOMPARE(import.tracks().size(), files.size());
@@ -156,7 +156,7 @@ void tst_KRRouteImport::endsWhenToldTo()
     QStringList files;
     for (int i = 1; i <= 20; ++i) {
         const QByteArray number = QByteArray::number(i);
-        files.append(write((number + ".gpx").constData(), QByteArray(tour).replace("Tour", number)));
+        files.append(write((number + ".gpx").constData(), QByteArray(tourGpx).replace("Tour", number)));
     }
     int turn = 0;
     KRRouteImport import;
@@ -228,6 +228,6 @@ void tst_KRRouteImport::explainsPlainFiles()
     }
 }
 
-static const KRTestRegistration<tst_KRRouteImport> registration;
+template class KRTestRegistration<tst_KRRouteImport>;
 
 #include "tst_KRRouteImport.moc"

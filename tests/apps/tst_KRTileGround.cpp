@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr int longTimeMs = 20000;
-
 using Answer = KRTestTileServer::Answer;
 
 Answer good(const KRTileKey &key, int delayMs = 0)
@@ -79,7 +77,7 @@ private:
     QString path(const QString &name) const { return m_dir->filePath(name); }
     QString writeFolder(const KRTileKeyList &keys, int side = 256) const;
     static KRMapGaps paintWhole(const QString &source, const KRMapProjection &projection, QImage *picture,
-                                double factor = 1.0, int timeLimitMs = longTimeMs);
+                                double factor = 1.0, int timeLimitMs = KRTestTileServer::longTimeMs);
 
     QTemporaryDir m_lastingDir;
     QString m_worldFile; ///< levels 0 to 5 as MBTiles
@@ -230,7 +228,7 @@ void tst_KRTileGround::staysInItsRectangle()
     const QSize size(250, 200);
     const KRMapProjection projection(KRTestMap{-89, 89, -170, 170}.area(), size);
     QVERIFY(KRTestPicture::fills(size, [&](QPainter *painter) {
-        ground.paintWhole(painter, size, projection, 1.0, KRMapPatience(longTimeMs));
+        ground.paintWhole(painter, size, projection, 1.0, KRMapPatience(KRTestTileServer::longTimeMs));
     }));
 }
 
@@ -259,7 +257,7 @@ void tst_KRTileGround::viewerIsNotKeptWaiting()
                                    middle.longitude().decimalDegrees(), 19)
                > 0;
     };
-    QTRY_VERIFY_WITH_TIMEOUT(isPainted(), longTimeMs);
+    QTRY_VERIFY_WITH_TIMEOUT(isPainted(), KRTestTileServer::longTimeMs);
     QVERIFY(ground.problem().isEmpty());
 }
 
@@ -270,7 +268,7 @@ void tst_KRTileGround::finerTilesStandInMeanwhile()
     KRTileGround ground(server.address());
     QImage picture(400, 300, QImage::Format_RGB32);
     QPainter painter(&picture);
-    const KRMapPatience patience(longTimeMs);
+    const KRMapPatience patience(KRTestTileServer::longTimeMs);
     QCOMPARE(ground.paintWhole(&painter, picture.size(), cityProjection(picture.size()), 1.0, patience).count, 0);
     const KRGeoPosition middle(53.15, 8.25);
     const auto zoomInTheMiddle = [&](const KRMapProjection &projection) {
@@ -444,12 +442,12 @@ void tst_KRTileGround::whatLeftTheViewIsGivenUp()
     };
     paint(8.0);
     QSignalSpy changes(&ground, &KRMapGround::changed);
-    QVERIFY(changes.wait(longTimeMs)); // the source was opened
+    QVERIFY(changes.wait(KRTestTileServer::longTimeMs)); // the source was opened
     for (int i = 0; i < 10; ++i) {
         paint(8.0 + 5.0 * i);
         QTest::qWait(30);
     }
-    QTRY_COMPARE_WITH_TIMEOUT(changes.wait(600), false, longTimeMs);
+    QTRY_COMPARE_WITH_TIMEOUT(changes.wait(600), false, KRTestTileServer::longTimeMs);
     // Ten pictures have some 300 tiles; those of the last one, and few of those before, were asked for.
     QVERIFY2(server.countOfRequests() < 200, qPrintable(QString::number(server.countOfRequests())));
     QVERIFY(server.countOfRequests() > 20);
@@ -472,6 +470,6 @@ void tst_KRTileGround::storeForgetsTheOldest()
     QTRY_COMPARE(store.find({4, 5, 5}).state, KRTileStore::Unknown);
 }
 
-static const KRTestRegistration<tst_KRTileGround> registration;
+template class KRTestRegistration<tst_KRTileGround>;
 
 #include "tst_KRTileGround.moc"

@@ -277,6 +277,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_dir;
 };
 
-static const KRTestRegistration<tst_KRTileSource> registration;
+template class KRTestRegistration<tst_KRTileSource>;
 
 #include "tst_KRTileSource.moc"

@@ -66,6 +66,6 @@ private:
     }
 };
 
-static const KRTestRegistration<tst_KRTopoJson> registration;
+template class KRTestRegistration<tst_KRTopoJson>;
 
 #include "tst_KRTopoJson.moc"

@@ -223,6 +223,6 @@ void tst_KRTrackEditing::findsNearestPoint()
     QCOMPARE(KRTrackEditing::nearestPoint(KRGPXConfiguredTrack(), KRGeoPosition(1.0, 1.0)), -1);
 }
 
-static const KRTestRegistration<tst_KRTrackEditing> registration;
+template class KRTestRegistration<tst_KRTrackEditing>;
 
 #include "tst_KRTrackEditing.moc"

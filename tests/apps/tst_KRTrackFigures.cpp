@@ -87,6 +87,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRTrackFigures> registration;
+template class KRTestRegistration<tst_KRTrackFigures>;
 
 #include "tst_KRTrackFigures.moc"

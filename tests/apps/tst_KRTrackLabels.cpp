@@ -110,6 +110,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRTrackLabels> registration;
+template class KRTestRegistration<tst_KRTrackLabels>;
 
 #include "tst_KRTrackLabels.moc"

@@ -190,6 +190,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRTrackSimplifier> registration;
+template class KRTestRegistration<tst_KRTrackSimplifier>;
 
 #include "tst_KRTrackSimplifier.moc"

@@ -89,6 +89,6 @@ private:
     const KRQuietFiles m_quiet;
 };
 
-static const KRTestRegistration<tst_KRXmlStream> registration;
+template class KRTestRegistration<tst_KRXmlStream>;
 
 #include "tst_KRXmlStream.moc"

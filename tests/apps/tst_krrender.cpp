@@ -542,6 +542,6 @@ void tst_krrender::otherProgramsReadExchangeFiles()
     });
 }
 
-static const KRTestRegistration<tst_krrender> registration;
+template class KRTestRegistration<tst_krrender>;
 
 #include "tst_krrender.moc"

@@ -151,6 +151,6 @@ void tst_KRCookbook::piecesOfSources()
     QVERIFY(count > 0);
 }
 
-static const KRTestRegistration<tst_KRCookbook> registration;
+template class KRTestRegistration<tst_KRCookbook>;
 
 #include "tst_KRCookbook.moc"

@@ -315,6 +315,6 @@ void tst_KRFileFormats::examples()
     QVERIFY2(results > 0 || block.hasMark(QStringLiteral("written")), "an example without a result");
 }
 
-static const KRTestRegistration<tst_KRFileFormats> registration;
+template class KRTestRegistration<tst_KRFileFormats>;
 
 #include "tst_KRFileFormats.moc"

@@ -68,6 +68,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRPageLinks> registration;
+template class KRTestRegistration<tst_KRPageLinks>;
 
 #include "tst_KRPageLinks.moc"

@@ -292,6 +292,6 @@ void tst_KRSaving::sameTracksFromAnotherProcess()
     QCOMPARE(KRNumberedRoutes::wholeFile(document()), labelOf(QStringLiteral("w"), 1));
 }
 
-static const KRTestRegistration<tst_KRSaving> registration;
+template class KRTestRegistration<tst_KRSaving>;
 
 #include "tst_KRSaving.moc"

@@ -41,6 +41,6 @@ private:
     const KRQuietFiles m_quiet;
 };
 
-static const KRTestRegistration<tst_KRFuzzTargets> registration;
+template class KRTestRegistration<tst_KRFuzzTargets>;
 
 #include "tst_KRFuzzTargets.moc"

@@ -183,6 +183,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_dir;
 };
 
-static const KRTestRegistration<tst_KRAutosave> registration;
+template class KRTestRegistration<tst_KRAutosave>;
 
 #include "tst_KRAutosave.moc"

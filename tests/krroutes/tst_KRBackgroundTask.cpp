@@ -105,6 +105,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRBackgroundTask> registration;
+template class KRTestRegistration<tst_KRBackgroundTask>;
 
 #include "tst_KRBackgroundTask.moc"

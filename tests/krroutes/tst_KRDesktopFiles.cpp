@@ -91,6 +91,6 @@ private:
     QTemporaryDir m_data;
 };
 
-static const KRTestRegistration<tst_KRDesktopFiles> registration;
+template class KRTestRegistration<tst_KRDesktopFiles>;
 
 #include "tst_KRDesktopFiles.moc"

@@ -126,6 +126,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRElevationProfile> registration;
+template class KRTestRegistration<tst_KRElevationProfile>;
 
 #include "tst_KRElevationProfile.moc"

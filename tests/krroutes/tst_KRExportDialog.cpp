@@ -216,6 +216,6 @@ private:
     const KRGeoPositionRect m_shownArea = KRTestMap{52.0, 54.0, 7.0, 10.0}.area();
 };
 
-static const KRTestRegistration<tst_KRExportDialog> registration;
+template class KRTestRegistration<tst_KRExportDialog>;
 
 #include "tst_KRExportDialog.moc"

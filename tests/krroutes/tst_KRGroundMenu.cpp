@@ -189,6 +189,6 @@ private:
     QTemporaryDir m_dir;
 };
 
-static const KRTestRegistration<tst_KRGroundMenu> registration;
+template class KRTestRegistration<tst_KRGroundMenu>;
 
 #include "tst_KRGroundMenu.moc"

@@ -228,6 +228,6 @@ private:
     KRFullShapeChooser *m_chooser = nullptr;
 };
 
-static const KRTestRegistration<tst_KRLookEditor> registration;
+template class KRTestRegistration<tst_KRLookEditor>;
 
 #include "tst_KRLookEditor.moc"

@@ -621,6 +621,6 @@ private:
     std::unique_ptr<KRMainWindow> m_window;
 };
 
-static const KRTestRegistration<tst_KRMainWindow> registration;
+template class KRTestRegistration<tst_KRMainWindow>;
 
 #include "tst_KRMainWindow.moc"

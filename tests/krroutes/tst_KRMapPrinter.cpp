@@ -192,6 +192,6 @@ private:
     QWidget m_window;
 };
 
-static const KRTestRegistration<tst_KRMapPrinter> registration;
+template class KRTestRegistration<tst_KRMapPrinter>;
 
 #include "tst_KRMapPrinter.moc"

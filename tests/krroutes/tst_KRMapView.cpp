@@ -137,7 +137,7 @@ private slots:
     void groundMayBeDeletedOnceReplaced();
 };
 
-static const KRTestRegistration<tst_KRMapView> registration;
+template class KRTestRegistration<tst_KRMapView>;
 
 void tst_KRMapView::showsGroundAndTracks()
 {

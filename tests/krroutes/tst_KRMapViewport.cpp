@@ -162,6 +162,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRMapViewport> registration;
+template class KRTestRegistration<tst_KRMapViewport>;
 
 #include "tst_KRMapViewport.moc"

@@ -150,6 +150,6 @@ private:
     QPushButton *m_button = nullptr;
 };
 
-static const KRTestRegistration<tst_KRPlacesPanel> registration;
+template class KRTestRegistration<tst_KRPlacesPanel>;
 
 #include "tst_KRPlacesPanel.moc"

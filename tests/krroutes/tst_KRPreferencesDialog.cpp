@@ -91,6 +91,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRPreferencesDialog> registration;
+template class KRTestRegistration<tst_KRPreferencesDialog>;
 
 #include "tst_KRPreferencesDialog.moc"

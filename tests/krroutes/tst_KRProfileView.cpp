@@ -153,6 +153,6 @@ private:
     std::unique_ptr<QSignalSpy> m_spy;
 };
 
-static const KRTestRegistration<tst_KRProfileView> registration;
+template class KRTestRegistration<tst_KRProfileView>;
 
 #include "tst_KRProfileView.moc"

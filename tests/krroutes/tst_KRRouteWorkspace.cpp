@@ -182,6 +182,6 @@ private:
     std::unique_ptr<KRRouteWorkspace> m_workspace;
 };
 
-static const KRTestRegistration<tst_KRRouteWorkspace> registration;
+template class KRTestRegistration<tst_KRRouteWorkspace>;
 
 #include "tst_KRRouteWorkspace.moc"

@@ -270,6 +270,6 @@ private:
     std::unique_ptr<KRTrackListView> m_view;
 };
 
-static const KRTestRegistration<tst_KRTrackListView> registration;
+template class KRTestRegistration<tst_KRTrackListView>;
 
 #include "tst_KRTrackListView.moc"

@@ -246,6 +246,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRTrackPicker> registration;
+template class KRTestRegistration<tst_KRTrackPicker>;
 
 #include "tst_KRTrackPicker.moc"

@@ -29,6 +29,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRViewerIcons> registration;
+template class KRTestRegistration<tst_KRViewerIcons>;
 
 #include "tst_KRViewerIcons.moc"

@@ -69,6 +69,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_krroutes> registration;
+template class KRTestRegistration<tst_krroutes>;
 
 #include "tst_krroutes.moc"

@@ -26,13 +26,18 @@ private:
     QMap<QByteArray, Maker> m_makers;
 };
 
-/// A namespace-scope object of this type enters @p Test into the registry of the program.
+/// Instantiating it, by "template class KRTestRegistration<tst_X>;", enters @p Test into the registry of the program.
+/// There is no name in that, so that sources with it can be compiled together.
 template <typename Test>
 class KRTestRegistration
 {
-public:
     KRTestRegistration()
     {
         KRTestRegistry::instance().add(Test::staticMetaObject.className(), [] { return std::make_unique<Test>(); });
     }
+
+    static const KRTestRegistration entry;
 };
+
+template <typename Test>
+const KRTestRegistration<Test> KRTestRegistration<Test>::entry;

@@ -253,6 +253,6 @@ private slots:
     }
 };
 
-static const KRTestRegistration<tst_KRThreads> registration;
+template class KRTestRegistration<tst_KRThreads>;
 
 #include "tst_KRThreads.moc"
