@@ -35,13 +35,12 @@ bool KRRouteImport::read(const QStringList &fileNames)
         const QString &fileName = fileNames.at(i);
         if (m_progress)
             m_progress(fileName, i + 1, fileNames.size());
-        if (!waitFor(isReadAhead(fileName) ? &files : nullptr)) {
+        if (!waitFor(isReadAhead(fileName) ? &files : nullptr) || !readFile(fileName, &files)) {
             files.stop();
             while (!files.isIdle(waitMs))
                 m_wait();
             return false;
         }
-        readFile(fileName, &files);
     }
     return true;
 }
@@ -65,12 +64,11 @@ bool KRRouteImport::waitFor(KRReadAhead *files) const
     return true;
 }
 
-void KRRouteImport::readFile(const QString &fileName, KRReadAhead *files)
+/// False when the wait function says so.
+bool KRRouteImport::readFile(const QString &fileName, KRReadAhead *files)
 {
-    if (KRRouteDocument::isDocument(QFileInfo(fileName))) {
-        readDocument(fileName);
-        return;
-    }
+    if (KRRouteDocument::isDocument(QFileInfo(fileName)))
+        return readDocument(fileName);
     const QFileInfo file(fileName);
     const bool isSupported = KRTrackSelectionFactory::instance()->supportsFile(QUrl::fromLocalFile(fileName));
     const int knownProblems = m_problems.entries().size();
@@ -82,15 +80,22 @@ void KRRouteImport::readFile(const QString &fileName, KRReadAhead *files)
     addTracks(tracks, fileName);
     if (tracks.isEmpty() && m_problems.entries().size() == knownProblems)
         explain(fileName, isSupported);
+    return true;
 }
 
-void KRRouteImport::readDocument(const QString &fileName)
+bool KRRouteImport::readDocument(const QString &fileName)
 {
     KRRouteDocument document;
+    bool isWanted = true;
+    document.setGoOnFunction([this, &isWanted] {
+        isWanted = !m_wait || m_wait();
+        return isWanted;
+    });
     if (!document.load(QFileInfo(fileName), &m_problems))
-        return;
+        return isWanted;
     addTracks(document.selection().tracks(), fileName);
     m_croppingOpacity = document.selection().nominalCroppingOpacity();
+    return true;
 }
 
 KRGPXConfiguredTrackList KRRouteImport::take(KRFileImport *import)

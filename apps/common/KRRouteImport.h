@@ -30,8 +30,8 @@ class KRRouteImport
 public:
     /// Called before the turn of each file, with its path, its number from 1 and the count of files.
     using ProgressFunction = std::function<void(const QString &fileName, int number, int count)>;
-    /// Called before the turn of each file and again and again while other threads read. May keep the user interface
-    /// alive, but must not read with the same import; false ends reading.
+    /// Called before the turn of each file, before each track of a document, and again and again while other threads
+    /// read. May keep the user interface alive, but must not read with the same import; false ends reading.
     using WaitFunction = std::function<bool()>;
 
     void setProgressFunction(const ProgressFunction &function) { m_progress = function; }
@@ -57,8 +57,8 @@ public:
 private:
     bool isReadAhead(const QString &fileName) const;
     bool waitFor(KRReadAhead *files) const;
-    void readFile(const QString &fileName, KRReadAhead *files);
-    void readDocument(const QString &fileName);
+    bool readFile(const QString &fileName, KRReadAhead *files);
+    bool readDocument(const QString &fileName);
     KRGPXConfiguredTrackList take(KRFileImport *import);
     KRGPXConfiguredTrackList readPlainly(const QFileInfo &file);
     /// Unless they are to be split and would become too many.

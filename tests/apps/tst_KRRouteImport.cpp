@@ -1,3 +1,4 @@
+#include "KRRouteDocument.h"
 #include "KRRouteImport.h"
 
 #include "KRTestArchive.h"
@@ -172,6 +173,18 @@ void tst_KRRouteImport::endsWhenToldTo()
 
     QVERIFY(import.read(files.mid(18)));
     QCOMPARE(import.tracks().last().name(), QStringLiteral("20"));
+
+    const QString document = m_dir.filePath(QStringLiteral("a.krroute"));
+    KRRouteDocument routes;
+    routes.setSelection(KRGPXTrackSelection(import.tracks()));
+    QVERIFY(routes.save(QFileInfo(document), nullptr));
+    int questions = 0;
+    KRRouteImport documents;
+    const auto goesOnTwice = [&questions] { return ++questions <= 2; };
+    documents.setWaitFunction(goesOnTwice);
+    QVERIFY(!documents.read({document}));
+    QCOMPARE(questions, 3);
+    QVERIFY(documents.tracks().isEmpty() && documents.problems().isEmpty());
 
     // In the middle of a file, too.
     const QByteArray gpxPoints = QByteArray("<trkpt lat='53' lon='8'/>\n").repeated(300000);
