@@ -148,8 +148,12 @@ void KRRouteWorkspace::push(const KRGPXTrackSelection &selection, const QString 
 {
     if (selection == m_selection)
         return;
-    // The menus take a single one for the mark of a key.
-    const QString menuText = QString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+    // Names may be of any length; the end says what was done. The menus take a single "&" for the mark of a key.
+    constexpr int longestHalf = 40;
+    QString menuText = text.simplified();
+    if (menuText.size() > 2 * longestHalf)
+        menuText = menuText.left(longestHalf) + QChar(0x2026) + menuText.right(longestHalf);
+    menuText.replace(QLatin1Char('&'), QLatin1String("&&"));
     const auto apply = [this](const KRGPXTrackSelection &shown) { show(shown); };
     m_undoStack.push(new KRSelectionChange(m_selection, selection, menuText, apply, kind, row));
 }

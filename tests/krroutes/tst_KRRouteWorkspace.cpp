@@ -128,6 +128,14 @@ private slots:
         QCOMPARE(shown(), QStringLiteral("BCDA"));
     }
 
+    void longNamesDoNotFillTheMenu()
+    {
+        m_workspace->addTracks({track(QString(1000, QLatin1Char('x')))}, QString());
+        m_workspace->removeTrack(4);
+        const QString text = m_workspace->undoStack()->undoText();
+        QVERIFY2(text.size() < 100 && text.endsWith(QStringLiteral("löschen")), qPrintable(text));
+    }
+
     void quickRepetitionsMerge()
     {
         for (int width = 1; width < 10; ++width)
