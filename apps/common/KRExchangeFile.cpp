@@ -19,14 +19,16 @@ QByteArray KRExchangeFile::formatOf(const QString &fileName)
 }
 
 QByteArray KRExchangeFile::encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name,
-                                  KRErrorHistory *history)
+                                  KRErrorHistory *history, const std::function<bool()> &goOn)
 {
     if (format == "gpx") {
-        KRGpxWriter::lossesOf(tracks).report(name, history);
-        return KRGpxWriter::write(tracks);
+        const QByteArray gpx = KRGpxWriter::write(tracks, goOn);
+        if (!gpx.isNull())
+            KRGpxWriter::lossesOf(tracks).report(name, history);
+        return gpx;
     }
-    const QByteArray kml = KRKmlWriter::write(tracks, name);
-    if (!isReadable(kml, name, history))
+    const QByteArray kml = KRKmlWriter::write(tracks, name, goOn);
+    if (kml.isNull() || !isReadable(kml, name, history))
         return QByteArray();
     const QByteArray bytes = format == "kmz" ? KRZIP::pack(QStringLiteral("doc.kml"), kml) : kml;
     if (bytes.isNull())

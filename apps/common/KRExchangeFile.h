@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 class KRErrorHistory;
 class KRGPXConfiguredTrackList;
 
@@ -24,9 +26,10 @@ public:
     static QByteArray formatOf(const QString &fileName);
 
     /// @param format one of formatOf(); @p name is that of the KML document. Null when it fails. The reason is
-    /// reported, and otherwise what the tracks have that is not in the file.
+    /// reported, and otherwise what the tracks have that is not in the file. Null without a reason when @p goOn, which
+    /// is asked before each track in the same thread, says so.
     static QByteArray encode(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name,
-                             KRErrorHistory *history);
+                             KRErrorHistory *history, const std::function<bool()> &goOn = nullptr);
 
 private:
     static bool isReadable(const QByteArray &kml, const QString &name, KRErrorHistory *history);

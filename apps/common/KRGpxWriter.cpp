@@ -36,7 +36,7 @@ KRExchangeLosses::Positions countAll(const KRGPXTrack &track)
 
 } // namespace
 
-QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks)
+QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks, const std::function<bool()> &goOn)
 {
     QByteArray bytes;
     QXmlStreamWriter xml(&bytes);
@@ -47,8 +47,11 @@ QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks)
     xml.writeStartElement(QStringLiteral("http://www.topografix.com/GPX/1/1"), QStringLiteral("gpx"));
     xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
     xml.writeAttribute(QStringLiteral("creator"), QStringLiteral("KRGeoLocation"));
-    for (const KRGPXConfiguredTrack &track : tracks)
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        if (goOn && !goOn())
+            return QByteArray();
         writeTrack(xml, track.track());
+    }
     xml.writeEndDocument();
     return bytes;
 }

@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <functional>
+
 class KRGPXConfiguredTrackList;
 class KRGPXTrack;
 class KRGPXTrackSegment;
@@ -18,7 +20,8 @@ struct KRExchangeLosses;
 class KRGpxWriter
 {
 public:
-    static QByteArray write(const KRGPXConfiguredTrackList &tracks);
+    /// Null when @p goOn, which is asked before each track, says so.
+    static QByteArray write(const KRGPXConfiguredTrackList &tracks, const std::function<bool()> &goOn = nullptr);
     static KRExchangeLosses lossesOf(const KRGPXConfiguredTrackList &tracks);
 
 private:

@@ -161,7 +161,8 @@ void addLossesOfPoint(const KRGPXConfiguredTrack &track, int exchangeablePositio
 
 } // namespace
 
-QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QString &name)
+QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QString &name,
+                              const std::function<bool()> &goOn)
 {
     QByteArray bytes;
     QXmlStreamWriter xml(&bytes);
@@ -176,8 +177,11 @@ QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QStr
     const auto styleId = [](int index) { return QStringLiteral("track-%1").arg(index + 1); };
     for (int i = 0; i < tracks.size(); ++i)
         writeStyle(xml, tracks.at(i).configuration(), styleId(i));
-    for (int i = 0; i < tracks.size(); ++i)
+    for (int i = 0; i < tracks.size(); ++i) {
+        if (goOn && !goOn())
+            return QByteArray();
         writePlacemark(xml, tracks.at(i), styleId(i));
+    }
     xml.writeEndDocument();
     return bytes;
 }

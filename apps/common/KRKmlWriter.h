@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <functional>
+
 class KRGPXConfiguredTrack;
 class KRGPXConfiguredTrackList;
 class KRGPXTrack;
@@ -22,8 +24,9 @@ struct KRExchangeLosses;
 class KRKmlWriter
 {
 public:
-    /// @param name of the document
-    static QByteArray write(const KRGPXConfiguredTrackList &tracks, const QString &name);
+    /// @param name of the document. Null when @p goOn, which is asked before each track, says so.
+    static QByteArray write(const KRGPXConfiguredTrackList &tracks, const QString &name,
+                            const std::function<bool()> &goOn = nullptr);
     static KRExchangeLosses lossesOf(const KRGPXConfiguredTrackList &tracks);
 
 private:

@@ -31,6 +31,8 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
+#include <atomic>
+
 namespace {
 
 constexpr int smallestSidePx = 16;
@@ -304,15 +306,16 @@ bool KRExportDialog::mayReplace(const QString &fileName)
 bool KRExportDialog::createBytes(QByteArray *bytes, KRErrorHistory *history)
 {
     bool isComplete = true;
+    std::atomic<bool> isStopped{false};
     if (isPicture())
         isComplete = createPicture(bytes);
     else
         isComplete = KRBackgroundTask::run(
             this, tr("Die Routen werden geschrieben …"),
             [&, tracks = m_selection.tracks(), format = format(), title = QFileInfo(fileName()).completeBaseName()] {
-                *bytes = KRExchangeFile::encode(tracks, format, title, history);
+                *bytes = KRExchangeFile::encode(tracks, format, title, history, [&isStopped] { return !isStopped; });
             },
-            [] {}); // nothing is written before all is there
+            [&isStopped] { isStopped = true; });
     if (isComplete && bytes->isNull())
         complain(history->isEmpty() ? tr("Das Ergebnis ist zu groß für diesen Rechner oder dieses Format.")
                                     : history->entries().first().reason);

@@ -18,6 +18,7 @@ class tst_KRExchangeFile : public QObject
 private slots:
     void losesNothingUnsaid();
     void whatIsLostDependsOnTheFormat();
+    void endsWhenToldTo();
 };
 
 namespace {
@@ -119,6 +120,19 @@ void tst_KRExchangeFile::whatIsLostDependsOnTheFormat()
             reasons.append(entry.reason);
         QCOMPARE(reasons, losses);
     });
+}
+
+void tst_KRExchangeFile::endsWhenToldTo()
+{
+    const KRGPXConfiguredTrackList tracks{spawnTrack("8,53"), spawnTrack("8,95"), spawnTrack("9,53")};
+    for (const QByteArray &format : KRExchangeFile::formats()) {
+        int questions = 0;
+        KRErrorHistory history;
+        const auto goesOnOnce = [&questions] { return ++questions == 1; };
+        QVERIFY(KRExchangeFile::encode(tracks, format, QStringLiteral("a"), &history, goesOnOnce).isNull());
+        QCOMPARE(questions, 2);
+        QVERIFY(history.isEmpty());
+    }
 }
 
 template class KRTestRegistration<tst_KRExchangeFile>;
