@@ -21,12 +21,9 @@ const QString wayPointElement = QStringLiteral("wpt");
 const QString routeElement = QStringLiteral("rte");
 const QString routePointElement = QStringLiteral("rtept");
 
-/// A number that is one, not finite for anything else.
-double toDouble(const QString &text)
+double toDouble(QStringView text)
 {
-    bool isNumber = false;
-    const double value = text.toDouble(&isNumber);
-    return isNumber ? value : std::nan("");
+    return KRMath::toDouble(text, std::nan(""));
 }
 
 /// Not valid when the latitude or the longitude is missing, no number or not on the globe.
@@ -41,7 +38,7 @@ KRGeoPosition readPosition(const KRXmlStream &stream)
 bool hasPosition(const KRXmlStream &stream)
 {
     // Unlike in a way point, (0, 0) in a record is left to the importer.
-    return readPosition(stream).latitude().isValid();
+    return KRGPXVocabulary::isOnGlobe(toDouble(stream.attribute("lat")), toDouble(stream.attribute("lon")));
 }
 
 /// A "wpt" or an "rtept".
@@ -70,7 +67,7 @@ GpxPoint readPoint(KRXmlStream &stream, const KRGpxNames &names)
         if (name == QLatin1String("ele"))
             point.elevation = KRMath::toInt(toDouble(stream.readText()));
         else if (name == QLatin1String("time"))
-            point.time = QDateTime::fromString(stream.readText().trimmed(), Qt::ISODate);
+            point.time = stream.readTime();
         else if (name == QLatin1String("name"))
             point.name = stream.readText().trimmed();
         else if (name == QLatin1String("cmt"))

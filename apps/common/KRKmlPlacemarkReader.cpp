@@ -60,7 +60,7 @@ void KRKmlPlacemarkReader::readChild()
         m_look.style.override(look.style);
     } else if (m_stream.isAt("TimeStamp")) {
         while (m_stream.readNextChild())
-            m_time = m_times.toDateTime(m_stream.readText());
+            m_time = m_stream.readTime();
     } else if (m_stream.isAt("shape")) {
         m_shape = m_stream.readText().left(longestShape);
     } else {
@@ -141,7 +141,7 @@ void KRKmlPlacemarkReader::readTrack(Rings *segments)
     QStringList positions;
     while (m_stream.readNextChild()) {
         if (m_stream.isAt("when"))
-            times.append(m_times.toDateTime(m_stream.readText()));
+            times.append(m_stream.readTime());
         else if (m_stream.isAt("coord"))
             positions.append(m_stream.readText());
         else

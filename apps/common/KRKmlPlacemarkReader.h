@@ -3,8 +3,6 @@
 #include "KRImportReport.h"
 #include "KRKmlGeometry.h"
 
-#include <KRGeoLocation/KRGPXUtcTime.h>
-
 class KRXmlStream;
 
 /**
@@ -50,7 +48,6 @@ private:
     QString m_shape;
     KRKmlLook m_look;
     QDateTime m_time;
-    KRGPXUtcTime m_times;
     QList<KRKmlGeometry> m_geometries;
     // What was left out.
     QList<int> m_linesWithoutPosition;

@@ -47,7 +47,7 @@ void KRKmlPreparation::readElement(KRXmlStream &stream)
     if (stream.isAt("Placemark")) {
         readPlacemark(stream);
     } else if (KRKmlStyleTable::isStyle(stream)) {
-        const QString id = stream.attribute("id");
+        const QString id = stream.attribute("id").toString();
         m_styles.add(id, KRKmlStyleTable::readLook(stream));
     } else if (!readUndrawable(stream)) {
         while (stream.readNextChild())

@@ -128,13 +128,13 @@ KRXmlStream::KRXmlStream(QIODevice *device) : m_device(device), m_xml(&m_device)
     m_xml.setNamespaceProcessing(false);
 }
 
-QString KRXmlStream::attribute(const char *attributeName) const
+QStringView KRXmlStream::attribute(const char *attributeName) const
 {
     for (const QXmlStreamAttribute &attribute : m_attributes) {
         if (withoutPrefix(attribute.qualifiedName()) == QLatin1String(attributeName))
-            return attribute.value().toString();
+            return attribute.value();
     }
-    return QString();
+    return QStringView();
 }
 
 void KRXmlStream::refuse(const QString &reason)
@@ -188,6 +188,13 @@ void KRXmlStream::readText(const std::function<void(QStringView)> &take)
         else if (readToken() == QXmlStreamReader::Characters)
             take(m_xml.text());
     }
+}
+
+QDateTime KRXmlStream::readTime()
+{
+    const QDateTime time = m_times.toDateTime(readText());
+    m_device.addTime(time);
+    return time;
 }
 
 /// False when the document is broken anywhere, also behind what the reader has looked at.

@@ -2,6 +2,7 @@
 
 #include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXGuardedDevice.h>
+#include <KRGeoLocation/KRGPXUtcTime.h>
 
 #include <QCoreApplication>
 #include <QDomElement>
@@ -47,8 +48,8 @@ public:
     bool isAt(const char *elementName) const { return name() == QLatin1String(elementName); }
     /// Of the element that has just been entered.
     const QXmlStreamAttributes &attributes() const { return m_attributes; }
-    /// One of them, whatever its prefix; empty when there is none.
-    QString attribute(const char *attributeName) const;
+    /// One of them, whatever its prefix; empty when there is none. In place until the stream moves on.
+    QStringView attribute(const char *attributeName) const;
     /// Where the start tag of the current element ends, counted from 1; 0 for a text that the DOM has made.
     int line() const { return m_mendedXml.isNull() ? int(m_xml.lineNumber()) : 0; }
 
@@ -67,6 +68,8 @@ public:
     QString readText(int mostCharacters = KRInputLimits::keptCharacters);
     /// The same piece by piece, for long texts.
     void readText(const std::function<void(QStringView piece)> &take);
+    /// The same as a time; not valid if it is none.
+    QDateTime readTime();
 
 private:
     Q_DISABLE_COPY(KRXmlStream)
@@ -82,6 +85,7 @@ private:
     KRGPXGuardedDevice m_device;
     QXmlStreamReader m_xml;
     QStringView m_name; // into what the reader holds
+    KRGPXUtcTime m_times;
     QXmlStreamAttributes m_attributes; // kept as the reader makes them anew whenever it is asked
     QString m_refusal;
     qint64 m_attributePairs = 0;

@@ -2,6 +2,7 @@
 
 #include "KRGeoLocationExport.h"
 
+#include <QDateTime>
 #include <QIODevice>
 
 /**
@@ -35,6 +36,11 @@ public:
     qint64 tokens() const { return m_tokens; }
     /// To be called for parts of a token, such as attributes, that take as long as one.
     void addTokens(qint64 count) { m_tokens += count; }
+
+    /// To be called for each time that has been read from a text.
+    void addTime(const QDateTime &time) { addTokens(tokensOf(time)); }
+    /// As which a time counts: those in UTC take little, while local times ask the system.
+    static int tokensOf(const QDateTime &time);
 
     /// To be called whenever the reader has completed a token.
     void startToken()

@@ -1,5 +1,6 @@
 #include "KRGPXPointScanner.h"
 
+#include "KRGPXGuardedDevice.h"
 #include "KRGPXTrackSegment.h"
 #include "KRGPXVocabulary.h"
 
@@ -48,6 +49,7 @@ const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTra
     m_areNamesWhole = limits.areNamesWhole;
     m_points = 0;
     m_nodes = 0;
+    m_timeTokens = 0;
     m_characters = 0;
     while (m_points < limits.points && m_characters <= limits.characters && readPoint(segment, limits.levels)) {
         ++m_points;
@@ -170,8 +172,10 @@ bool KRGPXPointScanner::readTime(Point *point)
     if (!readText(&text))
         return false;
     point->milliseconds = m_time.read(text.data(), int(text.size()));
-    if (point->milliseconds == KRGPXUtcTime::noTime)
+    if (point->milliseconds == KRGPXUtcTime::noTime) {
         point->unusualTime = m_time.toDateTime(toText(text));
+        m_timeTokens += KRGPXGuardedDevice::tokensOf(point->unusualTime);
+    }
     return true;
 }
 

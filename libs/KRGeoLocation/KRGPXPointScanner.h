@@ -39,6 +39,8 @@ public:
     int points() const { return m_points; }
     /// Elements, attributes and texts of the last run.
     qint64 nodes() const { return m_nodes; }
+    /// That the times of the last run count as, see KRGPXGuardedDevice.
+    qint64 timeTokens() const { return m_timeTokens; }
     /// Of the descriptions of the last run.
     qint64 characters() const { return m_characters; }
 
@@ -67,5 +69,6 @@ private:
     bool m_areNamesWhole = true;
     int m_points = 0;
     qint64 m_nodes = 0;
+    qint64 m_timeTokens = 0;
     qint64 m_characters = 0;
 };

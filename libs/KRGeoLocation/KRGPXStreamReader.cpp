@@ -375,6 +375,7 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
         } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
             hasTimeStamp = true;
             timeStamp = m_time.toDateTime(readText(KRInputLimits::keptCharacters));
+            m_device.addTime(timeStamp);
         } else if (!hasDescription && isAt(KRGPXVocabulary::descriptionElement)) {
             hasDescription = true;
             description = textToKeep();
@@ -407,16 +408,17 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
     m_points += m_scanner.points();
     m_keptCharacters += m_scanner.characters();
     m_device.allowForPoints(m_scanner.points());
+    m_device.addTokens(m_scanner.timeTokens());
     m_nodes += m_scanner.nodes();
     countLines(begin, endOfRun);
     return endOfRun;
 }
 
-/// Whether the XML reader stands behind a token in a segment and has begun with nothing else.
+/// Whether the XML reader stands behind a token in a segment and has begun with nothing else, and may go on.
 bool KRGPXStreamReader::mayRunBegin() const
 {
-    return m_runTarget && m_extendsAscii && m_xml.characterOffset() == m_endOfToken && m_runs.hasPassedTagEnd()
-           && m_runs.hasAsciiBytes();
+    return m_runTarget && m_extendsAscii && m_device.isInProportion() && m_xml.characterOffset() == m_endOfToken
+           && m_runs.hasPassedTagEnd() && m_runs.hasAsciiBytes();
 }
 
 void KRGPXStreamReader::countLines(const char *begin, const char *end)

@@ -244,6 +244,14 @@ void tst_KRHostileFiles::areRefused_data()
         },
         "zu viel anderen Inhalt");
     row(
+        "many local times", "a.gpx",
+        [] {
+            return gpx("<trk><trkseg>"
+                       + numbered("<trkpt lat='1' lon='2'><time>2020-01-01T00:00:00.%d</time></trkpt>", 520000)
+                       + "</trkseg></trk>");
+        },
+        "zu viel anderen Inhalt");
+    row(
         "many holes", "a.kml",
         [] {
             return kml("<Placemark><Polygon>" + mark + "<innerBoundaryIs>"
