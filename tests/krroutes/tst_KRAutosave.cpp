@@ -164,16 +164,6 @@ private slots:
         QCOMPARE(KRTestFile::content(damaged), QByteArray("<includedTrack><trk>"));
     }
 
-    void unusablePlaceIsReported()
-    {
-        KRTestFile::write(place().path(), "in the way");
-        Work work(place());
-        QSignalSpy failed(&work.autosave, &KRAutosave::failed);
-        work.add("Tour");
-        QVERIFY(failed.wait());
-        QVERIFY(!failed.first().first().toString().isEmpty());
-    }
-
 private:
     QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
     QDir place() const { return QDir(path("recovery")); }
