@@ -47,7 +47,7 @@ bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHi
     buffer.setData(withoutWrongEncoding(xml));
     buffer.open(QIODevice::ReadOnly);
     KRXmlStream stream(&buffer);
-    stream.m_device.expectDocument();
+    stream.m_tokens.device().expectDocument();
     if (stream.readDocument(reader))
         return true;
     if (stream.reportRefusal(fileName, history) || stream.reportTooLarge(buffer.size(), fileName, history))
@@ -73,8 +73,7 @@ bool KRXmlStream::read(const QFileInfo &file, KRErrorHistory *history, const Rea
 /// False when nobody has refused the document.
 bool KRXmlStream::reportRefusal(const QString &fileName, KRErrorHistory *history) const
 {
-    const QString refusal =
-        m_refusal.isNull() && m_device.hasRefused() ? tr("Ein Text oder ein Element ist zu groß.") : m_refusal;
+    const QString refusal = m_tokens.refusal();
     if (!refusal.isNull())
         KRErrorHistory::report(history, {fileName, line(), 0, refusal});
     return !refusal.isNull();
@@ -85,8 +84,8 @@ bool KRXmlStream::reportTooLarge(qint64 bytes, const QString &fileName, KRErrorH
 {
     if (bytes <= KRInputLimits::mendedBytes)
         return false;
-    KRErrorHistory::report(history, {fileName, line(), int(m_xml.columnNumber()) + 1,
-                                     tr("Kein lesbares XML: %1").arg(m_xml.errorString())});
+    KRErrorHistory::report(history, {fileName, line(), int(m_tokens.xml().columnNumber()) + 1,
+                                     tr("Kein lesbares XML: %1").arg(m_tokens.xml().errorString())});
     return true;
 }
 
@@ -113,57 +112,28 @@ bool KRXmlStream::readMended(QDomElement root, const QString &fileName, KRErrorH
     buffer.open(QIODevice::ReadOnly);
     KRXmlStream stream(&buffer);
     stream.m_mendedXml = buffer.data();
-    stream.m_device.expectDocument();
+    stream.m_tokens.device().expectDocument();
     if (stream.readDocument(reader))
         return true;
     if (stream.reportRefusal(fileName, history))
         return false;
     KRErrorHistory::report(
-        history, {fileName, 0, 0, tr("Das Dokument wird nicht verstanden: %1").arg(stream.m_xml.errorString())});
+        history,
+        {fileName, 0, 0, tr("Das Dokument wird nicht verstanden: %1").arg(stream.m_tokens.xml().errorString())});
     return false;
 }
 
-KRXmlStream::KRXmlStream(QIODevice *device) : m_device(device), m_xml(&m_device)
-{
-    m_xml.setNamespaceProcessing(false);
-}
+KRXmlStream::KRXmlStream(QIODevice *device)
+    : m_tokens(device, [this](QXmlStreamReader::TokenType) { m_name = withoutPrefix(m_tokens.xml().qualifiedName()); })
+{ }
 
 QStringView KRXmlStream::attribute(const char *attributeName) const
 {
-    for (const QXmlStreamAttribute &attribute : m_attributes) {
+    for (const QXmlStreamAttribute &attribute : m_tokens.attributes()) {
         if (withoutPrefix(attribute.qualifiedName()) == QLatin1String(attributeName))
             return attribute.value();
     }
     return QStringView();
-}
-
-void KRXmlStream::refuse(const QString &reason)
-{
-    m_refusal = reason;
-    m_xml.raiseError(reason);
-}
-
-bool KRXmlStream::readNextChild()
-{
-    for (;;) {
-        switch (readToken()) {
-        case QXmlStreamReader::StartElement:
-            return true;
-        case QXmlStreamReader::EndElement:
-        case QXmlStreamReader::EndDocument:
-        case QXmlStreamReader::Invalid:
-            return false;
-        default:
-            break;
-        }
-    }
-}
-
-void KRXmlStream::skipElement()
-{
-    const int depthOfParent = m_depth - 1;
-    while (m_depth > depthOfParent && !m_xml.atEnd())
-        readToken();
 }
 
 QString KRXmlStream::readText(int mostCharacters)
@@ -180,20 +150,20 @@ QString KRXmlStream::readText(int mostCharacters)
 
 void KRXmlStream::readText(const std::function<void(QStringView)> &take)
 {
-    const int depthOfParent = m_depth - 1;
-    const qint64 mostTokens = m_device.tokens() + KRInputLimits::textPieces;
-    while (m_depth > depthOfParent && !m_xml.atEnd()) {
-        if (m_device.tokens() >= mostTokens)
+    const int depthOfParent = m_tokens.depth() - 1;
+    const qint64 mostTokens = m_tokens.device().tokens() + KRInputLimits::textPieces;
+    while (m_tokens.depth() > depthOfParent && !m_tokens.xml().atEnd()) {
+        if (m_tokens.device().tokens() >= mostTokens)
             refuse(tr("Ein Text ist zu zerstückelt."));
-        else if (readToken() == QXmlStreamReader::Characters)
-            take(m_xml.text());
+        else if (m_tokens.next() == QXmlStreamReader::Characters)
+            take(m_tokens.xml().text());
     }
 }
 
 QDateTime KRXmlStream::readTime()
 {
     const QDateTime time = m_times.toDateTime(readText());
-    m_device.addTime(time);
+    m_tokens.device().addTime(time);
     return time;
 }
 
@@ -202,43 +172,5 @@ bool KRXmlStream::readDocument(const Reader &reader)
 {
     if (readNextChild())
         reader(*this);
-    while (!m_xml.atEnd())
-        readToken();
-    return !m_xml.hasError();
-}
-
-/// The reasons are for large documents; smaller ones are read as a DOM then, which has reasons of its own.
-QXmlStreamReader::TokenType KRXmlStream::readToken()
-{
-    m_attributes.clear();
-    // The reader would begin again with a token that is not whole, be it 48 MB large.
-    if (m_xml.hasError())
-        return QXmlStreamReader::Invalid;
-    const QXmlStreamReader::TokenType token = m_xml.readNext();
-    m_device.startToken();
-    m_name = withoutPrefix(m_xml.qualifiedName());
-    if (!m_device.isInProportion())
-        refuse(tr("Die Datei hat für das, was zu zeichnen ist, zu viel anderen Inhalt."));
-    if (token == QXmlStreamReader::StartElement) {
-        ++m_depth;
-        checkTag();
-    } else if (token == QXmlStreamReader::EndElement) {
-        --m_depth;
-    } else if (token == QXmlStreamReader::DTD || token == QXmlStreamReader::EntityReference) {
-        m_xml.raiseError(tr("Große Dateien mit Dokumenttyp werden nicht gelesen."));
-    }
-    return m_xml.hasError() ? QXmlStreamReader::Invalid : token;
-}
-
-void KRXmlStream::checkTag()
-{
-    m_attributes = m_xml.attributes();
-    const qint64 count = m_attributes.size();
-    m_device.addTokens(count);
-    if (count > KRInputLimits::manyAttributes)
-        m_attributePairs += count * count;
-    if (m_attributePairs > KRInputLimits::attributePairs)
-        refuse(tr("Die Elemente haben zu viele Attribute."));
-    else if (m_depth > KRInputLimits::depth)
-        refuse(tr("Die Elemente sind tiefer als %1 Ebenen geschachtelt.").arg(KRInputLimits::depth));
+    return m_tokens.skipRest();
 }

@@ -1,12 +1,11 @@
 #pragma once
 
 #include <KRCore/KRInputLimits.h>
-#include <KRGeoLocation/KRGPXGuardedDevice.h>
+#include <KRGeoLocation/KRGPXTokenStream.h>
 #include <KRGeoLocation/KRGPXUtcTime.h>
 
 #include <QCoreApplication>
 #include <QDomElement>
-#include <QXmlStreamReader>
 
 #include <functional>
 #include <memory>
@@ -44,26 +43,26 @@ public:
     /// Without prefix.
     QStringView name() const { return m_name; }
     /// With the prefix that the document uses.
-    QStringView qualifiedName() const { return m_xml.qualifiedName(); }
+    QStringView qualifiedName() const { return m_tokens.xml().qualifiedName(); }
     bool isAt(const char *elementName) const { return name() == QLatin1String(elementName); }
     /// Of the element that has just been entered.
-    const QXmlStreamAttributes &attributes() const { return m_attributes; }
+    const QXmlStreamAttributes &attributes() const { return m_tokens.attributes(); }
     /// One of them, whatever its prefix; empty when there is none. In place until the stream moves on.
     QStringView attribute(const char *attributeName) const;
     /// Where the start tag of the current element ends, counted from 1; 0 for a text that the DOM has made.
-    int line() const { return m_mendedXml.isNull() ? int(m_xml.lineNumber()) : 0; }
+    int line() const { return m_mendedXml.isNull() ? int(m_tokens.xml().lineNumber()) : 0; }
 
     /// The XML that is read in place of a document that the DOM had to help with, in UTF-8; null if it had not.
     const QByteArray &mendedXml() const { return m_mendedXml; }
 
     /// To be called at points of a file, which may hold as much more then.
-    void allowForPoints(int count) { m_device.allowForPoints(count); }
+    void allowForPoints(int count) { m_tokens.device().allowForPoints(count); }
     /// Ends reading: the document is not read, for this reason, which is for users.
-    void refuse(const QString &reason);
+    void refuse(const QString &reason) { m_tokens.refuse(reason); }
 
     /// Moves to the next child of the current element. False behind the last one, where the parent becomes current.
-    bool readNextChild();
-    void skipElement();
+    bool readNextChild() { return m_tokens.nextChild(); }
+    void skipElement() { m_tokens.skipElement(); }
     /// The text of the current element with that of all elements in it; moves behind the element.
     QString readText(int mostCharacters = KRInputLimits::keptCharacters);
     /// The same piece by piece, for long texts.
@@ -79,16 +78,9 @@ private:
     static bool readMended(QDomElement root, const QString &fileName, KRErrorHistory *history, const Reader &reader);
 
     bool readDocument(const Reader &reader);
-    QXmlStreamReader::TokenType readToken();
-    void checkTag();
 
-    KRGPXGuardedDevice m_device;
-    QXmlStreamReader m_xml;
-    QStringView m_name; // into what the reader holds
+    KRGPXTokenStream m_tokens;
+    QStringView m_name; // into what the stream holds
     KRGPXUtcTime m_times;
-    QXmlStreamAttributes m_attributes; // kept as the reader makes them anew whenever it is asked
-    QString m_refusal;
-    qint64 m_attributePairs = 0;
-    int m_depth = 0;
     QByteArray m_mendedXml;
 };

@@ -43,12 +43,9 @@ bool extendsAscii(QStringView encoding)
 } // namespace
 
 KRGPXStreamReader::KRGPXStreamReader(QIODevice *device)
-    : m_runs(device, [this](const char *begin, const char *end) { return takeRun(begin, end); }), m_device(&m_runs),
-      m_xml(&m_device)
-{
-    // As QDom reads it: an element "gpx:trk" is another one than "trk".
-    m_xml.setNamespaceProcessing(false);
-}
+    : m_runs(device, [this](const char *begin, const char *end) { return takeRun(begin, end); }),
+      m_tokens(&m_runs, [this](QXmlStreamReader::TokenType token) { noteToken(token); })
+{ }
 
 KRGPXStreamResult KRGPXStreamReader::readFile(const QFileInfo &file, KRErrorHistory *history,
                                               const std::function<bool(KRGPXStreamReader &)> &read)
@@ -59,7 +56,7 @@ KRGPXStreamResult KRGPXStreamReader::readFile(const QFileInfo &file, KRErrorHist
     KRGPXStreamReader reader(&source);
     if (read(reader))
         return reader.isDomPreferable() ? StreamNeedsDom : StreamWasRead;
-    if (!reader.m_isRefused && !reader.m_device.hasRefused() && source.size() <= KRInputLimits::documentBytes)
+    if (reader.m_tokens.refusal().isNull() && source.size() <= KRInputLimits::documentBytes)
         return StreamNeedsDom;
     KRErrorHistory::Entry entry = reader.error();
     entry.fileName = file.filePath();
@@ -83,7 +80,7 @@ bool KRGPXStreamReader::readFirstTrack(KRGPXTrackImpl *track)
         if (isFirst)
             readTrack(track);
         else
-            skipElement();
+            m_tokens.skipElement();
         isFirst = false;
     });
 }
@@ -91,94 +88,65 @@ bool KRGPXStreamReader::readFirstTrack(KRGPXTrackImpl *track)
 bool KRGPXStreamReader::isDomPreferable() const
 {
     return m_differsFromDom && !m_options.isStreamPreferred && m_nodes <= KRInputLimits::nodes
-           && m_device.size() <= KRInputLimits::documentBytes;
+           && m_tokens.device().size() <= KRInputLimits::documentBytes;
 }
 
 KRErrorHistory::Entry KRGPXStreamReader::error() const
 {
+    const QXmlStreamReader &xml = m_tokens.xml();
     KRErrorHistory::Entry entry;
-    entry.line = int(m_xml.lineNumber()) + m_takenLines;
-    entry.column = int(m_xml.columnNumber() + (m_xml.lineNumber() == m_shiftedLine ? m_columnShift : 0)) + 1;
-    if (m_device.hasRefused())
-        entry.reason = QCoreApplication::translate("KRGPXStreamReader", "Ein Text oder ein Element ist zu groß.");
-    else if (m_xml.error() == QXmlStreamReader::CustomError)
-        entry.reason = m_xml.errorString();
-    else
-        entry.reason =
-            QCoreApplication::translate("KRGPXStreamReader", "Kein lesbares XML: %1").arg(m_xml.errorString());
+    entry.line = int(xml.lineNumber()) + m_takenLines;
+    entry.column = int(xml.columnNumber() + (xml.lineNumber() == m_shiftedLine ? m_columnShift : 0)) + 1;
+    entry.reason = m_tokens.refusal();
+    if (entry.reason.isNull() && xml.error() == QXmlStreamReader::CustomError)
+        entry.reason = xml.errorString();
+    else if (entry.reason.isNull())
+        entry.reason = QCoreApplication::translate("KRGPXStreamReader", "Kein lesbares XML: %1").arg(xml.errorString());
     return entry;
 }
 
-QXmlStreamReader::TokenType KRGPXStreamReader::nextToken()
+/// Finds out how points may be scanned, and what QDom would read otherwise.
+void KRGPXStreamReader::noteToken(QXmlStreamReader::TokenType token)
 {
-    m_attributes.clear();
-    // The reader would begin again with a token that is not whole, be it 48 MB large.
-    if (m_xml.hasError())
-        return QXmlStreamReader::Invalid;
-    const QXmlStreamReader::TokenType token = m_xml.readNext();
-    m_device.startToken();
-    m_endOfToken = m_xml.characterOffset();
-    if (!m_device.isInProportion()) {
-        refuse(
-            QCoreApplication::translate("KRGPXStreamReader", "Die Datei hat für ihre Punkte zu viel anderen Inhalt."));
-        return QXmlStreamReader::Invalid;
-    }
+    const QXmlStreamReader &xml = m_tokens.xml();
+    m_endOfToken = xml.characterOffset();
     switch (token) {
     case QXmlStreamReader::StartDocument:
         // The reader tells it with this token alone.
-        m_isUtf8 = m_xml.documentEncoding().isEmpty()
-                   || m_xml.documentEncoding().compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
-        m_extendsAscii = m_isUtf8 || extendsAscii(m_xml.documentEncoding());
-        return token;
+        m_isUtf8 = xml.documentEncoding().isEmpty()
+                   || xml.documentEncoding().compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) == 0;
+        m_extendsAscii = m_isUtf8 || extendsAscii(xml.documentEncoding());
+        break;
     case QXmlStreamReader::StartElement:
-        ++m_depth;
-        return checkTag() ? token : QXmlStreamReader::Invalid;
+        noteTag();
+        break;
     case QXmlStreamReader::Characters:
         ++m_nodes;
-        return token;
+        break;
     case QXmlStreamReader::ProcessingInstruction:
         // QDom is stricter in their names, and takes the encoding from any that begins like an XML declaration.
         m_differsFromDom = true;
-        return token;
-    case QXmlStreamReader::EndElement:
-        --m_depth;
-        return token;
-    case QXmlStreamReader::DTD:
-    case QXmlStreamReader::EntityReference:
-        m_xml.raiseError(
-            QCoreApplication::translate("KRGPXStreamReader", "Große Dateien mit Dokumenttyp werden nicht gelesen."));
-        return QXmlStreamReader::Invalid;
+        break;
     default:
-        return token;
+        break;
     }
 }
 
-/// False when the tag goes beyond a limit.
-bool KRGPXStreamReader::checkTag()
+void KRGPXStreamReader::noteTag()
 {
-    m_attributes = m_xml.attributes();
-    m_nodes += 1 + m_attributes.size();
-    if (m_attributes.size() > KRInputLimits::manyAttributes)
-        m_attributePairs += qint64(m_attributes.size()) * m_attributes.size();
+    const QXmlStreamAttributes &attributes = m_tokens.attributes();
+    m_nodes += 1 + attributes.size();
     m_differsFromDom =
-        m_differsFromDom || !isPlainName(m_xml.qualifiedName())
-        || !std::all_of(m_attributes.cbegin(), m_attributes.cend(),
+        m_differsFromDom || !isPlainName(m_tokens.xml().qualifiedName())
+        || !std::all_of(attributes.cbegin(), attributes.cend(),
                         [](const QXmlStreamAttribute &attribute) { return isPlainName(attribute.qualifiedName()); });
-    m_device.addTokens(m_attributes.size());
-    if (m_depth > KRInputLimits::depth)
-        refuse(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente sind tiefer als %1 Ebenen geschachtelt.")
-                   .arg(KRInputLimits::depth));
-    else if (m_attributePairs > KRInputLimits::attributePairs)
-        refuse(QCoreApplication::translate("KRGPXStreamReader", "Die Elemente haben zu viele Attribute."));
-    else
-        checkElements();
-    return !m_xml.hasError();
+    checkElements();
 }
 
 void KRGPXStreamReader::checkElements()
 {
     const auto refuseMoreThan = [this](int limit, const char *reason) {
-        refuse(QCoreApplication::translate("KRGPXStreamReader", reason).arg(limit));
+        m_tokens.refuse(QCoreApplication::translate("KRGPXStreamReader", reason).arg(limit));
     };
     if (m_points > KRInputLimits::points)
         refuseMoreThan(KRInputLimits::points,
@@ -191,13 +159,6 @@ void KRGPXStreamReader::checkElements()
                        QT_TRANSLATE_NOOP("KRGPXStreamReader", "Die Datei hat mehr als %1 Strecken."));
 }
 
-/// The DOM is not asked then, which would take no more of it.
-void KRGPXStreamReader::refuse(const QString &reason)
-{
-    m_isRefused = true;
-    m_xml.raiseError(reason);
-}
-
 QStringView KRGPXStreamReader::withoutPrefix(QStringView name) const
 {
     const qsizetype colon = m_options.prefixes.isEmpty() ? -1 : name.indexOf(QLatin1Char(':'));
@@ -207,35 +168,11 @@ QStringView KRGPXStreamReader::withoutPrefix(QStringView name) const
 double KRGPXStreamReader::degrees(const QString &attributeName) const
 {
     const double missing = m_options.isOnGlobeOnly ? std::nan("") : KRGPXVocabulary::missingCoordinate;
-    for (const QXmlStreamAttribute &attribute : m_attributes) {
+    for (const QXmlStreamAttribute &attribute : m_tokens.attributes()) {
         if (withoutPrefix(attribute.qualifiedName()) == attributeName)
             return KRMath::toDouble(attribute.value(), missing);
     }
     return missing;
-}
-
-/// Moves to the next child of the current element; false behind the last one, at the end of the current element.
-bool KRGPXStreamReader::nextChild()
-{
-    for (;;) {
-        switch (nextToken()) {
-        case QXmlStreamReader::StartElement:
-            return true;
-        case QXmlStreamReader::EndElement:
-        case QXmlStreamReader::EndDocument:
-        case QXmlStreamReader::Invalid:
-            return false;
-        default:
-            break;
-        }
-    }
-}
-
-void KRGPXStreamReader::skipElement()
-{
-    const int depthOfParent = m_depth - 1;
-    while (m_depth > depthOfParent && !m_xml.atEnd())
-        nextToken();
 }
 
 /// The text of the current element with all that is nested in it, as QDomElement::text() gives it.
@@ -243,18 +180,19 @@ const QString &KRGPXStreamReader::readText(qint64 mostCharacters)
 {
     m_text.resize(0);
     int run = 0; // where the text since the last markup begins
-    const int depthOfParent = m_depth - 1;
-    const qint64 mostTokens = m_device.tokens() + KRInputLimits::textPieces;
-    while (m_depth > depthOfParent && !m_xml.atEnd()) {
-        const bool isCharacters = nextToken() == QXmlStreamReader::Characters;
-        if (!isCharacters || m_xml.isCDATA())
+    const int depthOfParent = m_tokens.depth() - 1;
+    const qint64 mostTokens = m_tokens.device().tokens() + KRInputLimits::textPieces;
+    while (m_tokens.depth() > depthOfParent && !m_tokens.xml().atEnd()) {
+        const bool isCharacters = m_tokens.next() == QXmlStreamReader::Characters;
+        if (!isCharacters || m_tokens.xml().isCDATA())
             dropBlanks(run);
         if (isCharacters)
-            m_text.append(m_xml.text());
-        if (!isCharacters || m_xml.isCDATA())
+            m_text.append(m_tokens.xml().text());
+        if (!isCharacters || m_tokens.xml().isCDATA())
             run = m_text.size();
-        if (m_text.size() > mostCharacters || m_device.tokens() > mostTokens)
-            refuse(QCoreApplication::translate("KRGPXStreamReader", "Ein Text ist zu lang oder zu zerstückelt."));
+        if (m_text.size() > mostCharacters || m_tokens.device().tokens() > mostTokens)
+            m_tokens.refuse(
+                QCoreApplication::translate("KRGPXStreamReader", "Ein Text ist zu lang oder zu zerstückelt."));
     }
     return m_text;
 }
@@ -265,8 +203,9 @@ QString KRGPXStreamReader::textToKeep()
     readText(KRInputLimits::keptCharacters);
     m_keptCharacters += m_text.size();
     if (m_keptCharacters > KRInputLimits::allKeptCharacters)
-        refuse(QCoreApplication::translate("KRGPXStreamReader", "Die Namen und Beschreibungen sind zusammen zu lang."));
-    if (m_device.hasCarriageReturns() && m_text.contains(QLatin1Char('\n')))
+        m_tokens.refuse(
+            QCoreApplication::translate("KRGPXStreamReader", "Die Namen und Beschreibungen sind zusammen zu lang."));
+    if (m_tokens.device().hasCarriageReturns() && m_text.contains(QLatin1Char('\n')))
         m_differsFromDom = true;
     return QString(m_text.constData(), m_text.size());
 }
@@ -281,24 +220,22 @@ void KRGPXStreamReader::dropBlanks(int begin)
 /// Calls @p readTrackElement at each "trk" directly below the document element. False when the document is broken.
 bool KRGPXStreamReader::readDocument(const std::function<void()> &readTrackElement)
 {
-    if (nextChild()) {
-        while (nextChild()) {
+    if (m_tokens.nextChild()) {
+        while (m_tokens.nextChild()) {
             if (isAt(KRGPXVocabulary::trackElement))
                 readTrackElement();
             else
-                skipElement();
+                m_tokens.skipElement();
         }
     }
     // The document goes on behind its last element, and so may its faults.
-    while (!m_xml.atEnd())
-        nextToken();
-    return !m_xml.hasError();
+    return m_tokens.skipRest();
 }
 
 void KRGPXStreamReader::readTrack(KRGPXTrackImpl *track)
 {
     ++m_tracks;
-    while (nextChild()) {
+    while (m_tokens.nextChild()) {
         if (isAt(KRGPXVocabulary::nameElement))
             track->setName(textToKeep());
         else if (isAt(KRGPXVocabulary::descriptionElement))
@@ -310,14 +247,14 @@ void KRGPXStreamReader::readTrack(KRGPXTrackImpl *track)
         else if (isAt(KRGPXVocabulary::enclavesElement))
             readEnclaves(track);
         else
-            skipElement();
+            m_tokens.skipElement();
     }
     track->replaceAutoShape();
 }
 
 void KRGPXStreamReader::readEnclaves(KRGPXTrackImpl *track)
 {
-    while (nextChild()) {
+    while (m_tokens.nextChild()) {
         QSharedDataPointer<KRGPXTrackImpl> enclave(new KRGPXTrackImpl);
         readTrack(enclave.data());
         track->addEnclave(KRGPXTrack(enclave));
@@ -334,7 +271,7 @@ KRGPXTrackSegment KRGPXStreamReader::readSegment()
         else if (isAt(KRGPXVocabulary::compressedPointsElement))
             readCompressedPoints(&segment);
         else
-            skipElement();
+            m_tokens.skipElement();
     }
     segment.squeeze();
     return segment;
@@ -345,14 +282,14 @@ void KRGPXStreamReader::readCompressedPoints(KRGPXTrackSegment *segment)
     const QString &text = readText(KRInputLimits::tokenBytes);
     const int count = KRGPXCommaText::count(text);
     if (count > KRInputLimits::textPoints) {
-        refuse(QCoreApplication::translate("KRGPXStreamReader", "Ein Text hat mehr als %1 Punkte.")
-                   .arg(KRInputLimits::textPoints));
+        m_tokens.refuse(QCoreApplication::translate("KRGPXStreamReader", "Ein Text hat mehr als %1 Punkte.")
+                            .arg(KRInputLimits::textPoints));
         return;
     }
     const int countBefore = segment->count();
     segment->appendCompressed(text);
     m_points += segment->count() - countBefore;
-    m_device.allowForPoints(segment->count() - countBefore);
+    m_tokens.device().allowForPoints(segment->count() - countBefore);
     checkElements();
 }
 
@@ -368,30 +305,30 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
     bool hasElevation = false;
     bool hasTimeStamp = false;
     bool hasDescription = false;
-    while (nextChild()) {
+    while (m_tokens.nextChild()) {
         if (!hasElevation && isAt(KRGPXVocabulary::elevationElement)) {
             hasElevation = true;
             elevation = KRMath::toDouble(readText(KRInputLimits::keptCharacters), 0.0);
         } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
             hasTimeStamp = true;
             timeStamp = m_time.toDateTime(readText(KRInputLimits::keptCharacters));
-            m_device.addTime(timeStamp);
+            m_tokens.device().addTime(timeStamp);
         } else if (!hasDescription && isAt(KRGPXVocabulary::descriptionElement)) {
             hasDescription = true;
             description = textToKeep();
         } else {
-            skipElement();
+            m_tokens.skipElement();
         }
     }
     if (!m_options.isOnGlobeOnly || KRGPXVocabulary::isOnGlobe(latitude, longitude))
         segment->append(latitude, longitude, KRMath::toInt(elevation), timeStamp, description);
 }
 
-/// As nextChild(), but points of plain form may be added to @p segment on the way.
+/// As m_tokens.nextChild(), but points of plain form may be added to @p segment on the way.
 bool KRGPXStreamReader::nextPointOrOther(KRGPXTrackSegment *segment)
 {
     m_runTarget = segment;
-    const bool isAtChild = nextChild();
+    const bool isAtChild = m_tokens.nextChild();
     m_runTarget = nullptr;
     return isAtChild;
 }
@@ -401,14 +338,15 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
 {
     if (!mayRunBegin())
         return begin;
-    const char *const endOfRun = m_scanner.scan(begin, end, m_runTarget,
-                                                {KRInputLimits::points - m_points, KRInputLimits::depth - m_depth - 1,
-                                                 KRInputLimits::allKeptCharacters - m_keptCharacters, m_isUtf8,
-                                                 m_options.isOnGlobeOnly, m_options.prefixes.isEmpty()});
+    const char *const endOfRun =
+        m_scanner.scan(begin, end, m_runTarget,
+                       {KRInputLimits::points - m_points, KRInputLimits::depth - m_tokens.depth() - 1,
+                        KRInputLimits::allKeptCharacters - m_keptCharacters, m_isUtf8, m_options.isOnGlobeOnly,
+                        m_options.prefixes.isEmpty()});
     m_points += m_scanner.points();
     m_keptCharacters += m_scanner.characters();
-    m_device.allowForPoints(m_scanner.points());
-    m_device.addTokens(m_scanner.timeTokens());
+    m_tokens.device().allowForPoints(m_scanner.points());
+    m_tokens.device().addTokens(m_scanner.timeTokens());
     m_nodes += m_scanner.nodes();
     countLines(begin, endOfRun);
     return endOfRun;
@@ -417,8 +355,8 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
 /// Whether the XML reader stands behind a token in a segment and has begun with nothing else, and may go on.
 bool KRGPXStreamReader::mayRunBegin() const
 {
-    return m_runTarget && m_extendsAscii && m_device.isInProportion() && m_xml.characterOffset() == m_endOfToken
-           && m_runs.hasPassedTagEnd() && m_runs.hasAsciiBytes();
+    return m_runTarget && m_extendsAscii && m_tokens.device().isInProportion()
+           && m_tokens.xml().characterOffset() == m_endOfToken && m_runs.hasPassedTagEnd() && m_runs.hasAsciiBytes();
 }
 
 void KRGPXStreamReader::countLines(const char *begin, const char *end)
@@ -430,10 +368,10 @@ void KRGPXStreamReader::countLines(const char *begin, const char *end)
             break;
     }
     if (lineBegin)
-        m_columnShift = end - lineBegin - m_xml.columnNumber();
-    else if (m_shiftedLine == m_xml.lineNumber())
+        m_columnShift = end - lineBegin - m_tokens.xml().columnNumber();
+    else if (m_shiftedLine == m_tokens.xml().lineNumber())
         m_columnShift += end - begin;
     else
         m_columnShift = end - begin;
-    m_shiftedLine = m_xml.lineNumber();
+    m_shiftedLine = m_tokens.xml().lineNumber();
 }

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "KRGPXGuardedDevice.h"
 #include "KRGPXPointScanner.h"
 #include "KRGPXReadingOptions.h"
 #include "KRGPXRunDevice.h"
+#include "KRGPXTokenStream.h"
 #include "KRGPXTrack.h"
 
 #include <KRCore/KRErrorHistory.h>
-
-#include <QXmlStreamReader>
 
 #include <functional>
 
@@ -44,7 +42,7 @@ public:
                                       const std::function<bool(KRGPXStreamReader &)> &read);
 
     /// Expects a document that was in memory as a whole, whatever there is in it besides points.
-    void expectDocument() { m_device.expectDocument(); }
+    void expectDocument() { m_tokens.device().expectDocument(); }
     void setOptions(const KRGPXReadingOptions &options) { m_options = options; }
 
     /// Hands over one track after the other, valid or not, that lies directly below the document element. False when
@@ -62,15 +60,12 @@ public:
 private:
     Q_DISABLE_COPY(KRGPXStreamReader)
 
-    QXmlStreamReader::TokenType nextToken();
-    bool nextChild();
-    QStringView withoutPrefix(QStringView name) const;
-    bool isAt(const QString &elementName) const { return withoutPrefix(m_xml.qualifiedName()) == elementName; }
-    double degrees(const QString &attributeName) const;
-    bool checkTag();
+    void noteToken(QXmlStreamReader::TokenType token);
+    void noteTag();
     void checkElements();
-    void refuse(const QString &reason);
-    void skipElement();
+    QStringView withoutPrefix(QStringView name) const;
+    bool isAt(const QString &elementName) const { return withoutPrefix(m_tokens.xml().qualifiedName()) == elementName; }
+    double degrees(const QString &attributeName) const;
     const QString &readText(qint64 mostCharacters);
     QString textToKeep();
     void dropBlanks(int begin);
@@ -89,9 +84,7 @@ private:
     KRGPXReadingOptions m_options;
     KRGPXPointScanner m_scanner;
     KRGPXRunDevice m_runs;
-    KRGPXGuardedDevice m_device;
-    QXmlStreamReader m_xml;
-    QXmlStreamAttributes m_attributes; // of a tag just read; the reader makes them anew whenever it is asked
+    KRGPXTokenStream m_tokens;
     KRGPXTrackSegment *m_runTarget = nullptr; // while the next child of a segment is looked for
     qint64 m_endOfToken = -1; // characters that the XML reader had read with the last token
     // What the XML reader does not see, for its place in the file.
@@ -100,9 +93,7 @@ private:
     qint64 m_shiftedLine = 0; // as the reader counts
     KRGPXUtcTime m_time;
     QString m_text; // of the element read last; kept for its memory
-    qint64 m_attributePairs = 0;
     qint64 m_keptCharacters = 0;
-    int m_depth = 0;
     int m_points = 0;
     int m_segments = 0;
     int m_tracks = 0;
@@ -110,5 +101,4 @@ private:
     bool m_isUtf8 = false; // as declared, or without a declaration
     bool m_extendsAscii = false; // UTF-8 or an encoding of a byte for each character
     bool m_differsFromDom = false;
-    bool m_isRefused = false;
 };
