@@ -39,6 +39,20 @@ QByteArray withoutWrongEncoding(const QByteArray &xml)
     return corrected.replace(match.capturedStart(), match.capturedLength(), QByteArray(match.capturedLength(), ' '));
 }
 
+/// Without line breaks in front of the declaration, and without the zero bytes that devices leave behind the end of a
+/// file. In UTF-16 and UTF-32 zero bytes belong to the text.
+QByteArray withoutFrame(const QByteArray &xml)
+{
+    if (xml.left(4).contains('\0'))
+        return xml;
+    int end = int(xml.size());
+    while (end > 0 && xml.at(end - 1) == '\0')
+        --end;
+    const int begin = int(xml.left(longestDeclaration).indexOf("<?xml"));
+    const bool isFirst = begin > 0 && xml.left(begin).trimmed().isEmpty();
+    return isFirst ? xml.mid(begin, end - begin) : xml.left(end);
+}
+
 } // namespace
 
 bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHistory *history, const Reader &reader)
@@ -52,7 +66,8 @@ bool KRXmlStream::read(const QByteArray &xml, const QString &fileName, KRErrorHi
         return true;
     if (stream.reportRefusal(fileName, history) || stream.reportTooLarge(buffer.size(), fileName, history))
         return false;
-    return readMended(KRXMLLoader::parseDocumentElement(buffer.data(), fileName, history), fileName, history, reader);
+    return readMended(KRXMLLoader::parseDocumentElement(withoutFrame(buffer.data()), fileName, history), fileName,
+                      history, reader);
 }
 
 bool KRXmlStream::read(const QFileInfo &file, KRErrorHistory *history, const Reader &reader, const Filter &filter)
@@ -67,7 +82,12 @@ bool KRXmlStream::read(const QFileInfo &file, KRErrorHistory *history, const Rea
     if (stream.reportRefusal(file.filePath(), history)
         || stream.reportTooLarge(source.size(), file.filePath(), history))
         return false;
-    return readMended(KRXMLLoader::loadDocumentElement(file, history), file.filePath(), history, reader);
+    const QByteArray xml = KRFileHandler::readAll(file, history, KRInputLimits::mendedBytes);
+    if (xml.isNull())
+        return false;
+    return readMended(
+        KRXMLLoader::parseDocumentElement(withoutFrame(withoutWrongEncoding(xml)), file.filePath(), history),
+        file.filePath(), history, reader);
 }
 
 /// False when nobody has refused the document.

@@ -152,6 +152,11 @@ void tst_KRGpxImport::reads()
          "T: 53,8 54,9 1,2", "3: unreadablePosition T; 4: trackWithoutPosition U"},
         {"prefixes of others",
          gpx("<x:wpt lat='1' lon='2'/>" + position("wpt", "1", "2", "<x:name>X</x:name><name>W</name>")), "W: 1,2", ""},
+        {"UTF-16 declared, is UTF-8",
+         gpx(track("T", two) + position("wpt", "1", "2")).replace("?>", " encoding='utf-16'?>"),
+         "T: 53,8 54,9; Wegpunkt 1: 1,2", ""},
+        {"blanks in front, and zero bytes behind", "\n\r\n" + gpx(track("T", two)) + QByteArray(4, '\0'),
+         "T: 53,8 54,9", ""},
         {"entity",
          "<!DOCTYPE gpx [<!ENTITY e '-'>]><gpx><wpt lat='1' lon='2'><name>a&e;b</name></wpt>" + track("T", two)
              + "</gpx>",
