@@ -13,7 +13,7 @@
 
 /**
  * Blocking maps over several threads: split the work into a few items, which the calling thread works on together with
- * as many helpers as the global thread pool may have threads.
+ * helpers, as many threads in all as the global thread pool may have, and at most maxRunningThreads.
  *
  * The items must not depend on each other, and the function is called from several threads at once: it may read
  * shared data through const access only and writes what nobody else touches.
@@ -23,7 +23,8 @@
  */
 namespace KRConcurrent {
 
-/// Threads that are busy at most before a thread other than the main thread keeps its work to itself.
+/// Three for each processor core. With so many jobs in the pool, or as many as it has threads, a thread other than the
+/// main thread keeps its work to itself.
 static const int maxRunningThreads = QThread::idealThreadCount() * 3;
 
 /// True on the thread of the QCoreApplication; false everywhere as long as there is none.

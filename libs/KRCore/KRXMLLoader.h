@@ -9,7 +9,7 @@ class QByteArray;
 class QFileInfo;
 
 /**
- * Loads XML of unknown origin as a DOM, within the limits of KRXMLGuard.
+ * Loads XML of unknown origin as a DOM, within KRInputLimits: files of documentBytes at most, and what they hold.
  *
  * Names keep their prefixes: there is no namespace processing. The encoding is the one that the text declares.
  */

@@ -22,7 +22,8 @@ public:
     KRGPXBeelineCreator(const KRGeoPosition &from, const KRGeoPosition &to);
     virtual ~KRGPXBeelineCreator();
 
-    /// One segment from end to end. The shape is linestring; whoever wants a flight line sets that.
+    /// One segment from end to end, described as a flight line in the language of the user. The shape is linestring;
+    /// whoever wants a hop sets that.
     KRGPXTrack createBeeline(const QString &name) const;
 
     KRGeoPositionList createPoints() const;

@@ -45,7 +45,7 @@ public:
     /**
      * From the children and attributes that toXml() writes. What is missing: width 10, fill colour the line colour
      * half as opaque, halo one line width when areas are filled and two otherwise, and the rest as in defaultValue().
-     * An unreadable width is 0; a missing or unreadable line colour is transparent black.
+     * An unreadable width is 0; a missing line colour and any unreadable colour are transparent black.
      */
     static KRGPXTrackConfiguration fromXml(const QDomElement &parent);
     /// From the text of serialize(); of a broken text, from the part before the fault. A text of more than 4096

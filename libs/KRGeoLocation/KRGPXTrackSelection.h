@@ -14,7 +14,8 @@ class KRGEOLOCATION_EXPORT KRGPXTrackSelection : public KRGPXTrackElement
 public:
     KRGPXTrackSelection();
     explicit KRGPXTrackSelection(const KRGPXConfiguredTrackList &tracks);
-    /// From the element that toXml() wrote to; files that it names lie in @p dir.
+    /// From the element that toXml() wrote to; files that it names lie in @p dir. A cropping opacity that is missing or
+    /// unreadable is 255.
     KRGPXTrackSelection(const QDomElement &element, const QDir &dir);
     KRGPXTrackSelection(const KRGPXTrackSelection &other);
     KRGPXTrackSelection(KRGPXTrackSelection &&other) noexcept;

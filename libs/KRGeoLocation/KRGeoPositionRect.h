@@ -63,7 +63,8 @@ public:
     KRGeoPositionRect operator+(const KRGeoPositionRect &other) const;
     /// A copy, blown up by @p degrees.
     [[nodiscard]] KRGeoPositionRect blownUp(double degrees) const;
-    /// A copy with a margin of @p percentage of maxExtension() on each side, of 0.1 degrees where that is 0.
+    /// A copy with a margin of @p percentage of maxExtension() on each side, of 0.1 degrees where that is 0. An area
+    /// that is not valid stays as it is, and so does any with a percentage of 0.
     [[nodiscard]] KRGeoPositionRect withPadding(double percentage) const;
     /// A copy, blown up by one degree if it is very small. An unset one turns into the point (90, 180).
     [[nodiscard]] KRGeoPositionRect toReasonableSize() const;

@@ -42,7 +42,8 @@ public:
     /// Not for use: stops the program with a fatal message.
     bool intersects(const KRRange<KRLongitude> &other) const override;
 
-    /// In a range that crosses the date line an eastern value becomes the new west, a western one the new east.
+    /// In a range that crosses the date line an eastern value becomes the new west, a western one the new east. One
+    /// that does not cross it never starts to: 170 expanded to -170 spans 340 degrees.
     void expandTo(const KRLongitude &value) override;
     /// Moves both ends outwards, at most to the date line and never across it.
     void blowUp(const KRLongitude &margin);

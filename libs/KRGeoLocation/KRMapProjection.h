@@ -46,7 +46,7 @@ public:
     /// The position of the top-left corner of a pixel; its longitude may lie outside -180 ... 180.
     KRGeoPosition convert(const QPoint &pixel) const;
 
-    /// The widened area, its longitudes folded into -180 ... 180.
+    /// The widened area, its longitudes folded into -180 ... 180: of more than the world it tells a part only.
     KRGeoPositionRect resultBoundingBox() const;
 
     double longitudeToNormalized(double longitude) const;

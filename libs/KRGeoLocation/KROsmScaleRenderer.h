@@ -34,7 +34,7 @@ public:
     /// @p pixelsPerKilometre is the scale of the map; nothing is painted unless it is finite and above 0.
     KROsmScaleRenderer(const KRDistance &pixelsPerKilometre, const QSize &imageSize);
 
-    /// What the bar stands for.
+    /// What the bar stands for; not a round distance above 100,000, and not finite without a scale.
     double shownKilometers() const;
     /// "250 m" or "2.5 km", with a decimal point in every locale; 2.5 m reads "3 m".
     QString scaleText() const;
@@ -50,7 +50,7 @@ public:
     /// The paint factor that makes the bar as long as it may ever be at factor 1; 0 without a scale.
     double maximumPaintFactor() const;
 
-    /// The box around bar and label of a picture that fills the rectangle.
+    /// The box around bar and label of a picture that fills the rectangle; null where nothing is painted.
     QRectF scaleBox(const QRect &area, double factor) const;
 
     /// Below a factor of 0.1 a dash-dotted line stands for bar and label. Nothing is painted onto a null image.

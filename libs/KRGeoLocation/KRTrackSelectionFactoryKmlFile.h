@@ -12,9 +12,10 @@ class QFileInfo;
  * Reads KML documents and KMZ archives with such a document: every "Placemark" becomes a track, in the order of the
  * document, also one without coordinates.
  *
- * Placemarks count anywhere below the element "Document", to whatever depth folders are nested, but not inside of
- * other placemarks. They are drawn by the style of the document that their "styleUrl" names, else by the built-in
- * default. Names are compared as they are written: elements with a prefix ("kml:Placemark") are not recognised.
+ * Placemarks count anywhere below the first child "Document" of the document element, to whatever depth folders are
+ * nested, but not inside of other placemarks. They are drawn by the style of the document that their "styleUrl" names,
+ * else by the built-in default. Names are compared as they are written: elements with a prefix ("kml:Placemark") are
+ * not recognised.
  *
  * Files and documents that give no track report their reason to the history where one is handed in.
  */
@@ -32,7 +33,8 @@ public:
     virtual KRGPXConfiguredTrackList createConfiguredTrackList(const QFileInfo &file) const;
 
     /// The text of a "kml" file, or of the first entry of a "kmz" archive whose name ends with ".kml". Both are read as
-    /// UTF-8, whatever encoding the text declares. Empty when there is none.
+    /// UTF-8, whatever encoding the text declares, but a file with a byte order mark of UTF-16 as that. Empty when
+    /// there is none.
     QString readFile(const QFileInfo &file, KRErrorHistory *history = nullptr) const;
     /// @p fileName stands in for missing names and descriptions. An empty @p content is not reported again.
     KRGPXConfiguredTrackList decode(const QString &content, const QString &fileName,
