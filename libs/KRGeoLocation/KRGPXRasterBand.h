@@ -27,6 +27,7 @@ public:
         int x;
         int y;
     };
+    /// A straight piece of the outline; its direction decides how it counts under the winding rule.
     struct Edge {
         Point from;
         Point to;
