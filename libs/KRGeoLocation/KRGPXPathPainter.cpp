@@ -4,6 +4,7 @@
 #include "KRGPXPathExcerpt.h"
 #include "KRGPXPathRaster.h"
 #include "KRGPXPathTiles.h"
+#include "KRGPXPiecePainter.h"
 #include "KRVectorRegisters.h"
 
 #include <QImage>
@@ -16,19 +17,21 @@
 
 namespace {
 
-// Paths of fewer elements that are shorter as well are drawn as a whole, where there is no rasteriser of our own for
-// them. Measured.
+// Where there is no rasteriser of our own, paths of fewer elements that are shorter as well are drawn as a whole: to
+// begin a painter for each tile takes as long as what it saves.
 constexpr int fewElements = 300;
 constexpr double shortLengthPx = 5000.0;
 
-// Areas of fewer corners are filled as a whole, where the rasteriser of our own cannot do it. Measured.
+// The same for areas and their corners. What halving saves grows with the square of the corners side by side in a row,
+// of which few areas have many.
 constexpr int fewCorners = 10000;
 
-// Parts of areas are divided until they are this small, or hold this little. Measured.
+// Parts of areas are divided until they are this small, or hold this little: then to divide them takes as long as to
+// fill them.
 constexpr int smallPartPx = 64;
 constexpr std::size_t fewPartElements = 400;
 
-// Measured: smaller tiles draw many lines more than once, larger ones leave the painter's rasteriser long rows.
+// Smaller tiles draw many lines more than once, larger ones leave the painter's rasteriser long rows.
 constexpr int tileSize = 64;
 
 // A larger image has rows that the rasteriser of our own should not keep in memory.
@@ -149,44 +152,6 @@ bool isLong(const QPainterPath &path, const QTransform &transform)
     return length >= shortLengthPx;
 }
 
-// What the painter of the image paints on. Intended: no detaching and no copy.
-uchar *pixelsOf(const QImage *image)
-{
-    return const_cast<uchar *>(image->constBits());
-}
-
-/**
- * A second painter on the pixels of an image, for one piece of it after the other.
- *
- * The engine's own clip keeps the rasteriser from all work outside the piece, which the clip of a painter does not.
- * Coordinates stay those of the image: moved ones would not round to the same fractions of a pixel.
- */
-class PiecePainter
-{
-public:
-    /// The image must be the painter's.
-    PiecePainter(const QPainter *painter, const QImage *image)
-        : m_original(painter),
-          m_image(pixelsOf(image), image->width(), image->height(), image->bytesPerLine(), image->format())
-    { }
-
-    template <typename Paint>
-    void paint(const QRect &piece, const Paint &paint)
-    {
-        m_image.paintEngine()->setSystemClip(piece);
-        QPainter painter(&m_image);
-        painter.setRenderHints(m_original->renderHints());
-        painter.setCompositionMode(m_original->compositionMode());
-        painter.setOpacity(m_original->opacity());
-        painter.setTransform(m_original->deviceTransform());
-        paint(&painter);
-    }
-
-private:
-    const QPainter *m_original;
-    QImage m_image;
-};
-
 // Turning transforms decide in another way how finely round joins are divided.
 bool isForRaster(const QPainter *painter, const QImage *image)
 {
@@ -203,7 +168,7 @@ bool paintOutline(const QPainterPath &outline, const QTransform &transform, cons
         return false;
     KRGPXPathRaster raster(image->size(), outline.fillRule());
     raster.add(outline, transform);
-    raster.paint(pixelsOf(image), image->bytesPerLine(), color.rgba64().premultiplied().toArgb32());
+    raster.paint(KRGPXPiecePainter::pixelsOf(image), image->bytesPerLine(), color.rgba64().premultiplied().toArgb32());
     return true;
 }
 
@@ -228,7 +193,7 @@ int halfOf(int length)
 }
 
 // Halves the part until little is left to fill in it.
-void fillPart(PiecePainter *pieces, const QRect &part, const KRGPXPathExcerpt &whole, const QBrush &brush)
+void fillPart(KRGPXPiecePainter *pieces, const QRect &part, const KRGPXPathExcerpt &whole, const QBrush &brush)
 {
     const KRGPXPathExcerpt excerpt = whole.reducedTo(part);
     if (excerpt.isEmpty())
@@ -283,7 +248,7 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
         return;
     }
     const KRGPXPathTiles tiles(path, transform, reach, image->size(), tileSize);
-    PiecePainter pieces(painter, image);
+    KRGPXPiecePainter pieces(painter, image);
     QPainterPath lines;
     for (int tile = 0; tile < tiles.count(); ++tile) {
         if (tiles.isEmpty(tile))
@@ -311,6 +276,6 @@ void KRGPXPathPainter::fillPath(QPainter *painter, const QPainterPath &path, con
         painter->fillPath(path, brush);
         return;
     }
-    PiecePainter pieces(painter, image);
+    KRGPXPiecePainter pieces(painter, image);
     fillPart(&pieces, image->rect(), KRGPXPathExcerpt(path, transform), brush);
 }
