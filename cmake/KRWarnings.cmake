@@ -2,11 +2,11 @@
 
 add_library(KRWarnings INTERFACE)
 target_compile_options(KRWarnings INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
     # Qt 6 counts in 64 bits, for which int is wide enough here.
     $<$<EQUAL:${KR_QT},5>:-Wconversion>
-    # Compiled together, sources count as headers, which are to have nothing without a name.
-    $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
+    # Sources that are compiled together count as headers, and see the names of one another.
+    $<IF:$<BOOL:${CMAKE_UNITY_BUILD}>,-Wno-subobject-linkage,-Wshadow>
     $<$<BOOL:${KR_WERROR}>:-Werror>)
 target_compile_definitions(KRWarnings INTERFACE
     QT_NO_CAST_FROM_ASCII

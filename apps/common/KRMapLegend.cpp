@@ -22,9 +22,9 @@ const QColor inkColor(40, 40, 40);
 constexpr double margin = 10.0;
 constexpr double padding = 8.0;
 constexpr double radius = 8.0;
-constexpr double letterHeight = 16.0;
+constexpr double legendLetterHeight = 16.0;
 constexpr double sampleDistance = 8.0;
-constexpr double widestName = 320.0;
+constexpr double widestLegendName = 320.0;
 
 constexpr int mostRows = 12;
 // Smaller pictures get a smaller legend.
@@ -58,13 +58,13 @@ KRMapLegend::Layout KRMapLegend::layout(const KRGPXTrackSelection &selection, co
 {
     Layout layout;
     layout.factor = std::min({factor, size.width() / widthOfSmallPicture, size.height() / heightOfSmallPicture});
-    layout.font = KRMapLabel::font(letterHeight * layout.factor);
+    layout.font = KRMapLabel::font(legendLetterHeight * layout.factor);
 
     const double rowHeight = KRTrackSample::size().height() * layout.factor;
     const double frame = 2.0 * padding * layout.factor;
     const double top = margin * layout.factor;
     const double besideName = frame + (KRTrackSample::size().width() + sampleDistance) * layout.factor;
-    const double widest = std::min(widestName * layout.factor, largestPartOfWidth * size.width() - besideName);
+    const double widest = std::min(widestLegendName * layout.factor, largestPartOfWidth * size.width() - besideName);
     const double room = bottomFor(projection, size, factor, widest + besideName + top) - top - frame;
     const int rows = std::min(mostRows, int(room / rowHeight));
     const int count = selection.count();

@@ -25,14 +25,12 @@ namespace {
 const QString rootElement = QStringLiteral("routes");
 const QString selectionElement = QStringLiteral("selection");
 const QString tracksElement = QStringLiteral("gpxtrack");
-const QString trackElement = QStringLiteral("configuredTrack");
+const QString configuredTrackElement = QStringLiteral("configuredTrack");
 const QString formerTrackElement = QStringLiteral("locationTrack");
 const QString trkElement = QStringLiteral("trk");
-const QString includeElement = QStringLiteral("include");
 const QString keptElement = QStringLiteral("kept");
 const QString placeholder = QStringLiteral("?"); // until the file has a name
 const QString folderAttribute = QStringLiteral("folder");
-const QString numberAttribute = QStringLiteral("number");
 const QString lineWidthAttribute = QStringLiteral("lineWidth");
 const QString haloWidthAttribute = QStringLiteral("haloWidth");
 
@@ -49,7 +47,7 @@ QHash<int, QDomElement> keptByNumber(const QDomElement &root)
     QHash<int, QDomElement> kept;
     for (QDomElement element = root.firstChildElement(keptElement); !element.isNull();
          element = element.nextSiblingElement(keptElement))
-        kept.insert(KRXMLParser::intAttribute(element, numberAttribute, -1), element);
+        kept.insert(KRXMLParser::intAttribute(element, KRTrackKeeper::numberAttribute, -1), element);
     return kept;
 }
 
@@ -58,7 +56,7 @@ QList<QDomElement> trackElements(const QDomElement &selection)
 {
     QList<QDomElement> elements;
     const QDomElement tracks = selection.firstChildElement(tracksElement);
-    for (const QString &name : {formerTrackElement, trackElement}) {
+    for (const QString &name : {formerTrackElement, configuredTrackElement}) {
         for (QDomElement element = tracks.firstChildElement(name); !element.isNull();
              element = element.nextSiblingElement(name))
             elements.append(element);
@@ -70,7 +68,7 @@ QList<QDomElement> trackElements(const QDomElement &selection)
 void nameFile(QDomElement configuredTrack, const QString &fileName)
 {
     QDomElement trk = configuredTrack.ownerDocument().createElement(trkElement);
-    KRXMLBuilder::buildDomElement(trk, includeElement, fileName);
+    KRXMLBuilder::buildDomElement(trk, KRTrackFileReader::includeElement, fileName);
     configuredTrack.replaceChild(trk, configuredTrack.firstChildElement(trkElement));
 }
 
@@ -230,7 +228,7 @@ QDomDocument KRRouteDocument::build(const QDir &folder) const
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     for (int i = 0; i < tracks.size(); ++i) {
         QDomElement kept = KRXMLBuilder::buildDomElement(root, keptElement);
-        kept.setAttribute(numberAttribute, i);
+        kept.setAttribute(KRTrackKeeper::numberAttribute, i);
         const bool isTrackKept = keepTexts(tracks.at(i).track(), folder, kept);
         if (!keepWidths(tracks.at(i).configuration(), kept) && !isTrackKept)
             root.removeChild(kept);

@@ -17,8 +17,6 @@
 
 namespace {
 
-const QString includeElement = QStringLiteral("include");
-
 /// Of the elements inside both, without the attributes of these two.
 QByteArray digestOf(const QDomElement &trk, const QDomElement &kept)
 {

@@ -20,6 +20,9 @@ class QDomElement;
 class KRTrackFileReader
 {
 public:
+    /// Names a file within the element "trk".
+    static constexpr QLatin1String includeElement{"include"};
+
     /// @p folder is QDir("") for documents without one, whose tracks name no files.
     explicit KRTrackFileReader(const QDir &folder) : m_folder(folder) { }
 

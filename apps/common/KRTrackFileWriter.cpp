@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int longestName = 60; // of a track, in a message
+constexpr int longestShownName = 60; // of a track, in a message
 
 } // namespace
 
@@ -82,6 +82,6 @@ bool KRTrackFileWriter::isReadable(const QString &fileName, const KRGPXTrack &tr
     const QString reason = problems.isEmpty() ? QString() : problems.entries().first().reason;
     KRErrorHistory::report(
         history, file.filePath(),
-        tr("Die Route „%1“ ließe sich nicht wieder öffnen: %2").arg(track.name().left(longestName), reason));
+        tr("Die Route „%1“ ließe sich nicht wieder öffnen: %2").arg(track.name().left(longestShownName), reason));
     return false;
 }

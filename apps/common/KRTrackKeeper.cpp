@@ -15,7 +15,6 @@ const QString descriptionElement = QStringLiteral("description");
 const QString pointElement = QStringLiteral("point");
 const QString enclaveElement = QStringLiteral("enclave");
 const QString segmentAttribute = QStringLiteral("segment");
-const QString numberAttribute = QStringLiteral("number");
 
 /// Descriptions of points by the number of the segment and the number of the point in it.
 using PointTexts = QHash<QPair<int, int>, QString>;

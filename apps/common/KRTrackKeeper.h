@@ -14,6 +14,9 @@ class QDomElement;
 class KRTrackKeeper
 {
 public:
+    /// Which track, enclave or point an element belongs to, counted from 0.
+    static constexpr QLatin1String numberAttribute{"number"};
+
     /// Appends the descriptions to @p element; says whether there were any.
     static bool keep(const KRGPXTrack &track, QDomElement &element);
 

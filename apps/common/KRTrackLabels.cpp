@@ -16,7 +16,7 @@ namespace {
 // Pixels of a normal screen.
 constexpr double letterHeight = 15.0;
 constexpr double widestName = 320.0;
-constexpr double labelMargin = 3.0;
+constexpr double nameMargin = 3.0;
 constexpr double cellSize = 3.0;
 constexpr double distanceFromLine = 2.0;
 /// How many times the line width a marker is large, with its pen.
@@ -28,9 +28,9 @@ constexpr double greatestLightness = 0.32;
 /// Parts of the way at which a name may stand, the best first.
 constexpr double fractions[] = {0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8, 0.1, 0.9, 0.0, 1.0};
 /// On which side of such a place; x and y are -1, 0 or 1.
-constexpr QPoint sides[] = {{1, 0}, {-1, 0}, {0, -1}, {0, 1}, {1, -1}, {-1, -1}, {1, 1}, {-1, 1}};
+constexpr QPoint labelSides[] = {{1, 0}, {-1, 0}, {0, -1}, {0, 1}, {1, -1}, {-1, -1}, {1, 1}, {-1, 1}};
 
-QColor letterColor(const QColor &lineColor)
+QColor labelColor(const QColor &lineColor)
 {
     const QColor hsl = lineColor.toHsl();
     return QColor::fromHslF(hsl.hslHueF(), hsl.hslSaturationF(), qMin(hsl.lightnessF(), greatestLightness));
@@ -50,7 +50,7 @@ KRMapLabel labelFor(const KRGPXConfiguredTrack &track, double factor)
 {
     const QString name =
         KRMapLabel::inOneLine(track.name(), KRMapLabel::font(letterHeight * factor), widestName * factor);
-    return KRMapLabel(name, letterHeight * factor, letterColor(track.lineColor()));
+    return KRMapLabel(name, letterHeight * factor, labelColor(track.lineColor()));
 }
 
 double widthOf(const KRGPXConfiguredTrack &track, double factor)
@@ -105,7 +105,7 @@ bool addBeside(const NamedTrack &track, KRMapLabel label, const KRMapCells *cell
     const QSizeF reach = label.size() / 2.0 + QSizeF(away, away);
     for (const double fraction : fractions) {
         const QPointF place = KRTrackInView::pointAt(line, fraction);
-        for (const QPoint &side : sides) {
+        for (const QPoint &side : labelSides) {
             label.moveCenter(place + QPointF(side.x() * reach.width(), side.y() * reach.height()));
             if ((!cells || cells->isFree(label.box())) && board->tryAdd(label))
                 return true;
@@ -135,7 +135,7 @@ KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, co
 
     keepOff(std::move(lines), size, &cells);
 
-    KRMapLabelBoard board(QRectF(QPointF(), size), labelMargin * factor);
+    KRMapLabelBoard board(QRectF(QPointF(), size), nameMargin * factor);
     for (const QRectF &box : keptFree)
         board.keepFree(box);
     int failures = 0;

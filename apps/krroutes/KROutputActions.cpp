@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int messageTimeMs = 8000;
+constexpr int writtenMessageTimeMs = 8000;
 
 /// Latitudes end where the map does, longitudes span the world once at most.
 KRGeoPositionRect areaOf(const KRMapViewport &viewport)
@@ -84,7 +84,7 @@ void KROutputActions::exportMap()
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString file = QDir::toNativeSeparators(QFileInfo(dialog.fileName()).absoluteFilePath());
-    m_window->statusBar()->showMessage(tr("„%1“ wurde geschrieben.").arg(file), messageTimeMs);
+    m_window->statusBar()->showMessage(tr("„%1“ wurde geschrieben.").arg(file), writtenMessageTimeMs);
 }
 
 void KROutputActions::printMap()

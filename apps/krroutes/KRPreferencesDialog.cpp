@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr QSize usualSize(520, 620); // room for the look without scrolling
+constexpr QSize usualDialogSize(520, 620); // room for the look without scrolling
 
 QString heading(KRPreferencesType type)
 {
@@ -41,7 +41,7 @@ KRPreferencesDialog::KRPreferencesDialog(QWidget *parent) : QDialog(parent), m_t
     layout->addWidget(buttons);
     addBox(new KRPreferencesGeoLocation(nullptr));
     addBox(new KRPreferencesLook);
-    resize(sizeHint().expandedTo(usualSize));
+    resize(sizeHint().expandedTo(usualDialogSize));
 }
 
 void KRPreferencesDialog::addBox(KRPreferencesBox *box)

@@ -13,7 +13,7 @@
 namespace {
 
 // So many elements in all copies of a line are looked at in a moment.
-constexpr int mostElements = 20000000;
+constexpr int mostCopiedElements = 20000000;
 
 bool missesPage(const QPainter *painter, const QRectF &bounds)
 {
@@ -92,5 +92,5 @@ int KRGPXWorldCopies::finishedRounds(const QPainterPath &path) const
         if (!path.elementAt(i).isMoveTo() && std::abs(path.elementAt(i).x - path.elementAt(i - 1).x) > width)
             return 0; // a place that is none, not a round
     const double rounds = std::ceil(path.controlPointRect().width() / width) - 1.0;
-    return std::min(KRMath::toInt(std::max(0.0, rounds)), mostElements / std::max(1, path.elementCount()));
+    return std::min(KRMath::toInt(std::max(0.0, rounds)), mostCopiedElements / std::max(1, path.elementCount()));
 }

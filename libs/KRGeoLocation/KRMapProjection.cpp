@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
 constexpr double twoPi = 6.283185307179586;
 
 // Spherical Mercator, EPSG:3857 (Snyder 1987, eq. 7-1 to 7-5), scaled to the unit square; y grows southwards.
@@ -24,7 +23,7 @@ inline double toNormalizedX(double longitude)
 
 inline double toNormalizedY(double latitude)
 {
-    return std::log(std::tan((90.0 - latitude) * pi / 360.0)) / twoPi + 0.5;
+    return std::log(std::tan((90.0 - latitude) * M_PI / 360.0)) / twoPi + 0.5;
 }
 
 inline int toWholePixel(double pixel)
@@ -141,7 +140,7 @@ double KRMapProjection::normalizedToLongitude(double x) const
 
 double KRMapProjection::normalizedToLatitude(double y) const
 {
-    return 90.0 - std::atan(std::exp((y - 0.5 + y - 0.5) * pi)) * 360.0 / pi;
+    return 90.0 - std::atan(std::exp((y - 0.5 + y - 0.5) * M_PI)) * 360.0 / M_PI;
 }
 
 bool KRMapProjection::epsilonEqual(const KRGeoArc &a, const KRGeoArc &b, double epsilon)

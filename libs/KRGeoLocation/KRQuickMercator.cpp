@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
 constexpr double logarithmOf2 = 0.6931471805599453;
 
 // The Mercator square ends a little earlier.
@@ -92,8 +91,8 @@ constexpr OddSeries artanhSeries = makeArtanhSeries();
 // Spherical Mercator, EPSG:3857, as ln((1 + sin) / (1 - sin)) / 2 (Snyder 1987, eq. 7-2a), scaled to the unit square.
 [[gnu::target("avx2,fma")]] inline __m256d normalizedY(__m256d latitude)
 {
-    const __m256d sine = sumUp(sineSeries, latitude * (pi / 180.0));
-    return 0.5 - logarithmOfQuotient(1.0 + sine, 1.0 - sine) * (0.25 / pi);
+    const __m256d sine = sumUp(sineSeries, latitude * (M_PI / 180.0));
+    return 0.5 - logarithmOfQuotient(1.0 + sine, 1.0 - sine) * (0.25 / M_PI);
 }
 
 [[gnu::target("avx2,fma")]] inline __m256d absolute(__m256d x)
