@@ -45,7 +45,9 @@ int main(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
-    const QFileInfo document(arguments.value(1));
+    if (arguments.size() < 2)
+        return complain(QStringLiteral("usage: store_tracks DOCUMENT.xml FILE..."));
+    const QFileInfo document(arguments.at(1));
     KRGPXTrackSelection selection;
     for (const QString &fileName : arguments.mid(2)) {
         const KRGPXConfiguredTrackList tracks =

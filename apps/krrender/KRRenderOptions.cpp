@@ -29,7 +29,7 @@ constexpr OptionText optionTexts[] = {
                        "dass andere Programme sie lesen.")},
     {"format", "NAME",
      QT_TRANSLATE_NOOP("KRRenderOptions",
-                       "Format der Ausgabe anstatt dem der Endung: png, jpeg, webp, svg, pdf, gpx, kml oder kmz; "
+                       "Format der Ausgabe, unabhängig von der Endung: png, jpeg, webp, svg, pdf, gpx, kml oder kmz; "
                        "auch mit „-“.")},
     {"save", "DOCUMENT",
      QT_TRANSLATE_NOOP("KRRenderOptions",
@@ -269,7 +269,8 @@ void KRRenderOptions::readPicture(const QCommandLineParser &parser)
     else if (!parser.isSet(QStringLiteral("map")))
         m_size = QSize(1600, 1200);
     if (parser.isSet(QStringLiteral("size")) && !m_size)
-        complain(tr("--size: „%1“ ist keine Größe wie 1600x1200.").arg(sizeText));
+        complain(tr("--size: „%1“ ist keine Größe wie 1600x1200, mit Seiten bis %2.")
+                     .arg(sizeText, QString::number(KRPictureFile::largestSidePx)));
 
     if (parser.isSet(QStringLiteral("scale"))) {
         const QString text = parser.value(QStringLiteral("scale"));

@@ -131,7 +131,7 @@ void KRLookEditor::buildLineRows(QFormLayout *form)
     m_haloWidthBox = new KRSliderSpinBox(largestWidth, usualHaloWidth, tr(" px"));
     form->addRow(m_strokeBox);
     addRow(form, tr("Linie&nfarbe:"), m_lineColorButton, QString());
-    addRow(form, tr("Bre&ite:"), m_lineWidthBox, tr("Breite der Linie, bei Punkten auch die Größe des Zeichens"));
+    addRow(form, tr("Bre&ite:"), m_lineWidthBox, tr("Breite der Linie, bei Punkten auch die Größe des Markers"));
     addRow(form, tr("&Strichart:"), m_penStyleBox, tr("Wie die Linie gestrichelt wird"));
     addRow(form, tr("H&of:"), m_haloWidthBox, tr("Breite des Hofes um die Linie; 0 für keinen"));
 

@@ -99,7 +99,7 @@ void KRRouteWorkspace::setCroppingOpacity(int opacity)
 {
     KRGPXTrackSelection changed = upToDateSelection();
     changed.setCroppingOpacity(opacity);
-    push(changed, tr("Deckkraft des Umlands ändern"), KRSelectionChange::CroppingChange);
+    push(changed, tr("Deckkraft der Umgebung ändern"), KRSelectionChange::CroppingChange);
 }
 
 void KRRouteWorkspace::startNew()
