@@ -37,7 +37,7 @@ bool keepPoints(const KRGPXTrack &track, QDomElement &element)
                 continue;
             QDomElement kept = KRXMLBuilder::buildDomElement(element, pointElement, description);
             kept.setAttribute(segmentAttribute, i);
-            kept.setAttribute(numberAttribute, number);
+            kept.setAttribute(KRTrackKeeper::numberAttribute, number);
             isAnyKept = true;
         }
     }
@@ -50,7 +50,7 @@ PointTexts keptPoints(const QDomElement &element)
     for (QDomElement point = element.firstChildElement(pointElement); !point.isNull();
          point = point.nextSiblingElement(pointElement)) {
         texts.insert({KRXMLParser::intAttribute(point, segmentAttribute, -1),
-                      KRXMLParser::intAttribute(point, numberAttribute, -1)},
+                      KRXMLParser::intAttribute(point, KRTrackKeeper::numberAttribute, -1)},
                      point.text());
     }
     return texts;
@@ -79,7 +79,7 @@ QHash<int, QDomElement> keptEnclaves(const QDomElement &element)
     QHash<int, QDomElement> enclaves;
     for (QDomElement enclave = element.firstChildElement(enclaveElement); !enclave.isNull();
          enclave = enclave.nextSiblingElement(enclaveElement))
-        enclaves.insert(KRXMLParser::intAttribute(enclave, numberAttribute, -1), enclave);
+        enclaves.insert(KRXMLParser::intAttribute(enclave, KRTrackKeeper::numberAttribute, -1), enclave);
     return enclaves;
 }
 
@@ -97,7 +97,7 @@ bool KRTrackKeeper::keep(const KRGPXTrack &track, QDomElement &element)
     const QList<KRGPXTrack> enclaves = track.enclaves();
     for (int i = 0; i < enclaves.size(); ++i) {
         QDomElement enclave = KRXMLBuilder::buildDomElement(element, enclaveElement);
-        enclave.setAttribute(numberAttribute, i);
+        enclave.setAttribute(KRTrackKeeper::numberAttribute, i);
         if (keep(enclaves.at(i), enclave))
             isAnyKept = true;
         else

@@ -2,6 +2,8 @@
 
 #include <KRGeoLocation/KRGPXTrack.h>
 
+#include <QString>
+
 class QDomElement;
 
 /**
