@@ -11,24 +11,8 @@
 <context>
     <name>KRGPXStreamReader</name>
     <message>
-        <source>Ein Text oder ein Element ist zu groß.</source>
-        <translation>A text or an element is too large.</translation>
-    </message>
-    <message>
         <source>Kein lesbares XML: %1</source>
         <translation>No readable XML: %1</translation>
-    </message>
-    <message>
-        <source>Große Dateien mit Dokumenttyp werden nicht gelesen.</source>
-        <translation>Large files with a document type are not read.</translation>
-    </message>
-    <message>
-        <source>Die Elemente sind tiefer als %1 Ebenen geschachtelt.</source>
-        <translation>The elements are nested more than %1 levels deep.</translation>
-    </message>
-    <message>
-        <source>Die Elemente haben zu viele Attribute.</source>
-        <translation>The elements have too many attributes.</translation>
     </message>
     <message>
         <source>Die Datei hat mehr als %1 Punkte.</source>
@@ -37,10 +21,6 @@
     <message>
         <source>Die Datei hat mehr als %1 Strecken.</source>
         <translation>The file has more than %1 tracks.</translation>
-    </message>
-    <message>
-        <source>Die Datei hat für ihre Punkte zu viel anderen Inhalt.</source>
-        <translation>The file has too much other content for its points.</translation>
     </message>
     <message>
         <source>Ein Text ist zu lang oder zu zerstückelt.</source>
@@ -57,6 +37,29 @@
     <message>
         <source>Die Datei hat mehr als %1 Segmente.</source>
         <translation>The file has more than %1 segments.</translation>
+    </message>
+</context>
+<context>
+    <name>KRGPXTokenStream</name>
+    <message>
+        <source>Ein Text oder ein Element ist zu groß.</source>
+        <translation>A text or an element is too large.</translation>
+    </message>
+    <message>
+        <source>Die Datei hat für das, was zu zeichnen ist, zu viel anderen Inhalt.</source>
+        <translation>The file has too much other content for what there is to draw.</translation>
+    </message>
+    <message>
+        <source>Große Dateien mit Dokumenttyp werden nicht gelesen.</source>
+        <translation>Large files with a document type are not read.</translation>
+    </message>
+    <message>
+        <source>Die Elemente haben zu viele Attribute.</source>
+        <translation>The elements have too many attributes.</translation>
+    </message>
+    <message>
+        <source>Die Elemente sind tiefer als %1 Ebenen geschachtelt.</source>
+        <translation>The elements are nested more than %1 levels deep.</translation>
     </message>
 </context>
 <context>

@@ -46,6 +46,9 @@
         <source>Das Ergebnis ließe sich nicht wieder öffnen: %1</source>
         <translation>The result could not be opened again: %1</translation>
     </message>
+</context>
+<context>
+    <name>KRExchangeLosses</name>
     <message>
         <source>Routen ohne Position: %1</source>
         <translation>Routes without a position: %1</translation>
@@ -53,6 +56,18 @@
     <message>
         <source>Ausgelassene Positionen ohne gültige Koordinaten: %1</source>
         <translation>Positions left out for want of valid coordinates: %1</translation>
+    </message>
+    <message>
+        <source>Ausgelassene Positionen von Routen, die ein einzelner Punkt sind: %1</source>
+        <translation>Positions left out of routes that are a single point: %1</translation>
+    </message>
+    <message>
+        <source>Ausgelassene Löcher: %1</source>
+        <translation>Holes left out: %1</translation>
+    </message>
+    <message>
+        <source>Ausgelassene Zeiten: %1</source>
+        <translation>Times left out: %1</translation>
     </message>
 </context>
 <context>
@@ -481,16 +496,8 @@
 <context>
     <name>KRXmlStream</name>
     <message>
-        <source>Die Elemente haben zu viele Attribute.</source>
-        <translation>The elements have too many attributes.</translation>
-    </message>
-    <message>
         <source>Das Dokument wird nicht verstanden: %1</source>
         <translation>The document is not understood: %1</translation>
-    </message>
-    <message>
-        <source>Ein Text oder ein Element ist zu groß.</source>
-        <translation>A text or an element is too large.</translation>
     </message>
     <message>
         <source>Kein lesbares XML: %1</source>
@@ -505,20 +512,8 @@
         <translation>A text is too long.</translation>
     </message>
     <message>
-        <source>Große Dateien mit Dokumenttyp werden nicht gelesen.</source>
-        <translation>Large files with a document type are not read.</translation>
-    </message>
-    <message>
-        <source>Die Elemente sind tiefer als %1 Ebenen geschachtelt.</source>
-        <translation>The elements are nested more than %1 levels deep.</translation>
-    </message>
-    <message>
         <source>Ein Text ist zu zerstückelt.</source>
         <translation>A text is in too many pieces.</translation>
-    </message>
-    <message>
-        <source>Die Datei hat für das, was zu zeichnen ist, zu viel anderen Inhalt.</source>
-        <translation>The file has too much other content for what there is to draw.</translation>
     </message>
 </context>
 </TS>

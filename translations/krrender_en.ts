@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_GB" sourcelanguage="de_DE">
 <context>
+    <name>KRPlaceTable</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Breite</source>
+        <translation>Latitude</translation>
+    </message>
+    <message>
+        <source>Länge</source>
+        <translation>Longitude</translation>
+    </message>
+</context>
+<context>
     <name>KRRenderOptions</name>
     <message>
         <source>Es fehlt eine Datei.</source>
@@ -100,10 +115,6 @@
         <translation>Shows the version.</translation>
     </message>
     <message>
-        <source>--size: „%1“ ist keine Größe wie 1600x1200.</source>
-        <translation>--size: &quot;%1&quot; is no size such as 1600x1200.</translation>
-    </message>
-    <message>
         <source>--area: „%1“ ist kein Ausschnitt wie „N53.5 E8.0 .. N53.0 E9.0“.</source>
         <translation>--area: &quot;%1&quot; is no area such as &quot;N53.5 E8.0 .. N53.0 E9.0&quot;.</translation>
     </message>
@@ -162,10 +173,6 @@
     <message>
         <source>Bilddatei: PNG, JPEG, WebP, SVG oder PDF nach der Endung; „-“ schreibt PNG auf die Standardausgabe. Ohne Angabe steht das Bild mit dem Namen der ersten Datei im aktuellen Ordner. Mit der Endung gpx, kml oder kmz werden statt eines Bildes die Routen geschrieben, so dass andere Programme sie lesen.</source>
         <translation>Picture file: PNG, JPEG, WebP, SVG or PDF by its suffix; &quot;-&quot; writes PNG to standard output. By default the picture is named after the first file and lies in the current folder. With the suffix gpx, kml or kmz the routes are written instead of a picture, so that other programs can read them.</translation>
-    </message>
-    <message>
-        <source>Format der Ausgabe anstatt dem der Endung: png, jpeg, webp, svg, pdf, gpx, kml oder kmz; auch mit „-“.</source>
-        <translation>Format of the output instead of that of the suffix: png, jpeg, webp, svg, pdf, gpx, kml or kmz; also with &quot;-&quot;.</translation>
     </message>
     <message>
         <source>Eine Karte aus Kacheln: eine MBTiles-Datei, ein Ordner mit Stufe/Spalte/Zeile oder eine Adresse mit {z}, {x} und {y}. Nur mit einer Adresse wird etwas aus dem Netz geladen.</source>
@@ -234,6 +241,14 @@
     <message>
         <source>„%1“ gehört zum Routendokument „%2“.</source>
         <translation>&quot;%1&quot; belongs to the route document &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>Format der Ausgabe, unabhängig von der Endung: png, jpeg, webp, svg, pdf, gpx, kml oder kmz; auch mit „-“.</source>
+        <translation>Format of the output, whatever its suffix: png, jpeg, webp, svg, pdf, gpx, kml or kmz; also with &quot;-&quot;.</translation>
+    </message>
+    <message>
+        <source>--size: „%1“ ist keine Größe wie 1600x1200, mit Seiten bis %2.</source>
+        <translation>--size: &quot;%1&quot; is no size such as 1600x1200, with sides of up to %2.</translation>
     </message>
 </context>
 <context>
@@ -363,14 +378,6 @@
     <message>
         <source>Ausschnitt (NW .. SO)</source>
         <translation>Area (NW .. SE)</translation>
-    </message>
-    <message>
-        <source>Breite</source>
-        <translation>Latitude</translation>
-    </message>
-    <message>
-        <source>Länge</source>
-        <translation>Longitude</translation>
     </message>
     <message>
         <source>Anstieg (m)</source>

@@ -9,13 +9,6 @@
     </message>
 </context>
 <context>
-    <name>KRBackgroundTask</name>
-    <message>
-        <source>Abbrechen</source>
-        <translation>Cancel</translation>
-    </message>
-</context>
-<context>
     <name>KRColorButton</name>
     <message>
         <source>%1, zu %2 % deckend</source>
@@ -114,6 +107,10 @@
     <message>
         <source>Ü&amp;berschreiben</source>
         <translation>&amp;Overwrite</translation>
+    </message>
+    <message>
+        <source>„%1“ wird gespeichert …</source>
+        <translation>Saving &quot;%1&quot; …</translation>
     </message>
 </context>
 <context>
@@ -265,6 +262,14 @@
     <message>
         <source>WebP-Bild</source>
         <translation>WebP picture</translation>
+    </message>
+    <message>
+        <source>„%1“ wurde geschrieben. Darin fehlt, was dieses Format nicht aufnimmt:
+
+%2</source>
+        <translation>&quot;%1&quot; was written. It lacks what this format does not hold:
+
+%2</translation>
     </message>
 </context>
 <context>
@@ -513,10 +518,6 @@
         <translation> px</translation>
     </message>
     <message>
-        <source>Breite der Linie, bei Punkten auch die Größe des Zeichens</source>
-        <translation>Width of the line; of points also the size of the marker</translation>
-    </message>
-    <message>
         <source>&amp;Strichart:</source>
         <translation>Pen &amp;style:</translation>
     </message>
@@ -608,6 +609,10 @@
         <source>Für all&amp;e Routen</source>
         <translation>Appl&amp;y to all routes</translation>
     </message>
+    <message>
+        <source>Breite der Linie, bei Punkten auch die Größe des Markers</source>
+        <translation>Width of the line, for points also the size of the marker</translation>
+    </message>
 </context>
 <context>
     <name>KRMainWindow</name>
@@ -626,18 +631,6 @@
     <message>
         <source>&amp;Route</source>
         <translation>&amp;Route</translation>
-    </message>
-    <message>
-        <source>Ungesicherte Änderungen</source>
-        <translation>Unsaved changes</translation>
-    </message>
-    <message>
-        <source>Die Änderungen können nicht wiederhergestellt werden.
-
-%1</source>
-        <translation>The changes cannot be recovered.
-
-%1</translation>
     </message>
     <message>
         <source>&amp;Bearbeiten</source>
@@ -946,6 +939,17 @@
     </message>
 </context>
 <context>
+    <name>KRProgressDialog</name>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Wird abgebrochen …</source>
+        <translation>Cancelling …</translation>
+    </message>
+</context>
+<context>
     <name>KRRecentFilesMenu</name>
     <message>
         <source>&amp;Zuletzt benutzt</source>
@@ -1010,10 +1014,6 @@
         <translation>Reading files …</translation>
     </message>
     <message>
-        <source>Abbrechen</source>
-        <translation>Cancel</translation>
-    </message>
-    <message>
         <source>Routen öffnen</source>
         <translation>Open routes</translation>
     </message>
@@ -1041,6 +1041,22 @@
 
 %2</translation>
     </message>
+    <message>
+        <source>Die Änderungen werden gelesen …</source>
+        <translation>Reading the changes …</translation>
+    </message>
+    <message>
+        <source>Ungesicherte Änderungen</source>
+        <translation>Unsaved changes</translation>
+    </message>
+    <message>
+        <source>Die Änderungen können nicht wiederhergestellt werden.
+
+%1</source>
+        <translation>The changes cannot be recovered.
+
+%1</translation>
+    </message>
 </context>
 <context>
     <name>KRRouteWorkspace</name>
@@ -1061,7 +1077,7 @@
         <translation>Change look of all routes</translation>
     </message>
     <message>
-        <source>Deckkraft des Umlands ändern</source>
+        <source>Deckkraft der Umgebung ändern</source>
         <translation>Change opacity of the surroundings</translation>
     </message>
 </context>
