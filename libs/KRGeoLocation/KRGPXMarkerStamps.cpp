@@ -25,7 +25,8 @@ bool KRGPXMarkerStamps::draw(QPainter *painter, const KRGPXMarkerShape &shape, c
     const QTransform transform = painter->deviceTransform();
     const QPointF place = transform.map(centre);
     const double reach = reachOf(radius, painter->pen());
-    if (transform.type() > QTransform::TxTranslate || reach > largestReachPx || place.manhattanLength() > farthestPlacePx)
+    if (transform.type() > QTransform::TxTranslate || reach > largestReachPx
+        || place.manhattanLength() > farthestPlacePx)
         return false;
     if (shape != m_shape || radius != m_radius || painter->pen() != m_pen || painter->brush() != m_brush) {
         m_shape = shape;

@@ -138,7 +138,8 @@ private slots:
         m_model->setSelection(KRGPXTrackSelection(m_model->tracks()));
         m_model->remove(QModelIndex());
         QVERIFY(resets.isEmpty());
-        m_model->addTracks(KRGPXConfiguredTrackList({namedTrack(QStringLiteral("F")), namedTrack(QStringLiteral("G"))}));
+        m_model->addTracks(
+            KRGPXConfiguredTrackList({namedTrack(QStringLiteral("F")), namedTrack(QStringLiteral("G"))}));
         m_model->remove(m_model->index(1, 1));
         QCOMPARE(names(), QStringLiteral("ACDEFG"));
         QCOMPARE(resets.count(), 2);

@@ -14,7 +14,7 @@
 namespace {
 
 const QByteArray tourGpx = "<gpx><trk><name>Tour</name><trkseg><trkpt lat='53' lon='8'/><trkpt lat='54' lon='8'/>"
-                        "</trkseg></trk></gpx>";
+                           "</trkseg></trk></gpx>";
 
 /// All that an import has to tell but for the points.
 QStringList texts(const KRRouteImport &import)
