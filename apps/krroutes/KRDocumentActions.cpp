@@ -12,6 +12,7 @@
 #include <KRCore/KRErrorHistory.h>
 
 #include <QAction>
+#include <QDateTime>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMainWindow>
@@ -64,7 +65,8 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
     const bool isDocument = fileNames.size() == 1 && KRRouteDocument::isDocument(QFileInfo(fileNames.first()));
     if (isDocument && !mayLoseChanges())
         return;
-    const bool isRead = isDocument ? m_loader->openDocument(fileNames.first()) : m_loader->import(fileNames);
+    const bool isRead = isDocument ? m_loader->openDocument(fileNames.first(), [this] { return mayLoseChanges(); })
+                                   : m_loader->import(fileNames);
     if (!isRead)
         return;
     for (const QString &fileName : fileNames) {
@@ -75,7 +77,7 @@ void KRDocumentActions::openFiles(const QStringList &fileNames)
 
 bool KRDocumentActions::recover(const KRRecoveryFolder &folder)
 {
-    return !isBusy() && m_loader->recover(folder);
+    return !isBusy() && m_loader->recover(folder, [this] { return mayLoseChanges(); });
 }
 
 bool KRDocumentActions::mayLoseChanges()
@@ -95,7 +97,7 @@ bool KRDocumentActions::mayLoseChanges()
     question.setEscapeButton(QMessageBox::Cancel);
     switch (question.exec()) {
     case QMessageBox::Save:
-        return save();
+        return save() && !m_workspace->isModified(); // which it may have been meanwhile
     case QMessageBox::Discard:
         return true;
     default:
@@ -168,12 +170,17 @@ bool KRDocumentActions::saveTo(const QString &fileName)
     document.setGoOnFunction([&isStopped] { return !isStopped; });
     KRErrorHistory problems;
     bool isSaved = false;
+    QDateTime fileTime;
     const bool isWanted = KRBackgroundTask::run(
         m_window, tr("„%1“ wird gespeichert …").arg(name),
-        [&] { isSaved = document.save(QFileInfo(fileName), &problems); }, [&] { isStopped = true; });
+        [&] {
+            isSaved = document.save(QFileInfo(fileName), &problems);
+            fileTime = QFileInfo(fileName).lastModified();
+        },
+        [&] { isStopped = true; });
     // Also when the user has cancelled it too late.
     if (isSaved) {
-        m_workspace->setSaved(fileName);
+        m_workspace->setSaved(document, fileName, fileTime);
         KRViewerSettings().addRecentFile(fileName);
         return true;
     }

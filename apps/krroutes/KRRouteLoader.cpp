@@ -13,6 +13,7 @@
 #include <KRGeoLocation/KRTrackSelectionFactory.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -79,14 +80,18 @@ bool KRRouteLoader::read(const QStringList &fileNames, KRRouteImport *import)
     return import->read(fileNames);
 }
 
-bool KRRouteLoader::openDocument(const QString &fileName)
+bool KRRouteLoader::openDocument(const QString &fileName, const std::function<bool()> &mayReplace)
 {
+    const KRGPXTrackSelection former = m_workspace->selection();
+    const QDateTime fileTime = QFileInfo(fileName).lastModified();
     const QString name = QFileInfo(fileName).fileName();
     KRRouteDocument document;
     KRErrorHistory problems;
     switch (read(fileName, tr("„%1“ wird gelesen …").arg(name), &document, &problems)) {
     case Read:
-        m_workspace->open(document, fileName);
+        if (m_workspace->selection() != former && !mayReplace())
+            return false;
+        m_workspace->open(document, fileName, fileTime);
         report(problems, {});
         return true;
     case Unreadable:
@@ -99,12 +104,15 @@ bool KRRouteLoader::openDocument(const QString &fileName)
     return false;
 }
 
-bool KRRouteLoader::recover(const KRRecoveryFolder &folder)
+bool KRRouteLoader::recover(const KRRecoveryFolder &folder, const std::function<bool()> &mayReplace)
 {
+    const KRGPXTrackSelection former = m_workspace->selection();
     KRRouteDocument document;
     KRErrorHistory problems;
     switch (read(folder.recoveryFile(), tr("Die Änderungen werden gelesen …"), &document, &problems)) {
     case Read:
+        if (m_workspace->selection() != former && !mayReplace())
+            return false;
         m_workspace->recover(document, folder.documentFile(), folder.lastChange());
         return true;
     case Unreadable:

@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
+
 class KRErrorHistory;
 class KRImportReport;
 class KRRecoveryFolder;
@@ -31,10 +33,10 @@ public:
     /// Adds the tracks of the files, one undo step for all; nothing when the user cancels. False when none came.
     bool import(const QStringList &fileNames);
     /// Opens a route document instead of the one that is open. False when the user cancels and, with a message, when it
-    /// cannot be read.
-    bool openDocument(const QString &fileName);
+    /// cannot be read. @p mayReplace is asked where the one that is open has changed meanwhile.
+    bool openDocument(const QString &fileName, const std::function<bool()> &mayReplace);
     /// The same with what has been left behind, as the unsaved state of its document.
-    bool recover(const KRRecoveryFolder &folder);
+    bool recover(const KRRecoveryFolder &folder, const std::function<bool()> &mayReplace);
 
 signals:
     /// While the report of their files is still to come.

@@ -104,22 +104,21 @@ void KRRouteWorkspace::setCroppingOpacity(int opacity)
 
 void KRRouteWorkspace::startNew()
 {
-    replaceDocument(KRGPXTrackSelection(), QString());
+    replaceDocument(KRGPXTrackSelection(), QString(), QDateTime());
 }
 
-void KRRouteWorkspace::open(const KRRouteDocument &document, const QString &fileName)
+void KRRouteWorkspace::open(const KRRouteDocument &document, const QString &fileName, const QDateTime &fileTime)
 {
-    replaceDocument(document.selection(), fileName);
+    replaceDocument(document.selection(), fileName, fileTime);
 }
 
 void KRRouteWorkspace::recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &time)
 {
     if (!fileName.isEmpty())
         registerUnreadableFiles(document.selection(), KRRouteDocument::trackFolder(QFileInfo(fileName)));
-    replaceDocument(document.selection(), fileName);
     // A document written after the crash holds what this one does not.
-    if (time < m_fileTime)
-        m_fileTime = QDateTime();
+    const QDateTime fileTime = QFileInfo(fileName).lastModified();
+    replaceDocument(document.selection(), fileName, time < fileTime ? QDateTime() : fileTime);
     m_undoStack.resetClean();
 }
 
@@ -130,10 +129,14 @@ KRRouteDocument KRRouteWorkspace::document()
     return document;
 }
 
-void KRRouteWorkspace::setSaved(const QString &fileName)
+void KRRouteWorkspace::setSaved(const KRRouteDocument &document, const QString &fileName, const QDateTime &fileTime)
 {
-    setFile(fileName);
-    m_undoStack.setClean();
+    setFile(fileName, fileTime);
+    // A step may have been taken back, or have grown, so that its number tells nothing.
+    if (document.selection() == m_selection)
+        m_undoStack.setClean();
+    else
+        m_undoStack.resetClean();
     emit documentChanged();
 }
 
@@ -165,19 +168,20 @@ void KRRouteWorkspace::show(const KRGPXTrackSelection &selection)
     emit selectionChanged();
 }
 
-void KRRouteWorkspace::replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName)
+void KRRouteWorkspace::replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName,
+                                       const QDateTime &fileTime)
 {
     m_undoStack.clear();
-    setFile(fileName);
+    setFile(fileName, fileTime);
     show(selection);
     emit documentReplaced();
     emit documentChanged();
 }
 
-void KRRouteWorkspace::setFile(const QString &fileName)
+void KRRouteWorkspace::setFile(const QString &fileName, const QDateTime &fileTime)
 {
     m_fileName = fileName.isEmpty() ? QString() : QFileInfo(fileName).absoluteFilePath();
-    m_fileTime = fileName.isEmpty() ? QDateTime() : QFileInfo(fileName).lastModified();
+    m_fileTime = fileTime;
 }
 
 void KRRouteWorkspace::updateModel()

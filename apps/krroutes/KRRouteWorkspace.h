@@ -51,15 +51,17 @@ public:
 
     /// Without tracks, file and steps.
     void startNew();
-    /// A document that has been read from the file.
-    void open(const KRRouteDocument &document, const QString &fileName);
+    /// A document that has been read from the file. @p fileTime is that of its last change, taken before: what replaces
+    /// the file while it is read is another one.
+    void open(const KRRouteDocument &document, const QString &fileName, const QDateTime &fileTime);
     /// A document that was kept at @p time as the unsaved state of the file, which is not read.
     void recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &time);
 
     /// What is to be saved.
     KRRouteDocument document();
-    /// This has been done: what is here belongs to the file from now on, and is not modified.
-    void setSaved(const QString &fileName);
+    /// This has been done: what is here belongs to the file from now on, and is modified only if it has changed
+    /// meanwhile. @p fileTime is that of the file as it was written.
+    void setSaved(const KRRouteDocument &document, const QString &fileName, const QDateTime &fileTime);
 
 signals:
     void selectionChanged(); ///< tracks, looks or cropping
@@ -72,8 +74,8 @@ private:
     void push(const KRGPXTrackSelection &selection, const QString &text,
               KRSelectionChange::Kind kind = KRSelectionChange::UniqueChange, int row = -1);
     void show(const KRGPXTrackSelection &selection);
-    void replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName);
-    void setFile(const QString &fileName);
+    void replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName, const QDateTime &fileTime);
+    void setFile(const QString &fileName, const QDateTime &fileTime);
     void updateModel();
     void moveInModel(const KRGPXConfiguredTrackList &wanted);
     void configureInModel(const KRGPXConfiguredTrackList &wanted);

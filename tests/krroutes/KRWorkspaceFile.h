@@ -11,9 +11,10 @@ namespace KRWorkspaceFile {
 
 inline bool save(KRRouteWorkspace *workspace, const QString &fileName)
 {
-    const bool isSaved = workspace->document().save(QFileInfo(fileName), nullptr);
+    const KRRouteDocument document = workspace->document();
+    const bool isSaved = document.save(QFileInfo(fileName), nullptr);
     if (isSaved)
-        workspace->setSaved(fileName);
+        workspace->setSaved(document, fileName, QFileInfo(fileName).lastModified());
     return isSaved;
 }
 
@@ -22,7 +23,7 @@ inline bool open(KRRouteWorkspace *workspace, const QString &fileName)
     KRRouteDocument document;
     const bool isRead = document.load(QFileInfo(fileName), nullptr);
     if (isRead)
-        workspace->open(document, fileName);
+        workspace->open(document, fileName, QFileInfo(fileName).lastModified());
     return isRead;
 }
 

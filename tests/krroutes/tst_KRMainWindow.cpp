@@ -218,6 +218,12 @@ private slots:
             for (const QString &name : tracks.entryList({QStringLiteral("*.gps")}, QDir::Files))
                 QVERIFY(tracks.rename(name, name + QStringLiteral(".lost")));
         };
+        const auto touch = [&](int secondsAhead) {
+            QFile file(document);
+            QVERIFY(file.open(QIODevice::ReadWrite)
+                    && file.setFileTime(QDateTime::currentDateTime().addSecs(secondsAhead),
+                                        QFileDevice::FileModificationTime));
+        };
         const auto meanwhile = [&](bool isCancelled, int complaints, const std::function<void()> &work) {
             const HeldComplaints held;
             bool isAlive = false;
@@ -229,6 +235,8 @@ private slots:
                 isAlive = true;
                 m_window->close();
                 m_window->openFiles({m_lake});
+                workspace()->setCroppingOpacity(opacity() + 1); // say in a menu bar that is not in the window
+                touch(120);
                 if (isCancelled)
                     KRDialogAnswer::press(*dialog, "Abbrechen");
                 HeldComplaints::goOn();
@@ -247,10 +255,7 @@ private slots:
         // Each file that is missing is complained about twice.
         // Before saving, the document that somebody has replaced is read.
         loseFiles();
-        QFile file(document);
-        QVERIFY(file.open(QIODevice::ReadWrite)
-                && file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
-        file.close();
+        touch(60);
         workspace()->setCroppingOpacity(7);
         const QByteArray old = KRTestFile::content(document);
         meanwhile(true, 2, overwrite);
@@ -259,18 +264,23 @@ private slots:
         QCOMPARE(tracks.entryList({QStringLiteral("*.gps")}, QDir::Files), QStringList());
         meanwhile(false, 4, overwrite);
         QVERIFY(KRTestFile::content(document) != old);
-        QVERIFY(!m_window->isWindowModified());
+        QVERIFY(m_window->isWindowModified() && !workspace()->isChangedOutside());
         QCOMPARE(tracks.entryList({QStringLiteral("*.gps")}, QDir::Files).size(), 2);
 
         loseFiles();
-        meanwhile(true, 2, [&] { m_window->openFiles({document}); });
-        QCOMPARE(names(), both);
-        meanwhile(false, 4, [&] {
-            KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Escape)});
+        const auto open = [&](const QList<KRDialogAnswer::Answer> &expected) {
+            workspace()->undoStack()->setClean();
+            KRDialogAnswer answers(expected);
             m_window->openFiles({document});
             QVERIFY(answers.isDone());
+        };
+        meanwhile(true, 2, [&] { open({}); });
+        meanwhile(false, 4, [&] { open({KRDialogAnswer::button(QMessageBox::Cancel)}); });
+        QCOMPARE(names(), both);
+        meanwhile(false, 4, [&] {
+            open({KRDialogAnswer::button(QMessageBox::Discard), KRDialogAnswer::key(Qt::Key_Escape)});
         });
-        QVERIFY(names() != both);
+        QVERIFY(names() != both && !m_window->isWindowModified() && workspace()->isChangedOutside());
     }
 
     void filesAreDropped()
