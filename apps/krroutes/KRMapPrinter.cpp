@@ -66,10 +66,13 @@ void KRMapPrinter::preview(QWidget *window) const
     dialog.setWindowTitle(tr("Drucken"));
     KRErrorHistory problems;
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter *target) {
-        // The user has turned the page or chosen another paper. Who does not wait for it gets what is at hand.
-        if (mapSize(*target) != fetchedSize)
-            fetchGround(mapSize(*target), &dialog);
-        fetchedSize = mapSize(*target);
+        // The user has turned the page or chosen another paper. Who does not wait for it sees what is at hand, but
+        // nothing is printed.
+        const bool isForView = target->paintEngine()->type() == QPaintEngine::Picture;
+        if (mapSize(*target) == fetchedSize || fetchGround(mapSize(*target), &dialog))
+            fetchedSize = mapSize(*target);
+        else if (!isForView)
+            return;
         paint(target, &problems);
     });
     dialog.exec();
