@@ -294,6 +294,13 @@ void KRExportDialog::accept()
     complain(history.isEmpty() ? QString() : history.entries().first().reason);
 }
 
+void KRExportDialog::reject()
+{
+    // Window managers close what takes no input, too.
+    if (isEnabled())
+        QDialog::reject();
+}
+
 bool KRExportDialog::mayReplace(const QString &fileName)
 {
     const QFileInfo file(fileName);

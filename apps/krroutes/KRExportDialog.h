@@ -41,6 +41,8 @@ public:
 
 public slots:
     void accept() override;
+    /// Not while it writes, which has a button of its own for that.
+    void reject() override;
 
 private:
     QGroupBox *createFileBox();

@@ -130,6 +130,10 @@ private slots:
         QVERIFY2(text.contains(QLatin1String("a.png")) && text.section(QLatin1String("\n\n"), 1).size() > 10,
                  qPrintable(text));
         QVERIFY(dialog.isVisible() && dialog.isEnabled());
+        // As it is while it writes.
+        dialog.setEnabled(false);
+        QVERIFY(!dialog.close());
+        dialog.setEnabled(true);
         QTest::keyClick(&dialog, Qt::Key_Escape);
         QVERIFY(!dialog.isVisible());
     }
