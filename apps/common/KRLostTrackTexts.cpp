@@ -47,9 +47,12 @@ QString KRLostTrackTexts::fileOf(const KRGPXTrack &track, const QDir &folder) co
     const QString fileName = KRGPXTrackFileRegistryKey::namesDirectory(folder)
                                  ? KRGPXTrackFileRegistry::instance().fileName({track, folder})
                                  : QString();
+    const QFileInfo file(folder, fileName);
     const QMutexLocker locker(&m_mutex);
-    return fileName.isEmpty() ? m_paths.value({track.name(), track.description()})
-                              : QFileInfo(folder, fileName).absoluteFilePath();
+    // The registry also keeps the names of files that a cancelled save has taken back.
+    const bool isNamed =
+        !fileName.isEmpty() && (file.exists() || m_texts.contains({file.absoluteFilePath(), track.description()}));
+    return isNamed ? file.absoluteFilePath() : m_paths.value({track.name(), track.description()});
 }
 
 bool KRLostTrackTexts::keep(const QString &file, const KRGPXTrack &track, QDomElement &element) const

@@ -36,9 +36,13 @@ bool KRTrackFileWriter::makeFolder()
 bool KRTrackFileWriter::hasFile(const KRGPXTrack &track) const
 {
     const QString fileName = KRGPXTrackFileRegistry::instance().fileName(KRGPXTrackFileRegistryKey(track, m_folder));
-    return !fileName.isEmpty()
-           && (!track.isValid() || m_newFiles.contains(fileName)
-               || KRTrackFileStamps::instance()->holds(QFileInfo(m_folder, fileName), track));
+    if (fileName.isEmpty())
+        return false;
+    if (m_newFiles.contains(fileName))
+        return true;
+    const QFileInfo file(m_folder, fileName);
+    return track.isValid() ? KRTrackFileStamps::instance()->holds(file, track)
+                           : KRLostTrackTexts::instance()->fileOf(track, m_folder) == file.absoluteFilePath();
 }
 
 QString KRTrackFileWriter::write(const KRGPXTrack &track, KRErrorHistory *history)

@@ -27,7 +27,7 @@ public:
     /// Where there is none yet. False when that fails, which is not reported.
     bool makeFolder();
 
-    /// Also true for a track without a segment that has the name of a file: it stands for one that could not be read.
+    /// Also true for a track without a segment that stands for a file which could not be read.
     bool hasFile(const KRGPXTrack &track) const;
     /// The name of the file of the track, without the folder. It is written where there is none yet; empty when that
     /// fails.

@@ -12,6 +12,8 @@
 
 #include <QtTest>
 
+#include <utility>
+
 namespace {
 
 KRGPXTrackPoint point(double latitude, double longitude, int elevation, const QDateTime &time, const QString &text)
@@ -157,6 +159,17 @@ void tst_KRRouteDocument::missingTrackFileIsWrittenAgain()
     QVERIFY(QFile::remove(trackFile(QStringLiteral("track.gps"))));
     save(selection);
     QVERIFY(pointsOf(load().value(0).track()) == pointsOf(tour()));
+
+    // Without points it does not stand for a file that a cancelled save has taken back.
+    init();
+    KRRouteDocument cancelled;
+    cancelled.setSelection(KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack())));
+    cancelled.setGoOnFunction([isFirst = true]() mutable { return std::exchange(isFirst, false); });
+    QVERIFY(!cancelled.save(document(), nullptr));
+    save(cancelled.selection());
+    KRErrorHistory history;
+    load(&history);
+    QVERIFY(history.isEmpty());
 }
 
 void tst_KRRouteDocument::unreadableTrackFilesStayUntouched()
@@ -256,10 +269,10 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
     for (int i = 0; i < 2000; ++i)
         segment.append(53.0 + 1e-5 * i, 8.0, 7, QDateTime::fromSecsSinceEpoch(1715500000 + i, Qt::UTC), QString());
     segment.append(point(53.5, 8.0, 0, QDateTime(), QStringLiteral("Ende")));
-    QList<KRGPXTrack> repeated;
-    for (int i = 0; i < 1200; ++i)
-        repeated.append(
-            KRGPXTrack(QStringLiteral("Runde"), QStringLiteral("immer wieder"), {segment}, LineStringTrackShape));
+    const auto lineOf = [](const KRGPXTrackSegment &points, const QString &description) {
+        return KRGPXTrack(QString(), description, {points}, LineStringTrackShape);
+    };
+    const auto repeated = QVector<KRGPXTrack>(1200, lineOf(segment, QStringLiteral("immer wieder"))).toList();
 
     // Half a million nodes in all: 22 for each track, four for each description of a point.
     QList<KRGPXTrack> many;
@@ -278,9 +291,6 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
         outer.addEnclave(deep);
         deep = outer;
     }
-    const auto lineOf = [](const KRGPXTrackSegment &points, const QString &description) {
-        return KRGPXTrack(QString(), description, {points}, LineStringTrackShape);
-    };
     using Tracks = QList<KRGPXTrack>;
     const KRTestTable<Tracks, bool> table{
         {"one track many times", repeated, true},
@@ -315,8 +325,7 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
 void tst_KRRouteDocument::filesStayWithTheirTracks()
 {
     KRGPXTrackSelection selection;
-    const QString names[] = {QStringLiteral("eins"), QStringLiteral("zwei")};
-    for (const QString &name : names)
+    for (const QString &name : {QStringLiteral("eins"), QStringLiteral("zwei")})
         selection.addTrack(KRGPXTrack(name, name, tour().segments(), LineStringTrackShape));
     save(selection);
     QString content = QString::fromUtf8(KRTestFile::content(document().filePath()));
