@@ -127,15 +127,16 @@ void tst_KRRouteImport::readsFewFilesAhead()
     for (int i = 0; i < 2 * QThread::idealThreadCount() + 2; ++i)
         files.append(write(qPrintable(QStringLiteral("%1.gpx").arg(i)), tourGpx));
     KRRouteImport import;
-    import.setProgressFunction([&](const QString &, int number, int) {
+    const auto replaceLast = [&](const QString &, int number, int) {
         if (number != 1)
             return;
-    QThread::msleep(100); // time to read all that is read ahead
-    KRTestFile::write(files.last(), QByteArray(tourGpx).replace("Tour", "Late"));
-});
-QVERIFY(import.read(files));
-QCOMPARE(import.tracks().size(), files.size());
-QCOMPARE(import.tracks().last().name(), QStringLiteral("Late"));
+        QThread::msleep(100); // time to read all that is read ahead
+        KRTestFile::write(files.last(), QByteArray(tourGpx).replace("Tour", "Late"));
+    };
+    import.setProgressFunction(replaceLast);
+    QVERIFY(import.read(files));
+    QCOMPARE(import.tracks().size(), files.size());
+    QCOMPARE(import.tracks().last().name(), QStringLiteral("Late"));
 }
 
 void tst_KRRouteImport::refusesWhatSplitsIntoTooMuch()
