@@ -6,7 +6,8 @@ target_compile_options(KRWarnings INTERFACE
     # Qt 6 counts in 64 bits, for which int is wide enough here.
     $<$<EQUAL:${KR_QT},5>:-Wconversion>
     # Sources that are compiled together count as headers, and see the names of one another.
-    $<IF:$<BOOL:${CMAKE_UNITY_BUILD}>,-Wno-subobject-linkage,-Wshadow>
+    $<$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wshadow>
+    $<$<AND:$<BOOL:${CMAKE_UNITY_BUILD}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>
     $<$<BOOL:${KR_WERROR}>:-Werror>)
 target_compile_definitions(KRWarnings INTERFACE
     QT_NO_CAST_FROM_ASCII

@@ -164,7 +164,9 @@ bool isForRaster(const QPainter *painter, const QImage *image)
 // False when the outline reaches too far.
 bool paintOutline(const QPainterPath &outline, const QTransform &transform, const QColor &color, const QImage *image)
 {
-    if (!KRGPXPathRaster::reaches(transform.mapRect(outline.controlPointRect())))
+    const QRectF bounds = transform.mapRect(outline.controlPointRect());
+    const double far = KRGPXPathRaster::farthestPx;
+    if (!QRectF(-far, -far, 2.0 * far, 2.0 * far).contains(bounds))
         return false;
     KRGPXPathRaster raster(image->size(), outline.fillRule());
     raster.add(outline, transform);

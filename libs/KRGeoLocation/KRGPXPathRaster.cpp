@@ -1,15 +1,14 @@
 #include "KRGPXPathRaster.h"
 
+#include "KRGPXBuckets.h"
 #include "KRGPXCubicCurve.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
-#include <cstring>
 
 namespace {
 
+constexpr int bandRows = 64;
 constexpr int subpixels = KRGPXRasterBand::subpixels;
 
 // The painter measures its curves before they are transformed.
@@ -19,56 +18,12 @@ double flatnessOf(const QTransform &transform)
     return scale > 0.0 ? KRGPXCubicCurve::flatnessPx / scale : KRGPXCubicCurve::flatnessPx;
 }
 
-// All four bytes times a fraction of 255, rounded like the painter does.
-inline QRgb scaled(QRgb color, unsigned fraction)
+int bandOf(int coordinate)
 {
-    quint32 odd = (color & 0xff00ffU) * fraction;
-    odd = ((odd + ((odd >> 8) & 0xff00ffU) + 0x800080U) >> 8) & 0xff00ffU;
-    quint32 even = ((color >> 8) & 0xff00ffU) * fraction;
-    even = (even + ((even >> 8) & 0xff00ffU) + 0x800080U) & 0xff00ff00U;
-    return odd | even;
-}
-
-inline void paintPixel(QRgb *pixel, unsigned coverage, QRgb color)
-{
-    const QRgb source = scaled(color, coverage);
-    *pixel = source + scaled(*pixel, 255U - unsigned(qAlpha(source)));
-}
-
-void paintPixels(QRgb *begin, QRgb *end, unsigned coverage, QRgb color)
-{
-    const QRgb source = scaled(color, coverage);
-    const unsigned rest = 255U - unsigned(qAlpha(source));
-    if (rest == 0) {
-        std::fill(begin, end, source);
-        return;
-    }
-    // Four pixels at once, byte by byte, is what compilers turn into one instruction for all.
-    constexpr int bytesAtOnce = 16;
-    const std::array<QRgb, 4> sources{source, source, source, source};
-    std::array<uchar, bytesAtOnce> sourceBytes;
-    std::memcpy(sourceBytes.data(), sources.data(), bytesAtOnce);
-    for (; end - begin >= 4; begin += 4) {
-        std::array<uchar, bytesAtOnce> bytes;
-        std::memcpy(bytes.data(), begin, bytesAtOnce);
-        for (std::size_t i = 0; i < bytesAtOnce; ++i) {
-            const auto product = quint16(bytes[i] * rest);
-            bytes[i] = uchar(sourceBytes[i] + (quint16(product + (product >> 8) + 128) >> 8));
-        }
-        std::memcpy(begin, bytes.data(), bytesAtOnce);
-    }
-    for (; begin != end; ++begin)
-        *begin = source + scaled(*begin, rest);
+    return std::max(0, KRGPXRasterBand::pixelOf(coordinate)) / bandRows;
 }
 
 } // namespace
-
-void KRGPXPathRaster::clear(Qt::FillRule fillRule)
-{
-    m_band.setFillRule(fillRule);
-    m_edges.clear();
-    m_goesOnToTheRight = false;
-}
 
 void KRGPXPathRaster::add(const QPainterPath &outline, const QTransform &transform)
 {
@@ -115,29 +70,30 @@ void KRGPXPathRaster::addEdge(const Point &from, const Point &to)
         m_goesOnToTheRight = true;
 }
 
-void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color)
+void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
 {
-    visit([=](int row, int first, int end, unsigned coverage) {
-        QRgb *const rowPixels = reinterpret_cast<QRgb *>(pixels + std::ptrdiff_t(row) * bytesPerLine);
-        if (end == first + 1)
-            paintPixel(rowPixels + first, coverage, color);
-        else
-            paintPixels(rowPixels + first, rowPixels + end, coverage, color);
-    });
-}
-
-KRGPXBuckets KRGPXPathRaster::sortedIntoBands() const
-{
-    const int count = (m_size.height() + bandRows - 1) / bandRows;
-    const auto bandOf = [](int y) { return std::max(0, KRGPXRasterBand::pixelOf(y)) / bandRows; };
-    return KRGPXBuckets(count, [&](const auto &visitor) {
+    if (m_edges.empty())
+        return;
+    const int bandCount = (m_size.height() + bandRows - 1) / bandRows;
+    const KRGPXBuckets bands(bandCount, [&](const auto &visitor) {
         for (std::size_t i = 0; i < m_edges.size(); ++i) {
             const auto range = std::minmax(m_edges[i].from.y, m_edges[i].to.y);
-            const int last = std::min(count - 1, bandOf(range.second));
+            const int last = std::min(bandCount - 1, bandOf(range.second));
             for (int band = bandOf(range.first); band <= last; ++band)
                 visitor(band, int(i));
         }
     });
+    KRGPXRasterBand band(m_fillRule);
+    for (int i = 0; i < bandCount; ++i) {
+        if (bands.isEmpty(i))
+            continue;
+        const QRect place = placeOf(i, bands.begin(i), bands.end(i));
+        band.moveTo(place.top(), place.bottom() + 1, place.left(), place.right() + 1);
+        std::for_each(bands.begin(i), bands.end(i), [&](int edge) { band.add(m_edges[std::size_t(edge)]); });
+        for (int row = place.top(); row <= place.bottom(); ++row)
+            band.paintRow(row - place.top(),
+                          reinterpret_cast<QRgb *>(pixels + std::ptrdiff_t(row) * bytesPerLine) + place.left(), color);
+    }
 }
 
 /// What of the image the edges of a band enclose, in pixels; the edges are those with these numbers.

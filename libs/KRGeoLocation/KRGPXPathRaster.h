@@ -1,16 +1,13 @@
 #pragma once
 
-#include "KRGPXBuckets.h"
 #include "KRGPXRasterBand.h"
 
 #include <QPainterPath>
 #include <QRect>
-#include <QRectF>
 #include <QRgb>
 #include <QSize>
 #include <QTransform>
 
-#include <algorithm>
 #include <vector>
 
 /**
@@ -25,17 +22,10 @@ class KRGPXPathRaster
 {
 public:
     /// @param size of the image in pixels
-    KRGPXPathRaster(const QSize &size, Qt::FillRule fillRule) : m_size(size), m_band(fillRule) { }
+    KRGPXPathRaster(const QSize &size, Qt::FillRule fillRule) : m_size(size), m_fillRule(fillRule) { }
 
     /// Whether coordinates up to here can be kept.
     static constexpr double farthestPx = 1e6;
-    static bool reaches(const QRectF &bounds)
-    {
-        return QRectF(-farthestPx, -farthestPx, 2.0 * farthestPx, 2.0 * farthestPx).contains(bounds);
-    }
-
-    /// Begins again, with the memory that there is.
-    void clear(Qt::FillRule fillRule);
 
     /**
      * Adds a path to the area that is painted.
@@ -49,44 +39,17 @@ public:
      *
      * @param color premultiplied
      */
-    void paint(uchar *pixels, int bytesPerLine, QRgb color);
-
-    /// Calls @p visitor with rows, stretches in them from the first pixel to before the end, and their coverage of 1 to
-    /// 255; from top to bottom and from left to right.
-    template <typename Visitor>
-    void visit(const Visitor &visitor);
+    void paint(uchar *pixels, int bytesPerLine, QRgb color) const;
 
 private:
-    static constexpr int bandRows = 64;
-
     using Point = KRGPXRasterBand::Point;
     using Edge = KRGPXRasterBand::Edge;
 
     void addEdge(const Point &from, const Point &to);
-    KRGPXBuckets sortedIntoBands() const;
     QRect placeOf(int bandNumber, const int *begin, const int *end) const;
 
     QSize m_size;
-    KRGPXRasterBand m_band;
+    Qt::FillRule m_fillRule;
     std::vector<Edge> m_edges;
     bool m_goesOnToTheRight = false; // of the image, where no edges are kept
 };
-
-template <typename Visitor>
-void KRGPXPathRaster::visit(const Visitor &visitor)
-{
-    if (m_edges.empty())
-        return;
-    const KRGPXBuckets bands = sortedIntoBands();
-    for (int i = 0; i < bands.count(); ++i) {
-        if (bands.isEmpty(i))
-            continue;
-        const QRect place = placeOf(i, bands.begin(i), bands.end(i));
-        m_band.moveTo(place.top(), place.bottom() + 1, place.left(), place.right() + 1);
-        std::for_each(bands.begin(i), bands.end(i), [&](int edge) { m_band.add(m_edges[std::size_t(edge)]); });
-        for (int row = place.top(); row <= place.bottom(); ++row)
-            m_band.takeRow(row - place.top(), [&](int first, int end, unsigned coverage) {
-                visitor(row, place.left() + first, place.left() + end, coverage);
-            });
-    }
-}

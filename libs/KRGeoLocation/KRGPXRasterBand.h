@@ -1,16 +1,13 @@
 #pragma once
 
+#include <QRgb>
 #include <Qt>
-#include <QtAlgorithms>
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
 /**
- * Some rows of an image, in which edges of an outline are added up.
+ * Some rows of an image, in which edges of an outline are added up and then painted.
  *
  * There is a sum for each pixel between the leftmost and the rightmost edge, and one more in front for all that lies
  * to the left. Only pixels that an edge has touched are looked at one by one, see KRGPXPathRaster. One band serves many
@@ -38,15 +35,17 @@ public:
     /// The pixel that holds a coordinate.
     static constexpr int pixelOf(int coordinate) { return coordinate >> subpixelBits; }
 
-    void setFillRule(Qt::FillRule fillRule) { m_fillRule = fillRule; }
     /// Moves the empty band to other rows and columns, both from the first to before the end.
     void moveTo(int firstRow, int endRow, int firstColumn, int endColumn);
     /// What lies in none of the rows, or to the right of the columns, adds nothing.
     void add(const Edge &edge);
-    /// Calls @p visitor with stretches of pixels, from the first to before the end, and their coverage of 1 to 255, and
-    /// empties the row, which like the pixels is counted from the first one of the band.
-    template <typename Visitor>
-    void takeRow(int row, const Visitor &visitor);
+    /**
+     * Paints a row, counted from the first, and empties it.
+     *
+     * @param pixels of the row from the first column on, which are all there are to be painted
+     * @param color premultiplied
+     */
+    void paintRow(int row, QRgb *pixels, QRgb color);
 
 private:
     /// What the edges in one pixel add up to: their heights, and their heights times twice the way to their left.
@@ -59,16 +58,6 @@ private:
     static constexpr int wordBits = 64;
 
     int wordsOfRow() const { return m_width / wordBits + 1; }
-    /// Of 255, for the area of a pixel that edges have left of itself.
-    unsigned coverageOf(std::uint32_t area) const
-    {
-        int part = std::abs(int(area) >> (subpixelBits + 1));
-        if (m_fillRule == Qt::OddEvenFill) {
-            part %= 2 * subpixels;
-            part = std::min(part, 2 * subpixels - part);
-        }
-        return unsigned(std::min(part, 255));
-    }
     void addCell(int row, int column, int height, int area);
     void addInRow(int row, const Point &from, const Point &to);
 
@@ -80,30 +69,3 @@ private:
     std::vector<Cell> m_cells; // row by row, all zero but where touched
     std::vector<Word> m_touched; // row by row
 };
-
-template <typename Visitor>
-void KRGPXRasterBand::takeRow(int row, const Visitor &visitor)
-{
-    Cell *const cells = m_cells.data() + std::size_t(row) * std::size_t(m_width + 1);
-    Word *const touched = m_touched.data() + std::size_t(row) * std::size_t(wordsOfRow());
-    std::uint32_t height = 0;
-    int next = 0; // cell behind the last touched one
-    const auto visitUntouched = [&](int end) {
-        const unsigned coverage = next < end ? coverageOf(height * (2 * subpixels)) : 0;
-        if (coverage > 0)
-            visitor(next - 1, end - 1, coverage);
-    };
-    for (int word = 0; word < wordsOfRow(); ++word) {
-        for (; touched[word] != 0; touched[word] &= touched[word] - 1) {
-            const int i = word * wordBits + int(qCountTrailingZeroBits(touched[word]));
-            visitUntouched(i);
-            height += cells[i].height;
-            const unsigned coverage = coverageOf(height * (2 * subpixels) - cells[i].area);
-            if (i > 0 && coverage > 0)
-                visitor(i - 1, i, coverage);
-            cells[i] = {0, 0};
-            next = i + 1;
-        }
-    }
-    visitUntouched(m_width + 1);
-}

@@ -2,7 +2,6 @@
 
 #include "KRGPXConfiguredTrack.h"
 #include "KRGPXCroppingAlpha.h"
-#include "KRGPXHiddenTracks.h"
 #include "KRGPXImageMemory.h"
 #include "KRGPXImageStrips.h"
 #include "KRGPXLineBundle.h"
@@ -141,12 +140,10 @@ void KRGPXTrackRenderer::renderWith(QPainter &painter, TrackRenderOption option)
 {
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     const bool isBundled = tracks.size() > KRGPXLineBundle::fewTracks && dynamic_cast<const QImage *>(painter.device());
-    const std::vector<bool> hidden = KRGPXHiddenTracks(this, &painter, option).among(tracks);
     KRGPXLineBundle bundle(this, &painter, option);
     KRGPXMarkerStamps stamps;
-    for (int i = 0; i < tracks.size(); ++i) {
-        const KRGPXConfiguredTrack &track = tracks.at(i);
-        if (hidden[std::size_t(i)] || (isBundled && bundle.take(track)))
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        if (isBundled && bundle.take(track))
             continue;
         bundle.draw();
         if (isBundled && track.effectiveShape() == PointTrackShape)

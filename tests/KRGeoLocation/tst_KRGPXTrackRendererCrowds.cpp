@@ -59,7 +59,6 @@ class Scatter
 {
 public:
     int below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_engine); }
-    QColor color(int alpha) { return QColor(below(256), below(256), below(256), alpha); }
 
     /// Through @p count places that are not farther from one another than @p reachPx on either axis.
     KRGPXConfiguredTrack track(int count, int reachPx, const Look &look)
@@ -129,21 +128,6 @@ private slots:
                                         i % 5 == 0 ? 1 : 3, i < 700 ? 0 : 2});
              },
              600},
-            {"areas and lines of all colours, most of them hidden", 6000,
-             [](Scatter *scatter, int i) {
-                 const int alpha = i % 4 == 0 ? 100 : 255;
-                 const int marker = i % 90 == 0 ? ArrowMarkerShape : DiskMarkerShape;
-                 return i % 2 == 0 ? scatter->track(4, 60, {scatter->color(alpha), 2.0, PolygonTrackShape, 1 + i % 3})
-                                   : scatter->track(3, 40,
-                                                    {scatter->color(alpha), 0.5 * scatter->below(9),
-                                                     LineStringTrackShape, 1, marker, 1 + i % 5});
-             },
-             20},
-            {"small areas of all colours", 6000,
-             [](Scatter *scatter, int) {
-                 return scatter->track(3, 6, {scatter->color(255), 1.0, PolygonTrackShape});
-             },
-             20},
         };
         table.forEach([](int count, const Make &make, int mostDifferent) {
             Scatter scatter;
