@@ -151,11 +151,12 @@ bool hasPosition(const KRGPXTrack &track, const KRGeoPosition &position)
     return isFound;
 }
 
-/// Of a track that is written as one point; so many of its positions could have been written.
+/// Of a track that is written as one point, if at all; so many of its positions could have been written.
 void addLossesOfPoint(const KRGPXConfiguredTrack &track, int exchangeablePositions, KRExchangeLosses *losses)
 {
-    const KRGPXTrackPoint point = markedPoint(track);
-    losses->positionsBesidePoints += exchangeablePositions - (hasPosition(track.track(), point.position()) ? 1 : 0);
+    const KRGeoPosition marked = markedPoint(track).position();
+    const bool isOneOfThem = exchangeablePositions > 0 && hasPosition(track.track(), marked);
+    losses->positionsBesidePoints += exchangeablePositions - (isOneOfThem ? 1 : 0);
     losses->enclaves += KRExchangeLosses::countEnclaves(track.track());
 }
 
