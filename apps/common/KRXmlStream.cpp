@@ -182,8 +182,9 @@ void KRXmlStream::readText(const std::function<void(QStringView)> &take)
 
 QDateTime KRXmlStream::readTime()
 {
-    const QDateTime time = m_times.toDateTime(readText());
-    m_tokens.device().addTime(time);
+    const QString text = readText();
+    const QDateTime time = m_times.toDateTime(text);
+    m_tokens.device().addTime(text, time);
     return time;
 }
 

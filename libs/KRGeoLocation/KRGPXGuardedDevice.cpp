@@ -25,9 +25,9 @@ bool KRGPXGuardedDevice::isInProportion() const
            && m_bytes - KRInputLimits::bytesPerPoint * m_points <= m_mostBytes;
 }
 
-int KRGPXGuardedDevice::tokensOf(const QDateTime &time)
+int KRGPXGuardedDevice::tokensOf(const QString &text, const QDateTime &time)
 {
-    if (time.timeSpec() == Qt::UTC)
+    if (text.isEmpty() || time.timeSpec() == Qt::UTC)
         return 0;
     return time.timeSpec() == Qt::LocalTime && time.isValid() ? KRInputLimits::tokensPerLocalTime
                                                               : KRInputLimits::tokensPerOtherTime;

@@ -37,10 +37,10 @@ public:
     /// To be called for parts of a token, such as attributes, that take as long as one.
     void addTokens(qint64 count) { m_tokens += count; }
 
-    /// To be called for each time that has been read from a text.
-    void addTime(const QDateTime &time) { addTokens(tokensOf(time)); }
-    /// As which a time counts: those in UTC take little, while local times ask the system.
-    static int tokensOf(const QDateTime &time);
+    /// To be called for each @p time that has been read from a @p text.
+    void addTime(const QString &text, const QDateTime &time) { addTokens(tokensOf(text, time)); }
+    /// As which a time counts: those in UTC and empty ones take little, while local times ask the system.
+    static int tokensOf(const QString &text, const QDateTime &time);
 
     /// To be called whenever the reader has completed a token.
     void startToken()

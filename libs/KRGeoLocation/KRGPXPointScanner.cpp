@@ -173,8 +173,9 @@ bool KRGPXPointScanner::readTime(Point *point)
         return false;
     point->milliseconds = m_time.read(text.data(), int(text.size()));
     if (point->milliseconds == KRGPXUtcTime::noTime) {
-        point->unusualTime = m_time.toDateTime(toText(text));
-        m_timeTokens += KRGPXGuardedDevice::tokensOf(point->unusualTime);
+        const QString unusualText = toText(text);
+        point->unusualTime = m_time.toDateTime(unusualText);
+        m_timeTokens += KRGPXGuardedDevice::tokensOf(unusualText, point->unusualTime);
     }
     return true;
 }

@@ -311,8 +311,9 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
             elevation = KRMath::toDouble(readText(KRInputLimits::keptCharacters), 0.0);
         } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
             hasTimeStamp = true;
-            timeStamp = m_time.toDateTime(readText(KRInputLimits::keptCharacters));
-            m_tokens.device().addTime(timeStamp);
+            const QString &text = readText(KRInputLimits::keptCharacters);
+            timeStamp = m_time.toDateTime(text);
+            m_tokens.device().addTime(text, timeStamp);
         } else if (!hasDescription && isAt(KRGPXVocabulary::descriptionElement)) {
             hasDescription = true;
             description = textToKeep();

@@ -176,7 +176,8 @@ void tst_KRKmlImport::readsGeometries()
          "polygon: 8,53,1 | 9,54,2 8,53,1"},
         // Times before, between and behind the positions. The second lies beside (0, 0), which would be no position.
         {"times first", "<gx:Track>" + a + b + coord + zero + "</gx:Track>", timed},
-        {"times last", "<gx:Track>" + coord + zero + a + b + "</gx:Track>", timed},
+        {"times last, of which many are missing",
+         "<gx:Track>" + coord + zero + a + b + QByteArray("<when/>").repeated(1100000) + "</gx:Track>", timed},
         {"a missing position takes its time with it",
          "<gx:Track>" + a + "<when/>" + b + coord + "<gx:coord/>" + zero + "</gx:Track>", timed},
         {"a missing time leaves the position", "<gx:Track>" + a + coord + zero + "</gx:Track>",
