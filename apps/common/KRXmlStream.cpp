@@ -13,9 +13,11 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
+constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
 constexpr int longestDeclaration = 200; // bytes
 constexpr int mostMendedCharacters = 2 * KRInputLimits::mendedBytes; // references take more room than what they mean
 
@@ -40,17 +42,19 @@ QByteArray withoutWrongEncoding(const QByteArray &xml)
 }
 
 /// Without line breaks in front of the declaration, and without the zero bytes that devices leave behind the end of a
-/// file. In UTF-16 and UTF-32 zero bytes belong to the text.
+/// file, with blanks among both. In UTF-16 and UTF-32 zero bytes belong to the text.
 QByteArray withoutFrame(const QByteArray &xml)
 {
     if (xml.left(4).contains('\0'))
         return xml;
+    const auto isFiller = [](char byte) { return std::strchr(" \t\r\n", byte) != nullptr; }; // also at zero
     int end = int(xml.size());
-    while (end > 0 && xml.at(end - 1) == '\0')
+    while (end > 0 && isFiller(xml.at(end - 1)))
         --end;
     const int begin = int(xml.left(longestDeclaration).indexOf("<?xml"));
-    const bool isFirst = begin > 0 && xml.left(begin).trimmed().isEmpty();
-    return isFirst ? xml.mid(begin, end - begin) : xml.left(end);
+    const QByteArray mark = xml.startsWith(byteOrderMark) ? byteOrderMark : "";
+    const bool isFirst = begin > 0 && xml.mid(mark.size(), begin - mark.size()).trimmed().isEmpty();
+    return isFirst ? mark + xml.mid(begin, end - begin) : xml.left(end);
 }
 
 } // namespace

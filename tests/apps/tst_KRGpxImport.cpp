@@ -155,8 +155,8 @@ void tst_KRGpxImport::reads()
         {"UTF-16 declared, is UTF-8",
          gpx(track("T", two) + position("wpt", "1", "2")).replace("?>", " encoding='utf-16'?>"),
          "T: 53,8 54,9; Wegpunkt 1: 1,2", ""},
-        {"blanks in front, and zero bytes behind", "\n\r\n" + gpx(track("T", two)) + QByteArray(4, '\0'),
-         "T: 53,8 54,9", ""},
+        {"mark and blanks in front, zero bytes among blanks behind",
+         "\xEF\xBB\xBF\n\r\n" + gpx(track("T", two)) + QByteArray(4, '\0') + '\n', "T: 53,8 54,9", ""},
         {"entity",
          "<!DOCTYPE gpx [<!ENTITY e '-'>]><gpx><wpt lat='1' lon='2'><name>a&e;b</name></wpt>" + track("T", two)
              + "</gpx>",
