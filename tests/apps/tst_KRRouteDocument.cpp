@@ -283,8 +283,6 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
     for (int i = 0; i < 126000; ++i)
         described.append(53.0, 8.0, 0, QDateTime(), QStringLiteral("x"));
 
-    const QString references = QString(2000001, QLatin1Char('&'));
-
     KRGPXTrack deep = tour();
     for (int i = 0; i < 130; ++i) {
         KRGPXTrack outer = tour();
@@ -296,7 +294,7 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
         {"one track many times", repeated, true},
         {"too many tracks", many, false},
         {"too many descriptions", Tracks{lineOf(described, QString())}, false},
-        {"too many references", Tracks{lineOf(segment, references)}, false},
+        {"too many references", Tracks{lineOf(segment, QString(2000001, QLatin1Char('&')))}, false},
         {"enclaves too deep for a track file", Tracks{tour(), deep}, false},
     };
     table.forEach([this](const Tracks &tracks, bool isSaved) {

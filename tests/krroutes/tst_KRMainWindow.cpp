@@ -220,9 +220,8 @@ private slots:
         };
         const auto touch = [&](int secondsAhead) {
             QFile file(document);
-            QVERIFY(file.open(QIODevice::ReadWrite)
-                    && file.setFileTime(QDateTime::currentDateTime().addSecs(secondsAhead),
-                                        QFileDevice::FileModificationTime));
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(secondsAhead), QFile::FileModificationTime));
         };
         const auto meanwhile = [&](bool isCancelled, int complaints, const std::function<void()> &work) {
             const HeldComplaints held;
