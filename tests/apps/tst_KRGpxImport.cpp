@@ -271,14 +271,23 @@ void tst_KRGpxImport::neverHalfOfTwoFiles()
             std::rename(QFile::encodeName(next).constData(), QFile::encodeName(m_fileName).constData());
         }
     });
-    KRGpxImport import{QFileInfo(m_fileName)};
-    import.read();
+    // On a busy machine it may not come to that while the file is read.
+    const QDeadlineTimer deadline(20000);
+    KRErrorHistory problems;
+    bool isWhole = true;
+    while (problems.isEmpty() && isWhole && !deadline.hasExpired()) {
+        KRGpxImport import{QFileInfo(m_fileName)};
+        import.read();
+        problems = import.problems();
+        const KRGPXConfiguredTrackList tracks = import.configuredTracks();
+        isWhole = problems.isEmpty() ? tracks.value(0).track().countPoints() == 20000 : tracks.isEmpty();
+    }
     isRead = true;
     other.join();
-    QVERIFY(import.configuredTracks().isEmpty());
-    QCOMPARE(import.problems().entries().size(), 1);
-    QCOMPARE(import.problems().entries().first().fileName, m_fileName);
-    QVERIFY(import.problems().entries().first().reason.contains(QStringLiteral("geändert")));
+    QVERIFY(isWhole);
+    QCOMPARE(problems.entries().size(), 1);
+    QCOMPARE(problems.entries().first().fileName, m_fileName);
+    QVERIFY(problems.entries().first().reason.contains(QStringLiteral("geändert")));
 }
 
 template class KRTestRegistration<tst_KRGpxImport>;
