@@ -1,5 +1,7 @@
 #include "KRWorkerThreads.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <system_error>
 #include <thread>
@@ -24,10 +26,13 @@ void KRWorkerThreads::run(const std::function<void()> &work, int mostHelpers)
         m_jobs.push_back(&job);
     }
     m_wakeUp.notify_all();
+    // Also if the work throws, for want of memory: helpers use what lies on this stack until they have returned.
+    const auto withdrawal = qScopeGuard([this, &job] {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_jobs.erase(std::remove(m_jobs.begin(), m_jobs.end(), &job), m_jobs.end());
+        m_returned.wait(lock, [&job] { return job.running == 0; });
+    });
     work();
-    std::unique_lock<std::mutex> lock(m_mutex);
-    m_jobs.erase(std::remove(m_jobs.begin(), m_jobs.end(), &job), m_jobs.end());
-    m_returned.wait(lock, [&job] { return job.running == 0; });
 }
 
 /// Until there are so many, or as many as the system allows.

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace {
@@ -100,6 +101,27 @@ private slots:
             KRConcurrent::blockingMap(firstNumbers(count), [&](int number) { ++visits[size_t(number)]; });
             QVERIFY(std::all_of(visits.cbegin(), visits.cend(), [](const std::atomic<int> &n) { return n == 1; }));
         }
+    }
+
+    /// What the caller unwinds is still in use by its helpers.
+    void waitsForHelpersWhenTheCallerThrows()
+    {
+        QThreadPool::globalInstance()->setMaxThreadCount(2);
+        std::atomic<bool> hasHelperBegun{false};
+        std::atomic<bool> hasHelperEnded{false};
+        const auto work = [&](int) {
+            if (KRConcurrent::isMainThread()) {
+                for (int i = 0; i < 5000 && !hasHelperBegun; ++i)
+                    QThread::msleep(1);
+                throw std::bad_alloc();
+            }
+            hasHelperBegun = true;
+            QThread::msleep(50);
+            hasHelperEnded = true;
+        };
+        QVERIFY_EXCEPTION_THROWN(KRConcurrent::blockingMap(firstNumbers(2), work), std::bad_alloc);
+        QThreadPool::globalInstance()->setMaxThreadCount(QThread::idealThreadCount());
+        QVERIFY(hasHelperEnded);
     }
 };
 
