@@ -25,9 +25,13 @@ QString textOf(double degrees)
 {
     if (!std::isfinite(degrees))
         return QString::number(degrees);
+    // The last decimal of a tie, which only odd multiples of 1/2048 are, goes away from zero and not to an even digit.
+    const double multiple = degrees * 1024.0;
+    const bool isTie = multiple - std::floor(multiple) == 0.5;
+    const double value = isTie ? std::nextafter(degrees, 2.0 * degrees) : degrees + 0.0;
     std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> text;
     const char *end =
-        std::to_chars(text.data(), text.data() + text.size(), degrees + 0.0, std::chars_format::fixed, decimals).ptr;
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals).ptr;
     // Intended: only zeroes go, the decimal point stays.
     while (end[-1] == '0')
         --end;

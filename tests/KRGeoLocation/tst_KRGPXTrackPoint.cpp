@@ -1,4 +1,5 @@
 #include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
 
 #include "KRTest.h"
 #include "KRTestXml.h"
@@ -72,8 +73,8 @@ private slots:
     void toKmlOfAnyNumber()
     {
         std::vector<double> numbers{
-            0.0,    -0.0,    1e-11,  -5e-11, 0.00000000005, 179.99999999995, 1e15, -1.7976931348623157e308,
-            qInf(), -qInf(), qQNaN()};
+            0.0,    -0.0,    1e-11,   -5e-11,        0.00000000005, 179.99999999995, 1e15, -1.7976931348623157e308,
+            qInf(), -qInf(), qQNaN(), 0.66650390625, -8.00048828125};
         std::mt19937 random(7);
         std::uniform_real_distribution<double> degrees(-180.0, 180.0);
         std::generate_n(std::back_inserter(numbers), 5000, [&] { return degrees(random); });
@@ -83,6 +84,7 @@ private slots:
                 expected.chop(1);
             const KRGPXTrackPoint point(KRGeoPosition(number, 1.0), 0, QDateTime(), QString());
             QCOMPARE(point.toKml(), QStringLiteral("1.,") + expected);
+            QCOMPARE(KRGPXTrackSegment({point}).toKml(), point.toKml());
         }
     }
 
