@@ -171,7 +171,9 @@ bool KRGPXTrack::setShape(const KRGPXTrackShape &shape)
 
 void KRGPXTrack::addEnclave(const KRGPXTrack &enclave)
 {
-    d->addEnclave(enclave);
+    // A track may become an enclave of itself, as it was before.
+    const KRGPXTrack copy = enclave;
+    d->addEnclave(copy);
 }
 
 void KRGPXTrack::fromXml(const QDomElement &trk, const QDir &dir)
@@ -244,6 +246,8 @@ void KRGPXTrack::includeFile(const QFileInfo &file)
         const QDomElement root = KRXMLLoader::loadDocumentElement(file);
         fromXml(root.firstChildElement(KRGPXVocabulary::trackElement), QDir(QString()));
     }
+    // Also where there was no track to read.
+    d->replaceAutoShape();
 }
 
 void KRGPXTrack::readEnclaves(const QDomElement &enclaves)

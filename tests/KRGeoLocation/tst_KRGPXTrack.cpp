@@ -126,6 +126,8 @@ private slots:
         area.toXml(root, noDir);
         QCOMPARE(childrenOf(root.firstChildElement(QStringLiteral("trk"))),
                  QStringLiteral("name=track;shape=polygon;trkseg=8.,53. 9.,54.;trkseg;enclaves=linestring;"));
+        area.addEnclave(area);
+        QCOMPARE(area.enclaves().last().enclaves().size(), 1);
 
         QDomElement bare = KRGPXTrack().buildTrackElement(root);
         KRGPXTrack().buildXmlBody(bare);
@@ -178,6 +180,12 @@ private slots:
             QCOMPARE(merged.name(), name);
             QCOMPARE(merged.countPoints(), points);
         });
+        // The shape is found where the file would have been read, so not from what follows.
+        const KRGPXTrack around(KRTestXml::element("<trk><shape>auto</shape><include>gone.gps</include>"
+                                                   "<trkseg><compressedPoints>1,1 2,2 1,1</compressedPoints></trkseg>"
+                                                   "</trk>"),
+                                folder.dir());
+        QVERIFY(!around.hasShape(PolygonTrackShape));
     }
 
     void includeRegistersTheFile()
