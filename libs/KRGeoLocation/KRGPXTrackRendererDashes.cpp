@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QRectF>
+#include <QTransform>
 #include <QVector>
 
 #include <algorithm>
@@ -23,10 +24,14 @@ constexpr double mostPeriods = 10000.0;
 constexpr double mostDashes = 200000.0;
 
 // The length of dashes and gaps after which they repeat; 0 for a solid pen.
-double periodOf(const QPen &pen)
+double periodOf(const QPainter *painter)
 {
+    const QPen pen = painter->pen();
     const QVector<qreal> pattern = pen.dashPattern();
-    const double width = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
+    // On images a thinner pen has the dashes of one that is a pixel wide.
+    const bool isOnImage = painter->paintEngine()->type() == QPaintEngine::Raster;
+    const double pixel = 1.0 / std::sqrt(std::abs(painter->deviceTransform().determinant()));
+    const double width = isOnImage || pen.widthF() <= 0.0 ? std::max(pixel, pen.widthF()) : pen.widthF();
     return std::accumulate(pattern.begin(), pattern.end(), 0.0) * width;
 }
 
@@ -91,7 +96,7 @@ QPainterPath cutTo(const QRectF &area, const QPainterPath &path, double period)
 
 void KRGPXTrackRendererDashes::drawPath(QPainter *painter, const QPainterPath &path)
 {
-    const double period = periodOf(painter->pen());
+    const double period = periodOf(painter);
     const bool isDashed = period > 0.0;
     const bool isRecorded = painter->paintEngine()->type() == QPaintEngine::Picture; // knows no size
     const bool isCut = isDashed && !isRecorded && path.length() > period * mostPeriods;

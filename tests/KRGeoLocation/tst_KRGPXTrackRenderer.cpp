@@ -174,25 +174,31 @@ private slots:
         QCOMPARE(dense.pixel(95, 90), QRgb(0));
     }
 
-    void longDashedLine()
+    void dashedLine()
     {
         // Through the image, away by a hundred of its widths, and through it again: some twenty thousand dots, painted
         // one by one here and by the renderer.
         const Pixels far{{100.0, 20.0}, {100.0, 170.0}, {40000.0, 150.0}, {40000.0, 100.0}, {30.0, 60.0}, {30.0, 10.0}};
-        Pixels degrees;
-        for (const QPointF &pixel : far)
-            degrees.append(pixel / 1000.0);
-        KRGPXTrackConfiguration configuration = configurationOf(StrokeDisplayOption);
-        configuration.setPenStyle(KRPenStyle(Qt::DotLine));
-        configuration.setLineWidth(2.0);
-        const PlainRenderer renderer(selectionOf(trackAt({degrees}), configuration), QSize(360, 180), 1.0, 1000.0);
-        QImage expected(360, 180, QImage::Format_ARGB32_Premultiplied);
-        expected.fill(Qt::transparent);
-        QPainter painter(&expected);
-        painter.setPen(renderer.penFromTrack(configuration, StyledRender));
-        painter.drawPolyline(far.constData(), far.size());
-        painter.end();
-        QCOMPARE(renderer.renderQuickAndDirty(StyledRender), expected);
+        const KRTestTable<Pixels, double> table{
+            {"long", far, 2.0},
+            {"thinner than a pixel", {{20.0, 90.0}, {340.0, 90.0}}, 0.2},
+        };
+        table.forEach([](const Pixels &pixels, double width) {
+            Pixels degrees;
+            for (const QPointF &pixel : pixels)
+                degrees.append(pixel / 1000.0);
+            KRGPXTrackConfiguration configuration = configurationOf(StrokeDisplayOption);
+            configuration.setPenStyle(KRPenStyle(Qt::DotLine));
+            configuration.setLineWidth(width);
+            const PlainRenderer renderer(selectionOf(trackAt({degrees}), configuration), QSize(360, 180), 1.0, 1000.0);
+            QImage expected(360, 180, QImage::Format_ARGB32_Premultiplied);
+            expected.fill(Qt::transparent);
+            QPainter painter(&expected);
+            painter.setPen(renderer.penFromTrack(configuration, StyledRender));
+            painter.drawPolyline(pixels.constData(), pixels.size());
+            painter.end();
+            QCOMPARE(renderer.renderQuickAndDirty(StyledRender), expected);
+        });
     }
 
     void antialiasing()
