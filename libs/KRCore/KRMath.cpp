@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <string_view>
 
 bool KRMath::epsilonEqual(double a, double b, double epsilon)
 {
@@ -26,17 +27,19 @@ int KRMath::toInt(double value)
 
 double KRMath::toDouble(QStringView text, double defaultValue)
 {
-    // Both ways round correctly, so the results do not differ.
+    // Both ways round correctly, and what the first one takes of these characters, the second one takes too.
     constexpr int mostCharacters = 32;
-    const qsizetype size = text.size();
+    constexpr std::string_view signs = ".-+eE";
+    const QStringView number = text.trimmed();
+    const qsizetype size = number.size();
     if (size <= mostCharacters) {
         char characters[mostCharacters];
-        const QChar *const source = text.data();
+        const QChar *const source = number.data();
         qsizetype plain = 0;
         while (plain < size) {
             const ushort unicode = source[plain].unicode();
-            const bool isSign = unicode == '-' && plain == 0;
-            if (!isSign && unicode != '.' && (unicode < '0' || unicode > '9'))
+            const bool isDigit = unicode >= '0' && unicode <= '9';
+            if (!isDigit && (unicode > 'e' || signs.find(char(unicode)) == std::string_view::npos))
                 break;
             characters[plain++] = char(unicode);
         }
