@@ -1,100 +1,105 @@
 #include "KRGpxPointSkimmer.h"
 
+#include <KRCore/KRMath.h>
+#include <KRGeoLocation/KRGPXByteCursor.h>
+#include <KRGeoLocation/KRGPXVocabulary.h>
+
 #include <algorithm>
-#include <cstring>
+#include <cmath>
+#include <optional>
+#include <string_view>
 
 namespace {
 
 constexpr char pointStart[] = "<trkpt";
 constexpr char pointEnd[] = "</trkpt";
 constexpr int pointStartSize = sizeof pointStart - 1;
-constexpr int pointEndSize = sizeof pointEnd - 1;
 
 bool isBlank(char byte)
 {
     return byte == ' ' || byte == '\n' || byte == '\t' || byte == '\r';
 }
 
-bool isDigit(char byte)
-{
-    return byte >= '0' && byte <= '9';
-}
-
 /// Looks at the bytes of one point; whatever it does not understand leaves it at the end.
 class PointScanner
 {
 public:
-    PointScanner(const char *begin, const char *end) : m_next(begin), m_end(end) { }
+    // Beyond ASCII encodings differ, and no position needs them.
+    PointScanner(const char *begin, const char *end) : m_cursor(begin, end, false), m_end(end) { }
 
     /// Where a plain point ends, null if it is none or goes on behind the last byte.
     const char *endOfPlainPoint()
     {
-        if (!accept(pointStart, pointStartSize))
+        std::optional<double> latitude;
+        std::optional<double> longitude;
+        if (!m_cursor.skip(pointStart))
             return nullptr;
-        bool hasLatitude = false;
-        bool hasLongitude = false;
-        for (int i = 0; i < 2; ++i) {
-            skipBlanks();
-            if (accept("lat=", 4))
-                hasLatitude = acceptNumber(90);
-            else if (accept("lon=", 4))
-                hasLongitude = acceptNumber(360);
+        while (m_cursor.skipBlanks()) {
+            if (!latitude && m_cursor.skip("lat="))
+                latitude = readCoordinate();
+            else if (!longitude && m_cursor.skip("lon="))
+                longitude = readCoordinate();
+            else
+                break;
         }
-        skipBlanks();
-        if (!hasLatitude || !hasLongitude)
+        if (!latitude || !longitude || !KRGPXVocabulary::isOnGlobe(*latitude, *longitude))
             return nullptr;
-        if (accept("/>", 2))
-            return m_next;
-        return accept(">", 1) ? endOfContent() : nullptr;
+        if (m_cursor.skip("/>"))
+            return m_cursor.at();
+        return m_cursor.skip(">") ? endOfContent() : nullptr;
     }
 
 private:
-    bool accept(const char *text, int size)
+    /// Not a number for anything but a quoted number.
+    double readCoordinate()
     {
-        if (m_end - m_next < size || std::memcmp(m_next, text, size_t(size)) != 0)
-            return false;
-        m_next += size;
-        return true;
-    }
-
-    void skipBlanks() { m_next = std::find_if_not(m_next, m_end, isBlank); }
-
-    /// A quoted number of digits with at most one point between them, its whole part smaller than the limit.
-    bool acceptNumber(int limit)
-    {
-        if (m_next == m_end || (*m_next != '"' && *m_next != '\''))
-            return false;
-        const char quote = *m_next++;
-        if (m_next < m_end && *m_next == '-')
-            ++m_next;
-        int wholePart = 0;
-        const char *const digits = m_next;
-        for (; m_next < m_end && isDigit(*m_next) && wholePart < limit; ++m_next)
-            wholePart = wholePart * 10 + (*m_next - '0');
-        const bool hasDigits = m_next > digits;
-        if (accept(".", 1))
-            m_next = std::find_if_not(m_next, m_end, isDigit);
-        return hasDigits && wholePart < limit && accept(&quote, 1);
+        const char *const begin = m_cursor.at();
+        double degrees = 0.0;
+        if (m_cursor.skip("\"") && m_cursor.readDecimal(&degrees) && m_cursor.skip("\""))
+            return degrees;
+        m_cursor.returnTo(begin);
+        std::string_view value;
+        return m_cursor.readValue(&value)
+                   ? KRMath::toDouble(QString::fromLatin1(value.data(), int(value.size())), std::nan(""))
+                   : std::nan("");
     }
 
     const char *endOfContent()
     {
-        while (const void *const found = std::memchr(m_next, '<', size_t(m_end - m_next))) {
-            m_next = static_cast<const char *>(found);
-            if (accept(pointEnd, pointEndSize)) {
-                skipBlanks();
-                return accept(">", 1) ? m_next : nullptr;
+        while (goTo("<")) {
+            if (m_cursor.skip(pointEnd)) {
+                m_cursor.skipBlanks();
+                return m_cursor.skip(">") ? m_cursor.at() : nullptr;
             }
-            // Comments and the like may quote an end, and a point in a point is none that we know.
-            if (accept("<!", 2) || accept("<?", 2) || accept(pointStart, pointStartSize))
+            // These two may quote an end.
+            if (m_cursor.skip("<!--")) {
+                if (!goTo("-->"))
+                    return nullptr;
+            } else if (m_cursor.skip("<![CDATA[")) {
+                if (!goTo("]]>"))
+                    return nullptr;
+            } else if (m_cursor.skip("<!") || m_cursor.skip("<?") || m_cursor.skip(pointStart)) {
+                // A point in a point is none that we know.
                 return nullptr;
-            ++m_next;
+            } else {
+                m_cursor.skip("<");
+            }
         }
         return nullptr;
     }
 
-    const char *m_next;
-    const char *m_end;
+    bool goTo(std::string_view text)
+    {
+        const std::string_view rest(m_cursor.at(), size_t(m_end - m_cursor.at()));
+        const size_t place = rest.find(text);
+        if (place == std::string_view::npos)
+            return false;
+        m_cursor.returnTo(m_cursor.at() + place);
+        return true;
+    }
+
+    KRGPXByteCursor m_cursor;
+    const char *const m_end;
 };
 
 } // namespace

@@ -10,8 +10,7 @@
  * unusual about them pass, and so do all line breaks, which keeps line numbers right. Files in encodings that ASCII is
  * no part of pass as they are.
  *
- * Looks for no faults but those of positions, and understands less of XML than KRGPXPointScanner: whatever is skimmed
- * off is read by the importer, which finds the others.
+ * Looks for no faults but those of positions: whatever is skimmed off is read by the importer, which finds the others.
  */
 class KRGpxPointSkimmer : public QIODevice
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KRGeoLocationExport.h"
+
 #include <cstddef>
 #include <cstring>
 #include <string_view>
@@ -11,7 +13,7 @@
  * Each function that takes something returns false when it is not there, whole, or is of a form that is left to an XML
  * reader; the place is undefined then.
  */
-class KRGPXByteCursor
+class KRGEOLOCATION_EXPORT KRGPXByteCursor
 {
 public:
     KRGPXByteCursor() = default;

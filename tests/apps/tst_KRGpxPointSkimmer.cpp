@@ -33,8 +33,10 @@ private slots:
              "<trkseg>" + p + "\n\r\n\t</trkseg>"},
             {"each run has a first", "<a>" + p + p + "</a><b>" + p + p + "</b>", "<a>" + p + "</a><b>" + p + "</b>"},
             {"line breaks stay", p + point("\n<ele>1</ele>\n") + "\n", p + "\n\n\n"},
-            {"any order, any quotes, no content", p + "<trkpt lon='1'  lat='-2.' /><trkpt\nlat='0' lon='.5'/>",
-             p + "<trkpt\nlat='0' lon='.5'/>"},
+            {"any order, any quotes, no content", p + "<trkpt lon='1'  lat='-2.' /><trkpt\nlat='0' lon='.5'/>", p + "\n"},
+            {"numbers of any form", p + "<trkpt lat=' 5.3e1' lon='+.5'/>", p},
+            {"comments and CDATA that quote an end",
+             p + point("<!-- </trkpt> -->") + point("<desc><![CDATA[</trkpt>]]></desc>") + "<a/>", p + "<a/>"},
             {"extensions", p + point("<extensions><x:hr>5</x:hr></extensions>"), p},
         };
         table.forEach([](const QByteArray &gpx, const QByteArray &expected) { QCOMPARE(skimmed(gpx), expected); });
@@ -56,12 +58,12 @@ private slots:
                  p + "<trkpt lat=\"x\" lon=\"1\"/>" + p, // latitude that is no number
                  p + "<trkpt lat=\"90.5\" lon=\"1\"/>" + p, // beyond the poles
                  p + "<trkpt lat=\"1\" lon=\"99999999999\"/>" + p,
-                 p + "<trkpt lat=\"1e1\" lon=\"1\"/>" + p,
+                 p + "<trkpt lat=\"nan\" lon=\"1\"/>" + p,
                  p + "<trkpt lat=\"1\"/>" + p,
                  p + "<trkpt lat=\"1\" lon=\"1\" id=\"1\"/>" + p,
                  p + "<trkpt lat=\"1\" lat=\"1\"/>" + p,
-                 p + point("<!-- </trkpt> -->") + p,
-                 p + point("<desc><![CDATA[</trkpt>]]></desc>") + p,
+                 p + point("<!-- </trkpt>") + p,
+                 p + point("<?a </trkpt>?>") + p,
                  p + point(point()),
                  p + "<trkpt lat=\"1\" lon=\"1\"><ele>", // no end
                  QByteArray("<wpt lat=\"1\" lon=\"2\"/><wpt lat=\"1\" lon=\"2\"/>"),
