@@ -33,16 +33,6 @@ int placeOf(const QString &xml, char character, int from)
     return int(xml.indexOf(QLatin1Char(character), from));
 }
 
-int placeOf(const QByteArray &xml, const char *ascii)
-{
-    return int(xml.indexOf(ascii));
-}
-
-int placeOf(const QString &xml, const char *ascii)
-{
-    return int(xml.indexOf(QLatin1String(ascii)));
-}
-
 template <typename Text>
 bool isBlank(const Text &xml)
 {
@@ -60,13 +50,24 @@ bool standsAt(const Text &xml, int place, const char *ascii)
     return true;
 }
 
+/// Where the first declaration of an element begins, or -1. Few texts have many exclamation marks.
+template <typename Text>
+int placeOfElementDeclaration(const Text &xml)
+{
+    for (int at = placeOf(xml, '!', 0); at >= 0; at = placeOf(xml, '!', at + 1)) {
+        if (at > 0 && standsAt(xml, at - 1, "<!ELEMENT"))
+            return at - 1;
+    }
+    return -1;
+}
+
 /// Whether a declaration "<!ELEMENT …>" nests parentheses beyond the depth of elements: the reader recurses there.
 template <typename Text>
 bool hasDeepContentModel(const Text &xml)
 {
     int depth = 0;
     bool isInDeclaration = false;
-    const int first = placeOf(xml, "<!ELEMENT");
+    const int first = placeOfElementDeclaration(xml);
     for (int i = std::max(first, 0); first >= 0 && i < xml.size() && depth <= KRInputLimits::depth; ++i) {
         const ushort character = codeOf(xml.at(i));
         if (character == '<') {
