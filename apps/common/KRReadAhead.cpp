@@ -1,5 +1,7 @@
 #include "KRReadAhead.h"
 
+#include <KRCore/KRConcurrent.h>
+
 #include <QDeadlineTimer>
 #include <QThread>
 
@@ -46,8 +48,7 @@ void KRReadAhead::startThreads()
             while (readFile()) { }
         }));
         thread->setStackSize(stackBytes);
-        thread->start();
-        if (!thread->isRunning() && !thread->isFinished())
+        if (!KRConcurrent::start(thread.get()))
             return;
         m_threads.push_back(std::move(thread));
     }

@@ -7,6 +7,7 @@
 #include "KRTileSource.h"
 #include "KRTileStore.h"
 
+#include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
 
 #include <QPainter>
@@ -63,8 +64,7 @@ KRTileGround::KRTileGround(const QString &source, const std::shared_ptr<KRTileSt
     connect(m_thread, &QThread::finished, m_loader, &QObject::deleteLater);
     m_loader->moveToThread(m_thread);
     m_thread->setObjectName(QStringLiteral("KRTileLoader"));
-    m_thread->start(QThread::LowPriority);
-    if (!m_thread->isRunning() && !m_thread->isFinished())
+    if (!KRConcurrent::start(m_thread, QThread::LowPriority))
         m_store->setProblem(tr("Das System startet keinen weiteren Thread."));
 }
 

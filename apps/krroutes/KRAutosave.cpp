@@ -4,6 +4,7 @@
 
 #include <KRRouteDocument.h>
 
+#include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
 
 #include <QFileInfo>
@@ -92,8 +93,7 @@ void KRAutosave::startWriting()
     };
     m_writer.reset(QThread::create(write));
     connect(m_writer.get(), &QThread::finished, this, &KRAutosave::finishWriting);
-    m_writer->start();
-    if (m_writer->isRunning() || m_writer->isFinished())
+    if (KRConcurrent::start(m_writer.get()))
         return;
     write();
     finishWriting();

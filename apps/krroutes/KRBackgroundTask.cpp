@@ -3,6 +3,8 @@
 #include "KRProgressDialog.h"
 #include "KRWaitCursor.h"
 
+#include <KRCore/KRConcurrent.h>
+
 #include <QEventLoop>
 #include <QPointer>
 #include <QThread>
@@ -23,9 +25,8 @@ bool KRBackgroundTask::run(QWidget *window, const QString &text, const std::func
     QEventLoop loop;
     const std::unique_ptr<QThread> thread(QThread::create(work));
     QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
-    thread->start();
-    if (!thread->isRunning() && !thread->isFinished()) {
-        work(); // the system starts no further thread
+    if (!KRConcurrent::start(thread.get())) {
+        work();
         return true;
     }
     if (thread->wait(unnoticedMs))

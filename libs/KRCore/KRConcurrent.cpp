@@ -86,6 +86,12 @@ bool KRConcurrent::mayUsePool()
     return pool->activeThreadCount() < std::min(maxRunningThreads, pool->maxThreadCount());
 }
 
+bool KRConcurrent::start(QThread *thread, QThread::Priority priority)
+{
+    thread->start(priority);
+    return thread->isRunning() || thread->isFinished();
+}
+
 bool KRConcurrent::fillPool()
 {
     QThreadPool *const pool = QThreadPool::globalInstance();

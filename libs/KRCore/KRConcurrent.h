@@ -37,6 +37,9 @@ KRCORE_EXPORT bool isMainThread();
  */
 KRCORE_EXPORT bool mayUsePool();
 
+/// Starts a thread; false where the system allows no further one.
+KRCORE_EXPORT bool start(QThread *thread, QThread::Priority priority = QThread::InheritPriority);
+
 /**
  * Starts the threads of the global pool, as many as the system allows, and keeps them. False where it allows none.
  *
