@@ -5,7 +5,7 @@
 class KRGpxPreparation;
 
 /**
- * Imports GPX files completely: the tracks as the library's importer reads them, then the way points and the routes,
+ * Imports GPX files completely: the tracks as the library's importer reads them, then the waypoints and the routes,
  * drawn as the user wants new tracks.
  *
  * A file that changes meanwhile is not read.

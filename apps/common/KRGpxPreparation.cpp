@@ -37,7 +37,7 @@ KRGeoPosition readPosition(const KRXmlStream &stream)
 /// Of a point of a track.
 bool hasPosition(const KRXmlStream &stream)
 {
-    // Unlike in a way point, (0, 0) in a record is left to the importer.
+    // Unlike in a waypoint, (0, 0) in a record is left to the importer.
     return KRGPXVocabulary::isOnGlobe(toDouble(stream.attribute("lat")), toDouble(stream.attribute("lon")));
 }
 

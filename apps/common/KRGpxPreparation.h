@@ -12,8 +12,8 @@ class KRErrorHistory;
 class KRXmlStream;
 
 /**
- * Finds in a GPX file what the importer passes over: way points ("wpt"), which become tracks of one point, and routes
- * ("rte"), which become lines. Tracks, routes and way points without a readable position go to the report.
+ * Finds in a GPX file what the importer passes over: waypoints ("wpt"), which become tracks of one point, and routes
+ * ("rte"), which become lines. Tracks, routes and waypoints without a readable position go to the report.
  *
  * It also finds out how the importer has to read the tracks.
  */
@@ -27,9 +27,9 @@ public:
     /// False when the file cannot be read; the reason is reported then.
     bool read(KRErrorHistory *history);
 
-    /// Whether it cannot be read for nothing but the number of way points and routes, or the length of their texts.
+    /// Whether it cannot be read for nothing but the number of waypoints and routes, or the length of their texts.
     bool areTracksReadable() const { return m_areTracksReadable; }
-    /// The way points, then the routes, each in the order of the file.
+    /// The waypoints, then the routes, each in the order of the file.
     QList<KRGPXTrack> tracks() const { return m_wayPoints + m_routes; }
     /// Of the tracks in the file.
     KRGPXReadingOptions readingOptions() const { return {true, m_names.prefixes(), true}; }

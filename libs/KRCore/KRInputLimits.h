@@ -90,7 +90,7 @@ inline constexpr int textPoints = 2000000;
 inline constexpr int segments = 200000;
 /// Tracks of a file with their enclaves, of some 500 bytes each. Drawing them takes longer than reading.
 inline constexpr int tracks = 100000;
-/// Way points and routes together. Each becomes a track.
+/// Waypoints and routes together. Each becomes a track.
 inline constexpr int wayPoints = tracks;
 /// Points of all routes together, which are held twice.
 inline constexpr int routePoints = 500000;

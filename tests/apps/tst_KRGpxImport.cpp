@@ -111,7 +111,7 @@ void tst_KRGpxImport::reads()
     const QByteArray two = position("trkpt", "53", "8") + "\n" + position("trkpt", "54", "9");
     // the tracks, and what could not be read
     const KRTestTable<QByteArray, const char *, const char *> table{
-        {"tracks, then way points, then routes",
+        {"tracks, then waypoints, then routes",
          gpx("<rte><name>R</name>" + position("rtept", "1", "2") + position("rtept", "3", "4") + "</rte>"
              + position("wpt", "5", "6", "<name>W</name>") + track("T", two) + position("wpt", "7", "8")),
          "T: 53,8 54,9; W: 5,6; Wegpunkt 2: 7,8; R: 1,2 3,4", ""},
@@ -222,7 +222,7 @@ void tst_KRGpxImport::drawnAsUsersWant()
 
     QCOMPARE(tracks.size(), 2);
     QVERIFY(tracks.last().configuration() == wanted);
-    // A way point stays a point.
+    // A waypoint stays a point.
     wanted.setTrackShape(PointTrackShape);
     QVERIFY(tracks.first().configuration() == wanted);
 }
@@ -245,7 +245,7 @@ void tst_KRGpxImport::brokenGivesNothing()
 {
     const QByteArray good = position("wpt", "1", "2") + track("T", position("trkpt", "1", "2")) + "\n";
     const KRTestTable<QByteArray> table{
-        {"broken among way points", gpx(good + "<wpt><name></wpt>")},
+        {"broken among waypoints", gpx(good + "<wpt><name></wpt>")},
         {"broken among points that are passed over",
          gpx(good + track("U", position("trkpt", "1", "2") + position("trkpt", "1", "2", "<ele>1</time>")))},
         {"more points than a host can hold",

@@ -260,7 +260,7 @@ void tst_KRHostileFiles::areRefused_data()
         },
         "Löcher");
     row(
-        "many way points", "a.gpx",
+        "many waypoints", "a.gpx",
         [] { return gpx(QByteArray("<wpt lat='1' lon='2'/>").repeated(KRInputLimits::wayPoints + 1)); }, "Wegpunkte");
     row(
         "many geometries in one placemark", "a.kml",
