@@ -207,7 +207,7 @@ void tst_KRRouteImport::plainOrComplete()
         "<Point><coordinates>8,53</coordinates></Point><Point><coordinates>9,54</coordinates></Point>";
     const QStringList files{
         write("waypoints.gpx", "<gpx><wpt lat='1' lon='2'/><trk><name>T</name><trkseg><trkpt lat='1' lon='2'/>"
-                                "</trkseg></trk><rte/></gpx>"),
+                               "</trkseg></trk><rte/></gpx>"),
         write("two points.kml", "<kml><Document><Placemark><MultiGeometry>" + points
                                     + "</MultiGeometry></Placemark><NetworkLink/></Document></kml>")};
     KRRouteImport complete;
