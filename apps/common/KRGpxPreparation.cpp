@@ -45,7 +45,7 @@ bool hasPosition(const KRXmlStream &stream)
 struct GpxPoint {
     KRGeoPosition position; // not valid when it could not be read
     int elevation = 0;
-    QDateTime time;
+    KRGPXTime time;
     QString name;
     QString comment;
     QString description;

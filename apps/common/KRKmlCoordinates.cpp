@@ -123,7 +123,7 @@ void KRKmlCoordinates::append(QLatin1String longitude, QLatin1String latitude, Q
         {qint32(*latitudeUnits), qint32(*longitudeUnits), KRMath::toInt(toDouble(elevation).value_or(0.0))});
 }
 
-void KRKmlCoordinates::appendTrackPosition(const QString &text, const QDateTime &time)
+void KRKmlCoordinates::appendTrackPosition(const QString &text, const KRGPXTime &time)
 {
     const QList<QByteArray> fields = text.left(KRInputLimits::positionCharacters).simplified().toLatin1().split(' ');
     if (fields.first().isEmpty())
@@ -136,7 +136,7 @@ void KRKmlCoordinates::appendTrackPosition(const QString &text, const QDateTime 
         m_times.append(time);
 }
 
-void KRKmlCoordinates::setTime(const QDateTime &time)
+void KRKmlCoordinates::setTime(const KRGPXTime &time)
 {
     m_times.fill(time, count());
 }
@@ -169,8 +169,7 @@ KRGPXTrackSegment KRKmlCoordinates::toSegment() const
     for (int i = 0; i < count(); ++i) {
         const Position &position = m_positions.at(i);
         segment.append(double(position.latitude) / double(unitsPerDegree),
-                       double(position.longitude) / double(unitsPerDegree), position.elevation, m_times.value(i),
-                       QString());
+                       double(position.longitude) / double(unitsPerDegree), position.elevation, m_times.value(i));
     }
     segment.squeeze();
     return segment;

@@ -3,7 +3,6 @@
 #include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
-#include <QDateTime>
 #include <QVector>
 
 /**
@@ -42,9 +41,9 @@ public:
     void append(QLatin1String longitude, QLatin1String latitude, QLatin1String elevation);
     /// Reads a "gx:coord", "longitude latitude [elevation]". Intended: an empty one, which stands for a gap in the
     /// record, is left out together with its time.
-    void appendTrackPosition(const QString &text, const QDateTime &time);
+    void appendTrackPosition(const QString &text, const KRGPXTime &time);
     /// The time of all positions.
-    void setTime(const QDateTime &time);
+    void setTime(const KRGPXTime &time);
     /// Leads an outline back to its start, if it is long enough to have an area.
     void close();
 
@@ -55,6 +54,6 @@ public:
 
 private:
     QVector<Position> m_positions;
-    QVector<QDateTime> m_times; // one per position, or none at all
+    QVector<KRGPXTime> m_times; // one per position, or none at all
     int m_unreadableCount = 0;
 };

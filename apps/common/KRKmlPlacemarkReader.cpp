@@ -137,7 +137,7 @@ void KRKmlPlacemarkReader::readPolygon()
 void KRKmlPlacemarkReader::readTrack(Rings *segments)
 {
     addPart();
-    QList<QDateTime> times;
+    QVector<KRGPXTime> times;
     QStringList positions;
     while (m_stream.readNextChild()) {
         if (m_stream.isAt("when"))

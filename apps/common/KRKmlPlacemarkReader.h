@@ -47,7 +47,7 @@ private:
     QString m_description;
     QString m_shape;
     KRKmlLook m_look;
-    QDateTime m_time;
+    KRGPXTime m_time;
     QList<KRKmlGeometry> m_geometries;
     // What was left out.
     QList<int> m_linesWithoutPosition;

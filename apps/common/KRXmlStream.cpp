@@ -184,11 +184,10 @@ void KRXmlStream::readText(const std::function<void(QStringView)> &take)
     }
 }
 
-QDateTime KRXmlStream::readTime()
+KRGPXTime KRXmlStream::readTime()
 {
-    const QString text = readText();
-    const QDateTime time = m_times.toDateTime(text);
-    m_tokens.device().addTime(text, time);
+    const KRGPXTime time = m_times.read(readText());
+    m_tokens.device().addTokens(m_times.takeTokens());
     return time;
 }
 

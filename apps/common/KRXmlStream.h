@@ -1,8 +1,8 @@
 #pragma once
 
 #include <KRCore/KRInputLimits.h>
+#include <KRGeoLocation/KRGPXTimeReader.h>
 #include <KRGeoLocation/KRGPXTokenStream.h>
-#include <KRGeoLocation/KRGPXUtcTime.h>
 
 #include <QCoreApplication>
 #include <QDomElement>
@@ -68,7 +68,7 @@ public:
     /// The same piece by piece, for long texts.
     void readText(const std::function<void(QStringView piece)> &take);
     /// The same as a time; not valid if it is none.
-    QDateTime readTime();
+    KRGPXTime readTime();
 
 private:
     Q_DISABLE_COPY(KRXmlStream)
@@ -81,6 +81,6 @@ private:
 
     KRGPXTokenStream m_tokens;
     QStringView m_name; // into what the stream holds
-    KRGPXUtcTime m_times;
+    KRGPXTimeReader m_times;
     QByteArray m_mendedXml;
 };

@@ -1,7 +1,7 @@
 #include "KRGPXCommaText.h"
 
+#include "KRGPXTime.h"
 #include "KRGPXTrackElement.h"
-#include "KRGPXUtcTime.h"
 
 #include <array>
 #include <charconv>
@@ -17,7 +17,7 @@ constexpr int decimals = 10;
 qint64 millisecondsOf(qint64 seconds)
 {
     constexpr qint64 mostSeconds = 9223372036854775;
-    return seconds > mostSeconds || seconds < -mostSeconds ? KRGPXUtcTime::noTime : seconds * 1000;
+    return seconds > mostSeconds || seconds < -mostSeconds ? KRGPXTime::noTime : seconds * 1000;
 }
 
 /// As KRGPXTrackPointImpl::encode() writes angles, zero without a sign, but several times as fast.
@@ -68,7 +68,7 @@ KRGPXCommaText KRGPXCommaText::decode(QStringView text)
     point.latitude = KRGPXTrackElement::safeDouble(fields[1]);
     point.elevation = fields[2].toInt();
     // The writer puts milliseconds there. Intended: they are read as seconds.
-    point.milliseconds = count == fields.size() ? millisecondsOf(fields[3].toLongLong()) : KRGPXUtcTime::noTime;
+    point.milliseconds = count == fields.size() ? millisecondsOf(fields[3].toLongLong()) : KRGPXTime::noTime;
     return point;
 }
 
@@ -80,7 +80,7 @@ QString KRGPXCommaText::encode() const
 QString KRGPXCommaText::join(const QString &longitude, const QString &latitude, int elevation, qint64 milliseconds)
 {
     const QLatin1Char comma(',');
-    const bool hasTime = milliseconds != KRGPXUtcTime::noTime;
+    const bool hasTime = milliseconds != KRGPXTime::noTime;
     QString text = longitude + comma + latitude;
     if (elevation != 0 || hasTime)
         text += comma + QString::number(elevation);

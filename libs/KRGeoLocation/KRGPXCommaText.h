@@ -10,7 +10,7 @@ struct KRGPXCommaText {
     double latitude = 0.0; ///< decimal degrees
     double longitude = 0.0;
     int elevation = 0; ///< whole metres
-    qint64 milliseconds = 0; ///< since 1970, or KRGPXUtcTime::noTime
+    qint64 milliseconds = 0; ///< since 1970, or KRGPXTime::noTime
 
     /// The white space of ASCII alone: a no-break space belongs to the number next to it.
     static bool isSeparator(QChar character)

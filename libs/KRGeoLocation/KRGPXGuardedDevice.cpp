@@ -25,14 +25,6 @@ bool KRGPXGuardedDevice::isInProportion() const
            && m_bytes - KRInputLimits::bytesPerPoint * m_points <= m_mostBytes;
 }
 
-int KRGPXGuardedDevice::tokensOf(const QString &text, const QDateTime &time)
-{
-    if (text.isEmpty() || time.timeSpec() == Qt::UTC)
-        return 0;
-    return time.timeSpec() == Qt::LocalTime && time.isValid() ? KRInputLimits::tokensPerLocalTime
-                                                              : KRInputLimits::tokensPerOtherTime;
-}
-
 qint64 KRGPXGuardedDevice::readData(char *bytes, qint64 maximumSize)
 {
     const qint64 size = m_hasRefused ? -1 : m_source->read(bytes, maximumSize);

@@ -2,7 +2,6 @@
 
 #include "KRGeoLocationExport.h"
 
-#include <QDateTime>
 #include <QIODevice>
 
 /**
@@ -34,13 +33,8 @@ public:
     bool isInProportion() const;
     /// Tokens that were started, and those that were added.
     qint64 tokens() const { return m_tokens; }
-    /// To be called for parts of a token, such as attributes, that take as long as one.
+    /// To be called for parts of a token, such as attributes and times, that take as long as one.
     void addTokens(qint64 count) { m_tokens += count; }
-
-    /// To be called for each @p time that has been read from a @p text.
-    void addTime(const QString &text, const QDateTime &time) { addTokens(tokensOf(text, time)); }
-    /// As which a time counts: those in UTC and empty ones take little, while local times ask the system.
-    static int tokensOf(const QString &text, const QDateTime &time);
 
     /// To be called whenever the reader has completed a token.
     void startToken()

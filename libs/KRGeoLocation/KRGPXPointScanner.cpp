@@ -1,12 +1,9 @@
 #include "KRGPXPointScanner.h"
 
-#include "KRGPXGuardedDevice.h"
 #include "KRGPXTrackSegment.h"
 #include "KRGPXVocabulary.h"
 
 #include <KRCore/KRMath.h>
-
-#include <QDateTime>
 
 #include <algorithm>
 #include <array>
@@ -31,8 +28,7 @@ struct KRGPXPointScanner::Point {
     double latitude = KRGPXVocabulary::missingCoordinate;
     double longitude = KRGPXVocabulary::missingCoordinate;
     double elevation = 0.0;
-    qint64 milliseconds = KRGPXUtcTime::noTime;
-    QDateTime unusualTime;
+    KRGPXTime time;
     QString description;
     bool hasElevation = false;
     bool hasTime = false;
@@ -49,7 +45,6 @@ const char *KRGPXPointScanner::scan(const char *begin, const char *end, KRGPXTra
     m_areNamesWhole = limits.areNamesWhole;
     m_points = 0;
     m_nodes = 0;
-    m_timeTokens = 0;
     m_characters = 0;
     while (m_points < limits.points && m_characters <= limits.characters && readPoint(segment, limits.levels)) {
         ++m_points;
@@ -79,14 +74,7 @@ bool KRGPXPointScanner::readPoint(KRGPXTrackSegment *segment, int mostLevels)
     }
     if (m_isOnGlobeOnly && !KRGPXVocabulary::isOnGlobe(point.latitude, point.longitude))
         return true;
-    const int elevation = KRMath::toInt(point.elevation);
-    if (point.description.isEmpty() && !point.unusualTime.isValid()) {
-        segment->append(point.latitude, point.longitude, elevation, point.milliseconds);
-        return true;
-    }
-    if (point.milliseconds != KRGPXUtcTime::noTime)
-        point.unusualTime = QDateTime::fromMSecsSinceEpoch(point.milliseconds, Qt::UTC);
-    segment->append(point.latitude, point.longitude, elevation, point.unusualTime, point.description);
+    segment->append(point.latitude, point.longitude, KRMath::toInt(point.elevation), point.time, point.description);
     m_characters += point.description.size();
     return true;
 }
@@ -171,12 +159,7 @@ bool KRGPXPointScanner::readTime(Point *point)
     std::string_view text;
     if (!readText(&text))
         return false;
-    point->milliseconds = m_time.read(text.data(), int(text.size()));
-    if (point->milliseconds == KRGPXUtcTime::noTime) {
-        const QString unusualText = toText(text);
-        point->unusualTime = m_time.toDateTime(unusualText);
-        m_timeTokens += KRGPXGuardedDevice::tokensOf(unusualText, point->unusualTime);
-    }
+    m_times.read(text.data(), int(text.size()), &point->time);
     return true;
 }
 

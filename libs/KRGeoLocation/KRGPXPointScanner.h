@@ -1,7 +1,7 @@
 #pragma once
 
 #include "KRGPXByteCursor.h"
-#include "KRGPXUtcTime.h"
+#include "KRGPXTimeReader.h"
 #include "KRGeoLocationExport.h"
 
 #include <string_view>
@@ -39,8 +39,8 @@ public:
     int points() const { return m_points; }
     /// Elements, attributes and texts of the last run.
     qint64 nodes() const { return m_nodes; }
-    /// That the times of the last run count as, see KRGPXGuardedDevice.
-    qint64 timeTokens() const { return m_timeTokens; }
+    /// As what the times count that were read since the last call.
+    qint64 takeTimeTokens() { return m_times.takeTokens(); }
     /// Of the descriptions of the last run.
     qint64 characters() const { return m_characters; }
 
@@ -63,12 +63,11 @@ private:
     bool skipContent(const Tag &tag, int mostLevels);
     void skipBlanks() { m_nodes += m_cursor.skipBlanks() ? 1 : 0; }
 
-    KRGPXUtcTime m_time;
+    KRGPXTimeReader m_times;
     KRGPXByteCursor m_cursor;
     bool m_isOnGlobeOnly = false;
     bool m_areNamesWhole = true;
     int m_points = 0;
     qint64 m_nodes = 0;
-    qint64 m_timeTokens = 0;
     qint64 m_characters = 0;
 };

@@ -300,20 +300,19 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
     const double latitude = degrees(KRGPXVocabulary::latitudeAttribute);
     const double longitude = degrees(KRGPXVocabulary::longitudeAttribute);
     double elevation = 0.0;
-    QDateTime timeStamp;
+    KRGPXTime time;
     QString description;
     bool hasElevation = false;
-    bool hasTimeStamp = false;
+    bool hasTime = false;
     bool hasDescription = false;
     while (m_tokens.nextChild()) {
         if (!hasElevation && isAt(KRGPXVocabulary::elevationElement)) {
             hasElevation = true;
             elevation = KRMath::toDouble(readText(KRInputLimits::keptCharacters), 0.0);
-        } else if (!hasTimeStamp && isAt(KRGPXVocabulary::timeElement)) {
-            hasTimeStamp = true;
-            const QString &text = readText(KRInputLimits::keptCharacters);
-            timeStamp = m_time.toDateTime(text);
-            m_tokens.device().addTime(text, timeStamp);
+        } else if (!hasTime && isAt(KRGPXVocabulary::timeElement)) {
+            hasTime = true;
+            time = m_times.read(readText(KRInputLimits::keptCharacters));
+            m_tokens.device().addTokens(m_times.takeTokens());
         } else if (!hasDescription && isAt(KRGPXVocabulary::descriptionElement)) {
             hasDescription = true;
             description = textToKeep();
@@ -322,7 +321,7 @@ void KRGPXStreamReader::readPoint(KRGPXTrackSegment *segment)
         }
     }
     if (!m_options.isOnGlobeOnly || KRGPXVocabulary::isOnGlobe(latitude, longitude))
-        segment->append(latitude, longitude, KRMath::toInt(elevation), timeStamp, description);
+        segment->append(latitude, longitude, KRMath::toInt(elevation), time, description);
 }
 
 /// As m_tokens.nextChild(), but points of plain form may be added to @p segment on the way.
@@ -347,7 +346,7 @@ const char *KRGPXStreamReader::takeRun(const char *begin, const char *end)
     m_points += m_scanner.points();
     m_keptCharacters += m_scanner.characters();
     m_tokens.device().allowForPoints(m_scanner.points());
-    m_tokens.device().addTokens(m_scanner.timeTokens());
+    m_tokens.device().addTokens(m_scanner.takeTimeTokens());
     m_nodes += m_scanner.nodes();
     countLines(begin, endOfRun);
     return endOfRun;

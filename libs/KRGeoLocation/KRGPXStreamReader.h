@@ -91,7 +91,7 @@ private:
     int m_takenLines = 0;
     qint64 m_columnShift = 0;
     qint64 m_shiftedLine = 0; // as the reader counts
-    KRGPXUtcTime m_time;
+    KRGPXTimeReader m_times;
     QString m_text; // of the element read last; kept for its memory
     qint64 m_keptCharacters = 0;
     int m_points = 0;

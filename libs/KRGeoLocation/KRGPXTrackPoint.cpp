@@ -1,8 +1,8 @@
 #include "KRGPXTrackPoint.h"
 
 #include "KRGPXCommaText.h"
+#include "KRGPXTime.h"
 #include "KRGPXTrackPointImpl.h"
-#include "KRGPXUtcTime.h"
 
 KRGPXTrackPoint::KRGPXTrackPoint() : d(new KRGPXTrackPointImpl) { }
 
@@ -27,7 +27,7 @@ KRGPXTrackPoint KRGPXTrackPoint::decodeKml(const QString &text)
 KRGPXTrackPoint KRGPXTrackPoint::decodeKml(QStringView text)
 {
     const KRGPXCommaText fields = KRGPXCommaText::decode(text);
-    const bool hasTime = fields.milliseconds != KRGPXUtcTime::noTime;
+    const bool hasTime = fields.milliseconds != KRGPXTime::noTime;
     return KRGPXTrackPoint(KRGeoPosition(fields.latitude, fields.longitude), fields.elevation,
                            hasTime ? QDateTime::fromMSecsSinceEpoch(fields.milliseconds) : QDateTime(), QString());
 }

@@ -1,17 +1,15 @@
 #include "KRGPXTrackPointColumns.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
-constexpr qint64 noTime = KRGPXUtcTime::noTime;
+constexpr qint64 noTime = KRGPXTime::noTime;
 // Among the milliseconds: the time lies in the side table.
 constexpr qint64 unusualTime = noTime + 1;
 
-// Zones are seconds east of Greenwich, or this.
-constexpr int localZone = std::numeric_limits<int>::min();
-constexpr int utcZone = 0;
+// Zones are those of KRGPXTime, or this: the local one of a time that a comma text gave.
+constexpr int commaTextZone = KRGPXTime::localZone + 1;
 
 /// Columns end with the last value that is not the usual one.
 template <typename Value>
@@ -44,16 +42,15 @@ KRGeoPositionSpan KRGPXTrackPointColumns::positions() const
     return {m_latitudes.constData(), m_longitudes.constData(), count()};
 }
 
-QDateTime KRGPXTrackPointColumns::timeStamp(int index) const
+KRGPXTime KRGPXTrackPointColumns::time(int index) const
 {
     const qint64 milliseconds = m_times.value(index, noTime);
     if (milliseconds == noTime)
-        return QDateTime();
+        return KRGPXTime();
     if (milliseconds == unusualTime)
-        return valueAt(m_unusualTimes, index);
+        return {noTime, KRGPXTime::utcZone, valueAt(m_unusualTimes, index)};
     const int zone = zoneAt(index);
-    return zone == localZone ? QDateTime::fromMSecsSinceEpoch(milliseconds)
-                             : QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::OffsetFromUTC, zone);
+    return {milliseconds, zone == commaTextZone ? KRGPXTime::localZone : zone, QDateTime()};
 }
 
 QString KRGPXTrackPointColumns::description(int index) const
@@ -68,18 +65,13 @@ KRGPXTrackPoint KRGPXTrackPointColumns::point(int index) const
 
 KRGPXCommaText KRGPXTrackPointColumns::commaText(int index) const
 {
-    qint64 milliseconds = m_times.value(index, noTime);
-    if (milliseconds == unusualTime) {
-        const QDateTime time = timeStamp(index);
-        milliseconds = time.isValid() ? time.toMSecsSinceEpoch() : noTime;
-    }
-    return {m_latitudes.at(index), m_longitudes.at(index), elevation(index), milliseconds};
+    return {m_latitudes.at(index), m_longitudes.at(index), elevation(index), time(index).toMilliseconds()};
 }
 
 qint64 KRGPXTrackPointColumns::secondsOfCommaText(int index) const
 {
     const qint64 milliseconds = m_times.value(index, noTime);
-    const bool isFromCommaText = milliseconds > unusualTime && zoneAt(index) == localZone;
+    const bool isFromCommaText = milliseconds > unusualTime && zoneAt(index) == commaTextZone;
     return isFromCommaText ? milliseconds / 1000 : noTime;
 }
 
@@ -98,32 +90,23 @@ void KRGPXTrackPointColumns::reserve(int count)
     m_longitudes.reserve(count);
 }
 
-void KRGPXTrackPointColumns::append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
+void KRGPXTrackPointColumns::append(double latitude, double longitude, int elevation, const KRGPXTime &time,
                                     const QString &description)
 {
-    const int index = count();
-    const bool hasFixedOffset = timeStamp.timeSpec() == Qt::UTC || timeStamp.timeSpec() == Qt::OffsetFromUTC;
-    const qint64 milliseconds = timeStamp.isValid() && hasFixedOffset ? timeStamp.toMSecsSinceEpoch() : noTime;
-    if (milliseconds > unusualTime) {
-        appendTime(milliseconds, timeStamp.offsetFromUtc());
-    } else if (!isNoTime(timeStamp)) {
-        appendTime(unusualTime, utcZone);
-        m_unusualTimes.append({index, timeStamp});
+    if (time.milliseconds >= KRGPXTime::leastMilliseconds) {
+        appendTime(time.milliseconds, time.zone);
+    } else if (!isNoTime(time.dateTime)) {
+        appendTime(unusualTime, KRGPXTime::utcZone);
+        m_unusualTimes.append({count(), time.dateTime});
     }
     if (!description.isEmpty())
-        m_descriptions.append({index, description});
+        m_descriptions.append({count(), description});
     appendPlace(latitude, longitude, elevation);
 }
 
-void KRGPXTrackPointColumns::append(double latitude, double longitude, int elevation, qint64 milliseconds)
+void KRGPXTrackPointColumns::appendCommaText(double latitude, double longitude, int elevation, qint64 milliseconds)
 {
-    appendTime(milliseconds, utcZone);
-    appendPlace(latitude, longitude, elevation);
-}
-
-void KRGPXTrackPointColumns::appendWithLocalTime(double latitude, double longitude, int elevation, qint64 milliseconds)
-{
-    appendTime(milliseconds, localZone);
+    appendTime(milliseconds, commaTextZone);
     appendPlace(latitude, longitude, elevation);
 }
 
@@ -142,7 +125,7 @@ void KRGPXTrackPointColumns::appendTime(qint64 milliseconds, int zone)
 {
     const int index = count();
     put(m_times, index, milliseconds, noTime);
-    const int zoneBefore = m_zones.isEmpty() ? utcZone : m_zones.last().second;
+    const int zoneBefore = m_zones.isEmpty() ? KRGPXTime::utcZone : m_zones.last().second;
     if (zone != zoneBefore && milliseconds > unusualTime)
         m_zones.append({index, zone});
 }
@@ -158,7 +141,7 @@ int KRGPXTrackPointColumns::zoneAt(int index) const
 {
     const auto next = std::upper_bound(m_zones.cbegin(), m_zones.cend(), index,
                                        [](int left, const QPair<int, int> &right) { return left < right.first; });
-    return next == m_zones.cbegin() ? utcZone : (next - 1)->second;
+    return next == m_zones.cbegin() ? KRGPXTime::utcZone : (next - 1)->second;
 }
 
 bool KRGPXTrackPointColumns::hasEqualTimes(const KRGPXTrackPointColumns &other) const
@@ -182,7 +165,7 @@ bool KRGPXTrackPointColumns::hasEqualTime(int index, const KRGPXTrackPointColumn
     const int zone = zoneAt(index);
     const int otherZone = other.zoneAt(index);
     const bool areNumbers = milliseconds > unusualTime && otherMilliseconds > unusualTime;
-    const bool isLocal = zone == localZone || otherZone == localZone;
+    const bool isLocal = std::min(zone, otherZone) <= commaTextZone;
     if (milliseconds == otherMilliseconds && milliseconds != unusualTime && (zone == otherZone || !areNumbers))
         return true;
     if (areNumbers && !isLocal)

@@ -23,24 +23,22 @@ public:
     /// In place until the columns are changed or destroyed.
     KRGeoPositionSpan positions() const;
     int elevation(int index) const { return m_elevations.value(index, 0); }
-    QDateTime timeStamp(int index) const;
+    QDateTime timeStamp(int index) const { return time(index).toDateTime(); }
+    KRGPXTime time(int index) const;
     QString description(int index) const;
     KRGPXTrackPoint point(int index) const;
     /// Everything but the description.
     KRGPXCommaText commaText(int index) const;
-    /// The time that a comma text gave, in seconds since 1970; KRGPXUtcTime::noTime for none and any other time.
+    /// The time that a comma text gave, in seconds since 1970; KRGPXTime::noTime for none and any other time.
     qint64 secondsOfCommaText(int index) const;
 
     /// Point by point as KRGPXTrackPoint compares.
     bool operator==(const KRGPXTrackPointColumns &other) const;
 
     void reserve(int count);
-    void append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
-                const QString &description);
-    /// A point with a time in UTC, in milliseconds since 1970, or KRGPXUtcTime::noTime.
-    void append(double latitude, double longitude, int elevation, qint64 milliseconds);
-    /// The same with a time that is given back as local time.
-    void appendWithLocalTime(double latitude, double longitude, int elevation, qint64 milliseconds);
+    void append(double latitude, double longitude, int elevation, const KRGPXTime &time, const QString &description);
+    /// The same with the time of a comma text, in milliseconds since 1970 or KRGPXTime::noTime, which is a local one.
+    void appendCommaText(double latitude, double longitude, int elevation, qint64 milliseconds);
     /// Gives back the memory kept for further points.
     void squeeze();
 

@@ -1,7 +1,7 @@
 #include "KRGPXTrackPointImpl.h"
 
 #include "KRGPXCommaText.h"
-#include "KRGPXUtcTime.h"
+#include "KRGPXTime.h"
 #include "KRGPXVocabulary.h"
 
 #include <KRCore/KRMath.h>
@@ -54,7 +54,7 @@ bool KRGPXTrackPointImpl::operator==(const KRGPXTrackPointImpl &other) const
 QString KRGPXTrackPointImpl::toKml() const
 {
     return KRGPXCommaText::join(encode(m_position.longitude()), encode(m_position.latitude()), m_elevation,
-                                m_timeStamp.isValid() ? m_timeStamp.toMSecsSinceEpoch() : KRGPXUtcTime::noTime);
+                                m_timeStamp.isValid() ? m_timeStamp.toMSecsSinceEpoch() : KRGPXTime::noTime);
 }
 
 void KRGPXTrackPointImpl::toXml(QDomElement &parent) const

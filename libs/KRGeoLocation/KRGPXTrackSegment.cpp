@@ -107,6 +107,11 @@ QDateTime KRGPXTrackSegment::timeStamp(int index) const
     return d->timeStamp(index);
 }
 
+KRGPXTime KRGPXTrackSegment::time(int index) const
+{
+    return d->time(index);
+}
+
 QString KRGPXTrackSegment::description(int index) const
 {
     return d->description(index);
@@ -188,18 +193,24 @@ KRGeoPositionList KRGPXTrackSegment::collectBlock(const KRIntRange &range) const
 void KRGPXTrackSegment::append(const KRGPXTrackPoint &point)
 {
     const QPointF degrees = point.position().toPointF();
-    d->append(degrees.y(), degrees.x(), point.elevation(), point.timeStamp(), point.description());
+    append(degrees.y(), degrees.x(), point.elevation(), point.timeStamp(), point.description());
 }
 
 void KRGPXTrackSegment::append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
                                const QString &description)
 {
-    d->append(latitude, longitude, elevation, timeStamp, description);
+    d->append(latitude, longitude, elevation, KRGPXTime::of(timeStamp), description);
+}
+
+void KRGPXTrackSegment::append(double latitude, double longitude, int elevation, const KRGPXTime &time,
+                               const QString &description)
+{
+    d->append(latitude, longitude, elevation, time, description);
 }
 
 void KRGPXTrackSegment::append(double latitude, double longitude, int elevation, qint64 milliseconds)
 {
-    d->append(latitude, longitude, elevation, milliseconds);
+    d->append(latitude, longitude, elevation, {milliseconds, KRGPXTime::utcZone, QDateTime()}, QString());
 }
 
 void KRGPXTrackSegment::appendCompressed(const QString &text)
@@ -210,7 +221,7 @@ void KRGPXTrackSegment::appendCompressed(const QString &text)
     if (added > columns->count())
         columns->reserve(columns->count() + added);
     forEachCommaText(text, [&](const KRGPXCommaText &point) {
-        columns->appendWithLocalTime(point.latitude, point.longitude, point.elevation, point.milliseconds);
+        columns->appendCommaText(point.latitude, point.longitude, point.elevation, point.milliseconds);
     });
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "KRGPXTime.h"
 #include "KRGPXTrackPoint.h"
-#include "KRGPXUtcTime.h"
 #include "KRGeoPositionSpan.h"
 
 #include <QSharedDataPointer>
@@ -20,7 +20,7 @@ class KRGEOLOCATION_EXPORT KRGPXTrackSegment : public KRGPXTrackElement
 {
 public:
     /// Stands for "no time" where a time is a number of milliseconds.
-    static constexpr qint64 noTime = KRGPXUtcTime::noTime;
+    static constexpr qint64 noTime = KRGPXTime::noTime;
 
     KRGPXTrackSegment();
     explicit KRGPXTrackSegment(const QList<KRGPXTrackPoint> &points);
@@ -45,6 +45,8 @@ public:
     /// What trackPoint() has, without making the point.
     int elevation(int index) const;
     QDateTime timeStamp(int index) const;
+    /// The same in the form that takes little time to ask for and to append.
+    KRGPXTime time(int index) const;
     QString description(int index) const;
     /// The number that a comma text gave as the time of that point and that was taken for seconds since 1970; noTime
     /// for a point without a time and for one whose time came in another way.
@@ -77,7 +79,9 @@ public:
     /// How readers add points one by one: decimal degrees, whole metres.
     void append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
                 const QString &description);
-    /// The same without a description; the time in milliseconds since 1970, in UTC, or noTime.
+    void append(double latitude, double longitude, int elevation, const KRGPXTime &time,
+                const QString &description = QString());
+    /// The same with the time in milliseconds since 1970, in UTC, or noTime.
     void append(double latitude, double longitude, int elevation, qint64 milliseconds);
     /// Adds what decodeTrackPoints() reads.
     void appendCompressed(const QString &text);

@@ -317,15 +317,6 @@ private slots:
         compareWithDom(xml + "</trkseg></trk></gpx>");
     }
 
-    void millisecondsEqualTheDom()
-    {
-        QByteArray xml = "<gpx><trk><trkseg>";
-        for (int i = 0; i < 1000; ++i)
-            xml += "<trkpt lat=\"1\" lon=\"2\"><time>1969-12-31T23:59:59." + QByteArray::number(1000 + i).mid(1)
-                   + "Z</time></trkpt>";
-        compareWithDom(xml + "</trkseg></trk></gpx>");
-    }
-
     void truncatedAnywhereGivesNothing()
     {
         const QByteArray whole = "<?xml version=\"1.0\"?>\n<gpx><trk><name>a</name><trkseg><trkpt lat=\"1\" lon=\"2\">"

@@ -244,10 +244,10 @@ void tst_KRHostileFiles::areRefused_data()
         },
         "zu viel anderen Inhalt");
     row(
-        "many local times", "a.gpx",
+        "many local times of odd form", "a.gpx",
         [] {
             return gpx("<trk><trkseg>"
-                       + numbered("<trkpt lat='1' lon='2'><time>2020-01-01T00:00:00.%d</time></trkpt>", 520000)
+                       + numbered("<trkpt lat='1' lon='2'><time>2020-01-01T00:00:00,%d</time></trkpt>", 520000)
                        + "</trkseg></trk>");
         },
         "zu viel anderen Inhalt");
