@@ -18,7 +18,7 @@ KRExchangeLosses::Positions KRExchangeLosses::count(const KRGPXTrack &track)
                 continue;
             }
             ++count.exchangeable;
-            count.timed += segment.timeStamp(i).isValid() ? 1 : 0;
+            count.timed += segment.time(i).isValid() ? 1 : 0;
         }
     }
     return count;

@@ -1,8 +1,7 @@
 #include "KRExchangeText.h"
 
+#include <KRGeoLocation/KRGPXTime.h>
 #include <KRGeoLocation/KRGeoPosition.h>
-
-#include <QDateTime>
 
 bool KRExchangeText::isExchangeable(const KRGeoPosition &position)
 {
@@ -19,7 +18,9 @@ QString KRExchangeText::degrees(const KRGeoArc &angle)
     return text == QLatin1String("-0") ? QStringLiteral("0") : text;
 }
 
-QString KRExchangeText::utc(const QDateTime &time)
+QString KRExchangeText::utc(const KRGPXTime &time)
 {
-    return time.toUTC().toString(time.time().msec() == 0 ? Qt::ISODate : Qt::ISODateWithMs);
+    const qint64 milliseconds = time.toMilliseconds();
+    const Qt::DateFormat format = milliseconds % 1000 == 0 ? Qt::ISODate : Qt::ISODateWithMs;
+    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(format);
 }

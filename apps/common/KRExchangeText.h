@@ -2,9 +2,9 @@
 
 #include <QString>
 
-class KRGeoPosition;
-class QDateTime;
 class KRGeoArc;
+class KRGeoPosition;
+struct KRGPXTime;
 
 /**
  * Values as the exchange formats GPX and KML write them, independent of the locale.
@@ -20,5 +20,5 @@ public:
     static QString degrees(const KRGeoArc &angle);
 
     /// ISO 8601 in UTC, "2025-05-17T08:30:00Z", with milliseconds where there are any.
-    static QString utc(const QDateTime &time);
+    static QString utc(const KRGPXTime &time);
 };

@@ -6,7 +6,6 @@
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXConfiguredTrackList.h>
 #include <KRGeoLocation/KRGPXTrack.h>
-#include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 #include <KRXML/KRXMLBuilder.h>
 
@@ -86,18 +85,18 @@ void KRGpxWriter::writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &s
 {
     xml.writeStartElement(QStringLiteral("trkseg"));
     for (int i = 0; i < segment.count(); ++i) {
-        const KRGPXTrackPoint point = segment.trackPoint(i);
-        const KRGeoPosition position = point.position();
+        const KRGeoPosition position = segment.positions().at(i);
         if (!KRExchangeText::isExchangeable(position))
             continue;
         xml.writeStartElement(QStringLiteral("trkpt"));
         xml.writeAttribute(QStringLiteral("lat"), KRExchangeText::degrees(position.latitude()));
         xml.writeAttribute(QStringLiteral("lon"), KRExchangeText::degrees(position.longitude().normalized()));
-        if (point.elevation() != 0)
-            xml.writeTextElement(QStringLiteral("ele"), QString::number(point.elevation()));
-        if (point.timeStamp().isValid())
-            xml.writeTextElement(QStringLiteral("time"), KRExchangeText::utc(point.timeStamp()));
-        writeText(xml, QStringLiteral("desc"), point.description());
+        if (segment.elevation(i) != 0)
+            xml.writeTextElement(QStringLiteral("ele"), QString::number(segment.elevation(i)));
+        const KRGPXTime time = segment.time(i);
+        if (time.isValid())
+            xml.writeTextElement(QStringLiteral("time"), KRExchangeText::utc(time));
+        writeText(xml, QStringLiteral("desc"), segment.description(i));
         xml.writeEndElement();
     }
     xml.writeEndElement();

@@ -46,27 +46,25 @@ bool isArea(const KRGPXConfiguredTrack &track)
            && (track.hasDrawOption(FillDisplayOption) || !track.track().enclaves().isEmpty());
 }
 
-/// Calls @p use with each point that can be written, one after the other: a list of all would take much more memory
-/// than the segment does.
+/// Calls @p use with the index of each point that can be written.
 template <typename Use>
 void forEachPoint(const KRGPXTrackSegment &segment, const Use &use)
 {
     for (int i = 0; i < segment.count(); ++i) {
-        const KRGPXTrackPoint point = segment.trackPoint(i);
-        if (KRExchangeText::isExchangeable(point.position()))
-            use(point);
+        if (KRExchangeText::isExchangeable(segment.positions().at(i)))
+            use(i);
     }
 }
 
-QString coordinate(const KRGPXTrackPoint &point)
+QString coordinate(const KRGPXTrackSegment &segment, int index)
 {
-    return tuple(point.position(), point.elevation(), QLatin1Char(','));
+    return tuple(segment.positions().at(index), segment.elevation(index), QLatin1Char(','));
 }
 
 QString coordinates(const KRGPXTrackSegment &segment)
 {
     QString text;
-    forEachPoint(segment, [&](const KRGPXTrackPoint &point) { text += coordinate(point) + QLatin1Char('\n'); });
+    forEachPoint(segment, [&](int i) { text += coordinate(segment, i) + QLatin1Char('\n'); });
     return text.trimmed();
 }
 
@@ -74,19 +72,22 @@ QString coordinates(const KRGPXTrackSegment &segment)
 QString ringCoordinates(const KRGPXTrack &track)
 {
     QString text;
-    KRGPXTrackPoint first;
-    KRGPXTrackPoint last;
+    QString first;
+    KRGeoPosition firstPosition;
+    KRGeoPosition lastPosition;
     const QList<KRGPXTrackSegment> segments = track.segments();
     for (const KRGPXTrackSegment &segment : segments) {
-        forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
-            if (text.isEmpty())
-                first = point;
-            last = point;
-            text += coordinate(point) + QLatin1Char('\n');
+        forEachPoint(segment, [&](int i) {
+            lastPosition = segment.positions().at(i);
+            if (text.isEmpty()) {
+                first = coordinate(segment, i);
+                firstPosition = lastPosition;
+            }
+            text += coordinate(segment, i) + QLatin1Char('\n');
         });
     }
-    if (first.position() != last.position())
-        text += coordinate(first);
+    if (firstPosition != lastPosition)
+        text += first;
     return text.trimmed();
 }
 
@@ -99,23 +100,19 @@ void writeBoundary(QXmlStreamWriter &xml, const QString &name, const KRGPXTrack 
     xml.writeEndElement();
 }
 
-bool hasTime(const KRGPXTrackPoint &point)
-{
-    return point.timeStamp().isValid();
-}
-
 /// A point without a time has an empty one, as there have to be as many times as positions.
 void writeTrack(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
 {
     xml.writeStartElement(gxNamespace, QStringLiteral("Track"));
-    forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
+    forEachPoint(segment, [&](int i) {
+        const KRGPXTime time = segment.time(i);
         xml.writeTextElement(kmlNamespace, QStringLiteral("when"),
-                             hasTime(point) ? KRExchangeText::utc(point.timeStamp()) : QString());
+                             time.isValid() ? KRExchangeText::utc(time) : QString());
     });
-    forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
-        const QString elevation = point.elevation() == 0 ? QStringLiteral(" 0") : QString();
+    forEachPoint(segment, [&](int i) {
+        const QString elevation = segment.elevation(i) == 0 ? QStringLiteral(" 0") : QString();
         xml.writeTextElement(gxNamespace, QStringLiteral("coord"),
-                             tuple(point.position(), point.elevation(), QLatin1Char(' ')) + elevation);
+                             tuple(segment.positions().at(i), segment.elevation(i), QLatin1Char(' ')) + elevation);
     });
     xml.writeEndElement();
 }
@@ -241,9 +238,10 @@ void KRKmlWriter::writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTra
                              KRXMLBuilder::readableText(track.description()));
     const bool isPoint = track.effectiveShape() == PointTrackShape;
     const KRGPXTrackPoint point = isPoint ? markedPoint(track) : KRGPXTrackPoint();
-    if (hasTime(point)) {
+    const KRGPXTime time = KRGPXTime::of(point.timeStamp());
+    if (time.isValid()) {
         xml.writeStartElement(kmlNamespace, QStringLiteral("TimeStamp"));
-        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(point.timeStamp()));
+        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(time));
         xml.writeEndElement();
     }
     xml.writeTextElement(kmlNamespace, QStringLiteral("styleUrl"), QLatin1Char('#') + styleId);
@@ -282,9 +280,9 @@ void KRKmlWriter::writeLines(QXmlStreamWriter &xml, const KRGPXTrack &track)
     bool isTimed = false;
     for (const KRGPXTrackSegment &segment : track.segments()) {
         bool isEmpty = true;
-        forEachPoint(segment, [&](const KRGPXTrackPoint &point) {
+        forEachPoint(segment, [&](int i) {
             isEmpty = false;
-            isTimed = isTimed || hasTime(point);
+            isTimed = isTimed || segment.time(i).isValid();
         });
         if (!isEmpty)
             segments.append(segment);

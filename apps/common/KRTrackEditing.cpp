@@ -47,7 +47,7 @@ QString joinedDescription(const QString &first, const QString &second)
 void append(KRGPXTrackSegment *segment, const KRGPXTrackSegment &other, int first, int end)
 {
     for (int i = first; i < end; ++i)
-        segment->append(other.trackPoint(i));
+        segment->append(other, i);
     segment->squeeze();
 }
 
@@ -99,7 +99,7 @@ KRGPXConfiguredTrack KRTrackEditing::reversed(const KRGPXConfiguredTrack &track)
     for (KRGPXTrackSegment &segment : segments) {
         KRGPXTrackSegment backwards;
         for (int i = segment.count() - 1; i >= 0; --i)
-            backwards.append(segment.trackPoint(i));
+            backwards.append(segment, i);
         backwards.squeeze();
         segment = backwards;
     }

@@ -6,7 +6,6 @@
 
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXTrack.h>
-#include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
 KRTrackFigures::KRTrackFigures(const KRGPXConfiguredTrack &track)
@@ -30,7 +29,7 @@ KRTrackFigures::KRTrackFigures(const KRGPXConfiguredTrack &track)
 double KRTrackFigures::durationSeconds() const
 {
     // Times may lie farther apart than their difference in whole milliseconds can tell.
-    return (double(m_to.toMSecsSinceEpoch()) - double(m_from.toMSecsSinceEpoch())) / 1000.0;
+    return (double(m_to.toMilliseconds()) - double(m_from.toMilliseconds())) / 1000.0;
 }
 
 void KRTrackFigures::addSegment(const KRGPXTrackSegment &segment, KRClimbCounter &climb, KRSpeedometer &speed)
@@ -38,14 +37,13 @@ void KRTrackFigures::addSegment(const KRGPXTrackSegment &segment, KRClimbCounter
     KRGeoPosition previous;
     m_pointCount += segment.count();
     for (int i = 0; i < segment.count(); ++i) {
-        const KRGPXTrackPoint point = segment.trackPoint(i);
-        const QDateTime time = point.timeStamp();
+        const KRGPXTime time = segment.time(i);
         addTime(time);
-        if (point.elevation() != 0) {
-            addElevation(point.elevation());
-            climb.add(point.elevation());
+        if (const int elevation = segment.elevation(i); elevation != 0) {
+            addElevation(elevation);
+            climb.add(elevation);
         }
-        const KRGeoPosition position = point.position();
+        const KRGeoPosition position = segment.positions().at(i);
         if (!position.isValid())
             continue;
         if (previous.isValid())
@@ -55,19 +53,19 @@ void KRTrackFigures::addSegment(const KRGPXTrackSegment &segment, KRClimbCounter
         m_lastPosition = position;
         previous = position;
         if (time.isValid())
-            speed.add(double(time.toMSecsSinceEpoch()), m_lengthKm);
+            speed.add(double(time.toMilliseconds()), m_lengthKm);
     }
     climb.startAnew();
     speed.startAnew();
 }
 
-void KRTrackFigures::addTime(const QDateTime &time)
+void KRTrackFigures::addTime(const KRGPXTime &time)
 {
     if (!time.isValid())
         return;
-    if (!m_from.isValid() || time < m_from)
+    if (!m_from.isValid() || time.toMilliseconds() < m_from.toMilliseconds())
         m_from = time;
-    if (!m_to.isValid() || time > m_to)
+    if (!m_to.isValid() || time.toMilliseconds() > m_to.toMilliseconds())
         m_to = time;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KRGeoLocation/KRGPXTime.h>
 #include <KRGeoLocation/KRGeoPosition.h>
 #include <KRGeoLocation/KRGeoPositionRect.h>
 
@@ -30,8 +31,8 @@ public:
     KRGeoPosition firstPosition() const { return m_firstPosition; }
     KRGeoPosition lastPosition() const { return m_lastPosition; }
     /// Earliest and latest time; not valid when no point has a time.
-    QDateTime from() const { return m_from; }
-    QDateTime to() const { return m_to; }
+    QDateTime from() const { return m_from.toDateTime(); }
+    QDateTime to() const { return m_to.toDateTime(); }
     /// From from() to to(), 0 when they are not valid.
     double durationSeconds() const;
     /// Crosses the date line (west > east) where that is the shorter way; not valid without a valid position.
@@ -54,7 +55,7 @@ public:
 
 private:
     void addSegment(const KRGPXTrackSegment &segment, KRClimbCounter &climb, KRSpeedometer &speed);
-    void addTime(const QDateTime &time);
+    void addTime(const KRGPXTime &time);
     void addElevation(int metres);
 
     int m_segmentCount = 0;
@@ -62,8 +63,8 @@ private:
     double m_lengthKm = 0.0;
     KRGeoPosition m_firstPosition;
     KRGeoPosition m_lastPosition;
-    QDateTime m_from;
-    QDateTime m_to;
+    KRGPXTime m_from;
+    KRGPXTime m_to;
     KRGeoPositionRect m_boundingBox;
     int m_lowestMetres = 0;
     int m_highestMetres = 0;

@@ -200,7 +200,7 @@ KRGPXTrack KRTrackSimplifier::simplified(const KRGPXTrack &track, float toleranc
         KRGPXTrackSegment left;
         for (int i = 0; i < segment.count(); ++i) {
             if (deviations[static_cast<std::size_t>(i)] > tolerance)
-                left.append(segment.trackPoint(i));
+                left.append(segment, i);
         }
         left.squeeze();
         segment = left;

@@ -1,9 +1,7 @@
 #include "KRElevationProfile.h"
 
-#include <KRGeoLocation/KRGPXTrackPoint.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
 #include <KRSpeedometer.h>
-
-#include <QDateTime>
 
 #include <algorithm>
 
@@ -42,18 +40,17 @@ void KRElevationProfile::add(const KRGPXTrackSegment &segment)
     double wayKm = lengthKm();
     KRGeoPosition previous;
     for (int i = 0; i < segment.count(); ++i) {
-        const KRGPXTrackPoint point = segment.trackPoint(i);
-        const KRGeoPosition position = point.position();
+        const KRGeoPosition position = segment.positions().at(i);
         if (!position.isValid())
             continue;
         if (previous.isValid())
             wayKm += previous.distance(position);
         previous = position;
-        const QDateTime time = point.timeStamp();
+        const int elevation = segment.elevation(i);
         m_samples.push_back({wayKm, position.latitude().decimalDegrees(), position.longitude().decimalDegrees(),
-                             time.isValid() ? time.toMSecsSinceEpoch() : KRGPXTrackSegment::noTime, point.elevation()});
-        if (point.elevation() != 0)
-            addElevation(point.elevation());
+                             segment.time(i).toMilliseconds(), elevation});
+        if (elevation != 0)
+            addElevation(elevation);
     }
     if (count() > start)
         m_starts.push_back(start);

@@ -196,6 +196,13 @@ void KRGPXTrackSegment::append(const KRGPXTrackPoint &point)
     append(degrees.y(), degrees.x(), point.elevation(), point.timeStamp(), point.description());
 }
 
+void KRGPXTrackSegment::append(const KRGPXTrackSegment &other, int index)
+{
+    const KRGeoPositionSpan columns = other.positions();
+    d->append(columns.latitudes[index], columns.longitudes[index], other.elevation(index), other.time(index),
+              other.description(index));
+}
+
 void KRGPXTrackSegment::append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
                                const QString &description)
 {

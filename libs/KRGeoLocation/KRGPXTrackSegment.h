@@ -76,6 +76,8 @@ public:
     KRGeoPositionList collectBlock(const KRIntRange &range) const;
 
     void append(const KRGPXTrackPoint &point);
+    /// Appends the point of another segment that has the index @p index there, without making it.
+    void append(const KRGPXTrackSegment &other, int index);
     /// How readers add points one by one: decimal degrees, whole metres.
     void append(double latitude, double longitude, int elevation, const QDateTime &timeStamp,
                 const QString &description);

@@ -186,8 +186,11 @@ private slots:
         }
         const KRGPXTrackSegment segment(points);
         QCOMPARE(segment.count(), points.size());
+        KRGPXTrackSegment copy;
         QStringList commaTexts;
         for (int i = 0; i < points.size(); ++i) {
+            copy.append(segment, i);
+            QCOMPARE(KRTestTrack::exactText(copy.trackPoint(i)), KRTestTrack::exactText(points.at(i)));
             commaTexts.append(points.at(i).toKml());
             QCOMPARE(KRTestTrack::exactText(segment.trackPoint(i)), KRTestTrack::exactText(points.at(i)));
             QCOMPARE(segment.allTimeStamps().at(i), points.at(i).timeStamp());
