@@ -33,6 +33,19 @@ int digits(const char *text, int count)
     return value;
 }
 
+/// Reads a point and three digits, which nearly all fractions have.
+inline bool readMilliseconds(const char **at, const char *end, int *millisecond)
+{
+    constexpr int length = 4;
+    const auto left = end - *at;
+    const int value = left < length ? notDigits : digits(*at + 1, length - 1);
+    if (value == notDigits || (left > length && digits(*at + length, 1) != notDigits))
+        return false;
+    *at += length;
+    *millisecond = value;
+    return true;
+}
+
 /// Seconds of "+02:00", "+0200" and "+02".
 bool readOffset(const char *text, const char *end, int *seconds)
 {
@@ -86,7 +99,9 @@ bool KRGPXTimeReader::readDigits(const char *text, int length, KRGPXTime *time)
     const char *const end = text + length;
     const char *at = text + shortestLength;
     int millisecond = 0;
-    if (day == KRGPXTime::noTime || (at != end && *at == '.' && !readFraction(&at, end, &millisecond)))
+    if (day == KRGPXTime::noTime)
+        return false;
+    if (at != end && *at == '.' && !readMilliseconds(&at, end, &millisecond) && !readFraction(&at, end, &millisecond))
         return false;
 
     const qint64 clock = day * millisecondsPerDay + ((hour * 60 + minute) * 60 + second) * 1000 + millisecond;
