@@ -9,6 +9,15 @@ KRGPXTime KRGPXTime::of(const QDateTime &time)
     return {milliseconds, time.offsetFromUtc(), QDateTime()};
 }
 
+bool KRGPXTime::isValid() const
+{
+    if (milliseconds == noTime)
+        return dateTime.isValid();
+    // Comma texts may have times at which the clock cannot be told in milliseconds.
+    constexpr qint64 farthest = std::numeric_limits<qint64>::max() - qint64(2) * 24 * 3600 * 1000;
+    return zone != localZone || (milliseconds > -farthest && milliseconds < farthest) || toDateTime().isValid();
+}
+
 QDateTime KRGPXTime::toDateTime() const
 {
     if (milliseconds == noTime)

@@ -8,7 +8,8 @@
 
 /**
  * The time of a point as segments keep it: a number where that says all, for a QDateTime in local time asks the system
- * for the zone again and again, which takes microseconds.
+ * for the zone again and again, which takes microseconds. Local times keep the instant that they had when they were
+ * read, even if the zone of the system changes.
  */
 struct KRGEOLOCATION_EXPORT KRGPXTime {
     static constexpr qint64 noTime = std::numeric_limits<qint64>::min();
@@ -23,7 +24,7 @@ struct KRGEOLOCATION_EXPORT KRGPXTime {
     /// Of anything that a QDateTime can hold.
     static KRGPXTime of(const QDateTime &time);
 
-    bool isValid() const { return milliseconds != noTime || dateTime.isValid(); }
+    bool isValid() const;
     QDateTime toDateTime() const;
     /// The same, in UTC and without asking the system for its zone where the numbers tell; noTime if it is not valid.
     qint64 toMilliseconds() const;

@@ -15,6 +15,7 @@ namespace {
 constexpr int notDigits = -1;
 constexpr int longestByDigits = 35; // characters: nine digits of a fraction, and an offset
 constexpr qint64 millisecondsPerDay = 86400000;
+constexpr int tokensPerFraction = 2; // that is read by QTime
 
 // Cells of time are the days of UTC. No clock is changed by more than one, nor twice within three.
 constexpr qint64 secondsPerCell = 24 * 3600;
@@ -88,6 +89,8 @@ qint64 KRGPXTimeReader::takeTokens()
 bool KRGPXTimeReader::readDigits(const char *text, int length, KRGPXTime *time)
 {
     constexpr int shortestLength = 19;
+    time->milliseconds = KRGPXTime::noTime;
+    time->zone = KRGPXTime::utcZone;
     if (length < shortestLength || (text[10] != 'T' && text[10] != ' ') || text[13] != ':' || text[16] != ':')
         return false;
     const int hour = digits(text + 11, 2);
@@ -120,12 +123,14 @@ bool KRGPXTimeReader::readDigits(const char *text, int length, KRGPXTime *time)
 qint64 KRGPXTimeReader::readDay(const char *text)
 {
     static const qint64 firstDay = QDate(1970, 1, 1).toJulianDay();
+    if (text[4] != '-' || text[7] != '-')
+        return KRGPXTime::noTime;
     if (std::equal(m_dayText.cbegin(), m_dayText.cend(), text))
         return m_day;
     const int year = digits(text, 4);
     const QDate date(year, digits(text + 5, 2), digits(text + 8, 2));
     // QDate knows a year -1.
-    if (text[4] != '-' || text[7] != '-' || year <= 0 || !date.isValid())
+    if (year <= 0 || !date.isValid())
         return KRGPXTime::noTime;
     std::copy_n(text, m_dayText.size(), m_dayText.begin());
     m_day = date.toJulianDay() - firstDay;
@@ -151,7 +156,7 @@ bool KRGPXTimeReader::readFraction(const char **at, const char *end, int *millis
         ++*millisecond;
     } else {
         // Versions of Qt do not agree on how many digits count, and how.
-        m_tokens += KRInputLimits::tokensPerOtherTime;
+        m_tokens += tokensPerFraction;
         const QString text = QStringLiteral("00:00:00.") + QLatin1String(begin, count);
         *millisecond = QTime(0, 0).msecsTo(QTime::fromString(text, Qt::ISODate));
     }
@@ -163,11 +168,25 @@ const QDateTime &KRGPXTimeReader::readOther(const QString &text)
 {
     if (text == m_otherText)
         return m_otherTime;
+    askForLastClock();
     m_otherText = text;
     m_otherTime = KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
-    const bool isLocal = m_otherTime.isValid() && m_otherTime.timeSpec() == Qt::LocalTime;
+    // The system is asked for times that its clock leaves out, too.
+    const bool isLocal = m_otherTime.timeSpec() == Qt::LocalTime;
     m_tokens += isLocal ? KRInputLimits::tokensPerLocalTime : KRInputLimits::tokensPerOtherTime;
     return m_otherTime;
+}
+
+/// Of two hours that show the same on the clock the system takes the one nearer to what it has been asked for last:
+/// in a record, to the point before.
+void KRGPXTimeReader::askForLastClock()
+{
+    const qint64 clock = std::exchange(m_lastClock, KRGPXTime::noTime);
+    if (clock == KRGPXTime::noTime)
+        return;
+    m_tokens += KRInputLimits::tokensPerLocalTime;
+    const QDateTime shown = QDateTime::fromMSecsSinceEpoch(clock, Qt::UTC);
+    QDateTime(shown.date(), shown.time(), Qt::LocalTime).toMSecsSinceEpoch();
 }
 
 /// In UTC, of what a clock shows; noTime where its offset may have changed.
@@ -176,6 +195,7 @@ qint64 KRGPXTimeReader::millisecondsOfLocal(qint64 clockMilliseconds)
     const qint64 second = clockMilliseconds / 1000;
     if ((second < m_spanBegin || second >= m_spanEnd) && !findSpan(second))
         return KRGPXTime::noTime;
+    m_lastClock = clockMilliseconds;
     return clockMilliseconds - m_spanOffset * 1000;
 }
 

@@ -34,6 +34,7 @@ private:
     qint64 readDay(const char *text);
     bool readFraction(const char **at, const char *end, int *millisecond);
     const QDateTime &readOther(const QString &text);
+    void askForLastClock();
 
     qint64 millisecondsOfLocal(qint64 clockMilliseconds);
     bool findSpan(qint64 clockSecond);
@@ -47,6 +48,7 @@ private:
     qint64 m_day = 0;
     QString m_otherText;
     QDateTime m_otherTime;
+    qint64 m_lastClock = KRGPXTime::noTime; // what the clock shows at the last local time that was read by digits
     // Seconds that the clock shows, from begin to before end, and in between the seconds by which it is ahead of UTC.
     qint64 m_spanBegin = 0;
     qint64 m_spanEnd = 0;

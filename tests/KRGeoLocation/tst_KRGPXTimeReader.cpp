@@ -14,6 +14,7 @@ namespace {
 // Rules instead of names, for which a system may have no tables.
 constexpr char utc[] = "UTC0";
 constexpr char berlin[] = "CET-1CEST,M3.5.0,M10.5.0/3";
+constexpr char newYork[] = "EST5EDT,M3.2.0,M11.1.0";
 constexpr char lordHowe[] = "<+1030>-10:30<+11>-11,M10.1.0,M4.1.0"; // changes by half an hour
 constexpr char beirut[] = "EET-2EEST,M3.5.0/0,M10.5.0/0"; // changes at midnight
 
@@ -150,6 +151,31 @@ private slots:
         }
     }
 
+    /// Of an hour that comes twice the system takes the one that is nearer to the time it was asked for before.
+    void recordThroughAChange()
+    {
+        const KRTestTable<const char *, QDate> table{
+            {"one hour", berlin, QDate(2024, 10, 27)},
+            {"in the night of Sunday", newYork, QDate(2024, 11, 3)},
+            {"half an hour", lordHowe, QDate(2024, 4, 7)},
+        };
+        table.forEach([](const char *rule, const QDate &day) {
+            const Zone zone(rule);
+            const QString format = QStringLiteral("yyyy-MM-ddThh:mm:ss");
+            QStringList texts;
+            for (int minute = 0; minute < 5 * 60; ++minute)
+                texts.append(QDateTime(day, QTime(0, 0), Qt::UTC).addSecs(minute * 60).toString(format));
+            QList<qint64> expected;
+            for (const QString &text : qAsConst(texts))
+                expected.append(QDateTime::fromString(text, Qt::ISODate).toMSecsSinceEpoch());
+            KRGPXTimeReader reader;
+            QList<qint64> found;
+            for (const QString &text : qAsConst(texts))
+                found.append(reader.read(text).toMilliseconds());
+            QCOMPARE(found, expected);
+        });
+    }
+
     void asksForWhatIsNew()
     {
         constexpr int perHour = 20;
@@ -162,8 +188,8 @@ private slots:
             {"UTC", QDate(2024, 3, 20), 20, ".5Z", 0, 0},
             {"an offset", QDate(2024, 3, 20), 20, "+01:00", 0, 0},
             {"local times", QDate(2024, 5, 1), 7, "", local, (7 + 4) * local},
-            {"an hour that is left out", QDate(2024, 3, 25), 7, "", perHour * other, (perHour + 7 + 24) * local},
-            {"an hour that comes twice", QDate(2024, 10, 21), 7, "", perHour * local, (perHour + 7 + 24) * local},
+            {"an hour that is left out", QDate(2024, 3, 25), 7, "", perHour * local, (perHour + 7 + 1 + 24) * local},
+            {"an hour that comes twice", QDate(2024, 10, 21), 7, "", perHour * local, (perHour + 7 + 1 + 24) * local},
             {"years that Qt reads in its own way", QDate(1970, 7, 1), 1, "", perDay * local, perDay * local},
             {"other forms", QDate(2024, 5, 1), 1, ",5Z", perDay * other, perDay * other},
         };
