@@ -44,7 +44,7 @@ inline constexpr int wordCharacters = 4 << 20;
 /// tag or text.
 inline constexpr int references = 2000000;
 /// Tags, texts and comments of a document that is in memory as a whole and read one by one, about a second.
-inline constexpr int documentTokens = 6000000;
+inline constexpr int documentTokens = 5000000;
 /// Tags, texts and comments, and bytes, of a file that is read piece by piece; for every point in it there may be
 /// tokensPerPoint and bytesPerPoint more. Plain points, which no XML reader sees, do not count.
 inline constexpr int bulkTokens = 3500000;

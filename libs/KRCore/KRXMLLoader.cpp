@@ -22,7 +22,9 @@ QByteArray readable(const QByteArray &xml)
 
 QString readable(const QString &xml)
 {
-    const bool isCut = KRQtCompat::domCutsReferences && xml.contains(QLatin1String("&#"));
+    // The first search is much faster, and ends most.
+    const bool isCut =
+        KRQtCompat::domCutsReferences && xml.contains(QLatin1Char('&')) && xml.contains(QLatin1String("&#"));
     return isCut ? KRXMLSurrogates::splitReferences(xml) : xml;
 }
 
