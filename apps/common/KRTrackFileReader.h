@@ -21,7 +21,7 @@ class KRTrackFileReader
 {
 public:
     /// Names a file within the element "trk".
-    static constexpr QLatin1String includeElement{"include"};
+    inline static const QLatin1String includeElement{"include"};
 
     /// @p folder is QDir("") for documents without one, whose tracks name no files.
     explicit KRTrackFileReader(const QDir &folder) : m_folder(folder) { }

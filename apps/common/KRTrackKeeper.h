@@ -17,7 +17,7 @@ class KRTrackKeeper
 {
 public:
     /// Which track, enclave or point an element belongs to, counted from 0.
-    static constexpr QLatin1String numberAttribute{"number"};
+    inline static const QLatin1String numberAttribute{"number"};
 
     /// Appends the descriptions to @p element; says whether there were any.
     static bool keep(const KRGPXTrack &track, QDomElement &element);
