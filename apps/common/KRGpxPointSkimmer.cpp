@@ -14,6 +14,9 @@ namespace {
 constexpr char pointStart[] = "<trkpt";
 constexpr char pointEnd[] = "</trkpt";
 constexpr int pointStartSize = sizeof pointStart - 1;
+// Comments and CDATA of a point, and bytes of each.
+constexpr int mostQuotes = 4;
+constexpr std::size_t longestQuote = 500;
 
 bool isBlank(char byte)
 {
@@ -66,17 +69,19 @@ private:
 
     const char *endOfContent()
     {
-        while (goTo("<")) {
+        // With more of them the same bytes might be looked at from many beginnings of points.
+        int quotesLeft = mostQuotes;
+        while (goTo("<", size_t(m_end - m_cursor.at()))) {
             if (m_cursor.skip(pointEnd)) {
                 m_cursor.skipBlanks();
                 return m_cursor.skip(">") ? m_cursor.at() : nullptr;
             }
             // These two may quote an end.
             if (m_cursor.skip("<!--")) {
-                if (!goTo("-->"))
+                if (--quotesLeft < 0 || !skipQuote("-->", "]]>"))
                     return nullptr;
             } else if (m_cursor.skip("<![CDATA[")) {
-                if (!goTo("]]>"))
+                if (--quotesLeft < 0 || !skipQuote("]]>", "-->"))
                     return nullptr;
             } else if (m_cursor.skip("<!") || m_cursor.skip("<?") || m_cursor.skip(pointStart)) {
                 // A point in a point is none that we know.
@@ -88,9 +93,17 @@ private:
         return nullptr;
     }
 
-    bool goTo(std::string_view text)
+    /// Up to its end, unless there may stand the end of what the point itself is quoted in.
+    bool skipQuote(std::string_view end, std::string_view endOfOther)
     {
-        const std::string_view rest(m_cursor.at(), size_t(m_end - m_cursor.at()));
+        const char *const begin = m_cursor.at();
+        return goTo(end, longestQuote)
+               && std::string_view(begin, size_t(m_cursor.at() - begin)).find(endOfOther) == std::string_view::npos;
+    }
+
+    bool goTo(std::string_view text, size_t mostBytes)
+    {
+        const std::string_view rest(m_cursor.at(), std::min(mostBytes, size_t(m_end - m_cursor.at())));
         const size_t place = rest.find(text);
         if (place == std::string_view::npos)
             return false;

@@ -64,6 +64,11 @@ private slots:
                  p + "<trkpt lat=\"1\" lon=\"1\" id=\"1\"/>" + p,
                  p + "<trkpt lat=\"1\" lat=\"1\"/>" + p,
                  p + point("<!-- </trkpt>") + p,
+                 p + point("<!--" + QByteArray(600, ' ') + "-->") + p,
+                 p + point(QByteArray("<!---->").repeated(5)) + p,
+                 // Within a comment, whose end stands in what looks like CDATA; and the other way round.
+                 "<!-- " + p + "<trkpt lat='1' lon='2'><![CDATA[ --><wpt/><!-- ]]></trkpt> -->",
+                 "<![CDATA[ " + p + "<trkpt lat='1' lon='2'><!-- ]]><wpt/><![CDATA[ --></trkpt> ]]>",
                  p + point("<?a </trkpt>?>") + p,
                  p + point(point()),
                  p + "<trkpt lat=\"1\" lon=\"1\"><ele>", // no end
