@@ -53,10 +53,11 @@ inline constexpr int tokensPerPoint = 1;
 inline constexpr int bytesPerPoint = 64;
 /// A reference takes as long as so many tags or texts, and counts as them.
 inline constexpr int tokensPerReference = 2;
-/// The same for times that have to be read by QDateTime, and each time that the system is asked for the zone; nearly
-/// all are read by their digits and count as nothing.
+/// The same for times that have to be read by QDateTime, each time that the system is asked for the zone, and what is
+/// no time; nearly all are read by their digits and count as nothing.
 inline constexpr int tokensPerLocalTime = 16;
 inline constexpr int tokensPerOtherTime = 9;
+inline constexpr int tokensPerUnreadableTime = 2;
 /// Tags, texts and comments that one name, description or list of positions consists of.
 inline constexpr int textPieces = 100000;
 /// Characters of one name or description, and of all of a file that is read piece by piece, of two bytes each.

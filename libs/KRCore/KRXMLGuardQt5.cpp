@@ -1,4 +1,3 @@
-#include "KRInputLimits.h"
 #include "KRQtCompat.h"
 #include "KRXMLCounter.h"
 #include "KRXMLGuard.h"
@@ -146,20 +145,6 @@ private:
     CountingHandler *const m_handler;
 };
 
-/// Whether a text between two tags goes beyond a limit, which the reader would tell only behind it.
-bool hasEndlessText(const QString &xml, KRXMLCounter *counter)
-{
-    int begin = int(xml.indexOf(QLatin1Char('>')));
-    while (begin >= 0) {
-        const int end = int(xml.indexOf(QLatin1Char('<'), begin));
-        const QStringView text = QStringView(xml).mid(begin + 1, end < 0 ? -1 : end - begin - 1);
-        if (text.size() > KRInputLimits::wordCharacters && !counter->addText(text))
-            return true;
-        begin = end < 0 ? -1 : int(xml.indexOf(QLatin1Char('>'), end));
-    }
-    return false;
-}
-
 } // namespace
 
 std::optional<QString> KRXMLGuard::decoded(const QByteArray &xml)
@@ -192,11 +177,6 @@ bool KRXMLGuard::read(const QString &xml, QDomDocument *document, KRErrorHistory
         return false;
     case KRXMLSkimmer::LeftToReader:
         break;
-    }
-    counter = empty;
-    if (hasEndlessText(xml, &counter)) {
-        refusal->reason = counter.refusal();
-        return false;
     }
     QXmlInputSource source;
     source.setData(xml);

@@ -91,6 +91,7 @@ bool KRGPXTimeReader::readDigits(const char *text, int length, KRGPXTime *time)
     constexpr int shortestLength = 19;
     time->milliseconds = KRGPXTime::noTime;
     time->zone = KRGPXTime::utcZone;
+    m_isClockUncertain = false;
     if (length < shortestLength || (text[10] != 'T' && text[10] != ' ') || text[13] != ':' || text[16] != ':')
         return false;
     const int hour = digits(text + 11, 2);
@@ -171,9 +172,13 @@ const QDateTime &KRGPXTimeReader::readOther(const QString &text)
     askForLastClock();
     m_otherText = text;
     m_otherTime = KRXMLParser::dateTime(text, Qt::ISODate, QDateTime());
-    // The system is asked for times that its clock leaves out, too.
-    const bool isLocal = m_otherTime.timeSpec() == Qt::LocalTime;
-    m_tokens += isLocal ? KRInputLimits::tokensPerLocalTime : KRInputLimits::tokensPerOtherTime;
+    // The system is asked for times that its clock leaves out, too; what looks like no time takes next to nothing.
+    const bool isTime = m_otherTime.isValid();
+    const bool isLocal = m_isClockUncertain || (isTime && m_otherTime.timeSpec() == Qt::LocalTime);
+    if (isTime || isLocal)
+        m_tokens += isLocal ? KRInputLimits::tokensPerLocalTime : KRInputLimits::tokensPerOtherTime;
+    else
+        m_tokens += KRInputLimits::tokensPerUnreadableTime;
     return m_otherTime;
 }
 
@@ -193,7 +198,8 @@ void KRGPXTimeReader::askForLastClock()
 qint64 KRGPXTimeReader::millisecondsOfLocal(qint64 clockMilliseconds)
 {
     const qint64 second = clockMilliseconds / 1000;
-    if ((second < m_spanBegin || second >= m_spanEnd) && !findSpan(second))
+    m_isClockUncertain = (second < m_spanBegin || second >= m_spanEnd) && !findSpan(second);
+    if (m_isClockUncertain)
         return KRGPXTime::noTime;
     m_lastClock = clockMilliseconds;
     return clockMilliseconds - m_spanOffset * 1000;

@@ -49,6 +49,7 @@ private:
     QString m_otherText;
     QDateTime m_otherTime;
     qint64 m_lastClock = KRGPXTime::noTime; // what the clock shows at the last local time that was read by digits
+    bool m_isClockUncertain = false; // no instant, or more than one, may have shown the last local time
     // Seconds that the clock shows, from begin to before end, and in between the seconds by which it is ahead of UTC.
     qint64 m_spanBegin = 0;
     qint64 m_spanEnd = 0;

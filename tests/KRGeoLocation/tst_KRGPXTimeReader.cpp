@@ -191,6 +191,7 @@ private slots:
             {"an hour that is left out", QDate(2024, 3, 25), 7, "", perHour * local, (perHour + 7 + 1 + 24) * local},
             {"an hour that comes twice", QDate(2024, 10, 21), 7, "", perHour * local, (perHour + 7 + 1 + 24) * local},
             {"years that Qt reads in its own way", QDate(1970, 7, 1), 1, "", perDay * local, perDay * local},
+            {"no times", QDate(2024, 5, 1), 1, "+99:00", perDay, perDay * 2},
             {"other forms", QDate(2024, 5, 1), 1, ",5Z", perDay * other, perDay * other},
         };
         table.forEach([&](const QDate &day, int days, const char *end, int least, int most) {
