@@ -23,6 +23,11 @@ constexpr double mostPeriods = 10000.0;
 // So many dashes in sight of one path lie upon each other, and take a second.
 constexpr double mostDashes = 200000.0;
 
+double pixelOf(const QPainter *painter)
+{
+    return 1.0 / std::sqrt(std::abs(painter->deviceTransform().determinant()));
+}
+
 // The length of dashes and gaps after which they repeat; 0 for a solid pen.
 double periodOf(const QPainter *painter)
 {
@@ -30,8 +35,7 @@ double periodOf(const QPainter *painter)
     const QVector<qreal> pattern = pen.dashPattern();
     // On images a thinner pen has the dashes of one that is a pixel wide.
     const bool isOnImage = painter->paintEngine()->type() == QPaintEngine::Raster;
-    const double pixel = 1.0 / std::sqrt(std::abs(painter->deviceTransform().determinant()));
-    const double width = isOnImage || pen.widthF() <= 0.0 ? std::max(pixel, pen.widthF()) : pen.widthF();
+    const double width = isOnImage || pen.widthF() <= 0.0 ? std::max(pixelOf(painter), pen.widthF()) : pen.widthF();
     return std::accumulate(pattern.begin(), pattern.end(), 0.0) * width;
 }
 
@@ -101,7 +105,8 @@ void KRGPXTrackRendererDashes::drawPath(QPainter *painter, const QPainterPath &p
     const bool isRecorded = painter->paintEngine()->type() == QPaintEngine::Picture; // knows no size
     const bool isCut = isDashed && !isRecorded && path.length() > period * mostPeriods;
     const QPainterPath dashed = isCut ? cutTo(wideView(painter), path, period) : path;
-    const bool isTooFine = isDashed && (period < finestPeriodPx || (isCut && dashed.length() > period * mostDashes));
+    const bool isTooFine =
+        isDashed && (period < finestPeriodPx * pixelOf(painter) || (isCut && dashed.length() > period * mostDashes));
     if (!isTooFine) {
         KRGPXPathPainter::drawPath(painter, dashed);
         return;
