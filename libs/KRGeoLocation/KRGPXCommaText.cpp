@@ -20,22 +20,29 @@ qint64 millisecondsOf(qint64 seconds)
     return seconds > mostSeconds || seconds < -mostSeconds ? KRGPXTime::noTime : seconds * 1000;
 }
 
+/// Whether the last decimal is half way between two digits, which only odd multiples of 1/2048 have.
+bool isTie(double degrees)
+{
+    const double multiple = degrees * 1024.0;
+    return multiple - std::floor(multiple) == 0.5;
+}
+
 /// As KRGPXTrackPointImpl::encode() writes angles, zero without a sign, but several times as fast.
 QString textOf(double degrees)
 {
     if (!std::isfinite(degrees))
         return QString::number(degrees);
-    // The last decimal of a tie, which only odd multiples of 1/2048 are, goes away from zero and not to an even digit.
-    const double multiple = degrees * 1024.0;
-    const bool isTie = multiple - std::floor(multiple) == 0.5;
-    const double value = isTie ? std::nextafter(degrees, 2.0 * degrees) : degrees + 0.0;
     std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> text;
     const char *end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals).ptr;
+        std::to_chars(text.data(), text.data() + text.size(), degrees + 0.0, std::chars_format::fixed, decimals).ptr;
+    // Rounded to an even digit here, and away from zero there.
+    const QByteArray tie = isTie(degrees) ? QByteArray::number(degrees, 'f', decimals) : QByteArray();
+    const char *const begin = tie.isNull() ? text.data() : tie.constData();
+    end = tie.isNull() ? end : tie.constData() + tie.size();
     // Intended: only zeroes go, the decimal point stays.
     while (end[-1] == '0')
         --end;
-    return QString::fromLatin1(text.data(), int(end - text.data()));
+    return QString::fromLatin1(begin, int(end - begin));
 }
 
 } // namespace

@@ -73,8 +73,8 @@ private slots:
     void toKmlOfAnyNumber()
     {
         std::vector<double> numbers{
-            0.0,    -0.0,    1e-11,   -5e-11,        0.00000000005, 179.99999999995, 1e15, -1.7976931348623157e308,
-            qInf(), -qInf(), qQNaN(), 0.66650390625, -8.00048828125};
+            0.0,    -0.0,    1e-11,   -5e-11,        0.00000000005,  179.99999999995,    1e15, -1.7976931348623157e308,
+            qInf(), -qInf(), qQNaN(), 0.66650390625, -8.00048828125, 4194304.00048828125};
         std::mt19937 random(7);
         std::uniform_real_distribution<double> degrees(-180.0, 180.0);
         std::generate_n(std::back_inserter(numbers), 5000, [&] { return degrees(random); });
