@@ -3,6 +3,27 @@
 #include <KRGeoLocation/KRGPXTime.h>
 #include <KRGeoLocation/KRGeoPosition.h>
 
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr int decimals = 7;
+constexpr qint64 millisecondsPerDay = 86400000;
+
+/// A number from 0 with leading zeroes, and what stands behind it.
+char *writeDigits(char *at, int number, int count, char behind)
+{
+    for (int i = count - 1; i >= 0; --i, number /= 10)
+        at[i] = char('0' + number % 10);
+    at[count] = behind;
+    return at + count + 1;
+}
+
+} // namespace
+
 bool KRExchangeText::isExchangeable(const KRGeoPosition &position)
 {
     return position.isValid() && position.latitude().isInValidRange();
@@ -10,17 +31,65 @@ bool KRExchangeText::isExchangeable(const KRGeoPosition &position)
 
 QString KRExchangeText::degrees(const KRGeoArc &angle)
 {
-    QString text = QString::number(angle.decimalDegrees(), 'f', 7);
-    while (text.endsWith(QLatin1Char('0')))
-        text.chop(1);
-    if (text.endsWith(QLatin1Char('.')))
-        text.chop(1);
-    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+    QByteArray text;
+    appendDegrees(angle, &text);
+    return QString::fromLatin1(text);
+}
+
+void KRExchangeText::appendDegrees(const KRGeoArc &angle, QByteArray *text)
+{
+    std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> digits;
+    char *const begin = digits.data();
+    const double degrees = angle.decimalDegrees();
+    const char *end = std::to_chars(begin, begin + digits.size(), degrees, std::chars_format::fixed, decimals).ptr;
+    if (std::isfinite(degrees)) {
+        while (end[-1] == '0')
+            --end;
+        if (end[-1] == '.')
+            --end;
+    }
+    const bool isNegativeZero = end - begin == 2 && begin[0] == '-' && begin[1] == '0';
+    text->append(isNegativeZero ? begin + 1 : begin, int(end - begin) - (isNegativeZero ? 1 : 0));
+}
+
+void KRExchangeText::appendNumber(int number, QByteArray *text)
+{
+    std::array<char, std::numeric_limits<int>::digits10 + 2> digits;
+    char *const begin = digits.data();
+    text->append(begin, int(std::to_chars(begin, begin + digits.size(), number).ptr - begin));
 }
 
 QString KRExchangeText::utc(const KRGPXTime &time)
 {
-    const qint64 milliseconds = time.toMilliseconds();
-    const Qt::DateFormat format = milliseconds % 1000 == 0 ? Qt::ISODate : Qt::ISODateWithMs;
-    return QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(format);
+    QByteArray text;
+    appendUtc(time, &text);
+    return QString::fromLatin1(text);
+}
+
+void KRExchangeText::appendUtc(const KRGPXTime &time, QByteArray *text)
+{
+    static const qint64 firstDay = QDate(1970, 1, 1).toJulianDay();
+    const qint64 milliseconds = time.isValid() ? time.toMilliseconds() : KRGPXTime::noTime;
+    if (milliseconds == KRGPXTime::noTime)
+        return;
+    const qint64 afterMidnight = (milliseconds % millisecondsPerDay + millisecondsPerDay) % millisecondsPerDay;
+    const qint64 day = milliseconds / millisecondsPerDay - (milliseconds % millisecondsPerDay < 0 ? 1 : 0);
+    int year = 0;
+    int month = 0;
+    int dayOfMonth = 0;
+    QDate::fromJulianDay(firstDay + day).getDate(&year, &month, &dayOfMonth);
+    if (year <= 0 || year > 9999)
+        return;
+    std::array<char, sizeof("2025-05-17T08:30:00.000Z")> digits;
+    char *at = writeDigits(digits.data(), year, 4, '-');
+    at = writeDigits(at, month, 2, '-');
+    at = writeDigits(at, dayOfMonth, 2, 'T');
+    const int seconds = int(afterMidnight / 1000);
+    const int fraction = int(afterMidnight % 1000);
+    at = writeDigits(at, seconds / 3600, 2, ':');
+    at = writeDigits(at, seconds / 60 % 60, 2, ':');
+    at = writeDigits(at, seconds % 60, 2, fraction == 0 ? 'Z' : '.');
+    if (fraction != 0)
+        at = writeDigits(at, fraction, 3, 'Z');
+    text->append(digits.data(), int(at - digits.data()));
 }

@@ -8,6 +8,9 @@ struct KRGPXTime;
 
 /**
  * Values as the exchange formats GPX and KML write them, independent of the locale.
+ *
+ * Files have millions of them: those that append to a text that has the room ask for no memory. May be used in several
+ * threads at once.
  */
 class KRExchangeText
 {
@@ -18,7 +21,12 @@ public:
 
     /// Decimal degrees with up to seven decimals (a centimetre), never with an exponent.
     static QString degrees(const KRGeoArc &angle);
+    static void appendDegrees(const KRGeoArc &angle, QByteArray *text);
 
-    /// ISO 8601 in UTC, "2025-05-17T08:30:00Z", with milliseconds where there are any.
+    static void appendNumber(int number, QByteArray *text);
+
+    /// ISO 8601 in UTC, "2025-05-17T08:30:00Z", with milliseconds where there are any. Empty for no time, and for one
+    /// that is not in the years 1 to 9999.
     static QString utc(const KRGPXTime &time);
+    static void appendUtc(const KRGPXTime &time, QByteArray *text);
 };

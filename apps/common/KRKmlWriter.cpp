@@ -105,9 +105,7 @@ void writeTrack(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
 {
     xml.writeStartElement(gxNamespace, QStringLiteral("Track"));
     forEachPoint(segment, [&](int i) {
-        const KRGPXTime time = segment.time(i);
-        xml.writeTextElement(kmlNamespace, QStringLiteral("when"),
-                             time.isValid() ? KRExchangeText::utc(time) : QString());
+        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(segment.time(i)));
     });
     forEachPoint(segment, [&](int i) {
         const QString elevation = segment.elevation(i) == 0 ? QStringLiteral(" 0") : QString();
@@ -238,10 +236,10 @@ void KRKmlWriter::writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTra
                              KRXMLBuilder::readableText(track.description()));
     const bool isPoint = track.effectiveShape() == PointTrackShape;
     const KRGPXTrackPoint point = isPoint ? markedPoint(track) : KRGPXTrackPoint();
-    const KRGPXTime time = KRGPXTime::of(point.timeStamp());
-    if (time.isValid()) {
+    const QString time = KRExchangeText::utc(KRGPXTime::of(point.timeStamp()));
+    if (!time.isEmpty()) {
         xml.writeStartElement(kmlNamespace, QStringLiteral("TimeStamp"));
-        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(time));
+        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), time);
         xml.writeEndElement();
     }
     xml.writeTextElement(kmlNamespace, QStringLiteral("styleUrl"), QLatin1Char('#') + styleId);

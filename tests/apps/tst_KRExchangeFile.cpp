@@ -19,6 +19,8 @@ private slots:
     void losesNothingUnsaid();
     void whatIsLostDependsOnTheFormat();
     void endsWhenToldTo();
+    void keepsAllOfPoints();
+    void writesTimes();
 };
 
 namespace {
@@ -133,6 +135,54 @@ void tst_KRExchangeFile::endsWhenToldTo()
         QCOMPARE(questions, 2);
         QVERIFY(history.isEmpty());
     }
+}
+
+void tst_KRExchangeFile::keepsAllOfPoints()
+{
+    // More than are written at once.
+    const QStringList descriptions{QString(), QStringLiteral("<Ä> & \"B\""), QString(), QString()};
+    const QList<QDateTime> times{QDateTime(), QDateTime::fromMSecsSinceEpoch(-1, Qt::UTC),
+                                 QDateTime::fromMSecsSinceEpoch(1600000000250, Qt::UTC)};
+    KRGPXTrackSegment segment;
+    for (int i = 0; i < 165000; ++i)
+        segment.append((i % 89) + 0.0000001, -i / 1e4, i % 3 - 1, times.at(i % 3), descriptions.at(i % 4));
+    segment.append(53.0, 8.0, 0, QDateTime(), QString());
+    const KRGPXTrack track(QStringLiteral("<Tour>"), QString(), {segment, segment}, LineStringTrackShape);
+    const QByteArray gpx =
+        KRExchangeFile::encode({{track, KRGPXTrackConfiguration::defaultValue()}}, "gpx", QString(), nullptr);
+    QVERIFY(gpx.endsWith("   <trkpt lat=\"53\" lon=\"8\"/>\n  </trkseg>\n </trk>\n</gpx>\n"));
+
+    const QTemporaryDir dir;
+    KRRouteImport import;
+    import.read({KRTestFile::write(dir.filePath(QStringLiteral("a.gpx")), gpx)});
+    QCOMPARE(import.tracks().size(), 1);
+    QVERIFY(import.tracks().first().track() == track);
+}
+
+void tst_KRExchangeFile::writesTimes()
+{
+    const auto utc = [](int year, int month, int day, const QTime &time) {
+        return QDateTime(QDate(year, month, day), time, Qt::UTC);
+    };
+    const KRTestTable<QDateTime, QByteArray> table{
+        {"leap day", utc(2024, 2, 29, {23, 59, 59}), "2024-02-29T23:59:59Z"},
+        {"milliseconds", utc(2025, 5, 17, {8, 30, 0, 7}), "2025-05-17T08:30:00.007Z"},
+        {"before 1970", utc(1969, 12, 31, {23, 59, 59, 999}), "1969-12-31T23:59:59.999Z"},
+        {"offset", QDateTime::fromString(QStringLiteral("2025-01-01T00:30:00+02:00"), Qt::ISODate),
+         "2024-12-31T22:30:00Z"},
+        {"first", utc(1, 1, 1, {0, 0}), "0001-01-01T00:00:00Z"},
+        {"last", utc(9999, 12, 31, {23, 59, 59, 999}), "9999-12-31T23:59:59.999Z"},
+        {"beyond", utc(10000, 1, 1, {0, 0}), ""},
+    };
+    table.forEach([](const QDateTime &time, const QByteArray &text) {
+        KRGPXTrackSegment segment;
+        segment.append(53.0, 8.0, 0, time, QString());
+        const KRGPXTrack track(QString(), QString(), {segment}, LineStringTrackShape);
+        const QByteArray gpx =
+            KRExchangeFile::encode({{track, KRGPXTrackConfiguration::defaultValue()}}, "gpx", QString(), nullptr);
+        QCOMPARE(gpx.contains("<time>"), !text.isEmpty());
+        QVERIFY2(gpx.contains(text), gpx.constData());
+    });
 }
 
 template class KRTestRegistration<tst_KRExchangeFile>;
