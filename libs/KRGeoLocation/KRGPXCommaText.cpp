@@ -20,6 +20,33 @@ qint64 millisecondsOf(qint64 seconds)
     return seconds > mostSeconds || seconds < -mostSeconds ? KRGPXTime::noTime : seconds * 1000;
 }
 
+/// -1 for anything but digits, and for too many of them. Qt's own functions take ten times as long.
+qint64 plainNumber(QStringView text)
+{
+    if (text.isEmpty() || text.size() > std::numeric_limits<qint64>::digits10)
+        return -1;
+    qint64 number = 0;
+    for (const QChar character : text) {
+        const ushort unicode = character.unicode();
+        if (unicode < '0' || unicode > '9')
+            return -1;
+        number = number * 10 + (unicode - '0');
+    }
+    return number;
+}
+
+int toInt(QStringView text)
+{
+    const qint64 number = plainNumber(text);
+    return number >= 0 && number <= std::numeric_limits<int>::max() ? int(number) : text.toInt();
+}
+
+qint64 toLongLong(QStringView text)
+{
+    const qint64 number = plainNumber(text);
+    return number >= 0 ? number : text.toLongLong();
+}
+
 /// Whether the last decimal is half way between two digits, which only odd multiples of 1/2048 have.
 bool isTie(double degrees)
 {
@@ -27,22 +54,41 @@ bool isTie(double degrees)
     return multiple - std::floor(multiple) == 0.5;
 }
 
-/// As KRGPXTrackPointImpl::encode() writes angles, zero without a sign, but several times as fast.
-QString textOf(double degrees)
+/// Decimals without the zeroes at their end. Intended: the decimal point stays.
+void appendTrimmed(const char *begin, const char *end, QString *text)
 {
-    if (!std::isfinite(degrees))
-        return QString::number(degrees);
-    std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> text;
-    const char *end =
-        std::to_chars(text.data(), text.data() + text.size(), degrees + 0.0, std::chars_format::fixed, decimals).ptr;
-    // Rounded to an even digit here, and away from zero there.
-    const QByteArray tie = isTie(degrees) ? QByteArray::number(degrees, 'f', decimals) : QByteArray();
-    const char *const begin = tie.isNull() ? text.data() : tie.constData();
-    end = tie.isNull() ? end : tie.constData() + tie.size();
-    // Intended: only zeroes go, the decimal point stays.
     while (end[-1] == '0')
         --end;
-    return QString::fromLatin1(begin, int(end - begin));
+    *text += QLatin1String(begin, int(end - begin));
+}
+
+/// As KRGPXTrackPointImpl::encode() writes angles, zero without a sign, but several times as fast.
+void appendDegrees(double degrees, QString *text)
+{
+    if (!std::isfinite(degrees)) {
+        *text += QString::number(degrees);
+    } else if (isTie(degrees)) {
+        // Away from zero there, while to_chars() prefers even digits.
+        const QByteArray digits = QByteArray::number(degrees, 'f', decimals);
+        appendTrimmed(digits.cbegin(), digits.cend(), text);
+    } else {
+        std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> digits;
+        char *const begin = digits.data();
+        const std::to_chars_result result =
+            std::to_chars(begin, begin + digits.size(), degrees + 0.0, std::chars_format::fixed, decimals);
+        appendTrimmed(begin, result.ptr, text);
+    }
+}
+
+/// What stands behind the angles. The elevation is left out where it is 0 and no time follows.
+void appendRest(int elevation, qint64 milliseconds, QString *text)
+{
+    const bool hasTime = milliseconds != KRGPXTime::noTime;
+    if (elevation != 0 || hasTime)
+        *text += QLatin1Char(',') + QString::number(elevation);
+    // Intended: milliseconds here, although decode() reads this field as seconds.
+    if (hasTime)
+        *text += QLatin1Char(',') + QString::number(milliseconds);
 }
 
 } // namespace
@@ -73,26 +119,23 @@ KRGPXCommaText KRGPXCommaText::decode(QStringView text)
     KRGPXCommaText point;
     point.longitude = KRGPXTrackElement::safeDouble(fields[0]);
     point.latitude = KRGPXTrackElement::safeDouble(fields[1]);
-    point.elevation = fields[2].toInt();
+    point.elevation = toInt(fields[2]);
     // The writer puts milliseconds there. Intended: they are read as seconds.
-    point.milliseconds = count == fields.size() ? millisecondsOf(fields[3].toLongLong()) : KRGPXTime::noTime;
+    point.milliseconds = count == fields.size() ? millisecondsOf(toLongLong(fields[3])) : KRGPXTime::noTime;
     return point;
 }
 
-QString KRGPXCommaText::encode() const
+void KRGPXCommaText::appendTo(QString *text) const
 {
-    return join(textOf(longitude), textOf(latitude), elevation, milliseconds);
+    appendDegrees(longitude, text);
+    *text += QLatin1Char(',');
+    appendDegrees(latitude, text);
+    appendRest(elevation, milliseconds, text);
 }
 
 QString KRGPXCommaText::join(const QString &longitude, const QString &latitude, int elevation, qint64 milliseconds)
 {
-    const QLatin1Char comma(',');
-    const bool hasTime = milliseconds != KRGPXTime::noTime;
-    QString text = longitude + comma + latitude;
-    if (elevation != 0 || hasTime)
-        text += comma + QString::number(elevation);
-    // Intended: milliseconds here, although decode() reads this field as seconds.
-    if (hasTime)
-        text += comma + QString::number(milliseconds);
+    QString text = longitude + QLatin1Char(',') + latitude;
+    appendRest(elevation, milliseconds, &text);
     return text;
 }

@@ -21,11 +21,11 @@ struct KRGPXCommaText {
     /// How many comma texts there are, with separators between them.
     static KRGEOLOCATION_EXPORT int count(QStringView texts);
 
-    /// Takes the time for seconds, although encode() writes milliseconds.
+    /// Takes the time for seconds, although appendTo() writes milliseconds.
     static KRGPXCommaText decode(QStringView text);
 
     /// Degrees with at most ten decimals, and a point in any case: "12."
-    QString encode() const;
-    /// The text of angles that are texts already. The elevation is left out where it is 0 and no time follows.
+    void appendTo(QString *text) const;
+    /// The text of angles that are texts already.
     static QString join(const QString &longitude, const QString &latitude, int elevation, qint64 milliseconds);
 };

@@ -22,6 +22,9 @@ constexpr auto pointsPerText = int(KRInputLimits::tokenBytes / mostBytesPerPoint
 static_assert(pointsPerText <= KRInputLimits::textPoints);
 static_assert(pointsPerText * mostBytesPerPoint <= KRInputLimits::bulkBytes);
 
+/// So few that no other thread is worth starting for their texts.
+constexpr int fewPoints = 2000;
+
 /// Reads comma texts separated by white space and hands over those that are no null points.
 template <typename Taker>
 void forEachCommaText(const QString &text, const Taker &take)
@@ -256,9 +259,20 @@ void KRGPXTrackSegment::toXml(QDomElement &parent) const
 /// One per line, from @p first up to but without @p end.
 QString KRGPXTrackSegment::commaTexts(int first, int end) const
 {
-    QStringList texts;
-    texts.reserve(end - first);
-    for (int i = first; i < end; ++i)
-        texts.append(d->commaText(i).encode());
-    return texts.join(QLatin1Char('\n'));
+    constexpr int usualTextLength = 40;
+    const auto textOf = [this](const KRIntRange &range) {
+        QString text;
+        text.reserve((range.maximum() - range.minimum() + 1) * usualTextLength);
+        for (int i = range.minimum(); i <= range.maximum(); ++i) {
+            if (i != range.minimum())
+                text += QLatin1Char('\n');
+            d->commaText(i).appendTo(&text);
+        }
+        return text;
+    };
+    const KRIntRange whole(first, end - 1);
+    if (end - first < fewPoints)
+        return textOf(whole);
+    const QList<QString> parts = KRConcurrent::blockingMapped(whole.splitEvenlyForCpuCores(), textOf);
+    return QStringList(parts).join(QLatin1Char('\n'));
 }

@@ -27,7 +27,7 @@ QDomElement KRXMLBuilder::buildDomElement(QDomNode &parent, const QString &name,
 
 QString KRXMLBuilder::toText(const QDomDocument &document, int indent)
 {
-    return KRXMLTextWriter(indent).write(document);
+    return QString::fromUtf8(KRXMLTextWriter(indent).write(document));
 }
 
 QString KRXMLBuilder::readableText(const QString &text)
@@ -48,8 +48,11 @@ QString KRXMLBuilder::readableText(const QString &text)
 
 QByteArray KRXMLBuilder::toUTF8(const QDomDocument &document)
 {
-    const QString declaration = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
-    return (declaration + toText(document, 1) + QLatin1Char('\n')).toUtf8();
+    // In place: the text may be large.
+    QByteArray text = KRXMLTextWriter(1).write(document);
+    text.prepend("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+    text.append('\n');
+    return text;
 }
 
 bool KRXMLBuilder::saveUTF8(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)

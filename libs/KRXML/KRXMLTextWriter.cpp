@@ -10,32 +10,44 @@
 
 namespace {
 
-/// Whether the character can stand as it is, wherever it is.
-bool isPlain(ushort unit)
-{
-    return unit >= ' ' && unit != '&' && unit != '<' && unit != '>' && unit != '"'
-           && KRXMLTextWriter::isXmlCharacter(unit);
-}
-
-QLatin1String escaped(ushort unit, bool isAttribute)
+/// Whether the character can stand there as it is.
+bool isPlain(ushort unit, bool isAttribute)
 {
     switch (unit) {
     case '&':
-        return QLatin1String("&amp;");
     case '<':
-        return QLatin1String("&lt;");
     case '>':
-        return QLatin1String("&gt;");
     case '\r':
-        return QLatin1String("&#13;"); // a reader would turn it into a line feed
+        return false;
     case '"':
-        return isAttribute ? QLatin1String("&quot;") : QLatin1String("\"");
     case '\n':
-        return isAttribute ? QLatin1String("&#10;") : QLatin1String("\n");
     case '\t':
-        return isAttribute ? QLatin1String("&#9;") : QLatin1String("\t");
+        return !isAttribute;
     default:
-        return QLatin1String(); // no character of XML
+        return KRXMLTextWriter::isXmlCharacter(unit);
+    }
+}
+
+/// Of those that are not plain.
+const char *escaped(ushort unit)
+{
+    switch (unit) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '"':
+        return "&quot;";
+    case '\r':
+        return "&#13;"; // a reader would turn it into a line feed, and the next two of attributes into blanks
+    case '\n':
+        return "&#10;";
+    case '\t':
+        return "&#9;";
+    default:
+        return ""; // no character of XML
     }
 }
 
@@ -50,7 +62,7 @@ bool holdsText(const QDomNode &node)
 
 } // namespace
 
-QString KRXMLTextWriter::write(const QDomNode &root)
+QByteArray KRXMLTextWriter::write(const QDomNode &root)
 {
     QDomNode node = root;
     while (!node.isNull()) {
@@ -80,7 +92,7 @@ void KRXMLTextWriter::enter(const QDomNode &node)
         writeEscaped(node.nodeValue(), false);
     } else if (node.isComment()) {
         breakLine();
-        m_text += QLatin1String("<!--") + KRXMLBuilder::readableText(node.nodeValue()) + QLatin1String("-->");
+        m_text += "<!--" + KRXMLBuilder::readableText(node.nodeValue()).toUtf8() + "-->";
     }
 }
 
@@ -94,9 +106,9 @@ void KRXMLTextWriter::leave(const QDomNode &node)
     else
         --m_textDepth;
     m_holdText.pop_back();
-    m_text += QLatin1String("</");
-    m_text += node.nodeName();
-    m_text += QLatin1Char('>');
+    m_text += "</";
+    m_text += node.nodeName().toUtf8();
+    m_text += '>';
 }
 
 void KRXMLTextWriter::writeStartTag(const QDomElement &element)
@@ -110,20 +122,20 @@ void KRXMLTextWriter::writeStartTag(const QDomElement &element)
     }
     std::sort(attributes.begin(), attributes.end());
 
-    m_text += QLatin1Char('<');
-    m_text += element.tagName();
+    m_text += '<';
+    m_text += element.tagName().toUtf8();
     for (const auto &[name, value] : attributes) {
-        m_text += QLatin1Char(' ');
-        m_text += name;
-        m_text += QLatin1String("=\"");
+        m_text += ' ';
+        m_text += name.toUtf8();
+        m_text += "=\"";
         writeEscaped(value, true);
-        m_text += QLatin1Char('"');
+        m_text += '"';
     }
     if (!element.hasChildNodes()) {
-        m_text += QLatin1String("/>");
+        m_text += "/>";
         return;
     }
-    m_text += QLatin1Char('>');
+    m_text += '>';
     ++m_depth;
     m_holdText.push_back(holdsText(element));
     if (m_holdText.back())
@@ -133,23 +145,26 @@ void KRXMLTextWriter::writeStartTag(const QDomElement &element)
 /// Without what is no character of XML. What stands between is added as a whole.
 void KRXMLTextWriter::writeEscaped(const QString &text, bool isAttribute)
 {
+    const auto appendPlain = [this](const QChar *begin, const QChar *end) {
+        m_text += QStringView(begin, end - begin).toUtf8();
+    };
     const QChar *plain = text.cbegin();
     for (const QChar *at = plain; at != text.cend();) {
         const bool isPair = at->isHighSurrogate() && at + 1 != text.cend() && at[1].isLowSurrogate();
-        if (isPair || isPlain(at->unicode())) {
+        if (isPair || isPlain(at->unicode(), isAttribute)) {
             at += isPair ? 2 : 1;
             continue;
         }
-        m_text.append(plain, int(at - plain));
-        m_text += escaped(at->unicode(), isAttribute);
+        appendPlain(plain, at);
+        m_text += escaped(at->unicode());
         plain = ++at;
     }
-    m_text.append(plain, int(text.cend() - plain));
+    appendPlain(plain, text.cend());
 }
 
 void KRXMLTextWriter::breakLine()
 {
     if (m_indent < 0 || isInsideText() || m_text.isEmpty())
         return;
-    m_text += QLatin1Char('\n') + QString(m_indent * m_depth, QLatin1Char(' '));
+    m_text += '\n' + QByteArray(m_indent * m_depth, ' ');
 }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QByteArray>
 #include <QDomNode>
-#include <QString>
 
 #include <vector>
 
 /**
- * Writes one DOM tree as text, see KRXMLBuilder::toText().
+ * Writes one DOM tree as text in UTF-8, see KRXMLBuilder::toText().
  *
  * Walks the tree without recursion, so that its depth is not limited by the stack.
  */
@@ -15,7 +15,7 @@ class KRXMLTextWriter
 public:
     explicit KRXMLTextWriter(int indent) : m_indent(indent) { }
 
-    QString write(const QDomNode &root);
+    QByteArray write(const QDomNode &root);
 
     /// Whether XML 1.0 (production 2) knows the character, which is not part of a surrogate pair.
     static bool isXmlCharacter(ushort unit)
@@ -32,7 +32,7 @@ private:
     void breakLine();
     bool isInsideText() const { return m_textDepth > 0; }
 
-    QString m_text;
+    QByteArray m_text;
     int m_indent;
     int m_depth = 0;
     std::vector<bool> m_holdText; // of each open element, whether text stands directly in it
