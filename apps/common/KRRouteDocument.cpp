@@ -157,8 +157,10 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
     for (int i = 0; i < tracks.size(); ++i) {
         if (!goesOn())
             return false;
-        tracks[i].setTrack(reader.read(elements.at(i).firstChildElement(trkElement), kept.value(i), history));
-        tracks[i].setConfiguration(withKeptWidths(tracks.at(i).configuration(), kept.value(i)));
+        KRGPXConfiguredTrack &track = tracks[i];
+        track.setTrack(
+            reader.read(elements.at(i).firstChildElement(trkElement), track.track(), kept.value(i), history));
+        track.setConfiguration(withKeptWidths(track.configuration(), kept.value(i)));
     }
     KRTrackFileStamps::instance()->remember(file, stamp);
     m_selection = KRGPXTrackSelection(tracks);

@@ -33,6 +33,8 @@ QByteArray digestOf(const QDomElement &trk, const QDomElement &kept)
 
 bool KRTrackFileReader::announce(const QDomElement &trk, const QDomElement &kept)
 {
+    if (!namesFile(trk))
+        return true;
     const QByteArray digest = digestOf(trk, kept);
     if (m_announced.contains(digest))
         return true;
@@ -49,15 +51,21 @@ bool KRTrackFileReader::announce(const QDomElement &trk, const QDomElement &kept
     return m_repeatedBytes <= KRInputLimits::repeatedBytes;
 }
 
-KRGPXTrack KRTrackFileReader::read(const QDomElement &trk, const QDomElement &kept, KRErrorHistory *history)
+KRGPXTrack KRTrackFileReader::read(const QDomElement &trk, const KRGPXTrack &withoutFile, const QDomElement &kept,
+                                   KRErrorHistory *history)
 {
-    const QDomElement include = trk.firstChildElement(includeElement);
-    if (include.isNull() || !KRGPXTrackFileRegistryKey::namesDirectory(m_folder))
-        return KRTrackKeeper::restored(KRGPXTrack(trk, QDir(QString())), kept);
+    if (!namesFile(trk))
+        return KRTrackKeeper::restored(withoutFile, kept);
     const QByteArray digest = digestOf(trk, kept);
     const auto known = m_tracks.constFind(digest);
-    return known != m_tracks.constEnd() ? *known
-                                        : *m_tracks.insert(digest, readFile(trk, include.text(), kept, history));
+    if (known != m_tracks.constEnd())
+        return *known;
+    return *m_tracks.insert(digest, readFile(trk, trk.firstChildElement(includeElement).text(), kept, history));
+}
+
+bool KRTrackFileReader::namesFile(const QDomElement &trk) const
+{
+    return KRGPXTrackFileRegistryKey::namesDirectory(m_folder) && !trk.firstChildElement(includeElement).isNull();
 }
 
 KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fileName, const QDomElement &kept,

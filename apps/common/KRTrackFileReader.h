@@ -31,9 +31,12 @@ public:
 
     /// The track of the element "trk", with what KRTrackKeeper has @p kept of it. One that cannot be read is not valid
     /// and has the name of its file.
-    KRGPXTrack read(const QDomElement &trk, const QDomElement &kept, KRErrorHistory *history);
+    /// @param withoutFile what the element itself holds of the track: all of it, unless it names a file
+    KRGPXTrack read(const QDomElement &trk, const KRGPXTrack &withoutFile, const QDomElement &kept,
+                    KRErrorHistory *history);
 
 private:
+    bool namesFile(const QDomElement &trk) const;
     KRGPXTrack readFile(const QDomElement &trk, const QString &fileName, const QDomElement &kept,
                         KRErrorHistory *history) const;
 

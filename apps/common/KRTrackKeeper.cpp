@@ -63,9 +63,9 @@ KRGPXTrackSegment restoredSegment(const KRGPXTrackSegment &segment, int number, 
     for (int i = 0; i < segment.count(); ++i) {
         // Comma texts are written with milliseconds, and those are read as seconds.
         const qint64 milliseconds = segment.secondsOfCommaText(i);
-        const QDateTime time = milliseconds == KRGPXTrackSegment::noTime
-                                   ? segment.timeStamp(i)
-                                   : QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+        const bool isFromCommaText = milliseconds != KRGPXTrackSegment::noTime;
+        const KRGPXTime time =
+            isFromCommaText ? KRGPXTime{milliseconds, KRGPXTime::utcZone, QDateTime()} : segment.time(i);
         restored.append(positions.latitudes[i], positions.longitudes[i], segment.elevation(i), time,
                         texts.value({number, i}, segment.description(i)));
     }
