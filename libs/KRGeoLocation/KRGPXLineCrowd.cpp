@@ -52,7 +52,6 @@ bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
     return isAnyFree;
 }
 
-/// Whether the line lies upon one of those before, in either direction; not all of them are remembered.
 bool KRGPXLineCrowd::isKnown(const QPointF &from, const QPointF &to)
 {
     const bool isForward = from.x() < to.x() || (from.x() == to.x() && from.y() < to.y());

@@ -33,6 +33,9 @@ public:
     /// Whether a line between two places, in pixels of the image, shows beside those asked for before.
     bool takes(const QPointF &from, const QPointF &to);
 
+    /// Whether the line lies upon one of those asked for before, in either direction; not all of them are remembered.
+    bool isKnown(const QPointF &from, const QPointF &to);
+
     /**
      * The lines of a path that show.
      *
@@ -55,7 +58,6 @@ private:
         int y2 = 0;
     };
 
-    bool isKnown(const QPointF &from, const QPointF &to);
     bool cutToArea(QPointF *from, QPointF *to) const;
     std::size_t squareOf(const QPointF &place) const;
 

@@ -405,8 +405,10 @@ void KRGPXTrackRenderer::drawLine(QPainter *painter, const KRGPXConfiguredTrack 
     }
     const KRGPXTrackConfiguration configuration = track.configuration();
     const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
-    worldCopies().forEach(painter, path, reachOf(penFromTrack(configuration, option)), [&] {
-        drawPath(painter, path, configuration, option);
+    const QPen pen = penFromTrack(configuration, option);
+    const QPainterPath lines = worldCopies().linesToDraw(painter, path, pen);
+    worldCopies().forEach(painter, path, reachOf(pen), [&] {
+        drawPath(painter, lines, configuration, option);
         if (hasArrow)
             drawArrowHead(painter, path, configuration, option);
     });

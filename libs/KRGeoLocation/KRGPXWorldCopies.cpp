@@ -1,5 +1,7 @@
 #include "KRGPXWorldCopies.h"
 
+#include "KRGPXLineCrowd.h"
+
 #include <KRCore/KRMath.h>
 
 #include <QImage>
@@ -59,6 +61,35 @@ void KRGPXWorldCopies::forEach(QPainter *painter, const QPainterPath &path, doub
             draw();
         painter->restore();
     }
+}
+
+QPainterPath KRGPXWorldCopies::linesToDraw(const QPainter *painter, const QPainterPath &path, const QPen &pen) const
+{
+    constexpr double manyLines = 1e6;
+    const KRIntRange shifts = visibleShifts(painter->device());
+    const double lines = double(path.elementCount()) * (double(shifts.maximum()) - shifts.minimum() + 1.0);
+    const bool hidesWhatIsBelow = pen.style() == Qt::SolidLine && pen.color().alpha() == 255;
+    return lines > manyLines && hidesWhatIsBelow && haveWidth() ? differentLines(path) : path;
+}
+
+/// Each of those that lie upon each other in some copy only once, with its beginning in copy 0.
+QPainterPath KRGPXWorldCopies::differentLines(const QPainterPath &path) const
+{
+    KRGPXLineCrowd crowd(QSize(), 0.0);
+    QPainterPath different;
+    for (int i = 1; i < path.elementCount(); ++i) {
+        if (!path.elementAt(i).isLineTo())
+            continue;
+        const QPointF begin = path.elementAt(i - 1);
+        const QPointF way = -std::floor(begin.x() / m_offset.x()) * m_offset;
+        const QPointF end = path.elementAt(i) + way;
+        if (crowd.isKnown(begin + way, end))
+            continue;
+        if (different.isEmpty() || different.currentPosition() != begin + way)
+            different.moveTo(begin + way);
+        different.lineTo(end);
+    }
+    return different;
 }
 
 bool KRGPXWorldCopies::surelyMissesDevice(const QPainter *painter, const QRectF &bounds)

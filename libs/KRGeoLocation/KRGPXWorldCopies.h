@@ -11,6 +11,7 @@
 
 class QPaintDevice;
 class QPainter;
+class QPen;
 class QRectF;
 
 /**
@@ -44,10 +45,15 @@ public:
      */
     void forEach(QPainter *painter, const QPainterPath &path, double reach, const std::function<void()> &draw) const;
 
+    /// What to draw of a line in each copy: all of it, unless there are so many copies of so small a world that nearly
+    /// all its pieces lie upon others.
+    QPainterPath linesToDraw(const QPainter *painter, const QPainterPath &path, const QPen &pen) const;
+
     /// Whether nothing within the bounds, in the painter's own coordinates, can leave marks.
     static bool surelyMissesDevice(const QPainter *painter, const QRectF &bounds);
 
 private:
+    QPainterPath differentLines(const QPainterPath &path) const;
     bool areSeveral() const;
     bool haveWidth() const;
     int finishedRounds(const QPainterPath &path) const;

@@ -78,6 +78,31 @@ private slots:
         });
     }
 
+    void longLinesInManyCopies()
+    {
+        // A spiral of many rounds westwards, at three heights.
+        QPainterPath spiral(QPointF(6.5, 1.5));
+        for (int i = 1; i < 3000; ++i)
+            spiral.lineTo(6.5 - 16.0 * i, 1.5 + i % 3 * 5);
+        const auto drawn = [](const QPen &pen, const QPainterPath &path, bool isReduced) {
+            QImage picture(8000, 13, QImage::Format_ARGB32_Premultiplied);
+            picture.fill(Qt::white);
+            QPainter painter(&picture);
+            painter.setPen(pen);
+            const KRGPXWorldCopies copies(QPointF(20.0, 0.0));
+            const QPainterPath lines = isReduced ? copies.linesToDraw(&painter, path, pen) : path;
+            copies.forEach(&painter, lines, 5.0, [&] { painter.drawPath(lines); });
+            return qMakePair(picture, lines.elementCount());
+        };
+        const QPen opaque(Qt::black, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+        const auto reduced = drawn(opaque, spiral, true);
+        QVERIFY(reduced.second < 40);
+        QVERIFY(reduced.first == drawn(opaque, spiral, false).first);
+        // Dashes and what shines through depend on all of them.
+        QCOMPARE(drawn(QPen(QColor(0, 0, 0, 100)), spiral, true).second, spiral.elementCount());
+        QCOMPARE(drawn(QPen(Qt::black, 1.0, Qt::DashLine), spiral, true).second, spiral.elementCount());
+    }
+
     void otherDevices()
     {
         // No more is known of them than the neighbours of their width, until there is a clip.
