@@ -22,7 +22,7 @@
 /**
  * What has to be said differently to Qt 5.15 and to Qt 6; everything else is written so that both take it.
  *
- * The versions read XML with different parsers, see KRXMLGuard.
+ * The versions read XML with different parsers: what they make of the rules of XML is told by the first two constants.
  */
 namespace KRQtCompat {
 

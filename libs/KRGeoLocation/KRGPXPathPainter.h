@@ -15,10 +15,10 @@ class QPainterPath;
  * halves of halves. All other devices, which keep paths as they are, get the whole path, and so do images where that
  * is faster or where the ways could be told apart.
  *
- * Of very many lines only those are painted that show, see KRGPXLineCrowd. Only of lines that leave the range of
- * +-32767 pixels QPainter itself makes a copy cut to that range, whose rounded corners differ here and there by one
- * level of a colour. And where Qt 6 would move dashes because a part of a line is out of sight, they stay. Everything
- * happens on the calling thread.
+ * Of very many lines only those are painted that show. Only of lines that leave the range of +-32767 pixels QPainter
+ * itself makes a copy cut to that range, whose rounded corners differ here and there by one level of a colour. And
+ * where Qt 6 would move dashes because a part of a line is out of sight, they stay. Everything happens on the calling
+ * thread.
  */
 namespace KRGPXPathPainter {
 
