@@ -44,6 +44,13 @@
     </message>
 </context>
 <context>
+    <name>KRXMLBuilder</name>
+    <message>
+        <source>Es wäre größer als %1 MB.</source>
+        <translation>It would be larger than %1 MB.</translation>
+    </message>
+</context>
+<context>
     <name>KRXMLGuard</name>
     <message>
         <source>Die Elemente sind tiefer als %1 Ebenen geschachtelt.</source>

@@ -32,5 +32,13 @@ public:
                              KRErrorHistory *history, const std::function<bool()> &goOn = nullptr);
 
 private:
+    using GoOn = std::function<bool()>;
+
+    static QByteArray encodeGpx(const KRGPXConfiguredTrackList &tracks, const QString &name, KRErrorHistory *history,
+                                const GoOn &goOn);
+    static QByteArray encodeKml(const KRGPXConfiguredTrackList &tracks, const QByteArray &format, const QString &name,
+                                KRErrorHistory *history, const GoOn &goOn);
     static bool isReadable(const QByteArray &kml, const QString &name, KRErrorHistory *history);
+    static void reportUnreadable(const QString &name, const QString &reason, KRErrorHistory *history);
+    static QString tooLarge(int mostBytes);
 };

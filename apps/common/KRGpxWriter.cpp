@@ -10,7 +10,7 @@
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 #include <KRXML/KRXMLBuilder.h>
 
-#include <QBuffer>
+#include <QIODevice>
 #include <QXmlStreamWriter>
 
 #include <algorithm>
@@ -102,11 +102,9 @@ KRExchangeLosses::Positions countAll(const KRGPXTrack &track)
 
 } // namespace
 
-QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks, const std::function<bool()> &goOn)
+bool KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks, QIODevice *file, const std::function<bool()> &goOn)
 {
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    QXmlStreamWriter xml(&file);
+    QXmlStreamWriter xml(file);
     xml.setAutoFormatting(true);
     xml.setAutoFormattingIndent(1);
     xml.writeStartDocument();
@@ -115,12 +113,12 @@ QByteArray KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks, const std:
     xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
     xml.writeAttribute(QStringLiteral("creator"), QStringLiteral("KRGeoLocation"));
     for (const KRGPXConfiguredTrack &track : tracks) {
-        if (goOn && !goOn())
-            return QByteArray();
+        if (xml.hasError() || (goOn && !goOn()))
+            return false;
         writeTrack(xml, track.track());
     }
     xml.writeEndDocument();
-    return file.data();
+    return !xml.hasError();
 }
 
 KRExchangeLosses KRGpxWriter::lossesOf(const KRGPXConfiguredTrackList &tracks)
@@ -155,14 +153,15 @@ void KRGpxWriter::writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &s
     // Ends the start tag. The points go past the writer, which takes several times as long.
     xml.writeCharacters(QString());
     const int blockCount = (segment.count() + pointsPerBlock - 1) / pointsPerBlock;
-    for (int first = 0; first < blockCount; first += blocksAtOnce) {
+    bool isRoom = true;
+    for (int first = 0; first < blockCount && isRoom; first += blocksAtOnce) {
         QList<int> blocks;
         for (int block = first; block < std::min(first + blocksAtOnce, blockCount); ++block)
             blocks.append(block);
         const QList<QByteArray> texts =
             KRConcurrent::blockingMapped(blocks, [&](int block) { return textOfBlock(segment, block); });
         for (const QByteArray &text : texts)
-            xml.device()->write(text);
+            isRoom = isRoom && xml.device()->write(text) == text.size();
     }
     xml.device()->write("\n  "); // before the end tag
     xml.writeEndElement();

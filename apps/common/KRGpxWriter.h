@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QByteArray>
-
 #include <functional>
 
 class KRGPXConfiguredTrackList;
 class KRGPXTrack;
 class KRGPXTrackSegment;
+class QIODevice;
 class QXmlStreamWriter;
 struct KRExchangeLosses;
 
@@ -20,8 +19,9 @@ struct KRExchangeLosses;
 class KRGpxWriter
 {
 public:
-    /// Null when @p goOn, which is asked before each track, says so.
-    static QByteArray write(const KRGPXConfiguredTrackList &tracks, const std::function<bool()> &goOn = nullptr);
+    /// False when @p file takes no more, or @p goOn, which is asked before each track, says so.
+    static bool write(const KRGPXConfiguredTrackList &tracks, QIODevice *file,
+                      const std::function<bool()> &goOn = nullptr);
     static KRExchangeLosses lossesOf(const KRGPXConfiguredTrackList &tracks);
 
 private:

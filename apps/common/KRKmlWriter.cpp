@@ -4,6 +4,7 @@
 #include "KRExchangeText.h"
 
 #include <KRCore/KRDistance.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGPXConfiguredTrackList.h>
 #include <KRGeoLocation/KRGPXTrack.h>
@@ -61,10 +62,17 @@ QString coordinate(const KRGPXTrackSegment &segment, int index)
     return tuple(segment.positions().at(index), segment.elevation(index), QLatin1Char(','));
 }
 
+/// Adds another position, unless the text fits into no file any more.
+void appendCoordinate(const KRGPXTrackSegment &segment, int index, QString *text)
+{
+    if (text->size() <= KRInputLimits::documentBytes)
+        *text += coordinate(segment, index) + QLatin1Char('\n');
+}
+
 QString coordinates(const KRGPXTrackSegment &segment)
 {
     QString text;
-    forEachPoint(segment, [&](int i) { text += coordinate(segment, i) + QLatin1Char('\n'); });
+    forEachPoint(segment, [&](int i) { appendCoordinate(segment, i, &text); });
     return text.trimmed();
 }
 
@@ -83,7 +91,7 @@ QString ringCoordinates(const KRGPXTrack &track)
                 first = coordinate(segment, i);
                 firstPosition = lastPosition;
             }
-            text += coordinate(segment, i) + QLatin1Char('\n');
+            appendCoordinate(segment, i, &text);
         });
     }
     if (firstPosition != lastPosition)
@@ -105,9 +113,12 @@ void writeTrack(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
 {
     xml.writeStartElement(gxNamespace, QStringLiteral("Track"));
     forEachPoint(segment, [&](int i) {
-        xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(segment.time(i)));
+        if (!xml.hasError())
+            xml.writeTextElement(kmlNamespace, QStringLiteral("when"), KRExchangeText::utc(segment.time(i)));
     });
     forEachPoint(segment, [&](int i) {
+        if (xml.hasError())
+            return;
         const QString elevation = segment.elevation(i) == 0 ? QStringLiteral(" 0") : QString();
         xml.writeTextElement(gxNamespace, QStringLiteral("coord"),
                              tuple(segment.positions().at(i), segment.elevation(i), QLatin1Char(' ')) + elevation);
@@ -157,11 +168,10 @@ void addLossesOfPoint(const KRGPXConfiguredTrack &track, int exchangeablePositio
 
 } // namespace
 
-QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QString &name,
-                              const std::function<bool()> &goOn)
+bool KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QString &name, QIODevice *file,
+                        const std::function<bool()> &goOn)
 {
-    QByteArray bytes;
-    QXmlStreamWriter xml(&bytes);
+    QXmlStreamWriter xml(file);
     xml.setAutoFormatting(true);
     xml.setAutoFormattingIndent(1);
     xml.writeStartDocument();
@@ -174,12 +184,12 @@ QByteArray KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QStr
     for (int i = 0; i < tracks.size(); ++i)
         writeStyle(xml, tracks.at(i).configuration(), styleId(i));
     for (int i = 0; i < tracks.size(); ++i) {
-        if (goOn && !goOn())
-            return QByteArray();
+        if (xml.hasError() || (goOn && !goOn()))
+            return false;
         writePlacemark(xml, tracks.at(i), styleId(i));
     }
     xml.writeEndDocument();
-    return bytes;
+    return !xml.hasError();
 }
 
 KRExchangeLosses KRKmlWriter::lossesOf(const KRGPXConfiguredTrackList &tracks)

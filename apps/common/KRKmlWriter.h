@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QByteArray>
-
 #include <functional>
 
 class KRGPXConfiguredTrack;
@@ -9,6 +7,7 @@ class KRGPXConfiguredTrackList;
 class KRGPXTrack;
 class KRGPXTrackConfiguration;
 class KRGPXTrackPoint;
+class QIODevice;
 class QString;
 class QXmlStreamWriter;
 struct KRExchangeLosses;
@@ -24,9 +23,10 @@ struct KRExchangeLosses;
 class KRKmlWriter
 {
 public:
-    /// @param name of the document. Null when @p goOn, which is asked before each track, says so.
-    static QByteArray write(const KRGPXConfiguredTrackList &tracks, const QString &name,
-                            const std::function<bool()> &goOn = nullptr);
+    /// @param name of the document
+    /// False when @p file takes no more, or @p goOn, which is asked before each track, says so.
+    static bool write(const KRGPXConfiguredTrackList &tracks, const QString &name, QIODevice *file,
+                      const std::function<bool()> &goOn = nullptr);
     static KRExchangeLosses lossesOf(const KRGPXConfiguredTrackList &tracks);
 
 private:

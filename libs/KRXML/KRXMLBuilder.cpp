@@ -2,8 +2,10 @@
 
 #include "KRXMLTextWriter.h"
 
+#include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 QDomElement KRXMLBuilder::buildRootElement(QDomDocument &document, const QString &name)
@@ -50,6 +52,8 @@ QByteArray KRXMLBuilder::toUTF8(const QDomDocument &document)
 {
     // In place: the text may be large.
     QByteArray text = KRXMLTextWriter(1).write(document);
+    if (text.isNull())
+        return text;
     text.prepend("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
     text.append('\n');
     return text;
@@ -57,5 +61,10 @@ QByteArray KRXMLBuilder::toUTF8(const QDomDocument &document)
 
 bool KRXMLBuilder::saveUTF8(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
 {
-    return KRFileHandler::writeAll(file, toUTF8(document), history);
+    const QByteArray text = toUTF8(document);
+    if (!text.isNull())
+        return KRFileHandler::writeAll(file, text, history);
+    const QString reason = QCoreApplication::translate("KRXMLBuilder", "Es wäre größer als %1 MB.");
+    KRErrorHistory::report(history, file.filePath(), reason.arg(mostBytes >> 20));
+    return false;
 }

@@ -20,6 +20,9 @@ class QFileInfo;
 class KRXML_EXPORT KRXMLBuilder
 {
 public:
+    /// Bytes of a text beyond which no further node is written: Qt's own limit, less one long node.
+    static constexpr int mostBytes = 1500 << 20;
+
     /// Makes @p name the document element of an empty document.
     static QDomElement buildRootElement(QDomDocument &document, const QString &name);
 
@@ -37,7 +40,7 @@ public:
     /// The text without the characters that no XML reader takes, for other ways of writing XML.
     static QString readableText(const QString &text);
 
-    /// What saveUTF8() writes.
+    /// What saveUTF8() writes; null if it would be longer than mostBytes.
     static QByteArray toUTF8(const QDomDocument &document);
 
     /**

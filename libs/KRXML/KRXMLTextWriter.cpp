@@ -66,6 +66,8 @@ QByteArray KRXMLTextWriter::write(const QDomNode &root)
 {
     QDomNode node = root;
     while (!node.isNull()) {
+        if (m_text.size() > KRXMLBuilder::mostBytes)
+            return QByteArray();
         enter(node);
         if (node.hasChildNodes()) {
             node = node.firstChild();

@@ -15,6 +15,7 @@ class KRXMLTextWriter
 public:
     explicit KRXMLTextWriter(int indent) : m_indent(indent) { }
 
+    /// Null if it would be longer than KRXMLBuilder::mostBytes.
     QByteArray write(const QDomNode &root);
 
     /// Whether XML 1.0 (production 2) knows the character, which is not part of a surrogate pair.
@@ -32,7 +33,7 @@ private:
     void breakLine();
     bool isInsideText() const { return m_textDepth > 0; }
 
-    QByteArray m_text;
+    QByteArray m_text{""}; // not null
     int m_indent;
     int m_depth = 0;
     std::vector<bool> m_holdText; // of each open element, whether text stands directly in it

@@ -1,5 +1,8 @@
 #include "KRExchangeFile.h"
 
+#include "KRBoundedBuffer.h"
+#include "KRGpxWriter.h"
+#include "KRKmlWriter.h"
 #include "KRRouteImport.h"
 #include "KRTestFile.h"
 #include "KRTestRegistry.h"
@@ -19,6 +22,7 @@ private slots:
     void losesNothingUnsaid();
     void whatIsLostDependsOnTheFormat();
     void endsWhenToldTo();
+    void endsWhenFull();
     void keepsAllOfPoints();
     void writesTimes();
 };
@@ -134,6 +138,26 @@ void tst_KRExchangeFile::endsWhenToldTo()
         QVERIFY(KRExchangeFile::encode(tracks, format, QStringLiteral("a"), &history, goesOnOnce).isNull());
         QCOMPARE(questions, 2);
         QVERIFY(history.isEmpty());
+    }
+}
+
+void tst_KRExchangeFile::endsWhenFull()
+{
+    const KRGPXConfiguredTrackList tracks{spawnTrack("8,53 9,54"), spawnTrack("8,53 9,54 9,55 8,53")};
+    const auto sizeOf = [&](const auto &write) {
+        KRBoundedBuffer whole(1 << 20);
+        return write(&whole) && !whole.isOverfull() ? int(whole.size()) : 0;
+    };
+    const auto writeGpx = [&](QIODevice *file) { return KRGpxWriter::write(tracks, file); };
+    const auto writeKml = [&](QIODevice *file) { return KRKmlWriter::write(tracks, QStringLiteral("a"), file); };
+    QVERIFY(sizeOf(writeGpx) > 0 && sizeOf(writeKml) > 0);
+    for (int most = 0; most < sizeOf(writeGpx); ++most) {
+        KRBoundedBuffer file(most);
+        QVERIFY(!writeGpx(&file) && file.isOverfull() && file.size() <= most);
+    }
+    for (int most = 0; most < sizeOf(writeKml); ++most) {
+        KRBoundedBuffer file(most);
+        QVERIFY(!writeKml(&file) && file.isOverfull() && file.size() <= most);
     }
 }
 
