@@ -293,6 +293,13 @@
     </message>
 </context>
 <context>
+    <name>KRPngChunks</name>
+    <message>
+        <source>Das Bild ist ein PNG mit zu viel neben seinen Pixeln.</source>
+        <translation>The picture is a PNG with too much beside its pixels.</translation>
+    </message>
+</context>
+<context>
     <name>KRRouteDocument</name>
     <message>
         <source>Das ist kein Routendokument.</source>

@@ -1,6 +1,6 @@
 #include "KRPictureReader.h"
 
-#include "KRJpegScans.h"
+#include "KRPictureGuard.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
@@ -27,11 +27,11 @@ QImage KRPictureReader::read(const QFileInfo &file, KRErrorHistory *history)
     QFile source(file.filePath());
     if (!KRFileHandler::openForReading(source, history, KRInputLimits::streamedFileBytes))
         return QImage();
-    const QString problemOfScans = KRJpegScans::problemOf(&source);
+    const QString refusal = KRPictureGuard::problemOf(&source);
     QImageReader reader(&source);
     reader.setDecideFormatFromContent(true);
-    QString problem = problemOfScans.isEmpty() ? tr("Das ist kein lesbares Bild.") : problemOfScans;
-    if (problemOfScans.isEmpty() && isMadeOfPixels(reader.format())) {
+    QString problem = refusal.isEmpty() ? tr("Das ist kein lesbares Bild.") : refusal;
+    if (refusal.isEmpty() && isMadeOfPixels(reader.format())) {
         const QSize size = reader.size();
         if (qint64(size.width()) * size.height() > KRInputLimits::picturePixels) {
             problem =

@@ -1,6 +1,6 @@
 #include "KRTileDecoder.h"
 
-#include "KRJpegScans.h"
+#include "KRPictureGuard.h"
 
 #include <KRCore/KRInputLimits.h>
 
@@ -12,7 +12,7 @@ QImage KRTileDecoder::decode(const QByteArray &bytes, QString *problem)
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    *problem = KRJpegScans::problemOf(&buffer);
+    *problem = KRPictureGuard::problemOf(&buffer);
     if (!problem->isEmpty())
         return QImage();
     QImageReader reader(&buffer);

@@ -133,6 +133,10 @@ inline constexpr int archiveFreeBytes = 1 << 20;
 inline constexpr int picturePixels = 64000000;
 /// Scans of a JPEG, in each of which a decoder goes over the whole picture; progressive ones have some ten.
 inline constexpr int jpegScans = 100;
+/// Texts of a PNG that may be packed, each of which takes up to eight megabytes and is held three times.
+inline constexpr int pngPackedTexts = 10;
+/// Bytes of a PNG that are none of its pixels: texts, colour profiles, and twelve for each chunk.
+inline constexpr int pngBytesBesidePixels = 8 << 20;
 /// Bytes of a tile as it is stored.
 inline constexpr int tileBytes = 8 << 20;
 /// Bytes of a value or a row in a tile file, at which SQLite gives up; smaller tiles are refused as too large.

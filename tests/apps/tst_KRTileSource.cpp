@@ -8,6 +8,7 @@
 #include <KRCore/KRInputLimits.h>
 
 #include <QImage>
+#include <QtEndian>
 
 #include <sys/stat.h>
 
@@ -24,6 +25,15 @@ QByteArray jpegOfScans(int count)
                              + '\xe0';
     const QByteArray emptyScan = QByteArray::fromHex("ffda0008010100013f007fff00");
     return header + lookingLikeScans + first + emptyScan.repeated(count - 1) + QByteArray::fromHex("ffd9");
+}
+
+/// With chunks of so many zeroes behind the header.
+QByteArray pngWith(QByteArray png, const char *name, int chunkBytes, int count)
+{
+    constexpr int headerBytes = 8 + 25;
+    QByteArray chunk(4 + 4 + chunkBytes + 4, '\0');
+    qToBigEndian(quint32(chunkBytes), chunk.data());
+    return png.insert(headerBytes, chunk.replace(4, 4, name).repeated(count));
 }
 
 } // namespace
@@ -211,6 +221,10 @@ private slots:
             {"good JPEG", KRTestTiles::picture({2, 1, 1}, 256, "jpg"), ""},
             {"good JPEG of many scans", jpegOfScans(KRInputLimits::jpegScans), ""},
             {"JPEG of too many scans", jpegOfScans(KRInputLimits::jpegScans + 1), "Durchgängen"},
+            {"PNG of some packed texts", pngWith(good, "zTXt", 99, KRInputLimits::pngPackedTexts), ""},
+            {"PNG of many packed texts", pngWith(good, "iTXt", 99, KRInputLimits::pngPackedTexts + 1), "Pixeln"},
+            {"PNG of long texts", pngWith(good, "tEXt", KRInputLimits::pngBytesBesidePixels / 3, 3), "Pixeln"},
+            {"PNG of many chunks", pngWith(good, "IDAT", 0, KRInputLimits::pngBytesBesidePixels / 12), "Pixeln"},
             {"good WebP", KRTestTiles::picture({2, 1, 1}, 256, "webp"), ""},
             {"large, reduced", KRTestTiles::picture({2, 1, 1}, 1024), ""},
             {"a web page", "<html>Login</html>", "weder"},

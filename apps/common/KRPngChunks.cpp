@@ -1,0 +1,40 @@
+#include "KRPngChunks.h"
+
+#include <KRCore/KRInputLimits.h>
+
+#include <QIODevice>
+#include <QtEndian>
+
+namespace {
+
+// ISO/IEC 15948, 5.3: the length of the data, a name, the data and their check sum.
+constexpr qint64 headBytes = 8;
+constexpr qint64 checkSumBytes = 4;
+
+const QByteArray signature = QByteArrayLiteral("\x89PNG\r\n\x1a\n");
+
+bool hasTooMuch(QIODevice *device)
+{
+    int packedTexts = 0;
+    qint64 bytesBesidePixels = 0;
+    for (QByteArray head = device->read(headBytes); head.size() == headBytes; head = device->read(headBytes)) {
+        const qint64 length = qFromBigEndian<quint32>(head.constData());
+        const QByteArray name = head.mid(4);
+        packedTexts += name == "zTXt" || name == "iTXt" ? 1 : 0;
+        bytesBesidePixels += headBytes + checkSumBytes + (name == "IDAT" ? 0 : length);
+        if (packedTexts > KRInputLimits::pngPackedTexts || bytesBesidePixels > KRInputLimits::pngBytesBesidePixels)
+            return true;
+        if (!device->seek(device->pos() + length + checkSumBytes))
+            return false;
+    }
+    return false;
+}
+
+} // namespace
+
+QString KRPngChunks::problemOf(QIODevice *device)
+{
+    const bool isRefused = device->read(signature.size()) == signature && hasTooMuch(device);
+    device->seek(0);
+    return isRefused ? tr("Das Bild ist ein PNG mit zu viel neben seinen Pixeln.") : QString();
+}
