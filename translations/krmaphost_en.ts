@@ -353,6 +353,13 @@
     </message>
 </context>
 <context>
+    <name>KRTiffTiles</name>
+    <message>
+        <source>Das Bild ist ein TIFF mit zu großen Kacheln.</source>
+        <translation>The picture is a TIFF with tiles that are too large.</translation>
+    </message>
+</context>
+<context>
     <name>KRTileDecoder</name>
     <message>
         <source>Eine Kachel ist weder PNG noch JPEG noch WebP.</source>

@@ -2,9 +2,14 @@
 
 #include "KRJpegScans.h"
 #include "KRPngChunks.h"
+#include "KRTiffTiles.h"
 
 QString KRPictureGuard::problemOf(QIODevice *device)
 {
-    const QString problemOfScans = KRJpegScans::problemOf(device);
-    return problemOfScans.isEmpty() ? KRPngChunks::problemOf(device) : problemOfScans;
+    for (const auto problem : {KRJpegScans::problemOf, KRPngChunks::problemOf, KRTiffTiles::problemOf}) {
+        const QString text = problem(device);
+        if (!text.isEmpty())
+            return text;
+    }
+    return QString();
 }

@@ -26,14 +26,26 @@ def png_chunk(kind, content):
     return struct.pack('>I', len(content)) + kind + content + struct.pack('>I', zlib.crc32(kind + content))
 
 
+def packed_zeroes(megabytes):
+    packer = zlib.compressobj(9)
+    return b''.join(packer.compress(b'\0' * (1 << 20)) for _ in range(megabytes)) + packer.flush()
+
+
 def png(width, height, megabytes, depth=8, color=2, before=''):
     """Of megabytes of nothing, packed; before are chunks that come before them."""
+    return lambda: [b'\x89PNG\r\n\x1a\n',
+                    png_chunk(b'IHDR', struct.pack('>IIBBBBB', width, height, depth, color, 0, 0, 0)), before,
+                    png_chunk(b'IDAT', packed_zeroes(megabytes)), png_chunk(b'IEND', b'')]
+
+
+def tiff_of_a_tile(width, height):
+    """Ten pixels a side, in the corner of a tile."""
     def parts():
-        packer = zlib.compressobj(9)
-        packed = b''.join(packer.compress(b'\0' * (1 << 20)) for _ in range(megabytes)) + packer.flush()
-        return [b'\x89PNG\r\n\x1a\n',
-                png_chunk(b'IHDR', struct.pack('>IIBBBBB', width, height, depth, color, 0, 0, 0)), before,
-                png_chunk(b'IDAT', packed), png_chunk(b'IEND', b'')]
+        tile = packed_zeroes(width * height >> 20)
+        tags = ((256, 10), (257, 10), (258, 8), (259, 8), (262, 1), (277, 1), (322, width), (323, height), (324, 134),
+                (325, len(tile)))
+        return [b'II*\0', struct.pack('<IH', 8, len(tags)), [struct.pack('<HHII', tag, 4, 1, value)
+                                                            for tag, value in tags], b'\0' * 4, tile]
     return parts
 
 
@@ -51,6 +63,7 @@ for count, length, outcome in ((200, 8 << 20, 'refused'), (10, 7900000, 'read'))
 picture('picture PNG of many chunks', png(10, 10, 1, before=lambda: (png_chunk(b'abCd', b''), 20000000)))
 picture('picture BMP 60000 x 60000', b'BM' + struct.pack('<IHHI', 54, 0, 0, 54) + struct.pack(
     '<IiiHHIIiiII', 40, 60000, 60000, 1, 24, 0, 0, 0, 0, 0, 0))
+picture('picture TIFF of huge tiles', tiff_of_a_tile(40000, 20000))
 picture('picture PBM 60000 x 60000', 'P4\n60000 60000\n')
 picture('picture GIF 65000 x 65000', b'GIF89a' + struct.pack('<HHBBB', 65000, 65000, 0x80, 0, 0) + b'\0' * 6 + b','
         + struct.pack('<HHHHB', 0, 0, 65000, 65000, 0) + b'\2\2\x4c\1\0;')
