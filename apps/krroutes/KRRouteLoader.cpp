@@ -89,8 +89,13 @@ bool KRRouteLoader::openDocument(const QString &fileName, const std::function<bo
     KRErrorHistory problems;
     switch (read(fileName, tr("„%1“ wird gelesen …").arg(name), &document, &problems)) {
     case Read:
-        if (m_workspace->selection() != former && !mayReplace())
-            return false;
+        if (m_workspace->selection() != former) {
+            if (!mayReplace())
+                return false;
+            // Where that has saved the changes into this very file, what was read of it is older.
+            if (!m_workspace->isModified() && QFileInfo(m_workspace->fileName()) == QFileInfo(fileName))
+                return openDocument(fileName, mayReplace);
+        }
         m_workspace->open(document, fileName, fileTime);
         report(problems, {});
         return true;

@@ -276,6 +276,17 @@ private slots:
         meanwhile(true, 2, [&] { open({}); });
         meanwhile(false, 4, [&] { open({KRDialogAnswer::button(QMessageBox::Cancel)}); });
         QCOMPARE(names(), both);
+        // What is saved into the file that has just been read is there after all, and not lost by the next save.
+        const int changed = opacity() + 1;
+        meanwhile(false, 8, [&] {
+            open({KRDialogAnswer::button(QMessageBox::Save),
+                  [](QWidget *dialog) { KRDialogAnswer::press(*dialog, "Überschreiben"); }});
+        });
+        QCOMPARE(names(), both);
+        QCOMPARE(opacity(), changed);
+        QVERIFY(!m_window->isWindowModified() && !workspace()->isChangedOutside());
+
+        loseFiles();
         meanwhile(false, 4, [&] {
             open({KRDialogAnswer::button(QMessageBox::Discard), KRDialogAnswer::key(Qt::Key_Escape)});
         });
