@@ -398,6 +398,14 @@
             <numerusform>%n tiles are missing on the map.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Soll es ohne sie weitergehen?</source>
+        <translation>Go on with what there is?</translation>
+    </message>
+    <message>
+        <source>&amp;Trotzdem weiter</source>
+        <translation>&amp;Go on anyway</translation>
+    </message>
 </context>
 <context>
     <name>KRGroundChoice</name>

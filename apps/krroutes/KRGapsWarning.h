@@ -15,4 +15,9 @@ class KRGapsWarning
 public:
     /// Nothing where nothing is missing. @p title is that of the message.
     static void show(QWidget *window, const QString &title, const KRMapGaps &gaps);
+    /// Asks whether to go on without what is missing.
+    static bool isAccepted(QWidget *window, const QString &title, const KRMapGaps &gaps);
+
+private:
+    static QString text(const KRMapGaps &gaps);
 };

@@ -66,8 +66,8 @@ void KRMapPrinter::preview(QWidget *window) const
     dialog.setWindowTitle(tr("Drucken"));
     KRErrorHistory problems;
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter *target) {
-        // The user has turned the page or chosen another paper. Who does not wait for it sees what is at hand, but
-        // nothing is printed.
+        // The user has turned the page or chosen another paper. Who cancels that sees what is at hand, but nothing is
+        // printed.
         const bool isForView = target->paintEngine()->type() == QPaintEngine::Picture;
         if (mapSize(*target) == fetchedSize || fetchGround(mapSize(*target), &dialog))
             fetchedSize = mapSize(*target);
@@ -94,9 +94,10 @@ bool KRMapPrinter::fetchGround(const QSize &size, QWidget *window) const
             ground.paint(&painter, size, KRMapProjection(m_area, size), 1.0);
         },
         [&] { ground.stop(); });
-    if (isDone)
-        KRGapsWarning::show(window, tr("Drucken"), ground.gaps());
-    return isDone;
+    if (!isDone)
+        return ground.gaps().count > 0 && KRGapsWarning::isAccepted(window, tr("Drucken"), ground.gaps());
+    KRGapsWarning::show(window, tr("Drucken"), ground.gaps());
+    return true;
 }
 
 void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history) const

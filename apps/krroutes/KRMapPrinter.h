@@ -37,7 +37,7 @@ public:
 private:
     bool paintPage(QPagedPaintDevice *page, int dotsPerInch) const;
     bool isLandscape() const;
-    /// For a page with a map of so many pixels. False when the user has cancelled it.
+    /// For a page with a map of so many pixels. False when the user has cancelled it and does not want what is there.
     bool fetchGround(const QSize &size, QWidget *window) const;
 
     KRGPXTrackSelection m_selection;

@@ -140,33 +140,57 @@ private slots:
         QCOMPARE(ground.fetched, ground.painted);
     }
 
-    void onlyThePreviewShowsWhatIsAtHand()
+    void whoDoesNotWaitIsAsked()
     {
-        TiledGround ground;
-        ground.isSlow = true;
-        int cancelled = 0;
-        QTimer user;
-        connect(&user, &QTimer::timeout, &m_window, [&cancelled] {
-            auto *const progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
-            if (progress == nullptr || progress->wasCanceled())
-                return;
-            ++cancelled;
-            KRDialogAnswer::press(*progress, "Abbrechen");
+        const KRTestMap high{40.0, 60.0, 5.0, 8.0};
+        const KRTestMap wide{50.0, 52.0, 0.0, 20.0};
+        const KRTestTable<KRTestMap, bool, int> table{
+            {"before the preview: cancelled", wide, false, 1},
+            {"before the preview: gone on", wide, true, 1},
+            {"turned: cancelled, then for printing again", high, false, 3},
+            {"turned: gone on", high, true, 2},
+        };
+        table.forEach([&](const KRTestMap &area, bool goesOn, int fetches) {
+            const QTemporaryDir dir;
+            const QString file = dir.filePath(QStringLiteral("page.pdf"));
+            TiledGround ground;
+            ground.isSlow = true;
+            QTimer user;
+            connect(&user, &QTimer::timeout, &m_window, [] {
+                auto *const progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+                if (progress != nullptr && !progress->wasCanceled())
+                    KRDialogAnswer::press(*progress, "Abbrechen");
+            });
+            user.start(10);
+            const KRDialogAnswer::Answer told = KRDialogAnswer::key(Qt::Key_Return);
+            const KRDialogAnswer::Answer asked =
+                goesOn ? [](QWidget *dialog) { KRDialogAnswer::press(*dialog, "Trotzdem weiter"); }
+                       : KRDialogAnswer::button(QMessageBox::Cancel);
+            int pages = 0;
+            const KRDialogAnswer::Answer print = [&](QWidget *window) {
+                auto *const dialog = qobject_cast<QPrintPreviewDialog *>(window);
+                QVERIFY(dialog);
+                dialog->printer()->setOutputFileName(file);
+                auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
+                preview->setLandscapeOrientation();
+                preview->print();
+                pages = dialog->isVisible() ? preview->pageCount() : 0;
+                dialog->close();
+            };
+            QList<KRDialogAnswer::Answer> expected{asked};
+            if (fetches > 1)
+                expected = {told, print, asked};
+            else if (goesOn)
+                expected.append(print);
+            if (fetches > 2)
+                expected.append(asked);
+            KRDialogAnswer answers(expected);
+            KRMapPrinter(m_selection, area.area(), &ground).preview(&m_window);
+            QVERIFY(answers.isDone());
+            QCOMPARE(pages, goesOn || fetches > 1 ? 1 : 0);
+            QCOMPARE(ground.fetched.size(), fetches);
+            QCOMPARE(QFileInfo::exists(file), goesOn);
         });
-        user.start(10);
-        int pages = 0;
-        KRDialogAnswer answers({KRDialogAnswer::key(Qt::Key_Return), [&](QWidget *dialog) {
-                                    auto *const preview = dialog->findChild<QPrintPreviewWidget *>();
-                                    preview->setLandscapeOrientation();
-                                    preview->print();
-                                    pages = dialog->isVisible() ? preview->pageCount() : 0;
-                                    dialog->close();
-                                }});
-        KRMapPrinter(m_selection, KRTestMap{40.0, 60.0, 5.0, 8.0}.area(), &ground).preview(&m_window);
-        QVERIFY(answers.isDone());
-        QCOMPARE(cancelled, 2);
-        QCOMPARE(pages, 1);
-        QCOMPARE(ground.fetched, ground.painted + QList<QSize>{ground.painted.last()});
     }
 
     void fullDiskKeepsTheOldFile()
