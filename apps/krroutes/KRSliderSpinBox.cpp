@@ -10,7 +10,7 @@ KRSliderSpinBox::KRSliderSpinBox(int maximum, int usualMaximum, const QString &s
 {
     m_slider->setRange(0, usualMaximum);
     m_slider->setPageStep(qMax(1, usualMaximum / 10));
-    m_slider->setMinimumWidth(60);
+    m_slider->setMinimumWidth(40);
     // One stop for the Tab key is enough: the arrow keys do the same in the spin box.
     m_slider->setFocusPolicy(Qt::ClickFocus);
     m_spinBox->setRange(0, maximum);

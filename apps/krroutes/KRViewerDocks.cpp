@@ -10,11 +10,26 @@
 
 #include <KRGeoLocation/KRGeoLocationSettings.h>
 
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
 #include <QVBoxLayout>
+
+namespace {
+
+/// By itself a scroll area asks for room for long scroll bars. All docks below each other shall fit into the window on
+/// the screen of a small laptop.
+void makeLow(const QWidget *panel)
+{
+    constexpr int smallestHeightPx = 40;
+    const auto areas = panel->findChildren<QAbstractScrollArea *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QAbstractScrollArea *const area : areas)
+        area->setMinimumHeight(smallestHeightPx);
+}
+
+} // namespace
 
 KRViewerDocks::KRViewerDocks(KRRouteWorkspace *workspace, QMainWindow *window)
     : QObject(window), m_workspace(workspace), m_window(window), m_trackList(new KRTrackListView(workspace->model())),
@@ -65,6 +80,7 @@ QDockWidget *KRViewerDocks::addDock(Qt::DockWidgetArea area, const QString &name
     auto *const dock = new QDockWidget(m_window);
     dock->setObjectName(name);
     dock->setWidget(widget);
+    makeLow(widget);
     // The title bar would show the mnemonic of the menu as it is written.
     dock->setWindowTitle(QString(title).remove(QLatin1Char('&')));
     dock->toggleViewAction()->setText(title);

@@ -561,6 +561,30 @@ private slots:
         m_window->close();
     }
 
+    void allPanelsFitOnASmallScreen()
+    {
+        constexpr QSize smallScreen(1280, 680); // without the bars of the desktop and the frame
+        const QFont usualFont = QApplication::font();
+        const auto restoreFont = qScopeGuard([&] { QApplication::setFont(usualFont); });
+        QFont largeFont = usualFont;
+        largeFont.setPixelSize(15); // 11 points on most screens
+        QApplication::setFont(largeFont);
+        makeWindow();
+        m_window->openFiles({m_tour});
+        const QList<QDockWidget *> docks = m_window->findChildren<QDockWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        QCOMPARE(docks.size(), 5);
+        const auto fits = [&] {
+            const QSize needed = m_window->minimumSizeHint();
+            return needed == needed.boundedTo(smallScreen);
+        };
+        QTRY_VERIFY(fits());
+        for (QDockWidget *const dock : docks)
+            m_window->addDockWidget(Qt::RightDockWidgetArea, dock, Qt::Vertical);
+        m_window->resize(smallScreen);
+        QTRY_VERIFY(fits());
+        QCOMPARE(m_window->size(), smallScreen);
+    }
+
     void unsavedWorkIsOfferedAfterACrash()
     {
         {
