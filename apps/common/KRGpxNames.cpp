@@ -4,8 +4,7 @@
 
 KRGpxNames::KRGpxNames(const KRXmlStream &document)
 {
-    const QXmlStreamAttributes attributes = document.attributes();
-    for (const QXmlStreamAttribute &attribute : attributes) {
+    for (const QXmlStreamAttribute &attribute : document.attributes()) {
         const QStringView name = attribute.qualifiedName();
         if (name.startsWith(QLatin1String("xmlns:"))
             && attribute.value().startsWith(QLatin1String("http://www.topografix.com/GPX/1/")))
