@@ -8,6 +8,12 @@
 class KRTestFolder
 {
 public:
+    KRTestFolder()
+    {
+        if (!m_dir.isValid())
+            qFatal("cannot make a folder: %s", qPrintable(m_dir.errorString()));
+    }
+
     QDir dir() const { return QDir(m_dir.path()); }
     QString path(const QString &name) const { return m_dir.filePath(name); }
     QStringList files() const { return dir().entryList(QDir::Files, QDir::Name); }
