@@ -97,13 +97,13 @@ QByteArray inflate(zip_file *entry, const zip_stat_t &expected, QString *reason)
 QByteArray contentOf(zip *archive, zip_uint64_t index, QString *reason)
 {
     zip_stat_t entry;
-    if (zip_stat_index(archive, index, 0, &entry) == 0) {
-        *reason = refusal(entry);
-        if (!reason->isEmpty())
-            return QByteArray();
-        if (const OpenEntry open{zip_fopen_index(archive, index, 0)})
-            return inflate(open.get(), entry, reason);
-    }
+    zip_stat_init(&entry);
+    zip_stat_index(archive, index, 0, &entry); // what it cannot tell is not valid
+    *reason = refusal(entry);
+    if (!reason->isEmpty())
+        return QByteArray();
+    if (const OpenEntry open{zip_fopen_index(archive, index, 0)})
+        return inflate(open.get(), entry, reason);
     *reason = KRZIP::tr("er ist beschädigt (%1)").arg(QString::fromUtf8(zip_strerror(archive)));
     return QByteArray();
 }
@@ -114,7 +114,7 @@ QByteArray packedBy(zip_int32_t method, const QString &name, const QByteArray &c
     zip_error error;
     zip_error_init(&error);
     zip_source *const bytes = zip_source_buffer_create(nullptr, 0, 1, &error);
-    zip *const archive = bytes ? zip_open_from_source(bytes, ZIP_TRUNCATE, &error) : nullptr;
+    zip *const archive = zip_open_from_source(bytes, ZIP_TRUNCATE, &error); // null of null
     if (!archive) {
         zip_source_free(bytes);
         return QByteArray();
@@ -133,7 +133,8 @@ QByteArray packedBy(zip_int32_t method, const QString &name, const QByteArray &c
     QByteArray packed;
     if (!isAdded) {
         zip_discard(archive);
-    } else if (zip_source_open(bytes) == 0) {
+    } else {
+        zip_source_open(bytes); // or nothing can be read
         std::array<char, 65536> piece;
         for (zip_int64_t count = 1; count > 0;) {
             count = zip_source_read(bytes, piece.data(), piece.size());

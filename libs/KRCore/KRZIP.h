@@ -44,7 +44,7 @@ public:
     void close();
 
     /// The bytes of an archive with one entry, deflated unless it would be too dense to be read again; a null array
-    /// when the content is more than that or memory runs out.
+    /// when the content is more than that, the name has control characters, or memory runs out.
     static QByteArray pack(const QString &name, const QByteArray &content);
 
 private:

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -39,7 +40,8 @@ Number numberAt(const QByteArray &bytes, int position)
 
 bool hasMark(const QByteArray &bytes, int position, const char (&mark)[5])
 {
-    return position >= 0 && position + 4 <= bytes.size() && std::equal(mark, mark + 4, bytes.constData() + position);
+    const int bytesLeft = bytes.size() - position;
+    return position >= 0 && std::string_view(bytes.constData() + position, size_t(bytesLeft)).substr(0, 4) == mark;
 }
 
 std::optional<Extent> extent(quint64 begin, quint64 size, quint64 limit)
@@ -47,6 +49,14 @@ std::optional<Extent> extent(quint64 begin, quint64 size, quint64 limit)
     if (begin > limit || size > limit - begin)
         return std::nullopt;
     return Extent{begin, begin + size};
+}
+
+/// None when the file has become shorter meanwhile.
+QByteArray bytesOf(QFile *archive, const Extent &part)
+{
+    archive->seek(qint64(part.begin));
+    const QByteArray bytes = archive->read(qint64(part.size()));
+    return quint64(bytes.size()) == part.size() ? bytes : QByteArray();
 }
 
 /// Where the end record lies in @p tail; -1 when there is none or when there are several.
@@ -66,22 +76,22 @@ int findEndRecord(const QByteArray &tail)
 
 std::optional<Extent> findTable(QFile *archive)
 {
-    const qint64 tailSize = std::min<qint64>(archive->size(), wideEndLocatorSize + endRecordSize + maximumCommentSize);
-    archive->seek(archive->size() - tailSize);
-    const QByteArray tail = archive->read(tailSize);
+    constexpr quint64 mostTailBytes = wideEndLocatorSize + endRecordSize + maximumCommentSize;
+    const auto size = quint64(archive->size());
+    const QByteArray tail = bytesOf(archive, {size - std::min(size, mostTailBytes), size});
     const int end = findEndRecord(tail);
     if (end < 0)
         return std::nullopt;
-    const auto limit = quint64(archive->size() - tailSize + end);
+    const quint64 limit = size - quint64(tail.size() - end);
     const int locator = end - wideEndLocatorSize;
     if (!hasMark(tail, locator, "PK\6\7"))
         return extent(numberAt<quint32>(tail, end + 16), numberAt<quint32>(tail, end + 12), limit);
 
     const auto record = extent(numberAt<quint64>(tail, locator + 8), wideEndRecordSize, limit);
-    if (!record || !archive->seek(qint64(record->begin)))
+    if (!record)
         return std::nullopt;
-    const QByteArray wideEnd = archive->read(wideEndRecordSize);
-    if (wideEnd.size() < wideEndRecordSize || !hasMark(wideEnd, 0, "PK\6\6"))
+    const QByteArray wideEnd = bytesOf(archive, *record);
+    if (!hasMark(wideEnd, 0, "PK\6\6"))
         return std::nullopt;
     return extent(numberAt<quint64>(wideEnd, 48), numberAt<quint64>(wideEnd, 40), record->begin);
 }
@@ -109,11 +119,12 @@ bool readWideNumbers(const QByteArray &extraFields, const std::vector<quint64 *>
 }
 
 /// What each entry occupies at least, in the order of the table; nothing when the table is damaged.
-std::optional<std::vector<Extent>> extentsOfEntries(const QByteArray &table, quint64 limit)
+std::optional<std::vector<Extent>> extentsOfEntries(const QByteArray &table, const Extent &place)
 {
+    const quint64 limit = place.begin;
     std::vector<Extent> extents;
     int position = 0;
-    while (position < table.size()) {
+    while (position < int(place.size())) {
         if (position + tableHeaderSize > table.size() || !hasMark(table, position, "PK\1\2"))
             return std::nullopt;
         quint64 packedSize = numberAt<quint32>(table, position + 20);
@@ -145,10 +156,8 @@ QString KRZIPGuard::refusal(QFile *archive)
     if (place->size() > KRInputLimits::archiveTableBytes)
         return tr("Das Inhaltsverzeichnis des Archivs ist zu groß (mehr als %1 MB).")
             .arg(KRInputLimits::archiveTableBytes >> 20);
-    archive->seek(qint64(place->begin));
-    const QByteArray table = archive->read(qint64(place->size()));
-    auto extents = extentsOfEntries(table, place->begin);
-    if (table.size() != int(place->size()) || !extents)
+    auto extents = extentsOfEntries(bytesOf(archive, *place), *place);
+    if (!extents)
         return tr("Das Inhaltsverzeichnis des Archivs ist beschädigt.");
 
     std::sort(extents->begin(), extents->end());

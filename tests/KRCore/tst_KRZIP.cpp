@@ -23,6 +23,9 @@ private slots:
         QCOMPARE(zip.fileContent(QStringLiteral("first.kml")), QByteArray("1"));
         QCOMPARE(zip.fileContent(QStringLiteral("third.kml")), QByteArray("3"));
         QVERIFY(m_history.isEmpty());
+        QVERIFY(!zip.open(KRZIP::OpenMode(2))); // there is no other mode; what was open is not any more
+        QVERIFY(zip.getFileNameList().isEmpty());
+        QVERIFY(zip.open(KRZIP::read));
         zip.close();
         QVERIFY(zip.getFileNameList().isEmpty() && zip.fileContent(QStringLiteral("third.kml")).isNull());
     }
@@ -249,6 +252,7 @@ private slots:
         }
         QVERIFY(KRZIP::pack(name, content).size() > content.size());
         QVERIFY(KRZIP::pack(name, QByteArray(KRInputLimits::archiveEntryBytes + 1, 'x')).isNull());
+        QVERIFY(KRZIP::pack(QStringLiteral("a\u0001"), content).isNull());
     }
 
 private:
