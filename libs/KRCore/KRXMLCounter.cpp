@@ -53,7 +53,7 @@ bool KRXMLCounter::declareAttributes(qint64 count)
 {
     m_declaredAttributes += count;
     m_nodes += int(count);
-    return mayDeclare(count) && isWithinLimits();
+    return mayDeclare(count);
 }
 
 bool KRXMLCounter::addDeclaration(qint64 nameCharacters, qint64 characters)
@@ -83,8 +83,9 @@ bool KRXMLCounter::compareAttributes(qint64 count)
 {
     if (count > KRInputLimits::manyAttributes)
         m_attributePairs += count * count;
-    return m_attributePairs <= KRInputLimits::attributePairs
-           || refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente haben zu viele Attribute."));
+    if (m_attributePairs > KRInputLimits::attributePairs)
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Die Elemente haben zu viele Attribute."));
+    return true;
 }
 
 bool KRXMLCounter::addText(QStringView text)
@@ -120,9 +121,10 @@ QString KRXMLCounter::refusalOr(const QString &readerError) const
 bool KRXMLCounter::mayDeclare(qint64 count)
 {
     m_declarations += count;
-    return m_declarations <= KRInputLimits::declarations
-           || refuse(QCoreApplication::translate("KRXMLGuard", "Der Dokumenttyp hat mehr als %1 Vereinbarungen.")
-                         .arg(KRInputLimits::declarations));
+    if (m_declarations > KRInputLimits::declarations)
+        return refuse(QCoreApplication::translate("KRXMLGuard", "Der Dokumenttyp hat mehr als %1 Vereinbarungen.")
+                          .arg(KRInputLimits::declarations));
+    return true;
 }
 
 bool KRXMLCounter::isWithinLimits()
@@ -130,7 +132,9 @@ bool KRXMLCounter::isWithinLimits()
     if (m_nodes > KRInputLimits::nodes)
         return refuse(QCoreApplication::translate("KRXMLGuard", "Das Dokument hat mehr als %1 Knoten.")
                           .arg(KRInputLimits::nodes));
-    return m_charactersLeft >= 0 || refuseExpansion();
+    if (m_charactersLeft < 0)
+        return refuseExpansion();
+    return true;
 }
 
 bool KRXMLCounter::refuse(const QString &refusal)

@@ -167,16 +167,14 @@ bool KRXMLGuard::read(const QString &xml, QDomDocument *document, KRErrorHistory
     const KRXMLCounter empty(xml.size(), xml.count(QLatin1Char('&')));
     KRXMLCounter counter = empty;
     KRXMLSkimmer skimmer(xml, &counter);
-    switch (skimmer.skim()) {
-    case KRXMLSkimmer::Counted:
+    const KRXMLSkimmer::Result result = skimmer.skim();
+    if (result == KRXMLSkimmer::Counted)
         return build(xml, document, refusal);
-    case KRXMLSkimmer::Refused:
+    if (result == KRXMLSkimmer::Refused) {
         refusal->reason = counter.refusal();
         refusal->line = skimmer.line();
         refusal->column = skimmer.column();
         return false;
-    case KRXMLSkimmer::LeftToReader:
-        break;
     }
     QXmlInputSource source;
     source.setData(xml);

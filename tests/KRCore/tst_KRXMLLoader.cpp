@@ -1,5 +1,6 @@
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRInputLimits.h>
+#include <KRCore/KRQtCompat.h>
 #include <KRCore/KRXMLLoader.h>
 
 #include "KRQuietFiles.h"
@@ -29,6 +30,11 @@ QByteArray contentModel(int levels)
 QByteArray declaredAttributes(int count)
 {
     return "<!DOCTYPE r [<!ATTLIST r " + QByteArray("a CDATA #IMPLIED ").repeated(count) + ">]>";
+}
+
+QByteArray inDocumentType(const QByteArray &declarations)
+{
+    return "<!DOCTYPE r [" + declarations + "]><r/>";
 }
 
 QByteArray numbered(const QByteArray &text, int count)
@@ -85,6 +91,7 @@ private slots:
             {"as deep as allowed", nested(KRInputLimits::depth), {}},
             {"content model as deep as allowed", contentModel(KRInputLimits::depth), {}},
             {"UTF-7", utf7("<r>a&lt;</r>"), "a<"},
+            {"no declaration", "<r><!-- <?xml " + QByteArray(5000, ' ') + "--></r>", {}},
         };
         table.forEach([](const QByteArray &xml, const QString &text) {
             KRErrorHistory history;
@@ -119,6 +126,12 @@ private slots:
     {
         const QByteArray flatEntity = "<!DOCTYPE r [<!ENTITY e \"" + QByteArray(4000, 'x') + "\">]><r>"
                                       + QByteArray("&e;").repeated(20000) + "</r>";
+        const QByteArray nestedEntities = inDocumentType("<!ENTITY a '" + QByteArray(79, 'x') + " '><!ENTITY b '"
+                                                         + QByteArray("&a;").repeated(50) + "'>")
+                                              .replace("<r/>", "<r>" + QByteArray("&b;").repeated(3000) + "</r>");
+        const QByteArray longName(KRInputLimits::nameCharacters + 1, 'x');
+        const char *const nameIsTooLong = KRQtCompat::domReadsBrokenXml ? "zu lang" : "Kein lesbares XML";
+        constexpr int manyDeclarations = KRInputLimits::declarations + 1;
         const KRTestTable<QByteArray, KRText> table{
             {"empty", {}, "leer"},
             {"unclosed element", "<r><a></r>", "Kein lesbares XML"},
@@ -146,6 +159,18 @@ private slots:
              "zu viele Attribute"},
             {"content model", contentModel(KRInputLimits::depth + 1), "geschachtelt"},
             {"content model in UTF-16", utf16(contentModel(KRInputLimits::depth + 1)), "geschachtelt"},
+            {"nested entities", nestedEntities, "Entitäten"},
+            {"external entities", inDocumentType(numbered("<!ENTITY e%d SYSTEM 'x'>", manyDeclarations)),
+             "Vereinbarungen"},
+            {"pictures", inDocumentType(numbered("<!ENTITY e%d SYSTEM 'x' NDATA n>", manyDeclarations)),
+             "Vereinbarungen"},
+            {"notations", inDocumentType(numbered("<!NOTATION n%d SYSTEM 'x'>", manyDeclarations)), "Vereinbarungen"},
+            {"declared name", inDocumentType("<!ATTLIST r " + longName + " CDATA 'x'>"), nameIsTooLong},
+            {"document type without end", "<!DOCTYPE r", "Kein lesbares XML"},
+            {"name of a document type", "<!DOCTYPE " + longName + '>', nameIsTooLong},
+            {"reference to no number", "<r>&#-1;</r>", "Kein lesbares XML"},
+            {"reference without end", "<r>&#12", "Kein lesbares XML"},
+            {"comment without end", "<r>&#x1F600;<!-- &#x1F600;", "Kein lesbares XML"},
             {"content model in an entity", "<!DOCTYPE r [<!ENTITY % p \"&#60;!ELEMENT r (a)>\"> %p;]><r/>",
              "Parameter-Entitäten"},
         };
@@ -155,6 +180,29 @@ private slots:
             QVERIFY(KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x.gpx"), &history).isNull());
             QCOMPARE(history.entries().size(), 1);
             QVERIFY2(history.entries().at(0).reason.contains(reason), qUtf8Printable(history.entries().at(0).reason));
+        });
+    }
+
+    /// A document type may have another part of the guard count.
+    void refusesWithAndWithoutDocumentType()
+    {
+        const QByteArray tooLong(KRInputLimits::markupCharacters + 1, 'x');
+        const QByteArray manySections = QByteArray("<![CDATA[x]]>").repeated(KRInputLimits::nodes / 2);
+        const KRTestTable<QByteArray, KRText> table{
+            {"attribute", "<r a='" + tooLong + "'/>", "zu lang"},
+            {"comment", "<r><!--" + tooLong + "--></r>", "zu lang"},
+            {"instruction", "<r><?p " + tooLong + "?></r>", "zu lang"},
+            {"blanks", "<r>a" + QByteArray(KRInputLimits::wordCharacters + 1, ' ') + "</r>", "Leerzeichen"},
+            {"sections, an even number of nodes before", "<r><a/>" + manySections + "</r>", "Knoten"},
+            {"sections, an odd number of nodes before", "<r>" + manySections + "</r>", "Knoten"},
+        };
+        const KRQuietFiles quiet;
+        table.forEach([](const QByteArray &xml, const QString &reason) {
+            for (const char *const type : {"", "<!DOCTYPE r [<!ENTITY e 'x'>]>"}) {
+                KRErrorHistory history;
+                QVERIFY(KRXMLLoader::parseDocumentElement(type + xml, QStringLiteral("x"), &history).isNull());
+                QVERIFY2(history.entries().at(0).reason.contains(reason), type);
+            }
         });
     }
 
@@ -168,12 +216,14 @@ private slots:
 
     void decodedTextIsGuarded()
     {
-        const auto tooDeep = QString::fromLatin1(nested(KRInputLimits::depth + 1));
+        const auto tooDeep = QString::fromLatin1('\n' + nested(KRInputLimits::depth + 1));
         KRErrorHistory history;
         const KRQuietFiles quiet;
         for (const QString &xml : {tooDeep, QStringLiteral("<r>\n<a>"), QString()})
             QVERIFY(KRXMLLoader::parseDocumentElement(xml, QStringLiteral("x"), &history).isNull());
         QCOMPARE(history.entries().size(), 3);
+        QCOMPARE(history.entries().at(0).line, 2);
+        QCOMPARE(history.entries().at(0).column / 3, KRInputLimits::depth + 1); // within the tag, or behind it
         QCOMPARE(history.entries().at(1).line, 2);
     }
 

@@ -42,12 +42,15 @@ private slots:
             {"control characters are left out", fromUtf8("a\1b\2c\uFFFFd"), fromUtf8("abcd")},
             {"private characters", fromUtf8("a\uE000b"), fromUtf8("a\uE000b")},
             {"half a character is left out", fromUtf8("x") + half + fromUtf8("y"), fromUtf8("xy")},
+            {"half a character at the end", fromUtf8("x") + half, fromUtf8("x")},
+            {"what XML is made of", fromUtf8("<a b='c' d=\"e\"> & ]]>"), fromUtf8("<a b='c' d=\"e\"> & ]]>")},
         };
         table.forEach([](const QString &text, const QString &readBack) {
             QDomDocument document;
             QDomElement root = KRXMLBuilder::buildRootElement(document, QStringLiteral("r"));
             root.setAttribute(QStringLiteral("n"), text);
             KRXMLBuilder::buildDomElement(root, QStringLiteral("c"), text);
+            QCOMPARE(KRXMLBuilder::readableText(text), readBack);
             for (const int indent : {-1, 1}) {
                 QDomDocument again;
                 QVERIFY(again.setContent(KRXMLBuilder::toText(document, indent).toUtf8()));
