@@ -30,13 +30,12 @@ public:
     // Beyond ASCII encodings differ, and no position needs them.
     PointScanner(const char *begin, const char *end) : m_cursor(begin, end, false), m_end(end) { }
 
-    /// Where a plain point ends, null if it is none or goes on behind the last byte.
+    /// Where the plain point ends that begins here, null if it is none or goes on behind the last byte.
     const char *endOfPlainPoint()
     {
         std::optional<double> latitude;
         std::optional<double> longitude;
-        if (!m_cursor.skip(pointStart))
-            return nullptr;
+        m_cursor.skip(pointStart);
         while (m_cursor.skipBlanks()) {
             if (!latitude && m_cursor.skip("lat="))
                 latitude = readCoordinate();

@@ -94,11 +94,6 @@ void appendUnits(QString *text, qint32 units)
 
 } // namespace
 
-bool KRKmlCoordinates::Position::operator==(const Position &other) const
-{
-    return latitude == other.latitude && longitude == other.longitude && elevation == other.elevation;
-}
-
 bool KRKmlCoordinates::isClosed() const
 {
     return count() > 1 && m_positions.first().latitude == m_positions.last().latitude

@@ -21,7 +21,6 @@ public:
         qint32 latitude; // 1e-7 degrees
         qint32 longitude;
         qint32 elevation; // m
-        bool operator==(const Position &other) const;
     };
 
     int count() const { return m_positions.size(); }

@@ -11,15 +11,10 @@ constexpr int mostTextForImporter = 2000; // characters
 
 KRKmlStyle::Use KRKmlGeometry::use() const
 {
-    switch (kind) {
-    case Point:
+    if (kind == Point)
         return KRKmlStyle::UseForPoint;
-    case Line:
+    if (kind == Line)
         return parts.first().isClosed() ? KRKmlStyle::UseForClosedLine : KRKmlStyle::UseForLine;
-    case NamedShape:
-    case Area:
-        break;
-    }
     return KRKmlStyle::UseForArea;
 }
 
@@ -27,7 +22,8 @@ bool KRKmlGeometry::isCompletedLater() const
 {
     const bool hasTimes =
         std::any_of(parts.cbegin(), parts.cend(), [](const KRKmlCoordinates &part) { return part.hasTimes(); });
-    return hasTimes || (kind != Area && parts.size() > 1) || parts.first().count() > mostPositionsForImporter;
+    // Of what the importer draws as one line only records have several parts, and these have times.
+    return hasTimes || parts.first().count() > mostPositionsForImporter;
 }
 
 bool KRKmlGeometry::hasLongTexts() const

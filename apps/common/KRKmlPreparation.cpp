@@ -18,16 +18,12 @@ QString geometryXml(const KRKmlGeometry &geometry)
 {
     const KRKmlCoordinates &first = geometry.parts.first();
     const QString coordinates = element("coordinates", geometry.isCompletedLater() ? first.toText(1) : first.toText());
-    switch (geometry.kind) {
-    case KRKmlGeometry::Point:
+    if (geometry.kind == KRKmlGeometry::Point)
         return element("Point", coordinates);
-    case KRKmlGeometry::Line:
+    if (geometry.kind == KRKmlGeometry::Line)
         return element("LineString", coordinates);
-    case KRKmlGeometry::Area:
+    if (geometry.kind == KRKmlGeometry::Area)
         return element("Polygon", coordinates);
-    case KRKmlGeometry::NamedShape:
-        break;
-    }
     return geometry.shape.isEmpty() ? coordinates : element("shape", geometry.shape.toHtmlEscaped()) + coordinates;
 }
 

@@ -75,8 +75,6 @@ void nameFile(QDomElement configuredTrack, const QString &fileName)
 /// As KRXMLGuard counts them.
 int countNodes(const QDomNode &node)
 {
-    if (node.isText())
-        return node.nodeValue().isEmpty() ? 0 : 1;
     int count = 1 + int(node.attributes().count());
     for (QDomNode child = node.firstChild(); !child.isNull(); child = child.nextSibling())
         count += countNodes(child);

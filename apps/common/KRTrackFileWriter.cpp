@@ -83,7 +83,7 @@ bool KRTrackFileWriter::isReadable(const QString &fileName, const KRGPXTrack &tr
     KRErrorHistory problems;
     if (KRGPXTrackFile(file, &problems).isValid() || !track.isValid())
         return true;
-    const QString reason = problems.isEmpty() ? QString() : problems.entries().first().reason;
+    const QString reason = problems.entries().value(0).reason;
     KRErrorHistory::report(
         history, file.filePath(),
         tr("Die Route „%1“ ließe sich nicht wieder öffnen: %2").arg(track.name().left(longestShownName), reason));

@@ -79,8 +79,8 @@ bool KRXmlStream::read(const QFileInfo &file, KRErrorHistory *history, const Rea
     QFile source(file.filePath());
     if (!KRFileHandler::openForReading(source, history, KRInputLimits::streamedFileBytes))
         return false;
-    const std::unique_ptr<QIODevice> filtered = filter ? filter(&source) : nullptr;
-    KRXmlStream stream(filtered ? filtered.get() : &source);
+    const std::unique_ptr<QIODevice> filtered = filter(&source);
+    KRXmlStream stream(filtered.get());
     if (stream.readDocument(reader))
         return true;
     if (stream.reportRefusal(file.filePath(), history)

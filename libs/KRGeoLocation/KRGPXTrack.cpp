@@ -161,12 +161,16 @@ bool KRGPXTrack::operator<(const KRGPXTrack &other) const
 
 bool KRGPXTrack::setName(const QString &name)
 {
-    return name != this->name() && d->setName(name);
+    if (name == this->name())
+        return false;
+    return d->setName(name);
 }
 
 bool KRGPXTrack::setShape(const KRGPXTrackShape &shape)
 {
-    return shape != this->shape() && d->setShape(shape);
+    if (shape == this->shape())
+        return false;
+    return d->setShape(shape);
 }
 
 void KRGPXTrack::addEnclave(const KRGPXTrack &enclave)
