@@ -189,7 +189,7 @@ private slots:
         const QByteArray tooLong(KRInputLimits::markupCharacters + 1, 'x');
         const QByteArray manySections = QByteArray("<![CDATA[x]]>").repeated(KRInputLimits::nodes / 2);
         const KRTestTable<QByteArray, KRText> table{
-            {"attribute", "<r a='" + tooLong + "'/>", "zu lang"},
+            {"attribute", "<r a='" + tooLong + "' b=''/>", "zu lang"},
             {"comment", "<r><!--" + tooLong + "--></r>", "zu lang"},
             {"instruction", "<r><?p " + tooLong + "?></r>", "zu lang"},
             {"blanks", "<r>a" + QByteArray(KRInputLimits::wordCharacters + 1, ' ') + "</r>", "Leerzeichen"},

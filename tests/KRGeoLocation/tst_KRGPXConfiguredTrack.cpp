@@ -92,6 +92,7 @@ private slots:
             {"behind the end", 4, 1.2, 720.0},
             {"not a number", 4, qQNaN(), 720.0},
             {"flight line: always the centre", 2, 1.0, 9.5},
+            {"area: the same", 8, 0.0, 9.5},
             {"auto: by the track's shape", 256, 1.0, 11.0},
         };
         table.forEach([](int shape, double fraction, double longitude) {

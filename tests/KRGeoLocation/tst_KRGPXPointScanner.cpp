@@ -19,6 +19,7 @@ private slots:
     void readsWhatItTakesAsTheDom();
     void staysWithinLimits();
     void leavesOutWhatIsNotWanted();
+    void takesWholeCharacters();
 };
 
 void tst_KRGPXPointScanner::takes()
@@ -39,8 +40,8 @@ void tst_KRGPXPointScanner::takes()
         {"attributes in another form, and what is no number",
          "<trkpt lon='8' lat='x' ><ele a=\"1\" b='\xC3\xA4'>x</ele><time/></trkpt><trkpt  lat=\"53\"/><trkpt/>",
          QByteArray(), QStringLiteral("8.,1. 1.,53. 1.,1.")},
-        {"several", "<trkpt lat=\"1\" lon=\"2\"/><trkpt lat=\"3\" lon=\"4\"></trkpt>", "\n<trkpt lat=\"5\" lon=\"6\"",
-         QStringLiteral("2.,1. 4.,3.")},
+        {"several", "<trkpt lat=\"1\" lon=\"2\"/><trkpt lat=\"3\" lon=\"4\"></trkpt>",
+         "\n<trkpt lat=\"5\" lon=\"6\"><desc>\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80]", QStringLiteral("2.,1. 4.,3.")},
     };
     table.forEach([](const QByteArray &run, const QByteArray &rest, const QString &points) {
         // Of a point that is not whole nothing is taken, wherever the bytes end.
@@ -64,6 +65,10 @@ void tst_KRGPXPointScanner::readsWhatItTakesAsTheDom()
     QList<QByteArray> texts;
     for (const char *const body : {"<ele>1</ele><ele>2</ele>",
                                    "<ele/>",
+                                   "<ele />",
+                                   "<[/>",
+                                   "<{/>",
+                                   "<a b='' c='' d='' e='' f='' g='' h='' i='' j=''/>",
                                    "<desc>a</desc>",
                                    "<a>",
                                    "<!-- -->",
@@ -114,17 +119,18 @@ void tst_KRGPXPointScanner::readsWhatItTakesAsTheDom()
 
 void tst_KRGPXPointScanner::staysWithinLimits()
 {
-    const QByteArray text = QByteArray("<trkpt lat=\"1\" lon=\"2\"><a><b/></a></trkpt>").repeated(3);
-    const auto taken = [&](int mostPoints, int mostLevels) {
+    const QByteArray text = QByteArray("<trkpt lat=\"1\" lon=\"2\"><desc>abc</desc><a><b/></a></trkpt>").repeated(3);
+    const auto taken = [&](int mostPoints, int mostLevels, qint64 mostCharacters = 1000) {
         KRGPXTrackSegment segment;
         KRGPXPointScanner().scan(text.constData(), text.constData() + text.size(), &segment,
-                                 {mostPoints, mostLevels, 1000});
+                                 {mostPoints, mostLevels, mostCharacters});
         return segment.count();
     };
     QCOMPARE(taken(2, 100), 2);
     QCOMPARE(taken(0, 100), 0);
     QCOMPARE(taken(100, 1), 0);
     QCOMPARE(taken(100, -1), 0);
+    QCOMPARE(taken(100, 100, 5), 2);
 }
 
 void tst_KRGPXPointScanner::leavesOutWhatIsNotWanted()
@@ -143,6 +149,27 @@ void tst_KRGPXPointScanner::leavesOutWhatIsNotWanted()
     QCOMPARE(scanned(true, false), std::make_pair(8, 8));
     QCOMPARE(scanned(true, true), std::make_pair(8, 3));
     QCOMPARE(scanned(false, true), std::make_pair(7, 2));
+}
+
+/// Well-formed UTF-8 by the table of RFC 3629, except for what XML does not allow, the mark of the byte order, and what
+/// is near them.
+void tst_KRGPXPointScanner::takesWholeCharacters()
+{
+    const QList<QByteArray> whole{
+        "~ ]",          "\xC3\xA4",     "\xDF\xBF",         "\xE0\xA0\x80",     "\xED\x9F\xBF",
+        "\xEE\x80\x80", "\xEF\xBA\xBF", "\xF0\x90\x80\x80", "\xF1\x80\xBF\xBF", "\xF4\x8F\xBF\xBD"};
+    const QList<QByteArray> others{"\x7F",          "\x80",          "\xC1\xBF",         "\xC3(",
+                                   "\xC3\xC3",      "\xE0\x9F\xBF",  "\xE2(\xAC",        "\xE2\x82(",
+                                   "\xED\xA0\x80",  "\xEF\xBB\xBF",  "\xEF\xBF\xBF",     "\xF0\x8F\xBF\xBF",
+                                   "\xF0\x9F(\x80", "\xF0\x9F\x98(", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80"};
+    for (const QByteArray &characters : whole + others) {
+        const QByteArray text = "<trkpt lat='1' lon='2'><desc>" + characters + "</desc></trkpt>";
+        KRGPXTrackSegment segment;
+        KRGPXPointScanner().scan(text.constData(), text.constData() + text.size(), &segment, {1, 1, 1000});
+        QVERIFY2(segment.count() == (whole.contains(characters) ? 1 : 0), characters.toHex().constData());
+        if (segment.count() == 1)
+            QCOMPARE(segment.description(0), QString::fromUtf8(characters));
+    }
 }
 
 template class KRTestRegistration<tst_KRGPXPointScanner>;

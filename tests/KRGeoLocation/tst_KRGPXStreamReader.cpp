@@ -191,6 +191,7 @@ private slots:
                                          + plainPoint("\xC3\xB6") + plainPoint("\xC3\xB6") + "</trkseg>");
         const KRTestTable<QByteArray> table{
             {"no track", QByteArray("<gpx/>")},
+            {"names of all plain characters", QByteArray("<gpx><aZ-0._:b/></gpx>")},
             {"only children of the root", QByteArray("<trk><x><trk/></x><trk><trkseg/></trk><g:trk/></trk>")},
             {"the last name wins", track("<name>a</name><desc>b</desc><name>c</name><desc/>")},
             {"the first child of a point wins",
@@ -212,6 +213,9 @@ private slots:
             {"brackets and characters beyond U+FFFF",
              track("<trkseg>" + plainPoint("[1] a]] \xF0\x9F\x98\x80\xF4\x8F\xBF\xBD") + "</trkseg>")},
             {"UTF-16", KRTestXml::utf16(QString::fromUtf8(track("<name>\xC3\xA4\xF0\x9F\x98\x80</name>")))},
+            {"UTF-16 with points, as declared",
+             KRTestXml::utf16(QStringLiteral("<?xml version='1.0' encoding='UTF-16'?>")
+                              + QString::fromUtf8(track("<trkseg>" + spelledPoint + spelledPoint + "</trkseg>")))},
             {"points in a comment",
              track("<trkseg><!-- points that do not count, among them a trkpt>" + spelledPoint + " --></trkseg>")},
             {"points in CDATA",
@@ -333,6 +337,7 @@ private slots:
             {"QDom keeps carriage returns", "<gpx><trk><desc>a\r\nb</desc></trk></gpx>"},
             {"in points too", "<gpx><trk><trkseg><trkpt><desc>a\rb</desc></trkpt></trkseg></trk></gpx>"},
             {"QDom is strict in names", "<gpx><a}/></gpx>"},
+            {"so others than the usual are left to it", "<gpx><\xC3\xA4/></gpx>"},
             {"of attributes too", "<gpx a}='1'/>"},
             {"and in processing instructions", "<gpx><?a}?></gpx>"},
             {"document type", "<!DOCTYPE gpx><gpx/>"},
@@ -344,6 +349,8 @@ private slots:
             {"bad UTF-8", "<gpx><trk><name>\xE4</name></trk></gpx>"},
         };
         table.forEach([](const QByteArray &xml) { QVERIFY(!readAsStream(xml).has_value()); });
+        // Not what is more than the DOM takes.
+        QVERIFY(readAsStream("<gpx><?a?>" + QByteArray("<b/>").repeated(KRInputLimits::nodes) + "</gpx>").has_value());
     }
 
     void refuses()
@@ -355,6 +362,19 @@ private slots:
             {"a level too deep", nestedEnclaves((KRInputLimits::depth - 3) / 2 + 1), 1, "256"},
             {"hundred thousand levels", nestedEnclaves(100000), 1, "256"},
             {"a tag of fifty thousand attributes", "<gpx" + attributes(50000) + "/>", 1, "zu groß"},
+            // Seen at the tag behind.
+            {"segments", "<gpx><trk>\n" + QByteArray("<trkseg/>").repeated(KRInputLimits::segments + 2), 2, "Segmente"},
+            {"tracks", "<gpx>\n" + QByteArray("<trk/>").repeated(KRInputLimits::tracks + 2), 2, "Strecken"},
+            {"a name", "<gpx><trk><name>" + QByteArray(KRInputLimits::keptCharacters + 1, 'n') + "</name>", 1,
+             "zu lang"},
+            {"pieces of a name", "<gpx><trk><name>" + QByteArray("a<!---->").repeated(KRInputLimits::textPieces), 1,
+             "zerstückelt"},
+            {"points of one text",
+             "<gpx><trk><trkseg><compressedPoints>" + QByteArray("1,1 ").repeated(KRInputLimits::textPoints + 1)
+                 + "</compressedPoints>",
+             1, "Punkte"},
+            {"bytes that are no points", "<gpx>" + QByteArray("<!--" + QByteArray(1 << 20, ' ') + "-->").repeated(50),
+             1, "zu viel anderen Inhalt"},
             {"many tags of many attributes", "<gpx>\n" + ("<trk" + attributes(1000) + "/>").repeated(200) + "</gpx>", 2,
              "zu viele"},
         };

@@ -150,6 +150,10 @@ private slots:
         QCOMPARE(included.tagName(), QStringLiteral("includedTrack"));
         QCOMPARE(KRGPXTrack(included.firstChildElement(), noDir), lake);
         QCOMPARE(KRGPXTrack(root.firstChildElement(QStringLiteral("trk")), folder.dir()), lake);
+        // Where there is no such folder, everything stands in the document.
+        QDomElement whole = KRTestXml::element("<root/>");
+        lake.toXml(whole, QDir(folder.path(QStringLiteral("missing"))));
+        QCOMPARE(KRGPXTrack(whole.firstChildElement(), noDir), lake);
 
         const QFileInfo file(folder.path(QStringLiteral("out.gpx")));
         lake.saveAsGpxFile(file);
@@ -209,6 +213,18 @@ private slots:
                                   QDir(QDir::currentPath()));
         QVERIFY(QDir::setCurrent(before));
         QVERIFY(included.isValid());
+    }
+
+    void settersTellOfChanges()
+    {
+        KRGPXTrack lake = track(squareText(2), PolygonTrackShape);
+        const KRGPXTrack before = lake;
+        QVERIFY(!lake.setName(lake.name()) && !lake.setShape(PolygonTrackShape));
+        QCOMPARE(lake, before);
+        QVERIFY(lake.setName(QStringLiteral("Meer")) && lake.setShape(HopTrackShape));
+        QCOMPARE(lake.name(), QStringLiteral("Meer"));
+        QCOMPARE(lake.shape().value(), HopTrackShape);
+        QCOMPARE(before.shape().value(), PolygonTrackShape);
     }
 
     void isEnclave()

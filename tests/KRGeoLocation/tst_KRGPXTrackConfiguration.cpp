@@ -44,6 +44,10 @@ private slots:
         QCOMPARE(changed, configuration);
         QCOMPARE(change(), QVector<bool>(10, false));
         QVERIFY(changed.setLineColor(QColor(1, 2, 3, 5)));
+        KRGPXTrackConfiguration stronger = configuration;
+        KRGPXTrackConfiguration longer = configuration;
+        QVERIFY(stronger.setSmoothingStrength(36) && !(stronger == configuration));
+        QVERIFY(longer.setSmoothingSteps(13) && !(longer == configuration));
 
         QDomElement parent = element("<track/>");
         configuration.toXml(parent);

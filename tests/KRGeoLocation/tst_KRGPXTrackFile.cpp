@@ -76,6 +76,12 @@ private slots:
         QVERIFY(!KRGPXTrackFile(large, &history).isValid());
         QCOMPARE(history.entries().size(), 1);
         QCOMPARE(history.entries().first().line, 3);
+        folder.write(QStringLiteral("large.gpx"), "<!DOCTYPE gpx>\n<gpx/>");
+        QVERIFY(QFile::resize(large.filePath(), KRInputLimits::documentBytes + 1));
+        history.clear();
+        QVERIFY(!KRGPXTrackFile(large, &history).isValid());
+        QCOMPARE(history.entries().size(), 1);
+        QVERIFY(history.entries().first().reason.contains(QStringLiteral("Dokumenttyp")));
     }
 };
 

@@ -67,6 +67,18 @@ private slots:
         });
     }
 
+    /// Up to what 64 bits hold, where some times have no clock in some zones, and beyond.
+    void farTimesAreAsValidAsThoseOfPoints()
+    {
+        for (const char *const seconds : {"9223372036854775", "9223372036854776", "-9223372036854775",
+                                          "-9223372036854776", "99999999999999999999"}) {
+            const QString text = QStringLiteral("8,53,0,") + QLatin1String(seconds);
+            const KRGPXTrackSegment segment = KRGPXTrackSegment::decodeKml(text);
+            const KRGPXTrackPoint expected = KRGPXTrackSegment::decodeTrackPoints(text).value(0);
+            QCOMPARE(segment.time(0).isValid(), expected.timeStamp().isValid());
+        }
+    }
+
     void writeAndReadBack()
     {
         QDomElement trk = KRTestXml::element("<trk/>");

@@ -166,11 +166,18 @@ private slots:
         KRGPXTrackSelection other(lines(QStringLiteral("b")));
         other.setCroppingOpacity(3);
         selection.addSelection(other);
-        QVERIFY(!selection.isSinglePoint());
+        QVERIFY(!selection.isSinglePoint() && !other.isSinglePoint());
         QCOMPARE(selection.nominalCroppingOpacity(), 255);
         QCOMPARE(selection.allPoints(),
                  KRGeoPositionList({KRGeoPosition(53, 8), KRGeoPosition(53, 8), KRGeoPosition(54, 9)}));
         QCOMPARE(selection.allTimeStamps().size(), 3);
+        KRGeoPositionList chunks;
+        for (const KRGeoPositionList &chunk : selection.chunkedPoints())
+            chunks.append(chunk);
+        QCOMPARE(chunks, selection.allPoints());
+        int visited = 0;
+        selection.visitPositions([&](const KRGeoPositionSpan &positions) { visited += positions.count; });
+        QCOMPARE(visited, 3);
 
         selection.addTrack(other.tracks().first().track());
         QCOMPARE(names(selection.tracks(), {}), QStringLiteral("abb"));
@@ -249,6 +256,7 @@ private slots:
 
         // Only what is alike may be merged, and only the own count matters.
         QCOMPARE(first.isMergeCompatible(first), true);
+        QCOMPARE(first.isMergeCompatible(resultOf({3}, LineColorAspect)), false);
         QCOMPARE(first.isMergeCompatible(resultOf({3}, LineWidthAspect, true)), true);
         QCOMPARE(resultOf({3}, LineWidthAspect, true).isMergeCompatible(first), false);
         QCOMPARE(resultOf({1, 2}, LineColorAspect).isMergeCompatible(resultOf({2, 1}, LineColorAspect)), false);

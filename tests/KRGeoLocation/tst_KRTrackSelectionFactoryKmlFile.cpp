@@ -51,6 +51,7 @@ private slots:
             QVERIFY2(importer.supportsFile(QUrl::fromLocalFile(QLatin1String(path))), path);
         for (const char *const path : {"/nowhere/a.kml.zip", "/nowhere/a.kmlx", "/nowhere/kml", ""})
             QVERIFY2(!importer.supportsFile(QUrl::fromLocalFile(QLatin1String(path))), path);
+        QVERIFY(importer.readFile(m_folder.write(QStringLiteral("a.txt"), kml(placemark("a")))).isNull());
         QVERIFY(!importer.supportsFile(QUrl(QStringLiteral("http://example.org/a.kml"))));
 
         // The whole factory asks it behind GPX.

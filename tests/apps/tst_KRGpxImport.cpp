@@ -10,6 +10,7 @@
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRLogger.h>
+#include <KRCore/KRQtCompat.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRGeoLocationSettings.h>
 
@@ -81,6 +82,7 @@ private slots:
     void cleanup() { KRLogger::instance()->setWatcher({}); }
     void reads();
     void readsTracksAsTheLibrary();
+    void readsByTheDomAsByTheStream();
     void readsAllOfWayPointsAndRoutes();
     void drawnAsUsersWant();
     void logsOnce();
@@ -142,7 +144,8 @@ void tst_KRGpxImport::reads()
          "</g:trkseg></trk></gpx>",
          "S: 3,4", ""},
         {"prefixes of points alone",
-         "<gpx xmlns:g='http://www.topografix.com/GPX/1/1'><trk><name>P</name><trkseg><g:trkpt lat='3' lon='4'/>"
+         "<gpx xmlns:g='http://www.topografix.com/GPX/1/1'><trk><name>P</name><x:name>X</x:name><trkseg><g:trkpt "
+         "lat='3' lon='4'/>"
          "</trkseg></trk></gpx>",
          "P: 3,4", ""},
         {"points as text",
@@ -191,6 +194,18 @@ void tst_KRGpxImport::readsTracksAsTheLibrary()
         for (int i = 0; i < expected.size(); ++i)
             QVERIFY(list.at(i).track() == expected.at(i));
     }
+}
+
+/// Prefixes, and points without a place, where only the reader of the tracks meets what it cannot read.
+void tst_KRGpxImport::readsByTheDomAsByTheStream()
+{
+    const QByteArray points = position("trkpt", "1", "2") + position("trkpt", "3", "4", "<desc>a&nbsp;b</desc>")
+                              + "<trkpt lat='north' lon='1'/><g:trkpt g:lat='5' g:lon='6'/>";
+    const QByteArray content = "<gpx xmlns:g='http://www.topografix.com/GPX/1/1'><g:trk><g:name>T</g:name><g:trkseg>"
+                               + points + "</g:trkseg></g:trk></gpx>";
+    const QLatin1String expected(KRQtCompat::domReadsBrokenXml ? "T: 1,2 3,4 5,6" : "");
+    QCOMPARE(texts(read(content)), expected);
+    QCOMPARE(m_history.isEmpty(), KRQtCompat::domReadsBrokenXml);
 }
 
 void tst_KRGpxImport::readsAllOfWayPointsAndRoutes()
@@ -257,6 +272,15 @@ void tst_KRGpxImport::brokenGivesNothing()
         QCOMPARE(m_history.entries().size(), 1);
         QCOMPARE(m_history.entries().first().fileName, m_fileName);
     });
+
+    // Too large to be mended: the rest of the file is a hole.
+    KRTestFile::write(m_fileName, gpx(good) + "\n<wpt></trk>");
+    QVERIFY(QFile::resize(m_fileName, KRInputLimits::mendedBytes + 1));
+    KRGpxImport import{QFileInfo(m_fileName)};
+    import.read();
+    QVERIFY(import.configuredTracks().isEmpty());
+    QCOMPARE(import.problems().entries().size(), 1);
+    QVERIFY(import.problems().entries().first().reason.startsWith(QStringLiteral("Kein lesbares XML")));
 }
 
 void tst_KRGpxImport::neverHalfOfTwoFiles()

@@ -66,6 +66,9 @@ private slots:
                  p + point("<!-- </trkpt>") + p,
                  p + point("<!--" + QByteArray(600, ' ') + "-->") + p,
                  p + point(QByteArray("<!---->").repeated(5)) + p,
+                 p + point("<![CDATA[ </trkpt>") + p,
+                 p + point(QByteArray("<![CDATA[]]>").repeated(5)) + p,
+                 p + point("<!x </trkpt>") + p,
                  // Within a comment, whose end stands in what looks like CDATA; and the other way round.
                  "<!-- " + p + "<trkpt lat='1' lon='2'><![CDATA[ --><wpt/><!-- ]]></trkpt> -->",
                  "<![CDATA[ " + p + "<trkpt lat='1' lon='2'><!-- ]]><wpt/><![CDATA[ --></trkpt> ]]>",

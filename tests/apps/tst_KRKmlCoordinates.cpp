@@ -45,6 +45,8 @@ private slots:
             {"more than seven decimals are cut", "8.12345678901,53.00000009", "8.1234567,53", 0},
 
             // What is no position.
+            {"two points, and signs inside", "8.1.2,53 8-1,53", "", 2},
+            {"no longitude", ",53,4", "", 1},
             {"words", "xxx,53 8,yyy 9,54", "9,54", 2},
             {"no latitude", "8 53 4", "", 3},
             {"empty latitude", "8,,4", "", 1},
@@ -57,7 +59,7 @@ private slots:
             // Out of range.
             {"longitude beyond 180", "190,53 -190,53 360,53", "-170,53 170,53 0,53", 0},
             {"date line stays", "180,0 -180,0", "180,0 -180,0", 0},
-            {"beyond a full turn", "361,53", "", 1},
+            {"beyond a full turn", "361,53 1e3,53", "", 2},
             {"beyond the poles", "8,90 8,90.0000001 8,-91", "8,90", 2},
             {"far beyond", "99999999999999999999999999,53", "", 1},
 

@@ -96,6 +96,9 @@ void tst_KRKmlImport::readsPlainDocumentAsTheImporter()
                              + "</Document></kml>");
     QCOMPARE(lengthy.size(), 1);
     QVERIFY(lengthy == KRTrackSelectionFactoryKmlFile().createConfiguredTrackList(QFileInfo(path("long.kml"))));
+    const KRGPXConfiguredTrackList area =
+        read("long.kml", placemark("<Polygon><coordinates>" + coordinates + "</coordinates></Polygon>"));
+    QCOMPARE(area.value(0).allPoints().size(), 150001); // closed
 }
 
 void tst_KRKmlImport::findsPlacemarks()
@@ -182,6 +185,7 @@ void tst_KRKmlImport::readsGeometries()
          "<gx:Track>" + a + "<when/>" + b + coord + "<gx:coord/>" + zero + "</gx:Track>", timed},
         {"a missing time leaves the position", "<gx:Track>" + a + coord + zero + "</gx:Track>",
          "linestring: 8,53,1,1622311581767 0,1e-07,2"},
+        {"ring alone", outline, "polygon: 0,50 9,50 9,59 0,50"},
         {"time of a place", "<TimeStamp>" + a + "</TimeStamp>" + point, "point: 8,53,0,1622311581767"},
     };
     table.forEach([this](const QByteArray &content, const char *expected) {
@@ -225,6 +229,14 @@ void tst_KRKmlImport::reports()
          "<Placemark><Polygon><outerBoundaryIs><coordinates>0,50 9,50 9,59</coordinates></outerBoundaryIs>"
          "<innerBoundaryIs><coordinates>x y</coordinates></innerBoundaryIs></Polygon></Placemark>",
          1, "2: 2 unreadablePosition"},
+        {"hole without an outline",
+         "<Placemark><Polygon><outerBoundaryIs><coordinates> </coordinates></outerBoundaryIs><innerBoundaryIs>"
+         "<coordinates>0,50 9,50 9,59</coordinates></innerBoundaryIs></Polygon></Placemark>",
+         0, "2: placemarkWithoutPosition"},
+        {"positions of a record",
+         "<Placemark><gx:Track><gx:coord>8 53 1</gx:coord><gx:coord>x y</gx:coord><gx:coord>9 54 1</gx:coord>"
+         "</gx:Track></Placemark>",
+         1, "2: unreadablePosition"},
         {"one of several geometries",
          "<Placemark><MultiGeometry>" + point
              + "\n<Point><coordinates>x,y</coordinates></Point></MultiGeometry>"
@@ -278,6 +290,15 @@ void tst_KRKmlImport::styles()
         {"inline map", "<StyleMap><Pair><key>normal</key><styleUrl>#red</styleUrl></Pair></StyleMap>" + line, red,
          both},
         {"icon", "<styleUrl>#icon</styleUrl>" + point, yellow, both},
+        {"icon of its own, and a label",
+         "<Style><LabelStyle/><IconStyle><color>ff00ffff</color></IconStyle></Style>" + point, yellow, both},
+        {"area alone", "<Style><PolyStyle><color>ffff0000</color></PolyStyle></Style>" + area, blue,
+         int(FillDisplayOption)},
+        {"what is no colour",
+         "<Style><LineStyle><x/><color>ffff0000</color></LineStyle><PolyStyle><x/></PolyStyle></Style>" + line, blue,
+         both},
+        {"coordinates alone", "<styleUrl>#red</styleUrl><coordinates>1,1 2,1 2,2</coordinates>", red, both},
+        {"endless address", "<styleUrl>" + QByteArray(2000, 'x') + "#red</styleUrl>" + line, standard, stroke},
         {"map of a map", "<styleUrl>#outer</styleUrl>" + line, red, both},
         {"style inside of a map", "<styleUrl>#inside</styleUrl>" + line, blue, stroke},
         {"texts are escaped", "<Style><LineStyle><color>&lt;&amp;</color></LineStyle></Style>" + line, black, stroke},
@@ -348,21 +369,26 @@ void tst_KRKmlImport::readsArchive()
 
 void tst_KRKmlImport::documentInParts()
 {
-    const int placemarks = 25000;
-    KRKmlPreparation preparation(QStringLiteral("test.kml"));
-    QVERIFY(preparation.read("<kml>" + placemark(point).repeated(placemarks) + "</kml>", nullptr));
-    int first = 0;
-    int documents = 0;
-    while (first < preparation.geometries().size()) {
-        int count = 0;
-        const QString text = preparation.document(first, &count);
-        QVERIFY(count > 0);
-        QCOMPARE(text.count(QLatin1String("</Placemark>")), count);
-        first += count;
-        ++documents;
-    }
-    QCOMPARE(first, placemarks);
-    QVERIFY(documents > 1);
+    const KRTestTable<int, QByteArray> table{
+        {"many", 25000, placemark(point)},
+        {"with long names", 5000, placemark("<name>" + QByteArray(1000, 'n') + "</name>" + point)},
+    };
+    table.forEach([](int placemarks, const QByteArray &xml) {
+        KRKmlPreparation preparation(QStringLiteral("test.kml"));
+        QVERIFY(preparation.read("<kml>" + xml.repeated(placemarks) + "</kml>", nullptr));
+        int first = 0;
+        int documents = 0;
+        while (first < preparation.geometries().size()) {
+            int count = 0;
+            const QString text = preparation.document(first, &count);
+            QVERIFY(count > 0);
+            QCOMPARE(text.count(QLatin1String("</Placemark>")), count);
+            first += count;
+            ++documents;
+        }
+        QCOMPARE(first, placemarks);
+        QVERIFY(documents > 1);
+    });
 }
 
 void tst_KRKmlImport::broken()
@@ -386,11 +412,14 @@ void tst_KRKmlImport::refusesBeyondLimits()
 {
     const QByteArray tuples = QByteArray("1,2 ").repeated(KRInputLimits::positions / 2 + 1);
     const QByteArray line = "<LineString><coordinates>" + tuples + "</coordinates></LineString>";
+    const QByteArray points = point.repeated(KRInputLimits::geometries + 1);
     const KRTestTable<QByteArray> table{
         {"positions of one line",
          "<Placemark><LineString><coordinates>" + tuples + tuples + "</coordinates></LineString></Placemark>"},
-        {"positions of several lines", "<Placemark><a>" + line + line + "</a></Placemark>"},
-        {"geometries", "<Placemark><a>" + point.repeated(KRInputLimits::geometries + 1) + "</a></Placemark>"},
+        {"positions of several lines", "<Placemark><a>" + line + line + point + "</a></Placemark>"},
+        {"geometries", "<Placemark><a>" + points + "</a></Placemark>"},
+        {"geometries, read by the DOM", "&nbsp;<Placemark><a>" + points + "</a></Placemark>"},
+        {"name", "<Placemark><name>" + QByteArray(KRInputLimits::keptCharacters + 1, 'n') + "</name></Placemark>"},
     };
     table.forEach([](const QByteArray &kml) {
         KRErrorHistory history;

@@ -108,9 +108,12 @@ void tst_KRRouteDocument::nothingIsLostInManyRounds()
     look.setLineColor(QColor(QStringLiteral("#80123456")));
     look.setTrackShape(LineStringTrackShape);
     look.setLineWidth(7.5);
+    KRGPXTrackConfiguration halo = look;
+    halo.setLineWidth(7.0);
+    halo.setHaloWidth(1.5);
     KRGPXTrackSelection selection;
     selection.addTrack(KRGPXConfiguredTrack(tour(), look));
-    selection.addTrack(KRGPXConfiguredTrack(point(53.0, 8.0, 0, QDateTime(), QStringLiteral("Bank")), look));
+    selection.addTrack(KRGPXConfiguredTrack(point(53.0, 8.0, 0, QDateTime(), QStringLiteral("Bank")), halo));
     selection.setCroppingOpacity(77);
 
     for (int round = 0; round < 4; ++round) {
@@ -129,6 +132,7 @@ void tst_KRRouteDocument::nothingIsLostInManyRounds()
         QCOMPARE(track.enclaves().first().description(), QStringLiteral("tief"));
         QVERIFY(pointsOf(track.enclaves().first()) == pointsOf(tour().enclaves().first()));
         QCOMPARE(selection.value(1).name(), QStringLiteral("Bank"));
+        QCOMPARE(selection.value(1).configuration().haloWidth().toDouble(), 1.5);
     }
     QCOMPARE(QDir(path(QStringLiteral("Reise.tracks"))).entryList(QDir::Files),
              (QStringList{QStringLiteral("track.gps"), QStringLiteral("track_1.gps")}));
@@ -358,13 +362,21 @@ void tst_KRRouteDocument::folderNameCannotLeadElsewhere()
     KRGPXTrackSelection selection;
     selection.addTrack(tour());
     save(selection);
-    QByteArray content = KRTestFile::content(document().filePath());
+    const QByteArray content = KRTestFile::content(document().filePath());
     QVERIFY(content.contains("folder=\"Reise.tracks\""));
-    content.replace("folder=\"Reise.tracks\"", "folder=\"../Reise.tracks\"");
-    const QString inner = KRTestFile::write(path(QStringLiteral("inner/Reise.krroute")), content);
-    KRRouteDocument read;
-    QVERIFY(read.load(QFileInfo(inner), nullptr));
-    QVERIFY(!read.selection().value(0).track().isValid());
+    QVERIFY(content.contains("<include>track.gps</include>"));
+    // No folder is none, not the current one, and no name is no file.
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(path(QStringLiteral("Reise.tracks"))));
+    for (const char *const changed : {"folder=\"../Reise.tracks\"", "folder=\"\"", "<include/>"}) {
+        const QByteArray original = *changed == '<' ? "<include>track.gps</include>" : "folder=\"Reise.tracks\"";
+        const QString inner = KRTestFile::write(path(QStringLiteral("inner/Reise.krroute")),
+                                                QByteArray(content).replace(original, changed));
+        KRRouteDocument read;
+        QVERIFY(read.load(QFileInfo(inner), nullptr));
+        QVERIFY2(!read.selection().value(0).track().isValid(), changed);
+    }
+    QVERIFY(QDir::setCurrent(before));
 }
 
 template class KRTestRegistration<tst_KRRouteDocument>;

@@ -2,6 +2,7 @@
 
 #include "KRQuietFiles.h"
 #include "KRTest.h"
+#include "KRTestXml.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRQtCompat.h>
@@ -56,6 +57,8 @@ private slots:
             {"declared entity", "<!DOCTYPE a [<!ENTITY e 'E'>]><a><b>&e;</b></a>", "b@0(E)"},
             {"undeclared entity", "<a>\n<b>x&nbsp;y</b></a>", broken(QStringLiteral("b@0(xy)"))},
             {"control character", "<a><b>x\x01y</b></a>", broken(QStringLiteral("b@0(xy)"))},
+            {"undeclared entity in UTF-16", KRTestXml::utf16(QStringLiteral("<a><b>x&nbsp;y</b></a>")),
+             broken(QStringLiteral("b@0(xy)"))},
             {"256 levels", nested(256), "a@1()"},
             {"thousand of them, read by the DOM", "<!DOCTYPE r><r>" + withAttributes(1000) + "</r>", "a@0()"},
         };
@@ -70,7 +73,11 @@ private slots:
     {
         const KRTestTable<QByteArray> table{
             {"fault behind all that is read", "<a><b>1</b></a><"},
+            {"text before the declaration", "a<?xml version='1.0'?><a/>"},
             {"too deep", nested(257)},
+            // The first blocks count for what stands before.
+            {"references in one tag",
+             "<a b='" + QByteArray("&lt;").repeated(KRInputLimits::references + 40000) + "'/>"},
             {"entities without end", QByteArray("<!DOCTYPE a [<!ENTITY e '" + QByteArray(4000, 'x') + "'>]><a><b>"
                                                 + QByteArray("&e;").repeated(20000) + "</b></a>")},
             {"more attributes than can be compared", withAttributes(50000)},
