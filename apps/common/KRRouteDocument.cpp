@@ -72,7 +72,7 @@ void nameFile(QDomElement configuredTrack, const QString &fileName)
     configuredTrack.replaceChild(trk, configuredTrack.firstChildElement(trkElement));
 }
 
-/// As KRXMLGuard counts them.
+/// As KRXMLGuard counts them, and empty texts.
 int countNodes(const QDomNode &node)
 {
     int count = 1 + int(node.attributes().count());

@@ -27,6 +27,9 @@ private slots:
         QVERIFY(document.setContent(QByteArray("<r><a><!-- <c> --></a><b><![CDATA[<&]]></b><?p i?></r>")));
         QCOMPARE(KRXMLBuilder::toText(document), QStringLiteral("<r><a><!-- <c> --></a><b>&lt;&amp;</b></r>"));
         QCOMPARE(KRXMLBuilder::toText(QDomDocument()), QString());
+        QDomDocument withType(QStringLiteral("r"));
+        KRXMLBuilder::buildDomElement(withType, QStringLiteral("r"));
+        QCOMPARE(KRXMLBuilder::toText(withType), QStringLiteral("<r/>"));
         QVERIFY(document.setContent(QByteArray("<config smoothingSteps='1' b='2' smoothing='3' a='4'/>")));
         QCOMPARE(KRXMLBuilder::toText(document),
                  QStringLiteral("<config a=\"4\" b=\"2\" smoothing=\"3\" smoothingSteps=\"1\"/>"));
