@@ -212,6 +212,10 @@ private slots:
         const auto xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><r>ü€&#x1F600;</r>");
         QCOMPARE(KRXMLLoader::parseDocumentElement(xml, QString(), &history).text(), QStringLiteral("ü€\U0001F600"));
         QVERIFY(history.isEmpty());
+        // Beyond all characters there is none to be halved.
+        const KRQuietFiles quiet;
+        const QString beyond = KRXMLLoader::parseDocumentElement(QByteArray("<r>&#x110000;</r>"), QString()).text();
+        QVERIFY(std::none_of(beyond.cbegin(), beyond.cend(), [](QChar character) { return character.isSurrogate(); }));
     }
 
     void decodedTextIsGuarded()

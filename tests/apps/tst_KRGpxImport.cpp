@@ -160,6 +160,7 @@ void tst_KRGpxImport::reads()
          "T: 53,8 54,9; Wegpunkt 1: 1,2", ""},
         {"mark and blanks in front, zero bytes among blanks behind",
          "\xEF\xBB\xBF\n\r\n" + gpx(track("T", two)) + QByteArray(4, '\0') + '\n', "T: 53,8 54,9", ""},
+        {"what the DOM would read otherwise", "<gpx><?x?>" + track("a\r\nb", two) + "</gpx>", "a\nb: 53,8 54,9", ""},
         {"entity",
          "<!DOCTYPE gpx [<!ENTITY e '-'>]><gpx><wpt lat='1' lon='2'><name>a&e;b</name></wpt>" + track("T", two)
              + "</gpx>",
