@@ -77,6 +77,7 @@ private slots:
     void readsWhatIsWellFormed()
     {
         const QString umlaut = QStringLiteral("ü");
+        const QByteArray longText = QByteArray("1234567 ").repeated(KRInputLimits::markupCharacters / 3);
         const QString smile = QStringLiteral("\U0001F600");
         const KRTestTable<QByteArray, KRText> table{
             {"white space that is no node",
@@ -91,6 +92,7 @@ private slots:
             {"as deep as allowed", nested(KRInputLimits::depth), {}},
             {"content model as deep as allowed", contentModel(KRInputLimits::depth), {}},
             {"UTF-7", utf7("<r>a&lt;</r>"), "a<"},
+            {"CDATA longer than a tag may be", "<r><![CDATA[" + longText + "]]></r>", QString::fromLatin1(longText)},
             {"no declaration", "<r><!-- <?xml " + QByteArray(5000, ' ') + "--></r>", {}},
         };
         table.forEach([](const QByteArray &xml, const QString &text) {
@@ -170,6 +172,7 @@ private slots:
             {"name of a document type", "<!DOCTYPE " + longName + '>', nameIsTooLong},
             {"reference to no number", "<r>&#-1;</r>", "Kein lesbares XML"},
             {"reference without end", "<r>&#12", "Kein lesbares XML"},
+            {"declaration without end", "<r/><!ELEM", "Kein lesbares XML"},
             {"comment without end", "<r>&#x1F600;<!-- &#x1F600;", "Kein lesbares XML"},
             {"content model in an entity", "<!DOCTYPE r [<!ENTITY % p \"&#60;!ELEMENT r (a)>\"> %p;]><r/>",
              "Parameter-Entitäten"},
