@@ -18,7 +18,9 @@ KRExchangeLosses::Positions KRExchangeLosses::count(const KRGPXTrack &track)
                 continue;
             }
             ++count.exchangeable;
-            count.timed += segment.time(i).isValid() ? 1 : 0;
+            const KRGPXTime time = segment.time(i);
+            count.timed += time.isValid() ? 1 : 0;
+            count.untellable += time.isValid() && !KRExchangeText::hasUtc(time) ? 1 : 0;
         }
     }
     return count;

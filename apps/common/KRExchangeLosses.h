@@ -19,6 +19,7 @@ public:
     struct Positions {
         int exchangeable = 0;
         int timed = 0; ///< exchangeable ones with a time
+        int untellable = 0; ///< exchangeable ones with a time that has no text
         int unusable = 0; ///< no position, or not on the globe
     };
     static Positions count(const KRGPXTrack &track);

@@ -1,11 +1,11 @@
 #include "KRExchangeText.h"
 
+#include <KRCore/KRDecimalText.h>
 #include <KRGeoLocation/KRGPXTime.h>
 #include <KRGeoLocation/KRGeoPosition.h>
 
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -38,18 +38,12 @@ QString KRExchangeText::degrees(const KRGeoArc &angle)
 
 void KRExchangeText::appendDegrees(const KRGeoArc &angle, QByteArray *text)
 {
-    std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> digits;
-    char *const begin = digits.data();
-    const double degrees = angle.decimalDegrees();
-    const char *end = std::to_chars(begin, begin + digits.size(), degrees, std::chars_format::fixed, decimals).ptr;
-    if (std::isfinite(degrees)) {
-        while (end[-1] == '0')
-            --end;
-        if (end[-1] == '.')
-            --end;
-    }
-    const bool isNegativeZero = end - begin == 2 && begin[0] == '-' && begin[1] == '0';
-    text->append(isNegativeZero ? begin + 1 : begin, int(end - begin) - (isNegativeZero ? 1 : 0));
+    const KRDecimalText digits(angle.decimalDegrees(), decimals);
+    const char *begin = digits.begin();
+    const char *const end = digits.end()[-1] == '.' ? digits.end() - 1 : digits.end();
+    if (end - begin == 2 && begin[0] == '-' && begin[1] == '0')
+        ++begin;
+    text->append(begin, int(end - begin));
 }
 
 void KRExchangeText::appendNumber(int number, QByteArray *text)
@@ -57,6 +51,14 @@ void KRExchangeText::appendNumber(int number, QByteArray *text)
     std::array<char, std::numeric_limits<int>::digits10 + 2> digits;
     char *const begin = digits.data();
     text->append(begin, int(std::to_chars(begin, begin + digits.size(), number).ptr - begin));
+}
+
+bool KRExchangeText::hasUtc(const KRGPXTime &time)
+{
+    constexpr qint64 first = -62135596800000; // the year 1
+    constexpr qint64 end = 253402300800000; // of the year 9999
+    const qint64 milliseconds = time.isValid() ? time.toMilliseconds() : KRGPXTime::noTime;
+    return milliseconds >= first && milliseconds < end;
 }
 
 QString KRExchangeText::utc(const KRGPXTime &time)
@@ -69,17 +71,15 @@ QString KRExchangeText::utc(const KRGPXTime &time)
 void KRExchangeText::appendUtc(const KRGPXTime &time, QByteArray *text)
 {
     static const qint64 firstDay = QDate(1970, 1, 1).toJulianDay();
-    const qint64 milliseconds = time.isValid() ? time.toMilliseconds() : KRGPXTime::noTime;
-    if (milliseconds == KRGPXTime::noTime)
+    if (!hasUtc(time))
         return;
+    const qint64 milliseconds = time.toMilliseconds();
     const qint64 afterMidnight = (milliseconds % millisecondsPerDay + millisecondsPerDay) % millisecondsPerDay;
     const qint64 day = milliseconds / millisecondsPerDay - (milliseconds % millisecondsPerDay < 0 ? 1 : 0);
     int year = 0;
     int month = 0;
     int dayOfMonth = 0;
     QDate::fromJulianDay(firstDay + day).getDate(&year, &month, &dayOfMonth);
-    if (year <= 0 || year > 9999)
-        return;
     std::array<char, sizeof("2025-05-17T08:30:00.000Z")> digits;
     char *at = writeDigits(digits.data(), year, 4, '-');
     at = writeDigits(at, month, 2, '-');

@@ -25,8 +25,10 @@ public:
 
     static void appendNumber(int number, QByteArray *text);
 
-    /// ISO 8601 in UTC, "2025-05-17T08:30:00Z", with milliseconds where there are any. Empty for no time, and for one
-    /// that is not in the years 1 to 9999.
+    /// Whether the time has a text: it is valid, and in the years 1 to 9999.
+    static bool hasUtc(const KRGPXTime &time);
+
+    /// ISO 8601 in UTC, "2025-05-17T08:30:00Z", with milliseconds where there are any; else empty.
     static QString utc(const KRGPXTime &time);
     static void appendUtc(const KRGPXTime &time, QByteArray *text);
 };

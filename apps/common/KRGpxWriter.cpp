@@ -96,6 +96,7 @@ KRExchangeLosses::Positions countAll(const KRGPXTrack &track)
         const KRExchangeLosses::Positions inside = countAll(enclave);
         all.exchangeable += inside.exchangeable;
         all.unusable += inside.unusable;
+        all.untellable += inside.untellable;
     }
     return all;
 }
@@ -113,9 +114,10 @@ bool KRGpxWriter::write(const KRGPXConfiguredTrackList &tracks, QIODevice *file,
     xml.writeAttribute(QStringLiteral("version"), QStringLiteral("1.1"));
     xml.writeAttribute(QStringLiteral("creator"), QStringLiteral("KRGeoLocation"));
     for (const KRGPXConfiguredTrack &track : tracks) {
-        if (xml.hasError() || (goOn && !goOn()))
+        if (goOn && !goOn())
             return false;
-        writeTrack(xml, track.track());
+        if (!writeTrack(xml, track.track()))
+            return false;
     }
     xml.writeEndDocument();
     return !xml.hasError();
@@ -128,41 +130,50 @@ KRExchangeLosses KRGpxWriter::lossesOf(const KRGPXConfiguredTrackList &tracks)
         const KRExchangeLosses::Positions positions = countAll(track.track());
         losses.tracks += positions.exchangeable == 0 ? 1 : 0;
         losses.unusablePositions += positions.unusable;
+        losses.times += positions.untellable;
     }
     return losses;
 }
 
-void KRGpxWriter::writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track)
+bool KRGpxWriter::writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track)
 {
     xml.writeStartElement(QStringLiteral("trk"));
     writeText(xml, QStringLiteral("name"), track.name());
     writeText(xml, QStringLiteral("desc"), track.description());
     const QList<KRGPXTrackSegment> segments = track.segments();
-    for (const KRGPXTrackSegment &segment : segments)
-        writeSegment(xml, segment);
+    for (const KRGPXTrackSegment &segment : segments) {
+        if (!writeSegment(xml, segment))
+            return false;
+    }
     xml.writeEndElement();
 
     const QList<KRGPXTrack> enclaves = track.enclaves();
-    for (const KRGPXTrack &enclave : enclaves)
-        writeTrack(xml, enclave);
+    return std::all_of(enclaves.cbegin(), enclaves.cend(),
+                       [&xml](const KRGPXTrack &enclave) { return writeTrack(xml, enclave); });
 }
 
-void KRGpxWriter::writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
+/// The points go past the writer, which takes several times as long.
+bool KRGpxWriter::writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment)
 {
+    bool isAny = false;
     xml.writeStartElement(QStringLiteral("trkseg"));
-    // Ends the start tag. The points go past the writer, which takes several times as long.
-    xml.writeCharacters(QString());
     const int blockCount = (segment.count() + pointsPerBlock - 1) / pointsPerBlock;
-    bool isRoom = true;
-    for (int first = 0; first < blockCount && isRoom; first += blocksAtOnce) {
+    for (int first = 0; first < blockCount; first += blocksAtOnce) {
         QList<int> blocks;
         for (int block = first; block < std::min(first + blocksAtOnce, blockCount); ++block)
             blocks.append(block);
         const QList<QByteArray> texts =
             KRConcurrent::blockingMapped(blocks, [&](int block) { return textOfBlock(segment, block); });
-        for (const QByteArray &text : texts)
-            isRoom = isRoom && xml.device()->write(text) == text.size();
+        for (const QByteArray &text : texts) {
+            if (!isAny && !text.isEmpty())
+                xml.writeCharacters(QString()); // ends the start tag
+            isAny = isAny || !text.isEmpty();
+            if (xml.device()->write(text) != text.size())
+                return false;
+        }
     }
-    xml.device()->write("\n  "); // before the end tag
+    if (isAny)
+        xml.device()->write("\n  "); // before the end tag
     xml.writeEndElement();
+    return !xml.hasError();
 }

@@ -25,6 +25,6 @@ public:
     static KRExchangeLosses lossesOf(const KRGPXConfiguredTrackList &tracks);
 
 private:
-    static void writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track);
-    static void writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment);
+    static bool writeTrack(QXmlStreamWriter &xml, const KRGPXTrack &track);
+    static bool writeSegment(QXmlStreamWriter &xml, const KRGPXTrackSegment &segment);
 };

@@ -160,7 +160,10 @@ bool hasPosition(const KRGPXTrack &track, const KRGeoPosition &position)
 /// Of a track that is written as one point, if at all; so many of its positions could have been written.
 void addLossesOfPoint(const KRGPXConfiguredTrack &track, int exchangeablePositions, KRExchangeLosses *losses)
 {
-    const KRGeoPosition marked = markedPoint(track).position();
+    const KRGPXTrackPoint point = markedPoint(track);
+    const KRGeoPosition marked = point.position();
+    const KRGPXTime time = KRGPXTime::of(point.timeStamp());
+    losses->times += time.isValid() && !KRExchangeText::hasUtc(time) ? 1 : 0;
     const bool isOneOfThem = exchangeablePositions > 0 && hasPosition(track.track(), marked);
     losses->positionsBesidePoints += exchangeablePositions - (isOneOfThem ? 1 : 0);
     losses->enclaves += KRExchangeLosses::countEnclaves(track.track());
@@ -205,7 +208,7 @@ KRExchangeLosses KRKmlWriter::lossesOf(const KRGPXConfiguredTrackList &tracks)
         }
         const QList<KRGPXTrack> holes = isArea(track) ? track.track().enclaves() : QList<KRGPXTrack>();
         losses.enclaves += KRExchangeLosses::countEnclaves(track.track()) - int(holes.size());
-        losses.times += isArea(track) ? positions.timed : 0;
+        losses.times += isArea(track) ? positions.timed : positions.untellable;
         for (const KRGPXTrack &hole : holes) {
             const KRExchangeLosses::Positions inside = KRExchangeLosses::count(hole);
             losses.unusablePositions += inside.unusable;

@@ -3,9 +3,9 @@
 #include "KRGPXTime.h"
 #include "KRGPXTrackElement.h"
 
+#include <KRCore/KRDecimalText.h>
+
 #include <array>
-#include <charconv>
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -47,37 +47,11 @@ qint64 toLongLong(QStringView text)
     return number >= 0 ? number : text.toLongLong();
 }
 
-/// Whether the last decimal is half way between two digits, which only odd multiples of 1/2048 have.
-bool isTie(double degrees)
-{
-    const double multiple = degrees * 1024.0;
-    return multiple - std::floor(multiple) == 0.5;
-}
-
-/// Decimals without the zeroes at their end. Intended: the decimal point stays.
-void appendTrimmed(const char *begin, const char *end, QString *text)
-{
-    while (end[-1] == '0')
-        --end;
-    *text += QLatin1String(begin, int(end - begin));
-}
-
-/// As KRGPXTrackPointImpl::encode() writes angles, zero without a sign, but several times as fast.
+/// As KRGPXTrackPointImpl::encode() writes angles. Intended: the decimal point stays.
 void appendDegrees(double degrees, QString *text)
 {
-    if (!std::isfinite(degrees)) {
-        *text += QString::number(degrees);
-    } else if (isTie(degrees)) {
-        // Away from zero there, while to_chars() prefers even digits.
-        const QByteArray digits = QByteArray::number(degrees, 'f', decimals);
-        appendTrimmed(digits.cbegin(), digits.cend(), text);
-    } else {
-        std::array<char, std::numeric_limits<double>::max_exponent10 + decimals + 4> digits;
-        char *const begin = digits.data();
-        const std::to_chars_result result =
-            std::to_chars(begin, begin + digits.size(), degrees + 0.0, std::chars_format::fixed, decimals);
-        appendTrimmed(begin, result.ptr, text);
-    }
+    const KRDecimalText digits(degrees, decimals);
+    *text += QLatin1String(digits.begin(), digits.size());
 }
 
 /// What stands behind the angles. The elevation is left out where it is 0 and no time follows.

@@ -202,8 +202,11 @@ void tst_KRExchangeFile::writesTimes()
         KRGPXTrackSegment segment;
         segment.append(53.0, 8.0, 0, time, QString());
         const KRGPXTrack track(QString(), QString(), {segment}, LineStringTrackShape);
-        const QByteArray gpx =
-            KRExchangeFile::encode({{track, KRGPXTrackConfiguration::defaultValue()}}, "gpx", QString(), nullptr);
+        const KRGPXConfiguredTrackList tracks{{track, KRGPXTrackConfiguration::defaultValue()}};
+        KRErrorHistory history;
+        const QByteArray gpx = KRExchangeFile::encode(tracks, "gpx", QString(), &history);
+        KRExchangeFile::encode(tracks, "kml", QString(), &history);
+        QCOMPARE(history.entries().size(), text.isEmpty() ? 2 : 0);
         QCOMPARE(gpx.contains("<time>"), !text.isEmpty());
         QVERIFY2(gpx.contains(text), gpx.constData());
     });
