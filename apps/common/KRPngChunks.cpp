@@ -13,6 +13,15 @@ constexpr qint64 checkSumBytes = 4;
 
 const QByteArray signature = QByteArrayLiteral("\x89PNG\r\n\x1a\n");
 
+/// Whether an "iTXt" at which the device stands is packed: a flag behind its keyword and a zero says so.
+bool isPackedText(QIODevice *device)
+{
+    constexpr int longestKeyword = 79;
+    const QByteArray begin = device->peek(longestKeyword + 2);
+    const int end = begin.indexOf('\0');
+    return end < 0 || end + 1 >= begin.size() || begin.at(end + 1) != 0;
+}
+
 bool hasTooMuch(QIODevice *device)
 {
     int packedTexts = 0;
@@ -20,8 +29,11 @@ bool hasTooMuch(QIODevice *device)
     for (QByteArray head = device->read(headBytes); head.size() == headBytes; head = device->read(headBytes)) {
         const qint64 length = qFromBigEndian<quint32>(head.constData());
         const QByteArray name = head.mid(4);
-        packedTexts += name == "zTXt" || name == "iTXt" ? 1 : 0;
-        bytesBesidePixels += headBytes + checkSumBytes + (name == "IDAT" ? 0 : length);
+        if (name == "IEND")
+            return false;
+        const bool isPixels = name == "IDAT" || name == "fdAT"; // those of further pictures, too
+        packedTexts += name == "zTXt" || (name == "iTXt" && isPackedText(device)) ? 1 : 0;
+        bytesBesidePixels += headBytes + checkSumBytes + (isPixels ? 0 : length);
         if (packedTexts > KRInputLimits::pngPackedTexts || bytesBesidePixels > KRInputLimits::pngBytesBesidePixels)
             return true;
         if (!device->seek(device->pos() + length + checkSumBytes))

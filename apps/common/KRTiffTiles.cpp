@@ -5,6 +5,8 @@
 #include <QDataStream>
 #include <QIODevice>
 
+#include <limits>
+
 namespace {
 
 // TIFF 6.0, sections 2 and 15; BigTIFF, its form with wide numbers
@@ -13,6 +15,8 @@ constexpr quint16 wideVersion = 43;
 constexpr quint16 tileWidthTag = 322;
 constexpr quint16 tileLengthTag = 323;
 constexpr quint16 shortType = 3;
+constexpr quint16 longType = 4;
+constexpr quint16 wideType = 16;
 constexpr quint64 mostEntries = 65535;
 
 template <typename Number>
@@ -29,14 +33,18 @@ quint64 readNumber(QDataStream *stream, bool isWide)
     return isWide ? read<quint64>(stream) : read<quint32>(stream);
 }
 
-/// One number, for which the place of four or eight bytes always suffices.
-quint64 readValue(QDataStream *stream, bool isWide, quint16 type)
+/// The side of a tile, which has to be a number of 16 or 32 bits, in BigTIFF of 64; decoders take other types too.
+quint64 readSide(QDataStream *stream, bool isWide, quint16 type)
 {
     const int placeBytes = isWide ? 8 : 4;
-    if (type != shortType)
-        return readNumber(stream, isWide);
-    const quint64 value = read<quint16>(stream);
-    stream->skipRawData(placeBytes - int(sizeof(quint16)));
+    if (type != shortType && type != longType && !(isWide && type == wideType)) {
+        stream->skipRawData(placeBytes);
+        return std::numeric_limits<quint64>::max();
+    }
+    if (type == wideType)
+        return read<quint64>(stream);
+    const quint64 value = type == shortType ? read<quint16>(stream) : read<quint32>(stream);
+    stream->skipRawData(placeBytes - (type == shortType ? 2 : 4));
     return value;
 }
 
@@ -55,9 +63,9 @@ bool hasTooLargeTiles(QDataStream *stream, bool isWide)
         const auto tag = quint16(read<quint16>(stream));
         const auto type = quint16(read<quint16>(stream));
         readNumber(stream, isWide); // how many values
-        const quint64 value = readValue(stream, isWide, type);
-        width = tag == tileWidthTag ? qMax(width, value) : width;
-        length = tag == tileLengthTag ? qMax(length, value) : length;
+        const quint64 side = readSide(stream, isWide, type);
+        width = tag == tileWidthTag ? qMax(width, side) : width;
+        length = tag == tileLengthTag ? qMax(length, side) : length;
     }
     return width > 0 && length > KRInputLimits::picturePixels / width;
 }

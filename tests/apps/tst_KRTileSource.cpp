@@ -27,13 +27,23 @@ QByteArray jpegOfScans(int count)
     return header + lookingLikeScans + first + emptyScan.repeated(count - 1) + QByteArray::fromHex("ffd9");
 }
 
+constexpr int headerBytes = 8 + 25; // of a PNG, behind which there may be further chunks
+
 /// With chunks of so many zeroes behind the header.
 QByteArray pngWith(QByteArray png, const char *name, int chunkBytes, int count)
 {
-    constexpr int headerBytes = 8 + 25;
     QByteArray chunk(4 + 4 + chunkBytes + 4, '\0');
     qToBigEndian(quint32(chunkBytes), chunk.data());
     return png.insert(headerBytes, chunk.replace(4, 4, name).repeated(count));
+}
+
+/// With texts of several languages that are not packed.
+QByteArray pngWithTexts(QByteArray png, int count)
+{
+    const QByteArray data("Title\0\0\0de\0Titel\0Karte", 23);
+    QByteArray text(4, '\0');
+    qToBigEndian(quint32(data.size()), text.data());
+    return png.insert(headerBytes, (text + "iTXt" + data + QByteArray(4, '\0')).repeated(count));
 }
 
 } // namespace
@@ -222,7 +232,9 @@ private slots:
             {"good JPEG of many scans", jpegOfScans(KRInputLimits::jpegScans), ""},
             {"JPEG of too many scans", jpegOfScans(KRInputLimits::jpegScans + 1), "Durchgängen"},
             {"PNG of some packed texts", pngWith(good, "zTXt", 99, KRInputLimits::pngPackedTexts), ""},
-            {"PNG of many packed texts", pngWith(good, "iTXt", 99, KRInputLimits::pngPackedTexts + 1), "Pixeln"},
+            {"PNG of many packed texts", pngWith(good, "zTXt", 99, KRInputLimits::pngPackedTexts + 1), "Pixeln"},
+            {"PNG of many plain texts", pngWithTexts(good, 12), ""},
+            {"PNG with something behind it", good + QByteArray("SEFT trailer"), ""},
             {"PNG of long texts", pngWith(good, "tEXt", KRInputLimits::pngBytesBesidePixels / 3, 3), "Pixeln"},
             {"PNG of many chunks", pngWith(good, "IDAT", 0, KRInputLimits::pngBytesBesidePixels / 12), "Pixeln"},
             {"good WebP", KRTestTiles::picture({2, 1, 1}, 256, "webp"), ""},
