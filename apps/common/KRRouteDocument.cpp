@@ -255,7 +255,7 @@ bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file,
 {
     const QByteArray xml = KRXMLBuilder::toUTF8(document);
     KRErrorHistory refusals;
-    if (xml.size() > KRInputLimits::documentBytes)
+    if (xml.isNull() || xml.size() > KRInputLimits::documentBytes)
         reportUnreadable(file, tr("Es ist größer als %1 MB.").arg(KRInputLimits::documentBytes >> 20), history);
     else if (KRXMLLoader::parseDocumentElement(xml, file.filePath(), &refusals).isNull())
         reportUnreadable(file, refusals.entries().first().reason, history);

@@ -404,14 +404,12 @@ void KRGPXTrackRenderer::drawLine(QPainter *painter, const KRGPXConfiguredTrack 
         return;
     }
     const KRGPXTrackConfiguration configuration = track.configuration();
-    const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
     const QPen pen = penFromTrack(configuration, option);
     const QPainterPath lines = worldCopies().linesToDraw(painter, path, pen);
-    worldCopies().forEach(painter, path, reachOf(pen), [&] {
-        drawPath(painter, lines, configuration, option);
-        if (hasArrow)
-            drawArrowHead(painter, path, configuration, option);
-    });
+    worldCopies().forEach(painter, lines, reachOf(pen), [&] { drawPath(painter, lines, configuration, option); });
+    if ((configuration.markerShape() & ArrowMarkerShape) != 0)
+        worldCopies().forEach(painter, path, reachOf(pen),
+                              [&] { drawArrowHead(painter, path, configuration, option); });
 }
 
 void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const KRGPXConfiguredTrack &track,

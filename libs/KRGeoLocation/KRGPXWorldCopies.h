@@ -45,8 +45,8 @@ public:
      */
     void forEach(QPainter *painter, const QPainterPath &path, double reach, const std::function<void()> &draw) const;
 
-    /// What to draw of a line in each copy: all of it, unless there are so many copies of so small a world that nearly
-    /// all its pieces lie upon others.
+    /// What to hand to forEach() of a line: all of it, unless there are so many copies of so small a world that nearly
+    /// all its pieces lie upon others, in whichever copy.
     QPainterPath linesToDraw(const QPainter *painter, const QPainterPath &path, const QPen &pen) const;
 
     /// Whether nothing within the bounds, in the painter's own coordinates, can leave marks.

@@ -20,8 +20,8 @@ class QFileInfo;
 class KRXML_EXPORT KRXMLBuilder
 {
 public:
-    /// Bytes of a text beyond which no further node is written: Qt's own limit, less one long node.
-    static constexpr int mostBytes = 1500 << 20;
+    /// Bytes of a text beyond which no further node is written: what a QString can hold, less one long node.
+    static constexpr int mostBytes = 900 << 20;
 
     /// Makes @p name the document element of an empty document.
     static QDomElement buildRootElement(QDomDocument &document, const QString &name);
@@ -31,7 +31,8 @@ public:
     static QDomElement buildDomElement(QDomNode &parent, const QString &name, const QString &text);
 
     /**
-     * The document without an XML declaration, a document type and processing instructions.
+     * The document without an XML declaration, a document type and processing instructions; empty if it would be
+     * longer than mostBytes.
      * @param indent blanks per level; with 0 each element starts a line, with -1 there is no white space at all.
      *        Elements that hold text are never indented inside, so that the text stays as it is.
      */

@@ -89,8 +89,8 @@ void KRXMLTextWriter::enter(const QDomNode &node)
     if (node.isElement()) {
         breakLine();
         writeStartTag(node.toElement());
-    } else if (node.isText() || node.isCDATASection()) {
-        // CDATA as escaped text: its end mark may stand inside.
+    } else if (node.isText()) {
+        // Also CDATA, as escaped text: its end mark may stand inside.
         writeEscaped(node.nodeValue(), false);
     } else if (node.isComment()) {
         breakLine();

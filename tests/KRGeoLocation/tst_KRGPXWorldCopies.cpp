@@ -80,27 +80,38 @@ private slots:
 
     void longLinesInManyCopies()
     {
-        // A spiral of many rounds westwards, at three heights.
-        QPainterPath spiral(QPointF(6.5, 1.5));
-        for (int i = 1; i < 3000; ++i)
-            spiral.lineTo(6.5 - 16.0 * i, 1.5 + i % 3 * 5);
-        const auto drawn = [](const QPen &pen, const QPainterPath &path, bool isReduced) {
-            QImage picture(8000, 13, QImage::Format_ARGB32_Premultiplied);
+        const KRGPXWorldCopies copies(QPointF(20.0, 0.0));
+        QImage picture(8000, 13, QImage::Format_ARGB32_Premultiplied);
+        const QPen opaque(Qt::black, 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+        const auto drawn = [&](const QPainterPath &path) {
             picture.fill(Qt::white);
             QPainter painter(&picture);
-            painter.setPen(pen);
-            const KRGPXWorldCopies copies(QPointF(20.0, 0.0));
-            const QPainterPath lines = isReduced ? copies.linesToDraw(&painter, path, pen) : path;
-            copies.forEach(&painter, lines, 5.0, [&] { painter.drawPath(lines); });
-            return qMakePair(picture, lines.elementCount());
+            painter.setPen(opaque);
+            copies.forEach(&painter, path, 5.0, [&] { painter.drawPath(path); });
+            return picture;
         };
-        const QPen opaque(Qt::black, 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-        const auto reduced = drawn(opaque, spiral, true);
-        QVERIFY(reduced.second < 40);
-        QVERIFY(reduced.first == drawn(opaque, spiral, false).first);
-        // Dashes and what shines through depend on all of them.
-        QCOMPARE(drawn(QPen(QColor(0, 0, 0, 100)), spiral, true).second, spiral.elementCount());
-        QCOMPARE(drawn(QPen(Qt::black, 1.0, Qt::DashLine), spiral, true).second, spiral.elementCount());
+        // Where it begins, how far each of its lines leads, and after how many it lies upon those before in some copy.
+        const KRTestTable<double, double, int> table{
+            {"spiral of many rounds", 6.5, -16.0, 15},
+            {"to and fro in the middle", 4006.5, 0.0, 3},
+            {"at the right", 7994.5, 0.0, 3},
+        };
+        table.forEach([&](double begin, double step, int period) {
+            const auto path = [&](int count) {
+                QPainterPath lines(QPointF(begin, 1.5));
+                for (int i = 1; i <= count; ++i)
+                    lines.lineTo(begin + step * i + i % 3, 1.5 + i % 3 * 5);
+                return lines;
+            };
+            QImage device(picture.size(), picture.format());
+            const QPainter painter(&device);
+            const auto linesOf = [&](const QPen &pen) { return copies.linesToDraw(&painter, path(3000), pen); };
+            QVERIFY(linesOf(opaque).elementCount() <= 2 * period);
+            QVERIFY(drawn(linesOf(opaque)) == drawn(path(period)));
+            // Dashes and what shines through depend on all of them.
+            QCOMPARE(linesOf(QPen(QColor(0, 0, 0, 100))), path(3000));
+            QCOMPARE(linesOf(QPen(Qt::black, 1.0, Qt::DashLine)), path(3000));
+        });
     }
 
     void otherDevices()
