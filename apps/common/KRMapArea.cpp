@@ -111,7 +111,7 @@ void KRMapArea::addLine(int west, int east)
     m_last = std::max(m_last, east);
     ++m_strips[static_cast<std::size_t>(west)].change;
     if (east + 1 < stripCount)
-        --m_strips[static_cast<std::size_t>(east + 1)].change;
+        --m_strips[static_cast<std::size_t>(east) + 1].change;
 }
 
 KRLongitudeRange KRMapArea::coveredLongitudes() const

@@ -52,7 +52,7 @@ KROsmScaleRenderer scaleRenderer(const QSize &size, const KRMapProjection &proje
     // The renderer thinks in the pixels of a normal screen and multiplies its lengths by the factor.
     const KRDistance scale(KRMapFurniture::pixelsPerKilometre(size, projection) / factor);
     const KROsmScaleRenderer renderer(scale, size / factor);
-    const double third = size.width() / 3 / factor;
+    const double third = std::floor(size.width() / 3.0) / factor;
     if (renderer.scaleBox(QRect(QPoint(), size), factor).right() <= third * factor)
         return renderer;
     // It would stand higher, across the routes of a small picture: shorter it fits beside the credit. The renderer

@@ -39,8 +39,8 @@ void KRTilePainter::paint(QPainter *painter, const QRect &block) const
     // All tiles of the block become one picture first: drawn one by one at fractions of pixels they would show seams.
     const QRect tiles = m_layout.tilesOf(block);
     int side = qMax(1, m_store->tileSide());
-    while (side / 2 >= m_layout.side())
-        side /= 2;
+    for (int half = side / 2; half >= m_layout.side(); half /= 2)
+        side = half;
     const QPointF corner = m_layout.cornerOf(tiles.left(), tiles.top());
     const QRectF target(corner, m_layout.side() * QSizeF(tiles.size()));
 

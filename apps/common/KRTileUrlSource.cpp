@@ -75,7 +75,7 @@ KRTileUrlSource::~KRTileUrlSource()
 {
     const QList<KRTileKey> keys = m_replies.keys();
     for (const KRTileKey &key : keys)
-        cancel(key);
+        KRTileUrlSource::cancel(key);
 }
 
 std::unique_ptr<KRTileSource> KRTileUrlSource::open(const QString &text, KRErrorHistory *history)
