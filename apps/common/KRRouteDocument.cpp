@@ -135,9 +135,10 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
         KRErrorHistory::report(history, file.filePath(), tr("Das ist kein Routendokument."));
         return false;
     }
-    // A name alone: the folder lies beside the document, wherever that comes from.
-    const QString folderName = QFileInfo(root.attribute(folderAttribute)).fileName();
-    const QDir folder = folderName.isEmpty() ? QDir(QString()) : QDir(file.absoluteDir().filePath(folderName));
+    // A name alone: the folder lies beside the document, wherever that comes from. Files that are named without one
+    // are looked for where saving would put them.
+    const QString folderName = QFileInfo(QDir::cleanPath(root.attribute(folderAttribute))).fileName();
+    const QDir folder = folderName.isEmpty() ? trackFolder(file) : QDir(file.absoluteDir().filePath(folderName));
     const QDomElement element = root.firstChildElement(selectionElement);
     const KRGPXTrackSelection looks(element, QDir(QString()));
     KRGPXConfiguredTrackList tracks = looks.tracks();

@@ -65,7 +65,7 @@ KRGPXTrack KRTrackFileReader::read(const QDomElement &trk, const KRGPXTrack &wit
 
 bool KRTrackFileReader::namesFile(const QDomElement &trk) const
 {
-    return KRGPXTrackFileRegistryKey::namesDirectory(m_folder) && !trk.firstChildElement(includeElement).isNull();
+    return !trk.firstChildElement(includeElement).isNull();
 }
 
 KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fileName, const QDomElement &kept,

@@ -23,7 +23,6 @@ public:
     /// Names a file within the element "trk".
     inline static const QLatin1String includeElement{"include"};
 
-    /// @p folder is QDir("") for documents without one, whose tracks name no files.
     explicit KRTrackFileReader(const QDir &folder) : m_folder(folder) { }
 
     /// The same as read() will get. False when all of them together go beyond KRInputLimits::repeatedBytes.

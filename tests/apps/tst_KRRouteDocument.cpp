@@ -368,13 +368,21 @@ void tst_KRRouteDocument::folderNameCannotLeadElsewhere()
     // No folder is none, not the current one, and no name is no file.
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(path(QStringLiteral("Reise.tracks"))));
-    for (const char *const changed : {"folder=\"../Reise.tracks\"", "folder=\"\"", "<include/>"}) {
+    for (const char *const changed :
+         {"folder=\"../Reise.tracks\"", "folder=\"../Reise.tracks/\"", "folder=\"/\"", "folder=\"\"", "<include/>"}) {
         const QByteArray original = *changed == '<' ? "<include>track.gps</include>" : "folder=\"Reise.tracks\"";
         const QString inner = KRTestFile::write(path(QStringLiteral("inner/Reise.krroute")),
                                                 QByteArray(content).replace(original, changed));
         KRRouteDocument read;
-        QVERIFY(read.load(QFileInfo(inner), nullptr));
+        KRErrorHistory history;
+        QVERIFY(read.load(QFileInfo(inner), &history));
         QVERIFY2(!read.selection().value(0).track().isValid(), changed);
+        // The name of the file is told, and stays with the track.
+        QCOMPARE(history.entries().size(), *changed == '<' ? 0 : 1);
+        QVERIFY(read.save(QFileInfo(inner), nullptr));
+        const bool isKept = KRTestFile::content(inner).contains("<include>track.gps</include>")
+                            && !QFile::exists(path(QStringLiteral("inner/Reise.tracks/track.gps")));
+        QVERIFY(isKept || *changed == '<');
     }
     QVERIFY(QDir::setCurrent(before));
 }
