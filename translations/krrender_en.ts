@@ -286,10 +286,6 @@
         <translation>There is nothing to write.</translation>
     </message>
     <message>
-        <source>Das Ergebnis kann nicht als %1 geschrieben werden.</source>
-        <translation>The result cannot be written as %1.</translation>
-    </message>
-    <message>
         <source>Die Standardausgabe nimmt das Ergebnis nicht an.</source>
         <translation>Standard output does not take the result.</translation>
     </message>
@@ -308,6 +304,10 @@
     <message>
         <source>Die Karte wird gezeichnet; fehlende Kacheln: %1</source>
         <translation>The map is drawn; missing tiles: %1</translation>
+    </message>
+    <message>
+        <source>Das Ergebnis kann nicht als %1 geschrieben werden; vielleicht ist es zu groß für diesen Rechner.</source>
+        <translation>The result cannot be written as %1; perhaps it is too large for this computer.</translation>
     </message>
 </context>
 <context>

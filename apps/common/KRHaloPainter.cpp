@@ -52,7 +52,7 @@ QColor KRHaloPainter::tintFor(const QColor &lineColor)
     return brightness > 0.85 ? darkTint : lightTint;
 }
 
-void KRHaloPainter::paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
+bool KRHaloPainter::paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
                           const QSize &size, double factor)
 {
     for (const Band &band : bands) {
@@ -62,12 +62,15 @@ void KRHaloPainter::paint(QPainter &painter, const KRGPXTrackSelection &selectio
         QImage halo = KRMapTrackRenderer(tracks, projection, size, factor)
                           .render(HaloRender)
                           .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        if (halo.isNull())
+            return false;
         QPainter tinting(&halo);
         tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
         tinting.fillRect(halo.rect(), band.color);
         tinting.end();
         painter.drawImage(0, 0, halo);
     }
+    return true;
 }
 
 void KRHaloPainter::paintShapes(QPainter &painter, const KRGPXTrackSelection &selection,

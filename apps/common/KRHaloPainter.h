@@ -17,7 +17,8 @@ class KRHaloPainter
 {
 public:
     /// @param size of the picture in pixels; @p factor multiplies all widths
-    static void paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
+    /// False where the memory does not suffice.
+    static bool paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
                       const QSize &size, double factor);
     /// The same as lines instead of images; where bands lie on each other they are less translucent.
     static void paintShapes(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,

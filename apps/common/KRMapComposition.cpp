@@ -23,15 +23,20 @@ QImage KRMapComposition::render() const
     const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
 
     QImage map = renderer.crop(groundImage(projection)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (map.isNull())
+        return map;
     QPainter painter(&map);
-    KRHaloPainter::paint(painter, m_selection, projection, m_size, m_factor);
-    painter.drawImage(0, 0, renderer.render(m_renderOption));
+    const bool hasHalos = KRHaloPainter::paint(painter, m_selection, projection, m_size, m_factor);
+    const QImage tracks = renderer.render(m_renderOption);
+    if (!hasHalos || tracks.isNull())
+        return QImage();
+    painter.drawImage(0, 0, tracks);
     paintNames(&painter, projection);
     paintFurniture(&painter, projection);
     return map;
 }
 
-void KRMapComposition::paint(QPainter *painter) const
+bool KRMapComposition::paint(QPainter *painter) const
 {
     const KRMapProjection projection(m_area, m_size);
     const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
@@ -39,12 +44,13 @@ void KRMapComposition::paint(QPainter *painter) const
     painter->save();
     painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::LosslessImageRendering);
     painter->setClipRect(QRect(QPoint(), m_size), Qt::IntersectClip);
-    paintGround(painter, projection);
+    const bool isWhole = paintGround(painter, projection);
     KRHaloPainter::paintShapes(*painter, m_selection, projection, m_size, m_factor);
     renderer.renderWith(*painter, m_renderOption);
     paintNames(painter, projection);
     paintFurniture(painter, projection);
     painter->restore();
+    return isWhole;
 }
 
 bool KRMapComposition::isCropped() const
@@ -56,7 +62,7 @@ QImage KRMapComposition::groundImage(const KRMapProjection &projection) const
 {
     QImage ground(m_size, QImage::Format_ARGB32_Premultiplied);
     ground.fill(Qt::transparent);
-    if (m_ground) {
+    if (m_ground && !ground.isNull()) {
         QPainter painter(&ground);
         // Names of what is cropped fade with it.
         if (isCropped())
@@ -67,16 +73,18 @@ QImage KRMapComposition::groundImage(const KRMapProjection &projection) const
     return ground;
 }
 
-void KRMapComposition::paintGround(QPainter *painter, const KRMapProjection &projection) const
+bool KRMapComposition::paintGround(QPainter *painter, const KRMapProjection &projection) const
 {
     if (!m_ground)
-        return;
+        return true;
     if (m_ground->isVector() && !isCropped()) {
         m_ground->paintBelow(painter, m_size, projection, m_factor);
-        return;
+        return true;
     }
     const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
-    painter->drawImage(0, 0, renderer.crop(groundImage(projection)));
+    const QImage ground = renderer.crop(groundImage(projection));
+    painter->drawImage(0, 0, ground);
+    return !ground.isNull();
 }
 
 void KRMapComposition::paintNames(QPainter *painter, const KRMapProjection &projection) const

@@ -42,20 +42,21 @@ public:
     void setLegend(bool isPainted) { m_hasLegend = isPainted; }
     void setLabels(bool isPainted) { m_hasLabels = isPainted; }
 
+    /// Null where the memory does not suffice.
     QImage render() const;
 
     /**
      * Paints the same onto any device, into the rectangle of the size at (0, 0) in the painter's own coordinates.
      *
      * Whatever is made of lines, areas and text stays so; a ground that is not, or is cropped, is painted as one
-     * image of the size.
+     * image of the size. False where the memory does not suffice for that.
      */
-    void paint(QPainter *painter) const;
+    bool paint(QPainter *painter) const;
 
 private:
     bool isCropped() const;
     QImage groundImage(const KRMapProjection &projection) const;
-    void paintGround(QPainter *painter, const KRMapProjection &projection) const;
+    bool paintGround(QPainter *painter, const KRMapProjection &projection) const;
     void paintNames(QPainter *painter, const KRMapProjection &projection) const;
     void paintFurniture(QPainter *painter, const KRMapProjection &projection) const;
 

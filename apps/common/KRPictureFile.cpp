@@ -1,11 +1,11 @@
 #include "KRPictureFile.h"
 
+#include "KRBoundedBuffer.h"
 #include "KRMapComposition.h"
 
 #include <KRCore/KRMath.h>
 #include <KRXML/KRXMLBuilder.h>
 
-#include <QBuffer>
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QImage>
@@ -25,6 +25,7 @@ constexpr double pixelsPerInch = 96.0;
 constexpr double pointsPerInch = 72.0;
 constexpr int largestSideOfWebpPx = 16383; // RFC 9649, section 2.6: sides have 14 bits
 constexpr double largestPagePoints = 14400.0; // ISO 32000-1, annex C.2
+constexpr int largestBytes = 2000 << 20; // what QByteArray takes
 
 QString creator()
 {
@@ -56,8 +57,10 @@ QImage withoutNeedlessAlpha(const QImage &picture)
     return isOpaque(picture) ? picture.convertToFormat(QImage::Format_RGB32) : picture;
 }
 
-bool writePicture(QBuffer *buffer, const QImage &picture, const QByteArray &format)
+bool writePicture(QIODevice *buffer, const QImage &picture, const QByteArray &format)
 {
+    if (picture.isNull())
+        return false;
     QImageWriter writer(buffer, format);
     const bool isPhotoFormat = format == "jpeg";
     if (isPhotoFormat || format == "webp")
@@ -65,7 +68,7 @@ bool writePicture(QBuffer *buffer, const QImage &picture, const QByteArray &form
     return writer.write(isPhotoFormat ? onWhite(picture) : withoutNeedlessAlpha(picture));
 }
 
-bool writeSvg(QBuffer *buffer, const KRMapComposition &map, const QString &title)
+bool writeSvg(QIODevice *buffer, const KRMapComposition &map, const QString &title)
 {
     QSvgGenerator generator;
     generator.setOutputDevice(buffer);
@@ -77,8 +80,8 @@ bool writeSvg(QBuffer *buffer, const KRMapComposition &map, const QString &title
     QPainter painter;
     if (!painter.begin(&generator))
         return false;
-    map.paint(&painter);
-    return painter.end();
+    const bool isWhole = map.paint(&painter);
+    return painter.end() && isWhole;
 }
 
 QByteArray createPdf(const KRMapComposition &map, const QString &title)
@@ -95,8 +98,8 @@ QByteArray createPdf(const KRMapComposition &map, const QString &title)
             return false;
         // Pages are whole points wide and high.
         painter.scale(double(page->width()) / map.size().width(), double(page->height()) / map.size().height());
-        map.paint(&painter);
-        return painter.end();
+        const bool isWhole = map.paint(&painter);
+        return painter.end() && isWhole;
     };
     return KRPictureFile::encodePdf(layout, std::max(1, KRMath::toInt(resolution)), title, paint);
 }
@@ -120,24 +123,20 @@ QByteArray KRPictureFile::encode(const KRMapComposition &map, const QByteArray &
 {
     if (format == "pdf")
         return createPdf(map, title);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
+    KRBoundedBuffer buffer(largestBytes);
     const bool isWritten =
         format == "svg" ? writeSvg(&buffer, map, title) : writePicture(&buffer, map.render(), format);
-    return isWritten ? bytes : QByteArray();
+    return isWritten && !buffer.isOverfull() ? buffer.data() : QByteArray();
 }
 
 QByteArray KRPictureFile::encodePdf(const QPageLayout &layout, int dotsPerInch, const QString &title,
                                     const std::function<bool(QPagedPaintDevice *page)> &paint)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
+    KRBoundedBuffer buffer(largestBytes);
     QPdfWriter writer(&buffer);
     writer.setTitle(title);
     writer.setCreator(creator());
     writer.setResolution(dotsPerInch);
     writer.setPageLayout(layout);
-    return paint(&writer) ? bytes : QByteArray();
+    return paint(&writer) && !buffer.isOverfull() ? buffer.data() : QByteArray();
 }

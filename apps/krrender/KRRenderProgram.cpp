@@ -318,7 +318,8 @@ int KRRenderProgram::write(const QByteArray &bytes, const QString &refusal)
     KRErrorHistory history;
     QString problem = refusal;
     if (bytes.isNull() && refusal.isEmpty())
-        problem = tr("Das Ergebnis kann nicht als %1 geschrieben werden.").arg(QString::fromLatin1(m_options.format()));
+        problem = tr("Das Ergebnis kann nicht als %1 geschrieben werden; vielleicht ist es zu groß für diesen Rechner.")
+                      .arg(QString::fromLatin1(m_options.format()));
     else if (!bytes.isNull() && m_options.writesToStandardOutput())
         problem = writeToStandardOutput(bytes);
     else if (!bytes.isNull())

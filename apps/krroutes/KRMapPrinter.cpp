@@ -83,10 +83,11 @@ void KRMapPrinter::preview(QWidget *window) const
 // Pages are painted at once, with what is at hand; this brings it there.
 bool KRMapPrinter::fetchGround(const QSize &size, QWidget *window) const
 {
-    if (!m_ground || m_ground->isVector())
+    QImage picture(size, QImage::Format_RGB32);
+    // Where the memory does not suffice, nothing can be painted either, which tells so.
+    if (!m_ground || m_ground->isVector() || picture.isNull())
         return true;
     KRPatientGround ground(m_ground);
-    QImage picture(size, QImage::Format_RGB32);
     const bool isDone = KRBackgroundTask::run(
         window, tr("Die Karte wird geladen …"),
         [&] {
@@ -132,6 +133,6 @@ bool KRMapPrinter::paintPage(QPagedPaintDevice *page, int dotsPerInch) const
     map.setLabels(m_hasLabels);
     const QRect paper = page->pageLayout().paintRectPixels(dotsPerInch);
     painter.scale(double(paper.width()) / size.width(), double(paper.height()) / size.height());
-    map.paint(&painter);
-    return painter.end();
+    const bool isWhole = map.paint(&painter);
+    return painter.end() && isWhole;
 }

@@ -14,8 +14,19 @@ private slots:
     void digits()
     {
         using Limits = std::numeric_limits<double>;
-        QList<double> numbers{0.0, -0.0, 1.0, -12.5, 1e-12, -1e-12, 123456789.0, 1e300, Limits::max(),
-                              Limits::min(), Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()};
+        QList<double> numbers{0.0,
+                              -0.0,
+                              1.0,
+                              -12.5,
+                              1e-12,
+                              -1e-12,
+                              123456789.0,
+                              1e300,
+                              Limits::max(),
+                              Limits::min(),
+                              Limits::infinity(),
+                              -Limits::infinity(),
+                              Limits::quiet_NaN()};
         for (int i = -300; i < 300; ++i)
             numbers << i / 256.0 << i / 2048.0 << i / 16.0 << i / 1e7 << i / 2e7; // half way for some of the decimals
         for (int i = 0; i < 1000; ++i)
