@@ -170,7 +170,7 @@ KRTopoJson::Polygon KRTopoJson::readPolygon(const QJsonArray &rings) const
     Polygon polygon;
     for (const QJsonValue &entries : rings) {
         Ring ring;
-        for (const QJsonValue &entry : entries.toArray()) {
+        for (const auto &entry : entries.toArray()) {
             ring << entry.toInt();
             if (arcIndex(ring.last()) >= m_arcs.size())
                 return Polygon();
@@ -184,7 +184,7 @@ void KRTopoJson::readGeometry(const QJsonObject &geometry, QVector<Feature> *fea
 {
     const QString type = geometry.value(QLatin1String("type")).toString();
     if (type == QLatin1String("GeometryCollection")) {
-        for (const QJsonValue &member : geometry.value(QLatin1String("geometries")).toArray())
+        for (const auto &member : geometry.value(QLatin1String("geometries")).toArray())
             readGeometry(member.toObject(), features);
         return;
     }

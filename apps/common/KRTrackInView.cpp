@@ -3,6 +3,7 @@
 #include "KRMapTrackRenderer.h"
 #include "KRPathClipper.h"
 
+#include <KRCore/KRMath.h>
 #include <KRGeoLocation/KRGPXConfiguredTrack.h>
 #include <KRGeoLocation/KRGeoPositionList.h>
 
@@ -35,9 +36,10 @@ QVector<QPointF> shiftsInView(const KRMapTrackRenderer &renderer, const QRectF &
     if (!std::isfinite(world) || world < 1.0)
         return {QPointF()};
     QVector<QPointF> shifts;
-    const double last = std::floor((size.width() - bounds.left()) / world);
-    for (double turn = std::ceil(-bounds.right() / world); turn <= last; turn += 1.0)
-        shifts << QPointF(turn * world, 0.0);
+    const double first = std::ceil(-bounds.right() / world);
+    const int count = KRMath::toInt(std::floor((size.width() - bounds.left()) / world) - first + 1.0);
+    for (int i = 0; i < count; ++i)
+        shifts << QPointF((first + i) * world, 0.0);
     return shifts;
 }
 

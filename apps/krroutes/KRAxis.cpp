@@ -1,5 +1,7 @@
 #include "KRAxis.h"
 
+#include <KRCore/KRMath.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -32,9 +34,9 @@ QVector<double> KRAxis::marks() const
 {
     QVector<double> marks;
     const double first = std::ceil(m_from / m_step - 1e-9);
-    const double last = std::floor(m_to / m_step + 1e-9);
-    for (double number = first; number <= last; ++number)
-        marks.append(number * m_step);
+    const int count = KRMath::toInt(std::floor(m_to / m_step + 1e-9) - first + 1.0);
+    for (int i = 0; i < count; ++i)
+        marks.append((first + i) * m_step);
     return marks;
 }
 
