@@ -2,6 +2,8 @@
 
 #include "KRMapViewport.h"
 
+#include <KRCore/KRMath.h>
+
 #include <QMultiHash>
 
 #include <algorithm>
@@ -30,9 +32,11 @@ std::vector<QPointF> copiesWithin(const KRTrackTrace::Box &bounds, double reach,
     std::vector<QPointF> copies;
     if (place.y() < bounds.north - reach || place.y() > bounds.south + reach)
         return copies;
-    double x = place.x() + std::ceil(bounds.west - reach - place.x());
-    for (; x <= bounds.east + reach; x += 1.0)
-        copies.emplace_back(x, place.y());
+    const double first = std::ceil(bounds.west - reach - place.x());
+    const double last = std::floor(bounds.east + reach - place.x());
+    const int count = KRMath::toInt(last - first + 1.0);
+    for (int i = 0; i < count; ++i)
+        copies.emplace_back(place.x() + first + i, place.y());
     return copies;
 }
 

@@ -21,7 +21,7 @@ constexpr qint64 bytesPerFurtherRead = 1 << 16;
 QString tooLarge(qint64 maximumSize)
 {
     return QCoreApplication::translate("KRFileHandler", "Die Datei ist zu groß (mehr als %1 MB).")
-        .arg(maximumSize / (1024 * 1024));
+        .arg(maximumSize >> 20);
 }
 
 QString unreadable(const QString &reason)
