@@ -87,7 +87,7 @@ bool hasDeepContentModel(const Text &xml)
 template <typename Text>
 bool hasEndlessTag(const Text &xml)
 {
-    constexpr qint64 mostCharacters = 2 * KRInputLimits::markupCharacters;
+    constexpr qint64 mostCharacters = qint64(2) * KRInputLimits::markupCharacters;
     for (int begin = placeOf(xml, '<', 0); begin >= 0;) {
         const int closing = placeOf(xml, '>', begin);
         const int end = closing < 0 ? int(xml.size()) : closing;

@@ -2,9 +2,9 @@
 
 #include <QtGlobal>
 
-#include <cstdint>
 #include <cstdlib>
 #include <limits>
+#include <memory>
 
 #ifdef Q_OS_LINUX
 #include <sys/mman.h>
@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t bytesPerPixel = 4;
 
 // Transparent images beyond this keep small pages, since in large ones a few lines touch all of the memory.
-constexpr std::size_t largestInLargePages = 256 * 1024 * 1024;
+constexpr std::size_t largestInLargePages = 256U << 20U;
 
 // QImage counts the bits of a line in an int.
 bool isPossible(const QSize &size)
@@ -34,11 +34,10 @@ void askForLargePages(void *memory, std::size_t bytes)
     if (!memory)
         return;
 #if defined(Q_OS_LINUX) && defined(MADV_HUGEPAGE)
-    constexpr std::uintptr_t largePage = 2 * 1024 * 1024;
-    const std::uintptr_t begin = (reinterpret_cast<std::uintptr_t>(memory) + largePage - 1) / largePage * largePage;
-    const std::uintptr_t end = (reinterpret_cast<std::uintptr_t>(memory) + bytes) / largePage * largePage;
-    if (begin < end)
-        madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE);
+    constexpr std::size_t largePage = 2U << 20U;
+    std::size_t room = bytes;
+    if (std::align(largePage, largePage, memory, room))
+        madvise(memory, room / largePage * largePage, MADV_HUGEPAGE);
 #else
     Q_UNUSED(bytes)
 #endif

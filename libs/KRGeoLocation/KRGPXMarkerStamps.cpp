@@ -38,7 +38,7 @@ bool KRGPXMarkerStamps::draw(QPainter *painter, const KRGPXMarkerShape &shape, c
     const QPoint step(int(std::floor(place.x() * steps)), int(std::floor(place.y() * steps)));
     const QPoint phase(step.x() & (steps - 1), step.y() & (steps - 1));
     const int middle = int(std::ceil(reach));
-    QImage &stamp = m_stamps[std::size_t(phase.y() * steps + phase.x())];
+    QImage &stamp = m_stamps[std::size_t(phase.y()) * steps + std::size_t(phase.x())];
     if (stamp.isNull())
         stamp = this->stamp(painter, QPointF(middle, middle) + QPointF(phase) / steps);
     painter->save();

@@ -31,5 +31,5 @@ private:
     double m_radius = 0.0;
     QPen m_pen;
     QBrush m_brush;
-    std::array<QImage, steps * steps> m_stamps;
+    std::array<QImage, std::size_t(steps) * steps> m_stamps;
 };

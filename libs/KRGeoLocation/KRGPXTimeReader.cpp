@@ -18,7 +18,7 @@ constexpr qint64 millisecondsPerDay = 86400000;
 constexpr int tokensPerFraction = 2; // that is read by QTime
 
 // Cells of time are the days of UTC. No clock is changed by more than one, nor twice within three.
-constexpr qint64 secondsPerCell = 24 * 3600;
+constexpr qint64 secondsPerCell = 86400;
 // From 1971 to 2036 Qt leaves local time to the system; before and behind it has its own ways in some versions.
 constexpr qint64 firstClockSecond = 31536000;
 constexpr qint64 endOfClockSeconds = 2114380800;
@@ -108,7 +108,7 @@ bool KRGPXTimeReader::readDigits(const char *text, int length, KRGPXTime *time)
     if (at != end && *at == '.' && !readMilliseconds(&at, end, &millisecond) && !readFraction(&at, end, &millisecond))
         return false;
 
-    const qint64 clock = day * millisecondsPerDay + ((hour * 60 + minute) * 60 + second) * 1000 + millisecond;
+    const qint64 clock = day * millisecondsPerDay + ((hour * 60 + minute) * 60 + second) * qint64(1000) + millisecond;
     if (end - at == 1 && *at == 'Z') {
         time->milliseconds = clock;
     } else if (at == end) {

@@ -175,8 +175,8 @@ bool KRGPXTrack::setShape(const KRGPXTrackShape &shape)
 
 void KRGPXTrack::addEnclave(const KRGPXTrack &enclave)
 {
-    // A track may become an enclave of itself, as it was before.
-    const KRGPXTrack copy = enclave;
+    // A track may become an enclave of itself, as it was before: copied before this one gets data of its own.
+    const KRGPXTrack copy = enclave; // NOLINT(performance-unnecessary-copy-initialization)
     d->addEnclave(copy);
 }
 
