@@ -6,6 +6,7 @@
 #include <KRCore/KRDecimalText.h>
 
 #include <array>
+#include <charconv>
 #include <limits>
 
 namespace {
@@ -54,15 +55,22 @@ void appendDegrees(double degrees, QString *text)
     *text += QLatin1String(digits.begin(), digits.size());
 }
 
+void appendField(qint64 number, QString *text)
+{
+    std::array<char, 1 + std::numeric_limits<qint64>::digits10 + 2> field{','};
+    const std::to_chars_result result = std::to_chars(field.data() + 1, field.data() + field.size(), number);
+    *text += QLatin1String(field.data(), int(result.ptr - field.data()));
+}
+
 /// What stands behind the angles. The elevation is left out where it is 0 and no time follows.
 void appendRest(int elevation, qint64 milliseconds, QString *text)
 {
     const bool hasTime = milliseconds != KRGPXTime::noTime;
     if (elevation != 0 || hasTime)
-        *text += QLatin1Char(',') + QString::number(elevation);
+        appendField(elevation, text);
     // Intended: milliseconds here, although decode() reads this field as seconds.
     if (hasTime)
-        *text += QLatin1Char(',') + QString::number(milliseconds);
+        appendField(milliseconds, text);
 }
 
 } // namespace
