@@ -238,8 +238,16 @@
 <context>
     <name>KRJpegScans</name>
     <message>
-        <source>Das Bild ist ein JPEG mit mehr als %1 Durchgängen.</source>
-        <translation>The picture is a JPEG with more than %1 scans.</translation>
+        <source>Das Bild ist ein JPEG mit zu viel neben seinen Pixeln.</source>
+        <translation>The picture is a JPEG with too much beside its pixels.</translation>
+    </message>
+    <message>
+        <source>Das Bild ist ein JPEG mit zu vielen Durchgängen.</source>
+        <translation>The picture is a JPEG with too many scans.</translation>
+    </message>
+    <message>
+        <source>Das Bild hat zu viele Pixel für ein JPEG, das in Durchgängen aufgebaut wird.</source>
+        <translation>The picture has too many pixels for a JPEG that is built up in scans.</translation>
     </message>
 </context>
 <context>
@@ -290,6 +298,14 @@
     <message>
         <source>Das Bild ist zu groß (mehr als %1 Millionen Pixel).</source>
         <translation>The picture is too large (more than %1 million pixels).</translation>
+    </message>
+    <message>
+        <source>Das Bild ist zu groß (mehr als %1 Pixel je Seite).</source>
+        <translation>The picture is too large (more than %1 pixels a side).</translation>
+    </message>
+    <message>
+        <source>Das Bild ist zu groß (mehr als %1 MB im Speicher).</source>
+        <translation>The picture is too large (more than %1 MB in memory).</translation>
     </message>
 </context>
 <context>
@@ -353,10 +369,14 @@
     </message>
 </context>
 <context>
-    <name>KRTiffTiles</name>
+    <name>KRTiffDirectory</name>
     <message>
-        <source>Das Bild ist ein TIFF mit zu großen Kacheln.</source>
-        <translation>The picture is a TIFF with tiles that are too large.</translation>
+        <source>Das Bild ist ein TIFF mit zu viel neben seinen Pixeln.</source>
+        <translation>The picture is a TIFF with too much beside its pixels.</translation>
+    </message>
+    <message>
+        <source>Das Bild ist ein TIFF mit zu großen Kacheln oder Streifen.</source>
+        <translation>The picture is a TIFF with tiles or strips that are too large.</translation>
     </message>
 </context>
 <context>

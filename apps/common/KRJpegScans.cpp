@@ -3,6 +3,7 @@
 #include <KRCore/KRInputLimits.h>
 
 #include <QIODevice>
+#include <QtEndian>
 
 namespace {
 
@@ -25,6 +26,21 @@ public:
                 return endOfBytes;
         }
         return uchar(m_block.at(m_position++));
+    }
+
+    /// 16 bits; 0 at the end.
+    int nextNumber()
+    {
+        const int high = qMax(0, next());
+        return 256 * high + qMax(0, next());
+    }
+
+    QByteArray read(int count)
+    {
+        QByteArray bytes;
+        for (int byte = 0; bytes.size() < count && (byte = next()) != endOfBytes;)
+            bytes.append(char(byte));
+        return bytes;
     }
 
     void skip(qint64 count)
@@ -66,27 +82,99 @@ int nextMarker(ByteReader *bytes)
     }
 }
 
-bool hasTooManyScans(ByteReader *bytes)
+bool isFrame(int marker)
 {
-    int scans = 0;
-    for (int marker = nextMarker(bytes); marker != endOfBytes && marker != endOfImage; marker = nextMarker(bytes)) {
-        if (marker == startOfScan && ++scans > KRInputLimits::jpegScans)
-            return true;
-        const int high = qMax(0, bytes->next());
-        const int low = qMax(0, bytes->next());
-        bytes->skip(qMax(0, 256 * high + low - 2)); // the length counts itself
+    return marker >= 0xc0 && marker <= 0xcf && marker != 0xc4 && marker != 0xc8 && marker != 0xcc;
+}
+
+bool isProgressive(int marker)
+{
+    return isFrame(marker) && (marker & 0x03) == 0x02;
+}
+
+/// What the segment of a frame tells: T.81, B.2.2.
+class Frame
+{
+public:
+    Frame() = default;
+    Frame(int marker, const QByteArray &segment);
+
+    double pixels() const { return m_pixels; }
+    int components() const { return m_components; }
+
+    /// A decoder has to keep all coefficients, of two bytes each, unless one scan holds all components at once.
+    bool keepsCoefficients(int componentsOfFirstScan) const
+    {
+        return m_isProgressive || componentsOfFirstScan < m_components;
     }
-    return false;
+
+    /// Of the picture and the coefficients.
+    double memoryBytes() const { return m_pixels * (m_components == 1 ? 1 : 4) + 2.0 * m_samples; }
+
+private:
+    bool m_isProgressive = false;
+    double m_pixels = 0.0;
+    int m_components = 0;
+    double m_samples = 0.0; ///< of all components, some of which may have fewer than there are pixels
+};
+
+Frame::Frame(int marker, const QByteArray &segment) : m_isProgressive(isProgressive(marker))
+{
+    constexpr int headBytes = 6;
+    constexpr int componentBytes = 3;
+    if (segment.size() < headBytes)
+        return;
+    m_pixels =
+        double(qFromBigEndian<quint16>(segment.constData() + 1)) * qFromBigEndian<quint16>(segment.constData() + 3);
+    m_components = uchar(segment.at(5));
+    int samples = 0;
+    int mostAcross = 1;
+    int mostDown = 1;
+    for (int i = headBytes + 1; i < segment.size(); i += componentBytes) {
+        const int across = uchar(segment.at(i)) >> 4;
+        const int down = uchar(segment.at(i)) & 0x0f;
+        samples += across * down;
+        mostAcross = qMax(mostAcross, across);
+        mostDown = qMax(mostDown, down);
+    }
+    m_samples = m_pixels * samples / (mostAcross * mostDown);
+}
+
+QString problemOfSegments(ByteReader *bytes, qint64 mostSamples)
+{
+    Frame frame;
+    int scans = 0;
+    int segments = 0;
+    double samples = 0.0;
+    qint64 bytesBesidePixels = 0;
+    for (int marker = nextMarker(bytes); marker != endOfBytes && marker != endOfImage; marker = nextMarker(bytes)) {
+        const int length = qMax(0, bytes->nextNumber() - 2); // the length counts itself
+        const QByteArray segment = bytes->read(isFrame(marker) || marker == startOfScan ? length : 0);
+        bytes->skip(length - segment.size());
+        bytesBesidePixels += length;
+        if (++segments > KRInputLimits::jpegSegments || bytesBesidePixels > KRInputLimits::pictureBytesBesidePixels)
+            return KRJpegScans::tr("Das Bild ist ein JPEG mit zu viel neben seinen Pixeln.");
+        if (isFrame(marker))
+            frame = Frame(marker, segment);
+        if (marker != startOfScan || segment.isEmpty())
+            continue;
+        const int components = uchar(segment.at(0));
+        samples += components * frame.pixels();
+        if (++scans > KRInputLimits::jpegScans || (scans > 1 && samples > double(mostSamples)))
+            return KRJpegScans::tr("Das Bild ist ein JPEG mit zu vielen Durchgängen.");
+        if (frame.keepsCoefficients(components) && frame.memoryBytes() > KRInputLimits::pictureMemoryBytes)
+            return KRJpegScans::tr("Das Bild hat zu viele Pixel für ein JPEG, das in Durchgängen aufgebaut wird.");
+    }
+    return QString();
 }
 
 } // namespace
 
-QString KRJpegScans::problemOf(QIODevice *device)
+QString KRJpegScans::problemOf(QIODevice *device, qint64 mostSamples)
 {
     ByteReader bytes(device);
     const bool isJpeg = bytes.next() == prefix && bytes.next() == startOfImage;
-    const bool isRefused = isJpeg && hasTooManyScans(&bytes);
+    const QString problem = isJpeg ? problemOfSegments(&bytes, mostSamples) : QString();
     device->seek(0);
-    return isRefused ? tr("Das Bild ist ein JPEG mit mehr als %1 Durchgängen.").arg(KRInputLimits::jpegScans)
-                     : QString();
+    return problem;
 }

@@ -2,14 +2,12 @@
 
 #include "KRJpegScans.h"
 #include "KRPngChunks.h"
-#include "KRTiffTiles.h"
+#include "KRTiffDirectory.h"
 
-QString KRPictureGuard::problemOf(QIODevice *device)
+QString KRPictureGuard::problemOf(QIODevice *device, qint64 jpegSamples)
 {
-    for (const auto problem : {KRJpegScans::problemOf, KRPngChunks::problemOf, KRTiffTiles::problemOf}) {
-        const QString text = problem(device);
-        if (!text.isEmpty())
-            return text;
-    }
-    return QString();
+    QString problem = KRJpegScans::problemOf(device, jpegSamples);
+    if (problem.isEmpty())
+        problem = KRPngChunks::problemOf(device);
+    return problem.isEmpty() ? KRTiffDirectory::problemOf(device) : problem;
 }

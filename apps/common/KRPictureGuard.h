@@ -10,7 +10,7 @@ class QIODevice;
 namespace KRPictureGuard {
 
 /// Why the picture is not to be decoded, empty where nothing speaks against it; also for what is no picture.
-/// @p device can seek, and is at its beginning before and afterwards.
-QString problemOf(QIODevice *device);
+/// @p device can seek, and is at its beginning before and afterwards. For @p jpegSamples see KRJpegScans.
+QString problemOf(QIODevice *device, qint64 jpegSamples);
 
 } // namespace KRPictureGuard

@@ -20,14 +20,24 @@ bool isMadeOfPixels(const QByteArray &format)
     return formats.contains(format);
 }
 
+/// Of memory, for the picture and what its decoder holds beside.
+double memoryBytes(const QImageReader &reader, const QSize &size)
+{
+    const int depth = QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel();
+    const double pictureBytes = double(size.width()) * size.height() * (depth > 0 ? depth : 32) / 8.0;
+    if (reader.format() == "webp")
+        return 2.0 * pictureBytes + double(reader.device()->size()); // it reads the whole file
+    return reader.format() == "gif" ? 2.0 * pictureBytes : pictureBytes;
+}
+
 } // namespace
 
 QImage KRPictureReader::read(const QFileInfo &file, KRErrorHistory *history)
 {
     QFile source(file.filePath());
-    if (!KRFileHandler::openForReading(source, history, KRInputLimits::streamedFileBytes))
+    if (!KRFileHandler::openForReading(source, history, KRInputLimits::pictureFileBytes))
         return QImage();
-    const QString refusal = KRPictureGuard::problemOf(&source);
+    const QString refusal = KRPictureGuard::problemOf(&source, KRInputLimits::jpegSamples);
     QImageReader reader(&source);
     reader.setDecideFormatFromContent(true);
     QString problem = refusal.isEmpty() ? tr("Das ist kein lesbares Bild.") : refusal;
@@ -36,6 +46,11 @@ QImage KRPictureReader::read(const QFileInfo &file, KRErrorHistory *history)
         if (qint64(size.width()) * size.height() > KRInputLimits::picturePixels) {
             problem =
                 tr("Das Bild ist zu groß (mehr als %1 Millionen Pixel).").arg(KRInputLimits::picturePixels / 1000000);
+        } else if (qMax(size.width(), size.height()) > KRInputLimits::pictureSide) {
+            problem = tr("Das Bild ist zu groß (mehr als %1 Pixel je Seite).").arg(KRInputLimits::pictureSide);
+        } else if (!size.isEmpty() && memoryBytes(reader, size) > KRInputLimits::pictureMemoryBytes) {
+            problem = tr("Das Bild ist zu groß (mehr als %1 MB im Speicher).")
+                          .arg(KRInputLimits::pictureMemoryBytes / 1000000);
         } else if (!size.isEmpty()) {
             KRQtCompat::allowPictures(KRInputLimits::picturePixels);
             const QImage picture = reader.read();

@@ -34,7 +34,7 @@ bool hasTooMuch(QIODevice *device)
         const bool isPixels = name == "IDAT" || name == "fdAT"; // those of further pictures, too
         packedTexts += name == "zTXt" || (name == "iTXt" && isPackedText(device)) ? 1 : 0;
         bytesBesidePixels += headBytes + checkSumBytes + (isPixels ? 0 : length);
-        if (packedTexts > KRInputLimits::pngPackedTexts || bytesBesidePixels > KRInputLimits::pngBytesBesidePixels)
+        if (packedTexts > KRInputLimits::pngPackedTexts || bytesBesidePixels > KRInputLimits::pictureBytesBesidePixels)
             return true;
         if (!device->seek(device->pos() + length + checkSumBytes))
             return false;
@@ -49,4 +49,22 @@ QString KRPngChunks::problemOf(QIODevice *device)
     const bool isRefused = device->read(signature.size()) == signature && hasTooMuch(device);
     device->seek(0);
     return isRefused ? tr("Das Bild ist ein PNG mit zu viel neben seinen Pixeln.") : QString();
+}
+
+QByteArray KRPngChunks::withoutNeedless(const QByteArray &bytes)
+{
+    if (!bytes.startsWith(signature))
+        return bytes;
+    QByteArray needed = signature;
+    int position = signature.size();
+    while (bytes.size() - position >= headBytes) {
+        const qint64 end = position + headBytes + qFromBigEndian<quint32>(bytes.constData() + position) + checkSumBytes;
+        const QByteArray name = bytes.mid(position + 4, 4);
+        const bool isCritical = name.at(0) >= 'A' && name.at(0) <= 'Z'; // 5.4
+        const int next = int(qMin(end, qint64(bytes.size())));
+        if (isCritical || name == "tRNS")
+            needed.append(bytes.constData() + position, next - position);
+        position = next;
+    }
+    return needed;
 }

@@ -1,18 +1,29 @@
 #include "KRTileDecoder.h"
 
 #include "KRPictureGuard.h"
+#include "KRPngChunks.h"
 
 #include <KRCore/KRInputLimits.h>
 
 #include <QBuffer>
 #include <QImageReader>
 
+namespace {
+
+/// Without texts and profiles, which would stay with a picture as long as it is kept.
+QImage pixelsOf(const QImage &image)
+{
+    return QImage(image.constBits(), image.width(), image.height(), image.bytesPerLine(), image.format()).copy();
+}
+
+} // namespace
+
 QImage KRTileDecoder::decode(const QByteArray &bytes, QString *problem)
 {
     QBuffer buffer;
-    buffer.setData(bytes);
+    buffer.setData(KRPngChunks::withoutNeedless(bytes));
     buffer.open(QIODevice::ReadOnly);
-    *problem = KRPictureGuard::problemOf(&buffer);
+    *problem = KRPictureGuard::problemOf(&buffer, KRInputLimits::jpegSamplesOfTile);
     if (!problem->isEmpty())
         return QImage();
     QImageReader reader(&buffer);
@@ -35,5 +46,5 @@ QImage KRTileDecoder::decode(const QByteArray &bytes, QString *problem)
     const int side = qMin(qMax(size.width(), size.height()), largestSide);
     if (image.size() != QSize(side, side))
         image = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return pixelsOf(image.convertToFormat(QImage::Format_ARGB32_Premultiplied));
 }

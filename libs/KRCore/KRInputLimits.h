@@ -129,22 +129,36 @@ inline constexpr int archiveFreeBytes = 1 << 20;
 
 // --- Pictures and tiles
 
-/// Of a picture, four bytes each in memory.
+/// Of a picture, of usually four bytes each in memory: a scan of 8000 x 8000.
 inline constexpr int picturePixels = 64000000;
+/// Pixels of the longer side of a picture; JPEG and GIF know no more. Decoders take room for each row.
+inline constexpr int pictureSide = 65535;
+/// Bytes of its file, of which some decoders read all: those pixels not packed, in three or four bytes each.
+inline constexpr int pictureFileBytes = 256 << 20;
+/// Bytes of a picture in memory, with what its decoder holds beside: a scan of that size in a TIFF of one strip, or in
+/// a progressive JPEG that has a quarter of the colours.
+inline constexpr int pictureMemoryBytes = 450000000;
+/// Segments of a JPEG, real ones of which have some hundred: decoders go over those that they keep for each further
+/// one.
+inline constexpr int jpegSegments = 5000;
 /// Scans of a JPEG, in each of which a decoder goes over the whole picture; progressive ones have some ten.
 inline constexpr int jpegScans = 100;
+/// Pixels of a JPEG for each component of each scan, of up to 0.6 ns each: the usual ones have 14 for each pixel.
+inline constexpr qint64 jpegSamples = 1200000000;
+inline constexpr qint64 jpegSamplesOfTile = 20000000;
 /// Texts of a PNG that may be packed, each of which takes up to eight megabytes and is held three times.
 inline constexpr int pngPackedTexts = 10;
-/// Bytes of a PNG that are none of its pixels: texts, colour profiles, and twelve for each chunk.
-inline constexpr int pngBytesBesidePixels = 8 << 20;
+/// Bytes of a JPEG, PNG or TIFF that are none of its pixels: texts, colour profiles, places of strips and tiles in a
+/// TIFF, twelve for each chunk of a PNG.
+inline constexpr int pictureBytesBesidePixels = 8 << 20;
 /// Bytes of a tile as it is stored.
 inline constexpr int tileBytes = 8 << 20;
 /// Bytes of a value or a row in a tile file, at which SQLite gives up; smaller tiles are refused as too large.
 inline constexpr int tileRowBytes = 4 * tileBytes;
 /// Milliseconds that a query for a tile may take; usual is less than one.
 inline constexpr int tileQueryMs = 1500;
-/// Pixels of the longer side of a tile as it is stored; usual are 256 and 512.
-inline constexpr int tileSide = 2048;
+/// Pixels of the longer side of a tile as it is stored; usual are 256 and 512. Up to a hundred are shown at once.
+inline constexpr int tileSide = 1024;
 /// Characters of a value in the description of a tile file, of which only short ones are used.
 inline constexpr int tileMetadataCharacters = 4096;
 /// Values of such a description; there are some twenty.

@@ -1,57 +1,21 @@
 #include "KRPictureGuard.h"
 
 #include "KRTest.h"
+#include "KRTestPictures.h"
+#include "KRTestTiles.h"
 
 #include <KRCore/KRInputLimits.h>
 
 #include <QBuffer>
-#include <QDataStream>
+
+using KRTestPictures::Jpeg;
+using KRTestPictures::jpegSegment;
+using KRTestPictures::pngWith;
+using KRTestPictures::TiffTags;
 
 namespace {
 
-struct Tag {
-    quint16 number;
-    quint16 type; // 3: 16 bits, 4: 32 bits, 16: 64 bits
-    quint32 value;
-};
-using Tags = QVector<Tag>;
-
-/// The directory of a TIFF, whose tags have one value each.
-QByteArray tiff(QDataStream::ByteOrder order, bool isWide, const Tags &tags)
-{
-    QByteArray bytes(order == QDataStream::LittleEndian ? "II" : "MM");
-    QDataStream stream(&bytes, QIODevice::Append);
-    stream.setByteOrder(order);
-    const auto writeNumber = [&](quint32 number) {
-        if (isWide)
-            stream << quint64(number);
-        else
-            stream << number;
-    };
-    stream << quint16(isWide ? 43 : 42);
-    if (isWide)
-        stream << quint16(8) << quint16(0);
-    writeNumber(isWide ? 16 : 8);
-    if (isWide)
-        stream << quint64(tags.size());
-    else
-        stream << quint16(tags.size());
-    for (const Tag &tag : tags) {
-        stream << tag.number << tag.type;
-        writeNumber(1);
-        // At the left of its place.
-        if (tag.type == 3) {
-            stream << quint16(tag.value);
-            stream.writeRawData("\0\0\0\0\0\0", isWide ? 6 : 2);
-        } else if (tag.type == 4) {
-            stream << quint32(tag.value);
-            stream.writeRawData("\0\0\0\0", isWide ? 4 : 0);
-        } else {
-            writeNumber(tag.value);
-        }
-    }
-    return bytes;
-}
+const QString notAtBeginning = QStringLiteral("not at its beginning");
 
 } // namespace
 
@@ -60,39 +24,94 @@ class tst_KRPictureGuard : public QObject
     Q_OBJECT
 
 private slots:
-    void tilesOfTiff()
+    void directoryOfTiff()
     {
-        const KRTestTable<Tags, bool> table{
-            {"no tiles", {{256, 4, 60000}, {257, 4, 60000}}, false},
-            {"usual ones", {{256, 4, 10}, {322, 3, 256}, {323, 3, 256}}, false},
-            {"as large as a picture", {{322, 4, 8000}, {323, 3, 8000}}, false},
-            {"larger", {{322, 3, 8001}, {323, 4, 8000}}, true},
-            {"far larger", {{322, 4, 0xffffffff}, {323, 4, 0xffffffff}}, true},
-            {"numbers that are not to be seen here", {{322, 16, 256}, {323, 3, 256}}, true},
-            {"of no width", {{322, 3, 0}, {323, 4, 0xffffffff}}, false},
+        // word: of the problem; none where there is none
+        const KRTestTable<TiffTags, const char *> table{
+            {"large, no tiles", {{256, 4, 8000}, {257, 4, 8000}, {258, 3, 8}, {277, 3, 4}, {278, 3, 1000}}, ""},
+            {"of one strip", {{256, 4, 8000}, {257, 4, 8000}, {258, 3, 8}, {277, 3, 3}}, ""},
+            {"16 bits", {{256, 4, 8000}, {257, 4, 8000}, {258, 3, 16}, {277, 3, 4}, {278, 3, 1}}, "Streifen"},
+            {"1000 samples", {{256, 4, 1000}, {257, 4, 1000}, {258, 3, 8}, {277, 3, 1000}}, "Streifen"},
+            {"usual tiles", {{256, 4, 10}, {322, 3, 256}, {323, 3, 256}}, ""},
+            {"larger tiles", {{258, 3, 8}, {322, 4, 22000}, {323, 3, 22000}}, "Streifen"},
+            {"far larger", {{322, 4, 0xffffffff}, {323, 4, 0xffffffff}}, "Streifen"},
+            {"of no width", {{322, 3, 0}, {323, 4, 0xffffffff}}, ""},
+            {"of a type that is none", {{322, 7, 1}, {323, 3, 256}}, "Streifen"},
+            {"a profile", {{256, 4, 10}, {34675, 7, 8, 3 << 20}}, ""},
+            {"large profiles", {{34675, 7, 8, 3 << 20}, {700, 7, 8, 3 << 20}, {65000, 7, 8, 3 << 20}}, "neben"},
+            {"strips without number", {{273, 4, 8, 60000000}}, "neben"},
         };
-        table.forEach([](const Tags &tags, bool isRefused) {
+        table.forEach([](const TiffTags &tags, const char *word) {
             for (const auto order : {QDataStream::LittleEndian, QDataStream::BigEndian}) {
                 for (const bool isWide : {false, true}) {
-                    const QByteArray bytes = tiff(order, isWide, tags);
-                    const bool isInPlace = isWide && tags.first().type == 16;
-                    QCOMPARE(problemOf(bytes).contains(QLatin1String("Kacheln")), isRefused && !isInPlace);
+                    const QByteArray bytes = KRTestPictures::tiff(order, isWide, tags);
+                    compare(bytes, word);
                     // Cut off anywhere, it is no picture, which others notice.
-                    for (int size = 0; size < bytes.size() - 20; ++size)
-                        QCOMPARE(problemOf(bytes.left(size)), QString());
+                    for (int size = 0; size < bytes.size(); ++size)
+                        QVERIFY(problemOf(bytes.left(size)) != notAtBeginning);
                 }
             }
         });
     }
 
+    void bitsOfTiffStandElsewhere()
+    {
+        const TiffTags tags{{256, 4, 8000}, {257, 4, 8000}, {277, 3, 3}, {258, 3, 8 + 2 + 4 * 12, 3}};
+        for (const auto &[bits, word] : {std::pair{8, ""}, {32, "Streifen"}}) {
+            const QByteArray values = QByteArray(1, char(bits)) + '\0';
+            compare(KRTestPictures::tiff(QDataStream::LittleEndian, false, tags) + values.repeated(3), word);
+        }
+    }
+
+    void jpegs()
+    {
+        const QByteArray lookingLikeScans = jpegSegment(0xe1, QByteArray::fromHex("ffda").repeated(128));
+        const KRTestTable<Jpeg, const char *> table{
+            {"many scans", {KRInputLimits::jpegScans, 8, 1, true, lookingLikeScans}, ""},
+            {"too many", {KRInputLimits::jpegScans + 1, 8}, "Durchgängen"},
+            {"too many for the size", {30, 8000}, "Durchgängen"},
+            {"usual", {10, 6000, 3}, ""},
+            {"too large to keep", {1, 8000, 3}, "aufgebaut"},
+            {"too large, one component after the other", {1, 8000, 3, false}, "aufgebaut"},
+            {"large in shades of grey", {1, 8000, 1, false}, ""},
+            {"some comments", {1, 8, 1, true, jpegSegment(0xfe, "a: b").repeated(100)}, ""},
+            {"many comments",
+             {1, 8, 1, true, jpegSegment(0xfe, "a: b").repeated(KRInputLimits::jpegSegments)},
+             "neben"},
+            {"long ones", {1, 8, 1, true, jpegSegment(0xe2, QByteArray(65000, 'a')).repeated(130)}, "neben"},
+        };
+        table.forEach([](const Jpeg &values, const char *word) { compare(KRTestPictures::jpeg(values), word); });
+    }
+
+    void chunksOfPng()
+    {
+        constexpr int mostTexts = KRInputLimits::pngPackedTexts;
+        const QByteArray good = KRTestTiles::picture({2, 1, 1});
+        const QByteArray plain("Title\0\0\0de\0Titel\0Karte", 23);
+        const KRTestTable<QByteArray, const char *> table{
+            {"some packed texts", pngWith(good, "zTXt", QByteArray(99, '\0'), mostTexts), ""},
+            {"many packed texts", pngWith(good, "zTXt", QByteArray(99, '\0'), mostTexts + 1), "neben"},
+            {"many plain texts", pngWith(good, "iTXt", plain, mostTexts + 2), ""},
+            {"long texts", pngWith(good, "tEXt", QByteArray(3 << 20, 'a'), 3), "neben"},
+        };
+        table.forEach(compare);
+    }
+
 private:
+    static void compare(const QByteArray &bytes, const char *word)
+    {
+        const QString problem = problemOf(bytes);
+        QCOMPARE(problem.isEmpty(), *word == '\0');
+        QVERIFY2(problem.contains(QString::fromUtf8(word)), qPrintable(problem));
+    }
+
     static QString problemOf(const QByteArray &bytes)
     {
         QBuffer buffer;
         buffer.setData(bytes);
         buffer.open(QIODevice::ReadOnly);
-        const QString problem = KRPictureGuard::problemOf(&buffer);
-        return buffer.pos() == 0 ? problem : QStringLiteral("not at its beginning");
+        const QString problem = KRPictureGuard::problemOf(&buffer, KRInputLimits::jpegSamples);
+        return buffer.pos() == 0 ? problem : notAtBeginning;
     }
 };
 

@@ -1,52 +1,17 @@
 #include "KRTileSource.h"
 
 #include "KRTest.h"
+#include "KRTestPictures.h"
 #include "KRTestTiles.h"
 #include "KRTileDecoder.h"
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRInputLimits.h>
 
+#include <QBuffer>
 #include <QImage>
-#include <QtEndian>
 
 #include <sys/stat.h>
-
-namespace {
-
-/// A progressive JPEG of 8 pixels a side.
-QByteArray jpegOfScans(int count)
-{
-    const QByteArray header = QByteArray::fromHex("ffd8ffdb004300") + QByteArray(64, '\1')
-                              + QByteArray::fromHex("ffc2000b080008000801011100");
-    const QByteArray lookingLikeScans = QByteArray::fromHex("ffe10102") + QByteArray::fromHex("ffda").repeated(128);
-    const QByteArray first = QByteArray::fromHex("ffc400140001") + QByteArray(16, '\0')
-                             + QByteArray::fromHex("ffda00080101000000007fffc400141001") + QByteArray(15, '\0')
-                             + '\xe0';
-    const QByteArray emptyScan = QByteArray::fromHex("ffda0008010100013f007fff00");
-    return header + lookingLikeScans + first + emptyScan.repeated(count - 1) + QByteArray::fromHex("ffd9");
-}
-
-constexpr int headerBytes = 8 + 25; // of a PNG, behind which there may be further chunks
-
-/// With chunks of so many zeroes behind the header.
-QByteArray pngWith(QByteArray png, const char *name, int chunkBytes, int count)
-{
-    QByteArray chunk(4 + 4 + chunkBytes + 4, '\0');
-    qToBigEndian(quint32(chunkBytes), chunk.data());
-    return png.insert(headerBytes, chunk.replace(4, 4, name).repeated(count));
-}
-
-/// With texts of several languages that are not packed.
-QByteArray pngWithTexts(QByteArray png, int count)
-{
-    const QByteArray data("Title\0\0\0de\0Titel\0Karte", 23);
-    QByteArray text(4, '\0');
-    qToBigEndian(quint32(data.size()), text.data());
-    return png.insert(headerBytes, (text + "iTXt" + data + QByteArray(4, '\0')).repeated(count));
-}
-
-} // namespace
 
 using Texts = QHash<QString, QString>;
 
@@ -229,16 +194,14 @@ private slots:
         const KRTestTable<QByteArray, const char *> table{
             {"good PNG", good, ""},
             {"good JPEG", KRTestTiles::picture({2, 1, 1}, 256, "jpg"), ""},
-            {"good JPEG of many scans", jpegOfScans(KRInputLimits::jpegScans), ""},
-            {"JPEG of too many scans", jpegOfScans(KRInputLimits::jpegScans + 1), "Durchgängen"},
-            {"PNG of some packed texts", pngWith(good, "zTXt", 99, KRInputLimits::pngPackedTexts), ""},
-            {"PNG of many packed texts", pngWith(good, "zTXt", 99, KRInputLimits::pngPackedTexts + 1), "Pixeln"},
-            {"PNG of many plain texts", pngWithTexts(good, 12), ""},
+            {"good JPEG of many scans", KRTestPictures::jpeg({KRInputLimits::jpegScans}), ""},
+            {"JPEG of too many scans", KRTestPictures::jpeg({20, 1024}), "Durchgängen"},
+            {"PNG of many texts", KRTestPictures::pngWith(good, "zTXt", QByteArray(99, '\0'), 1000), ""},
             {"PNG with something behind it", good + QByteArray("SEFT trailer"), ""},
-            {"PNG of long texts", pngWith(good, "tEXt", KRInputLimits::pngBytesBesidePixels / 3, 3), "Pixeln"},
-            {"PNG of many chunks", pngWith(good, "IDAT", 0, KRInputLimits::pngBytesBesidePixels / 12), "Pixeln"},
+            {"PNG of many chunks",
+             KRTestPictures::pngWith(good, "IDAT", {}, KRInputLimits::pictureBytesBesidePixels / 12), "Pixeln"},
             {"good WebP", KRTestTiles::picture({2, 1, 1}, 256, "webp"), ""},
-            {"large, reduced", KRTestTiles::picture({2, 1, 1}, 1024), ""},
+            {"large, reduced", KRTestTiles::picture({2, 1, 1}, KRInputLimits::tileSide), ""},
             {"a web page", "<html>Login</html>", "weder"},
             {"a bitmap", KRTestTiles::picture({2, 1, 1}, 256, "bmp"), "weder"},
             {"30000 pixels wide", huge, "Größe"},
@@ -252,6 +215,22 @@ private slots:
             QVERIFY2(problem.contains(QString::fromUtf8(word)), qPrintable(problem));
             QVERIFY(image.width() == image.height() && image.width() <= KRTileDecoder::largestSide);
         });
+    }
+
+    void picturesOfTilesHaveNoTexts()
+    {
+        QImage tile(256, 256, QImage::Format_ARGB32_Premultiplied);
+        tile.fill(Qt::green);
+        tile.setText(QStringLiteral("Title"), QStringLiteral("Karte"));
+        for (const char *format : {"png", "jpg"}) {
+            QBuffer buffer;
+            QVERIFY(tile.save(&buffer, format));
+            QVERIFY(!QImage::fromData(buffer.data()).textKeys().isEmpty());
+            QString problem;
+            const QImage picture = KRTileDecoder::decode(buffer.data(), &problem);
+            QCOMPARE(picture.size(), tile.size());
+            QCOMPARE(picture.textKeys(), QStringList());
+        }
     }
 
     void filesThatAreNoFiles()
