@@ -309,6 +309,10 @@
         <source>Das Ergebnis kann nicht als %1 geschrieben werden; vielleicht ist es zu groß für diesen Rechner.</source>
         <translation>The result cannot be written as %1; perhaps it is too large for this computer.</translation>
     </message>
+    <message>
+        <source>Das Bild ist zu groß für eine ebenso große Karte; --size gibt ihr eine andere Größe.</source>
+        <translation>The picture is too large for a map as large; --size gives it another size.</translation>
+    </message>
 </context>
 <context>
     <name>KRTrackLook</name>

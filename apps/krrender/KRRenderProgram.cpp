@@ -17,6 +17,7 @@
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXBeelineCreator.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 #include <KRGeoLocation/KRGeoPositionSpan.h>
@@ -39,6 +40,14 @@ bool hasPosition(const KRGPXTrackElement &track)
             isFound = KRMapArea::isValidPosition(positions.latitudes[i], positions.longitudes[i]);
     });
     return isFound;
+}
+
+/// Whether a map of the size of the picture, which is held twice for a while, has no room beside it.
+bool isTooLargeForMap(const QImage &picture)
+{
+    constexpr qint64 bytesPerPixel = 2 * sizeof(QRgb);
+    const qint64 mapBytes = bytesPerPixel * picture.width() * picture.height();
+    return mapBytes + picture.sizeInBytes() > KRInputLimits::pictureMemoryBytes;
 }
 
 } // namespace
@@ -309,7 +318,11 @@ QImage KRRenderProgram::readMapPicture()
     KRErrorHistory history;
     const QImage picture = KRPictureReader::read(QFileInfo(m_options.mapFile()), &history);
     m_console.complain(history);
-    return picture;
+    if (m_options.size() || !isTooLargeForMap(picture))
+        return picture;
+    const QString problem = tr("Das Bild ist zu groß für eine ebenso große Karte; --size gibt ihr eine andere Größe.");
+    m_console.complain(QStringLiteral("%1: %2").arg(m_options.mapFile(), problem));
+    return QImage();
 }
 
 int KRRenderProgram::write(const QByteArray &bytes, const QString &refusal)

@@ -133,6 +133,12 @@ void tst_krrender::pictureAsMap()
     large.fill(Qt::green);
     QVERIFY(large.save(path("large.png")));
     QCOMPARE(KRPictureReader::read(QFileInfo(path("large.png")), nullptr).size(), large.size());
+
+    QImage huge(7800, 7800, QImage::Format_Mono); // 8 MB, but a map of its size would have 243
+    huge.fill(1);
+    QVERIFY(huge.save(path("huge.png")));
+    QVERIFY(run("krrender --map huge.png $tour").complainsOf("--size"));
+    QCOMPARE(draw("--map huge.png --size 80x60 $tour").size(), QSize(80, 60));
 }
 
 void tst_krrender::tilesAsMap()
