@@ -10,6 +10,7 @@ namespace {
 // ISO/IEC 15948, 5.3: the length of the data, a name, the data and their check sum.
 constexpr qint64 headBytes = 8;
 constexpr qint64 checkSumBytes = 4;
+constexpr int pictureHeaderBytes = 9; // width, height and depth
 
 const QByteArray signature = QByteArrayLiteral("\x89PNG\r\n\x1a\n");
 
@@ -22,9 +23,20 @@ bool isPackedText(QIODevice *device)
     return end < 0 || end + 1 >= begin.size() || begin.at(end + 1) != 0;
 }
 
+/// Of the picture in memory; @p header is what its "IHDR" begins with (11.2.2).
+double pictureBytes(const QByteArray &header)
+{
+    if (header.size() < pictureHeaderBytes)
+        return 0.0;
+    const bool isDeep = header.at(8) == 16;
+    return double(qFromBigEndian<quint32>(header.constData())) * qFromBigEndian<quint32>(header.constData() + 4)
+           * (isDeep ? 8 : 4);
+}
+
 bool hasTooMuch(QIODevice *device)
 {
-    int packedTexts = 0;
+    bool hasPackedTexts = false;
+    double memoryBytes = 0.0;
     qint64 bytesBesidePixels = 0;
     for (QByteArray head = device->read(headBytes); head.size() == headBytes; head = device->read(headBytes)) {
         const qint64 length = qFromBigEndian<quint32>(head.constData());
@@ -32,9 +44,15 @@ bool hasTooMuch(QIODevice *device)
         if (name == "IEND")
             return false;
         const bool isPixels = name == "IDAT" || name == "fdAT"; // those of further pictures, too
-        packedTexts += name == "zTXt" || (name == "iTXt" && isPackedText(device)) ? 1 : 0;
+        if (name == "IHDR")
+            memoryBytes += pictureBytes(device->peek(pictureHeaderBytes));
+        if (name == "zTXt" || (name == "iTXt" && isPackedText(device))) {
+            hasPackedTexts = true;
+            memoryBytes += KRInputLimits::pngPackedTextBytes;
+        }
         bytesBesidePixels += headBytes + checkSumBytes + (isPixels ? 0 : length);
-        if (packedTexts > KRInputLimits::pngPackedTexts || bytesBesidePixels > KRInputLimits::pictureBytesBesidePixels)
+        const bool hasLargeTexts = hasPackedTexts && memoryBytes > KRInputLimits::pictureMemoryBytes;
+        if (hasLargeTexts || bytesBesidePixels > KRInputLimits::pictureBytesBesidePixels)
             return true;
         if (!device->seek(device->pos() + length + checkSumBytes))
             return false;

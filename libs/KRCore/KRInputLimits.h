@@ -140,14 +140,14 @@ inline constexpr int pictureFileBytes = 256 << 20;
 inline constexpr int pictureMemoryBytes = 450000000;
 /// Segments of a JPEG, real ones of which have some hundred: decoders go over those that they keep for each further
 /// one.
-inline constexpr int jpegSegments = 5000;
+inline constexpr int jpegSegments = 2000;
 /// Scans of a JPEG, in each of which a decoder goes over the whole picture; progressive ones have some ten.
 inline constexpr int jpegScans = 100;
 /// Pixels of a JPEG for each component of each scan, of up to 0.6 ns each: the usual ones have 14 for each pixel.
 inline constexpr qint64 jpegSamples = 1200000000;
 inline constexpr qint64 jpegSamplesOfTile = 20000000;
-/// Texts of a PNG that may be packed, each of which takes up to eight megabytes and is held three times.
-inline constexpr int pngPackedTexts = 10;
+/// Bytes in memory of a text of a PNG that is packed, which may have up to eight megabytes and is held several times.
+inline constexpr int pngPackedTextBytes = 40000000;
 /// Bytes of a JPEG, PNG or TIFF that are none of its pixels: texts, colour profiles, places of strips and tiles in a
 /// TIFF, twelve for each chunk of a PNG.
 inline constexpr int pictureBytesBesidePixels = 8 << 20;
