@@ -26,15 +26,8 @@ set(debianVersion "${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}")
 set(librariesPackage "libkrgeolocation${KR_SOVERSION}")
 
 # Plugins of Qt do not show in what a program is linked with.
-if(KR_QT EQUAL 6)
-    set(qtPackage qt6-base-dev)
-    set(pluginPackages "libqt6svg6, libqt6sql6-sqlite")
-    set(recommendedPackages "qt6-image-formats-plugins, qt6-translations-l10n, fonts-dejavu-core")
-else()
-    set(qtPackage qtbase5-dev)
-    set(pluginPackages "libqt5svg5, libqt5sql5-sqlite")
-    set(recommendedPackages "qt5-image-formats-plugins, qttranslations5-l10n, fonts-dejavu-core")
-endif()
+set(pluginPackages "libqt5svg5, libqt5sql5-sqlite")
+set(recommendedPackages "qt5-image-formats-plugins, qttranslations5-l10n, fonts-dejavu-core")
 
 set(CPACK_DEBIAN_LIBRARIES_PACKAGE_NAME "${librariesPackage}")
 set(CPACK_DEBIAN_LIBRARIES_PACKAGE_SECTION libs)
@@ -50,7 +43,7 @@ This package contains the shared libraries.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkrgeolocation-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${librariesPackage} (= ${debianVersion}), ${qtPackage}")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${librariesPackage} (= ${debianVersion}), qtbase5-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "coordinates, GPS tracks and their drawing on maps - development files
 Values for angles, positions and areas that know the date line; GPS tracks
 with elevation, time and shape; import of GPX, KML and KMZ; looks of tracks;
