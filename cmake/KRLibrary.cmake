@@ -52,6 +52,11 @@ function(kr_add_library name)
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:KRWarnings>)
     kr_precompile(${name} REUSE_FROM KRQtHeaders)
 
+    set(internalHeaders ${arg_INTERNAL})
+    list(FILTER internalHeaders INCLUDE REGEX "\\.h$")
+    list(TRANSFORM internalHeaders PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+    set_property(GLOBAL APPEND PROPERTY KR_INTERNAL_HEADERS ${internalHeaders})
+
     set(headers ${sources})
     list(FILTER headers INCLUDE REGEX "\\.h$")
     install(TARGETS ${name} EXPORT KRGeoLocationTargets

@@ -10,7 +10,9 @@ QString KRErrorHistory::Entry::toString() const
 {
     QString place = fileName;
     if (line > 0)
-        place += QStringLiteral(":%1:%2").arg(line).arg(column);
+        place += QStringLiteral(":%1").arg(line);
+    if (line > 0 && column > 0)
+        place += QStringLiteral(":%1").arg(column);
     return KRMessageText::printable(place + QStringLiteral(": ") + reason);
 }
 

@@ -6,7 +6,7 @@
 #include <QStringView>
 
 /// What the comma text of one point says, see KRGPXTrackPoint::decodeKml() and toKml().
-struct KRGPXCommaText {
+struct KRGEOLOCATION_EXPORT KRGPXCommaText {
     double latitude = 0.0; ///< decimal degrees
     double longitude = 0.0;
     int elevation = 0; ///< whole metres
@@ -19,7 +19,7 @@ struct KRGPXCommaText {
         return unicode == ' ' || (unicode >= '\t' && unicode <= '\r');
     }
     /// How many comma texts there are, with separators between them.
-    static KRGEOLOCATION_EXPORT int count(QStringView texts);
+    static int count(QStringView texts);
 
     /// Takes the time for seconds, although appendTo() writes milliseconds.
     static KRGPXCommaText decode(QStringView text);

@@ -12,7 +12,7 @@
  * Tracks of as many points have the same hash. A single table would compare each with all the others of its size,
  * which takes seconds for ten thousand of them. Has no lock of its own: one thread at a time.
  */
-class KRGPXTrackFileNames
+class KRGEOLOCATION_EXPORT KRGPXTrackFileNames
 {
 public:
     /// Empty when there is none.

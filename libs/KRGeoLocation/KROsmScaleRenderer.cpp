@@ -32,7 +32,8 @@ int barHeight(double factor)
 /// A bracket that opens upwards: the bar a third of the height above the base, a tick at each end up to the top.
 void drawBar(QPainter *painter, const QRectF &bar, int height)
 {
-    const double barY = bar.y() - height / 3; // whole pixels, too
+    const int third = height / 3; // whole pixels, too
+    const double barY = bar.y() - third;
     const double topY = bar.y() - height;
     const double right = bar.x() + bar.width();
     painter->drawLine(QLineF(bar.x(), barY, bar.x(), topY));
@@ -102,7 +103,8 @@ KROsmScaleRenderer::Layout KROsmScaleRenderer::layout(const QRect &area, double 
     Layout result{strokeRect(area, factor), textRect(area, factor), QRectF()};
     result.box = result.bar.united(result.label);
     result.box.setLeft(area.left());
-    if (result.box.width() > area.width() / 3) {
+    const int third = area.width() / 3;
+    if (result.box.width() > third) {
         // Room for the attribution text, which stands in the opposite corner.
         const double rise = 1.5 * result.box.height();
         for (QRectF *const rect : {&result.bar, &result.label, &result.box})
@@ -150,8 +152,8 @@ bool KROsmScaleRenderer::hasScale() const
 
 double KROsmScaleRenderer::maximumKilometers() const
 {
-    const auto twoThirds = double(qint64(m_imageSize.width()) * 2 / 3);
-    return std::min(theMaximumWidth.toDouble(), twoThirds) / m_pixelsPerKilometre.toDouble();
+    const qint64 twoThirds = qint64(m_imageSize.width()) * 2 / 3;
+    return std::min(theMaximumWidth.toDouble(), double(twoThirds)) / m_pixelsPerKilometre.toDouble();
 }
 
 int KROsmScaleRenderer::barLength(double factor) const
