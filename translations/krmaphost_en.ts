@@ -454,6 +454,22 @@
         <source>Die Datei antwortet zu langsam.</source>
         <translation>The file answers too slowly.</translation>
     </message>
+    <message>
+        <source>„%1“ daneben ist keine gewöhnliche Datei.</source>
+        <translation>&quot;%1&quot; beside it is no regular file.</translation>
+    </message>
+    <message>
+        <source>Die Datei wurde verändert, während sie offen war.</source>
+        <translation>The file was changed while it was open.</translation>
+    </message>
+    <message>
+        <source>Die Datei braucht zu viel Speicher.</source>
+        <translation>The file needs too much memory.</translation>
+    </message>
+    <message>
+        <source>Die Datei rechnet ihre Kacheln aus, statt sie zu enthalten.</source>
+        <translation>The file computes its tiles instead of holding them.</translation>
+    </message>
 </context>
 <context>
     <name>KRTilePainter</name>

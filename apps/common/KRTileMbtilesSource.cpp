@@ -15,6 +15,9 @@
 #include <QVariant>
 
 #include <limits>
+#include <utility>
+
+#include <sqlite3.h>
 
 namespace {
 
@@ -57,6 +60,12 @@ QString addressOf(const QString &fileName, const QByteArray &header)
     return address.toString(QUrl::FullyEncoded);
 }
 
+QString outermostZoom(const char *direction)
+{
+    // An index has it at its end, whereas min() and max() in one query read all of it.
+    return QStringLiteral("SELECT zoom_level FROM tiles ORDER BY zoom_level %1 LIMIT 1").arg(QLatin1String(direction));
+}
+
 } // namespace
 
 KRTileMbtilesSource::KRTileMbtilesSource() = default;
@@ -64,7 +73,8 @@ KRTileMbtilesSource::KRTileMbtilesSource() = default;
 KRTileMbtilesSource::~KRTileMbtilesSource()
 {
     const QString name = m_database.connectionName();
-    m_query.reset();
+    for (QSqlQuery *query : {&m_tileQuery, &m_lowestZoomQuery, &m_highestZoomQuery})
+        *query = QSqlQuery();
     m_database = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
 }
@@ -80,6 +90,8 @@ std::unique_ptr<KRTileSource> KRTileMbtilesSource::open(const QString &fileName,
     if (!header.startsWith(magic))
         problem = tr("Das ist keine MBTiles-Datei.");
     file.close();
+    if (problem.isEmpty())
+        problem = problemBeside(QFileInfo(fileName).canonicalFilePath());
 
     std::unique_ptr<KRTileMbtilesSource> source(new KRTileMbtilesSource);
     if (problem.isEmpty())
@@ -88,6 +100,16 @@ std::unique_ptr<KRTileSource> KRTileMbtilesSource::open(const QString &fileName,
         return source;
     KRErrorHistory::report(history, fileName, problem);
     return nullptr;
+}
+
+QString KRTileMbtilesSource::problemBeside(const QString &path)
+{
+    for (const char *suffix : {"-journal", "-wal", "-shm"}) {
+        const QFileInfo file(path + QLatin1String(suffix));
+        if (file.exists() && !file.isFile()) // SQLite would wait for a pipe
+            return tr("„%1“ daneben ist keine gewöhnliche Datei.").arg(file.fileName());
+    }
+    return QString();
 }
 
 QString KRTileMbtilesSource::connectTo(const QString &address)
@@ -104,7 +126,7 @@ QString KRTileMbtilesSource::connectTo(const QString &address)
     QSqlQuery schema(m_database);
     schema.setForwardOnly(true);
     if (!schema.exec(QStringLiteral("SELECT name, type FROM sqlite_master WHERE name IN ('tiles', 'metadata')")))
-        return tr("Die Datei kann nicht gelesen werden: %1").arg(schema.lastError().databaseText());
+        return reasonOf(schema.lastError());
     QHash<QString, QString> types;
     while (schema.next())
         types.insert(schema.value(0).toString(), schema.value(1).toString());
@@ -117,15 +139,41 @@ QString KRTileMbtilesSource::connectTo(const QString &address)
     if (format == QLatin1String("pbf") || format == QLatin1String("mvt"))
         return tr("Die Datei enthält Vektoren und keine Bilder.");
     m_credit = plainText(m_metadata.value(QStringLiteral("attribution")));
+    return prepareQueries();
+}
 
-    m_query = QSqlQuery(m_database);
-    m_query->setForwardOnly(true);
-    const bool isPrepared = m_query->prepare(
+QString KRTileMbtilesSource::prepareQueries()
+{
+    const QString tile =
         QStringLiteral("SELECT length(tile_data), CASE WHEN length(tile_data) <= %1 THEN tile_data END FROM tiles "
                        "WHERE zoom_level = ? AND tile_column = ? AND tile_row = ? LIMIT 1")
-            .arg(KRInputLimits::tileBytes));
-    return isPrepared ? QString()
-                      : tr("Die Datei kann nicht gelesen werden: %1").arg(m_query->lastError().databaseText());
+            .arg(KRInputLimits::tileBytes);
+    const std::pair<QSqlQuery *, QString> texts[] = {
+        {&m_tileQuery, tile}, {&m_lowestZoomQuery, outermostZoom("ASC")}, {&m_highestZoomQuery, outermostZoom("DESC")}};
+    for (const auto &[query, text] : texts) {
+        *query = QSqlQuery(m_database);
+        query->setForwardOnly(true);
+        if (!query->prepare(text))
+            return reasonOf(query->lastError());
+    }
+    m_guard.seal();
+    return m_guard.hasInterrupted() ? reasonOf(QSqlError()) : QString();
+}
+
+QString KRTileMbtilesSource::reasonOf(const QSqlError &error) const
+{
+    if (m_guard.hasInterrupted())
+        return tr("Die Datei antwortet zu langsam.");
+    if (m_guard.hasSchemaChanged())
+        return tr("Die Datei wurde verändert, während sie offen war.");
+    switch (error.nativeErrorCode().toInt()) {
+    case SQLITE_NOMEM:
+        return tr("Die Datei braucht zu viel Speicher.");
+    case SQLITE_AUTH:
+        return tr("Die Datei rechnet ihre Kacheln aus, statt sie zu enthalten.");
+    default:
+        return tr("Die Datei kann nicht gelesen werden: %1").arg(error.databaseText());
+    }
 }
 
 void KRTileMbtilesSource::readMetadata()
@@ -147,13 +195,14 @@ bool KRTileMbtilesSource::hasNumber(const QString &key) const
     return isNumber;
 }
 
-std::optional<int> KRTileMbtilesSource::outermostZoom(const QString &direction)
+std::optional<int> KRTileMbtilesSource::firstNumber(QSqlQuery *query)
 {
-    // An index has it at its end, whereas min() and max() in one query read all of it.
-    QSqlQuery query(m_database);
     m_guard.startQuery();
-    query.exec(QStringLiteral("SELECT zoom_level FROM tiles ORDER BY zoom_level %1 LIMIT 1").arg(direction));
-    return query.next() ? std::optional<int>(query.value(0).toInt()) : std::nullopt;
+    query->exec();
+    const std::optional<int> number = query->next() ? std::optional<int>(query->value(0).toInt()) : std::nullopt;
+    query->finish();
+    m_guard.endQuery();
+    return number;
 }
 
 KRIntRange KRTileMbtilesSource::zoomRange()
@@ -162,8 +211,8 @@ KRIntRange KRTileMbtilesSource::zoomRange()
     const QString highest = QStringLiteral("maxzoom");
     KRIntRange range(m_metadata.value(lowest).toInt(), m_metadata.value(highest).toInt());
     if (!hasNumber(lowest) || !hasNumber(highest)) {
-        range = KRIntRange(outermostZoom(QStringLiteral("ASC")).value_or(range.minimum()),
-                           outermostZoom(QStringLiteral("DESC")).value_or(range.maximum()));
+        range = KRIntRange(firstNumber(&m_lowestZoomQuery).value_or(range.minimum()),
+                           firstNumber(&m_highestZoomQuery).value_or(range.maximum()));
     }
     const int minimum = qBound(0, range.minimum(), int(KRTileKey::largestZoom));
     return KRIntRange(minimum, qBound(minimum, range.maximum(), int(KRTileKey::largestZoom)));
@@ -176,24 +225,22 @@ void KRTileMbtilesSource::request(const KRTileKey &key)
 
 KRTileAnswer KRTileMbtilesSource::read(const KRTileKey &key)
 {
-    m_query->bindValue(0, key.zoom);
-    m_query->bindValue(1, key.x);
-    m_query->bindValue(2, key.rowFromSouth());
+    m_tileQuery.bindValue(0, key.zoom);
+    m_tileQuery.bindValue(1, key.x);
+    m_tileQuery.bindValue(2, key.rowFromSouth());
     m_guard.startQuery();
-    const bool hasRow = m_query->exec() && m_query->next();
+    const bool hasRow = m_tileQuery.exec() && m_tileQuery.next();
     KRTileAnswer answer;
-    if (m_guard.hasInterrupted()) {
+    if (m_guard.hasInterrupted() || m_tileQuery.lastError().isValid()) {
         answer.kind = KRTileAnswer::Failed;
-        answer.reason = tr("Die Datei antwortet zu langsam.");
-    } else if (m_query->lastError().isValid()) {
-        answer.kind = KRTileAnswer::Failed;
-        answer.reason = tr("Die Datei kann nicht gelesen werden: %1").arg(m_query->lastError().databaseText());
+        answer.reason = reasonOf(m_tileQuery.lastError());
     } else if (hasRow) {
-        const bool isTooLarge = m_query->value(0).toLongLong() > KRInputLimits::tileBytes;
+        const bool isTooLarge = m_tileQuery.value(0).toLongLong() > KRInputLimits::tileBytes;
         answer.kind = isTooLarge ? KRTileAnswer::Failed : KRTileAnswer::Found;
-        answer.bytes = m_query->value(1).toByteArray();
+        answer.bytes = m_tileQuery.value(1).toByteArray();
         answer.reason = isTooLarge ? tr("Eine Kachel ist zu groß.") : QString();
     }
-    m_query->finish();
+    m_tileQuery.finish();
+    m_guard.endQuery();
     return answer;
 }

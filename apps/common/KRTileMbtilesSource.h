@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QSqlError;
+
 /**
  * Tiles in an MBTiles file: an SQLite database with the tables or views "tiles" and "metadata", rows counted from the
  * south. It is only read, within KRInputLimits.
@@ -30,15 +32,21 @@ private:
 
     /// Why it cannot be used, empty when it can. @p address is the file as a URI for SQLite.
     QString connectTo(const QString &address);
+    /// Why SQLite must not touch the files that belong to it, empty when it may.
+    static QString problemBeside(const QString &path);
+    QString prepareQueries();
+    QString reasonOf(const QSqlError &error) const;
     void readMetadata();
     bool hasNumber(const QString &key) const;
-    /// The first in an order of SQL, "ASC" or "DESC"; not set without any tile.
-    std::optional<int> outermostZoom(const QString &direction);
+    /// Of the first row; not set without any.
+    std::optional<int> firstNumber(QSqlQuery *query);
     KRTileAnswer read(const KRTileKey &key);
 
     KRSqliteGuard m_guard;
     QSqlDatabase m_database;
-    std::optional<QSqlQuery> m_query; ///< prepared for one tile
+    QSqlQuery m_tileQuery; ///< prepared, as the others
+    QSqlQuery m_lowestZoomQuery;
+    QSqlQuery m_highestZoomQuery;
     QHash<QString, QString> m_metadata;
     QString m_credit;
 };

@@ -154,9 +154,15 @@ inline constexpr int pictureBytesBesidePixels = 8 << 20;
 /// Bytes of a tile as it is stored.
 inline constexpr int tileBytes = 8 << 20;
 /// Bytes of a value or a row in a tile file, at which SQLite gives up; smaller tiles are refused as too large.
-inline constexpr int tileRowBytes = 4 * tileBytes;
-/// Milliseconds that a query for a tile may take; usual is less than one.
-inline constexpr int tileQueryMs = 1500;
+inline constexpr int tileRowBytes = 2 * tileBytes;
+/// Bytes that all tile files that are open take together, beside their tiles; usual are two megabytes for each.
+inline constexpr int tileDatabasesBytes = 64 << 20;
+/// Milliseconds of processor time that opening a tile file may take; usual are less than ten.
+inline constexpr int tileOpeningMs = 200;
+/// Milliseconds of processor time that each query for a tile may take in any case; usual is less than one.
+inline constexpr int tileQueryMs = 10;
+/// Milliseconds that all queries of a file may take beyond that.
+inline constexpr int tileQueriesMs = 1200;
 /// Pixels of the longer side of a tile as it is stored; usual are 256 and 512. Up to a hundred are shown at once.
 inline constexpr int tileSide = 1024;
 /// Characters of a value in the description of a tile file, of which only short ones are used.
