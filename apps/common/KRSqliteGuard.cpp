@@ -109,12 +109,16 @@ void KRSqliteGuard::seal()
 
 void KRSqliteGuard::startQuery()
 {
+    constexpr qint64 forgottenShare = 10; // one in so many
+    const qint64 pause = m_pause.isValid() ? m_pause.nsecsElapsed() / 1000 : 0;
+    m_spent = std::max<qint64>(m_spent - pause / forgottenShare, 0);
     m_start = processorMicroseconds();
 }
 
 void KRSqliteGuard::endQuery()
 {
     m_spent = spentMicroseconds();
+    m_pause.start();
 }
 
 int KRSqliteGuard::isOverdue(void *guard)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QElapsedTimer>
 
 class QSqlDatabase;
 struct sqlite3;
@@ -24,7 +24,8 @@ public:
     /// Without effect when Qt's driver brings an SQLite of its own.
     void protect(const QSqlDatabase &database);
     /// From now on nothing is compiled any more: queries fail after a change of the schema. What they take beyond
-    /// KRInputLimits::tileQueryMs each adds up to KRInputLimits::tileQueriesMs at most.
+    /// KRInputLimits::tileQueryMs each adds up to KRInputLimits::tileQueriesMs at most, less a tenth of the time that
+    /// passes between them: who looks at a map for hours may use a file without an index, too.
     void seal();
 
     void startQuery();
@@ -41,6 +42,7 @@ private:
 
     qint64 m_start = 0; ///< microseconds of processor time, as the others
     qint64 m_spent = 0; ///< by the queries before
+    QElapsedTimer m_pause; ///< since the last query
     qint64 m_free = 0; ///< for each query
     qint64 m_budget = 0;
     bool m_hasInterrupted = false;
