@@ -12,6 +12,9 @@ constexpr qint64 headBytes = 8;
 constexpr qint64 checkSumBytes = 4;
 constexpr int pictureHeaderBytes = 9; // width, height and depth
 
+// Deflate makes 1032 bytes of one at most (RFC 1951), and a text is held five times.
+constexpr double mostBytesPerPackedByte = 5.0 * 1032.0;
+
 const QByteArray signature = QByteArrayLiteral("\x89PNG\r\n\x1a\n");
 
 /// Whether an "iTXt" at which the device stands is packed: a flag behind its keyword and a zero says so.
@@ -48,7 +51,7 @@ bool hasTooMuch(QIODevice *device)
             memoryBytes += pictureBytes(device->peek(pictureHeaderBytes));
         if (name == "zTXt" || (name == "iTXt" && isPackedText(device))) {
             hasPackedTexts = true;
-            memoryBytes += KRInputLimits::pngPackedTextBytes;
+            memoryBytes += qMin(double(KRInputLimits::pngPackedTextBytes), mostBytesPerPackedByte * double(length));
         }
         bytesBesidePixels += headBytes + checkSumBytes + (isPixels ? 0 : length);
         const bool hasLargeTexts = hasPackedTexts && memoryBytes > KRInputLimits::pictureMemoryBytes;

@@ -94,16 +94,17 @@ void KRSqliteGuard::protect(const QSqlDatabase &database)
     takeFunctionsAway(connection, database);
     QSqlQuery query(database);
     query.exec(QStringLiteral("PRAGMA temp_store = MEMORY")); // sorting must not fill the disk
+    query.exec(QStringLiteral("PRAGMA automatic_index = OFF")); // it would hold all tiles
     query.exec(QStringLiteral("PRAGMA cache_size = -2000")); // in KiB; the file may ask for any size
     query.finish();
     sqlite3_set_authorizer(connection, mayCompile, this);
 }
 
-void KRSqliteGuard::seal()
+void KRSqliteGuard::seal(int freeMs)
 {
     m_isSealed = true;
     m_spent = 0;
-    m_free = qint64(KRInputLimits::tileQueryMs) * 1000;
+    m_free = qint64(freeMs) * 1000;
     m_budget = qint64(KRInputLimits::tileQueriesMs) * 1000;
 }
 

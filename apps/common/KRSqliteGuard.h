@@ -24,9 +24,9 @@ public:
     /// Without effect when Qt's driver brings an SQLite of its own.
     void protect(const QSqlDatabase &database);
     /// From now on nothing is compiled any more: queries fail after a change of the schema. What they take beyond
-    /// KRInputLimits::tileQueryMs each adds up to KRInputLimits::tileQueriesMs at most, less a tenth of the time that
+    /// @p freeMs each adds up to KRInputLimits::tileQueriesMs at most, less a tenth of the time that
     /// passes between them: who looks at a map for hours may use a file without an index, too.
-    void seal();
+    void seal(int freeMs);
 
     void startQuery();
     void endQuery();

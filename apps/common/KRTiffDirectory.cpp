@@ -22,6 +22,7 @@ enum Tag : quint16 {
     TileWidth = 322,
     TileLength = 323,
 };
+constexpr quint16 byteType = 1;
 constexpr quint16 shortType = 3;
 constexpr quint16 longType = 4;
 constexpr quint16 wideType = 16;
@@ -94,6 +95,8 @@ Directory::Directory(QDataStream *stream, bool isWide)
 double firstValue(QDataStream *stream, quint16 type)
 {
     switch (type) {
+    case byteType:
+        return double(read<quint8>(stream));
     case shortType:
         return double(read<quint16>(stream));
     case longType:

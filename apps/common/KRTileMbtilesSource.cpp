@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QTextDocumentFragment>
 #include <QUrl>
@@ -125,11 +126,14 @@ QString KRTileMbtilesSource::connectTo(const QString &address)
     m_guard.protect(m_database);
     QSqlQuery schema(m_database);
     schema.setForwardOnly(true);
-    if (!schema.exec(QStringLiteral("SELECT name, type FROM sqlite_master WHERE name IN ('tiles', 'metadata')")))
+    if (!schema.exec(QStringLiteral("SELECT name, type, sql FROM sqlite_master WHERE name IN ('tiles', 'metadata')")))
         return reasonOf(schema.lastError());
     QHash<QString, QString> types;
-    while (schema.next())
+    QHash<QString, QString> definitions;
+    while (schema.next()) {
         types.insert(schema.value(0).toString(), schema.value(1).toString());
+        definitions.insert(schema.value(0).toString(), schema.value(2).toString());
+    }
     if (!types.contains(QStringLiteral("tiles")))
         return tr("Das ist keine MBTiles-Datei.");
     // A view may compute for ever, and who opens a file does not want to wait.
@@ -139,10 +143,15 @@ QString KRTileMbtilesSource::connectTo(const QString &address)
     if (format == QLatin1String("pbf") || format == QLatin1String("mvt"))
         return tr("Die Datei enthält Vektoren und keine Bilder.");
     m_credit = plainText(m_metadata.value(QStringLiteral("attribution")));
-    return prepareQueries();
+    // Columns that are computed have this word in front of how. Without any, a table can only be searched.
+    const bool isStored =
+        types.value(QStringLiteral("tiles")) == QLatin1String("table")
+        && !definitions.value(QStringLiteral("tiles"))
+                .contains(QRegularExpression(QStringLiteral("\\bAS\\b"), QRegularExpression::CaseInsensitiveOption));
+    return prepareQueries(isStored ? KRInputLimits::storedTileQueryMs : KRInputLimits::tileQueryMs);
 }
 
-QString KRTileMbtilesSource::prepareQueries()
+QString KRTileMbtilesSource::prepareQueries(int freeMs)
 {
     const QString tile =
         QStringLiteral("SELECT length(tile_data), CASE WHEN length(tile_data) <= %1 THEN tile_data END FROM tiles "
@@ -156,7 +165,7 @@ QString KRTileMbtilesSource::prepareQueries()
         if (!query->prepare(text))
             return reasonOf(query->lastError());
     }
-    m_guard.seal();
+    m_guard.seal(freeMs);
     return m_guard.hasInterrupted() ? reasonOf(QSqlError()) : QString();
 }
 

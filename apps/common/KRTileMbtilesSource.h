@@ -34,7 +34,7 @@ private:
     QString connectTo(const QString &address);
     /// Why SQLite must not touch the files that belong to it, empty when it may.
     static QString problemBeside(const QString &path);
-    QString prepareQueries();
+    QString prepareQueries(int freeMs);
     QString reasonOf(const QSqlError &error) const;
     void readMetadata();
     bool hasNumber(const QString &key) const;

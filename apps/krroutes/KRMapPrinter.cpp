@@ -83,10 +83,11 @@ void KRMapPrinter::preview(QWidget *window) const
 // Pages are painted at once, with what is at hand; this brings it there.
 bool KRMapPrinter::fetchGround(const QSize &size, QWidget *window) const
 {
-    QImage picture(size, QImage::Format_RGB32);
-    // Where the memory does not suffice, nothing can be painted either, which tells so.
-    if (!m_ground || m_ground->isVector() || picture.isNull())
+    if (!m_ground || m_ground->isVector())
         return true;
+    QImage picture(size, QImage::Format_RGB32);
+    if (picture.isNull())
+        return true; // then nothing can be painted either, which tells so
     KRPatientGround ground(m_ground);
     const bool isDone = KRBackgroundTask::run(
         window, tr("Die Karte wird geladen …"),

@@ -161,6 +161,8 @@ inline constexpr int tileDatabasesBytes = 64 << 20;
 inline constexpr int tileOpeningMs = 200;
 /// Milliseconds of processor time that each query for a tile may take in any case; usual is less than one.
 inline constexpr int tileQueryMs = 10;
+/// The same for tables of which nothing is computed: without an index all of 100,000 tiles are searched for each.
+inline constexpr int storedTileQueryMs = 200;
 /// Milliseconds that all queries of a file may take beyond that.
 inline constexpr int tileQueriesMs = 1200;
 /// Pixels of the longer side of a tile as it is stored; usual are 256 and 512. Up to a hundred are shown at once.
