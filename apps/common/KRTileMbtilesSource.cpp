@@ -8,7 +8,6 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
-#include <QRegularExpression>
 #include <QSqlError>
 #include <QTextDocumentFragment>
 #include <QUrl>
