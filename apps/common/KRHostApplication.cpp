@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
@@ -42,14 +43,21 @@ void surviveFailedWrites()
 }
 
 /// Where the caller has closed the standard output, the first file to be opened would get its number, and with it what
-/// is printed. Writing to what stands in their place fails.
-void occupyStandardDescriptors()
+/// is printed. Writing to what stands in their place fails. The event loop takes a file too, and ends the program
+/// without a word where it gets none.
+bool occupyStandardDescriptors()
 {
     int descriptor = 0;
     do {
         descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    const int another = ::dup(descriptor);
+    const bool hasFiles = another >= 0;
+    if (!hasFiles)
+        std::perror(program_invocation_short_name);
+    ::close(another);
     ::close(descriptor);
+    return hasFiles;
 }
 
 /// The first of the user's languages that we speak. The texts in the sources are German.
@@ -61,15 +69,17 @@ bool speaksGerman()
 
 } // namespace
 
-void KRHostApplication::prepare(bool isVerbose)
+bool KRHostApplication::prepare(bool isVerbose)
 {
-    occupyStandardDescriptors();
+    if (!occupyStandardDescriptors())
+        return false;
     surviveFailedWrites();
     if (!isVerbose)
         qInstallMessageHandler(keepSilent);
     const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     if (!hasDisplay && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    return true;
 }
 
 void KRHostApplication::setup(QCoreApplication &application, const QString &name)

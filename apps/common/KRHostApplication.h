@@ -12,8 +12,9 @@ class KRHostApplication
 public:
     /// Before the application object: lets a program without any display draw all the same, and writing fail with a
     /// reason where it would end the program. Unless it is verbose, log messages of the libraries and of Qt stay away
-    /// from the error output, which is the program's own.
-    static void prepare(bool isVerbose);
+    /// from the error output, which is the program's own. Returns false, with a line there, where the system opens no
+    /// more files.
+    static bool prepare(bool isVerbose);
 
     /// After it: names and version, and the language of the user: German for German locales, else English.
     static void setup(QCoreApplication &application, const QString &name);

@@ -8,7 +8,8 @@
 int main(int argc, char *argv[])
 {
     const auto isVerboseOption = [](const char *argument) { return qstrcmp(argument, "--verbose") == 0; };
-    KRHostApplication::prepare(std::any_of(argv, argv + argc, isVerboseOption));
+    if (!KRHostApplication::prepare(std::any_of(argv, argv + argc, isVerboseOption)))
+        return 2;
     QGuiApplication application(argc, argv);
     KRHostApplication::setup(application, QStringLiteral("krrender"));
     return KRRenderProgram(KRRenderOptions(QCoreApplication::arguments())).run();

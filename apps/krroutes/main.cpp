@@ -16,7 +16,8 @@ int main(int argc, char *argv[])
     const bool hasThreads = KRConcurrent::fillPool();
     KRQtCompat::enableHighDpi();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    KRHostApplication::prepare(false);
+    if (!KRHostApplication::prepare(false))
+        return 1;
     const QApplication application(argc, argv);
     KRHostApplication::setup(*qApp, QStringLiteral("krroutes"));
     QGuiApplication::setDesktopFileName(QStringLiteral("de.krgeolocation.krroutes"));

@@ -16,6 +16,7 @@ private slots:
     void badInput();
     void standardOutputThatTakesNothing();
     void outputThatCannotBeWritten();
+    void fewFilesMayBeOpened();
     void progressLeavesNoTrace();
     void languageFollowsTheLocale();
     void exchangeFilesComeBack();
@@ -203,6 +204,17 @@ void tst_krrenderTexts::outputThatCannotBeWritten()
     }
     const Outcome redirected = run(diskIsFull + "krrender -o - $tour >a.png");
     QVERIFY2(redirected.exitCode == 2 && redirected.complainsOf("File too large\n"), qPrintable(redirected.err));
+}
+
+void tst_krrenderTexts::fewFilesMayBeOpened()
+{
+    // How many are open already, the caller decides; with very few the system does not even load the program.
+    for (int files = 4; files <= 12; ++files) {
+        const Outcome outcome = run("export LC_ALL=C.utf8 LLVM_PROFILE_FILE=/dev/null; ulimit -n "
+                                    + QByteArray::number(files) + "; krrender --size 64x48 $tour -o a.png");
+        const bool isTold = outcome.err.contains(QRegularExpression(QStringLiteral("Too many open files|Error 24")));
+        QVERIFY2(outcome.exitCode == 0 || (outcome.exitCode < 128 && isTold), qPrintable(outcome.err));
+    }
 }
 
 void tst_krrenderTexts::progressLeavesNoTrace()
