@@ -378,6 +378,10 @@
         <source>Das Bild ist ein TIFF mit zu großen Kacheln oder Streifen.</source>
         <translation>The picture is a TIFF with tiles or strips that are too large.</translation>
     </message>
+    <message>
+        <source>Das Bild ist zu groß (mehr als %1 MB im Speicher).</source>
+        <translation>The picture is too large (more than %1 MB in memory).</translation>
+    </message>
 </context>
 <context>
     <name>KRTileDecoder</name>

@@ -57,21 +57,27 @@ public:
 
     bool hasTooMuchBesidePixels() const { return m_entryBytes > KRInputLimits::pictureBytesBesidePixels; }
 
-    /// Of the picture, and of a tile or strip as it is unpacked.
-    double memoryBytes() const
+    /// In memory.
+    double pictureBytes() const
     {
-        const double samples = value(SamplesPerPixel, 1.0);
-        const double bits = value(BitsPerSample, 1.0);
-        const double width = value(ImageWidth, 0.0);
-        const double length = value(ImageLength, 0.0);
+        const bool isDeep = bits() > 8.0 && samples() > 2.0;
+        return width() * length() * (isDeep ? 8.0 : 4.0);
+    }
+
+    /// Of a tile or strip as it is unpacked.
+    double pieceBytes() const
+    {
         const bool hasTiles = m_values.contains(TileWidth) && m_values.contains(TileLength);
         const double pixels = hasTiles ? value(TileWidth, 0.0) * value(TileLength, 0.0)
-                                       : width * qMin(length, value(RowsPerStrip, length));
-        const bool isDeep = bits > 8.0 && samples > 2.0;
-        return width * length * (isDeep ? 8.0 : 4.0) + pixels * samples * bits / 8.0;
+                                       : width() * qMin(length(), value(RowsPerStrip, length()));
+        return pixels * samples() * bits() / 8.0;
     }
 
 private:
+    double width() const { return value(ImageWidth, 0.0); }
+    double length() const { return value(ImageLength, 0.0); }
+    double samples() const { return value(SamplesPerPixel, 1.0); }
+    double bits() const { return value(BitsPerSample, 1.0); }
     double value(Tag tag, double otherwise) const { return m_values.value(tag, otherwise); }
     void readEntry(QDataStream *stream, bool isWide);
 
@@ -142,7 +148,10 @@ QString KRTiffDirectory::problemOf(QIODevice *device)
         const Directory directory(&stream, version == wideVersion);
         if (directory.hasTooMuchBesidePixels())
             problem = tr("Das Bild ist ein TIFF mit zu viel neben seinen Pixeln.");
-        else if (directory.memoryBytes() > KRInputLimits::pictureMemoryBytes)
+        else if (directory.pictureBytes() > KRInputLimits::pictureMemoryBytes)
+            problem = tr("Das Bild ist zu groß (mehr als %1 MB im Speicher).")
+                          .arg(KRInputLimits::pictureMemoryBytes / 1000000);
+        else if (directory.pictureBytes() + directory.pieceBytes() > KRInputLimits::pictureMemoryBytes)
             problem = tr("Das Bild ist ein TIFF mit zu großen Kacheln oder Streifen.");
     }
     device->seek(0);
