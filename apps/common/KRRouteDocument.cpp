@@ -16,6 +16,7 @@
 
 #include <QDomDocument>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <cmath>
@@ -29,6 +30,7 @@ const QString configuredTrackElement = QStringLiteral("configuredTrack");
 const QString formerTrackElement = QStringLiteral("locationTrack");
 const QString trkElement = QStringLiteral("trk");
 const QString keptElement = QStringLiteral("kept");
+constexpr int leastNodesOfTrack = 10; ///< of its looks alone
 const QString placeholder = QStringLiteral("?"); // until the file has a name
 const QString folderAttribute = QStringLiteral("folder");
 const QString lineWidthAttribute = QStringLiteral("lineWidth");
@@ -149,7 +151,7 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
         if (!goesOn())
             return false;
         if (!reader.announce(elements.at(i).firstChildElement(trkElement), kept.value(i))) {
-            KRErrorHistory::report(history, file.filePath(), tr("Das Dokument nennt dieselben Dateien zu oft."));
+            KRErrorHistory::report(history, file.filePath(), tooOften());
             return false;
         }
     }
@@ -159,6 +161,10 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
         KRGPXConfiguredTrack &track = tracks[i];
         track.setTrack(
             reader.read(elements.at(i).firstChildElement(trkElement), track.track(), kept.value(i), history));
+        if (reader.hasRepeatedTooMuch()) {
+            KRErrorHistory::report(history, file.filePath(), tooOften());
+            return false;
+        }
         track.setConfiguration(withKeptWidths(track.configuration(), kept.value(i)));
     }
     KRTrackFileStamps::instance()->remember(file, stamp);
@@ -171,11 +177,15 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 {
     const QDir folder = trackFolder(file);
     KRTrackFileWriter writer(folder);
+    if (m_selection.tracks().size() > KRInputLimits::nodes / leastNodesOfTrack) {
+        reportTooManyNodes(file, history);
+        return false;
+    }
     // First, as it also tells what belongs to tracks whose files cannot be read.
     learnFilesOf(file, writer);
     QDomDocument document = build(folder);
     if (countNodes(document.documentElement()) > KRInputLimits::nodes) {
-        reportUnreadable(file, tr("Es hat mehr als %1 Knoten.").arg(KRInputLimits::nodes), history);
+        reportTooManyNodes(file, history);
         return false;
     }
     if (!m_selection.isEmpty() && !writer.makeFolder()) {
@@ -185,11 +195,20 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
     // The track files first: a document must not name what is not there.
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     const QList<QDomElement> elements = trackElements(document.documentElement().firstChildElement(selectionElement));
+    QSet<QString> fileNames;
+    qint64 repeatedPoints = 0;
     for (int i = 0; i < tracks.size(); ++i) {
-        const QString fileName = goesOn() ? writer.write(tracks.at(i).track(), history) : QString();
+        const KRGPXTrack track = tracks.at(i).track();
+        const QString fileName = goesOn() ? writer.write(track, history) : QString();
         if (fileName.isEmpty())
             return false;
         nameFile(elements.at(i), fileName);
+        repeatedPoints += fileNames.contains(fileName) ? track.countPoints() : 0;
+        fileNames.insert(fileName);
+    }
+    if (repeatedPoints > KRInputLimits::repeatedPoints) {
+        reportUnreadable(file, tooOften(), history);
+        return false;
     }
     if (!goesOn() || !write(document, file, history))
         return false;
@@ -263,6 +282,16 @@ bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file,
     else
         return KRFileHandler::writeAll(file, xml, history);
     return false;
+}
+
+QString KRRouteDocument::tooOften()
+{
+    return tr("Das Dokument nennt dieselben Dateien zu oft.");
+}
+
+void KRRouteDocument::reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history)
+{
+    reportUnreadable(file, tr("Es hat mehr als %1 Knoten.").arg(KRInputLimits::nodes), history);
 }
 
 void KRRouteDocument::reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history)

@@ -65,6 +65,8 @@ private:
     void learnFilesOf(const QFileInfo &file, const KRTrackFileWriter &writer) const;
     /// Unless the document goes beyond what is read.
     static bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
+    static QString tooOften();
+    static void reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history);
     static void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history);
 
     bool goesOn() const { return !m_goOn || m_goOn(); }

@@ -4,7 +4,6 @@
 #include "KRTrackFileStamps.h"
 #include "KRTrackKeeper.h"
 
-#include <KRCore/KRInputLimits.h>
 #include <KRCore/KRXMLLoader.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
@@ -58,8 +57,10 @@ KRGPXTrack KRTrackFileReader::read(const QDomElement &trk, const KRGPXTrack &wit
         return KRTrackKeeper::restored(withoutFile, kept);
     const QByteArray digest = digestOf(trk, kept);
     const auto known = m_tracks.constFind(digest);
-    if (known != m_tracks.constEnd())
+    if (known != m_tracks.constEnd()) {
+        m_repeatedPoints += known->countPoints();
         return *known;
+    }
     return *m_tracks.insert(digest, readFile(trk, trk.firstChildElement(includeElement).text(), kept, history));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRGPXTrack.h>
 
 #include <QByteArray>
@@ -33,6 +34,8 @@ public:
     /// @param withoutFile what the element itself holds of the track: all of it, unless it names a file
     KRGPXTrack read(const QDomElement &trk, const KRGPXTrack &withoutFile, const QDomElement &kept,
                     KRErrorHistory *history);
+    /// Whether tracks that are the same go beyond KRInputLimits::repeatedPoints: shared they may be, but each is drawn.
+    bool hasRepeatedTooMuch() const { return m_repeatedPoints > KRInputLimits::repeatedPoints; }
 
 private:
     bool namesFile(const QDomElement &trk) const;
@@ -44,4 +47,5 @@ private:
     QHash<QByteArray, KRGPXTrack> m_tracks; // by a digest of their elements
     QSet<QString> m_paths; // of all files that are announced
     qint64 m_repeatedBytes = 0;
+    qint64 m_repeatedPoints = 0;
 };

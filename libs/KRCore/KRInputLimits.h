@@ -24,6 +24,9 @@ inline constexpr int settingsBytes = 1 << 20;
 /// Bytes that are read again as a route document names files more than once; fileOverhead is added for each time.
 inline constexpr qint64 repeatedBytes = 64 << 20;
 inline constexpr qint64 fileOverhead = 4096;
+/// Points of the tracks that a route document names more than once, beyond the first time; 10 million are drawn in some
+/// two seconds.
+inline constexpr qint64 repeatedPoints = 10000000;
 
 // --- XML
 

@@ -66,7 +66,7 @@ document('includes a file 100000 times', (included('a.gps'), 100000), files=trac
 document('includes 20 MB 1000 times', (included('a.gps'), 1000), files=file_of_20_mb)
 document('includes links to 20 MB 1000 times', [included(f'{i}.gps') for i in range(1000)], files=links_to_20_mb)
 document('includes 60 MB of elements 300 times', (included('a.gps'), 300), files=track_file(
-    '<trk><trkseg>', ('<trkpt lat="1" lon="2"/>', 160000), '</trkseg></trk>'), load={'points': 300 * 160000})
+    '<trk><trkseg>', ('<trkpt lat="1" lon="2"/>', 160000), '</trkseg></trk>'), outcome='refused')
 document('includes a bomb', included('a.gps'), files=track_file('&l12;', before=f'<!DOCTYPE x [{LAUGHS}]>'),
          outcome='refused')
 document('includes that include', included('a.gps'), files=track_file('<trk><include>a.gps</include></trk>'))

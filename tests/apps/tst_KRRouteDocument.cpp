@@ -249,10 +249,18 @@ void tst_KRRouteDocument::lostTracksOfSeveralDocuments()
 
 void tst_KRRouteDocument::refusesWhatIsNoDocument()
 {
+    // Half a million points, which the document names 22 times.
+    const QByteArray points = "<trk><trkseg><compressedPoints>" + QByteArray("8,53 ").repeated(500000);
+    const QByteArray included = "<configuredTrack><trk><include>all.gps</include></trk></configuredTrack>";
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("Reise.tracks")));
+    KRTestFile::write(trackFile(QStringLiteral("all.gps")),
+                      "<includedTrack>" + points + "</compressedPoints></trkseg></trk></includedTrack>");
     const KRTestTable<QByteArray> table{
         {"truncated", "<routes><selection>"},
         {"another root", "<gpx/>"},
         {"empty", {}},
+        {"the same points again and again",
+         "<routes><selection><gpxtrack>" + included.repeated(22) + "</gpxtrack></selection></routes>"},
     };
     table.forEach([&](const QByteArray &content) {
         KRTestFile::write(document().filePath(), content);
@@ -276,7 +284,9 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
     const auto lineOf = [](const KRGPXTrackSegment &points, const QString &description) {
         return KRGPXTrack(QString(), description, {points}, LineStringTrackShape);
     };
-    const auto repeated = QVector<KRGPXTrack>(1200, lineOf(segment, QStringLiteral("immer wieder"))).toList();
+    const auto repeated = [&](int count) {
+        return QVector<KRGPXTrack>(count, lineOf(segment, QStringLiteral("immer wieder"))).toList();
+    };
 
     // Half a million nodes in all: 22 for each track, four for each description of a point.
     QList<KRGPXTrack> many;
@@ -295,7 +305,8 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
     }
     using Tracks = QList<KRGPXTrack>;
     const KRTestTable<Tracks, bool> table{
-        {"one track many times", repeated, true},
+        {"one track many times", repeated(1200), true},
+        {"one track with ten million points in all", repeated(5200), false},
         {"too many tracks", many, false},
         {"too many descriptions", Tracks{lineOf(described, QString())}, false},
         {"too many references", Tracks{lineOf(segment, QString(2000001, QLatin1Char('&')))}, false},
