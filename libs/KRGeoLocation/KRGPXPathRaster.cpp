@@ -83,7 +83,9 @@ void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
                 visitor(band, int(i));
         }
     });
-    KRGPXRasterBand band(m_fillRule);
+    // Room for a band is not taken anew for each of many thousand lines.
+    thread_local KRGPXRasterBand band;
+    band.setFillRule(m_fillRule);
     for (int i = 0; i < bandCount; ++i) {
         if (bands.isEmpty(i))
             continue;

@@ -30,7 +30,7 @@ public:
         Point to;
     };
 
-    explicit KRGPXRasterBand(Qt::FillRule fillRule) : m_fillRule(fillRule) { }
+    void setFillRule(Qt::FillRule fillRule) { m_fillRule = fillRule; }
 
     /// The pixel that holds a coordinate.
     static constexpr int pixelOf(int coordinate) { return coordinate >> subpixelBits; }
@@ -61,7 +61,7 @@ private:
     void addCell(int row, int column, int height, int area);
     void addInRow(int row, const Point &from, const Point &to);
 
-    Qt::FillRule m_fillRule;
+    Qt::FillRule m_fillRule = Qt::OddEvenFill;
     int m_firstRow = 0;
     int m_endRow = 0;
     int m_left = 0; // in 1/256 pixels
