@@ -250,6 +250,10 @@
         <source>--size: „%1“ ist keine Größe wie 1600x1200, mit Seiten bis %2.</source>
         <translation>--size: &quot;%1&quot; is no size such as 1600x1200, with sides of up to %2.</translation>
     </message>
+    <message>
+        <source>Der Name einer Datei ist leer.</source>
+        <translation>The name of a file is empty.</translation>
+    </message>
 </context>
 <context>
     <name>KRRenderProgram</name>

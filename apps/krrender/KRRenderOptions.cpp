@@ -218,6 +218,8 @@ void KRRenderOptions::refuseTexts(const QCommandLineParser &parser, const QStrin
         if (argument.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(argument))
             complain(tr("„%1“ ist kein gültiges UTF-8.").arg(argument));
     }
+    if (parser.positionalArguments().contains(QString()))
+        complain(tr("Der Name einer Datei ist leer."));
     for (const OptionText &option : optionTexts) {
         const QString name = QString::fromLatin1(option.names).section(QLatin1Char(','), -1);
         if (*option.value != '\0' && parser.values(name).contains(QString()))

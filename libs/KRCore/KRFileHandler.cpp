@@ -32,9 +32,10 @@ QString unreadable(const QString &reason)
 /// Whether there is no telling what lies behind one of its folders.
 bool isBehindClosedFolder(const QFileInfo &file)
 {
+    // The root, no name at all, and one in a current folder that is gone, have no folder but themselves.
     QFileInfo folder(file.absolutePath());
-    while (!folder.exists() && !folder.isRoot())
-        folder = QFileInfo(folder.absolutePath());
+    for (QString path; !folder.exists() && path != folder.filePath(); folder = QFileInfo(folder.absolutePath()))
+        path = folder.filePath();
     return folder.isDir() && !folder.isExecutable();
 }
 

@@ -54,8 +54,8 @@ private slots:
 
     void refusesWhatIsNoFile()
     {
-        for (const QString &path :
-             {m_folder.dir().path(), m_folder.path(QStringLiteral("missing")), QStringLiteral("/dev/zero")}) {
+        for (const QString &path : {m_folder.dir().path(), m_folder.path(QStringLiteral("missing/missing")),
+                                    QStringLiteral("/dev/zero"), QStringLiteral("")}) {
             KRErrorHistory history;
             QVERIFY(KRFileHandler::readTextFile(QFileInfo(path), &history).isEmpty());
             QCOMPARE(history.entries().size(), 1);

@@ -119,6 +119,7 @@ void tst_krrenderTexts::wrongUsage()
         {"output without a name", "-o '' $tour", "--output"},
         {"document without a name", "--save '' $tour", "--save"},
         {"no size", "--size '' $tour", "--size"},
+        {"file without name", "'' $tour", "leer"},
         {"output that is no UTF-8", "-o \"$(printf 'a\\376.png')\" $tour", "UTF-8"},
         {"input that is no UTF-8", "-o a.png \"$(printf '\\377.gpx')\"", "UTF-8"},
         {"over a track file of the saved document", "--save d.krroute -o ./d.tracks/track.gps --format gpx $tour",
