@@ -43,7 +43,8 @@ private:
     {
         if (qstrcmp(context.category, "kr.io") != 0 || QThread::currentThread() == qApp->thread())
             return;
-        ++count;
+        // Relaxed: an order with the main thread that the program itself does not have would hide races.
+        count.fetch_add(1, std::memory_order_relaxed);
         gate.acquire();
     }
 

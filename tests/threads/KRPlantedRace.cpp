@@ -1,13 +1,24 @@
 #include <KRCore/KRConcurrent.h>
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QMutex>
 #include <QMutexLocker>
+#include <QObject>
 #include <QThread>
 
 #include <atomic>
 #include <cstdio>
+#include <memory>
 #include <thread>
+
+class KRPlantedSender : public QObject
+{
+    Q_OBJECT
+
+signals:
+    void sent(int number);
+};
 
 namespace {
 
@@ -40,10 +51,31 @@ void raceInSpiteOfLocks()
         const QMutexLocker locker(&mutexes[number]);
         counter += number;
     };
-    std::thread first(count, 0);
-    std::thread second(count, 1);
-    first.join();
-    second.join();
+    const std::unique_ptr<QThread> first(QThread::create(count, 0));
+    const std::unique_ptr<QThread> second(QThread::create(count, 1));
+    first->start();
+    second->start();
+    first->wait();
+    second->wait();
+}
+
+/// What a thread does after it has sent a signal has no order with what another does for that.
+void raceBehindSignal()
+{
+    KRPlantedSender sender;
+    QEventLoop loop;
+    QObject::connect(&sender, &KRPlantedSender::sent, &loop, [&loop](int number) {
+        meet();
+        counter += number;
+        loop.quit();
+    });
+    std::thread thread([&sender] {
+        emit sender.sent(1);
+        meet();
+        counter += 2;
+    });
+    loop.exec();
+    thread.join();
 }
 
 } // namespace
@@ -52,10 +84,15 @@ void raceInSpiteOfLocks()
 int main(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
-    if (QCoreApplication::arguments().value(1) == QLatin1String("map"))
+    const QString kind = QCoreApplication::arguments().value(1);
+    if (kind == QLatin1String("map"))
         raceInMap();
-    else
+    else if (kind == QLatin1String("locks"))
         raceInSpiteOfLocks();
+    else
+        raceBehindSignal();
     std::printf("%d\n", counter);
     return 0;
 }
+
+#include "KRPlantedRace.moc"

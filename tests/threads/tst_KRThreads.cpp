@@ -1,6 +1,6 @@
 #include "KRTest.h"
 #include "KRTestMap.h"
-#include "KRThreadHandover.h"
+#include "KRTestThreads.h"
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
@@ -14,8 +14,6 @@
 #include <QDomDocument>
 
 #include <cmath>
-#include <functional>
-#include <thread>
 #include <tuple>
 #include <vector>
 
@@ -79,41 +77,6 @@ Outcome outcomeOf(const KRGPXTrackSelection &selection)
     return {renderer.render(StyledRender), renderer.crop(map), points};
 }
 
-/// Calls it in the global pool.
-class Job : public QRunnable
-{
-public:
-    Job(const std::function<void()> &function, KRThreadHandover *handover) : m_function(function), m_handover(handover)
-    { }
-    void run() override
-    {
-        m_function();
-        m_handover->giveBack();
-    }
-
-private:
-    const std::function<void()> m_function;
-    KRThreadHandover *m_handover;
-};
-
-/// Calls @p work with 0, 1, 2 … in as many threads at once, the even ones in the pool, and with -1 in this one.
-void runEverywhere(int count, const std::function<void(int)> &work)
-{
-    KRThreadHandover handover;
-    std::vector<std::thread> threads;
-    for (int i = 0; i < count; ++i) {
-        if (i % 2 == 0)
-            QThreadPool::globalInstance()->start(new Job([&work, i] { work(i); }, &handover));
-        else
-            threads.emplace_back([&work, i] { work(i); });
-    }
-    work(-1);
-    for (std::thread &thread : threads)
-        thread.join();
-    QThreadPool::globalInstance()->waitForDone();
-    handover.takeBack();
-}
-
 /// A singleton that nobody has asked for yet.
 class LateSingleton : public KRSingleton<LateSingleton>
 {
@@ -153,7 +116,7 @@ private slots:
                 pool->reserveThread();
             constexpr int count = 9;
             std::vector<Outcome> outcomes(count + 1);
-            runEverywhere(count, [&](int i) { outcomes[std::size_t(i + 1)] = outcomeOf(selection); });
+            KRTestThreads::runEverywhere(count, [&](int i) { outcomes[std::size_t(i + 1)] = outcomeOf(selection); });
             for (int i = 0; i < busyThreads; ++i)
                 pool->releaseThread();
             for (const Outcome &outcome : outcomes)
@@ -166,7 +129,7 @@ private slots:
         // Everything that is made when it is first asked for: here several threads ask at once.
         QLoggingCategory::setFilterRules(QStringLiteral("kr.io=false"));
         std::vector<QString> texts(8);
-        runEverywhere(7, [&](int i) {
+        KRTestThreads::runEverywhere(7, [&](int i) {
             QString &text = texts[std::size_t(i + 1)];
             text = QString::number(LateSingleton::instance()->value());
             text += KRGPXTrackShape(QStringLiteral("hop")).isValid() ? QLatin1Char('h') : QLatin1Char('-');
@@ -188,7 +151,7 @@ private slots:
     {
         const KRGPXTrackSelection original = routes();
         std::vector<KRGPXTrackSelection> copies(9, original);
-        runEverywhere(8, [&](int i) {
+        KRTestThreads::runEverywhere(8, [&](int i) {
             KRGPXTrackSelection &copy = copies[std::size_t(i + 1)];
             KRGPXConfiguredTrackList tracks = copy.tracks();
             KRGPXTrack track = tracks.at(0).track();
@@ -218,8 +181,8 @@ private slots:
         const QFileInfo gpx(dir.filePath(QStringLiteral("routes.gpx")));
         routes().value(0).track().saveAsGpxFile(gpx);
         std::vector<int> counts(7);
-        runEverywhere(6,
-                      [&](int i) { counts[std::size_t(i + 1)] = KRGPXTrackFile(gpx).tracks().first().countPoints(); });
+        KRTestThreads::runEverywhere(
+            6, [&](int i) { counts[std::size_t(i + 1)] = KRGPXTrackFile(gpx).tracks().first().countPoints(); });
         for (const int count : counts)
             QCOMPARE(count, 2 * pointCount);
     }
@@ -232,7 +195,7 @@ private slots:
         constexpr int count = 6;
         std::vector<QStringList> names(count + 1);
         std::vector<int> counts(count + 1);
-        runEverywhere(count, [&](int i) {
+        KRTestThreads::runEverywhere(count, [&](int i) {
             for (int k = 0; k < 4; ++k) {
                 // Every track is saved by several threads.
                 const KRGPXTrack track = KRGPXTrack::decodeKml(QString::number(k), QString(),
