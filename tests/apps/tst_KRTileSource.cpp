@@ -260,6 +260,45 @@ private slots:
         QVERIFY2(answer.reason.contains(QLatin1String("langsam")), qPrintable(answer.reason));
     }
 
+    void tilesWithoutAnIndex()
+    {
+        const auto filled = [](const char *table, const char *values) {
+            return QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n LIMIT 50000) "
+                                  "INSERT INTO %1 SELECT %2 FROM n")
+                .arg(QLatin1String(table), QLatin1String(values));
+        };
+        // count: of tiles; those of the plain table take more time together than any file may beyond that of each query
+        const KRTestTable<QStringList, int> table{
+            {"plain table, whose pictures of two pages come before their numbers",
+             {QStringLiteral("PRAGMA page_size = 512"),
+              QStringLiteral("CREATE TABLE tiles (tile_data blob, zoom_level int, tile_column int, tile_row int)"),
+              filled("tiles", "zeroblob(850), 9, i / 512, i % 512")},
+             20},
+            {"map and pictures",
+             {QStringLiteral("CREATE TABLE metadata (name text, value text)"),
+              QStringLiteral("INSERT INTO metadata VALUES ('minzoom', 9), ('maxzoom', 9)"),
+              QStringLiteral("CREATE TABLE map (zoom_level int, tile_column int, tile_row int, tile_id text)"),
+              QStringLiteral("CREATE TABLE images (tile_id text, tile_data blob)"),
+              filled("map", "9, i / 512, i % 512, 't' || i"), filled("images", "'t' || i, zeroblob(500)"),
+              QStringLiteral("CREATE VIEW tiles AS SELECT zoom_level, tile_column, tile_row, tile_data FROM map "
+                             "JOIN images ON images.tile_id = map.tile_id")},
+             12},
+        };
+        table.forEach([&](const QStringList &statements, int count) {
+            init();
+            const QString file = path(QStringLiteral("a.mbtiles"));
+            KRTestTiles::runSql(file, QStringList(QStringLiteral("PRAGMA synchronous = OFF")) + statements);
+            const std::unique_ptr<KRTileSource> source = KRTileSource::open(file, nullptr);
+            QVERIFY(source != nullptr);
+            QCOMPARE(source->zoomRange().minimum(), 9);
+            // The last ones: who searches for them passes all others.
+            for (int i = 49999; i > 49999 - count; --i) {
+                const KRTileAnswer answer = ask(source.get(), {9, i / 512, 511 - i % 512});
+                QVERIFY2(answer.kind == KRTileAnswer::Found, qPrintable(answer.reason));
+            }
+        });
+    }
+
     void schemaChangesWhileOpen()
     {
         const QString file = path(QStringLiteral("a.mbtiles"));
