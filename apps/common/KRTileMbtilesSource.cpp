@@ -51,9 +51,8 @@ bool hasWriteAheadLog(const QByteArray &header)
 
 /// Whoever has the database open keeps a log beside it. Without one nobody is to be waited for, and the file may be
 /// read as one that does not change.
-QString addressOf(const QString &fileName, const QByteArray &header)
+QString addressOf(const QString &path, const QByteArray &header)
 {
-    const QString path = QFileInfo(fileName).canonicalFilePath();
     QUrl address = QUrl::fromLocalFile(path);
     if (hasWriteAheadLog(header) && QFileInfo(path + QStringLiteral("-wal")).size() == 0)
         address.setQuery(QStringLiteral("immutable=1"));
@@ -68,7 +67,7 @@ QString outermostZoom(const char *direction)
 
 } // namespace
 
-KRTileMbtilesSource::KRTileMbtilesSource() = default;
+KRTileMbtilesSource::KRTileMbtilesSource(const QString &path) : m_path(path) { }
 
 KRTileMbtilesSource::~KRTileMbtilesSource()
 {
@@ -90,22 +89,22 @@ std::unique_ptr<KRTileSource> KRTileMbtilesSource::open(const QString &fileName,
     if (!header.startsWith(magic))
         problem = tr("Das ist keine MBTiles-Datei.");
     file.close();
-    if (problem.isEmpty())
-        problem = problemBeside(QFileInfo(fileName).canonicalFilePath());
 
-    std::unique_ptr<KRTileMbtilesSource> source(new KRTileMbtilesSource);
+    std::unique_ptr<KRTileMbtilesSource> source(new KRTileMbtilesSource(QFileInfo(fileName).canonicalFilePath()));
     if (problem.isEmpty())
-        problem = source->connectTo(addressOf(fileName, header));
+        problem = source->problemBeside();
+    if (problem.isEmpty())
+        problem = source->connectTo(addressOf(source->m_path, header));
     if (problem.isEmpty())
         return source;
     KRErrorHistory::report(history, fileName, problem);
     return nullptr;
 }
 
-QString KRTileMbtilesSource::problemBeside(const QString &path)
+QString KRTileMbtilesSource::problemBeside() const
 {
     for (const char *suffix : {"-journal", "-wal", "-shm"}) {
-        const QFileInfo file(path + QLatin1String(suffix));
+        const QFileInfo file(m_path + QLatin1String(suffix));
         if (file.exists() && !file.isFile()) // SQLite would wait for a pipe
             return tr("„%1“ daneben ist keine gewöhnliche Datei.").arg(file.fileName());
     }
@@ -205,6 +204,8 @@ bool KRTileMbtilesSource::hasNumber(const QString &key) const
 
 std::optional<int> KRTileMbtilesSource::firstNumber(QSqlQuery *query)
 {
+    if (!problemBeside().isEmpty())
+        return std::nullopt;
     m_guard.startQuery();
     query->exec();
     const std::optional<int> number = query->next() ? std::optional<int>(query->value(0).toInt()) : std::nullopt;
@@ -233,12 +234,17 @@ void KRTileMbtilesSource::request(const KRTileKey &key)
 
 KRTileAnswer KRTileMbtilesSource::read(const KRTileKey &key)
 {
+    KRTileAnswer answer;
+    answer.reason = problemBeside();
+    if (!answer.reason.isEmpty()) {
+        answer.kind = KRTileAnswer::Failed;
+        return answer;
+    }
     m_tileQuery.bindValue(0, key.zoom);
     m_tileQuery.bindValue(1, key.x);
     m_tileQuery.bindValue(2, key.rowFromSouth());
     m_guard.startQuery();
     const bool hasRow = m_tileQuery.exec() && m_tileQuery.next();
-    KRTileAnswer answer;
     if (m_guard.hasInterrupted() || m_tileQuery.lastError().isValid()) {
         answer.kind = KRTileAnswer::Failed;
         answer.reason = reasonOf(m_tileQuery.lastError());

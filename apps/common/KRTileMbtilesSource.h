@@ -28,12 +28,12 @@ public:
     void request(const KRTileKey &key) override;
 
 private:
-    KRTileMbtilesSource();
+    explicit KRTileMbtilesSource(const QString &path);
 
     /// Why it cannot be used, empty when it can. @p address is the file as a URI for SQLite.
     QString connectTo(const QString &address);
-    /// Why SQLite must not touch the files that belong to it, empty when it may.
-    static QString problemBeside(const QString &path);
+    /// Why SQLite must not touch the files that belong to it, empty when it may. It looks for them before each query.
+    QString problemBeside() const;
     QString prepareQueries(int freeMs);
     QString reasonOf(const QSqlError &error) const;
     void readMetadata();
@@ -42,6 +42,7 @@ private:
     std::optional<int> firstNumber(QSqlQuery *query);
     KRTileAnswer read(const KRTileKey &key);
 
+    const QString m_path; ///< as SQLite knows it
     KRSqliteGuard m_guard;
     QSqlDatabase m_database;
     QSqlQuery m_tileQuery; ///< prepared, as the others

@@ -315,6 +315,23 @@ private slots:
         QVERIFY2(answer.reason.contains(QStringLiteral("verändert")), qPrintable(answer.reason));
     }
 
+    void pipesBesideAnOpenFile()
+    {
+        const QString file = path(QStringLiteral("a.mbtiles"));
+        KRTestTiles::writeMbtiles(file, KRTestTiles::pyramid(1, 1));
+        const std::unique_ptr<KRTileSource> source = KRTileSource::open(file, nullptr);
+        for (const char *suffix : {"-journal", "-wal"}) {
+            const QString pipe = file + QLatin1String(suffix);
+            QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+            const KRTileAnswer answer = ask(source.get(), {1, 0, 0});
+            QCOMPARE(answer.kind, KRTileAnswer::Failed);
+            QVERIFY2(answer.reason.contains(QFileInfo(pipe).fileName()), qPrintable(answer.reason));
+            QCOMPARE(source->zoomRange().maximum(), 0);
+            QVERIFY(QFile::remove(pipe));
+            QCOMPARE(ask(source.get(), {1, 0, 0}).kind, KRTileAnswer::Found);
+        }
+    }
+
     void severalThreadsReadOneFile()
     {
         const QString file = path(QStringLiteral("a.mbtiles"));
