@@ -2,12 +2,17 @@
 
 #include "KRRouteWorkspace.h"
 
+#include <KRLostTrackTexts.h>
 #include <KRRouteDocument.h>
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
 
+#include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QThread>
 
 #include <numeric>
@@ -22,6 +27,24 @@ int countPoints(const KRGPXTrackSelection &selection)
     });
 }
 
+/// Of all that has been written into the folder for other states of the document. Hours of work would fill the disk.
+void removeFormerFiles(const KRGPXTrackSelection &selection, QDir folder)
+{
+    QSet<QString> present;
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        const KRGPXTrackFileRegistryKey key(track.track(), folder);
+        present.insert(KRGPXTrackFileRegistry::instance().fileName(key));
+        // Of files that could not be read there is nothing but themselves.
+        present.insert(QFileInfo(KRLostTrackTexts::instance()->fileOf(track.track(), folder)).fileName());
+    }
+    const QStringList names = folder.entryList(QDir::Files);
+    for (const QString &name : names) {
+        if (!present.contains(name))
+            folder.remove(name);
+    }
+}
+
 QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileName, bool inOneFile)
 {
     KRRouteDocument document;
@@ -29,8 +52,11 @@ QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileN
     KRErrorHistory history;
     const QFileInfo file(fileName);
     // In one file a track takes more of what may be read again.
-    if ((inOneFile && document.saveInOneFile(file, nullptr)) || document.save(file, &history))
+    const bool isInOneFile = inOneFile && document.saveInOneFile(file, nullptr);
+    if (isInOneFile || document.save(file, &history)) {
+        removeFormerFiles(isInOneFile ? KRGPXTrackSelection() : selection, KRRouteDocument::trackFolder(file));
         return QString();
+    }
     return history.isEmpty() ? fileName : history.entries().first().toString();
 }
 
@@ -82,7 +108,7 @@ void KRAutosave::startWriting()
         scheduleWriting();
         return;
     }
-    if (!m_folder || !m_folder->setDocumentFile(m_workspace->fileName())) {
+    if (!m_folder || !m_folder->setDocument(m_workspace->fileName(), m_workspace->fileTime())) {
         emit failed(tr("Der Ordner für ungesicherte Änderungen kann nicht beschrieben werden."));
         return;
     }

@@ -76,18 +76,23 @@ QDateTime KRRecoveryFolder::lastChange() const
 
 QString KRRecoveryFolder::documentFile() const
 {
-    constexpr qint64 longestPath = 65536;
-    if (!QFileInfo::exists(documentFileRecord()))
-        return QString();
-    return QString::fromUtf8(KRFileHandler::readAll(QFileInfo(documentFileRecord()), nullptr, longestPath));
+    const QString text = record();
+    const QFileInfo file(text.mid(text.indexOf(QLatin1Char('\n')) + 1));
+    return file.isAbsolute() && KRRouteDocument::isDocument(file) ? file.filePath() : QString();
 }
 
-bool KRRecoveryFolder::setDocumentFile(const QString &fileName)
+QDateTime KRRecoveryFolder::documentTime() const
 {
-    if (documentFile() == fileName)
+    return QDateTime::fromString(record().section(QLatin1Char('\n'), 0, 0), Qt::ISODateWithMs);
+}
+
+bool KRRecoveryFolder::setDocument(const QString &fileName, const QDateTime &fileTime)
+{
+    const QString text = fileTime.toUTC().toString(Qt::ISODateWithMs) + QLatin1Char('\n') + fileName;
+    if (record() == text)
         return true;
     removeWork();
-    return KRFileHandler::writeAll(QFileInfo(documentFileRecord()), fileName.toUtf8(), nullptr);
+    return KRFileHandler::writeAll(QFileInfo(recordFile()), text.toUtf8(), nullptr);
 }
 
 void KRRecoveryFolder::removeWork()
@@ -103,7 +108,16 @@ void KRRecoveryFolder::discard()
     m_lock.unlock();
 }
 
-QString KRRecoveryFolder::documentFileRecord() const
+QString KRRecoveryFolder::recordFile() const
 {
     return m_dir.filePath(QStringLiteral("document"));
+}
+
+/// A line with the time, and the name behind it, which may have line breaks of its own.
+QString KRRecoveryFolder::record() const
+{
+    constexpr qint64 longestRecord = 65536;
+    if (!QFileInfo::exists(recordFile()))
+        return QString();
+    return QString::fromUtf8(KRFileHandler::readAll(QFileInfo(recordFile()), nullptr, longestRecord));
 }

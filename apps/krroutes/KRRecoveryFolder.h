@@ -31,11 +31,14 @@ public:
     bool holdsWork() const;
     QDateTime lastChange() const;
 
-    /// The document of which this is the unsaved state; empty when it has never been saved.
+    /// The document of which this is the unsaved state; empty when it has never been saved, and when what is said
+    /// here is no route document: nothing else is to be written over.
     QString documentFile() const;
-    /// Work that was kept for another document is removed: it must not pass for the state of this one. False when
-    /// that cannot be written.
-    bool setDocumentFile(const QString &fileName);
+    /// Of the last change of that file as far as the program knew it; not valid without one.
+    QDateTime documentTime() const;
+    /// Work that was kept for another state is removed: it must not pass for changes of this one. False when that
+    /// cannot be written.
+    bool setDocument(const QString &fileName, const QDateTime &fileTime);
 
     /// Track files that have been written once are kept for the next time.
     void removeWork();
@@ -46,7 +49,8 @@ private:
     Q_DISABLE_COPY(KRRecoveryFolder)
     KRRecoveryFolder(const QDir &place, const QString &name);
 
-    QString documentFileRecord() const;
+    QString recordFile() const;
+    QString record() const;
 
     QDir m_dir;
     QLockFile m_lock;

@@ -118,7 +118,7 @@ bool KRRouteLoader::recover(const KRRecoveryFolder &folder, const std::function<
     case Read:
         if (m_workspace->selection() != former && !mayReplace())
             return false;
-        m_workspace->recover(document, folder.documentFile(), folder.lastChange());
+        m_workspace->recover(document, folder.documentFile(), folder.documentTime());
         return true;
     case Unreadable:
         QMessageBox::critical(

@@ -112,13 +112,11 @@ void KRRouteWorkspace::open(const KRRouteDocument &document, const QString &file
     replaceDocument(document.selection(), fileName, fileTime);
 }
 
-void KRRouteWorkspace::recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &time)
+void KRRouteWorkspace::recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &fileTime)
 {
     if (!fileName.isEmpty())
         registerUnreadableFiles(document.selection(), KRRouteDocument::trackFolder(QFileInfo(fileName)));
-    // A document written after the crash holds what this one does not.
-    const QDateTime fileTime = QFileInfo(fileName).lastModified();
-    replaceDocument(document.selection(), fileName, time < fileTime ? QDateTime() : fileTime);
+    replaceDocument(document.selection(), fileName, fileTime);
     m_undoStack.resetClean();
 }
 

@@ -32,6 +32,8 @@ public:
 
     /// Of the document; empty before it is saved for the first time.
     QString fileName() const { return m_fileName; }
+    /// Of the last change of that file when it was read or written; not valid without one.
+    QDateTime fileTime() const { return m_fileTime; }
     /// Whether there is anything that the file of the document does not hold.
     bool isModified() const { return !m_undoStack.isClean(); }
 
@@ -54,8 +56,9 @@ public:
     /// A document that has been read from the file. @p fileTime is that of its last change, taken before: what replaces
     /// the file while it is read is another one.
     void open(const KRRouteDocument &document, const QString &fileName, const QDateTime &fileTime);
-    /// A document that was kept at @p time as the unsaved state of the file, which is not read.
-    void recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &time);
+    /// A document that was kept as the unsaved state of the file, which is not read. @p fileTime is that of the file
+    /// of which it is the state; who has changed it since is asked about before it is written over.
+    void recover(const KRRouteDocument &document, const QString &fileName, const QDateTime &fileTime);
 
     /// What is to be saved.
     KRRouteDocument document();
@@ -86,6 +89,6 @@ private:
     QUndoStack m_undoStack;
     KRGPXTrackSelection m_selection;
     QString m_fileName;
-    QDateTime m_fileTime; ///< of the document when it was read or written; not valid without one
+    QDateTime m_fileTime;
     bool m_isUpdatingModel = false;
 };

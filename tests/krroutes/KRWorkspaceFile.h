@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KRRecoveryFolder.h"
 #include "KRRouteWorkspace.h"
 
 #include <KRRouteDocument.h>
@@ -27,13 +28,12 @@ inline bool open(KRRouteWorkspace *workspace, const QString &fileName)
     return isRead;
 }
 
-/// As the unsaved state of @p fileName.
-inline bool recover(KRRouteWorkspace *workspace, const QString &recoveryFile, const QString &fileName)
+inline bool recover(KRRouteWorkspace *workspace, const KRRecoveryFolder &folder)
 {
     KRRouteDocument document;
-    const bool isRead = document.load(QFileInfo(recoveryFile), nullptr);
+    const bool isRead = document.load(QFileInfo(folder.recoveryFile()), nullptr);
     if (isRead)
-        workspace->recover(document, fileName, QFileInfo(recoveryFile).lastModified());
+        workspace->recover(document, folder.documentFile(), folder.documentTime());
     return isRead;
 }
 

@@ -83,8 +83,7 @@ private slots:
             QCOMPARE(folders.front()->documentFile(), document);
 
             KRRouteWorkspace recovered;
-            QVERIFY(
-                KRWorkspaceFile::recover(&recovered, folders.front()->recoveryFile(), folders.front()->documentFile()));
+            QVERIFY(KRWorkspaceFile::recover(&recovered, *folders.front()));
             QVERIFY(recovered.selection() == work.workspace.selection());
             QCOMPARE(recovered.selection().allTimeStamps(), work.workspace.selection().allTimeStamps());
             QVERIFY(recovered.isModified());
@@ -150,18 +149,51 @@ private slots:
         copyAsAfterCrash(place(), afterCrash());
         const auto folders = KRRecoveryFolder::leftBehind(afterCrash());
         KRRouteWorkspace recovered;
-        QVERIFY(KRWorkspaceFile::recover(&recovered, folders.front()->recoveryFile(), document));
+        QVERIFY(KRWorkspaceFile::recover(&recovered, *folders.front()));
         QVERIFY(!recovered.isChangedOutside());
         QVERIFY(KRWorkspaceFile::save(&recovered, document));
-        // Put off until the document has been worked on once more: what was saved then is not replaced unasked.
-        QFile saved(document);
-        QVERIFY(saved.open(QIODevice::ReadWrite));
-        QVERIFY(saved.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
-        saved.close();
-        QVERIFY(KRWorkspaceFile::recover(&recovered, folders.front()->recoveryFile(), document));
-        QVERIFY(recovered.isChangedOutside());
         QCOMPARE(trackFolder.entryList(QDir::Files).size(), 1);
         QCOMPARE(KRTestFile::content(damaged), QByteArray("<includedTrack><trk>"));
+    }
+
+    void whatOthersSavedIsNotReplacedUnasked()
+    {
+        const QString document = path("Reise.krroute");
+        Work work(place());
+        work.add("Tour");
+        QVERIFY(KRWorkspaceFile::save(&work.workspace, document));
+        QFile saved(document);
+        QVERIFY(saved.open(QIODevice::ReadWrite));
+        QVERIFY(saved.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFileDevice::FileModificationTime));
+        saved.close();
+        // Somebody else saved before this state was kept, so that its own time tells nothing.
+        work.add("Neu");
+        QVERIFY(work.wait());
+        copyAsAfterCrash(place(), afterCrash());
+
+        const auto folders = KRRecoveryFolder::leftBehind(afterCrash());
+        KRRouteWorkspace recovered;
+        QVERIFY(KRWorkspaceFile::recover(&recovered, *folders.front()));
+        QCOMPARE(recovered.fileName(), document);
+        QVERIFY(recovered.isChangedOutside());
+
+        for (const char *name : {"victim.txt", "Reise.krroute/../victim.txt", "/dev/full", ""}) {
+            QVERIFY(folders.front()->setDocument(path(name), QDateTime()));
+            QCOMPARE(folders.front()->documentFile(), QString());
+        }
+    }
+
+    void formerTrackFilesAreRemoved()
+    {
+        Work work(place());
+        work.autosave.setMostPointsInOneFile(0);
+        work.add("Tour");
+        QVERIFY(work.wait());
+        for (const char *name : {"a", "b", "c"}) {
+            work.workspace.replaceTracks(0, 1, oneTrack(QLatin1String(name)), QString());
+            QVERIFY(work.wait());
+        }
+        QCOMPARE(filesBelow(place()).filter(QStringLiteral("unsaved.tracks/")).size(), 1);
     }
 
 private:

@@ -591,7 +591,7 @@ private slots:
         {
             // A folder of which nobody holds the lock any more.
             const std::unique_ptr<KRRecoveryFolder> folder = KRRecoveryFolder::create(QDir(path("recovery")));
-            QVERIFY(folder->setDocumentFile(path("Reise.krroute")));
+            QVERIFY(folder->setDocument(path("Reise.krroute"), QDateTime()));
             KRRouteWorkspace crashed;
             crashed.setCroppingOpacity(7);
             QVERIFY(crashed.document().save(QFileInfo(folder->recoveryFile()), nullptr));

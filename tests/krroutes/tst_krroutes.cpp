@@ -63,7 +63,7 @@ private slots:
         const auto folders = KRRecoveryFolder::leftBehind(place);
         QCOMPARE(folders.size(), std::size_t(1));
         KRRouteWorkspace workspace;
-        QVERIFY(KRWorkspaceFile::recover(&workspace, folders.front()->recoveryFile(), QString()));
+        QVERIFY(KRWorkspaceFile::recover(&workspace, *folders.front()));
         QCOMPARE(workspace.selection().value(0).name(), QStringLiteral("Radtour um Oldenburg"));
         QCOMPARE(workspace.selection().value(0).track().countPoints(), 308);
     }
