@@ -10,13 +10,6 @@
 
 #include <QPainter>
 
-namespace {
-
-// Beyond, more of them would only take memory.
-constexpr int mostElements = 500000;
-
-} // namespace
-
 KRGPXLineBundle::KRGPXLineBundle(const KRGPXTrackRenderer *renderer, QPainter *painter, TrackRenderOption option)
     : m_renderer(renderer), m_painter(painter), m_option(option)
 { }

@@ -16,6 +16,8 @@ class KRGPXLineBundle
 public:
     /// Fewer tracks are worth no bundle.
     static constexpr int fewTracks = 1000;
+    /// Beyond, more lines at once would only take memory.
+    static constexpr int mostElements = 500000;
 
     /// For one drawing on @p painter; both stay with the caller.
     KRGPXLineBundle(const KRGPXTrackRenderer *renderer, QPainter *painter, TrackRenderOption option);

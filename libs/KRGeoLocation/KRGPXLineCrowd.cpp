@@ -11,6 +11,11 @@ constexpr int mostLinesOfSquare = 32;
 
 constexpr std::size_t knownLines = 4096; // a power of two
 
+double squarePxFor(double reach)
+{
+    return std::max(smallestSquarePx, reach / squaresOfReach);
+}
+
 // Farther away nothing is on an image, and quarters of pixels still are whole numbers.
 constexpr double farthestPx = 1e8;
 
@@ -23,10 +28,15 @@ int quarters(double pixels)
 
 KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size, double reach)
     : m_area(QRectF(QPointF(), size).marginsAdded(QMarginsF() + std::clamp(reach, 0.0, farthestPx))),
-      m_squarePx(std::max(smallestSquarePx, (m_area.width() - size.width()) / 2.0 / squaresOfReach)),
+      m_squarePx(squarePxFor((m_area.width() - size.width()) / 2.0)),
       m_columns(std::size_t(m_area.width() / m_squarePx) + 1),
       m_squares(m_columns * (std::size_t(m_area.height() / m_squarePx) + 1)), m_known(knownLines)
 { }
+
+double KRGPXLineCrowd::mostLengthFor(const QSize &size, double reach)
+{
+    return mostLinesOfSquare * (size.width() + 2.0 * reach) * (size.height() + 2.0 * reach) / squarePxFor(reach);
+}
 
 bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
 {

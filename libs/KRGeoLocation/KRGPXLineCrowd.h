@@ -30,6 +30,9 @@ public:
      */
     KRGPXLineCrowd(const QSize &size, double reach);
 
+    /// What all lines that show are long in an image of the size, in pixels and roughly, however many there are.
+    static double mostLengthFor(const QSize &size, double reach);
+
     /// Whether a line between two places, in pixels of the image, shows beside those asked for before.
     bool takes(const QPointF &from, const QPointF &to);
 

@@ -2,7 +2,9 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -28,19 +30,13 @@ bool KRGPXMarkerStamps::draw(QPainter *painter, const KRGPXMarkerShape &shape, c
     if (transform.type() > QTransform::TxTranslate || reach > largestReachPx
         || place.manhattanLength() > farthestPlacePx)
         return false;
-    if (shape != m_shape || radius != m_radius || painter->pen() != m_pen || painter->brush() != m_brush) {
-        m_shape = shape;
-        m_radius = radius;
-        m_pen = painter->pen();
-        m_brush = painter->brush();
-        m_stamps.fill(QImage());
-    }
+    Look *const look = lookFor(painter, shape, radius);
     const QPoint step(int(std::floor(place.x() * steps)), int(std::floor(place.y() * steps)));
     const QPoint phase(step.x() & (steps - 1), step.y() & (steps - 1));
     const int middle = int(std::ceil(reach));
-    QImage &stamp = m_stamps[std::size_t(phase.y()) * steps + std::size_t(phase.x())];
+    QImage &stamp = look->stamps[std::size_t(phase.y()) * steps + std::size_t(phase.x())];
     if (stamp.isNull())
-        stamp = this->stamp(painter, QPointF(middle, middle) + QPointF(phase) / steps);
+        stamp = KRGPXMarkerStamps::stamp(painter, *look, QPointF(middle, middle) + QPointF(phase) / steps);
     painter->save();
     painter->resetTransform();
     painter->drawImage((step - phase) / steps - QPoint(middle, middle), stamp);
@@ -48,16 +44,35 @@ bool KRGPXMarkerStamps::draw(QPainter *painter, const KRGPXMarkerShape &shape, c
     return true;
 }
 
-/// A picture of the marker with its centre at that place.
-QImage KRGPXMarkerStamps::stamp(const QPainter *painter, const QPointF &centre) const
+KRGPXMarkerStamps::Look *KRGPXMarkerStamps::lookFor(const QPainter *painter, const KRGPXMarkerShape &shape,
+                                                    double radius)
 {
-    const int side = 2 * int(std::ceil(reachOf(m_radius, m_pen))) + 1;
+    const auto known = std::find_if(m_looks.begin(), m_looks.end(), [&](const Look &look) {
+        return look.shape == shape && look.radius == radius && look.pen == painter->pen()
+               && look.brush == painter->brush();
+    });
+    if (known != m_looks.end())
+        return &*known;
+    Look look{shape, radius, painter->pen(), painter->brush(), {}};
+    if (m_looks.size() < mostLooks) {
+        m_looks.push_back(std::move(look));
+        return &m_looks.back();
+    }
+    m_oldest = (m_oldest + 1) % mostLooks;
+    m_looks[m_oldest] = std::move(look);
+    return &m_looks[m_oldest];
+}
+
+/// A picture of the marker with its centre at that place.
+QImage KRGPXMarkerStamps::stamp(const QPainter *painter, const Look &look, const QPointF &centre)
+{
+    const int side = 2 * int(std::ceil(reachOf(look.radius, look.pen))) + 1;
     QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter stampPainter(&image);
     stampPainter.setRenderHints(painter->renderHints());
-    stampPainter.setPen(m_pen);
-    stampPainter.setBrush(m_brush);
-    m_shape.draw(&stampPainter, centre, m_radius, m_radius);
+    stampPainter.setPen(look.pen);
+    stampPainter.setBrush(look.brush);
+    look.shape.draw(&stampPainter, centre, look.radius, look.radius);
     return image;
 }

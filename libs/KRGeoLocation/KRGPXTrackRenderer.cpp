@@ -68,6 +68,18 @@ int dateLineCrossing(const KRLongitude &from, const KRLongitude &to)
     return startsInTheEast ? 1 : -1;
 }
 
+/// For a mask, which has no colours: what looks alike is drawn faster.
+KRGPXConfiguredTrackList inOneColor(KRGPXConfiguredTrackList tracks)
+{
+    for (KRGPXConfiguredTrack &track : tracks) {
+        KRGPXTrackConfiguration configuration = track.configuration();
+        configuration.setLineColor(Qt::black);
+        configuration.setFillColor(Qt::black);
+        track.setConfiguration(configuration);
+    }
+    return tracks;
+}
+
 /// Not valid if there is none. The list of a long track takes some 70 bytes for each point.
 KRGeoPosition firstDrawingPoint(const KRGPXConfiguredTrack &track)
 {
@@ -122,34 +134,41 @@ QImage KRGPXTrackRenderer::paintImage(TrackRenderOption option, bool antialiased
     if (image.isNull())
         return image;
     image.fill(Qt::transparent);
-    paintOn(&image, option, antialiased);
+    paintOn(&image, m_selection.tracks(), option, antialiased);
     return image;
 }
 
-void KRGPXTrackRenderer::paintOn(QImage *image, TrackRenderOption option, bool antialiased) const
+void KRGPXTrackRenderer::paintOn(QImage *image, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
+                                 bool antialiased) const
 {
     if (image->isNull())
         return;
     QPainter painter(image);
     if (antialiased)
         painter.setRenderHints(KRQtCompat::antialiasing());
-    renderWith(painter, option);
+    drawTracks(&painter, tracks, option);
 }
 
 void KRGPXTrackRenderer::renderWith(QPainter &painter, TrackRenderOption option) const
 {
-    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
-    const bool isBundled = tracks.size() > KRGPXLineBundle::fewTracks && dynamic_cast<const QImage *>(painter.device());
-    KRGPXLineBundle bundle(this, &painter, option);
+    drawTracks(&painter, m_selection.tracks(), option);
+}
+
+void KRGPXTrackRenderer::drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks,
+                                    TrackRenderOption option) const
+{
+    const bool isBundled =
+        tracks.size() > KRGPXLineBundle::fewTracks && dynamic_cast<const QImage *>(painter->device());
+    KRGPXLineBundle bundle(this, painter, option);
     KRGPXMarkerStamps stamps;
     for (const KRGPXConfiguredTrack &track : tracks) {
         if (isBundled && bundle.take(track))
             continue;
         bundle.draw();
         if (isBundled && track.effectiveShape() == PointTrackShape)
-            drawPoint(&painter, track, option, &stamps);
+            drawPoint(painter, track, option, &stamps);
         else
-            drawTrack(&painter, track, option);
+            drawTrack(painter, track, option);
     }
     bundle.draw();
 }
@@ -172,7 +191,7 @@ QImage KRGPXTrackRenderer::crop(const QImage &map) const
         return map;
     // only its alpha counts, which a conversion out of the premultiplied format would leave as it is
     QImage mask = KRGPXImageMemory::transparentImage(m_targetImageSize);
-    paintOn(&mask, OpaqueRender, true);
+    paintOn(&mask, inOneColor(m_selection.tracks()), OpaqueRender, true);
     const AlphaTable table = KRGPXCroppingAlpha::tableFor(opacity);
     return KRGPXImageStrips::changed(
         map, QImage::Format_ARGB32, QImage::Format_ARGB32_Premultiplied, [&](QImage *strip, int firstRow) {

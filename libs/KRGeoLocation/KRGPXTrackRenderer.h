@@ -146,7 +146,9 @@ protected:
 
 private:
     QImage paintImage(TrackRenderOption option, bool antialiased) const;
-    void paintOn(QImage *image, TrackRenderOption option, bool antialiased) const;
+    void paintOn(QImage *image, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
+                 bool antialiased) const;
+    void drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option) const;
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
     QPainterPath thinnedPath(const std::vector<QPointF> &points) const;
     double reachOf(const QPen &pen) const;
