@@ -254,6 +254,10 @@
         <source>Der Name einer Datei ist leer.</source>
         <translation>The name of a file is empty.</translation>
     </message>
+    <message>
+        <source>Zeichnet auch Routen, für die das Bild sehr lange dauert.</source>
+        <translation>Also draws routes with which the picture takes very long.</translation>
+    </message>
 </context>
 <context>
     <name>KRRenderProgram</name>
@@ -316,6 +320,14 @@
     <message>
         <source>Das Bild ist zu groß für eine ebenso große Karte; --size gibt ihr eine andere Größe.</source>
         <translation>The picture is too large for a map as large; --size gives it another size.</translation>
+    </message>
+    <message>
+        <source>Das Bild der Karte unter den Routen wäre zu groß; es ist gröber als verlangt.</source>
+        <translation>The image of the map below the routes would be too large; it is coarser than asked for.</translation>
+    </message>
+    <message>
+        <source>Nicht gezeichnete Routen: %1. Das Bild würde mit ihnen sehr lange dauern; --patient zeichnet sie.</source>
+        <translation>Routes that are not drawn: %1. The picture would take very long with them; --patient draws them.</translation>
     </message>
 </context>
 <context>

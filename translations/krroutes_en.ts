@@ -271,6 +271,10 @@
 
 %2</translation>
     </message>
+    <message>
+        <source>Das Bild der Karte unter den Routen wäre zu groß; es ist gröber als verlangt.</source>
+        <translation>The image of the map below the routes would be too large; it is coarser than asked for.</translation>
+    </message>
 </context>
 <context>
     <name>KRFigureTexts</name>

@@ -7,10 +7,28 @@
 #include "KRMapTrackRenderer.h"
 #include "KRTrackLabels.h"
 
+#include <KRCore/KRInputLimits.h>
 #include <KRGeoLocation/KRMapProjection.h>
 
 #include <QPainter>
 #include <QVector>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// A ground with its mask, what is made of both, and what a PDF makes of that.
+constexpr double bytesOfGroundPixel = 12.0;
+
+/// How many times as large as the map an image of its ground is, which is to take no more memory than other pictures.
+double reductionOf(const QSize &size)
+{
+    const double bytes = bytesOfGroundPixel * size.width() * size.height();
+    return std::min(1.0, std::sqrt(KRInputLimits::pictureMemoryBytes / bytes));
+}
+
+} // namespace
 
 KRMapComposition::KRMapComposition(const KRGPXTrackSelection &selection, const KRGeoPositionRect &area,
                                    const QSize &size, double factor)
@@ -22,7 +40,8 @@ QImage KRMapComposition::render() const
     const KRMapProjection projection(m_area, m_size);
     const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
 
-    QImage map = renderer.crop(groundImage(projection)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage map =
+        renderer.crop(groundImage(projection, m_size, m_factor)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (map.isNull())
         return map;
     QPainter painter(&map);
@@ -58,17 +77,27 @@ bool KRMapComposition::isCropped() const
     return m_selection.effectiveCroppingOpacity() < 255;
 }
 
-QImage KRMapComposition::groundImage(const KRMapProjection &projection) const
+bool KRMapComposition::isGroundImage() const
 {
-    QImage ground(m_size, QImage::Format_ARGB32_Premultiplied);
+    return m_ground && (!m_ground->isVector() || isCropped());
+}
+
+bool KRMapComposition::isGroundReduced() const
+{
+    return isGroundImage() && reductionOf(m_size) < 1.0;
+}
+
+QImage KRMapComposition::groundImage(const KRMapProjection &projection, const QSize &size, double factor) const
+{
+    QImage ground(size, QImage::Format_ARGB32_Premultiplied);
     ground.fill(Qt::transparent);
     if (m_ground && !ground.isNull()) {
         QPainter painter(&ground);
         // Names of what is cropped fade with it.
         if (isCropped())
-            m_ground->paint(&painter, m_size, projection, m_factor);
+            m_ground->paint(&painter, size, projection, factor);
         else
-            m_ground->paintBelow(&painter, m_size, projection, m_factor);
+            m_ground->paintBelow(&painter, size, projection, factor);
     }
     return ground;
 }
@@ -77,13 +106,17 @@ bool KRMapComposition::paintGround(QPainter *painter, const KRMapProjection &pro
 {
     if (!m_ground)
         return true;
-    if (m_ground->isVector() && !isCropped()) {
+    if (!isGroundImage()) {
         m_ground->paintBelow(painter, m_size, projection, m_factor);
         return true;
     }
-    const KRMapTrackRenderer renderer(m_selection, projection, m_size, m_factor);
-    const QImage ground = renderer.crop(groundImage(projection));
-    painter->drawImage(0, 0, ground);
+    const double reduction = reductionOf(m_size);
+    const QSize size = (QSizeF(m_size) * reduction).toSize().expandedTo(QSize(1, 1));
+    const double factor = m_factor * reduction;
+    const KRMapProjection groundProjection(m_area, size);
+    const KRMapTrackRenderer renderer(m_selection, groundProjection, size, factor);
+    const QImage ground = renderer.crop(groundImage(groundProjection, size, factor));
+    painter->drawImage(QRect(QPoint(), m_size), ground);
     return !ground.isNull();
 }
 

@@ -49,13 +49,18 @@ public:
      * Paints the same onto any device, into the rectangle of the size at (0, 0) in the painter's own coordinates.
      *
      * Whatever is made of lines, areas and text stays so; a ground that is not, or is cropped, is painted as one
-     * image of the size. False where the memory does not suffice for that.
+     * image, of the size unless isGroundReduced(). False where the memory does not suffice for that.
      */
     bool paint(QPainter *painter) const;
 
+    /// Whether the image that paint() makes of the ground would take too much memory in full size, and is a smaller
+    /// one.
+    bool isGroundReduced() const;
+
 private:
     bool isCropped() const;
-    QImage groundImage(const KRMapProjection &projection) const;
+    bool isGroundImage() const;
+    QImage groundImage(const KRMapProjection &projection, const QSize &size, double factor) const;
     bool paintGround(QPainter *painter, const KRMapProjection &projection) const;
     void paintNames(QPainter *painter, const KRMapProjection &projection) const;
     void paintFurniture(QPainter *painter, const KRMapProjection &projection) const;

@@ -26,6 +26,9 @@ public:
 
     static QList<QByteArray> formats() { return {"png", "jpeg", "webp", "svg", "pdf"}; }
 
+    /// Whether it keeps lines, areas and text as such.
+    static bool isVector(const QByteArray &format) { return format == "svg" || format == "pdf"; }
+
     /// The format of formats() that the suffix stands for, empty for any other.
     static QByteArray formatOf(const QString &fileName);
 

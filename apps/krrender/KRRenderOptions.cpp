@@ -54,6 +54,7 @@ constexpr OptionText optionTexts[] = {
      QT_TRANSLATE_NOOP("KRRenderOptions", "Macht jedes Segment zu einer eigenen Route, ohne Linie über die Pausen.")},
     {"strict", "",
      QT_TRANSLATE_NOOP("KRRenderOptions", "Endet mit 1, wenn etwas in einer Datei nicht gezeichnet werden kann.")},
+    {"patient", "", QT_TRANSLATE_NOOP("KRRenderOptions", "Zeichnet auch Routen, für die das Bild sehr lange dauert.")},
     {"line-color", "COLOR", QT_TRANSLATE_NOOP("KRRenderOptions", "Linienfarbe: #RRGGBB, #AARRGGBB oder ein Name.")},
     {"line-width", "PIXELS", QT_TRANSLATE_NOOP("KRRenderOptions", "Linienbreite in Pixeln.")},
     {"fill-color", "COLOR", QT_TRANSLATE_NOOP("KRRenderOptions", "Füllfarbe von Flächen und Markern.")},
@@ -167,6 +168,7 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
     m_isPlain = parser.isSet(QStringLiteral("plain"));
     m_splitsSegments = parser.isSet(QStringLiteral("split-segments"));
     m_isStrict = parser.isSet(QStringLiteral("strict"));
+    m_isPatient = parser.isSet(QStringLiteral("patient"));
     m_isQuiet = parser.isSet(QStringLiteral("quiet"));
     m_isVerbose = parser.isSet(QStringLiteral("verbose"));
     readTask(parser);

@@ -59,6 +59,8 @@ public:
     bool splitsSegments() const { return m_splitsSegments; }
     /// Whether it is a failure when something in a file cannot be drawn.
     bool isStrict() const { return m_isStrict; }
+    /// Whether what takes very long is drawn all the same.
+    bool isPatient() const { return m_isPatient; }
     QList<Beeline> beelines() const { return m_beelines; }
     /// Path of the route document to write, empty for none.
     QString document() const { return m_document; }
@@ -112,6 +114,7 @@ private:
     bool m_isPlain = false;
     bool m_splitsSegments = false;
     bool m_isStrict = false;
+    bool m_isPatient = false;
     QList<Beeline> m_beelines;
     QString m_document;
     QString m_output;

@@ -4,6 +4,8 @@
 #include "KRExchangeFile.h"
 #include "KRMapArea.h"
 #include "KRMapComposition.h"
+#include "KRMapEffort.h"
+#include "KRMapTrackRenderer.h"
 #include "KRPatientEnd.h"
 #include "KRPatientGround.h"
 #include "KRPictureFile.h"
@@ -261,7 +263,8 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     QObject::connect(&patientGround, &KRPatientGround::waiting, &patientGround, [this](int count) {
         m_console.showProgress(tr("Die Karte wird gezeichnet; fehlende Kacheln: %1").arg(count));
     });
-    KRMapComposition composition(tracks, area, size, m_options.scale());
+    const KRGPXTrackSelection drawable = affordable(tracks, area, size);
+    KRMapComposition composition(drawable, area, size, m_options.scale());
     composition.setGround(ground == nullptr ? nullptr : &patientGround);
     composition.setRenderOption(m_options.renderOption());
     composition.setScaleBar(m_options.hasScaleBar());
@@ -271,9 +274,34 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     const QByteArray bytes = KRPictureFile::encode(composition, m_options.format(), title(tracks));
     if (m_options.isVerbose())
         m_console.say(tr("in %1 ms gezeichnet").arg(timer.elapsed()));
-    const bool isWhole = undrawn == 0 && patientGround.gaps().count == 0;
+    const bool isCoarse = KRPictureFile::isVector(m_options.format()) && composition.isGroundReduced();
+    if (isCoarse)
+        m_console.complain(tr("Das Bild der Karte unter den Routen wäre zu groß; es ist gröber als verlangt."));
+    const bool isWhole =
+        undrawn == 0 && drawable.count() == tracks.count() && !isCoarse && patientGround.gaps().count == 0;
     reportGaps(patientGround.gaps());
     return std::max<int>(write(bytes), isWhole ? AllDone : SomethingLeftOut);
+}
+
+KRGPXTrackSelection KRRenderProgram::affordable(const KRGPXTrackSelection &tracks, const KRGeoPositionRect &area,
+                                                const QSize &size)
+{
+    const bool isVector = KRPictureFile::isVector(m_options.format());
+    const bool isCropped = tracks.effectiveCroppingOpacity() < 255;
+    if (m_options.isPatient() || (isVector && !isCropped))
+        return tracks;
+    const KRMapTrackRenderer renderer(tracks, KRMapProjection(area, size), size, m_options.scale());
+    KRMapEffort effort(&renderer);
+    effort.setCropped(isCropped);
+    effort.setRenderOption(m_options.renderOption());
+    if (isVector)
+        effort.setForMaskOnly();
+    const KRGPXTrackSelection drawable = effort.affordable(tracks, KRMapEffort::mostFor(tracks, size));
+    if (drawable.count() < tracks.count())
+        m_console.complain(tr("Nicht gezeichnete Routen: %1. Das Bild würde mit ihnen sehr lange dauern; --patient "
+                              "zeichnet sie.")
+                               .arg(tracks.count() - drawable.count()));
+    return drawable;
 }
 
 std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture, const KRGeoPositionRect &area)

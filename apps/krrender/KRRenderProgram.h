@@ -52,6 +52,8 @@ private:
     /// Null bytes are complained of with @p refusal, or with a sentence of its own where that is empty.
     int write(const QByteArray &bytes, const QString &refusal = QString());
     KRGPXTrackSelection selection() const;
+    /// Those that are drawn in bounded time.
+    KRGPXTrackSelection affordable(const KRGPXTrackSelection &tracks, const KRGeoPositionRect &area, const QSize &size);
     int countOfUndrawn(const KRGPXTrackSelection &selection);
 
     KRRenderOptions m_options;

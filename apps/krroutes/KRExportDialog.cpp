@@ -348,6 +348,9 @@ bool KRExportDialog::createPicture(QByteArray *bytes)
         [&, format = format()] { *bytes = KRPictureFile::encode(map, format, title); }, [&] { ground.stop(); });
     if (isDone)
         KRGapsWarning::show(this, windowTitle(), ground.gaps());
+    if (isDone && KRPictureFile::isVector(format()) && map.isGroundReduced())
+        QMessageBox::warning(this, windowTitle(),
+                             tr("Das Bild der Karte unter den Routen wäre zu groß; es ist gröber als verlangt."));
     return isDone;
 }
 

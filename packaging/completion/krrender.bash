@@ -25,7 +25,7 @@ _krrender()
     esac
     if [[ -z $words && $current == -* ]]; then
         words='-o --output --format --save --size --scale --area --beeline --plain --split-segments --strict
-            --line-color --line-width --fill-color --palette --halo --marker --shape --display --pen-style --smoothing
+            --patient --line-color --line-width --fill-color --palette --halo --marker --shape --display --pen-style --smoothing
             --render --crop --map --tiles --tiles-credit --no-map --legend --labels --no-scale-bar --no-attribution
             --list --json --places --quiet --verbose -h --help -v --version'
     fi

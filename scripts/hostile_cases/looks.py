@@ -1,7 +1,8 @@
 """Looks, sizes and areas that make drawing long."""
 
-from .registry import add
-from .snippets import TWO_POINTS, ZIGZAG, write_track
+from .registry import add, add_file
+from .snippets import TRACK, TWO_POINTS, ZIGZAG, write_track
+from .writing import numbered, scattered
 
 CLOSE = 'N53.500001 E8.5 .. N53.5 E8.500001'
 
@@ -21,3 +22,37 @@ look('smoothing', '--smoothing', '0,1000000000', points=(TWO_POINTS, 100000))
 look('wide line on a narrow strip', '--size', '16384x4', '--line-width', '1000')
 look('many worlds', '--size', '16384x4', '--area', 'N80 W180 .. S80 E180', '--line-width', '1000')
 look('many worlds of many lines', '--size', '16384x4', '--area', 'N80 W180 .. S80 E180', points=(ZIGZAG, 10000))
+
+# --- Very many upon each other, wide, half transparent, or each of its own look
+def marks(title, style, geometry, count, *options):
+    placemark = f'<Placemark><Style>{style}</Style>{geometry}</Placemark>'
+    add_file(f'marks {title}.kml', ['<kml><Document>', numbered(placemark, count, 100000), '</Document></kml>'],
+             '--size', '1600x1200', *options)
+
+
+def across(name, shape):
+    """A zigzag of 50 lines over the whole picture."""
+    corners = ' '.join(f'{5 + i * 7 % 50 / 6:.2f},{50 + i * 17 % 50 / 10:.2f}' for i in range(50))
+    return f'<{name}>{shape.format(f"<coordinates>{corners} 5,50</coordinates>")}</{name}>'
+
+
+RING = '<outerBoundaryIs><LinearRing>{}</LinearRing></outerBoundaryIs>'
+WIDE = '<LineStyle><color>80%d</color><width>200</width></LineStyle><PolyStyle><color>80%d</color></PolyStyle>'
+THIN = WIDE.replace('200', '3')
+WHOLE = '<coordinates>5,50 13,50 13,55 5,55 5,50</coordinates>'
+marks('areas', THIN, f'<Polygon>{RING.format(WHOLE)}</Polygon>', 49999)
+marks('areas of many corners', THIN, across('Polygon', RING), 20000)
+marks('areas with wide edges', WIDE, across('Polygon', RING), 20000)
+marks('wide lines', WIDE, across('LineString', '{}'), 20000)
+marks('wide lines on a cropped map', WIDE, across('LineString', '{}'), 20000, '--crop', '90')
+marks('wide lines as SVG', WIDE, across('LineString', '{}'), 5000, '--crop', '90', '--format', 'svg')
+marks('wide points', WIDE, '<Point><coordinates>8,53</coordinates></Point>', 49999)
+
+TRACKS = [(TRACK, 3), scattered('<wpt lat="53.%a" lon="8.%b"/>', 99000), scattered(
+    '<trk><trkseg><trkpt lat="53.%a" lon="8.5"/><trkpt lat="53.5" lon="8.%b"/></trkseg></trk>', 99000)]
+for options in ((), ('--palette',), ('--line-color', '#80ff0000'), ('--line-width', '200', '--palette'),
+                ('--pen-style', 'dash', '--halo', '6', '--crop', '100', '--labels', '--legend')):
+    add_file(f'tracks and waypoints {" ".join(options)}'.strip() + '.gpx', ['<gpx>', TRACKS, '</gpx>'], *options,
+             load={'figures': 198000})
+for kind in ('svg', 'pdf'):
+    look(f'largest cropped {kind}', '--size', '32767x32767', '--crop', '90', '--format', kind)

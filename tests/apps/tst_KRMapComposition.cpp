@@ -109,6 +109,24 @@ private slots:
         QVERIFY(meanDifference(cut, map.render()) < 1.5);
     }
 
+    void largeGroundsAreReduced()
+    {
+        const KRTestTable<QSize, int, bool, bool> table{
+            {"small", {6000, 6000}, 60, true, false},
+            {"cropped", {20000, 2000}, 60, true, true},
+            {"lines and areas", {32767, 32767}, 255, true, false},
+            {"no map", {32767, 32767}, 60, false, false},
+        };
+        table.forEach([](const QSize &size, int croppingOpacity, bool hasGround, bool isReduced) {
+            KRGPXTrackSelection selection = tracks();
+            selection.setCroppingOpacity(croppingOpacity);
+            KRMapComposition map(selection, fijiArea, size, 1.0);
+            KRBaseMapGround ground;
+            map.setGround(hasGround ? &ground : nullptr);
+            QCOMPARE(map.isGroundReduced(), isReduced);
+        });
+    }
+
 private:
     static void compareWithPicture(const QByteArray &format, bool canBeDrawn)
     {

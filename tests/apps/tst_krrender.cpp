@@ -17,6 +17,7 @@ private slots:
     void looks();
     void furnitureStandsOnEveryMap();
     void pictureAsMap();
+    void largeGroundOfDocuments();
     void tilesAsMap();
     void missingTilesAreTold();
     void worksWithoutFurtherThreads();
@@ -139,6 +140,14 @@ void tst_krrender::pictureAsMap()
     QVERIFY(huge.save(path("huge.png")));
     QVERIFY(run("krrender --map huge.png $tour").complainsOf("--size"));
     QCOMPARE(draw("--map huge.png --size 80x60 $tour").size(), QSize(80, 60));
+}
+
+void tst_krrender::largeGroundOfDocuments()
+{
+    const Outcome outcome = run("krrender --size 20000x2000 --crop 60 --format svg -o - $tour");
+    QCOMPARE(outcome.exitCode, 1);
+    QCOMPARE(outcome.err.count(QLatin1String("krrender: ")), 1);
+    QVERIFY(outcome.out.contains("<image x=\"0\" y=\"0\" width=\"20000\" height=\"2000\" "));
 }
 
 void tst_krrender::tilesAsMap()

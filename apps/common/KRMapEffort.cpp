@@ -1,0 +1,251 @@
+#include "KRMapEffort.h"
+
+#include <KRGeoLocation/KRGPXLineBundle.h>
+#include <KRGeoLocation/KRGPXLineCrowd.h>
+#include <KRGeoLocation/KRGPXMarkerStamps.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
+
+#include <QPainterPath>
+#include <QVector>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace {
+
+constexpr double mostNs = 0.6e9;
+constexpr double mostNsOfPixel = 16.0;
+constexpr double mostNsOfPoint = 200.0;
+
+// What a pixel takes: that an outline passes, the first time and in all, and that it encloses in an opaque
+// colour and in any.
+constexpr double touchedPixelNs = 30.0;
+constexpr double outlinePixelNs = 6.0;
+constexpr double innerPixelNs = 0.2;
+constexpr double mixedPixelNs = 1.0;
+constexpr double dashNs = 900.0;
+constexpr double arrowNs = 40000.0;
+// Markers are drawn in a way that takes longer, for each pixel around them, up to some size.
+constexpr double markerSideNs = 12000.0;
+constexpr double largestMarkerSide = 200.0;
+// Of larger ones KRGPXMarkerStamps makes no copies.
+constexpr double largestCopiedSide = 190.0;
+
+// A longer path of dashes is drawn solid.
+constexpr double mostDashes = 200000.0;
+// KRHaloPainter paints a halo as two bands.
+constexpr int bandsOfHalo = 2;
+constexpr double extraWidthOfBand = 2.0;
+
+double pixelsOf(const QSizeF &size)
+{
+    return size.width() * size.height();
+}
+
+/// The places that are a world apart from one another where something from @p first to @p last is in 0 ... @p width.
+double copiesInView(double first, double last, double width, double worldWidth)
+{
+    if (!(worldWidth >= 1.0))
+        return last >= 0.0 && first <= width ? 1.0 : 0.0;
+    return std::max(0.0, std::floor((width - first) / worldWidth) - std::ceil(-last / worldWidth) + 1.0);
+}
+
+double effortOfOutline(double outline, double area)
+{
+    return outlinePixelNs * outline + touchedPixelNs * std::min(outline, area);
+}
+
+} // namespace
+
+double KRMapEffort::mostFor(const KRGPXTrackSelection &selection, const QSize &size)
+{
+    double points = 0.0;
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (const KRGPXConfiguredTrack &track : tracks)
+        track.visitPositions([&](const KRGeoPositionSpan &positions) { points += positions.count; });
+    return mostNs + mostNsOfPixel * pixelsOf(size) + mostNsOfPoint * points;
+}
+
+KRGPXTrackSelection KRMapEffort::affordable(const KRGPXTrackSelection &selection, double most) const
+{
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    const bool areMany = tracks.size() > KRGPXLineBundle::fewTracks;
+    Memory memory;
+    std::vector<double> efforts;
+    efforts.reserve(std::size_t(tracks.size()));
+    for (const KRGPXConfiguredTrack &track : tracks)
+        efforts.push_back(effortOf(track, areMany ? &memory : nullptr));
+    if (std::accumulate(efforts.begin(), efforts.end(), 0.0) <= most)
+        return selection;
+
+    std::vector<int> numbers(efforts.size());
+    std::iota(numbers.begin(), numbers.end(), 0);
+    std::stable_sort(numbers.begin(), numbers.end(),
+                     [&](int a, int b) { return efforts[std::size_t(a)] < efforts[std::size_t(b)]; });
+    double effort = 0.0;
+    const auto end = std::find_if(numbers.begin(), numbers.end(),
+                                  [&](int number) { return (effort += efforts[std::size_t(number)]) > most; });
+    std::sort(numbers.begin(), end);
+    KRGPXTrackSelection taken;
+    taken.setCroppingOpacity(selection.nominalCroppingOpacity());
+    std::for_each(numbers.begin(), end, [&](int number) { taken.addTrack(tracks.at(number)); });
+    // Fewer are no longer drawn together, and take longer each.
+    return areMany && taken.count() <= KRGPXLineBundle::fewTracks ? affordable(taken, most) : taken;
+}
+
+/// @param memory null where each track is drawn for itself
+double KRMapEffort::effortOf(const KRGPXConfiguredTrack &track, Memory *memory) const
+{
+    const KRGPXTrackShape shape = track.effectiveShape();
+    const QPainterPath path = shape == PointTrackShape ? QPainterPath() : m_renderer->createPainterPath(track);
+    if (path.isEmpty())
+        return effortOfMarker(track, memory);
+
+    const std::vector<QPen> pens = pensOf(track);
+    double reach = 0.0;
+    for (const QPen &pen : pens)
+        reach = std::max(reach, pen.widthF() / 2.0);
+    const Extent extent = extentOf(path, reach);
+    double effort = 0.0;
+    if (shape == PolygonTrackShape)
+        effort += fillingsOf(track) * (effortOfOutline(extent.length, extent.area) + mixedPixelNs * extent.area);
+    else if ((track.configuration().markerShape() & ArrowMarkerShape) != 0 && extent.area > 0.0)
+        effort += arrowNs;
+    if (memory)
+        memory->strokes.resize(pens.size());
+    for (std::size_t i = 0; i < pens.size(); ++i) {
+        Stroke stroke{pens.at(i), Extent()};
+        const bool isBundledHere = memory && isBundled(track, stroke.pen);
+        if (isBundledHere && memory->strokes.at(i).pen == stroke.pen
+            && memory->strokes.at(i).extent.lines < KRGPXLineBundle::mostElements)
+            stroke = memory->strokes.at(i);
+        const double before = effortOfLines(stroke.extent, stroke.pen);
+        stroke.extent = sumOf(stroke.extent, extent);
+        // Where lines begin to be thinned all together take less than they did.
+        effort += std::max(0.0, effortOfLines(stroke.extent, stroke.pen) - before);
+        if (memory)
+            memory->strokes[i] = isBundledHere ? stroke : Stroke();
+    }
+    return effort;
+}
+
+/// As KRGPXMarkerStamps does; from now on it is known.
+bool KRMapEffort::knowsMarker(const KRGPXTrackConfiguration &configuration, Memory *memory)
+{
+    std::vector<KRGPXTrackConfiguration> &markers = memory->markers;
+    if (std::find(markers.rbegin(), markers.rend(), configuration) != markers.rend())
+        return true;
+    if (markers.size() < KRGPXMarkerStamps::mostLooks) {
+        markers.push_back(configuration);
+        return false;
+    }
+    memory->oldestMarker = (memory->oldestMarker + 1) % markers.size();
+    markers[memory->oldestMarker] = configuration;
+    return false;
+}
+
+double KRMapEffort::effortOfMarker(const KRGPXConfiguredTrack &track, Memory *memory) const
+{
+    const double diameter = 2.0 * std::max(0.0, m_renderer->scale(track.lineWidth().toDouble()));
+    bool isKnown = memory && knowsMarker(track.configuration(), memory);
+    double effort = 0.0;
+    const std::vector<QPen> pens = pensOf(track);
+    for (const QPen &pen : pens) {
+        const double side = diameter + pen.widthF();
+        isKnown = isKnown && side <= largestCopiedSide;
+        const double area = std::min(side * side, pixelsOf(m_renderer->targetImageSize()));
+        effort += (isKnown ? 0.0 : markerSideNs * std::min(side, largestMarkerSide)) + 2.0 * mixedPixelNs * area;
+    }
+    if (memory)
+        memory->strokes.clear();
+    return effort;
+}
+
+double KRMapEffort::effortOfLines(const Extent &extent, const QPen &pen) const
+{
+    const double width = std::max(1.0, pen.widthF());
+    double lines = extent.lines;
+    double length = extent.length;
+    const QVector<qreal> pattern = pen.dashPattern();
+    const double period = std::accumulate(pattern.begin(), pattern.end(), 0.0) * width;
+    double dashes = period > 0.0 ? length / period : 0.0;
+    if (dashes > mostDashes)
+        dashes = 0.0;
+    if (lines > KRGPXLineCrowd::fewElements && dashes == 0.0) {
+        const double part = KRGPXLineCrowd::mostLengthFor(m_renderer->targetImageSize(), width / 2.0) / length;
+        lines *= std::min(1.0, part);
+        length *= std::min(1.0, part);
+    }
+    // an arc around each end, as far as it is in the image, and two lines between them
+    const QSize size = m_renderer->targetImageSize();
+    const double arc = std::min<double>(4.0 * width, size.width() + size.height());
+    const double insideNs = pen.color().alpha() == 255 ? innerPixelNs : mixedPixelNs;
+    return effortOfOutline(2.0 * length + arc * (lines + dashes), extent.area)
+           + insideNs * std::min(length * width, extent.area) + dashNs * dashes;
+}
+
+KRMapEffort::Extent KRMapEffort::sumOf(const Extent &first, const Extent &second) const
+{
+    const double copies = std::max(first.copies, second.copies);
+    return {first.lines + second.lines, first.length + second.length,
+            std::min(first.area + second.area, copies * pixelsOf(m_renderer->targetImageSize())), copies};
+}
+
+KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach) const
+{
+    const QSizeF size = m_renderer->targetImageSize();
+    const double worldWidth = std::abs(m_renderer->aroundTheWorldOffset().x());
+    const auto copiesOf = [&](const QRectF &bounds) {
+        const bool isBeside = bounds.bottom() + reach >= 0.0 && bounds.top() - reach <= size.height();
+        return isBeside ? copiesInView(bounds.left() - reach, bounds.right() + reach, size.width(), worldWidth) : 0.0;
+    };
+    Extent extent;
+    for (int i = 1; i < path.elementCount(); ++i) {
+        if (!path.elementAt(i).isLineTo())
+            continue;
+        const QRectF line = QRectF(path.elementAt(i - 1), path.elementAt(i)).normalized();
+        const double copies = copiesOf(line);
+        extent.lines += copies;
+        extent.length += copies * (std::min(line.width(), size.width()) + std::min(line.height(), size.height()));
+    }
+    const QRectF bounds = path.controlPointRect();
+    extent.copies = copiesOf(bounds);
+    extent.area = extent.copies * std::min(bounds.width() + 2.0 * reach, size.width())
+                  * std::min(bounds.height() + 2.0 * reach, size.height());
+    return extent;
+}
+
+/// Of each time that the track is drawn.
+std::vector<QPen> KRMapEffort::pensOf(const KRGPXConfiguredTrack &track) const
+{
+    const KRGPXTrackConfiguration configuration = track.configuration();
+    std::vector<QPen> pens;
+    if (m_isCropped) {
+        pens.push_back(m_renderer->penFromTrack(configuration, OpaqueRender));
+        pens.back().setColor(Qt::black);
+    }
+    if (m_isForMaskOnly)
+        return pens;
+    for (int i = 0; i < bandsOfHalo && !track.haloWidth().isNull(); ++i) {
+        pens.push_back(m_renderer->penFromTrack(configuration, OpaqueRender));
+        pens.back().setColor(Qt::black);
+        pens.back().setWidthF(pens.back().widthF() + m_renderer->scale(extraWidthOfBand));
+    }
+    if (m_option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption))
+        pens.push_back(m_renderer->penFromTrack(configuration, m_option));
+    return pens;
+}
+
+int KRMapEffort::fillingsOf(const KRGPXConfiguredTrack &track) const
+{
+    const bool isFilled = m_option == OpaqueRender || track.configuration().hasDrawOption(FillDisplayOption);
+    return (m_isCropped ? 1 : 0) + (isFilled && !m_isForMaskOnly ? 1 : 0);
+}
+
+/// As KRGPXLineBundle decides.
+bool KRMapEffort::isBundled(const KRGPXConfiguredTrack &track, const QPen &pen) const
+{
+    return track.effectiveShape() != PolygonTrackShape && pen.style() == Qt::SolidLine && pen.color().alpha() == 255
+           && (track.configuration().markerShape() & ArrowMarkerShape) == 0;
+}

@@ -1,0 +1,100 @@
+#include "KRMapEffort.h"
+#include "KRMapTrackRenderer.h"
+#include "KRNamedTrack.h"
+#include "KRTest.h"
+#include "KRTestMap.h"
+#include "KRTestTable.h"
+
+#include <KRGeoLocation/KRGPXTrackSelection.h>
+#include <KRGeoLocation/KRMapProjection.h>
+
+namespace {
+
+const QSize size(800, 600);
+
+/// In a map of 20 x 15 degrees.
+const KRGeoPositionList shortLine{{50.0, 5.0}, {50.1, 5.1}};
+const KRGeoPositionList longLine{{46.0, 1.0}, {59.0, 19.0}};
+const KRGeoPositionList everywhere{{45.0, 0.0}, {45.0, 20.0}, {60.0, 20.0}, {60.0, 0.0}};
+const KRGeoPositionList point{{50.0, 5.0}};
+
+struct Tracks {
+    KRGeoPositionList positions;
+    KRGPXTrackShapeEnum shape;
+    double width;
+    int colors; ///< one after the other
+    int alpha;
+};
+
+KRGPXTrackSelection selectionOf(const Tracks &tracks, int count)
+{
+    KRGPXTrackSelection selection;
+    for (int i = 0; i < count; ++i) {
+        KRGPXConfiguredTrack track = namedTrack(tracks.positions, KRGPXTrackShape(tracks.shape),
+                                                QColor(i % tracks.colors, 0, i % tracks.colors / 256, tracks.alpha));
+        KRGPXTrackConfiguration configuration = track.configuration();
+        configuration.setLineWidth(tracks.width);
+        configuration.setHaloWidth(0.0);
+        track.setConfiguration(configuration);
+        selection.addTrack(track);
+    }
+    return selection;
+}
+
+KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection, bool isMaskOnly = false)
+{
+    const KRMapTrackRenderer renderer(selection, KRMapProjection(KRTestMap{45.0, 60.0, 0.0, 20.0}.area(), size), size,
+                                      1.0);
+    KRMapEffort effort(&renderer);
+    if (isMaskOnly)
+        effort.setForMaskOnly();
+    return effort.affordable(selection, KRMapEffort::mostFor(selection, size));
+}
+
+} // namespace
+
+class tst_KRMapEffort : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void leavesOutWhatTakesLong()
+    {
+        const KRTestTable<Tracks, int, bool> table{
+            {"short lines", {shortLine, LineStringTrackShape, 6.0, 200, 128}, 20000, true},
+            {"long lines of one look", {longLine, LineStringTrackShape, 6.0, 1, 255}, 50000, true},
+            {"long lines of many looks", {longLine, LineStringTrackShape, 6.0, 200, 255}, 50000, false},
+            {"half transparent lines", {longLine, LineStringTrackShape, 6.0, 1, 128}, 50000, false},
+            {"some wide lines", {longLine, LineStringTrackShape, 200.0, 50, 128}, 50, true},
+            {"wide lines", {longLine, LineStringTrackShape, 200.0, 200, 128}, 10000, false},
+            {"areas upon each other", {everywhere, PolygonTrackShape, 2.0, 1, 255}, 10000, false},
+            {"markers of some looks", {point, PointTrackShape, 6.0, 18, 255}, 50000, true},
+            {"markers of many looks", {point, PointTrackShape, 60.0, 2000, 255}, 10000, false},
+        };
+        table.forEach([](const Tracks &tracks, int count, bool areAllDrawn) {
+            const KRGPXTrackSelection selection = selectionOf(tracks, count);
+            const int drawn = affordable(selection).count();
+            QCOMPARE(drawn == count, areAllDrawn);
+            QVERIFY(drawn > 50 || areAllDrawn);
+            QCOMPARE(affordable(selection, true).count(), count); // where nothing is cropped
+        });
+    }
+
+    void keepsTheSmallOnesInTheirOrder()
+    {
+        KRGPXTrackSelection selection = selectionOf({everywhere, PolygonTrackShape, 2.0, 1, 255}, 3000);
+        selection.setCroppingOpacity(70);
+        for (const char *name : {"first", "second"})
+            selection.addTrack(
+                namedTrack(shortLine, KRGPXTrackShape(LineStringTrackShape), Qt::red, QLatin1String(name)));
+        const KRGPXTrackSelection drawn = affordable(selection);
+        QVERIFY(drawn.count() > 2 && drawn.count() < selection.count());
+        QCOMPARE(drawn.value(drawn.count() - 2).name(), QStringLiteral("first"));
+        QCOMPARE(drawn.value(drawn.count() - 1).name(), QStringLiteral("second"));
+        QCOMPARE(drawn.nominalCroppingOpacity(), 70);
+    }
+};
+
+template class KRTestRegistration<tst_KRMapEffort>;
+
+#include "tst_KRMapEffort.moc"
