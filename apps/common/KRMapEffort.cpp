@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr double mostNs = 0.6e9;
+constexpr double mostNs = 0.8e9;
 constexpr double mostNsOfPixel = 16.0;
-constexpr double mostNsOfPoint = 200.0;
+constexpr double mostNsOfPoint = 600.0;
 
 // What a pixel takes: that an outline passes, the first time and in all, and that it encloses in an opaque
 // colour and in any.
