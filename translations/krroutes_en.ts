@@ -514,6 +514,13 @@
         <source>Text &amp;kopieren</source>
         <translation>&amp;Copy text</translation>
     </message>
+    <message numerus="yes">
+        <source>… und %n weitere im kopierten Text</source>
+        <translation>
+            <numerusform>… and %n more in the copied text</numerusform>
+            <numerusform>… and %n more in the copied text</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KRLookEditor</name>

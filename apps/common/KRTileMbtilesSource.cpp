@@ -1,5 +1,7 @@
 #include "KRTileMbtilesSource.h"
 
+#include "KRPlainText.h"
+
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
@@ -9,7 +11,6 @@
 #include <QHash>
 #include <QRegularExpression>
 #include <QSqlError>
-#include <QTextDocumentFragment>
 #include <QUrl>
 #include <QUuid>
 #include <QVariant>
@@ -23,23 +24,6 @@ namespace {
 
 constexpr int longestCredit = 300; ///< characters
 constexpr int headerBytes = 100; ///< of an SQLite file
-
-/// Attributions are HTML with links. Tags are only removed: a table of a few bytes may take any time to lay out.
-QString plainText(const QString &html)
-{
-    static const QRegularExpression invisible(QStringLiteral("<!--.*?-->|<(script|style)\\b.*?</\\1\\s*>"),
-                                              QRegularExpression::CaseInsensitiveOption
-                                                  | QRegularExpression::DotMatchesEverythingOption);
-    static const QRegularExpression separator(QStringLiteral("<(?=/?(?:br|div|h[1-6]|li|p|td|th|tr)\\b)"),
-                                              QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression tag(QStringLiteral("<[a-z/!?](?:[^<>\"']|\"[^\"]*\"|'[^']*')*+>"),
-                                        QRegularExpression::CaseInsensitiveOption);
-    QString text = html;
-    text.remove(invisible).replace(separator, QStringLiteral(" <")).remove(tag);
-    // What is left are characters and entities.
-    text.replace(QLatin1Char('<'), QLatin1String("&lt;"));
-    return QTextDocumentFragment::fromHtml(text).toPlainText().simplified().left(longestCredit);
-}
 
 /// In this mode SQLite writes files beside the database even where it only reads it.
 bool hasWriteAheadLog(const QByteArray &header)
@@ -140,7 +124,8 @@ QString KRTileMbtilesSource::connectTo(const QString &address)
     const QString format = m_metadata.value(QStringLiteral("format"));
     if (format == QLatin1String("pbf") || format == QLatin1String("mvt"))
         return tr("Die Datei enthält Vektoren und keine Bilder.");
-    m_credit = plainText(m_metadata.value(QStringLiteral("attribution")));
+    const QString attribution = m_metadata.value(QStringLiteral("attribution")); // HTML with links
+    m_credit = KRPlainText::ofHtml(attribution).simplified().left(longestCredit);
     // Columns that are computed have this word in front of how. Without any, a table can only be searched.
     const bool isStored =
         types.value(QStringLiteral("tiles")) == QLatin1String("table")

@@ -1,12 +1,14 @@
 #include "KRDocumentActions.h"
 
 #include "KRBackgroundTask.h"
+#include "KRPlainMessage.h"
 #include "KRRecentFilesMenu.h"
 #include "KRRouteLoader.h"
 #include "KRRouteWorkspace.h"
 #include "KRViewerAction.h"
 #include "KRViewerSettings.h"
 
+#include <KRPlainText.h>
 #include <KRRouteDocument.h>
 
 #include <KRCore/KRErrorHistory.h>
@@ -17,7 +19,6 @@
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QToolBar>
@@ -88,10 +89,10 @@ bool KRDocumentActions::mayLoseChanges()
     if (!m_workspace->isModified())
         return true;
     const QString name =
-        m_workspace->fileName().isEmpty() ? tr("Unbenannt") : QFileInfo(m_workspace->fileName()).fileName();
-    QMessageBox question(QMessageBox::Warning, tr("Ungesicherte Änderungen"),
-                         tr("Das Dokument „%1“ wurde geändert.").arg(name),
-                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_window);
+        m_workspace->fileName().isEmpty() ? tr("Unbenannt") : KRPlainText::fileName(m_workspace->fileName());
+    KRPlainMessage question(QMessageBox::Warning, tr("Ungesicherte Änderungen"),
+                            tr("Das Dokument „%1“ wurde geändert.").arg(name),
+                            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_window);
     question.setInformativeText(tr("Sollen die Änderungen gespeichert werden?"));
     question.setDefaultButton(QMessageBox::Save);
     question.setEscapeButton(QMessageBox::Cancel);
@@ -164,7 +165,7 @@ bool KRDocumentActions::saveTo(const QString &fileName)
     if (isBusy())
         return false;
     const QScopedValueRollback<bool> saving(m_isSaving, true);
-    const QString name = QFileInfo(fileName).fileName();
+    const QString name = KRPlainText::fileName(fileName);
     KRRouteDocument document = m_workspace->document();
     std::atomic<bool> isStopped{false};
     document.setGoOnFunction([&isStopped] { return !isStopped; });
@@ -187,7 +188,7 @@ bool KRDocumentActions::saveTo(const QString &fileName)
     if (!isWanted)
         return false;
     const QString reason = problems.isEmpty() ? QString() : problems.entries().first().toString();
-    QMessageBox::critical(
+    KRPlainMessage::critical(
         m_window, tr("Speichern"),
         tr("„%1“ kann nicht gespeichert werden. Die Änderungen sind noch da.\n\n%2").arg(name, reason));
     return false;
@@ -195,8 +196,9 @@ bool KRDocumentActions::saveTo(const QString &fileName)
 
 bool KRDocumentActions::mayOverwrite(const QString &fileName, const QString &reason) const
 {
-    QMessageBox question(QMessageBox::Warning, tr("Speichern"),
-                         tr("„%1“ überschreiben?").arg(QFileInfo(fileName).fileName()), QMessageBox::Cancel, m_window);
+    KRPlainMessage question(QMessageBox::Warning, tr("Speichern"),
+                            tr("„%1“ überschreiben?").arg(KRPlainText::fileName(fileName)), QMessageBox::Cancel,
+                            m_window);
     question.setInformativeText(reason);
     QPushButton *const overwriting = question.addButton(tr("Ü&berschreiben"), QMessageBox::DestructiveRole);
     question.setDefaultButton(QMessageBox::Cancel);

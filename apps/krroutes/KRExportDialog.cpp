@@ -3,6 +3,7 @@
 #include "KRBackgroundTask.h"
 #include "KRExportSettings.h"
 #include "KRGapsWarning.h"
+#include "KRPlainMessage.h"
 #include "KRViewerSettings.h"
 
 #include <KRExchangeFile.h>
@@ -10,6 +11,7 @@
 #include <KRMapComposition.h>
 #include <KRPatientGround.h>
 #include <KRPictureFile.h>
+#include <KRPlainText.h>
 
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
@@ -25,7 +27,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStandardPaths>
@@ -306,8 +307,8 @@ bool KRExportDialog::mayReplace(const QString &fileName)
     const QFileInfo file(fileName);
     if (!file.isFile())
         return true;
-    return QMessageBox::question(this, windowTitle(), tr("„%1“ gibt es schon. Ersetzen?").arg(file.fileName()))
-           == QMessageBox::Yes;
+    return KRPlainMessage::isConfirmed(this, windowTitle(),
+                                       tr("„%1“ gibt es schon. Ersetzen?").arg(KRPlainText::fileName(file.filePath())));
 }
 
 bool KRExportDialog::createBytes(QByteArray *bytes, KRErrorHistory *history)
@@ -349,8 +350,8 @@ bool KRExportDialog::createPicture(QByteArray *bytes)
     if (isDone)
         KRGapsWarning::show(this, windowTitle(), ground.gaps());
     if (isDone && KRPictureFile::isVector(format()) && map.isGroundReduced())
-        QMessageBox::warning(this, windowTitle(),
-                             tr("Das Bild der Karte unter den Routen wäre zu groß; es ist gröber als verlangt."));
+        KRPlainMessage::warning(this, windowTitle(),
+                                tr("Das Bild der Karte unter den Routen wäre zu groß; es ist gröber als verlangt."));
     return isDone;
 }
 
@@ -359,14 +360,14 @@ void KRExportDialog::warn(const KRErrorHistory &losses)
     QStringList reasons;
     for (const KRErrorHistory::Entry &loss : losses.entries())
         reasons.append(QStringLiteral("• ") + loss.reason);
-    QMessageBox::warning(this, windowTitle(),
-                         tr("„%1“ wurde geschrieben. Darin fehlt, was dieses Format nicht aufnimmt:\n\n%2")
-                             .arg(QFileInfo(fileName()).fileName(), reasons.join(QLatin1Char('\n'))));
+    KRPlainMessage::warning(this, windowTitle(),
+                            tr("„%1“ wurde geschrieben. Darin fehlt, was dieses Format nicht aufnimmt:\n\n%2")
+                                .arg(KRPlainText::fileName(fileName()), reasons.join(QLatin1Char('\n'))));
 }
 
 void KRExportDialog::complain(const QString &reason)
 {
-    QMessageBox::critical(
-        this, windowTitle(),
-        tr("„%1“ kann nicht geschrieben werden.\n\n%2").arg(QDir::toNativeSeparators(fileName()), reason));
+    KRPlainMessage::critical(this, windowTitle(),
+                             tr("„%1“ kann nicht geschrieben werden.\n\n%2")
+                                 .arg(KRPlainText::oneLine(QDir::toNativeSeparators(fileName())), reason));
 }

@@ -1,19 +1,20 @@
 #include "KRGapsWarning.h"
 
+#include "KRPlainMessage.h"
+
 #include <KRMapGround.h>
 
-#include <QMessageBox>
 #include <QPushButton>
 
 void KRGapsWarning::show(QWidget *window, const QString &title, const KRMapGaps &gaps)
 {
     if (gaps.count > 0)
-        QMessageBox::warning(window, title, text(gaps));
+        KRPlainMessage::warning(window, title, text(gaps));
 }
 
 bool KRGapsWarning::isAccepted(QWidget *window, const QString &title, const KRMapGaps &gaps)
 {
-    QMessageBox question(QMessageBox::Warning, title, text(gaps), QMessageBox::Cancel, window);
+    KRPlainMessage question(QMessageBox::Warning, title, text(gaps), QMessageBox::Cancel, window);
     question.setInformativeText(tr("Soll es ohne sie weitergehen?"));
     const QPushButton *const goingOn = question.addButton(tr("&Trotzdem weiter"), QMessageBox::AcceptRole);
     question.setDefaultButton(QMessageBox::Cancel);

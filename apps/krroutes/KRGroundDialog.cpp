@@ -4,6 +4,7 @@
 #include "KRViewerSettings.h"
 
 #include <KRCore/KRErrorHistory.h>
+#include <KRPlainText.h>
 #include <KRTileSource.h>
 
 #include <QComboBox>
@@ -22,6 +23,7 @@ namespace {
 
 constexpr int checkDelayMs = 250;
 constexpr int usualWidthPx = 560;
+constexpr int longestReason = 600; // characters
 
 } // namespace
 
@@ -128,12 +130,13 @@ void KRGroundDialog::checkSource()
     if (source != nullptr)
         m_state->setText(noteOnSource());
     else
-        m_state->setText(history.isEmpty() ? QString() : history.entries().first().reason);
+        m_state->setText(history.isEmpty() ? QString()
+                                           : KRPlainText::shortened(history.entries().first().reason, longestReason));
 }
 
 QString KRGroundDialog::noteOnSource() const
 {
-    const QString host = QUrl(m_source->currentText().trimmed()).host();
+    const QString host = KRPlainText::oneLine(QUrl(m_source->currentText().trimmed()).host());
     if (host.isEmpty())
         return tr("Die Kacheln liegen auf diesem Rechner; es wird nichts aus dem Netz geladen.");
     return tr("Was die Karte zeigt, wird von %1 geladen und auf diesem Rechner aufbewahrt. Wer dort Karten anbietet, "

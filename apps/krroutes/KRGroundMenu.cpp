@@ -3,6 +3,7 @@
 #include "KRGroundDialog.h"
 #include "KRGroundSettings.h"
 
+#include <KRPlainText.h>
 #include <KRTileGround.h>
 
 #include <QActionGroup>
@@ -44,14 +45,14 @@ void KRGroundMenu::addChoice(const KRGroundChoice &choice, const QString &text)
     action->setCheckable(true);
     m_choices->addAction(action);
     action->setChecked(choice == m_choice);
-    action->setToolTip(QDir::toNativeSeparators(choice.source()));
+    action->setToolTip(KRPlainText::toolTip(QDir::toNativeSeparators(choice.source())));
 }
 
 void KRGroundMenu::addRecentTiles()
 {
     const QVector<KRGroundChoice> recent = KRGroundSettings().recentTiles();
     for (int i = 0; i < recent.size(); ++i) {
-        const QString name = recent.at(i).name().replace(QLatin1Char('&'), QLatin1String("&&"));
+        const QString name = KRPlainText::oneLine(recent.at(i).name()).replace(QLatin1Char('&'), QLatin1String("&&"));
         addChoice(recent.at(i), QStringLiteral("&%1  %2").arg(QString::number(i + 1), name));
     }
 }

@@ -1,5 +1,7 @@
 #include "KRImportReportDialog.h"
 
+#include <KRPlainText.h>
+
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -16,29 +18,8 @@ namespace {
 constexpr int nameColumn = 0;
 constexpr int lineColumn = 1;
 
-QTreeWidgetItem *fileItem(QTreeWidget *tree, const QString &fileName, const QString &text)
-{
-    auto *const item = new QTreeWidgetItem(tree);
-    item->setText(nameColumn, QStringLiteral("%1: %2").arg(QFileInfo(fileName).fileName(), text));
-    item->setToolTip(nameColumn, QDir::toNativeSeparators(fileName));
-    return item;
-}
-
-QString lineText(int line)
-{
-    return line > 0 ? QString::number(line) : QString();
-}
-
-QString textOf(const QTreeWidgetItem *item, const QString &indent)
-{
-    QString text = indent + item->text(nameColumn);
-    if (!item->text(lineColumn).isEmpty())
-        text += QStringLiteral(" (%1)").arg(item->text(lineColumn));
-    text += QLatin1Char('\n');
-    for (int i = 0; i < item->childCount(); ++i)
-        text += textOf(item->child(i), indent + QStringLiteral("    "));
-    return text;
-}
+constexpr int longestRow = 300; // characters
+constexpr int mostRows = 2000; // nobody reads more
 
 } // namespace
 
@@ -59,6 +40,10 @@ KRImportReportDialog::KRImportReportDialog(const KRErrorHistory &problems, const
     addProblems(problems);
     for (const KRImportReport &report : reports)
         addReport(report);
+    if (m_rowCount > mostRows) {
+        auto *const rest = new QTreeWidgetItem(m_tree);
+        rest->setText(nameColumn, tr("… und %n weitere im kopierten Text", nullptr, m_rowCount - mostRows));
+    }
 
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QPushButton *const copyButton = buttons->addButton(tr("Text &kopieren"), QDialogButtonBox::ActionRole);
@@ -74,33 +59,45 @@ KRImportReportDialog::KRImportReportDialog(const KRErrorHistory &problems, const
     resize(640, 360);
 }
 
-QString KRImportReportDialog::text() const
-{
-    QString text;
-    for (int i = 0; i < m_tree->topLevelItemCount(); ++i)
-        text += textOf(m_tree->topLevelItem(i), QString());
-    return text;
-}
-
 void KRImportReportDialog::addProblems(const KRErrorHistory &problems)
 {
     for (const KRErrorHistory::Entry &entry : problems.entries())
-        fileItem(m_tree, entry.fileName, entry.reason)->setText(lineColumn, lineText(entry.line));
+        addFile(entry.fileName, entry.reason, entry.line);
 }
 
 void KRImportReportDialog::addReport(const KRImportReport &report)
 {
-    QTreeWidgetItem *const item = fileItem(m_tree, report.fileName(), report.summary());
-    for (const KRImportReport::Item &part : report.items()) {
-        auto *const child = new QTreeWidgetItem(item);
-        child->setText(nameColumn, KRImportReport::describe(part));
-        child->setText(lineColumn, lineText(part.line));
-    }
+    QTreeWidgetItem *const file = addFile(report.fileName(), report.summary(), 0);
+    for (const KRImportReport::Item &part : report.items())
+        addRow(file, QStringLiteral("    "), KRImportReport::describe(part), part.line);
     constexpr int easyToSurvey = 20;
-    item->setExpanded(report.items().size() <= easyToSurvey);
+    if (file != nullptr)
+        file->setExpanded(report.items().size() <= easyToSurvey);
+}
+
+QTreeWidgetItem *KRImportReportDialog::addFile(const QString &fileName, const QString &text, int line)
+{
+    const QString row = QStringLiteral("%1: %2").arg(QFileInfo(fileName).fileName(), text);
+    QTreeWidgetItem *const item = addRow(m_tree->invisibleRootItem(), QString(), row, line);
+    if (item != nullptr)
+        item->setToolTip(nameColumn, KRPlainText::toolTip(QDir::toNativeSeparators(fileName)));
+    return item;
+}
+
+QTreeWidgetItem *KRImportReportDialog::addRow(QTreeWidgetItem *parent, const QString &indent, const QString &text,
+                                              int line)
+{
+    const QString lineText = line > 0 ? QString::number(line) : QString();
+    m_text += indent + text + (line > 0 ? QStringLiteral(" (%1)").arg(lineText) : QString()) + QLatin1Char('\n');
+    if (++m_rowCount > mostRows)
+        return nullptr;
+    auto *const item = new QTreeWidgetItem(parent);
+    item->setText(nameColumn, KRPlainText::oneLine(text, longestRow));
+    item->setText(lineColumn, lineText);
+    return item;
 }
 
 void KRImportReportDialog::copy() const
 {
-    QGuiApplication::clipboard()->setText(text());
+    QGuiApplication::clipboard()->setText(m_text);
 }

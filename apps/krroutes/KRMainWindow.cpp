@@ -19,6 +19,7 @@
 #include "KRViewerSettings.h"
 
 #include <KRMapGround.h>
+#include <KRPlainText.h>
 
 #include <QAction>
 #include <QApplication>
@@ -170,6 +171,8 @@ void KRMainWindow::createEditMenu()
     QAction *const redo = m_workspace.undoStack()->createRedoAction(this);
     KRViewerIcons::setIcon(redo, QStringLiteral("ico_redo"));
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    for (QAction *const step : {undo, redo})
+        KRViewerAction::keepToolTipPlain(step);
     QAction *const preferences = KRViewerAction::make(this, QStringLiteral("ico_preferences"), tr("&Einstellungen …"),
                                                       QKeySequence::Preferences);
     connect(preferences, &QAction::triggered, this, [this] { KRPreferencesDialog(this).exec(); });
@@ -321,7 +324,8 @@ void KRMainWindow::restoreWindow()
 void KRMainWindow::updateTitle()
 {
     const QString fileName = m_workspace.fileName();
-    const QString name = fileName.isEmpty() ? tr("Unbenannt") : QFileInfo(fileName).completeBaseName();
+    const QString name =
+        fileName.isEmpty() ? tr("Unbenannt") : KRPlainText::oneLine(QFileInfo(fileName).completeBaseName());
     setWindowTitle(tr("%1[*] – Routen").arg(name));
     setWindowModified(m_workspace.isModified());
 }

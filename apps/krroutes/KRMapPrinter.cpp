@@ -2,6 +2,7 @@
 
 #include "KRBackgroundTask.h"
 #include "KRGapsWarning.h"
+#include "KRPlainMessage.h"
 
 #include <KRMapArea.h>
 #include <KRMapComposition.h>
@@ -14,7 +15,6 @@
 
 #include <QFileInfo>
 #include <QImage>
-#include <QMessageBox>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPrintPreviewDialog>
@@ -53,7 +53,7 @@ bool KRMapPrinter::isLandscape() const
 void KRMapPrinter::preview(QWidget *window) const
 {
     if (!m_area.isValid()) {
-        QMessageBox::information(window, tr("Drucken"), tr("Es gibt nichts zu drucken."));
+        KRPlainMessage::information(window, tr("Drucken"), tr("Es gibt nichts zu drucken."));
         return;
     }
     QPrinter printer(QPrinter::HighResolution);
@@ -77,7 +77,7 @@ void KRMapPrinter::preview(QWidget *window) const
     });
     dialog.exec();
     if (!problems.isEmpty())
-        QMessageBox::critical(window, tr("Drucken"), problems.entries().last().toString());
+        KRPlainMessage::critical(window, tr("Drucken"), problems.entries().last().toString());
 }
 
 // Pages are painted at once, with what is at hand; this brings it there.

@@ -6,6 +6,7 @@
 #include <KRMapArea.h>
 #include <KRMapFurniture.h>
 #include <KRMapGround.h>
+#include <KRPlainText.h>
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -258,7 +259,7 @@ void KRMapView::showToolTip(const QPoint &pixel, const QPoint &globalPosition)
 {
     const KRTrackPicker::Hit hit = hitAt(pixel);
     const QString name = hit.isValid() ? m_selection.tracks().at(hit.row).name() : QString();
-    QToolTip::showText(globalPosition, name.toHtmlEscaped(), this);
+    QToolTip::showText(globalPosition, KRPlainText::toolTip(name), this);
 }
 
 void KRMapView::paintEvent(QPaintEvent *)

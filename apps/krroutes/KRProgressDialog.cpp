@@ -1,11 +1,15 @@
 #include "KRProgressDialog.h"
 
+#include <QLabel>
 #include <QPushButton>
 
 KRProgressDialog::KRProgressDialog(const QString &text, int count, QWidget *window)
-    : QProgressDialog(text, tr("Abbrechen"), 0, count, window)
+    : QProgressDialog(QString(), tr("Abbrechen"), 0, count, window)
 {
     constexpr int patienceMs = 400;
+    // Before there is a text to guess about.
+    findChild<QLabel *>()->setTextFormat(Qt::PlainText);
+    setLabelText(text);
     setWindowTitle(window->windowTitle());
     setWindowModality(Qt::WindowModal);
     setMinimumDuration(patienceMs);

@@ -2,6 +2,8 @@
 
 #include "KRViewerSettings.h"
 
+#include <KRPlainText.h>
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -18,10 +20,10 @@ void KRRecentFilesMenu::fill()
     const QStringList files = KRViewerSettings().recentFiles();
     for (int i = 0; i < files.size(); ++i) {
         const QFileInfo file(files.at(i));
-        const QString name = file.fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
+        const QString name = KRPlainText::oneLine(file.fileName()).replace(QLatin1Char('&'), QLatin1String("&&"));
         const QString number = i < 9 ? QStringLiteral("&%1  ").arg(i + 1) : QString();
         QAction *const action = addAction(number + name);
-        action->setToolTip(QDir::toNativeSeparators(file.filePath()));
+        action->setToolTip(KRPlainText::toolTip(QDir::toNativeSeparators(file.filePath())));
         connect(action, &QAction::triggered, this, [this, path = file.filePath()] { emit fileChosen(path); });
     }
     addSeparator();

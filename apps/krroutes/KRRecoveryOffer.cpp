@@ -1,8 +1,11 @@
 #include "KRRecoveryOffer.h"
 
+#include "KRPlainMessage.h"
+
+#include <KRPlainText.h>
+
 #include <QFileInfo>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 
 std::unique_ptr<KRRecoveryFolder> KRRecoveryOffer::ask(const QDir &place, QWidget *parent)
@@ -25,8 +28,8 @@ KRRecoveryOffer::Answer KRRecoveryOffer::ask(const KRRecoveryFolder &folder, QWi
     const QString text =
         document.isEmpty()
             ? tr("Von einem noch nie gespeicherten Dokument sind Änderungen vom %1 übrig.").arg(time)
-            : tr("Änderungen an „%1“ vom %2 wurden nicht gespeichert.").arg(QFileInfo(document).fileName(), time);
-    QMessageBox question(QMessageBox::Question, tr("Ungesicherte Änderungen"), text, QMessageBox::NoButton, parent);
+            : tr("Änderungen an „%1“ vom %2 wurden nicht gespeichert.").arg(KRPlainText::fileName(document), time);
+    KRPlainMessage question(QMessageBox::Question, tr("Ungesicherte Änderungen"), text, QMessageBox::NoButton, parent);
     question.setInformativeText(tr("Das Programm wurde zuletzt nicht ordentlich beendet. Was wiederhergestellt wird, "
                                    "steht erst nach dem Speichern in der Datei."));
     QPushButton *const recover = question.addButton(tr("&Wiederherstellen"), QMessageBox::AcceptRole);

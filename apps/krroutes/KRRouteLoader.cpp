@@ -2,11 +2,13 @@
 
 #include "KRBackgroundTask.h"
 #include "KRImportReportDialog.h"
+#include "KRPlainMessage.h"
 #include "KRProgressDialog.h"
 #include "KRRecoveryFolder.h"
 #include "KRRouteWorkspace.h"
 #include "KRWaitCursor.h"
 
+#include <KRPlainText.h>
 #include <KRRouteDocument.h>
 #include <KRRouteImport.h>
 
@@ -16,7 +18,6 @@
 #include <QDateTime>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QScopedValueRollback>
 
 #include <atomic>
@@ -66,7 +67,7 @@ bool KRRouteLoader::read(const QStringList &fileNames, KRRouteImport *import)
     KRProgressDialog progress(tr("Dateien werden gelesen …"), fileNames.size(), m_window);
     progress.setWindowTitle(tr("Routen öffnen"));
     const auto showFile = [&progress](const QString &fileName, int number, int /*count*/) {
-        progress.setLabelText(tr("„%1“ wird gelesen …").arg(QFileInfo(fileName).fileName()));
+        progress.setLabelText(tr("„%1“ wird gelesen …").arg(KRPlainText::fileName(fileName)));
         progress.setValue(number - 1);
     };
     const auto stayAlive = [&progress] {
@@ -84,7 +85,7 @@ bool KRRouteLoader::openDocument(const QString &fileName, const std::function<bo
 {
     const KRGPXTrackSelection former = m_workspace->selection();
     const QDateTime fileTime = QFileInfo(fileName).lastModified();
-    const QString name = QFileInfo(fileName).fileName();
+    const QString name = KRPlainText::fileName(fileName);
     KRRouteDocument document;
     KRErrorHistory problems;
     switch (read(fileName, tr("„%1“ wird gelesen …").arg(name), &document, &problems)) {
@@ -100,8 +101,8 @@ bool KRRouteLoader::openDocument(const QString &fileName, const std::function<bo
         report(problems, {});
         return true;
     case Unreadable:
-        QMessageBox::critical(m_window, tr("Dokument öffnen"),
-                              tr("„%1“ kann nicht geöffnet werden.\n\n%2").arg(name, firstReason(problems)));
+        KRPlainMessage::critical(m_window, tr("Dokument öffnen"),
+                                 tr("„%1“ kann nicht geöffnet werden.\n\n%2").arg(name, firstReason(problems)));
         return false;
     case Cancelled:
         break;
@@ -121,7 +122,7 @@ bool KRRouteLoader::recover(const KRRecoveryFolder &folder, const std::function<
         m_workspace->recover(document, folder.documentFile(), folder.documentTime());
         return true;
     case Unreadable:
-        QMessageBox::critical(
+        KRPlainMessage::critical(
             m_window, tr("Ungesicherte Änderungen"),
             tr("Die Änderungen können nicht wiederhergestellt werden.\n\n%1").arg(firstReason(problems)));
         return false;

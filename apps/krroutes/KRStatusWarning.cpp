@@ -1,5 +1,7 @@
 #include "KRStatusWarning.h"
 
+#include <KRPlainText.h>
+
 #include <algorithm>
 
 KRStatusWarning::KRStatusWarning(QWidget *parent) : KRElidedLabel(parent)
@@ -9,8 +11,9 @@ KRStatusWarning::KRStatusWarning(QWidget *parent) : KRElidedLabel(parent)
 
 void KRStatusWarning::setWarning(const QString &text)
 {
-    setFullText(text);
-    setToolTip(QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
+    constexpr int longestWarning = 500; // characters
+    setFullText(KRPlainText::shortened(text, longestWarning));
+    setToolTip(KRPlainText::toolTip(text));
     setVisible(!text.isEmpty());
 }
 

@@ -1,5 +1,6 @@
 #include "KRTrackActions.h"
 
+#include "KRPlainMessage.h"
 #include "KRRouteWorkspace.h"
 #include "KRSimplifyDialog.h"
 #include "KRViewerAction.h"
@@ -11,7 +12,6 @@
 #include <QInputDialog>
 #include <QMainWindow>
 #include <QMenu>
-#include <QMessageBox>
 
 #include <utility>
 
@@ -169,7 +169,7 @@ void KRTrackActions::splitSegments()
     if (refusal.isEmpty())
         replace(1, KRSegmentSplitter::split(whole), tr("„%1“ zerlegen").arg(name()));
     else
-        QMessageBox::critical(m_window, tr("Zerlegen"), refusal);
+        KRPlainMessage::critical(m_window, tr("Zerlegen"), refusal);
 }
 
 void KRTrackActions::joinWithNext()

@@ -1,9 +1,10 @@
 #include "KRTrackRowDelegate.h"
 
+#include <KRPlainText.h>
+
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QTextDocument>
-#include <QTextDocumentFragment>
 #include <QToolButton>
 #include <QToolTip>
 
@@ -17,10 +18,7 @@ constexpr int longestDescription = 600;
 QString plainDescription(const QString &description)
 {
     const QString beginning = description.left(longestMarkup);
-    QString text =
-        Qt::mightBeRichText(beginning) ? QTextDocumentFragment::fromHtml(beginning).toPlainText() : beginning;
-    text.remove(QChar::ObjectReplacementCharacter); // what pictures leave behind
-    const QString trimmed = text.trimmed();
+    const QString trimmed = (Qt::mightBeRichText(beginning) ? KRPlainText::ofHtml(beginning) : beginning).trimmed();
     return trimmed.length() > longestDescription ? trimmed.left(longestDescription) + QChar(0x2026) : trimmed;
 }
 
@@ -40,8 +38,9 @@ void KRTrackRowDelegate::setReachableByTab(QWidget *rowWidget, bool isReachable)
 QString KRTrackRowDelegate::toolTip(const QString &name, const QString &description)
 {
     QString text;
-    if (!name.trimmed().isEmpty())
-        text += QStringLiteral("<p><b>%1</b></p>").arg(name.toHtmlEscaped());
+    const QString shownName = KRPlainText::shortened(name, KRPlainText::longestName);
+    if (!shownName.trimmed().isEmpty())
+        text += QStringLiteral("<p><b>%1</b></p>").arg(shownName.toHtmlEscaped());
     const QString plain = plainDescription(description);
     if (!plain.isEmpty())
         text +=

@@ -13,4 +13,8 @@ namespace KRViewerAction {
 QAction *make(QObject *parent, const QString &iconKey, const QString &text,
               const QKeySequence &shortcut = QKeySequence());
 
+/// For actions whose text has names in it: without a tool tip of its own a tool button guesses whether the text is
+/// markup.
+void keepToolTipPlain(QAction *action);
+
 } // namespace KRViewerAction

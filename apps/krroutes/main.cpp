@@ -1,4 +1,5 @@
 #include "KRMainWindow.h"
+#include "KRPlainMessage.h"
 #include "KRViewerIcons.h"
 #include "KRViewerOptions.h"
 
@@ -7,7 +8,6 @@
 #include <KRHostApplication.h>
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QTimer>
 
 int main(int argc, char *argv[])
@@ -26,9 +26,9 @@ int main(int argc, char *argv[])
 
     // The pool has its threads from now on. It would wait for ever for one that could not be started.
     if (!hasThreads) {
-        QMessageBox::critical(nullptr, QCoreApplication::applicationName(),
-                              KRMainWindow::tr("Das System startet keinen weiteren Thread, und ohne wird nichts "
-                                               "gezeichnet."));
+        KRPlainMessage::critical(nullptr, QCoreApplication::applicationName(),
+                                 KRMainWindow::tr("Das System startet keinen weiteren Thread, und ohne wird nichts "
+                                                  "gezeichnet."));
         return 1;
     }
 
