@@ -49,8 +49,9 @@ QStringList localFiles(const QMimeData *mimeData)
     QStringList files;
     const QList<QUrl> urls = mimeData->urls();
     for (const QUrl &url : urls) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
+        const QString file = url.toLocalFile();
+        if (!file.isEmpty())
+            files.append(file);
     }
     return files;
 }

@@ -29,6 +29,9 @@ KRViewerOptions::KRViewerOptions(const QStringList &arguments)
     if (parser.isSet(version))
         parser.showVersion();
     const QStringList names = parser.positionalArguments();
-    for (const QString &name : names)
-        m_fileNames.append(QFileInfo(name).absoluteFilePath());
+    for (const QString &name : names) {
+        // As a script hands on a variable without a value; it would stand for the working folder.
+        if (!name.isEmpty())
+            m_fileNames.append(QFileInfo(name).absoluteFilePath());
+    }
 }

@@ -15,7 +15,7 @@ public:
     /// Needs the application object.
     explicit KRViewerOptions(const QStringList &arguments);
 
-    /// Absolute paths.
+    /// Absolute paths. Empty names are left out.
     QStringList fileNames() const { return m_fileNames; }
 
 private:

@@ -13,6 +13,7 @@
 #include "KRTestFile.h"
 #include "KRTestTrack.h"
 #include "KRTrackRowDelegate.h"
+#include "KRViewerOptions.h"
 #include "KRViewerSettings.h"
 
 #include <KRMapGround.h>
@@ -146,6 +147,12 @@ private slots:
         QVERIFY(tree->topLevelItem(2)->text(0).contains(QLatin1String("1003")));
         QCOMPARE(dialog.text().count(name), 3);
         QCOMPARE(dialog.text().count(QLatin1String("999")), 3);
+    }
+
+    void emptyOnesAreLeftOut()
+    {
+        const KRViewerOptions options({QStringLiteral("krroutes"), QString(), QStringLiteral("/a.gpx")});
+        QCOMPARE(options.fileNames(), QStringList(QStringLiteral("/a.gpx")));
     }
 
 private:

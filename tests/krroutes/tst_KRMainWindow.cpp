@@ -297,7 +297,7 @@ private slots:
     void filesAreDropped()
     {
         QMimeData files;
-        files.setUrls({QUrl::fromLocalFile(m_tour), QUrl::fromLocalFile(m_lake)});
+        files.setUrls({QUrl::fromLocalFile(m_tour), QUrl(QStringLiteral("file:")), QUrl::fromLocalFile(m_lake)});
         QDragEnterEvent entering(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_window.get(), &entering);
         QVERIFY(entering.isAccepted());
