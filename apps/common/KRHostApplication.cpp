@@ -1,6 +1,7 @@
 #include "KRHostApplication.h"
 
 #include <KRCore/KRQtCompat.h>
+#include <KRCore/KRSettings.h>
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -87,6 +88,7 @@ void KRHostApplication::setup(QCoreApplication &application, const QString &name
     QCoreApplication::setOrganizationName(QStringLiteral("KRGeoLocation"));
     QCoreApplication::setApplicationName(name);
     QCoreApplication::setApplicationVersion(QStringLiteral(KR_VERSION));
+    KRSettings::refuseForeignTypes(true);
 
     if (speaksGerman()) {
         install(application, QStringLiteral("qtbase_de"), KRQtCompat::translationsFolder());

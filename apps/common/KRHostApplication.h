@@ -16,6 +16,7 @@ public:
     /// more files.
     static bool prepare(bool isVerbose);
 
-    /// After it: names and version, and the language of the user: German for German locales, else English.
+    /// After it: names and version, which settings are read, and the language of the user: German for German locales,
+    /// else English.
     static void setup(QCoreApplication &application, const QString &name);
 };

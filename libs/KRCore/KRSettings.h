@@ -20,6 +20,10 @@ public:
     /// What setFileName() has set; empty for the host's own file.
     static QString fileName();
 
+    /// Whether a file is refused as well that holds values of types which QSettings stores as binary data. No setting
+    /// here has one, and a damaged one may crash; false by default, as a host may keep such values of its own there.
+    static void refuseForeignTypes(bool isRefusing);
+
 protected:
     KRSettings() = default;
     ~KRSettings() = default;

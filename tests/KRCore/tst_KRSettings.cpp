@@ -30,6 +30,11 @@ public:
     KRConfigItem<QString> name{QStringLiteral("name"), QStringLiteral("Ort")};
 };
 
+struct NoForeignTypes {
+    NoForeignTypes() { KRSettings::refuseForeignTypes(true); }
+    ~NoForeignTypes() { KRSettings::refuseForeignTypes(false); }
+};
+
 } // namespace
 
 class tst_KRSettings : public QObject
@@ -39,6 +44,7 @@ class tst_KRSettings : public QObject
 private slots:
     void keepsValues()
     {
+        const NoForeignTypes noForeignTypes;
         const KRTemporarySettings file;
         // umlauts, what INI files treat specially, and nothing
         for (const QString &name : {QStringLiteral("Gößnitz"),
@@ -106,12 +112,19 @@ private slots:
         const KRTestTable<std::function<void(const QString &)>> table{
             {"pipe", [](const QString &name) { QCOMPARE(::mkfifo(QFile::encodeName(name).constData(), 0600), 0); }},
             {"folder", [](const QString &name) { QVERIFY(QDir().mkdir(name)); }},
+            {"list of any length", [](const QString &name) { KRTestFile::write(name, "name=@Variant(\\0\\0\\0\\t)"); }},
+            {"the same in other letters",
+             [](const QString &name) {
+                 KRTestFile::write(name, "a=b, \"\\x10040\" V\\141r\\\r\niant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)");
+             }},
+            {"time", [](const QString &name) { KRTestFile::write(name, "[a]\nb=\\q@DateTime()"); }},
             {"large",
              [](const QString &name) {
                  const QByteArray line("name=b\n");
                  KRTestFile::write(name, line.repeated(KRInputLimits::settingsBytes / line.size() + 1));
              }},
         };
+        const NoForeignTypes noForeignTypes;
         table.forEach([](const std::function<void(const QString &)> &make) {
             const KRTemporarySettings temporary;
             make(temporary.fileName());
@@ -126,6 +139,32 @@ private slots:
             settings.saveAll();
             QCOMPARE(QFileInfo(temporary.fileName()).size(), size);
         });
+    }
+
+    void foreignTypesOfTheHost()
+    {
+        const KRTemporarySettings temporary;
+        QSettings(temporary.fileName(), QSettings::IniFormat).setValue(QStringLiteral("when"), QTime(8, 30));
+        QVERIFY(KRTestFile::content(temporary.fileName()).contains("@Variant("));
+        PlaceSettings settings;
+        settings.name.setValue(QStringLiteral("eigen"));
+        settings.saveAll();
+        PlaceSettings read;
+        read.loadAll();
+        QCOMPARE(read.name.value(), QStringLiteral("eigen"));
+    }
+
+    void pipeInThePlaceOfTheLock()
+    {
+        const KRTemporarySettings temporary;
+        const QByteArray lock = QFile::encodeName(temporary.fileName() + QStringLiteral(".lock"));
+        QCOMPARE(::mkfifo(lock.constData(), 0600), 0);
+        PlaceSettings settings;
+        const QRegularExpression failure(QStringLiteral("Die Einstellungen konnten nicht"));
+        QTest::ignoreMessage(QtWarningMsg, failure);
+        QTest::ignoreMessage(QtWarningMsg, failure);
+        settings.saveAll();
+        QVERIFY(!QFile::exists(temporary.fileName()));
     }
 };
 
