@@ -1,10 +1,21 @@
 #include "KRViewerSettings.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
+
+namespace {
+
+QByteArray checksum(const QByteArray &geometry, const QByteArray &state)
+{
+    return QCryptographicHash::hash(geometry + state, QCryptographicHash::Sha256).toHex();
+}
+
+} // namespace
 
 KRViewerSettings::KRViewerSettings()
     : m_windowGeometry(QStringLiteral("viewer/windowGeometry"), QByteArray()),
       m_windowState(QStringLiteral("viewer/windowState"), QByteArray()),
+      m_windowChecksum(QStringLiteral("viewer/windowChecksum"), QByteArray()),
       m_recentFiles(QStringLiteral("viewer/recentFiles"), QStringList()),
       m_lastFolder(QStringLiteral("viewer/lastFolder"), QString()),
       m_showsLabels(QStringLiteral("viewer/showsLabels"), false),
@@ -12,6 +23,11 @@ KRViewerSettings::KRViewerSettings()
 {
     load(m_windowGeometry);
     load(m_windowState);
+    load(m_windowChecksum);
+    if (m_windowChecksum.value() != checksum(windowGeometry(), windowState())) {
+        m_windowGeometry.setValue(QByteArray());
+        m_windowState.setValue(QByteArray());
+    }
     load(m_recentFiles);
     load(m_lastFolder);
     load(m_showsLabels);
@@ -22,8 +38,10 @@ void KRViewerSettings::setWindow(const QByteArray &geometry, const QByteArray &s
 {
     m_windowGeometry.setValue(geometry);
     m_windowState.setValue(state);
+    m_windowChecksum.setValue(checksum(geometry, state));
     save(m_windowGeometry);
     save(m_windowState);
+    save(m_windowChecksum);
 }
 
 void KRViewerSettings::addRecentFile(const QString &fileName)

@@ -19,6 +19,7 @@ public:
 
     KRViewerSettings();
 
+    /// Both are empty where they are not what setWindow() has stored: Qt trusts them, and may crash over damaged ones.
     QByteArray windowGeometry() const { return m_windowGeometry.value(); }
     /// Docks and tool bars.
     QByteArray windowState() const { return m_windowState.value(); }
@@ -41,6 +42,7 @@ public:
 private:
     KRConfigItem<QByteArray> m_windowGeometry;
     KRConfigItem<QByteArray> m_windowState;
+    KRConfigItem<QByteArray> m_windowChecksum;
     KRConfigItem<QStringList> m_recentFiles;
     KRConfigItem<QString> m_lastFolder;
     KRConfigItem<bool> m_showsLabels;

@@ -9,6 +9,7 @@
 #include "KRMapView.h"
 #include "KRPlaceEdit.h"
 #include "KRPlacesPanel.h"
+#include "KRTemporarySettings.h"
 #include "KRTest.h"
 #include "KRTestFile.h"
 #include "KRTrackListView.h"
@@ -560,6 +561,15 @@ private slots:
         QCOMPARE(m_window->size(), QSize(1000, 700));
         dock("profile")->show();
         m_window->close();
+
+        const KRViewerSettings whole;
+        QVERIFY(!whole.windowGeometry().isEmpty() && !whole.windowState().isEmpty());
+        const KRTemporarySettings temporary;
+        KRViewerSettings().setWindow(whole.windowGeometry(), whole.windowState());
+        QCOMPARE(KRViewerSettings().windowState(), whole.windowState());
+        QSettings(temporary.fileName(), QSettings::IniFormat)
+            .setValue(QStringLiteral("viewer/windowState"), whole.windowState().replace(40, 4, "\x7f\xff\xff\xff"));
+        QVERIFY(KRViewerSettings().windowState().isEmpty() && KRViewerSettings().windowGeometry().isEmpty());
     }
 
     void allPanelsFitOnASmallScreen()
