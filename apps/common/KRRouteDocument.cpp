@@ -175,12 +175,10 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
 
 bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 {
+    if (!mayBeSaved(file, history))
+        return false;
     const QDir folder = trackFolder(file);
     KRTrackFileWriter writer(folder);
-    if (m_selection.tracks().size() > KRInputLimits::nodes / leastNodesOfTrack) {
-        reportTooManyNodes(file, history);
-        return false;
-    }
     // First, as it also tells what belongs to tracks whose files cannot be read.
     learnFilesOf(file, writer);
     QDomDocument document = build(folder);
@@ -219,6 +217,8 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
 
 bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const
 {
+    if (!mayBeSaved(file, history))
+        return false;
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     for (const KRGPXConfiguredTrack &track : tracks) {
         const QString lost = KRLostTrackTexts::instance()->fileOf(track.track(), QDir(QString()));
@@ -229,6 +229,15 @@ bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *histo
         return false;
     }
     return write(build(QDir(QString())), file, history);
+}
+
+bool KRRouteDocument::mayBeSaved(const QFileInfo &file, KRErrorHistory *history) const
+{
+    m_isTooLarge = false;
+    if (m_selection.count() <= KRInputLimits::nodes / leastNodesOfTrack)
+        return KRFileHandler::isReplaceable(file, history);
+    reportTooManyNodes(file, history);
+    return false;
 }
 
 QDomDocument KRRouteDocument::build(const QDir &folder) const
@@ -271,7 +280,7 @@ void KRRouteDocument::learnFilesOf(const QFileInfo &file, const KRTrackFileWrite
     present.load(file, nullptr);
 }
 
-bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
+bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history) const
 {
     const QByteArray xml = KRXMLBuilder::toUTF8(document);
     KRErrorHistory refusals;
@@ -289,12 +298,13 @@ QString KRRouteDocument::tooOften()
     return tr("Das Dokument nennt dieselben Dateien zu oft.");
 }
 
-void KRRouteDocument::reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history)
+void KRRouteDocument::reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history) const
 {
     reportUnreadable(file, tr("Es hat mehr als %1 Knoten.").arg(KRInputLimits::nodes), history);
 }
 
-void KRRouteDocument::reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history)
+void KRRouteDocument::reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history) const
 {
+    m_isTooLarge = true;
     KRErrorHistory::report(history, file.filePath(), tr("Das Dokument ließe sich nicht wieder öffnen: %1").arg(reason));
 }

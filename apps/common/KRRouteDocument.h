@@ -51,26 +51,31 @@ public:
     bool load(const QFileInfo &file, KRErrorHistory *history);
 
     /// False when the document or one of its track files cannot be written, could not be read again (with more than
-    /// some 22,000 tracks), or is not wanted any more; the old document is whole then, and there is nothing new beside
-    /// it.
+    /// some 22,000 tracks), is not wanted any more, or would replace what is no file, such as a pipe; the old document
+    /// is whole then, and there is nothing new beside it.
     bool save(const QFileInfo &file, KRErrorHistory *history) const;
     /// The same without a folder: quick for many small tracks, of which fewer are too many, but all points are written
     /// each time. False also when a track has lost its file, which only a document with a folder can name.
     bool saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const;
+    /// Whether the last save failed since the document could not be read again, which no other place for it changes.
+    bool isTooLarge() const { return m_isTooLarge; }
 
 private:
+    /// What can be told before anything is built.
+    bool mayBeSaved(const QFileInfo &file, KRErrorHistory *history) const;
     /// Tracks that get files in @p folder are left empty; it is QDir("") where they do not.
     QDomDocument build(const QDir &folder) const;
     /// Has the files of the document that is about to be replaced known, so that equal tracks are not written again.
     void learnFilesOf(const QFileInfo &file, const KRTrackFileWriter &writer) const;
     /// Unless the document goes beyond what is read.
-    static bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
+    bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history) const;
     static QString tooOften();
-    static void reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history);
-    static void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history);
+    void reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history) const;
+    void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history) const;
 
     bool goesOn() const { return !m_goOn || m_goOn(); }
 
     KRGPXTrackSelection m_selection;
     GoOn m_goOn;
+    mutable bool m_isTooLarge = false;
 };

@@ -305,7 +305,12 @@ void KRExportDialog::reject()
 bool KRExportDialog::mayReplace(const QString &fileName)
 {
     const QFileInfo file(fileName);
-    if (!file.isFile())
+    KRErrorHistory history;
+    if (!KRFileHandler::isReplaceable(file, &history)) {
+        complain(history.entries().first().reason);
+        return false;
+    }
+    if (!file.exists())
         return true;
     return KRPlainMessage::isConfirmed(this, windowTitle(),
                                        tr("„%1“ gibt es schon. Ersetzen?").arg(KRPlainText::fileName(file.filePath())));

@@ -111,13 +111,16 @@ void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history) const
             KRErrorHistory::report(history, printer->printerName(), tr("Der Drucker nimmt die Karte nicht an."));
         return;
     }
+    const QFileInfo file(printer->outputFileName());
+    if (!KRFileHandler::isReplaceable(file, history))
+        return;
     const QByteArray pdf =
         KRPictureFile::encodePdf(printer->pageLayout(), dotsPerInch, printer->docName(),
                                  [&](QPagedPaintDevice *page) { return paintPage(page, dotsPerInch); });
     if (pdf.isNull())
-        KRErrorHistory::report(history, printer->outputFileName(), tr("Die Karte kann nicht gezeichnet werden."));
+        KRErrorHistory::report(history, file.filePath(), tr("Die Karte kann nicht gezeichnet werden."));
     else
-        KRFileHandler::writeAll(QFileInfo(printer->outputFileName()), pdf, history);
+        KRFileHandler::writeAll(file, pdf, history);
 }
 
 bool KRMapPrinter::paintPage(QPagedPaintDevice *page, int dotsPerInch) const

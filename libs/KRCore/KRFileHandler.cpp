@@ -61,6 +61,16 @@ int openChannel(const QFileInfo &file)
     return -1;
 }
 
+/// Why what exists is no file to be read or replaced; an empty text where it is one.
+QString refusalOfKind(const QFileInfo &file)
+{
+    if (file.isDir())
+        return QCoreApplication::translate("KRFileHandler", "Das ist ein Ordner und keine Datei.");
+    if (!file.isFile())
+        return QCoreApplication::translate("KRFileHandler", "Das ist keine gewöhnliche Datei.");
+    return QString();
+}
+
 /// Why the file cannot be read, an empty text when nothing speaks against it.
 QString refusal(const QFileInfo &file, qint64 maximumSize)
 {
@@ -69,13 +79,8 @@ QString refusal(const QFileInfo &file, qint64 maximumSize)
     if (!file.exists())
         return file.isSymLink() ? QCoreApplication::translate("KRFileHandler", "Die Verknüpfung führt zu keiner Datei.")
                                 : QCoreApplication::translate("KRFileHandler", "Die Datei wurde nicht gefunden.");
-    if (file.isDir())
-        return QCoreApplication::translate("KRFileHandler", "Das ist ein Ordner und keine Datei.");
-    if (!file.isFile())
-        return QCoreApplication::translate("KRFileHandler", "Das ist keine gewöhnliche Datei.");
-    if (file.size() > maximumSize)
-        return tooLarge(maximumSize);
-    return QString();
+    const QString reason = refusalOfKind(file);
+    return reason.isEmpty() && file.size() > maximumSize ? tooLarge(maximumSize) : reason;
 }
 
 } // namespace
@@ -156,6 +161,14 @@ bool KRFileHandler::write(QFileDevice *file, const QByteArray &bytes)
         count += written;
     }
     return true;
+}
+
+bool KRFileHandler::isReplaceable(const QFileInfo &file, KRErrorHistory *history)
+{
+    const QString reason = file.exists() ? refusalOfKind(file) : QString();
+    if (!reason.isEmpty())
+        KRErrorHistory::report(history, file.filePath(), reason);
+    return reason.isEmpty();
 }
 
 bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history)

@@ -33,6 +33,9 @@ public:
     /// disk has taken a part of the bytes.
     static bool write(QFileDevice *file, const QByteArray &bytes);
 
+    /// Whether writeAll() would replace a file or make a new one: a pipe that nobody reads would take for ever.
+    static bool isReplaceable(const QFileInfo &file, KRErrorHistory *history);
+
     /// Writes all bytes; until they are there the old file stays as it was. A pipe, a device or a channel that is open
     /// already, as /dev/stdout, gets them as they come. False when it fails.
     static bool writeAll(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history);

@@ -12,6 +12,8 @@
 
 #include <QtTest>
 
+#include <sys/stat.h>
+
 #include <utility>
 
 namespace {
@@ -65,6 +67,7 @@ private slots:
     void lostTracksOfSeveralDocuments();
     void refusesWhatIsNoDocument();
     void whatIsSavedCanBeRead();
+    void pipesAreNoDocuments();
     void filesStayWithTheirTracks();
     void fileReplacedWhileItIsRead();
     void folderNameCannotLeadElsewhere();
@@ -332,6 +335,18 @@ void tst_KRRouteDocument::whatIsSavedCanBeRead()
         QCOMPARE(read.value(0).track().segments().first().positions().latitudes,
                  read.value(1).track().segments().first().positions().latitudes);
     });
+}
+
+void tst_KRRouteDocument::pipesAreNoDocuments()
+{
+    QCOMPARE(::mkfifo(QFile::encodeName(document().filePath()).constData(), 0600), 0);
+    KRRouteDocument written;
+    written.setSelection(KRGPXTrackSelection(KRGPXConfiguredTrackList(KRGPXConfiguredTrack())));
+    KRErrorHistory history;
+    QVERIFY(!written.save(document(), &history) && !written.saveInOneFile(document(), &history));
+    for (const KRErrorHistory::Entry &entry : history.entries())
+        QCOMPARE(entry.reason, QStringLiteral("Das ist keine gewöhnliche Datei."));
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(), 1);
 }
 
 /// The former element is read before all others.

@@ -9,6 +9,8 @@
 
 #include <QtWidgets>
 
+#include <sys/stat.h>
+
 /// Exports as a person does: chooses, types a name, and presses the button.
 class tst_KRExportDialog : public QObject
 {
@@ -124,11 +126,17 @@ private slots:
         choose(dialog, "png");
         type(dialog, "file", path("missing/a.png"));
         QString text;
-        KRDialogAnswer answers({KRDialogAnswer::button(QMessageBox::Ok, &text)});
+        const KRDialogAnswer::Answer confirm = KRDialogAnswer::button(QMessageBox::Ok, &text);
+        KRDialogAnswer answers({confirm, confirm});
         KRDialogAnswer::press(dialog, "Exportieren");
-        QVERIFY(answers.isDone());
         QVERIFY2(text.contains(QLatin1String("a.png")) && text.section(QLatin1String("\n\n"), 1).size() > 10,
                  qPrintable(text));
+        const QString pipe = path("pipe.png");
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        type(dialog, "file", pipe);
+        KRDialogAnswer::press(dialog, "Exportieren");
+        QVERIFY(answers.isDone());
+        QVERIFY2(text.contains(QStringLiteral("keine gewöhnliche Datei")), qPrintable(text));
         QVERIFY(dialog.isVisible() && dialog.isEnabled());
         // As it is while it writes.
         dialog.setEnabled(false);

@@ -16,6 +16,8 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 
+#include <sys/stat.h>
+
 namespace {
 
 /// Lacks two tiles of every picture that is kept; waits for those of wide ones until nobody wants them any more.
@@ -208,6 +210,12 @@ private slots:
         QCOMPARE(history.entries().size(), 1);
         QCOMPARE(history.entries().first().fileName, file);
         QCOMPARE(KRTestFile::content(file), QByteArray("old"));
+
+        const QString pipe = dir.filePath(QStringLiteral("pipe.pdf"));
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        printer.setOutputFileName(pipe);
+        KRMapPrinter(m_selection, KRGeoPositionRect(), &m_ground).paint(&printer, &history);
+        QCOMPARE(history.entries().last().fileName, pipe);
     }
 
 private:
