@@ -15,6 +15,7 @@
 #include <QSet>
 #include <QThread>
 
+#include <limits>
 #include <numeric>
 
 namespace {
@@ -45,21 +46,6 @@ void removeFormerFiles(const KRGPXTrackSelection &selection, QDir folder)
     }
 }
 
-QString writeDocument(const KRGPXTrackSelection &selection, const QString &fileName, bool inOneFile)
-{
-    KRRouteDocument document;
-    document.setSelection(selection);
-    KRErrorHistory history;
-    const QFileInfo file(fileName);
-    // In one file a track takes more of what may be read again.
-    const bool isInOneFile = inOneFile && document.saveInOneFile(file, nullptr);
-    if (isInOneFile || document.save(file, &history)) {
-        removeFormerFiles(isInOneFile ? KRGPXTrackSelection() : selection, KRRouteDocument::trackFolder(file));
-        return QString();
-    }
-    return history.isEmpty() ? fileName : history.entries().first().toString();
-}
-
 } // namespace
 
 KRAutosave::KRAutosave(KRRouteWorkspace *workspace, const QDir &place, QObject *parent)
@@ -70,6 +56,9 @@ KRAutosave::KRAutosave(KRRouteWorkspace *workspace, const QDir &place, QObject *
     connect(&m_timer, &QTimer::timeout, this, &KRAutosave::startWriting);
     connect(workspace, &KRRouteWorkspace::selectionChanged, this, &KRAutosave::scheduleWriting);
     connect(workspace, &KRRouteWorkspace::documentChanged, this, &KRAutosave::scheduleWriting);
+    // Another document is tried in any case.
+    connect(workspace, &KRRouteWorkspace::documentReplaced, this,
+            [this] { m_trackCount = m_pointCount = std::numeric_limits<int>::max(); });
 }
 
 KRAutosave::~KRAutosave()
@@ -87,6 +76,21 @@ void KRAutosave::adopt(std::unique_ptr<KRRecoveryFolder> folder)
     if (m_folder)
         m_folder->discard();
     m_folder = std::move(folder);
+}
+
+KRAutosave::Result KRAutosave::write(const KRGPXTrackSelection &selection, const QString &fileName, bool inOneFile)
+{
+    KRRouteDocument document;
+    document.setSelection(selection);
+    KRErrorHistory history;
+    const QFileInfo file(fileName);
+    // In one file a track takes more of what may be read again.
+    const bool isInOneFile = inOneFile && document.saveInOneFile(file, nullptr);
+    if (isInOneFile || document.save(file, &history)) {
+        removeFormerFiles(isInOneFile ? KRGPXTrackSelection() : selection, KRRouteDocument::trackFolder(file));
+        return {};
+    }
+    return {history.isEmpty() ? fileName : history.entries().first().toString(), document.isTooLarge()};
 }
 
 void KRAutosave::scheduleWriting()
@@ -113,15 +117,22 @@ void KRAutosave::startWriting()
         return;
     }
     const KRGPXTrackSelection selection = m_workspace->selection();
-    const bool inOneFile = countPoints(selection) <= m_mostPointsInOneFile;
-    const auto write = [this, selection, fileName = m_folder->recoveryFile(), inOneFile] {
-        m_failure = writeDocument(selection, fileName, inOneFile);
+    const int pointCount = countPoints(selection);
+    if (m_result.isTooLarge && selection.count() >= m_trackCount && pointCount >= m_pointCount) {
+        emit failed(m_result.failure);
+        return;
+    }
+    m_trackCount = selection.count();
+    m_pointCount = pointCount;
+    const bool inOneFile = pointCount <= m_mostPointsInOneFile;
+    const auto writeIt = [this, selection, fileName = m_folder->recoveryFile(), inOneFile] {
+        m_result = write(selection, fileName, inOneFile);
     };
-    m_writer.reset(QThread::create(write));
+    m_writer.reset(QThread::create(writeIt));
     connect(m_writer.get(), &QThread::finished, this, &KRAutosave::finishWriting);
     if (KRConcurrent::start(m_writer.get()))
         return;
-    write();
+    writeIt();
     finishWriting();
 }
 
@@ -130,10 +141,10 @@ void KRAutosave::finishWriting()
     m_writer->wait();
     m_writer.reset();
     const bool isSavedMeanwhile = !m_workspace->isModified();
-    if (m_failure.isEmpty())
+    if (m_result.failure.isEmpty())
         emit written();
     else if (!isSavedMeanwhile)
-        emit failed(m_failure);
+        emit failed(m_result.failure);
     if (isSavedMeanwhile)
         m_folder->removeWork();
 }

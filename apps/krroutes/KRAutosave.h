@@ -17,7 +17,8 @@ class QThread;
  *
  * Writing runs in a thread of its own, not in the pool, where it could keep the map waiting or the map it; where the
  * system starts none it runs in that of the window. Where there are many points each track is written once, so that
- * changes of looks cost little. What was written is removed as soon as the document is saved, and the whole folder when
+ * changes of looks cost little. A document that is too large to be saved is not tried again before it has become
+ * smaller. What was written is removed as soon as the document is saved, and the whole folder when
  * the object ends. GUI thread only.
  */
 class KRAutosave : public QObject
@@ -43,6 +44,12 @@ signals:
     void failed(const QString &reason);
 
 private:
+    struct Result {
+        QString failure; ///< the reason; empty without one
+        bool isTooLarge = false; ///< what was to be written, for any place
+    };
+
+    static Result write(const KRGPXTrackSelection &selection, const QString &fileName, bool inOneFile);
     void scheduleWriting();
     void startWriting();
     void finishWriting();
@@ -52,5 +59,7 @@ private:
     QTimer m_timer;
     int m_mostPointsInOneFile = 100000;
     std::unique_ptr<QThread> m_writer; ///< null while nothing is written
-    QString m_failure; ///< of the writer, its reason; empty without one
+    Result m_result; ///< of the writer
+    int m_trackCount = 0; ///< of what was to be written last, as the next
+    int m_pointCount = 0;
 };
