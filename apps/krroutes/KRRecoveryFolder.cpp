@@ -14,6 +14,9 @@
 namespace {
 
 const QString lockSuffix = QStringLiteral(".lock");
+/// Of folders that are asked for at one start, as each keeps a file open and asks the user; the others wait for the
+/// next.
+constexpr std::size_t mostAtOnce = 50;
 
 } // namespace
 
@@ -44,8 +47,14 @@ std::unique_ptr<KRRecoveryFolder> KRRecoveryFolder::create(const QDir &place)
 std::vector<std::unique_ptr<KRRecoveryFolder>> KRRecoveryFolder::leftBehind(const QDir &place)
 {
     std::vector<std::unique_ptr<KRRecoveryFolder>> folders;
-    const QStringList names = place.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    const QStringList names = place.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Time);
     for (const QString &name : names) {
+        if (folders.size() == mostAtOnce)
+            break;
+        // A lock that is a pipe would keep this program waiting for ever.
+        const QFileInfo lock(place.filePath(name + lockSuffix));
+        if (lock.exists() && !lock.isFile())
+            continue;
         std::unique_ptr<KRRecoveryFolder> folder(new KRRecoveryFolder(place, name));
         if (!folder->m_lock.tryLock())
             continue;
@@ -92,7 +101,8 @@ bool KRRecoveryFolder::setDocument(const QString &fileName, const QDateTime &fil
     if (record() == text)
         return true;
     removeWork();
-    return KRFileHandler::writeAll(QFileInfo(recordFile()), text.toUtf8(), nullptr);
+    const QFileInfo file(recordFile());
+    return KRFileHandler::isReplaceable(file, nullptr) && KRFileHandler::writeAll(file, text.toUtf8(), nullptr);
 }
 
 void KRRecoveryFolder::removeWork()

@@ -20,7 +20,8 @@ public:
     static QDir standardPlace();
     /// A new one, empty; null when it cannot be made.
     static std::unique_ptr<KRRecoveryFolder> create(const QDir &place);
-    /// Those that hold work and that no running program owns, the newest first. What is empty is cleared away.
+    /// Those that hold work and that no running program owns, the newest first, up to fifty. What is empty is cleared
+    /// away.
     static std::vector<std::unique_ptr<KRRecoveryFolder>> leftBehind(const QDir &place);
 
     /// Keeps what is in the folder.

@@ -13,6 +13,10 @@
 #include <QSemaphore>
 #include <QThreadPool>
 
+#include <sys/stat.h>
+
+#include <atomic>
+
 namespace {
 
 KRGPXConfiguredTrackList oneTrack(const QString &name)
@@ -130,6 +134,49 @@ private slots:
             QCOMPARE(unsaved(place()).size(), 1);
         }
         QVERIFY(place().isEmpty());
+    }
+
+    void whatIsTooLargeIsTriedOnce()
+    {
+        static std::atomic<int> complaints; // of any thread
+        complaints = 0;
+        const auto count = [](QtMsgType, const QMessageLogContext &, const QString &) { ++complaints; };
+        const QtMessageHandler previous = qInstallMessageHandler(count);
+        const auto restore = qScopeGuard([previous] { qInstallMessageHandler(previous); });
+        Work work(place());
+        QSignalSpy failed(&work.autosave, &KRAutosave::failed);
+        KRGPXConfiguredTrackList tracks;
+        for (int i = 0; i < 50001; ++i)
+            tracks.append(KRGPXConfiguredTrack());
+        work.workspace.addTracks(tracks, QString());
+        QVERIFY(failed.wait());
+        const int firstComplaints = complaints;
+        QVERIFY(firstComplaints > 0);
+        work.workspace.setCroppingOpacity(17);
+        QVERIFY(failed.wait());
+        QCOMPARE(failed.at(1), failed.at(0));
+        QCOMPARE(complaints, firstComplaints);
+        work.workspace.replaceTracks(0, 50000, {}, QString());
+        QVERIFY(work.wait());
+        QCOMPARE(unsaved(place()).size(), 1);
+    }
+
+    void manyFoldersAreLeftBehind()
+    {
+        for (int i = 0; i < 55; ++i)
+            KRTestFile::write(place().filePath(QStringLiteral("%1/unsaved.krroute").arg(i)), "<routes/>");
+        for (const char *const name : {"recovery/0.lock", "recovery/1/document"})
+            QCOMPARE(::mkfifo(QFile::encodeName(path(name)).constData(), 0600), 0);
+        const auto first = KRRecoveryFolder::leftBehind(place());
+        QCOMPARE(first.size(), std::size_t(50));
+        const auto others = KRRecoveryFolder::leftBehind(place());
+        QCOMPARE(others.size(), std::size_t(4));
+        int pipes = 0;
+        for (const auto *const folders : {&first, &others}) {
+            for (const auto &folder : *folders)
+                pipes += folder->setDocument(path("Reise.krroute"), QDateTime()) ? 0 : 1;
+        }
+        QCOMPARE(pipes, 1);
     }
 
     void recoveredDocumentRefersToItsUnreadableFiles()
