@@ -141,18 +141,18 @@ bool KRDocumentActions::saveAs()
     dialog.setDefaultSuffix(KRRouteDocument::suffix());
     if (!m_workspace->fileName().isEmpty())
         dialog.selectFile(m_workspace->fileName());
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    KRViewerSettings().setLastFolder(dialog.directory().absolutePath());
-
-    // The dialog appends the suffix only to names without any; a document never replaces a file of another kind.
-    QString fileName = dialog.selectedFiles().value(0);
-    if (!KRRouteDocument::isDocument(QFileInfo(fileName))) {
-        fileName += QLatin1Char('.') + KRRouteDocument::suffix();
-        if (QFileInfo::exists(fileName) && !mayOverwrite(fileName, tr("Es gibt die Datei schon.")))
-            return false;
+    // Its own question would obey markup in the name.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    while (dialog.exec() == QDialog::Accepted) {
+        KRViewerSettings().setLastFolder(dialog.directory().absolutePath());
+        // The dialog appends the suffix only to names without any; a document never replaces a file of another kind.
+        QString fileName = dialog.selectedFiles().value(0);
+        if (!KRRouteDocument::isDocument(QFileInfo(fileName)))
+            fileName += QLatin1Char('.') + KRRouteDocument::suffix();
+        if (!QFileInfo::exists(fileName) || mayOverwrite(fileName, tr("Es gibt die Datei schon.")))
+            return saveTo(fileName);
     }
-    return saveTo(fileName);
+    return false;
 }
 
 bool KRDocumentActions::isBusy() const

@@ -93,7 +93,7 @@ private slots:
 
     void messages()
     {
-        const QString name = QStringLiteral("<img src=\"a&#47;b\">.krroute");
+        const QString name = QStringLiteral("<img src=a&#47;b>.krroute");
         const QString document = KRTestFile::write(m_dir.filePath(name), "<routes");
         KRRouteWorkspace *const workspace = m_window->workspace();
         const KRTestTable<std::function<void()>> table{
@@ -115,20 +115,24 @@ private slots:
                  m_window->offerRecovery();
              }},
         };
+        const auto refuse = [&](QWidget *dialog) {
+            auto *const box = qobject_cast<QMessageBox *>(dialog);
+            QVERIFY(box != nullptr && box->text().contains(name));
+            QVERIFY(!obeysMarkup(*box));
+            QTest::keyClick(box, Qt::Key_Escape);
+        };
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         table.forEach([&](const std::function<void()> &act) {
-            KRDialogAnswer answers({[&](QWidget *dialog) {
-                auto *const box = qobject_cast<QMessageBox *>(dialog);
-                QVERIFY(box != nullptr && box->text().contains(name));
-                QVERIFY(!obeysMarkup(*box));
-                QTest::keyClick(box, Qt::Key_Escape);
-            }});
-            m_window->activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+            KRDialogAnswer answers({refuse});
+            activate();
             act();
             QVERIFY(answers.isDone());
         });
+
+        KRDialogAnswer answers({KRDialogAnswer::file(document), refuse, KRDialogAnswer::key(Qt::Key_Escape)});
+        activate();
+        QTest::keyClick(m_window.get(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(answers.isDone());
 
         const KRProgressDialog progress(name, 0, m_window.get());
         QVERIFY(progress.labelText() == name && !obeysMarkup(progress));
@@ -158,6 +162,12 @@ private slots:
 private:
     /// As in a description that is HTML.
     static QString escaped(const QString &text) { return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()); }
+
+    void activate() const
+    {
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    }
 
     void leaveBehind(const QString &document) const
     {

@@ -145,7 +145,11 @@ private slots:
 
         // A route of another program that the user names is not replaced by a document either.
         const QString gpx = KRTestFile::write(path("tour.gpx"), "of others");
-        KRDialogAnswer answers({KRDialogAnswer::file(gpx), KRDialogAnswer::button(QMessageBox::Yes)});
+        // What would be replaced is asked for.
+        KRTestFile::write(gpx + QStringLiteral(".krroute"), "older");
+        KRDialogAnswer answers({KRDialogAnswer::file(gpx), KRDialogAnswer::key(Qt::Key_Escape),
+                                KRDialogAnswer::file(gpx),
+                                [](QWidget *dialog) { KRDialogAnswer::press(*dialog, "Überschreiben"); }});
         key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
         QVERIFY(answers.isDone());
         QCOMPARE(KRTestFile::content(gpx), QByteArray("of others"));
