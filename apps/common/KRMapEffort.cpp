@@ -17,6 +17,8 @@ namespace {
 constexpr double mostNs = 0.8e9;
 constexpr double mostNsOfPixel = 16.0;
 constexpr double mostNsOfPoint = 600.0;
+// Ordinary maps are never to lose anything: estimates are several times too high for some of them.
+constexpr double uncertainty = 10.0;
 
 // What a pixel takes: that an outline passes, the first time and in all, and that it encloses in an opaque
 // colour and in any.
@@ -26,8 +28,8 @@ constexpr double innerPixelNs = 0.2;
 constexpr double mixedPixelNs = 1.0;
 constexpr double dashNs = 900.0;
 constexpr double arrowNs = 40000.0;
-// Markers are drawn in a way that takes longer, for each pixel around them, up to some size.
-constexpr double markerSideNs = 12000.0;
+// Markers are drawn in a way that takes longer for each of their pixels, up to some size.
+constexpr double markerPixelNs = 75.0;
 constexpr double largestMarkerSide = 200.0;
 // Of larger ones KRGPXMarkerStamps makes no copies.
 constexpr double largestCopiedSide = 190.0;
@@ -69,16 +71,26 @@ double KRMapEffort::mostFor(const KRGPXTrackSelection &selection, const QSize &s
 
 KRGPXTrackSelection KRMapEffort::affordable(const KRGPXTrackSelection &selection, double most) const
 {
+    const std::vector<double> efforts = effortsOf(selection);
+    const bool isExcessive = std::accumulate(efforts.begin(), efforts.end(), 0.0) > uncertainty * most;
+    return isExcessive ? cheapest(selection, efforts, most) : selection;
+}
+
+std::vector<double> KRMapEffort::effortsOf(const KRGPXTrackSelection &selection) const
+{
     const KRGPXConfiguredTrackList tracks = selection.tracks();
-    const bool areMany = tracks.size() > KRGPXLineBundle::fewTracks;
     Memory memory;
     std::vector<double> efforts;
     efforts.reserve(std::size_t(tracks.size()));
     for (const KRGPXConfiguredTrack &track : tracks)
-        efforts.push_back(effortOf(track, areMany ? &memory : nullptr));
-    if (std::accumulate(efforts.begin(), efforts.end(), 0.0) <= most)
-        return selection;
+        efforts.push_back(effortOf(track, tracks.size() > KRGPXLineBundle::fewTracks ? &memory : nullptr));
+    return efforts;
+}
 
+KRGPXTrackSelection KRMapEffort::cheapest(const KRGPXTrackSelection &selection, const std::vector<double> &efforts,
+                                          double most) const
+{
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
     std::vector<int> numbers(efforts.size());
     std::iota(numbers.begin(), numbers.end(), 0);
     std::stable_sort(numbers.begin(), numbers.end(),
@@ -91,7 +103,8 @@ KRGPXTrackSelection KRMapEffort::affordable(const KRGPXTrackSelection &selection
     taken.setCroppingOpacity(selection.nominalCroppingOpacity());
     std::for_each(numbers.begin(), end, [&](int number) { taken.addTrack(tracks.at(number)); });
     // Fewer are no longer drawn together, and take longer each.
-    return areMany && taken.count() <= KRGPXLineBundle::fewTracks ? affordable(taken, most) : taken;
+    const bool areFewNow = tracks.size() > KRGPXLineBundle::fewTracks && taken.count() <= KRGPXLineBundle::fewTracks;
+    return areFewNow ? cheapest(taken, effortsOf(taken), most) : taken;
 }
 
 /// @param memory null where each track is drawn for itself
@@ -155,7 +168,8 @@ double KRMapEffort::effortOfMarker(const KRGPXConfiguredTrack &track, Memory *me
         const double side = diameter + pen.widthF();
         isKnown = isKnown && side <= largestCopiedSide;
         const double area = std::min(side * side, pixelsOf(m_renderer->targetImageSize()));
-        effort += (isKnown ? 0.0 : markerSideNs * std::min(side, largestMarkerSide)) + 2.0 * mixedPixelNs * area;
+        const double newArea = isKnown ? 0.0 : std::pow(std::min(side, largestMarkerSide), 2.0);
+        effort += markerPixelNs * newArea + 2.0 * mixedPixelNs * area;
     }
     if (memory)
         memory->strokes.clear();

@@ -21,7 +21,7 @@ class QPainterPath;
 class KRMapEffort
 {
 public:
-    /// What all of a picture may take, far more than thousands of real tracks do.
+    /// What the tracks of a picture may take where some are left out.
     static double mostFor(const KRGPXTrackSelection &selection, const QSize &size);
 
     /// @param renderer of the picture; it stays with the caller
@@ -34,10 +34,15 @@ public:
     /// For devices that keep lines and areas as such, where only what crops a map is an image.
     void setForMaskOnly() { m_isForMaskOnly = true; }
 
-    /// The tracks; without the most expensive of them where they take more than @p most in all.
+    /// The tracks; where all of them take many times more than @p most, as thousands of real ones do not, the cheapest,
+    /// which take no more.
     KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection, double most) const;
 
 private:
+    std::vector<double> effortsOf(const KRGPXTrackSelection &selection) const;
+    KRGPXTrackSelection cheapest(const KRGPXTrackSelection &selection, const std::vector<double> &efforts,
+                                 double most) const;
+
     /// What paths take up in the image, in all copies of the world.
     struct Extent {
         double lines = 0.0;

@@ -63,13 +63,14 @@ private slots:
         const KRTestTable<Tracks, int, bool> table{
             {"short lines", {shortLine, LineStringTrackShape, 6.0, 200, 128}, 20000, true},
             {"long lines of one look", {longLine, LineStringTrackShape, 6.0, 1, 255}, 50000, true},
-            {"long lines of many looks", {longLine, LineStringTrackShape, 6.0, 200, 255}, 50000, false},
-            {"half transparent lines", {longLine, LineStringTrackShape, 6.0, 1, 128}, 50000, false},
+            {"long lines of many looks", {longLine, LineStringTrackShape, 200.0, 200, 255}, 90000, false},
+            {"half transparent lines", {longLine, LineStringTrackShape, 200.0, 1, 128}, 90000, false},
             {"some wide lines", {longLine, LineStringTrackShape, 200.0, 50, 128}, 50, true},
-            {"wide lines", {longLine, LineStringTrackShape, 200.0, 200, 128}, 10000, false},
-            {"areas upon each other", {everywhere, PolygonTrackShape, 2.0, 1, 255}, 10000, false},
+            {"wide lines", {longLine, LineStringTrackShape, 200.0, 200, 128}, 90000, false},
+            {"areas upon each other", {everywhere, PolygonTrackShape, 2.0, 1, 255}, 50000, false},
             {"markers of some looks", {point, PointTrackShape, 6.0, 18, 255}, 50000, true},
-            {"markers of many looks", {point, PointTrackShape, 60.0, 2000, 255}, 10000, false},
+            {"markers of an ordinary map", {point, PointTrackShape, 40.0, 1000, 255}, 1000, true},
+            {"markers of many looks", {point, PointTrackShape, 200.0, 2000, 255}, 20000, false},
         };
         table.forEach([](const Tracks &tracks, int count, bool areAllDrawn) {
             const KRGPXTrackSelection selection = selectionOf(tracks, count);
@@ -82,7 +83,7 @@ private slots:
 
     void keepsTheSmallOnesInTheirOrder()
     {
-        KRGPXTrackSelection selection = selectionOf({everywhere, PolygonTrackShape, 2.0, 1, 255}, 3000);
+        KRGPXTrackSelection selection = selectionOf({everywhere, PolygonTrackShape, 2.0, 1, 255}, 50000);
         selection.setCroppingOpacity(70);
         for (const char *name : {"first", "second"})
             selection.addTrack(
