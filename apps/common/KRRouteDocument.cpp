@@ -280,7 +280,7 @@ void KRRouteDocument::learnFilesOf(const QFileInfo &file, const KRTrackFileWrite
     present.load(file, nullptr);
 }
 
-bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history) const
+bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
 {
     const QByteArray xml = KRXMLBuilder::toUTF8(document);
     KRErrorHistory refusals;
@@ -300,11 +300,11 @@ QString KRRouteDocument::tooOften()
 
 void KRRouteDocument::reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history) const
 {
+    m_isTooLarge = true;
     reportUnreadable(file, tr("Es hat mehr als %1 Knoten.").arg(KRInputLimits::nodes), history);
 }
 
-void KRRouteDocument::reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history) const
+void KRRouteDocument::reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history)
 {
-    m_isTooLarge = true;
     KRErrorHistory::report(history, file.filePath(), tr("Das Dokument ließe sich nicht wieder öffnen: %1").arg(reason));
 }

@@ -57,7 +57,7 @@ public:
     /// The same without a folder: quick for many small tracks, of which fewer are too many, but all points are written
     /// each time. False also when a track has lost its file, which only a document with a folder can name.
     bool saveInOneFile(const QFileInfo &file, KRErrorHistory *history) const;
-    /// Whether the last save failed since the document could not be read again, which no other place for it changes.
+    /// Whether the last save failed since there are too many tracks and points, which no other place for it changes.
     bool isTooLarge() const { return m_isTooLarge; }
 
 private:
@@ -68,10 +68,10 @@ private:
     /// Has the files of the document that is about to be replaced known, so that equal tracks are not written again.
     void learnFilesOf(const QFileInfo &file, const KRTrackFileWriter &writer) const;
     /// Unless the document goes beyond what is read.
-    bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history) const;
+    static bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
     static QString tooOften();
     void reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history) const;
-    void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history) const;
+    static void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history);
 
     bool goesOn() const { return !m_goOn || m_goOn(); }
 

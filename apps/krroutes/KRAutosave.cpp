@@ -2,15 +2,15 @@
 
 #include "KRRouteWorkspace.h"
 
-#include <KRLostTrackTexts.h>
 #include <KRRouteDocument.h>
+#include <KRTrackFileReader.h>
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
-#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
-#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
+#include <KRCore/KRXMLLoader.h>
 
 #include <QDir>
+#include <QDomElement>
 #include <QFileInfo>
 #include <QSet>
 #include <QThread>
@@ -28,17 +28,17 @@ int countPoints(const KRGPXTrackSelection &selection)
     });
 }
 
-/// Of all that has been written into the folder for other states of the document. Hours of work would fill the disk.
-void removeFormerFiles(const KRGPXTrackSelection &selection, QDir folder)
+/// What the document does not name of all that has been written into its folder: hours of work would fill the disk.
+void removeFormerFiles(const QFileInfo &document)
 {
+    const QDomElement root = KRXMLLoader::loadDocumentElement(document, nullptr);
+    if (root.isNull())
+        return;
     QSet<QString> present;
-    const KRGPXConfiguredTrackList tracks = selection.tracks();
-    for (const KRGPXConfiguredTrack &track : tracks) {
-        const KRGPXTrackFileRegistryKey key(track.track(), folder);
-        present.insert(KRGPXTrackFileRegistry::instance().fileName(key));
-        // Of files that could not be read there is nothing but themselves.
-        present.insert(QFileInfo(KRLostTrackTexts::instance()->fileOf(track.track(), folder)).fileName());
-    }
+    const QDomNodeList includes = root.elementsByTagName(KRTrackFileReader::includeElement);
+    for (int i = 0; i < includes.size(); ++i)
+        present.insert(QFileInfo(includes.at(i).toElement().text()).fileName());
+    QDir folder = KRRouteDocument::trackFolder(document);
     const QStringList names = folder.entryList(QDir::Files);
     for (const QString &name : names) {
         if (!present.contains(name))
@@ -85,9 +85,8 @@ KRAutosave::Result KRAutosave::write(const KRGPXTrackSelection &selection, const
     KRErrorHistory history;
     const QFileInfo file(fileName);
     // In one file a track takes more of what may be read again.
-    const bool isInOneFile = inOneFile && document.saveInOneFile(file, nullptr);
-    if (isInOneFile || document.save(file, &history)) {
-        removeFormerFiles(isInOneFile ? KRGPXTrackSelection() : selection, KRRouteDocument::trackFolder(file));
+    if ((inOneFile && document.saveInOneFile(file, nullptr)) || document.save(file, &history)) {
+        removeFormerFiles(file);
         return {};
     }
     return {history.isEmpty() ? fileName : history.entries().first().toString(), document.isTooLarge()};

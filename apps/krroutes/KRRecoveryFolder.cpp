@@ -100,9 +100,11 @@ bool KRRecoveryFolder::setDocument(const QString &fileName, const QDateTime &fil
     const QString text = fileTime.toUTC().toString(Qt::ISODateWithMs) + QLatin1Char('\n') + fileName;
     if (record() == text)
         return true;
-    removeWork();
     const QFileInfo file(recordFile());
-    return KRFileHandler::isReplaceable(file, nullptr) && KRFileHandler::writeAll(file, text.toUtf8(), nullptr);
+    if (!KRFileHandler::isReplaceable(file, nullptr) || !KRFileHandler::writeAll(file, text.toUtf8(), nullptr))
+        return false;
+    removeWork();
+    return true;
 }
 
 void KRRecoveryFolder::removeWork()
