@@ -52,8 +52,8 @@ bool occupyStandardDescriptors()
     do {
         descriptor = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
-    const int another = ::dup(descriptor);
-    const bool hasFiles = another >= 0;
+    const int another = descriptor >= 0 ? ::dup(descriptor) : -1;
+    const bool hasFiles = another >= 0 || (errno != EMFILE && errno != ENFILE);
     if (!hasFiles)
         std::perror(program_invocation_short_name);
     ::close(another);

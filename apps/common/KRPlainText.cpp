@@ -36,7 +36,7 @@ QString KRPlainText::shortened(const QString &text, int mostCharacters)
 
 QString KRPlainText::oneLine(const QString &text, int mostCharacters)
 {
-    return KRMessageText::printable(shortened(text, mostCharacters));
+    return KRMessageText::printable(shortened(text, mostCharacters).simplified().remove(QChar(QChar::SoftHyphen)));
 }
 
 QString KRPlainText::fileName(const QString &path)

@@ -45,7 +45,8 @@ private slots:
         const KRTestTable<KRText, int, KRText> table{
             {"as it is", "Reise", 5, "Reise"},
             {"cut in the middle", "Radtour.krroute", 4, "Ra…te"},
-            {"lines and controls", "a\nb\x1b[2m\u202Ec", 100, "a?b?[2m?c"},
+            {"lines and controls", "a\nb\x1b[2m\u202Ec", 100, "a b?[2m?c"},
+            {"places to break", "Rad\u00ADtour\t1", 100, "Radtour 1"},
             {"no half characters", biker.repeated(4), 6, biker + QStringLiteral("…") + biker},
         };
         table.forEach([](const QString &text, int mostCharacters, const QString &line) {
