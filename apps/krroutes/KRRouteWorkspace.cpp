@@ -13,6 +13,15 @@
 
 namespace {
 
+/// Of all steps together but the last, which is kept whatever it takes.
+constexpr qint64 mostBytesOfSteps = 100'000'000;
+
+KRGPXConfiguredTrackList replaced(const KRGPXConfiguredTrackList &old, int row, int count,
+                                  const KRGPXConfiguredTrackList &tracks)
+{
+    return old.mid(0, row) + tracks + old.mid(row + count);
+}
+
 /// A track that stands for an unreadable file keeps the name of that file: it shall be referred to after the next save.
 void registerUnreadableFiles(const KRGPXTrackSelection &selection, const QDir &folder)
 {
@@ -29,6 +38,13 @@ void registerUnreadableFiles(const KRGPXTrackSelection &selection, const QDir &f
 KRRouteWorkspace::KRRouteWorkspace(QObject *parent) : QObject(parent)
 {
     connect(&m_undoStack, &QUndoStack::cleanChanged, this, &KRRouteWorkspace::documentChanged);
+    // Below a step that has been forgotten there are none but such; what the file holds is not come back to.
+    connect(&m_undoStack, &QUndoStack::indexChanged, this, [this](int index) {
+        if (index > 0 && m_undoStack.command(index - 1)->isObsolete()) {
+            m_undoStack.setIndex(0);
+            m_undoStack.resetClean();
+        }
+    });
     // A drop moves its rows one by one and tells at its end; other moves are adopted when control returns.
     connect(&m_model, &KRGPXTrackListModel::pleaseSelectTrack, this, &KRRouteWorkspace::adoptOrderOfModel);
     connect(&m_model, &KRGPXTrackListModel::dataChanged, this, [this] {
@@ -59,10 +75,9 @@ void KRRouteWorkspace::addTracks(const KRGPXConfiguredTrackList &tracks, const Q
 void KRRouteWorkspace::replaceTracks(int row, int count, const KRGPXConfiguredTrackList &tracks, const QString &text)
 {
     KRGPXTrackSelection changed = upToDateSelection();
-    const KRGPXConfiguredTrackList old = changed.tracks();
-    if (row < 0 || count < 0 || row + count > old.size())
+    if (row < 0 || count < 0 || row + count > changed.count())
         return;
-    changed.setTracks(old.mid(0, row) + tracks + old.mid(row + count));
+    changed.setTracks(replaced(changed.tracks(), row, count, tracks));
     push(changed, text);
 }
 
@@ -85,7 +100,7 @@ void KRRouteWorkspace::setConfiguration(int row, const KRGPXTrackConfiguration &
     KRGPXTrackSelection changed = upToDateSelection();
     changed.setConfiguration(row, configuration);
     push(changed, tr("Aussehen von „%1“ ändern").arg(m_selection.value(row).name()),
-         KRSelectionChange::ConfigurationChange, row);
+         KRSelectionChange::ConfigurationChange);
 }
 
 void KRRouteWorkspace::setConfigurationToAll(const KRGPXTrackConfiguration &configuration)
@@ -144,8 +159,7 @@ KRGPXTrackSelection KRRouteWorkspace::upToDateSelection()
     return m_selection;
 }
 
-void KRRouteWorkspace::push(const KRGPXTrackSelection &selection, const QString &text, KRSelectionChange::Kind kind,
-                            int row)
+void KRRouteWorkspace::push(const KRGPXTrackSelection &selection, const QString &text, KRSelectionChange::Kind kind)
 {
     if (selection == m_selection)
         return;
@@ -155,8 +169,25 @@ void KRRouteWorkspace::push(const KRGPXTrackSelection &selection, const QString 
     if (menuText.size() > 2 * longestHalf)
         menuText = menuText.left(longestHalf) + QChar(0x2026) + menuText.right(longestHalf);
     menuText.replace(QLatin1Char('&'), QLatin1String("&&"));
-    const auto apply = [this](const KRGPXTrackSelection &shown) { show(shown); };
-    m_undoStack.push(new KRSelectionChange(m_selection, selection, menuText, apply, kind, row));
+    const auto apply = [this](int row, int count, const KRGPXTrackSelection &part) {
+        KRGPXTrackSelection changed(replaced(m_selection.tracks(), row, count, part.tracks()));
+        changed.setCroppingOpacity(part.nominalCroppingOpacity());
+        show(changed);
+    };
+    m_undoStack.push(new KRSelectionChange(m_selection, selection, menuText, apply, kind));
+    forgetOldSteps();
+}
+
+void KRRouteWorkspace::forgetOldSteps()
+{
+    qint64 bytes = 0;
+    for (int index = m_undoStack.count() - 1; index >= 0; --index) {
+        // The stack hands out its own steps as constant, since most changes would bring it out of step.
+        auto *const step = static_cast<KRSelectionChange *>(const_cast<QUndoCommand *>(m_undoStack.command(index)));
+        bytes += step->bytes();
+        if (bytes > mostBytesOfSteps && index < m_undoStack.count() - 1)
+            step->forget();
+    }
 }
 
 void KRRouteWorkspace::show(const KRGPXTrackSelection &selection)

@@ -14,6 +14,7 @@ class KRRouteDocument;
 
 /**
  * The route document that the user works on: its tracks, the file it belongs to and an undo step for every change.
+ * Where steps take much memory the oldest are forgotten.
  *
  * The list model shows the tracks to the views. It is touched only where it differs from them, so that rows keep their
  * widgets and the selection; what a view moves in it by drag and drop becomes a step as well. GUI thread only.
@@ -75,7 +76,8 @@ private:
     /// With what a view has just moved in the model.
     KRGPXTrackSelection upToDateSelection();
     void push(const KRGPXTrackSelection &selection, const QString &text,
-              KRSelectionChange::Kind kind = KRSelectionChange::UniqueChange, int row = -1);
+              KRSelectionChange::Kind kind = KRSelectionChange::UniqueChange);
+    void forgetOldSteps();
     void show(const KRGPXTrackSelection &selection);
     void replaceDocument(const KRGPXTrackSelection &selection, const QString &fileName, const QDateTime &fileTime);
     void setFile(const QString &fileName, const QDateTime &fileTime);

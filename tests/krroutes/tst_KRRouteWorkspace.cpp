@@ -4,6 +4,8 @@
 #include "KRTestTrack.h"
 #include "KRWorkspaceFile.h"
 
+#include <KRTrackEditing.h>
+
 namespace {
 
 KRGPXConfiguredTrack track(const QString &name)
@@ -47,6 +49,8 @@ private slots:
         const KRTestTable<Edit, const char *> table{
             {"add", Edit([](auto *w) { w->addTracks(tracks("EF"), QString()); }), "ABCDEF"},
             {"replace", Edit([](auto *w) { w->replaceTracks(1, 2, tracks("X"), QString()); }), "AXD"},
+            {"add the same once more", Edit([](auto *w) { w->replaceTracks(3, 0, tracks("DD"), QString()); }),
+             "ABCDDD"},
             {"remove", Edit([](auto *w) { w->removeTrack(3); }), "ABC"},
             {"move down", Edit([](auto *w) { w->moveTrack(0, 2); }), "BCAD"},
             {"look of one", Edit([](auto *w) { w->setConfiguration(2, withWidth(3.0)); }), "ABCD"},
@@ -151,6 +155,42 @@ private slots:
         QCOMPARE(m_workspace->undoStack()->count(), 4);
         m_workspace->undoStack()->setIndex(1);
         QCOMPARE(m_workspace->selection().value(1).lineWidth().toDouble(), 10.0);
+    }
+
+    void oldStepsAreForgottenWhereAllTakeMuchMemory()
+    {
+        const auto many = [](int letter) {
+            KRGPXConfiguredTrackList list;
+            for (int i = 0; i < 50000; ++i)
+                list.append(i == 0 ? track(QChar(letter)) : list.first());
+            return list;
+        };
+        for (int letter = 'A'; letter <= 'H'; ++letter)
+            m_workspace->replaceTracks(0, m_workspace->selection().count(), many(letter), QString(QChar(letter)));
+        QUndoStack *const stack = m_workspace->undoStack();
+        int undone = 0;
+        for (; stack->canUndo(); ++undone) {
+            QCOMPARE(stack->undoText(), QString(QChar('H' - undone)));
+            stack->undo();
+            QCOMPARE(m_workspace->selection().value(0).name(), QString(QChar('G' - undone)));
+        }
+        QVERIFY2(undone > 1 && undone < 7, qPrintable(QString::number(undone)));
+        QVERIFY(m_workspace->isModified());
+        QCOMPARE(stack->count(), undone);
+        stack->setIndex(undone);
+        QVERIFY(m_workspace->selection().tracks() == many('H'));
+
+        // What both states share counts for nothing.
+        QList<KRGeoPosition> positions;
+        for (int i = 0; i < 1000; ++i)
+            positions.append(KRGeoPosition(53.0, 8.0 + i / 1000.0));
+        const KRGPXConfiguredTrack way(KRTestTrack::through(positions), KRGPXTrackConfiguration::defaultValue());
+        const auto bytes = [&](const KRGPXConfiguredTrack &after) {
+            const KRGPXConfiguredTrackList before(way);
+            return KRSelectionChange(KRGPXTrackSelection(before), KRGPXTrackSelection({after}), {}, {}).bytes();
+        };
+        QVERIFY(bytes(KRTrackEditing::renamed(way, QStringLiteral("new"))) < 1000);
+        QVERIFY(bytes(KRTrackEditing::reversed(way)) > 16000);
     }
 
     void savedStateIsNotModified()
