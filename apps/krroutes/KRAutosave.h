@@ -18,8 +18,8 @@ class QThread;
  * Writing runs in a thread of its own, not in the pool, where it could keep the map waiting or the map it; where the
  * system starts none it runs in that of the window. Where there are many points each track is written once, so that
  * changes of looks cost little. A document that is too large to be saved is not tried again before it has become
- * smaller. What was written is removed as soon as the document is saved, and the whole folder when
- * the object ends. GUI thread only.
+ * smaller. What was written is removed as soon as the document is saved, and the whole folder when the object ends.
+ * GUI thread only.
  */
 class KRAutosave : public QObject
 {

@@ -41,13 +41,20 @@ KRGPXTrackSelection selectionOf(const Tracks &tracks, int count)
     return selection;
 }
 
-KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection, bool isMaskOnly = false)
+enum Drawing {
+    WholeMap,
+    VectorMap,
+    CroppedVectorMap,
+};
+
+KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection, Drawing drawing = WholeMap)
 {
     const KRMapTrackRenderer renderer(selection, KRMapProjection(KRTestMap{45.0, 60.0, 0.0, 20.0}.area(), size), size,
                                       1.0);
     KRMapEffort effort(&renderer);
-    if (isMaskOnly)
+    if (drawing != WholeMap)
         effort.setForMaskOnly();
+    effort.setCropped(drawing == CroppedVectorMap);
     return effort.affordable(selection, KRMapEffort::mostFor(selection, size));
 }
 
@@ -60,24 +67,26 @@ class tst_KRMapEffort : public QObject
 private slots:
     void leavesOutWhatTakesLong()
     {
-        const KRTestTable<Tracks, int, bool> table{
-            {"short lines", {shortLine, LineStringTrackShape, 6.0, 200, 128}, 20000, true},
-            {"long lines of one look", {longLine, LineStringTrackShape, 6.0, 1, 255}, 50000, true},
-            {"long lines of many looks", {longLine, LineStringTrackShape, 200.0, 200, 255}, 90000, false},
-            {"half transparent lines", {longLine, LineStringTrackShape, 200.0, 1, 128}, 90000, false},
-            {"some wide lines", {longLine, LineStringTrackShape, 200.0, 50, 128}, 50, true},
-            {"wide lines", {longLine, LineStringTrackShape, 200.0, 200, 128}, 90000, false},
-            {"areas upon each other", {everywhere, PolygonTrackShape, 2.0, 1, 255}, 50000, false},
-            {"markers of some looks", {point, PointTrackShape, 6.0, 18, 255}, 50000, true},
-            {"markers of an ordinary map", {point, PointTrackShape, 40.0, 1000, 255}, 1000, true},
-            {"markers of many looks", {point, PointTrackShape, 200.0, 2000, 255}, 20000, false},
+        const KRTestTable<Tracks, int, bool, bool> table{
+            {"short lines", {shortLine, LineStringTrackShape, 6.0, 200, 128}, 20000, true, true},
+            {"long lines of one look", {longLine, LineStringTrackShape, 6.0, 1, 255}, 50000, true, true},
+            {"long lines of many looks", {longLine, LineStringTrackShape, 200.0, 200, 255}, 90000, false, true},
+            {"half transparent lines", {longLine, LineStringTrackShape, 200.0, 1, 128}, 90000, false, true},
+            {"some wide lines", {longLine, LineStringTrackShape, 200.0, 50, 128}, 50, true, true},
+            {"wide lines", {longLine, LineStringTrackShape, 200.0, 200, 128}, 90000, false, true},
+            {"areas upon each other", {everywhere, PolygonTrackShape, 2.0, 1, 255}, 50000, false, false},
+            {"markers of some looks", {point, PointTrackShape, 6.0, 18, 255}, 50000, true, true},
+            {"markers of an ordinary map", {point, PointTrackShape, 40.0, 1000, 255}, 1000, true, true},
+            {"markers of many looks", {point, PointTrackShape, 200.0, 2000, 255}, 20000, false, false},
         };
-        table.forEach([](const Tracks &tracks, int count, bool areAllDrawn) {
+        table.forEach([](const Tracks &tracks, int count, bool areAllDrawn, bool areAllInMask) {
             const KRGPXTrackSelection selection = selectionOf(tracks, count);
             const int drawn = affordable(selection).count();
             QCOMPARE(drawn == count, areAllDrawn);
             QVERIFY(drawn > 50 || areAllDrawn);
-            QCOMPARE(affordable(selection, true).count(), count); // where nothing is cropped
+            QCOMPARE(affordable(selection, VectorMap).count(), count);
+            // In what crops a map all have one colour.
+            QCOMPARE(affordable(selection, CroppedVectorMap).count() == count, areAllInMask);
         });
     }
 
