@@ -746,16 +746,24 @@
         <translation>There is nothing to print.</translation>
     </message>
     <message>
-        <source>Die Karte wird geladen …</source>
-        <translation>Loading the map …</translation>
-    </message>
-    <message>
         <source>Der Drucker nimmt die Karte nicht an.</source>
         <translation>The printer does not accept the map.</translation>
     </message>
     <message>
         <source>Die Karte kann nicht gezeichnet werden.</source>
         <translation>The map cannot be drawn.</translation>
+    </message>
+    <message>
+        <source>Die Karte wird gezeichnet …</source>
+        <translation>Drawing the map …</translation>
+    </message>
+    <message>
+        <source>Die Karte wird gedruckt …</source>
+        <translation>Printing the map …</translation>
+    </message>
+    <message>
+        <source>Der Druck ließ sich nicht mehr abbrechen.</source>
+        <translation>It was too late to cancel printing.</translation>
     </message>
 </context>
 <context>

@@ -20,6 +20,8 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 
+#include <atomic>
+
 namespace {
 
 /// Of the map on paper: lines and letters have half the size that they have on a screen.
@@ -59,8 +61,9 @@ void KRMapPrinter::preview(QWidget *window) const
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(m_title);
     printer.setPageOrientation(isLandscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
-    QSize fetchedSize = mapSize(printer);
-    if (!fetchGround(fetchedSize, window))
+    QImage picture;
+    QSize drawnSize = mapSize(printer);
+    if (!draw(&picture, drawnSize, window))
         return;
     QPrintPreviewDialog dialog(&printer, window);
     dialog.setWindowTitle(tr("Drucken"));
@@ -68,47 +71,61 @@ void KRMapPrinter::preview(QWidget *window) const
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter *target) {
         // The user has turned the page or chosen another paper. Who cancels that sees what is at hand, but nothing is
         // printed.
-        const bool isForView = target->paintEngine()->type() == QPaintEngine::Picture;
-        if (mapSize(*target) == fetchedSize || fetchGround(mapSize(*target), &dialog))
-            fetchedSize = mapSize(*target);
-        else if (!isForView)
-            return;
-        paint(target, &problems);
+        if (drawnSize != mapSize(*target))
+            drawnSize = draw(&picture, mapSize(*target), &dialog) ? mapSize(*target) : QSize();
+        if (target->paintEngine()->type() == QPaintEngine::Picture)
+            show(picture, target);
+        else if (drawnSize.isValid())
+            print(target, &dialog, &problems);
     });
     dialog.exec();
     if (!problems.isEmpty())
         KRPlainMessage::critical(window, tr("Drucken"), problems.entries().last().toString());
 }
 
-// Pages are painted at once, with what is at hand; this brings it there.
-bool KRMapPrinter::fetchGround(const QSize &size, QWidget *window) const
+// The preview paints its page anew whenever it is moved or zoomed, which would take seconds for many routes. At half
+// the resolution it fits the screen; in full, the ground has at hand what is printed.
+bool KRMapPrinter::draw(QImage *picture, const QSize &size, QWidget *window) const
 {
-    if (!m_ground || m_ground->isVector())
-        return true;
-    QImage picture(size, QImage::Format_RGB32);
-    if (picture.isNull())
-        return true; // then nothing can be painted either, which tells so
     KRPatientGround ground(m_ground);
-    const bool isDone = KRBackgroundTask::run(
-        window, tr("Die Karte wird geladen …"),
-        [&] {
-            QPainter painter(&picture);
-            ground.paint(&painter, size, KRMapProjection(m_area, size), 1.0);
-        },
-        [&] { ground.stop(); });
+    KRMapComposition map = composition(size);
+    if (m_ground)
+        map.setGround(&ground);
+    const auto drawIt = [&] {
+        *picture = map.render().scaled(size / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    };
+    const bool isDone =
+        KRBackgroundTask::run(window, tr("Die Karte wird gezeichnet …"), drawIt, [&] { ground.stop(); });
     if (!isDone)
         return ground.gaps().count > 0 && KRGapsWarning::isAccepted(window, tr("Drucken"), ground.gaps());
     KRGapsWarning::show(window, tr("Drucken"), ground.gaps());
     return true;
 }
 
-void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history) const
+void KRMapPrinter::show(const QImage &picture, QPrinter *printer)
+{
+    QPainter painter(printer);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRect(QPoint(), printer->pageLayout().paintRectPixels(printer->resolution()).size()), picture);
+}
+
+void KRMapPrinter::print(QPrinter *printer, QWidget *window, KRErrorHistory *history) const
+{
+    std::atomic<bool> isStopped{false};
+    KRBackgroundTask::run(
+        window, tr("Die Karte wird gedruckt …"), [&] { paint(printer, history, [&] { return !isStopped; }); },
+        [&] { isStopped = true; });
+}
+
+void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history, const std::function<bool()> &goesOn) const
 {
     const int dotsPerInch = printer->resolution();
     const bool isForFile = printer->paintEngine()->type() == QPaintEngine::Pdf && !printer->outputFileName().isEmpty();
     if (!isForFile) {
         if (!paintPage(printer, dotsPerInch))
             KRErrorHistory::report(history, printer->printerName(), tr("Der Drucker nimmt die Karte nicht an."));
+        else if (!goesOn())
+            KRErrorHistory::report(history, printer->printerName(), tr("Der Druck ließ sich nicht mehr abbrechen."));
         return;
     }
     const QFileInfo file(printer->outputFileName());
@@ -119,7 +136,7 @@ void KRMapPrinter::paint(QPrinter *printer, KRErrorHistory *history) const
                                  [&](QPagedPaintDevice *page) { return paintPage(page, dotsPerInch); });
     if (pdf.isNull())
         KRErrorHistory::report(history, file.filePath(), tr("Die Karte kann nicht gezeichnet werden."));
-    else
+    else if (goesOn())
         KRFileHandler::writeAll(file, pdf, history);
 }
 
@@ -131,12 +148,17 @@ bool KRMapPrinter::paintPage(QPagedPaintDevice *page, int dotsPerInch) const
     QPainter painter;
     if (!painter.begin(page))
         return false;
+    const QRect paper = page->pageLayout().paintRectPixels(dotsPerInch);
+    painter.scale(double(paper.width()) / size.width(), double(paper.height()) / size.height());
+    const bool isWhole = composition(size).paint(&painter);
+    return painter.end() && isWhole;
+}
+
+KRMapComposition KRMapPrinter::composition(const QSize &size) const
+{
     KRMapComposition map(m_selection, m_area, size, 1.0);
     map.setGround(m_ground);
     map.setLegend(m_hasLegend);
     map.setLabels(m_hasLabels);
-    const QRect paper = page->pageLayout().paintRectPixels(dotsPerInch);
-    painter.scale(double(paper.width()) / size.width(), double(paper.height()) / size.height());
-    const bool isWhole = map.paint(&painter);
-    return painter.end() && isWhole;
+    return map;
 }

@@ -5,8 +5,12 @@
 
 #include <QCoreApplication>
 
+#include <functional>
+
 class KRErrorHistory;
+class KRMapComposition;
 class KRMapGround;
+class QImage;
 class QPagedPaintDevice;
 class QPrinter;
 class QWidget;
@@ -31,14 +35,19 @@ public:
     /// Shows the page in a preview, from which the user may print it. Nothing when there is nothing to be seen.
     void preview(QWidget *window) const;
 
-    /// Fills the printable part of the page. Where it is printed to a file, that is written whole or not at all.
-    void paint(QPrinter *printer, KRErrorHistory *history) const;
+    /// Fills the printable part of the page. Where it is printed to a file, that is written whole or not at all, and
+    /// only if @p goesOn says so when the page is done. May be called in any thread.
+    void paint(QPrinter *printer, KRErrorHistory *history, const std::function<bool()> &goesOn) const;
 
 private:
+    /// What the preview shows of a map of so many pixels. False when the user has cancelled it and does not want what
+    /// there is.
+    bool draw(QImage *picture, const QSize &size, QWidget *window) const;
+    static void show(const QImage &picture, QPrinter *printer);
+    void print(QPrinter *printer, QWidget *window, KRErrorHistory *history) const;
+    KRMapComposition composition(const QSize &size) const;
     bool paintPage(QPagedPaintDevice *page, int dotsPerInch) const;
     bool isLandscape() const;
-    /// For a page with a map of so many pixels. False when the user has cancelled it and does not want what is there.
-    bool fetchGround(const QSize &size, QWidget *window) const;
 
     KRGPXTrackSelection m_selection;
     KRGeoPositionRect m_area;
