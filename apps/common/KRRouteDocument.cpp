@@ -192,7 +192,7 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
     }
     // The track files first: a document must not name what is not there.
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
-    const QList<QDomElement> elements = trackElements(document.documentElement().firstChildElement(selectionElement));
+    QList<QDomElement> elements = trackElements(document.documentElement().firstChildElement(selectionElement));
     QSet<QString> fileNames;
     qint64 repeatedPoints = 0;
     for (int i = 0; i < tracks.size(); ++i) {
@@ -208,7 +208,11 @@ bool KRRouteDocument::save(const QFileInfo &file, KRErrorHistory *history) const
         reportUnreadable(file, tooOften(), history);
         return false;
     }
-    if (!goesOn() || !write(document, file, history))
+    const QByteArray xml = KRXMLBuilder::toUTF8(document);
+    // Much larger than the text, which is about to be read once more.
+    elements.clear();
+    document.clear();
+    if (!goesOn() || !write(xml, file, history))
         return false;
     writer.keepFiles();
     KRTrackFileStamps::instance()->remember(file, KRTrackFileStamps::stampOf(file));
@@ -228,7 +232,8 @@ bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *histo
                                tr("Ohne Ordner kann das Dokument die Datei „%1“ nicht nennen.").arg(lost));
         return false;
     }
-    return write(build(QDir(QString())), file, history);
+    const QByteArray xml = KRXMLBuilder::toUTF8(build(QDir(QString())));
+    return write(xml, file, history);
 }
 
 bool KRRouteDocument::mayBeSaved(const QFileInfo &file, KRErrorHistory *history) const
@@ -280,9 +285,8 @@ void KRRouteDocument::learnFilesOf(const QFileInfo &file, const KRTrackFileWrite
     present.load(file, nullptr);
 }
 
-bool KRRouteDocument::write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history)
+bool KRRouteDocument::write(const QByteArray &xml, const QFileInfo &file, KRErrorHistory *history)
 {
-    const QByteArray xml = KRXMLBuilder::toUTF8(document);
     KRErrorHistory refusals;
     if (xml.isNull() || xml.size() > KRInputLimits::documentBytes)
         reportUnreadable(file, tr("Es ist größer als %1 MB.").arg(KRInputLimits::documentBytes >> 20), history);

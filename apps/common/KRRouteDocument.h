@@ -68,7 +68,7 @@ private:
     /// Has the files of the document that is about to be replaced known, so that equal tracks are not written again.
     void learnFilesOf(const QFileInfo &file, const KRTrackFileWriter &writer) const;
     /// Unless the document goes beyond what is read.
-    static bool write(const QDomDocument &document, const QFileInfo &file, KRErrorHistory *history);
+    static bool write(const QByteArray &xml, const QFileInfo &file, KRErrorHistory *history);
     static QString tooOften();
     void reportTooManyNodes(const QFileInfo &file, KRErrorHistory *history) const;
     static void reportUnreadable(const QFileInfo &file, const QString &reason, KRErrorHistory *history);
