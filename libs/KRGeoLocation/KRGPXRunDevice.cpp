@@ -10,8 +10,18 @@ constexpr int blockBytes = 1 << 18;
 // A read that gets no whole character would look like the end of the file to the XML reader.
 constexpr int fewestBytes = 1 << 12;
 
-// Reads of a few bytes each would take long, and no point that a run may follow is as short.
-constexpr int shortestRead = 32;
+// Reads of a few bytes each would take long. Longer than the end of a segment, after which there is none.
+constexpr int shortestRead = 16;
+
+constexpr char pointTag[] = "<trkpt";
+
+bool pointFollows(const char *at, const char *end)
+{
+    const auto isBlank = [](char byte) { return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t'; };
+    at = std::find_if_not(at, end, isBlank);
+    constexpr std::ptrdiff_t length = sizeof(pointTag) - 1;
+    return end - at >= length && std::memcmp(at, pointTag, length) == 0;
+}
 
 } // namespace
 
@@ -81,7 +91,8 @@ int KRGPXRunDevice::endOfTag(int mostBytes) const
     // Each byte is looked at once, however many tags there are.
     for (const char *at = begin + std::min(mostBytes, shortestRead);
          (at = static_cast<const char *>(std::memchr(at, '>', std::size_t(end - at)))) != nullptr; ++at) {
-        if (isBehind(at, "trkpt", 5) || isBehind(at, "trkseg", 6))
+        if (isBehind(at, "trkpt", 5) || isBehind(at, "trkseg", 6)
+            || (isBehind(at, "/", 1) && pointFollows(at + 1, end)))
             return int(at + 1 - begin);
     }
     return mostBytes;
