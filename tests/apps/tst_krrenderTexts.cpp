@@ -19,6 +19,7 @@ private slots:
     void fewFilesMayBeOpened();
     void progressLeavesNoTrace();
     void languageFollowsTheLocale();
+    void needsNoDisplay();
     void exchangeFilesComeBack();
     void otherProgramsReadExchangeFiles();
 };
@@ -248,6 +249,15 @@ void tst_krrenderTexts::languageFollowsTheLocale()
     QCOMPARE(help.exitCode, 0);
     QVERIFY(help.out.contains("--line-color"));
     QVERIFY2(!QString::fromUtf8(help.out).contains(QRegularExpression(QStringLiteral("[äöüß]"))), help.out.constData());
+}
+
+void tst_krrenderTexts::needsNoDisplay()
+{
+    for (const char *variables : {"DISPLAY=:4711", "DISPLAY= WAYLAND_DISPLAY=missing", "QT_QPA_PLATFORM=missing"}) {
+        const Outcome outcome =
+            run(QByteArray("unset QT_QPA_PLATFORM; ") + variables + " krrender --size 64x48 $tour -o a.png");
+        QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.err));
+    }
 }
 
 void tst_krrenderTexts::exchangeFilesComeBack()
