@@ -33,6 +33,13 @@
     </message>
 </context>
 <context>
+    <name>KRFileState</name>
+    <message>
+        <source>Die Datei wurde geändert, während sie gelesen wurde.</source>
+        <translation>The file was changed while it was read.</translation>
+    </message>
+</context>
+<context>
     <name>KRSettings</name>
     <message>
         <source>Die Einstellungen konnten nicht gespeichert werden.</source>

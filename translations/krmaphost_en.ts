@@ -71,13 +71,6 @@
     </message>
 </context>
 <context>
-    <name>KRGpxImport</name>
-    <message>
-        <source>Die Datei wurde geändert, während sie gelesen wurde.</source>
-        <translation>The file was changed while it was read.</translation>
-    </message>
-</context>
-<context>
     <name>KRGpxPreparation</name>
     <message>
         <source>Wegpunkt %1</source>

@@ -2,29 +2,11 @@
 
 #include "KRGpxPreparation.h"
 
+#include <KRCore/KRFileState.h>
 #include <KRGeoLocation/KRGPXTrackFile.h>
 #include <KRGeoLocation/KRTrackSelectionFactoryGPXFile.h>
 
 #include <algorithm>
-#include <tuple>
-
-#include <sys/stat.h>
-
-namespace {
-
-/// What tells a file from what it becomes, or from another one in its place.
-struct FileState {
-    explicit FileState(const QFileInfo &file)
-    {
-        struct stat status = {};
-        if (::stat(QFile::encodeName(file.filePath()).constData(), &status) == 0)
-            state = {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
-    }
-
-    std::tuple<dev_t, ino_t, off_t, time_t, long> state;
-};
-
-} // namespace
 
 bool KRGpxImport::supportsFile(const QFileInfo &file)
 {
@@ -33,13 +15,13 @@ bool KRGpxImport::supportsFile(const QFileInfo &file)
 
 void KRGpxImport::read()
 {
-    const FileState before(m_file);
+    const KRFileState before(m_file);
     readWhole();
-    if (FileState(m_file).state == before.state)
+    if (KRFileState(m_file) == before)
         return;
     // It is read more than once: half of what there is now may be of one state and half of the other.
     *this = KRGpxImport(m_file);
-    KRErrorHistory::report(&m_problems, m_file.filePath(), tr("Die Datei wurde geändert, während sie gelesen wurde."));
+    KRErrorHistory::report(&m_problems, m_file.filePath(), KRFileState::textOfChange());
 }
 
 void KRGpxImport::readWhole()

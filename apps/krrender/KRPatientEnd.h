@@ -7,8 +7,8 @@
 
 /**
  * Has the program finish what it writes before it ends, when it is asked to end while this lives (SIGINT, SIGTERM,
- * SIGHUP). Asked twice with the same signal it ends at once. What the program ignores it goes on ignoring. One at a
- * time, main thread only.
+ * SIGHUP, SIGQUIT). Asked twice with the same signal it ends at once. What the program ignores it goes on ignoring. One
+ * at a time, main thread only.
  */
 class KRPatientEnd
 {
@@ -20,7 +20,7 @@ public:
 private:
     Q_DISABLE_COPY(KRPatientEnd)
 
-    static constexpr std::array<int, 3> signalNumbers = {SIGINT, SIGTERM, SIGHUP};
+    static constexpr std::array<int, 4> signalNumbers = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 
     std::array<struct sigaction, signalNumbers.size()> m_formerActions;
 };

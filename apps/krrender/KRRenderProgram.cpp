@@ -30,9 +30,19 @@
 #include <QImage>
 
 #include <algorithm>
+#include <optional>
 #include <unistd.h>
 
 namespace {
+
+void writeFile(const QFileInfo &file, const QByteArray &bytes, KRErrorHistory *history)
+{
+    // An end in between would leave a file of another name behind. Who reads a pipe may let it wait for ever.
+    std::optional<KRPatientEnd> patientEnd;
+    if (KRFileHandler::isReplaceable(file, nullptr))
+        patientEnd.emplace();
+    KRFileHandler::writeAll(file, bytes, history);
+}
 
 bool hasPosition(const KRGPXTrackElement &track)
 {
@@ -87,10 +97,9 @@ int KRRenderProgram::run()
 
 QString KRRenderProgram::writeToStandardOutput(const QByteArray &bytes)
 {
-    QFile out;
-    if (out.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered) && KRFileHandler::write(&out, bytes))
+    if (KRFileHandler::writeToChannel(STDOUT_FILENO, bytes))
         return QString();
-    return tr("Die Standardausgabe nimmt das Ergebnis nicht an.") + QLatin1Char(' ') + out.errorString();
+    return tr("Die Standardausgabe nimmt das Ergebnis nicht an.") + QLatin1Char(' ') + qt_error_string();
 }
 
 int KRRenderProgram::print(const QByteArray &bytes)
@@ -364,7 +373,7 @@ int KRRenderProgram::write(const QByteArray &bytes, const QString &refusal)
     else if (!bytes.isNull() && m_options.writesToStandardOutput())
         problem = writeToStandardOutput(bytes);
     else if (!bytes.isNull())
-        KRFileHandler::writeAll(QFileInfo(m_options.output()), bytes, &history);
+        writeFile(QFileInfo(m_options.output()), bytes, &history);
     if (!history.isEmpty())
         problem = history.entries().first().reason;
     if (problem.isEmpty()) {

@@ -1,6 +1,7 @@
 #include "KRFileHandler.h"
 
 #include "KRErrorHistory.h"
+#include "KRFileState.h"
 #include "KRInputLimits.h"
 #include "KRQtCompat.h"
 
@@ -13,6 +14,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
 
 namespace {
 
@@ -61,14 +65,17 @@ int openChannel(const QFileInfo &file)
     return -1;
 }
 
+QString notRegular()
+{
+    return QCoreApplication::translate("KRFileHandler", "Das ist keine gewöhnliche Datei.");
+}
+
 /// Why what exists is no file to be read or replaced; an empty text where it is one.
 QString refusalOfKind(const QFileInfo &file)
 {
     if (file.isDir())
         return QCoreApplication::translate("KRFileHandler", "Das ist ein Ordner und keine Datei.");
-    if (!file.isFile())
-        return QCoreApplication::translate("KRFileHandler", "Das ist keine gewöhnliche Datei.");
-    return QString();
+    return file.isFile() ? QString() : notRegular();
 }
 
 /// Why the file cannot be read, an empty text when nothing speaks against it.
@@ -83,15 +90,40 @@ QString refusal(const QFileInfo &file, qint64 maximumSize)
     return reason.isEmpty() && file.size() > maximumSize ? tooLarge(maximumSize) : reason;
 }
 
+/// Why the file cannot be opened, an empty text when it is open now. Neither a pipe that has taken its place since
+/// somebody looked, nor a file of the system that has nothing to say yet, is waited for.
+QString openWithoutWaiting(QFile *file)
+{
+    const QByteArray name = QFile::encodeName(file->fileName());
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return unreadable(qt_error_string(errno));
+    file->open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    return file->isSequential() ? notRegular() : QString();
+}
+
+bool write(QSaveFile *file, const QByteArray &bytes)
+{
+    qint64 count = 0;
+    while (count < bytes.size()) {
+        const qint64 written = file->write(bytes.constData() + count, bytes.size() - count);
+        if (written <= 0)
+            return false;
+        count += written;
+    }
+    return true;
+}
+
 } // namespace
 
 bool KRFileHandler::openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize)
 {
     QString reason = refusal(QFileInfo(file.fileName()), maximumSize);
-    if (reason.isEmpty() && !file.open(QIODevice::ReadOnly))
-        reason = unreadable(file.errorString());
+    if (reason.isEmpty())
+        reason = openWithoutWaiting(&file);
     if (reason.isEmpty())
         return true;
+    file.close();
     KRErrorHistory::report(history, file.fileName(), reason);
     return false;
 }
@@ -102,6 +134,7 @@ QByteArray KRFileHandler::readAll(const QFileInfo &file, KRErrorHistory *history
     if (!openForReading(source, history, maximumSize))
         return QByteArray();
 
+    const KRFileState before(source);
     // Up to one byte more than allowed, as the file may have grown since its size was asked for; but room for no more
     // than there seems to be, for QIODevice takes it before it reads.
     QByteArray bytes;
@@ -111,15 +144,17 @@ QByteArray KRFileHandler::readAll(const QFileInfo &file, KRErrorHistory *history
             break;
         bytes += piece;
     }
-    if (source.error() != QFileDevice::NoError) {
-        KRErrorHistory::report(history, file.filePath(), source.errorString());
-        return QByteArray();
-    }
-    if (bytes.size() > maximumSize) {
-        KRErrorHistory::report(history, file.filePath(), tooLarge(maximumSize));
-        return QByteArray();
-    }
-    return bytes.isNull() ? QByteArray("") : bytes;
+    QString reason;
+    if (source.error() != QFileDevice::NoError)
+        reason = source.errorString();
+    else if (bytes.size() > maximumSize)
+        reason = tooLarge(maximumSize);
+    else if (KRFileState(source) != before)
+        reason = KRFileState::textOfChange();
+    if (reason.isEmpty())
+        return bytes.isNull() ? QByteArray("") : bytes;
+    KRErrorHistory::report(history, file.filePath(), reason);
+    return QByteArray();
 }
 
 QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *history)
@@ -151,14 +186,20 @@ QStringList KRFileHandler::readTextFile(const QFileInfo &file, KRErrorHistory *h
     return QStringList();
 }
 
-bool KRFileHandler::write(QFileDevice *file, const QByteArray &bytes)
+bool KRFileHandler::writeToChannel(int descriptor, const QByteArray &bytes)
 {
-    qint64 count = 0;
-    while (count < bytes.size()) {
-        const qint64 written = file->write(bytes.constData() + count, bytes.size() - count);
-        if (written <= 0)
+    std::size_t count = 0;
+    const auto size = std::size_t(bytes.size());
+    while (count < size) {
+        const ssize_t written = ::write(descriptor, bytes.constData() + count, size - count);
+        if (written >= 0) {
+            count += std::size_t(written);
+        } else if (errno == EAGAIN) {
+            pollfd room = {descriptor, POLLOUT, 0};
+            ::poll(&room, 1, -1);
+        } else if (errno != EINTR) {
             return false;
-        count += written;
+        }
     }
     return true;
 }
@@ -180,10 +221,10 @@ bool KRFileHandler::writeAll(const QFileInfo &file, const QByteArray &bytes, KRE
     const bool isChannel = number >= 0 || (file.exists() && !file.isFile() && !file.isDir());
     if (isChannel) {
         QFile channel(file.filePath());
-        const bool isOpen = number >= 0 ? channel.open(number, mode) : channel.open(mode);
-        if (isOpen && write(&channel, bytes))
+        const bool isOpen = number >= 0 || channel.open(mode);
+        if (isOpen && writeToChannel(number >= 0 ? number : channel.handle(), bytes))
             return true;
-        KRErrorHistory::report(history, file.filePath(), channel.errorString());
+        KRErrorHistory::report(history, file.filePath(), isOpen ? qt_error_string(errno) : channel.errorString());
         return false;
     }
     QSaveFile target(file.filePath());

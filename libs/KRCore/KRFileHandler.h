@@ -7,7 +7,6 @@
 
 class KRErrorHistory;
 class QFile;
-class QFileDevice;
 class QFileInfo;
 
 /**
@@ -22,16 +21,17 @@ public:
     /// Opens @p file, which has its name already, for reading bytes. Files above @p maximumSize bytes are refused.
     static bool openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize);
 
-    /// The whole file, a null array when it could not be read or holds more than @p maximumSize bytes.
+    /// The whole file, a null array when it could not be read, holds more than @p maximumSize bytes, or was changed
+    /// meanwhile: half of it might be of one state and half of another.
     static QByteArray readAll(const QFileInfo &file, KRErrorHistory *history, qint64 maximumSize);
 
     /// The lines without their ends, decoded as UTF-8, or as UTF-16 where a byte order mark says so. Empty when the
     /// file could not be read, or is larger than KRInputLimits::documentBytes and textLines allow.
     static QStringList readTextFile(const QFileInfo &file, KRErrorHistory *history = nullptr);
 
-    /// Writes all bytes into an open, unbuffered file. False on failure; errorString() has the reason, unless a full
-    /// disk has taken a part of the bytes.
-    static bool write(QFileDevice *file, const QByteArray &bytes);
+    /// Writes all bytes into what is open already, as the standard output; waits where it has no room as yet. False on
+    /// failure, errno has the reason.
+    static bool writeToChannel(int descriptor, const QByteArray &bytes);
 
     /// Whether writeAll() would replace a file or make a new one: a pipe that nobody reads would take for ever.
     static bool isReplaceable(const QFileInfo &file, KRErrorHistory *history);

@@ -1,5 +1,6 @@
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRFileHandler.h>
+#include <KRCore/KRFileState.h>
 #include <KRCore/KRInputLimits.h>
 
 #include "KRFileSizeLimit.h"
@@ -8,8 +9,13 @@
 #include "KRTestFile.h"
 #include "KRTestFolder.h"
 
+#include <QThread>
+
+#include <array>
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -74,6 +80,55 @@ private slots:
         ::close(reader);
         QCOMPARE(bytes, QByteArray("through the pipe"));
         QVERIFY(!QFileInfo(QFile::decodeName(path)).isFile());
+    }
+
+    void waitsForRoomInPipes()
+    {
+        std::array<int, 2> ends{};
+        QCOMPARE(::pipe2(ends.data(), O_NONBLOCK), 0);
+        const QByteArray bytes(1000000, 'x');
+        QByteArray received;
+        const std::unique_ptr<QThread> reader(QThread::create([&] {
+            QByteArray piece(1 << 16, '\0');
+            while (received.size() < bytes.size()) {
+                pollfd end = {ends[0], POLLIN, 0};
+                ::poll(&end, 1, -1);
+                const ssize_t count = ::read(ends[0], piece.data(), std::size_t(piece.size()));
+                if (count <= 0)
+                    return;
+                received.append(piece.constData(), int(count));
+            }
+        }));
+        reader->start();
+        const bool isWritten = KRFileHandler::writeToChannel(ends[1], bytes);
+        ::close(ends[1]);
+        reader->wait();
+        ::close(ends[0]);
+        QVERIFY(isWritten);
+        QVERIFY(received == bytes);
+    }
+
+    void refusesWhatChangesMeanwhile()
+    {
+        const QFileInfo file = written(QByteArray(30000000, 'a'));
+        std::atomic<bool> isOver{false};
+        const std::unique_ptr<QThread> writer(QThread::create([&] {
+            QFile changed(file.filePath());
+            for (changed.open(QIODevice::ReadWrite | QIODevice::Unbuffered); !isOver; QThread::usleep(500)) {
+                changed.seek(0);
+                changed.write("b");
+            }
+        }));
+        writer->start();
+        // The writer may not come to it in each of them.
+        KRErrorHistory history;
+        for (int i = 0; i < 100 && history.isEmpty(); ++i)
+            KRFileHandler::readAll(file, &history, file.size());
+        isOver = true;
+        writer->wait();
+        QVERIFY(!history.isEmpty());
+        QCOMPARE(history.entries().first().reason, KRFileState::textOfChange());
+        QCOMPARE(KRFileHandler::readAll(file, nullptr, file.size()).size(), int(file.size()));
     }
 
     void writesIntoOpenChannels()
