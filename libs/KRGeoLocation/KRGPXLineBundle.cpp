@@ -3,6 +3,7 @@
 #include "KRGPXConfiguredTrack.h"
 #include "KRGPXMarkerShape.h"
 #include "KRGPXPathPainter.h"
+#include "KRGPXPenKeeper.h"
 #include "KRGPXTrackConfiguration.h"
 #include "KRGPXTrackDisplayOptions.h"
 #include "KRGPXTrackShape.h"
@@ -44,12 +45,9 @@ void KRGPXLineBundle::draw()
     if (m_lines.isEmpty())
         return;
     constexpr double softEdgePx = 2.0;
-    m_painter->save();
-    m_painter->setPen(m_pen);
-    m_painter->setBrush(Qt::NoBrush);
+    const KRGPXPenKeeper keeper(m_painter, m_pen, Qt::NoBrush);
     KRGPXWorldCopies(m_renderer->aroundTheWorldOffset())
         .forEach(m_painter, m_lines, m_pen.widthF() + softEdgePx,
                  [this] { KRGPXPathPainter::drawPath(m_painter, m_lines); });
-    m_painter->restore();
     m_lines = QPainterPath();
 }

@@ -1,5 +1,7 @@
 #include "KRGPXMarkerShape.h"
 
+#include "KRGPXPenKeeper.h"
+
 #include <KRCore/KRQtCompat.h>
 #include <KRXML/KRXMLBuilder.h>
 
@@ -85,10 +87,11 @@ void KRGPXMarkerShape::draw(QPainter *painter, const QPointF &centre, double rx,
 {
     const double growth = isSolid() ? 0.0 : 0.4 * painter->pen().width();
     const QRectF target = targetRect(centre, rx + growth, ry + growth);
-    painter->save();
+    const KRGPXPenKeeper keeper(painter, painter->pen(), painter->brush());
+    const QPainter::RenderHints hints = painter->renderHints();
     configurePainter(painter, target);
     drawShape(painter, target);
-    painter->restore();
+    painter->setRenderHints(KRQtCompat::antialiasing() & ~hints, false);
 }
 
 QRectF KRGPXMarkerShape::targetRect(const QPointF &centre, double rx, double ry) const

@@ -8,6 +8,7 @@
 #include "KRGPXMarkerShape.h"
 #include "KRGPXMarkerStamps.h"
 #include "KRGPXPathPainter.h"
+#include "KRGPXPenKeeper.h"
 #include "KRGPXTrack.h"
 #include "KRGPXTrackChunks.h"
 #include "KRGPXTrackConfiguration.h"
@@ -447,11 +448,9 @@ void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const KRGPXConfiguredTra
 void KRGPXTrackRenderer::drawPolygon(QPainter *painter, const QPainterPath &path,
                                      const KRGPXTrackConfiguration &configuration, TrackRenderOption option) const
 {
-    painter->save();
     if (option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption))
         KRGPXPathPainter::fillPath(painter, path, brushFromTrack(configuration, option));
     drawPath(painter, path, configuration, option);
-    painter->restore();
 }
 
 void KRGPXTrackRenderer::drawPath(QPainter *painter, const QPainterPath &path,
@@ -459,11 +458,8 @@ void KRGPXTrackRenderer::drawPath(QPainter *painter, const QPainterPath &path,
 {
     if (option != OpaqueRender && !configuration.hasDrawOption(StrokeDisplayOption))
         return;
-    painter->save();
-    painter->setPen(penFromTrack(configuration, option));
-    painter->setBrush(Qt::NoBrush);
+    const KRGPXPenKeeper keeper(painter, penFromTrack(configuration, option), Qt::NoBrush);
     KRGPXTrackRendererDashes::drawPath(painter, path);
-    painter->restore();
 }
 
 void KRGPXTrackRenderer::drawArrowHead(QPainter *painter, const QPainterPath &path,
@@ -480,11 +476,9 @@ void KRGPXTrackRenderer::drawArrowHead(QPainter *painter, const QPainterPath &pa
     const double halfDistance = std::hypot(tip.x() - start.x(), tip.y() - start.y()) * 0.5;
     const double length = scale(qBound(shortestArrow, halfDistance, longestArrow));
 
-    painter->save();
-    painter->setPen(pen);
+    const KRGPXPenKeeper keeper(painter, pen, painter->brush());
     painter->drawLine(tip, movePolar(tip, length, angle + barbAngle));
     painter->drawLine(tip, movePolar(tip, length, angle - barbAngle));
-    painter->restore();
 }
 
 void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option,
@@ -506,13 +500,10 @@ void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack
     const QPen pen = strokes ? penFromTrack(configuration, option) : QPen(Qt::transparent);
     const double size = drawableWidth(scale(configuration.lineWidth().toDouble()));
     const double reach = size + pen.widthF() + 2.0;
-    painter->save();
-    painter->setPen(pen);
-    painter->setBrush(fills ? brushFromTrack(configuration, option) : QBrush(Qt::transparent));
+    const KRGPXPenKeeper keeper(painter, pen, fills ? brushFromTrack(configuration, option) : Qt::transparent);
     const KRGPXMarkerShape shape = configuration.markerShape();
     worldCopies().forEach(painter, QPainterPath(centre), reach, [&] {
         if (!stamps || !stamps->draw(painter, shape, centre, size))
             shape.draw(painter, centre, size, size);
     });
-    painter->restore();
 }

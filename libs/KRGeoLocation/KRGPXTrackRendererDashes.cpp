@@ -1,6 +1,7 @@
 #include "KRGPXTrackRendererDashes.h"
 
 #include "KRGPXPathPainter.h"
+#include "KRGPXPenKeeper.h"
 
 #include <QLineF>
 #include <QPaintEngine>
@@ -113,8 +114,6 @@ void KRGPXTrackRendererDashes::drawPath(QPainter *painter, const QPainterPath &p
     }
     QPen solidPen = painter->pen();
     solidPen.setStyle(Qt::SolidLine);
-    painter->save();
-    painter->setPen(solidPen);
+    const KRGPXPenKeeper keeper(painter, solidPen, painter->brush());
     KRGPXPathPainter::drawPath(painter, path);
-    painter->restore();
 }

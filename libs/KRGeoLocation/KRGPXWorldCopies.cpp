@@ -53,12 +53,19 @@ void KRGPXWorldCopies::forEach(QPainter *painter, const QPainterPath &path, doub
     const QRectF points = path.isEmpty() ? QRectF(path.currentPosition(), QSizeF(0.0, 0.0)) : path.controlPointRect();
     const QRectF bounds = points.adjusted(-reach, -reach, reach, reach);
     for (int shift = shifts.minimum() - rounds; shift <= shifts.maximum() + rounds; ++shift) {
-        painter->save();
-        if (shift != 0)
-            painter->translate(shift * m_offset);
+        const QPointF way = shift * m_offset;
+        const QRectF place = bounds.translated(way);
         const bool isFarAway = shift < shifts.minimum() || shift > shifts.maximum();
-        if (!surelyMissesDevice(painter, bounds) && !(isFarAway && missesPage(painter, bounds)))
+        if (surelyMissesDevice(painter, place) || (isFarAway && missesPage(painter, place)))
+            continue;
+        // The state of a painter is not saved needlessly: SVG has a group for each.
+        if (shift == 0) {
             draw();
+            continue;
+        }
+        painter->save();
+        painter->translate(way);
+        draw();
         painter->restore();
     }
 }
