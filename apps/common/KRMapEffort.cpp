@@ -115,28 +115,31 @@ double KRMapEffort::effortOf(const KRGPXConfiguredTrack &track, Memory *memory) 
     if (path.isEmpty())
         return effortOfMarker(track, memory);
 
-    const std::vector<QPen> pens = pensOf(track);
+    const std::vector<Layer> layers = layersOf(track);
     double reach = 0.0;
-    for (const QPen &pen : pens)
-        reach = std::max(reach, pen.widthF() / 2.0);
+    for (const Layer &layer : layers)
+        reach = std::max(reach, layer.isStroked ? layer.pen.widthF() / 2.0 : 0.0);
     const Extent extent = extentOf(path, reach);
     double effort = 0.0;
-    if (shape == PolygonTrackShape)
-        effort += fillingsOf(track) * (effortOfOutline(extent.length, extent.area) + mixedPixelNs * extent.area);
-    else if ((track.configuration().markerShape() & ArrowMarkerShape) != 0 && extent.area > 0.0)
+    if (shape != PolygonTrackShape && (track.configuration().markerShape() & ArrowMarkerShape) != 0
+        && extent.area > 0.0)
         effort += arrowNs;
     if (memory)
-        memory->strokes.resize(pens.size());
-    for (std::size_t i = 0; i < pens.size(); ++i) {
-        Stroke stroke{pens.at(i), Extent()};
-        const bool isBundledHere = memory && isBundled(track, stroke.pen);
+        memory->strokes.resize(layers.size());
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        const Layer &layer = layers.at(i);
+        if (layer.isFilled)
+            effort += effortOfOutline(extent.length, extent.area) + mixedPixelNs * extent.area;
+        Stroke stroke{layer.pen, Extent()};
+        const bool isBundledHere = memory && isBundled(track, layer);
         if (isBundledHere && memory->strokes.at(i).pen == stroke.pen
             && memory->strokes.at(i).extent.lines < KRGPXLineBundle::mostElements)
             stroke = memory->strokes.at(i);
         const double before = effortOfLines(stroke.extent, stroke.pen);
         stroke.extent = sumOf(stroke.extent, extent);
         // Where lines begin to be thinned all together take less than they did.
-        effort += std::max(0.0, effortOfLines(stroke.extent, stroke.pen) - before);
+        if (layer.isStroked)
+            effort += std::max(0.0, effortOfLines(stroke.extent, stroke.pen) - before);
         if (memory)
             memory->strokes[i] = isBundledHere ? stroke : Stroke();
     }
@@ -163,9 +166,9 @@ double KRMapEffort::effortOfMarker(const KRGPXConfiguredTrack &track, Memory *me
     const double diameter = 2.0 * std::max(0.0, m_renderer->scale(track.lineWidth().toDouble()));
     bool isKnown = memory && knowsMarker(track.configuration(), memory);
     double effort = 0.0;
-    const std::vector<QPen> pens = pensOf(track);
-    for (const QPen &pen : pens) {
-        const double side = diameter + pen.widthF();
+    const std::vector<Layer> layers = layersOf(track);
+    for (const Layer &layer : layers) {
+        const double side = diameter + layer.pen.widthF();
         isKnown = isKnown && side <= largestCopiedSide;
         const double area = std::min(side * side, pixelsOf(m_renderer->targetImageSize()));
         const double newArea = isKnown ? 0.0 : std::pow(std::min(side, largestMarkerSide), 2.0);
@@ -230,36 +233,31 @@ KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach
     return extent;
 }
 
-/// Of each time that the track is drawn.
-std::vector<QPen> KRMapEffort::pensOf(const KRGPXConfiguredTrack &track) const
+std::vector<KRMapEffort::Layer> KRMapEffort::layersOf(const KRGPXConfiguredTrack &track) const
 {
     const KRGPXTrackConfiguration configuration = track.configuration();
-    std::vector<QPen> pens;
-    if (m_isCropped) {
-        pens.push_back(m_renderer->penFromTrack(configuration, OpaqueRender));
-        pens.back().setColor(Qt::black);
-    }
+    const bool isArea = track.effectiveShape() == PolygonTrackShape;
+    QPen mask = m_renderer->penFromTrack(configuration, OpaqueRender);
+    mask.setColor(Qt::black);
+    std::vector<Layer> layers;
+    if (m_isCropped)
+        layers.push_back({mask, true, isArea});
     if (m_isForMaskOnly)
-        return pens;
-    for (int i = 0; i < bandsOfHalo && !track.haloWidth().isNull(); ++i) {
-        pens.push_back(m_renderer->penFromTrack(configuration, OpaqueRender));
-        pens.back().setColor(Qt::black);
-        pens.back().setWidthF(pens.back().widthF() + m_renderer->scale(extraWidthOfBand));
-    }
-    if (m_option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption))
-        pens.push_back(m_renderer->penFromTrack(configuration, m_option));
-    return pens;
-}
-
-int KRMapEffort::fillingsOf(const KRGPXConfiguredTrack &track) const
-{
-    const bool isFilled = m_option == OpaqueRender || track.configuration().hasDrawOption(FillDisplayOption);
-    return (m_isCropped ? 1 : 0) + (isFilled && !m_isForMaskOnly ? 1 : 0);
+        return layers;
+    QPen band = mask;
+    band.setWidthF(mask.widthF() + m_renderer->scale(extraWidthOfBand));
+    for (int i = 0; i < bandsOfHalo && !track.haloWidth().isNull(); ++i)
+        layers.push_back({band, true, false});
+    const bool isOpaque = m_option == OpaqueRender;
+    layers.push_back({m_renderer->penFromTrack(configuration, m_option),
+                      isOpaque || configuration.hasDrawOption(StrokeDisplayOption),
+                      isArea && (isOpaque || configuration.hasDrawOption(FillDisplayOption))});
+    return layers;
 }
 
 /// As KRGPXLineBundle decides.
-bool KRMapEffort::isBundled(const KRGPXConfiguredTrack &track, const QPen &pen) const
+bool KRMapEffort::isBundled(const KRGPXConfiguredTrack &track, const Layer &layer)
 {
-    return track.effectiveShape() != PolygonTrackShape && pen.style() == Qt::SolidLine && pen.color().alpha() == 255
+    return layer.isStroked && !layer.isFilled && layer.pen.style() == Qt::SolidLine && layer.pen.color().alpha() == 255
            && (track.configuration().markerShape() & ArrowMarkerShape) == 0;
 }

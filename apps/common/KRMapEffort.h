@@ -50,6 +50,12 @@ private:
         double area = 0.0; ///< of the rectangles around them in pixels, as far as they are in the image
         double copies = 0.0; ///< of the world, in which they lie
     };
+    /// How a track is drawn, one of the times that it is.
+    struct Layer {
+        QPen pen;
+        bool isStroked;
+        bool isFilled;
+    };
     /// What is drawn in one go, for each time that the tracks are drawn: one track or several of the same look.
     struct Stroke {
         QPen pen;
@@ -68,9 +74,8 @@ private:
     double effortOfLines(const Extent &extent, const QPen &pen) const;
     Extent sumOf(const Extent &first, const Extent &second) const;
     Extent extentOf(const QPainterPath &path, double reach) const;
-    std::vector<QPen> pensOf(const KRGPXConfiguredTrack &track) const;
-    int fillingsOf(const KRGPXConfiguredTrack &track) const;
-    bool isBundled(const KRGPXConfiguredTrack &track, const QPen &pen) const;
+    std::vector<Layer> layersOf(const KRGPXConfiguredTrack &track) const;
+    static bool isBundled(const KRGPXConfiguredTrack &track, const Layer &layer);
 
     const KRGPXTrackRenderer *const m_renderer;
     bool m_isCropped = false;

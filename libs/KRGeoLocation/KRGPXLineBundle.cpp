@@ -35,9 +35,11 @@ bool KRGPXLineBundle::isForBundle(const KRGPXConfiguredTrack &track, const QPen 
     const KRGPXTrackShape shape = track.effectiveShape();
     const KRGPXTrackConfiguration configuration = track.configuration();
     const bool isStroked = m_option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption);
+    const bool isFilled =
+        shape == PolygonTrackShape && (m_option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption));
     const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
-    return isStroked && !hasArrow && shape != PolygonTrackShape && shape != PointTrackShape
-           && pen.style() == Qt::SolidLine && pen.color().alpha() == 255;
+    return isStroked && !isFilled && !hasArrow && shape != PointTrackShape && pen.style() == Qt::SolidLine
+           && pen.color().alpha() == 255;
 }
 
 void KRGPXLineBundle::draw()

@@ -8,8 +8,8 @@
 /**
  * Draws many tracks of the same look at once, which is faster by far than one after the other.
  *
- * Lines of one opaque colour leave the same marks either way, but for soft edges where they meet. Whatever else a track
- * may be is not for a bundle.
+ * Lines of one opaque colour, and areas of which only the edge is drawn, leave the same marks either way, but for soft
+ * edges where they meet. Whatever else a track may be is not for a bundle.
  */
 class KRGPXLineBundle
 {

@@ -109,6 +109,11 @@ private slots:
         const QColor half(200, 60, 0, 127);
         const KRTestTable<int, Make, int> table{
             {"lines of one look", 1500, [](Scatter *scatter, int) { return scatter->track(4, 20, {Qt::blue}); }, 150},
+            {"edges of areas of one look", 1500,
+             [](Scatter *scatter, int) {
+                 return scatter->track(4, 20, {Qt::blue, 2.0, PolygonTrackShape, StrokeDisplayOption});
+             },
+             150},
             {"runs of lines of other colours and widths, one over the other", 1500,
              [](Scatter *scatter, int i) {
                  return scatter->track(2, 30, {QColor::fromHsv(i / 50 * 37 % 360, 255, 255), 1.0 + i / 50 % 4});
