@@ -30,6 +30,7 @@
 #include <cmath>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -67,6 +68,22 @@ int dateLineCrossing(const KRLongitude &from, const KRLongitude &to)
     if (from.isEastOf(to) == startsInTheEast)
         return 0; // over the prime meridian
     return startsInTheEast ? 1 : -1;
+}
+
+bool crossesDateLine(const QList<KRGeoPositionSpan> &chunks)
+{
+    if (chunks.isEmpty())
+        return false;
+    KRLongitude from = chunks.first().longitudes[0];
+    for (const KRGeoPositionSpan &chunk : chunks) {
+        for (int i = 0; i < chunk.count; ++i) {
+            const KRLongitude to = chunk.longitudes[i];
+            if (dateLineCrossing(from, to) != 0)
+                return true;
+            from = to;
+        }
+    }
+    return false;
 }
 
 /// For a mask, which has no colours: what looks alike is drawn faster.
@@ -316,7 +333,7 @@ QPainterPath KRGPXTrackRenderer::createPainterPath(const KRGPXTrack &track, int 
     std::vector<QPointF> points = projectedPoints(track);
     if (smoothingStrength != 100)
         KRGPXTrackSmoothing(points.data(), int(points.size()), smoothingStrength / 100.0, smoothingSteps).run();
-    return thinnedPath(points);
+    return thinnedPath(std::move(points));
 }
 
 std::vector<QPointF> KRGPXTrackRenderer::projectedPoints(const KRGPXTrack &track) const
@@ -325,8 +342,9 @@ std::vector<QPointF> KRGPXTrackRenderer::projectedPoints(const KRGPXTrack &track
     const Chunks &spans = chunks.spans();
     const Ranges &ranges = chunks.ranges();
     bool crossed = false;
-    const std::unique_ptr<QPointF[]> offsets(
-        createDateLineCrossingOffsets(spans, chunks.numbers(), chunks.pointCount(), ranges, &crossed));
+    std::unique_ptr<QPointF[]> offsets;
+    if (crossesDateLine(spans))
+        offsets.reset(createDateLineCrossingOffsets(spans, chunks.numbers(), chunks.pointCount(), ranges, &crossed));
     auto points = std::vector<QPointF>(std::size_t(chunks.pointCount()));
     QPointF *const target = points.data();
     KRConcurrent::blockingMap(chunks.numbers(), [&](int c) { projectPointsPP(c, spans, ranges, target); });
@@ -385,27 +403,24 @@ QPointF *KRGPXTrackRenderer::createDateLineCrossingOffsets(const Chunks &chunks,
     return offsets.release();
 }
 
-QPainterPath KRGPXTrackRenderer::thinnedPath(const std::vector<QPointF> &points) const
+QPainterPath KRGPXTrackRenderer::thinnedPath(std::vector<QPointF> points) const
 {
-    const auto first = std::find_if(points.begin(), points.end(), isPixel);
-    if (first == points.end())
+    points.erase(std::remove_if(points.begin(), points.end(), [](const QPointF &point) { return !isPixel(point); }),
+                 points.end());
+    if (points.empty())
+        return QPainterPath();
+    const QPointF lastOfAll = points.back();
+    const double threshold = scale(minimumStep);
+    auto lastKept = points.begin();
+    for (auto point = points.begin() + 1; point != points.end(); ++point)
+        if ((*lastKept - *point).manhattanLength() > threshold)
+            *++lastKept = *point;
+    if (lastKept == points.begin())
         return QPainterPath();
 
-    QPainterPath path(*first);
-    QPointF lastInPath = *first;
-    QPointF lastOfAll = *first;
-    const double threshold = scale(minimumStep);
-    for (auto point = first + 1; point != points.end(); ++point) {
-        if (!isPixel(*point))
-            continue;
-        lastOfAll = *point;
-        if ((lastInPath - *point).manhattanLength() > threshold) {
-            path.lineTo(*point);
-            lastInPath = *point;
-        }
-    }
-    if (path.isEmpty())
-        return QPainterPath();
+    QPainterPath path(points.front());
+    path.reserve(int(lastKept - points.begin()) + 2);
+    std::for_each(points.begin() + 1, lastKept + 1, [&path](const QPointF &point) { path.lineTo(point); });
     path.lineTo(lastOfAll);
     return path;
 }

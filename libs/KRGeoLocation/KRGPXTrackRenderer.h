@@ -150,7 +150,7 @@ private:
                  bool antialiased) const;
     void drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option) const;
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
-    QPainterPath thinnedPath(const std::vector<QPointF> &points) const;
+    QPainterPath thinnedPath(std::vector<QPointF> points) const;
     double reachOf(const QPen &pen) const;
     KRGPXWorldCopies worldCopies() const;
 
