@@ -30,6 +30,16 @@ bool KRGPXLineBundle::take(const KRGPXConfiguredTrack &track)
     return true;
 }
 
+bool KRGPXLineBundle::hasColorOf(const KRGPXConfiguredTrack &track) const
+{
+    const KRGPXTrackConfiguration configuration = track.configuration();
+    const auto isUsed = [&](KRGPXTrackDisplayOptionsEnum use) {
+        return m_option == OpaqueRender || configuration.hasDrawOption(use);
+    };
+    return (!isUsed(StrokeDisplayOption) || m_renderer->lineColor(configuration, m_option) == m_pen.color())
+           && (!isUsed(FillDisplayOption) || m_renderer->fillColor(configuration, m_option) == m_pen.color());
+}
+
 bool KRGPXLineBundle::isForBundle(const KRGPXConfiguredTrack &track, const QPen &pen) const
 {
     const KRGPXTrackShape shape = track.effectiveShape();

@@ -182,7 +182,8 @@ void KRGPXTrackRenderer::drawTracks(QPainter *painter, const KRGPXConfiguredTrac
     for (const KRGPXConfiguredTrack &track : tracks) {
         if (isBundled && bundle.take(track))
             continue;
-        bundle.draw();
+        if (!bundle.hasColorOf(track))
+            bundle.draw();
         if (isBundled && track.effectiveShape() == PointTrackShape)
             drawPoint(painter, track, option, &stamps);
         else

@@ -126,6 +126,12 @@ private slots:
                                         StrokeDisplayOption, DiskMarkerShape, i % 50 == 1 ? 2 : 1});
              },
              20},
+            {"lines between dots of the same colour and of others", 1500,
+             [half](Scatter *scatter, int i) {
+                 return i % 3 == 0 ? scatter->track(1, 1, {i % 30 == 0 ? half : QColor(Qt::blue), 3.0})
+                                   : scatter->track(3, 25, {Qt::blue, 3.0});
+             },
+             20},
             {"markers of a few looks", 1500,
              [](Scatter *scatter, int i) {
                  return scatter->track(1, 1,
