@@ -16,6 +16,12 @@ void KRTrackFileStamps::remember(const QFileInfo &file, const Stamp &stamp, cons
     m_files.insert(file.absoluteFilePath(), {stamp, track});
 }
 
+KRGPXTrack KRTrackFileStamps::forget(const QFileInfo &file)
+{
+    const QMutexLocker locker(&m_mutex);
+    return m_files.take(file.absoluteFilePath()).second;
+}
+
 bool KRTrackFileStamps::holds(const QFileInfo &file, const KRGPXTrack &track) const
 {
     const Stamp now = stampOf(file);

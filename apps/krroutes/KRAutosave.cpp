@@ -4,10 +4,13 @@
 
 #include <KRRouteDocument.h>
 #include <KRTrackFileReader.h>
+#include <KRTrackFileStamps.h>
 
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRXMLLoader.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
 
 #include <QDir>
 #include <QDomElement>
@@ -28,7 +31,8 @@ int countPoints(const KRGPXTrackSelection &selection)
     });
 }
 
-/// What the document does not name of all that has been written into its folder: hours of work would fill the disk.
+/// What the document does not name of all that has been written into its folder: hours of work would fill the disk,
+/// and the memory with the points of tracks that nothing else holds any more.
 void removeFormerFiles(const QFileInfo &document)
 {
     const QDomElement root = KRXMLLoader::loadDocumentElement(document, nullptr);
@@ -41,8 +45,10 @@ void removeFormerFiles(const QFileInfo &document)
     QDir folder = KRRouteDocument::trackFolder(document);
     const QStringList names = folder.entryList(QDir::Files);
     for (const QString &name : names) {
-        if (!present.contains(name))
-            folder.remove(name);
+        if (present.contains(name) || !folder.remove(name))
+            continue;
+        const KRGPXTrack track = KRTrackFileStamps::instance()->forget(QFileInfo(folder, name));
+        KRGPXTrackFileRegistry::instance().forgetFile(KRGPXTrackFileRegistryKey(track, folder), name);
     }
 }
 

@@ -27,6 +27,16 @@ void KRGPXTrackFileNames::insert(const KRGPXTrackFileRegistryKey &key, const QSt
     m_groups[groupWith(key)].insert(key, fileName);
 }
 
+void KRGPXTrackFileNames::remove(const KRGPXTrackFileRegistryKey &key)
+{
+    const auto names = m_groups.find(groupWith(key));
+    if (names == m_groups.end())
+        return;
+    names->remove(key);
+    if (names->isEmpty())
+        m_groups.erase(names);
+}
+
 KRGPXTrackFileNames::Group KRGPXTrackFileNames::groupOf(const KRGPXTrack &track, double latitudeOffset,
                                                         double longitudeOffset)
 {

@@ -19,6 +19,7 @@ public:
     QString value(const KRGPXTrackFileRegistryKey &key) const;
     /// In place of the one that there may be for an equal key.
     void insert(const KRGPXTrackFileRegistryKey &key, const QString &fileName);
+    void remove(const KRGPXTrackFileRegistryKey &key);
 
 private:
     using Group = QPair<QString, QPair<int, int>>; // the name of the tracks and the cell of a grid where they begin

@@ -54,6 +54,13 @@ void KRGPXTrackFileRegistry::registerFile(const KRGPXTrackFileRegistryKey &key, 
     m_fileNames.insert(realPath(createFileInfo(key, fileName)));
 }
 
+void KRGPXTrackFileRegistry::forgetFile(const KRGPXTrackFileRegistryKey &key, const QString &fileName)
+{
+    const QMutexLocker locker(&m_mutex);
+    if (m_files.value(key) == fileName)
+        m_files.remove(key);
+}
+
 QString KRGPXTrackFileRegistry::createAssignedFile(const KRGPXTrackFileRegistryKey &key)
 {
     const QMutexLocker locker(&m_mutex);

@@ -16,8 +16,8 @@ class QFileInfo;
  * Remembers for the whole process which track has been written to which file in which directory.
  *
  * A track that is saved again unchanged keeps its file, which is not written again; a changed track gets a new one.
- * Nothing is ever forgotten. May be called from several threads: two that save tracks never get the same new name, nor
- * do two processes that save into the same directory.
+ * Only forgetFile() forgets anything. May be called from several threads: two that save tracks never get the same new
+ * name, nor do two processes that save into the same directory.
  */
 class KRGEOLOCATION_EXPORT KRGPXTrackFileRegistry : public QObject, public KRSingleton<KRGPXTrackFileRegistry>
 {
@@ -34,6 +34,8 @@ public:
     QString fileName(const KRGPXTrackFileRegistryKey &key) const;
 
     void registerFile(const KRGPXTrackFileRegistryKey &key, const QString &fileName);
+    /// For a file that has been removed. Its name is not given to another track.
+    void forgetFile(const KRGPXTrackFileRegistryKey &key, const QString &fileName);
     /// The file name of the track in the directory. Where there is none yet, a new file ("track.gps", "track_1.gps"
     /// and so on) is written first. Intended: its name is kept even if writing failed, which is only logged.
     QString createAssignedFile(const KRGPXTrackFileRegistryKey &key);

@@ -7,6 +7,8 @@
 
 #include <KRRouteDocument.h>
 
+#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
+#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
 
@@ -240,7 +242,21 @@ private slots:
             work.workspace.replaceTracks(0, 1, oneTrack(QLatin1String(name)), QString());
             QVERIFY(work.wait());
         }
-        QCOMPARE(filesBelow(place()).filter(QStringLiteral("unsaved.tracks/")).size(), 1);
+        const auto trackFiles = [this] { return filesBelow(place()).filter(QStringLiteral("unsaved.tracks/")); };
+        QCOMPARE(trackFiles().size(), 1);
+
+        // Nor are their tracks remembered, and one that comes back is written again.
+        const QDir folder(place().filePath(QFileInfo(trackFiles().value(0)).path()));
+        const auto knownFile = [&](const char *name) {
+            const KRGPXTrack track = oneTrack(QLatin1String(name)).first().track();
+            return KRGPXTrackFileRegistry::instance().fileName(KRGPXTrackFileRegistryKey(track, folder));
+        };
+        QCOMPARE(knownFile("b"), QString());
+        QVERIFY(!knownFile("c").isEmpty());
+        work.workspace.undoStack()->undo();
+        QVERIFY(work.wait());
+        QCOMPARE(trackFiles().size(), 1);
+        QCOMPARE(QFileInfo(trackFiles().value(0)).fileName(), knownFile("b"));
     }
 
 private:
