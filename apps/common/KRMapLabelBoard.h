@@ -2,8 +2,12 @@
 
 #include "KRMapLabel.h"
 
+#include <QRect>
 #include <QRectF>
 #include <QVector>
+
+#include <cstddef>
+#include <vector>
 
 class QPainter;
 
@@ -12,7 +16,7 @@ class KRMapLabelBoard
 {
 public:
     /// @p margin is kept free around each label and along the edge of @p area; all are pixels.
-    KRMapLabelBoard(const QRectF &area, double margin) : m_area(area), m_margin(margin) { }
+    KRMapLabelBoard(const QRectF &area, double margin);
 
     const QVector<KRMapLabel> &labels() const { return m_labels; }
 
@@ -20,15 +24,24 @@ public:
     bool isFree(const QRectF &box) const;
 
     /// No label will cover the box.
-    void keepFree(const QRectF &box) { m_taken << box; }
+    void keepFree(const QRectF &box);
     /// Adds the label if its place is free, and tells whether it was.
     bool tryAdd(const KRMapLabel &label);
 
     void paint(QPainter *painter) const;
 
 private:
+    /// Columns and rows of the squares in which the box lies.
+    QRect squaresOf(const QRectF &box) const;
+    std::size_t indexOf(int column, int row) const
+    {
+        return std::size_t(row) * std::size_t(m_columns) + std::size_t(column);
+    }
+
     QRectF m_area;
     double m_margin;
-    QVector<QRectF> m_taken;
+    int m_columns;
+    int m_rows;
+    std::vector<QVector<QRectF>> m_taken; ///< in each square of the area
     QVector<KRMapLabel> m_labels;
 };
