@@ -18,6 +18,9 @@ constexpr QColor haloColor(255, 254, 250, 110);
 constexpr QPointF haloDirections[] = {{1.0, 0.0},  {0.7, 0.7},   {0.0, 1.0},  {-0.7, 0.7},
                                       {-1.0, 0.0}, {-0.7, -0.7}, {0.0, -1.0}, {0.7, -0.7}};
 constexpr QColor outlineColor(255, 254, 250, 190); ///< what that comes to, drawn once
+/// About that on land. Qt writes no half transparent pens to PDF, but the outlines of what they draw, which are several
+/// times as long.
+constexpr QColor opaqueOutlineColor(253, 251, 246);
 constexpr double haloWidthPerLetterHeight = 0.13;
 constexpr double spacingOfCapitals = 108.0; ///< percent
 
@@ -80,8 +83,8 @@ void KRMapLabel::paint(QPainter *painter) const
         } else {
             // Text that is there nine times cannot be searched or copied.
             letters.addText(position + QPointF(0.0, line.ascent()), m_font, text);
-            painter->strokePath(letters,
-                                QPen(outlineColor, 2.5 * haloWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            painter->strokePath(letters, QPen(engine == QPaintEngine::SVG ? outlineColor : opaqueOutlineColor,
+                                              2.5 * haloWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         }
         if (engine == QPaintEngine::SVG) {
             // As text it would lose its capitals and their spacing, which Qt does not write.
