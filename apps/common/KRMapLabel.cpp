@@ -1,5 +1,7 @@
 #include "KRMapLabel.h"
 
+#include "KRPlainText.h"
+
 #include <KRXML/KRXMLBuilder.h>
 
 #include <QFontMetricsF>
@@ -35,9 +37,9 @@ KRMapLabel::KRMapLabel(const QString &text, double letterHeight, const QColor &c
 QString KRMapLabel::inOneLine(const QString &name, const QFont &font, double widest)
 {
     // Measuring takes the time of all letters, of which no more than these would fit.
-    constexpr int mostCharacters = 500;
+    constexpr int mostCharacters = 300;
     // In SVG the name becomes XML.
-    const QString line = KRXMLBuilder::readableText(name.left(mostCharacters).simplified());
+    const QString line = KRXMLBuilder::readableText(KRPlainText::beginning(name, mostCharacters).simplified());
     return QFontMetricsF(font).elidedText(line, Qt::ElideRight, widest);
 }
 

@@ -4,8 +4,11 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QTextBoundaryFinder>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
+
+#include <algorithm>
 
 namespace {
 
@@ -14,6 +17,28 @@ constexpr int widestPlainToolTip = 100;
 constexpr int mostLines = 30;
 
 constexpr QChar ellipsis(0x2026);
+
+/// Behind a letter: the flag of a part of a country has six of them. Burmese has up to four, Tibetan five.
+constexpr int mostMarks = 6;
+
+/// Takes no room of its own: a mark on the letter before, or nothing that shows.
+bool isMark(uint character)
+{
+    const QChar::Category category = QChar::category(character);
+    return category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing || category == QChar::Other_Format;
+}
+
+/// The last place, up to that one, between two characters as readers see them.
+int wholeCharacters(const QString &text, int position)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    finder.setPosition(position);
+    const int boundary = finder.isAtBoundary() ? position : finder.toPreviousBoundary();
+    // Some scripts and emoji may join without end.
+    if (boundary > 0)
+        return boundary;
+    return text.at(position).isLowSurrogate() ? position - 1 : position;
+}
 
 } // namespace
 
@@ -32,6 +57,25 @@ QString KRPlainText::shortened(const QString &text, int mostCharacters)
     }
     const QString firstLines = result.section(QLatin1Char('\n'), 0, mostLines - 1);
     return firstLines == result ? result : firstLines + ellipsis;
+}
+
+QString KRPlainText::beginning(const QString &text, int mostCharacters)
+{
+    constexpr int charactersPerKept = 20; // no time for more that are left out
+    const int end = std::min(int(text.size()), charactersPerKept * mostCharacters);
+    QString kept;
+    int marks = 0;
+    // What comes behind the last character tells whether it is whole.
+    for (int i = 0; i < end && kept.size() <= mostCharacters + 1;) {
+        const bool isPair = text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        const uint character = isPair ? QChar::surrogateToUcs4(text.at(i), text.at(i + 1)) : text.at(i).unicode();
+        const int units = isPair ? 2 : 1;
+        marks = isMark(character) ? marks + 1 : 0;
+        if (marks <= mostMarks)
+            kept.append(text.constData() + i, units);
+        i += units;
+    }
+    return kept.size() <= mostCharacters ? kept : kept.left(wholeCharacters(kept, mostCharacters));
 }
 
 QString KRPlainText::oneLine(const QString &text, int mostCharacters)

@@ -3,7 +3,7 @@
 #include <QString>
 
 /**
- * Texts of unknown origin, such as names out of files, made fit for windows.
+ * Texts of unknown origin, such as names out of files, made fit for windows and maps.
  *
  * Toolkits guess whether a text is markup, and obey it: a name could load any file, or wait for ever for one. Laying
  * out a text takes time in proportion to its length, which nothing bounds either.
@@ -14,6 +14,10 @@ constexpr int longestName = 200; ///< characters
 
 /// Of a long text beginning and end, with "…" between them; of very many lines only the first.
 QString shortened(const QString &text, int mostCharacters);
+
+/// At most that many characters, of which the last is whole to the eye. Of a heap of marks on one letter, and of
+/// invisible characters in a row, only the first few remain.
+QString beginning(const QString &text, int mostCharacters);
 
 /// One short line, for titles, menus and as a part of messages.
 QString oneLine(const QString &text, int mostCharacters = longestName);

@@ -125,7 +125,7 @@ QString KRTileMbtilesSource::connectTo(const QString &address)
     if (format == QLatin1String("pbf") || format == QLatin1String("mvt"))
         return tr("Die Datei enthält Vektoren und keine Bilder.");
     const QString attribution = m_metadata.value(QStringLiteral("attribution")); // HTML with links
-    m_credit = KRPlainText::ofHtml(attribution).simplified().left(longestCredit);
+    m_credit = KRPlainText::beginning(KRPlainText::ofHtml(attribution).simplified(), longestCredit);
     // Columns that are computed have this word in front of how. Without any, a table can only be searched.
     const bool isStored =
         types.value(QStringLiteral("tiles")) == QLatin1String("table")

@@ -39,6 +39,10 @@ QColor labelColor(const QColor &lineColor)
 /// Names that find no place, before the others are not tried any more: each takes long.
 constexpr int mostFailures = 3000;
 
+/// What each character of all names has of the map, in pixels of a normal screen. Letters with what is kept free around
+/// them take more; those that heap marks on them, or that take no room, do not.
+constexpr double roomPerCharacter = 150.0;
+
 /// A track that is to be named, and how much of the map its line takes.
 struct NamedTrack {
     KRTrackInView view;
@@ -138,13 +142,15 @@ KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, co
     KRMapLabelBoard board(QRectF(QPointF(), size), nameMargin * factor);
     for (const QRectF &box : keptFree)
         board.keepFree(box);
+    double room = double(size.width()) * size.height() / (roomPerCharacter * factor * factor); // in characters
     int failures = 0;
-    for (auto track = named.cbegin(); track != named.cend() && failures < mostFailures; ++track) {
+    for (auto track = named.cbegin(); track != named.cend() && failures < mostFailures && room > 0.0; ++track) {
         const KRMapLabel label = labelFor(*track->track, factor);
         const bool isPlaced = addInside(*track, label, cells, &board)
                               || addBeside(*track, label, &cells, factor, &board)
                               || addBeside(*track, label, nullptr, factor, &board);
         failures += isPlaced ? 0 : 1;
+        room -= isPlaced ? label.text().size() : 0;
     }
     return board;
 }

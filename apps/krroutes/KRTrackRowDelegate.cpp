@@ -19,7 +19,8 @@ QString plainDescription(const QString &description)
 {
     const QString beginning = description.left(longestMarkup);
     const QString trimmed = (Qt::mightBeRichText(beginning) ? KRPlainText::ofHtml(beginning) : beginning).trimmed();
-    return trimmed.length() > longestDescription ? trimmed.left(longestDescription) + QChar(0x2026) : trimmed;
+    const QString shown = KRPlainText::beginning(trimmed, longestDescription);
+    return shown.size() < trimmed.size() ? shown + QChar(0x2026) : shown;
 }
 
 } // namespace

@@ -39,6 +39,43 @@ private slots:
         });
     }
 
+    void beginningsAreReadAsBefore()
+    {
+        for (const char *name :
+             {"Köln – Zürich", "Đường Trường Sơn: Tiếng Việt", "ถนนสู้กู้ประตูน้ำ", "שִׁיר הַמַּעֲלוֹת", "طَرِيقٌ إِلَى ٱلْمَدِينَةِ",
+              "क्ष्म्य्र्वी हिन्दी", "ညှို့မြှုံ့", "བསྒྲུབས་བྷྲཱུྃཿ", "می\u200Cخواهم \u200Fא\u200E", "👩🏽‍❤️‍💋‍👨🏿",
+              "👨‍👩‍👧‍👦🏳️‍🌈", "🇩🇪🇫🇷", "🏴󠁧󠁢󠁥󠁮󠁧󠁿"}) {
+            for (const auto form : {QString::NormalizationForm_C, QString::NormalizationForm_D}) {
+                const QString text = QString::fromUtf8(name).normalized(form);
+                QCOMPARE(KRPlainText::beginning(text, 100), text);
+            }
+        }
+    }
+
+    void beginningsAreShort()
+    {
+        const QString biker = QStringLiteral("🚴");
+        const KRTestTable<KRText, int, KRText> table{
+            {"heap of marks", QStringLiteral("a") + repeated("\u0301", 3000) + QStringLiteral("b"), 300,
+             QStringLiteral("a") + repeated("\u0301", 6) + QStringLiteral("b")},
+            {"rings about it, and joiners", QStringLiteral("e") + repeated("\u20DD\u200D", 50), 300,
+             QStringLiteral("e") + repeated("\u20DD\u200D", 3)},
+            {"nested directions", repeated("\u202E\u2067", 100) + QStringLiteral("ab"), 300,
+             repeated("\u202E\u2067", 3) + QStringLiteral("ab")},
+            {"marks beyond the first 65536", biker + repeated("\U000E0100", 99), 300,
+             biker + repeated("\U000E0100", 6)},
+            {"letter with its marks", "aa\u0301\u0323a", 3, "a"},
+            {"letter with its marks at the end", "aa\u0301\u0323a", 4, "aa\u0301\u0323"},
+            {"no half flag", "🇩🇪🇫🇷", 6, "🇩🇪"},
+            {"no half characters", biker.repeated(2), 3, biker},
+            {"no end of letters that join", repeated("\u1100", 500), 300, repeated("\u1100", 300)},
+            {"without end", repeated("\u0301", 4000000) + QStringLiteral("a"), 300, repeated("\u0301", 6)},
+        };
+        table.forEach([](const QString &text, int mostCharacters, const QString &beginning) {
+            QCOMPARE(KRPlainText::beginning(text, mostCharacters), beginning);
+        });
+    }
+
     void isOneShortLine()
     {
         const QString biker = QStringLiteral("🚴");

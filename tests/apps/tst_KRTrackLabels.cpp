@@ -79,6 +79,25 @@ private slots:
         }
     }
 
+    void marksThatTakeNoRoomAreBounded()
+    {
+        KRGPXTrackSelection selection;
+        for (int i = 0; i < 200; ++i) {
+            selection.addTrack(namedTrack({{-20.0 + 0.05 * i, 171.0 + i % 10}}, KRGPXTrackShape(PointTrackShape),
+                                          Qt::red, QStringLiteral("l\u0301\u0323\u0302").repeated(1000)));
+        }
+        const QVector<KRMapLabel> labels =
+            KRTrackLabels::arranged(selection, KRMapProjection(fijiArea, size), size, 1.0, {}).labels();
+        int characters = 0;
+        for (const KRMapLabel &label : labels) {
+            QVERIFY(label.text().size() <= 300);
+            characters += label.text().size();
+        }
+        const int most = size.width() * size.height() / 150;
+        QVERIFY(characters >= most);
+        QVERIFY(characters < most + 300);
+    }
+
     void namesKeepOffTracks()
     {
         KRGPXTrackSelection selection;
