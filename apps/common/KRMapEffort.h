@@ -21,7 +21,7 @@ class QPainterPath;
 class KRMapEffort
 {
 public:
-    /// What the tracks of a picture may take where some are left out.
+    /// What the tracks of a picture may take.
     static double mostFor(const KRGPXTrackSelection &selection, const QSize &size);
 
     /// @param renderer of the picture; it stays with the caller
@@ -34,7 +34,7 @@ public:
     /// For devices that keep lines and areas as such, where only what crops a map is an image.
     void setForMaskOnly() { m_isForMaskOnly = true; }
 
-    /// The tracks; where all of them take many times more than @p most, as thousands of real ones do not, the cheapest,
+    /// The tracks; where all of them take more than @p most, as thousands of real ones do not, the cheapest of them,
     /// which take no more.
     KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection, double most) const;
 
