@@ -7,7 +7,6 @@ namespace {
 
 constexpr double smallestSquarePx = 4.0;
 constexpr double squaresOfReach = 4.0;
-constexpr int mostLinesOfSquare = 32;
 
 constexpr std::size_t knownLines = 4096; // a power of two
 
@@ -26,16 +25,22 @@ int quarters(double pixels)
 
 } // namespace
 
-KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size, double reach)
+KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size, double reach, int mostLines)
     : m_area(QRectF(QPointF(), size).marginsAdded(QMarginsF() + std::clamp(reach, 0.0, farthestPx))),
-      m_squarePx(squarePxFor((m_area.width() - size.width()) / 2.0)),
+      m_squarePx(squarePxFor((m_area.width() - size.width()) / 2.0)), m_mostLines(mostLines),
       m_columns(std::size_t(m_area.width() / m_squarePx) + 1),
       m_squares(m_columns * (std::size_t(m_area.height() / m_squarePx) + 1)), m_known(knownLines)
 { }
 
-double KRGPXLineCrowd::mostLengthFor(const QSize &size, double reach)
+int KRGPXLineCrowd::mostLinesFor(double widthPx)
 {
-    return mostLinesOfSquare * (size.width() + 2.0 * reach) * (size.height() + 2.0 * reach) / squarePxFor(reach);
+    constexpr int mostWideLines = 8;
+    return widthPx >= smallestSquarePx ? mostWideLines : usualMostLines;
+}
+
+double KRGPXLineCrowd::mostLengthFor(const QSize &size, double reach, int mostLines)
+{
+    return mostLines * (size.width() + 2.0 * reach) * (size.height() + 2.0 * reach) / squarePxFor(reach);
 }
 
 bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
@@ -53,8 +58,8 @@ bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
     for (int i = 0; i <= steps; ++i) {
         const std::size_t square = squareOf(begin + way * (double(i) / steps));
         std::uint8_t &lines = m_squares[square];
-        isAnyFree = isAnyFree || lines < mostLinesOfSquare;
-        if (square != last && lines < mostLinesOfSquare)
+        isAnyFree = isAnyFree || lines < m_mostLines;
+        if (square != last && lines < m_mostLines)
             ++lines;
         last = square;
     }
@@ -108,9 +113,9 @@ std::size_t KRGPXLineCrowd::squareOf(const QPointF &place) const
 }
 
 QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform &transform, const QSize &size,
-                                     double reach)
+                                     double reach, int mostLines)
 {
-    KRGPXLineCrowd crowd(size, reach);
+    KRGPXLineCrowd crowd(size, reach, mostLines);
     QPainterPath lines;
     lines.setFillRule(path.fillRule());
     QPointF place; // in pixels

@@ -23,15 +23,20 @@ class KRGEOLOCATION_EXPORT KRGPXLineCrowd
 public:
     /// Paths of fewer elements are worth no thinning.
     static constexpr int fewElements = 20000;
+    /// More lines than these through a square show nothing.
+    static constexpr int usualMostLines = 32;
+    /// The same for lines that take particularly long, fewer if they are as wide as a square.
+    static int mostLinesFor(double widthPx);
 
     /**
      * @param size of the image in pixels
      * @param reach how many pixels beside a line its pen leaves marks
+     * @param mostLines that show in a small square
      */
-    KRGPXLineCrowd(const QSize &size, double reach);
+    KRGPXLineCrowd(const QSize &size, double reach, int mostLines = usualMostLines);
 
     /// What all lines that show are long in an image of the size, in pixels and roughly, however many there are.
-    static double mostLengthFor(const QSize &size, double reach);
+    static double mostLengthFor(const QSize &size, double reach, int mostLines = usualMostLines);
 
     /// Whether a line between two places, in pixels of the image, shows beside those asked for before.
     bool takes(const QPointF &from, const QPointF &to);
@@ -45,7 +50,8 @@ public:
      * @param path of straight lines only
      * @param transform from the path to pixels of the image
      */
-    static QPainterPath thinned(const QPainterPath &path, const QTransform &transform, const QSize &size, double reach);
+    static QPainterPath thinned(const QPainterPath &path, const QTransform &transform, const QSize &size, double reach,
+                                int mostLines = usualMostLines);
 
 private:
     /// In quarters of a pixel, so that lines upon each other are equal.
@@ -66,6 +72,7 @@ private:
 
     QRectF m_area; // the image, and around it from where lines reach into it
     double m_squarePx;
+    int m_mostLines;
     std::size_t m_columns;
     std::vector<std::uint8_t> m_squares; // lines through each, row by row
     std::size_t m_lastSquare = std::numeric_limits<std::size_t>::max(); // where the line before has ended

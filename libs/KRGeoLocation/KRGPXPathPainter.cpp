@@ -40,6 +40,9 @@ constexpr int largestRasterPx = 65536;
 // The outline of an area that is longer is no outline any more on an image, but takes its time.
 constexpr double longestOutlinePx = 3e8;
 
+// On larger pages lines are thinned as if they were smaller.
+constexpr double largestCrowdPx = 64e6;
+
 // around a line, beside its pen: the soft edge and the rounding of the rasteriser
 constexpr double softEdgePx = 1.5;
 
@@ -122,6 +125,34 @@ bool isForCrowd(const QPainterPath &path, const QPen &pen, const Stretch &stretc
 double crowdReachOf(const QPen &pen, const Stretch &stretch)
 {
     return std::max(reachOf(pen, stretch), pen.widthF() + softEdgePx);
+}
+
+bool keepsPaths(const QPainter *painter)
+{
+    const QPaintEngine::Type type = painter->paintEngine()->type();
+    return type == QPaintEngine::Pdf || type == QPaintEngine::SVG;
+}
+
+// For a device that keeps paths. The painter's units count as pixels: those of paper may be as small as they like.
+QPainterPath thinnedForPage(const QPainter *painter, const QPainterPath &path)
+{
+    const QPen pen = painter->pen();
+    const QRectF page(0.0, 0.0, painter->device()->width(), painter->device()->height());
+    QRectF sight = painter->deviceTransform().inverted().mapRect(page);
+    if (painter->hasClipping())
+        sight &= painter->clipBoundingRect();
+    if (path.elementCount() <= KRGPXLineCrowd::fewElements || pen.style() != Qt::SolidLine || pen.isCosmetic()
+        || !hasLinesOnly(path) || sight.isEmpty())
+        return path;
+    const double scale = std::min(1.0, std::sqrt(largestCrowdPx / (sight.width() * sight.height())));
+    const QTransform transform =
+        QTransform::fromTranslate(-sight.left(), -sight.top()) * QTransform::fromScale(scale, scale);
+    const QSize size = (sight.size() * scale).toSize().expandedTo(QSize(1, 1));
+    // In PDF half transparent lines become outlines.
+    const bool isOutlined = painter->paintEngine()->type() == QPaintEngine::Pdf && pen.color().alpha() < 255;
+    const int mostLines =
+        isOutlined ? KRGPXLineCrowd::mostLinesFor(pen.widthF() * scale) : KRGPXLineCrowd::usualMostLines;
+    return KRGPXLineCrowd::thinned(path, transform, size, reachOf(pen, {scale, scale}), mostLines);
 }
 
 // How many pixels of the image the outline of an area passes, at most: the time that filling takes.
@@ -227,6 +258,10 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     const QTransform transform = painter->deviceTransform();
     const Stretch stretch = stretchOf(transform);
     const QImage *const image = imageOf(painter);
+    if (keepsPaths(painter)) {
+        painter->drawPath(thinnedForPage(painter, wholePath));
+        return;
+    }
     const bool isCrowd = image && isForCrowd(wholePath, pen, stretch);
     const QPainterPath path =
         isCrowd ? KRGPXLineCrowd::thinned(wholePath, transform, image->size(), crowdReachOf(pen, stretch)) : wholePath;

@@ -12,13 +12,13 @@ class QPainterPath;
  * The time that QPainter's antialiasing takes grows with the square of what a row of pixels holds. So lines and areas
  * go through a rasteriser of our own into the usual formats of images. Where that one cannot do it, an image is
  * painted part by part, each time with nothing but what decides about the pixels there: lines in tiles, areas in
- * halves of halves. All other devices, which keep paths as they are, get the whole path, and so do images where that
- * is faster or where the ways could be told apart.
+ * halves of halves. All other devices get the whole path, and so do images where that is faster or where the ways could
+ * be told apart.
  *
- * Of very many lines only those are painted that show. Only of lines that leave the range of +-32767 pixels QPainter
- * itself makes a copy cut to that range, whose rounded corners differ here and there by one level of a colour. And
- * where Qt 6 would move dashes because a part of a line is out of sight, they stay. Everything happens on the calling
- * thread.
+ * Of very many lines only those are painted that show, in PDF and SVG too. Only of lines that leave the range of
+ * +-32767 pixels QPainter itself makes a copy cut to that range, whose rounded corners differ here and there by one
+ * level of a colour. And where Qt 6 would move dashes because a part of a line is out of sight, they stay. Everything
+ * happens on the calling thread.
  */
 namespace KRGPXPathPainter {
 

@@ -5,8 +5,10 @@
 
 #include <KRCore/KRQtCompat.h>
 
+#include <QBuffer>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPdfWriter>
 #include <QPicture>
 #include <QtTest>
 
@@ -142,6 +144,7 @@ private slots:
     void areas();
     void painters();
     void otherDevicesKeepThePath();
+    void pagesKeepCrowdsThatShow();
 };
 
 void tst_KRGPXPathPainter::lines()
@@ -285,6 +288,42 @@ void tst_KRGPXPathPainter::otherDevicesKeepThePath()
              recorded([&](QPainter *p) { p->drawPath(path); }));
     QCOMPARE(recorded([&](QPainter *p) { KRGPXPathPainter::fillPath(p, path, Qt::red); }),
              recorded([&](QPainter *p) { p->fillPath(path, Qt::red); }));
+}
+
+void tst_KRGPXPathPainter::pagesKeepCrowdsThatShow()
+{
+    // paper has far finer units than those of the painter
+    const auto pageOf = [](const Setup &draw, int alpha) {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        writer.setResolution(1200);
+        QPainter painter(&writer);
+        painter.scale(writer.width() / 400.0, writer.width() / 400.0);
+        painter.setPen(roundPen(5.0, alpha));
+        draw(&painter);
+        painter.end();
+        return buffer.data().size();
+    };
+    Chance chance;
+    const auto pathIn = [&](const QRectF &area, int lines) {
+        QPainterPath path(area.topLeft());
+        for (int i = 0; i < lines; ++i)
+            path.lineTo(chance.between(area.left(), area.right()), chance.between(area.top(), area.bottom()));
+        return path;
+    };
+    const QRectF sight(0.0, 0.0, 400.0, 500.0);
+    const KRTestTable<QPainterPath, int, double, double> table{
+        {"few lines", pathIn(sight, 5000), 150, 0.99, 1.01},
+        {"many", pathIn(sight, 100000), 255, 0.05, 0.5},
+        {"many half transparent", pathIn(sight, 30000), 150, 0.01, 0.35},
+        {"many beside the page", pathIn(sight.translated(500.0, 0.0), 30000), 150, 0.0, 0.01},
+    };
+    table.forEach([&](const QPainterPath &path, int alpha, double least, double most) {
+        const double part = double(pageOf([&](QPainter *p) { KRGPXPathPainter::drawPath(p, path); }, alpha))
+                            / pageOf([&](QPainter *p) { p->drawPath(path); }, alpha);
+        QVERIFY2(part >= least && part <= most, QByteArray::number(part).constData());
+    });
 }
 
 template class KRTestRegistration<tst_KRGPXPathPainter>;
