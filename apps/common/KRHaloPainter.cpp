@@ -78,5 +78,5 @@ void KRHaloPainter::paintShapes(QPainter &painter, const KRGPXTrackSelection &se
 {
     for (const Band &band : bands)
         KRMapTrackRenderer(tracksOf(band, selection, band.color), projection, size, factor)
-            .renderWith(painter, HaloRender);
+            .renderUnited(painter, HaloRender);
 }

@@ -20,7 +20,7 @@ public:
     /// False where the memory does not suffice.
     static bool paint(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
                       const QSize &size, double factor);
-    /// The same as lines instead of images; where bands lie on each other they are less translucent.
+    /// The same as lines instead of images; where bands of a few tracks lie on each other they are less translucent.
     static void paintShapes(QPainter &painter, const KRGPXTrackSelection &selection, const KRMapProjection &projection,
                             const QSize &size, double factor);
 

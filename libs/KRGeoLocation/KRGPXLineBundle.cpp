@@ -49,7 +49,7 @@ bool KRGPXLineBundle::isForBundle(const KRGPXConfiguredTrack &track, const QPen 
         shape == PolygonTrackShape && (m_option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption));
     const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
     return isStroked && !isFilled && !hasArrow && shape != PointTrackShape && pen.style() == Qt::SolidLine
-           && pen.color().alpha() == 255;
+           && (m_isUniting || pen.color().alpha() == 255);
 }
 
 void KRGPXLineBundle::draw()

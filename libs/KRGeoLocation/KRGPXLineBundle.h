@@ -22,6 +22,9 @@ public:
     /// For one drawing on @p painter; both stay with the caller.
     KRGPXLineBundle(const KRGPXTrackRenderer *renderer, QPainter *painter, TrackRenderOption option);
 
+    /// Half transparent lines of one look become one, which does not get denser where they lie upon each other.
+    void setUniting(bool isUniting) { m_isUniting = isUniting; }
+
     /// Takes the track over to be drawn with the next draw() or before. False when it is not for a bundle.
     bool take(const KRGPXConfiguredTrack &track);
     /// Whether the track shows alike below and above what has been taken: all of it has the same opaque colour.
@@ -35,6 +38,7 @@ private:
     const KRGPXTrackRenderer *const m_renderer;
     QPainter *const m_painter;
     const TrackRenderOption m_option;
+    bool m_isUniting = false;
     QPainterPath m_lines;
     QPen m_pen;
 };

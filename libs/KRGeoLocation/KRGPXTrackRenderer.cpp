@@ -44,6 +44,9 @@ constexpr double longestArrow = 100.0;
 // degrees between an arrow's shaft and each of its barbs
 constexpr double barbAngle = 30.0;
 
+// in all tracks together
+constexpr int manyPoints = 200000;
+
 // Pixels beyond are no places on any map, and their distances no numbers to draw with.
 constexpr double farthestPixel = 1e12;
 constexpr double widestLine = 32767.0;
@@ -96,6 +99,16 @@ KRGPXConfiguredTrackList inOneColor(KRGPXConfiguredTrackList tracks)
         track.setConfiguration(configuration);
     }
     return tracks;
+}
+
+bool haveManyPoints(const KRGPXConfiguredTrackList &tracks)
+{
+    int points = 0;
+    for (const KRGPXConfiguredTrack &track : tracks)
+        track.visitPositions([&points](const KRGeoPositionSpan &positions) {
+            points = std::min(points + positions.count, manyPoints + 1);
+        });
+    return points > manyPoints;
 }
 
 /// Not valid if there is none. The list of a long track takes some 70 bytes for each point.
@@ -172,19 +185,27 @@ void KRGPXTrackRenderer::renderWith(QPainter &painter, TrackRenderOption option)
     drawTracks(&painter, m_selection.tracks(), option);
 }
 
-void KRGPXTrackRenderer::drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks,
-                                    TrackRenderOption option) const
+void KRGPXTrackRenderer::renderUnited(QPainter &painter, TrackRenderOption option) const
 {
-    const bool isBundled =
+    const KRGPXConfiguredTrackList tracks = m_selection.tracks();
+    drawTracks(&painter, tracks, option, tracks.size() > KRGPXLineBundle::fewTracks || haveManyPoints(tracks));
+}
+
+void KRGPXTrackRenderer::drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
+                                    bool isUniting) const
+{
+    const bool isCrowdOnImage =
         tracks.size() > KRGPXLineBundle::fewTracks && dynamic_cast<const QImage *>(painter->device());
+    const bool isBundled = isCrowdOnImage || isUniting;
     KRGPXLineBundle bundle(this, painter, option);
+    bundle.setUniting(isUniting);
     KRGPXMarkerStamps stamps;
     for (const KRGPXConfiguredTrack &track : tracks) {
         if (isBundled && bundle.take(track))
             continue;
         if (!bundle.hasColorOf(track))
             bundle.draw();
-        if (isBundled && track.effectiveShape() == PointTrackShape)
+        if (isCrowdOnImage && track.effectiveShape() == PointTrackShape)
             drawPoint(painter, track, option, &stamps);
         else
             drawTrack(painter, track, option);

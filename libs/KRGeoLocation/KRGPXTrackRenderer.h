@@ -78,6 +78,8 @@ public:
     QImage renderForeground() const;
     /// Draws all tracks, later ones over earlier ones, antialiased where the painter is; markers always are.
     void renderWith(QPainter &painter, TrackRenderOption option) const;
+    /// The same; where there are very many tracks or points, half transparent lines of one look become one.
+    void renderUnited(QPainter &painter, TrackRenderOption option) const;
     void drawTrack(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const;
 
     /**
@@ -148,7 +150,8 @@ private:
     QImage paintImage(TrackRenderOption option, bool antialiased) const;
     void paintOn(QImage *image, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
                  bool antialiased) const;
-    void drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option) const;
+    void drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
+                    bool isUniting = false) const;
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
     QPainterPath thinnedPath(std::vector<QPointF> points) const;
     double reachOf(const QPen &pen) const;

@@ -152,6 +152,31 @@ private slots:
             }
         });
     }
+
+    void unitedLinesGetNoDenser()
+    {
+        // Some lie upon each other as they are; many have the colour of one.
+        const KRTestTable<int, int, bool> table{
+            {"some tracks", 200, 3, false}, {"many tracks", 1500, 3, true}, {"many points", 20, 12000, true}};
+        table.forEach([](int count, int points, bool areUnited) {
+            Scatter scatter;
+            KRGPXConfiguredTrackList tracks;
+            for (int i = 0; i < count; ++i)
+                tracks.append(scatter.track(points, 60, {QColor(0, 0, 255, 100), 4.0}));
+            const PixelRenderer renderer(tracks);
+            QImage image(crowdedSize, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            painter.setRenderHint(QPainter::Antialiasing);
+            renderer.renderUnited(painter, StyledRender);
+            painter.end();
+            int densest = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    densest = std::max(densest, qAlpha(image.pixel(x, y)));
+            QVERIFY2(areUnited ? densest == 100 : densest > 150, QByteArray::number(densest).constData());
+        });
+    }
 };
 
 template class KRTestRegistration<tst_KRGPXTrackRendererCrowds>;
