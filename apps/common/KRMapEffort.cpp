@@ -17,7 +17,7 @@ namespace {
 // Ordinary maps are never to lose anything: whole years of a club, hundreds of flights and thousands of districts, half
 // transparent and with halos, are estimated at less than half of this, and most of them at a tenth.
 constexpr double mostNs = 2.0e9;
-constexpr double mostNsOfPixel = 40.0;
+constexpr double mostNsOfPixel = 100.0;
 constexpr double mostNsOfPoint = 1500.0;
 
 // What a pixel takes: that an outline passes, the first time and in all, and that it encloses in an opaque
