@@ -38,7 +38,7 @@ constexpr int tileSize = 64;
 constexpr int largestRasterPx = 65536;
 
 // The outline of an area that is longer is no outline any more on an image, but takes its time.
-constexpr double longestOutlinePx = 3e8;
+constexpr double longestOutlinePx = 1e8;
 
 // On larger pages lines are thinned as if they were smaller.
 constexpr double largestCrowdPx = 64e6;
