@@ -73,7 +73,9 @@ KRGPXTrackSelection KRMapEffort::affordable(const KRGPXTrackSelection &selection
 {
     const std::vector<double> efforts = effortsOf(selection);
     const bool isExcessive = std::accumulate(efforts.begin(), efforts.end(), 0.0) > most;
-    return isExcessive ? cheapest(selection, efforts, most) : selection;
+    // To read and to estimate as much has taken its time already.
+    constexpr double partThatIsLeft = 0.5;
+    return isExcessive ? cheapest(selection, efforts, partThatIsLeft * most) : selection;
 }
 
 std::vector<double> KRMapEffort::effortsOf(const KRGPXTrackSelection &selection) const

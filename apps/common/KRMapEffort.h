@@ -35,7 +35,7 @@ public:
     void setForMaskOnly() { m_isForMaskOnly = true; }
 
     /// The tracks; where all of them take more than @p most, as thousands of real ones do not, the cheapest of them,
-    /// which take no more.
+    /// which take half as much.
     KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection, double most) const;
 
 private:

@@ -30,6 +30,7 @@
 #include <QImage>
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 #include <unistd.h>
 
@@ -99,7 +100,8 @@ QString KRRenderProgram::writeToStandardOutput(const QByteArray &bytes)
 {
     if (KRFileHandler::writeToChannel(STDOUT_FILENO, bytes))
         return QString();
-    return tr("Die Standardausgabe nimmt das Ergebnis nicht an.") + QLatin1Char(' ') + qt_error_string();
+    const QString reason = qt_error_string(errno);
+    return tr("Die Standardausgabe nimmt das Ergebnis nicht an.") + QLatin1Char(' ') + reason;
 }
 
 int KRRenderProgram::print(const QByteArray &bytes)

@@ -38,12 +38,16 @@ void registerUnreadableFiles(const KRGPXTrackSelection &selection, const QDir &f
 KRRouteWorkspace::KRRouteWorkspace(QObject *parent) : QObject(parent)
 {
     connect(&m_undoStack, &QUndoStack::cleanChanged, this, &KRRouteWorkspace::documentChanged);
-    // Below a step that has been forgotten there are none but such; what the file holds is not come back to.
+    // Below a step that has been forgotten there are none but such. A state that was saved among them is not come back
+    // to, and must not seem to be so even for a moment: the copy of unsaved work would be removed.
     connect(&m_undoStack, &QUndoStack::indexChanged, this, [this](int index) {
-        if (index > 0 && m_undoStack.command(index - 1)->isObsolete()) {
-            m_undoStack.setIndex(0);
-            m_undoStack.resetClean();
-        }
+        if (index == 0 || !m_undoStack.command(index - 1)->isObsolete())
+            return;
+        const bool isSaved = m_undoStack.isClean();
+        m_undoStack.resetClean();
+        m_undoStack.setIndex(0);
+        if (isSaved)
+            m_undoStack.setClean();
     });
     // A drop moves its rows one by one and tells at its end; other moves are adopted when control returns.
     connect(&m_model, &KRGPXTrackListModel::pleaseSelectTrack, this, &KRRouteWorkspace::adoptOrderOfModel);

@@ -1,6 +1,11 @@
 #include "KRSelectionChange.h"
 
+#include <KRCore/KRMath.h>
+#include <KRGeoLocation/KRGPXTrackSegment.h>
+
 #include <algorithm>
+#include <map>
+#include <tuple>
 
 namespace {
 
@@ -24,16 +29,29 @@ int countEqualAtBack(const KRGPXConfiguredTrackList &a, const KRGPXConfiguredTra
     return count;
 }
 
+/// Tracks that share their points have the same, and others hardly ever.
+auto marksOf(const KRGPXTrack &track)
+{
+    const auto markOf = [](const KRGeoArc &angle) { return KRMath::toInt(angle.decimalDegrees() * 1e6); };
+    const KRGeoPosition first = track.firstPoint();
+    const KRGeoPosition last = track.lastPoint();
+    return std::make_tuple(track.countPoints(), markOf(first.latitude()), markOf(first.longitude()),
+                           markOf(last.latitude()), markOf(last.longitude()));
+}
+
 /// Rows, and the points of those before that are not the points of those after.
 qint64 bytesOf(const KRGPXConfiguredTrackList &before, const KRGPXConfiguredTrackList &after)
 {
     constexpr qint64 bytesPerTrack = 200;
     constexpr qint64 bytesPerPoint = 28;
+    std::map<decltype(marksOf(KRGPXTrack())), QList<KRGPXTrackSegment>> kept;
+    for (const KRGPXConfiguredTrack &track : after)
+        kept[marksOf(track.track())] = track.track().segments();
     qint64 points = 0;
-    for (int row = 0; row < before.size(); ++row) {
-        const KRGPXTrack track = before.at(row).track();
-        if (row >= after.size() || track.segments() != after.at(row).track().segments())
-            points += track.countPoints();
+    for (const KRGPXConfiguredTrack &track : before) {
+        const auto same = kept.find(marksOf(track.track()));
+        if (same == kept.end() || same->second != track.track().segments())
+            points += track.track().countPoints();
     }
     return (before.size() + after.size()) * bytesPerTrack + points * bytesPerPoint;
 }

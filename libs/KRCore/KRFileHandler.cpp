@@ -98,8 +98,10 @@ QString openWithoutWaiting(QFile *file)
     const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0)
         return unreadable(qt_error_string(errno));
-    file->open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
-    return file->isSequential() ? notRegular() : QString();
+    if (file->open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        return file->isSequential() ? notRegular() : QString();
+    ::close(descriptor);
+    return unreadable(file->errorString());
 }
 
 bool write(QSaveFile *file, const QByteArray &bytes)
@@ -118,13 +120,14 @@ bool write(QSaveFile *file, const QByteArray &bytes)
 
 bool KRFileHandler::openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize)
 {
-    QString reason = refusal(QFileInfo(file.fileName()), maximumSize);
+    const QString name = file.fileName(); // which it loses
+    QString reason = refusal(QFileInfo(name), maximumSize);
     if (reason.isEmpty())
         reason = openWithoutWaiting(&file);
     if (reason.isEmpty())
         return true;
     file.close();
-    KRErrorHistory::report(history, file.fileName(), reason);
+    KRErrorHistory::report(history, name, reason);
     return false;
 }
 
@@ -192,12 +195,12 @@ bool KRFileHandler::writeToChannel(int descriptor, const QByteArray &bytes)
     const auto size = std::size_t(bytes.size());
     while (count < size) {
         const ssize_t written = ::write(descriptor, bytes.constData() + count, size - count);
-        if (written >= 0) {
+        if (written > 0) {
             count += std::size_t(written);
-        } else if (errno == EAGAIN) {
+        } else if (written < 0 && errno == EAGAIN) {
             pollfd room = {descriptor, POLLOUT, 0};
             ::poll(&room, 1, -1);
-        } else if (errno != EINTR) {
+        } else if (written == 0 || errno != EINTR) {
             return false;
         }
     }

@@ -18,7 +18,8 @@ class QFileInfo;
 class KRCORE_EXPORT KRFileHandler
 {
 public:
-    /// Opens @p file, which has its name already, for reading bytes. Files above @p maximumSize bytes are refused.
+    /// Opens @p file, which has its name already, for reading bytes. Files above @p maximumSize bytes are refused. An
+    /// open file no longer tells its name.
     static bool openForReading(QFile &file, KRErrorHistory *history, qint64 maximumSize);
 
     /// The whole file, a null array when it could not be read, holds more than @p maximumSize bytes, or was changed

@@ -33,11 +33,10 @@ bool KRGPXLineBundle::take(const KRGPXConfiguredTrack &track)
 bool KRGPXLineBundle::hasColorOf(const KRGPXConfiguredTrack &track) const
 {
     const KRGPXTrackConfiguration configuration = track.configuration();
-    const auto isUsed = [&](KRGPXTrackDisplayOptionsEnum use) {
-        return m_option == OpaqueRender || configuration.hasDrawOption(use);
-    };
-    return (!isUsed(StrokeDisplayOption) || m_renderer->lineColor(configuration, m_option) == m_pen.color())
-           && (!isUsed(FillDisplayOption) || m_renderer->fillColor(configuration, m_option) == m_pen.color());
+    const bool isFilled = m_option == OpaqueRender || configuration.hasDrawOption(FillDisplayOption);
+    // Arrows have the colour of the line also where that is not drawn.
+    return m_renderer->lineColor(configuration, m_option) == m_pen.color()
+           && (!isFilled || m_renderer->fillColor(configuration, m_option) == m_pen.color());
 }
 
 bool KRGPXLineBundle::isForBundle(const KRGPXConfiguredTrack &track, const QPen &pen) const

@@ -27,7 +27,7 @@ public:
 
     /// Takes the track over to be drawn with the next draw() or before. False when it is not for a bundle.
     bool take(const KRGPXConfiguredTrack &track);
-    /// Whether the track shows alike below and above what has been taken: all of it has the same opaque colour.
+    /// Whether the track shows alike below and above what has been taken: all of it has the same colour.
     bool hasColorOf(const KRGPXConfiguredTrack &track) const;
     /// Draws all that has been taken and not yet drawn.
     void draw();

@@ -132,6 +132,13 @@ private slots:
                                    : scatter->track(3, 25, {Qt::blue, 3.0});
              },
              20},
+            {"lines below arrows of which only the tip is drawn", 1500,
+             [](Scatter *scatter, int i) {
+                 return i % 50 == 49
+                            ? scatter->track(2, 60, {Qt::green, 4.0, LineStringTrackShape, 0, ArrowMarkerShape})
+                            : scatter->track(3, 25, {Qt::blue, 3.0});
+             },
+             20},
             {"markers of a few looks", 1500,
              [](Scatter *scatter, int i) {
                  return scatter->track(1, 1,

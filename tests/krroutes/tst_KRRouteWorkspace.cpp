@@ -165,9 +165,13 @@ private slots:
                 list.append(i == 0 ? track(QChar(letter)) : list.first());
             return list;
         };
-        for (int letter = 'A'; letter <= 'H'; ++letter)
+        const auto replaceAll = [&](int letter) {
             m_workspace->replaceTracks(0, m_workspace->selection().count(), many(letter), QString(QChar(letter)));
+        };
+        for (int letter = 'A'; letter <= 'H'; ++letter)
+            replaceAll(letter);
         QUndoStack *const stack = m_workspace->undoStack();
+        const QSignalSpy cleanChanges(stack, &QUndoStack::cleanChanged);
         int undone = 0;
         for (; stack->canUndo(); ++undone) {
             QCOMPARE(stack->undoText(), QString(QChar('H' - undone)));
@@ -176,21 +180,36 @@ private slots:
         }
         QVERIFY2(undone > 1 && undone < 7, qPrintable(QString::number(undone)));
         QVERIFY(m_workspace->isModified());
+        QCOMPARE(cleanChanges.count(), 0);
         QCOMPARE(stack->count(), undone);
         stack->setIndex(undone);
         QVERIFY(m_workspace->selection().tracks() == many('H'));
+
+        // The last state that is come back to may be the saved one.
+        m_workspace->startNew();
+        for (int letter = 'A'; letter <= 'H'; ++letter) {
+            replaceAll(letter);
+            if (letter == 'H' - undone)
+                stack->setClean();
+        }
+        while (stack->canUndo())
+            stack->undo();
+        QCOMPARE(m_workspace->selection().value(0).name(), QString(QChar('H' - undone)));
+        QVERIFY(!m_workspace->isModified());
 
         // What both states share counts for nothing.
         QList<KRGeoPosition> positions;
         for (int i = 0; i < 1000; ++i)
             positions.append(KRGeoPosition(53.0, 8.0 + i / 1000.0));
         const KRGPXConfiguredTrack way(KRTestTrack::through(positions), KRGPXTrackConfiguration::defaultValue());
-        const auto bytes = [&](const KRGPXConfiguredTrack &after) {
-            const KRGPXConfiguredTrackList before(way);
-            return KRSelectionChange(KRGPXTrackSelection(before), KRGPXTrackSelection({after}), {}, {}).bytes();
+        const KRGPXConfiguredTrack other = track(QStringLiteral("other"));
+        const auto bytes = [&](const KRGPXConfiguredTrackList &after) {
+            const KRGPXConfiguredTrackList before{way, other};
+            return KRSelectionChange(KRGPXTrackSelection(before), KRGPXTrackSelection(after), {}, {}).bytes();
         };
-        QVERIFY(bytes(KRTrackEditing::renamed(way, QStringLiteral("new"))) < 1000);
-        QVERIFY(bytes(KRTrackEditing::reversed(way)) > 16000);
+        QVERIFY(bytes({KRTrackEditing::renamed(way, QStringLiteral("new")), other}) < 1000);
+        QVERIFY(bytes({other, way}) < 1000);
+        QVERIFY(bytes({KRTrackEditing::reversed(way), other}) > 16000);
     }
 
     void savedStateIsNotModified()
