@@ -1,11 +1,9 @@
 #include "KRMapEffort.h"
 
-#include <KRGeoLocation/KRGPXLineBundle.h>
-#include <KRGeoLocation/KRGPXLineCrowd.h>
-#include <KRGeoLocation/KRGPXMarkerStamps.h>
 #include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <QPainterPath>
+#include <QPen>
 #include <QVector>
 
 #include <algorithm>
@@ -15,35 +13,18 @@
 namespace {
 
 // Ordinary maps are never to lose anything: whole years of a club, hundreds of flights and thousands of districts, half
-// transparent and with halos, are estimated at less than half of this, and most of them at a tenth.
+// transparent and with halos, are estimated at less than two thirds of this and what their points add, and most of them
+// at a tenth.
 constexpr double mostNs = 2.0e9;
 constexpr double mostNsOfPixel = 100.0;
-constexpr double mostNsOfPoint = 1500.0;
-
-// What a pixel takes: that an outline passes, the first time and in all, and that it encloses in an opaque
-// colour and in any.
-constexpr double touchedPixelNs = 30.0;
-constexpr double outlinePixelNs = 9.0;
-constexpr double innerPixelNs = 0.2;
-constexpr double mixedPixelNs = 1.0;
-constexpr double dashNs = 900.0;
-constexpr double arrowNs = 40000.0;
-// Markers are drawn in a way that takes longer for each of their pixels, up to some size.
-constexpr double markerPixelNs = 75.0;
-constexpr double largestMarkerSide = 200.0;
-// Of larger ones KRGPXMarkerStamps makes no copies.
-constexpr double largestCopiedSide = 190.0;
 
 // A longer path of dashes is drawn solid.
 constexpr double mostDashes = 200000.0;
-// KRHaloPainter paints a halo as two bands.
-constexpr int bandsOfHalo = 2;
+
+// of the wider band of KRHaloPainter
 constexpr double extraWidthOfBand = 2.0;
 
-double pixelsOf(const QSizeF &size)
-{
-    return size.width() * size.height();
-}
+constexpr double cosineOfSlightTurn = 0.87;
 
 /// The places that are a world apart from one another where something from @p first to @p last is in 0 ... @p width.
 double copiesInView(double first, double last, double width, double worldWidth)
@@ -53,162 +34,57 @@ double copiesInView(double first, double last, double width, double worldWidth)
     return std::max(0.0, std::floor((width - first) / worldWidth) - std::ceil(-last / worldWidth) + 1.0);
 }
 
-double effortOfOutline(double outline, double area)
+bool isSlightTurn(const QPointF &before, const QPointF &after)
 {
-    return outlinePixelNs * outline + touchedPixelNs * std::min(outline, area);
+    const double product = QPointF::dotProduct(before, after);
+    const double squares = QPointF::dotProduct(before, before) * QPointF::dotProduct(after, after);
+    return product > 0.0 && product * product >= cosineOfSlightTurn * cosineOfSlightTurn * squares;
 }
 
 } // namespace
 
-double KRMapEffort::mostFor(const KRGPXTrackSelection &selection, const QSize &size)
+KRMapEffort::KRMapEffort(const KRGPXTrackRenderer *renderer, double mostNsOfPoint)
+    : m_renderer(renderer), m_mostNsOfPoint(mostNsOfPoint)
+{ }
+
+double KRMapEffort::mostFor(const KRGPXTrackSelection &selection) const
 {
     double points = 0.0;
     const KRGPXConfiguredTrackList tracks = selection.tracks();
     for (const KRGPXConfiguredTrack &track : tracks)
         track.visitPositions([&](const KRGeoPositionSpan &positions) { points += positions.count; });
-    return mostNs + mostNsOfPixel * pixelsOf(size) + mostNsOfPoint * points;
+    const QSize size = m_renderer->targetImageSize();
+    return mostNs + mostNsOfPixel * size.width() * size.height() + m_mostNsOfPoint * points;
 }
 
-KRGPXTrackSelection KRMapEffort::affordable(const KRGPXTrackSelection &selection, double most) const
+bool KRMapEffort::isAffordable(const KRGPXTrackSelection &selection) const
 {
     const std::vector<double> efforts = effortsOf(selection);
-    const bool isExcessive = std::accumulate(efforts.begin(), efforts.end(), 0.0) > most;
-    // To read and to estimate as much has taken its time already.
-    constexpr double partThatIsLeft = 0.5;
-    return isExcessive ? cheapest(selection, efforts, partThatIsLeft * most) : selection;
+    return std::accumulate(efforts.begin(), efforts.end(), 0.0) <= mostFor(selection);
 }
 
-std::vector<double> KRMapEffort::effortsOf(const KRGPXTrackSelection &selection) const
+QPen KRMapEffort::haloPenOf(const KRGPXTrackConfiguration &configuration) const
 {
-    const KRGPXConfiguredTrackList tracks = selection.tracks();
-    Memory memory;
-    std::vector<double> efforts;
-    efforts.reserve(std::size_t(tracks.size()));
-    for (const KRGPXConfiguredTrack &track : tracks)
-        efforts.push_back(effortOf(track, tracks.size() > KRGPXLineBundle::fewTracks ? &memory : nullptr));
-    return efforts;
+    QPen pen = m_renderer->penFromTrack(configuration, OpaqueRender);
+    pen.setColor(Qt::black);
+    pen.setWidthF(pen.widthF() + m_renderer->scale(extraWidthOfBand));
+    return pen;
 }
 
-KRGPXTrackSelection KRMapEffort::cheapest(const KRGPXTrackSelection &selection, const std::vector<double> &efforts,
-                                          double most) const
+double KRMapEffort::dashesOf(const QPen &pen, double length)
 {
-    const KRGPXConfiguredTrackList tracks = selection.tracks();
-    std::vector<int> numbers(efforts.size());
-    std::iota(numbers.begin(), numbers.end(), 0);
-    std::stable_sort(numbers.begin(), numbers.end(),
-                     [&](int a, int b) { return efforts[std::size_t(a)] < efforts[std::size_t(b)]; });
-    double effort = 0.0;
-    const auto end = std::find_if(numbers.begin(), numbers.end(),
-                                  [&](int number) { return (effort += efforts[std::size_t(number)]) > most; });
-    std::sort(numbers.begin(), end);
-    KRGPXTrackSelection taken;
-    taken.setCroppingOpacity(selection.nominalCroppingOpacity());
-    std::for_each(numbers.begin(), end, [&](int number) { taken.addTrack(tracks.at(number)); });
-    // Fewer are no longer drawn together, and take longer each.
-    const bool areFewNow = tracks.size() > KRGPXLineBundle::fewTracks && taken.count() <= KRGPXLineBundle::fewTracks;
-    return areFewNow ? cheapest(taken, effortsOf(taken), most) : taken;
-}
-
-/// @param memory null where each track is drawn for itself
-double KRMapEffort::effortOf(const KRGPXConfiguredTrack &track, Memory *memory) const
-{
-    const KRGPXTrackShape shape = track.effectiveShape();
-    const QPainterPath path = shape == PointTrackShape ? QPainterPath() : m_renderer->createPainterPath(track);
-    if (path.isEmpty())
-        return effortOfMarker(track, memory);
-
-    const std::vector<Layer> layers = layersOf(track);
-    double reach = 0.0;
-    for (const Layer &layer : layers)
-        reach = std::max(reach, layer.isStroked ? layer.pen.widthF() / 2.0 : 0.0);
-    const Extent extent = extentOf(path, reach);
-    double effort = 0.0;
-    if (shape != PolygonTrackShape && (track.configuration().markerShape() & ArrowMarkerShape) != 0
-        && extent.area > 0.0)
-        effort += arrowNs;
-    if (memory)
-        memory->strokes.resize(layers.size());
-    for (std::size_t i = 0; i < layers.size(); ++i) {
-        const Layer &layer = layers.at(i);
-        if (layer.isFilled)
-            effort += effortOfOutline(extent.length, extent.area) + mixedPixelNs * extent.area;
-        Stroke stroke{layer.pen, Extent()};
-        const bool isBundledHere = memory && isBundled(track, layer);
-        if (isBundledHere && memory->strokes.at(i).pen == stroke.pen
-            && memory->strokes.at(i).extent.lines < KRGPXLineBundle::mostElements)
-            stroke = memory->strokes.at(i);
-        const double before = effortOfLines(stroke.extent, stroke.pen);
-        stroke.extent = sumOf(stroke.extent, extent);
-        // Where lines begin to be thinned all together take less than they did.
-        if (layer.isStroked)
-            effort += std::max(0.0, effortOfLines(stroke.extent, stroke.pen) - before);
-        if (memory)
-            memory->strokes[i] = isBundledHere ? stroke : Stroke();
-    }
-    return effort;
-}
-
-/// As KRGPXMarkerStamps does; from now on it is known.
-bool KRMapEffort::knowsMarker(const KRGPXTrackConfiguration &configuration, Memory *memory)
-{
-    std::vector<KRGPXTrackConfiguration> &markers = memory->markers;
-    if (std::find(markers.rbegin(), markers.rend(), configuration) != markers.rend())
-        return true;
-    if (markers.size() < KRGPXMarkerStamps::mostLooks) {
-        markers.push_back(configuration);
-        return false;
-    }
-    memory->oldestMarker = (memory->oldestMarker + 1) % markers.size();
-    markers[memory->oldestMarker] = configuration;
-    return false;
-}
-
-double KRMapEffort::effortOfMarker(const KRGPXConfiguredTrack &track, Memory *memory) const
-{
-    const double diameter = 2.0 * std::max(0.0, m_renderer->scale(track.lineWidth().toDouble()));
-    bool isKnown = memory && knowsMarker(track.configuration(), memory);
-    double effort = 0.0;
-    const std::vector<Layer> layers = layersOf(track);
-    for (const Layer &layer : layers) {
-        const double side = diameter + layer.pen.widthF();
-        isKnown = isKnown && side <= largestCopiedSide;
-        const double area = std::min(side * side, pixelsOf(m_renderer->targetImageSize()));
-        const double newArea = isKnown ? 0.0 : std::pow(std::min(side, largestMarkerSide), 2.0);
-        effort += markerPixelNs * newArea + 2.0 * mixedPixelNs * area;
-    }
-    if (memory)
-        memory->strokes.clear();
-    return effort;
-}
-
-double KRMapEffort::effortOfLines(const Extent &extent, const QPen &pen) const
-{
-    const double width = std::max(1.0, pen.widthF());
-    double lines = extent.lines;
-    double length = extent.length;
     const QVector<qreal> pattern = pen.dashPattern();
-    const double period = std::accumulate(pattern.begin(), pattern.end(), 0.0) * width;
-    double dashes = period > 0.0 ? length / period : 0.0;
-    if (dashes > mostDashes)
-        dashes = 0.0;
-    if (lines > KRGPXLineCrowd::fewElements && dashes == 0.0) {
-        const double part = KRGPXLineCrowd::mostLengthFor(m_renderer->targetImageSize(), width / 2.0) / length;
-        lines *= std::min(1.0, part);
-        length *= std::min(1.0, part);
-    }
-    // an arc around each end, as far as it is in the image, and two lines between them
-    const QSize size = m_renderer->targetImageSize();
-    const double arc = std::min<double>(4.0 * width, size.width() + size.height());
-    const double insideNs = pen.color().alpha() == 255 ? innerPixelNs : mixedPixelNs;
-    return effortOfOutline(2.0 * length + arc * (lines + dashes), extent.area)
-           + insideNs * std::min(length * width, extent.area) + dashNs * dashes;
+    const double period = std::accumulate(pattern.begin(), pattern.end(), 0.0) * std::max(1.0, pen.widthF());
+    const double dashes = period > 0.0 ? length / period : 0.0;
+    return dashes > mostDashes ? 0.0 : dashes;
 }
 
 KRMapEffort::Extent KRMapEffort::sumOf(const Extent &first, const Extent &second) const
 {
+    const QSizeF size = m_renderer->targetImageSize();
     const double copies = std::max(first.copies, second.copies);
-    return {first.lines + second.lines, first.length + second.length,
-            std::min(first.area + second.area, copies * pixelsOf(m_renderer->targetImageSize())), copies};
+    return {first.lines + second.lines, first.corners + second.corners, first.length + second.length,
+            std::min(first.area + second.area, copies * size.width() * size.height()), copies};
 }
 
 KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach) const
@@ -219,6 +95,7 @@ KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach
         const bool isBeside = bounds.bottom() + reach >= 0.0 && bounds.top() - reach <= size.height();
         return isBeside ? copiesInView(bounds.left() - reach, bounds.right() + reach, size.width(), worldWidth) : 0.0;
     };
+    const auto lineTo = [&path](int i) { return QPointF(path.elementAt(i)) - path.elementAt(i - 1); };
     Extent extent;
     for (int i = 1; i < path.elementCount(); ++i) {
         if (!path.elementAt(i).isLineTo())
@@ -226,6 +103,9 @@ KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach
         const QRectF line = QRectF(path.elementAt(i - 1), path.elementAt(i)).normalized();
         const double copies = copiesOf(line);
         extent.lines += copies;
+        const bool isFirst = path.elementAt(i - 1).isMoveTo();
+        if (isFirst || !isSlightTurn(lineTo(i - 1), lineTo(i)))
+            extent.corners += isFirst ? 2.0 * copies : copies;
         extent.length += copies * (std::min(line.width(), size.width()) + std::min(line.height(), size.height()));
     }
     const QRectF bounds = path.controlPointRect();
@@ -233,33 +113,4 @@ KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach
     extent.area = extent.copies * std::min(bounds.width() + 2.0 * reach, size.width())
                   * std::min(bounds.height() + 2.0 * reach, size.height());
     return extent;
-}
-
-std::vector<KRMapEffort::Layer> KRMapEffort::layersOf(const KRGPXConfiguredTrack &track) const
-{
-    const KRGPXTrackConfiguration configuration = track.configuration();
-    const bool isArea = track.effectiveShape() == PolygonTrackShape;
-    QPen mask = m_renderer->penFromTrack(configuration, OpaqueRender);
-    mask.setColor(Qt::black);
-    std::vector<Layer> layers;
-    if (m_isCropped)
-        layers.push_back({mask, true, isArea});
-    if (m_isForMaskOnly)
-        return layers;
-    QPen band = mask;
-    band.setWidthF(mask.widthF() + m_renderer->scale(extraWidthOfBand));
-    for (int i = 0; i < bandsOfHalo && !track.haloWidth().isNull(); ++i)
-        layers.push_back({band, true, false});
-    const bool isOpaque = m_option == OpaqueRender;
-    layers.push_back({m_renderer->penFromTrack(configuration, m_option),
-                      isOpaque || configuration.hasDrawOption(StrokeDisplayOption),
-                      isArea && (isOpaque || configuration.hasDrawOption(FillDisplayOption))});
-    return layers;
-}
-
-/// As KRGPXLineBundle decides.
-bool KRMapEffort::isBundled(const KRGPXConfiguredTrack &track, const Layer &layer)
-{
-    return layer.isStroked && !layer.isFilled && layer.pen.style() == Qt::SolidLine && layer.pen.color().alpha() == 255
-           && (track.configuration().markerShape() & ArrowMarkerShape) == 0;
 }

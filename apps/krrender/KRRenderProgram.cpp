@@ -2,10 +2,11 @@
 
 #include "KRBaseMapGround.h"
 #include "KRExchangeFile.h"
+#include "KRImageEffort.h"
 #include "KRMapArea.h"
 #include "KRMapComposition.h"
-#include "KRMapEffort.h"
 #include "KRMapTrackRenderer.h"
+#include "KRPageEffort.h"
 #include "KRPatientEnd.h"
 #include "KRPatientGround.h"
 #include "KRPictureFile.h"
@@ -275,7 +276,9 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
         m_console.showProgress(tr("Die Karte wird gezeichnet; fehlende Kacheln: %1").arg(count));
     });
     const KRGPXTrackSelection drawable = affordable(tracks, area, size);
-    KRMapComposition composition(drawable, area, size, m_options.scale());
+    const bool isSimplified = isTooSlowInPdf(drawable, area, size);
+    KRMapComposition composition(isSimplified ? KRPageEffort::simplified(drawable) : drawable, area, size,
+                                 m_options.scale());
     composition.setGround(ground == nullptr ? nullptr : &patientGround);
     composition.setRenderOption(m_options.renderOption());
     composition.setScaleBar(m_options.hasScaleBar());
@@ -288,8 +291,12 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
     const bool isCoarse = KRPictureFile::isVector(m_options.format()) && composition.isGroundReduced();
     if (isCoarse)
         m_console.complain(tr("Das Bild der Karte unter den Routen wäre zu groß; es ist gröber als verlangt."));
-    const bool isWhole =
-        undrawn == 0 && drawable.count() == tracks.count() && !isCoarse && patientGround.gaps().count == 0;
+    if (isSimplified)
+        m_console.complain(
+            tr("Die Routen sind deckend und ohne Halo gezeichnet. Das PDF würde mit ihnen sonst sehr lange "
+               "dauern; --patient zeichnet sie wie verlangt."));
+    const bool isWhole = undrawn == 0 && drawable.count() == tracks.count() && !isSimplified && !isCoarse
+                         && patientGround.gaps().count == 0;
     reportGaps(patientGround.gaps());
     return std::max<int>(write(bytes), isWhole ? AllDone : SomethingLeftOut);
 }
@@ -297,22 +304,35 @@ int KRRenderProgram::draw(const KRGPXTrackSelection &tracks)
 KRGPXTrackSelection KRRenderProgram::affordable(const KRGPXTrackSelection &tracks, const KRGeoPositionRect &area,
                                                 const QSize &size)
 {
-    const bool isVector = KRPictureFile::isVector(m_options.format());
-    const bool isCropped = tracks.effectiveCroppingOpacity() < 255;
-    if (m_options.isPatient() || (isVector && !isCropped))
+    if (m_options.isPatient())
         return tracks;
     const KRMapTrackRenderer renderer(tracks, KRMapProjection(area, size), size, m_options.scale());
-    KRMapEffort effort(&renderer);
+    const bool isVector = KRPictureFile::isVector(m_options.format());
+    const bool isCropped = tracks.effectiveCroppingOpacity() < 255;
+    if (isVector && !isCropped)
+        return tracks;
+    KRImageEffort effort(&renderer);
     effort.setCropped(isCropped);
     effort.setRenderOption(m_options.renderOption());
     if (isVector)
         effort.setForMaskOnly();
-    const KRGPXTrackSelection drawable = effort.affordable(tracks, KRMapEffort::mostFor(tracks, size));
+    const KRGPXTrackSelection drawable = effort.affordable(tracks);
     if (drawable.count() < tracks.count())
         m_console.complain(tr("Nicht gezeichnete Routen: %1. Das Bild würde mit ihnen sehr lange dauern; --patient "
                               "zeichnet sie.")
                                .arg(tracks.count() - drawable.count()));
     return drawable;
+}
+
+bool KRRenderProgram::isTooSlowInPdf(const KRGPXTrackSelection &tracks, const KRGeoPositionRect &area,
+                                     const QSize &size) const
+{
+    if (m_options.isPatient() || m_options.format() != "pdf")
+        return false;
+    const KRMapTrackRenderer renderer(tracks, KRMapProjection(area, size), size, m_options.scale());
+    KRPageEffort effort(&renderer);
+    effort.setRenderOption(m_options.renderOption());
+    return !effort.isAffordable(tracks);
 }
 
 std::unique_ptr<KRMapGround> KRRenderProgram::createGround(const QImage &picture, const KRGeoPositionRect &area)

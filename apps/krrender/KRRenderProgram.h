@@ -54,6 +54,8 @@ private:
     KRGPXTrackSelection selection() const;
     /// Those that are drawn in bounded time.
     KRGPXTrackSelection affordable(const KRGPXTrackSelection &tracks, const KRGeoPositionRect &area, const QSize &size);
+    /// Whether a PDF of the tracks would take too long as they look.
+    bool isTooSlowInPdf(const KRGPXTrackSelection &tracks, const KRGeoPositionRect &area, const QSize &size) const;
     int countOfUndrawn(const KRGPXTrackSelection &selection);
 
     KRRenderOptions m_options;

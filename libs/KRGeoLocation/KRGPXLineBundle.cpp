@@ -8,8 +8,30 @@
 #include "KRGPXTrackDisplayOptions.h"
 #include "KRGPXTrackShape.h"
 #include "KRGPXWorldCopies.h"
+#include "KRGeoPositionSpan.h"
 
 #include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+// in all tracks together
+constexpr int manyPoints = 200000;
+
+} // namespace
+
+bool KRGPXLineBundle::areWorthUniting(const KRGPXConfiguredTrackList &tracks)
+{
+    if (tracks.size() > fewTracks)
+        return true;
+    int points = 0;
+    for (const KRGPXConfiguredTrack &track : tracks)
+        track.visitPositions([&points](const KRGeoPositionSpan &positions) {
+            points = std::min(points + positions.count, manyPoints + 1);
+        });
+    return points > manyPoints;
+}
 
 KRGPXLineBundle::KRGPXLineBundle(const KRGPXTrackRenderer *renderer, QPainter *painter, TrackRenderOption option)
     : m_renderer(renderer), m_painter(painter), m_option(option)

@@ -11,13 +11,16 @@
  * Lines of one opaque colour, and areas of which only the edge is drawn, leave the same marks either way, but for soft
  * edges where they meet. Whatever else a track may be is not for a bundle.
  */
-class KRGPXLineBundle
+class KRGEOLOCATION_EXPORT KRGPXLineBundle
 {
 public:
     /// Fewer tracks are worth no bundle.
     static constexpr int fewTracks = 1000;
     /// Beyond, more lines at once would only take memory.
     static constexpr int mostElements = 500000;
+
+    /// Whether the tracks are so many, or have so many points, that half transparent lines of one look may become one.
+    static bool areWorthUniting(const KRGPXConfiguredTrackList &tracks);
 
     /// For one drawing on @p painter; both stay with the caller.
     KRGPXLineBundle(const KRGPXTrackRenderer *renderer, QPainter *painter, TrackRenderOption option);

@@ -8,6 +8,8 @@ namespace {
 constexpr double smallestSquarePx = 4.0;
 constexpr double squaresOfReach = 4.0;
 
+constexpr double fixedOne = 4294967296.0;
+
 constexpr std::size_t knownLines = 4096; // a power of two
 
 double squarePxFor(double reach)
@@ -28,8 +30,8 @@ int quarters(double pixels)
 KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size, double reach, int mostLines)
     : m_area(QRectF(QPointF(), size).marginsAdded(QMarginsF() + std::clamp(reach, 0.0, farthestPx))),
       m_squarePx(squarePxFor((m_area.width() - size.width()) / 2.0)), m_mostLines(mostLines),
-      m_columns(std::size_t(m_area.width() / m_squarePx) + 1),
-      m_squares(m_columns * (std::size_t(m_area.height() / m_squarePx) + 1)), m_known(knownLines)
+      m_columns(std::size_t(m_area.width() / m_squarePx) + 3),
+      m_squares(m_columns * (std::size_t(m_area.height() / m_squarePx) + 3)), m_known(knownLines)
 { }
 
 int KRGPXLineCrowd::mostLinesFor(double widthPx)
@@ -49,19 +51,23 @@ bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
     QPointF end = to;
     if (!cutToArea(&begin, &end) || isKnown(from, to))
         return false;
-    const QPointF way = end - begin;
-    const int steps = int(std::max(std::abs(way.x()), std::abs(way.y())) / m_squarePx) + 1;
+    const QPointF way = (end - begin) / m_squarePx;
+    const int steps = int(std::max(std::abs(way.x()), std::abs(way.y()))) + 1;
     // A line counts once for a square, and not again for that where it goes on from the one before.
-    const std::size_t endSquare = squareOf(end);
-    std::size_t last = squareOf(begin) == endSquare ? m_squares.size() : m_lastSquare;
+    const std::size_t endSquare = squareOf(fixedPlaceOf(end));
+    FixedPlace place = fixedPlaceOf(begin);
+    std::size_t last = squareOf(place) == endSquare ? m_squares.size() : m_lastSquare;
+    const FixedPlace step{std::llround(way.x() / steps * fixedOne), std::llround(way.y() / steps * fixedOne)};
     bool isAnyFree = false;
     for (int i = 0; i <= steps; ++i) {
-        const std::size_t square = squareOf(begin + way * (double(i) / steps));
+        const std::size_t square = i < steps ? squareOf(place) : endSquare;
         std::uint8_t &lines = m_squares[square];
         isAnyFree = isAnyFree || lines < m_mostLines;
         if (square != last && lines < m_mostLines)
             ++lines;
         last = square;
+        place.x += step.x;
+        place.y += step.y;
     }
     m_lastSquare = endSquare;
     return isAnyFree;
@@ -105,13 +111,13 @@ bool KRGPXLineCrowd::cutToArea(QPointF *from, QPointF *to) const
     return isInside;
 }
 
-std::size_t KRGPXLineCrowd::squareOf(const QPointF &place) const
+KRGPXLineCrowd::FixedPlace KRGPXLineCrowd::fixedPlaceOf(const QPointF &place) const
 {
     const double x = std::clamp(place.x(), m_area.left(), m_area.right()) - m_area.left();
     const double y = std::clamp(place.y(), m_area.top(), m_area.bottom()) - m_area.top();
-    return std::size_t(y / m_squarePx) * m_columns + std::size_t(x / m_squarePx);
+    // Behind the outer square, where what rounding leaves of the last step ends.
+    return {std::llround((x / m_squarePx + 1.0) * fixedOne), std::llround((y / m_squarePx + 1.0) * fixedOne)};
 }
-
 QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform &transform, const QSize &size,
                                      double reach, int mostLines)
 {

@@ -67,14 +67,24 @@ private:
         int y2 = 0;
     };
 
+    /// In parts of a square, of which the upper half of the bits counts whole ones.
+    struct FixedPlace {
+        std::int64_t x;
+        std::int64_t y;
+    };
+
     bool cutToArea(QPointF *from, QPointF *to) const;
-    std::size_t squareOf(const QPointF &place) const;
+    FixedPlace fixedPlaceOf(const QPointF &place) const;
+    std::size_t squareOf(const FixedPlace &place) const
+    {
+        return std::size_t(place.y >> 32) * m_columns + std::size_t(place.x >> 32);
+    }
 
     QRectF m_area; // the image, and around it from where lines reach into it
     double m_squarePx;
     int m_mostLines;
     std::size_t m_columns;
-    std::vector<std::uint8_t> m_squares; // lines through each, row by row
+    std::vector<std::uint8_t> m_squares; // lines through each, row by row, with one more on all sides
     std::size_t m_lastSquare = std::numeric_limits<std::size_t>::max(); // where the line before has ended
     std::vector<Line> m_known; // each where its numbers lead
 };

@@ -1,6 +1,8 @@
 #include "KRGPXPathPainter.h"
 
 #include "KRGPXLineCrowd.h"
+#include "KRGPXLineOutline.h"
+#include "KRGPXPagePainter.h"
 #include "KRGPXPathExcerpt.h"
 #include "KRGPXPathRaster.h"
 #include "KRGPXPathTiles.h"
@@ -40,9 +42,6 @@ constexpr int largestRasterPx = 65536;
 // The outline of an area that is longer is no outline any more on an image, but takes its time.
 constexpr double longestOutlinePx = 1e8;
 
-// On larger pages lines are thinned as if they were smaller.
-constexpr double largestCrowdPx = 64e6;
-
 // around a line, beside its pen: the soft edge and the rounding of the rasteriser
 constexpr double softEdgePx = 1.5;
 
@@ -57,14 +56,6 @@ Stretch stretchOf(const QTransform &transform)
     const double a = std::hypot(transform.m11() + transform.m22(), transform.m12() - transform.m21());
     const double b = std::hypot(transform.m11() - transform.m22(), transform.m12() + transform.m21());
     return {std::abs(a - b) / 2.0, (a + b) / 2.0};
-}
-
-bool hasLinesOnly(const QPainterPath &path)
-{
-    for (int i = 0; i < path.elementCount(); ++i)
-        if (path.elementAt(i).isCurveTo())
-            return false;
-    return true;
 }
 
 // Several lines without any join are painted one by one, so that they overlap.
@@ -118,41 +109,14 @@ double reachOf(const QPen &pen, const Stretch &stretch)
 bool isForCrowd(const QPainterPath &path, const QPen &pen, const Stretch &stretch)
 {
     return path.elementCount() > KRGPXLineCrowd::fewElements && pen.style() == Qt::SolidLine
-           && (pen.color().alpha() == 255 || (isWidePen(pen, stretch) && hasJoin(path))) && hasLinesOnly(path);
+           && (pen.color().alpha() == 255 || (isWidePen(pen, stretch) && hasJoin(path)))
+           && KRGPXLineOutline::isFor(path);
 }
 
 // Cosmetic pens do not stretch.
 double crowdReachOf(const QPen &pen, const Stretch &stretch)
 {
     return std::max(reachOf(pen, stretch), pen.widthF() + softEdgePx);
-}
-
-bool keepsPaths(const QPainter *painter)
-{
-    const QPaintEngine::Type type = painter->paintEngine()->type();
-    return type == QPaintEngine::Pdf || type == QPaintEngine::SVG;
-}
-
-// For a device that keeps paths. The painter's units count as pixels: those of paper may be as small as they like.
-QPainterPath thinnedForPage(const QPainter *painter, const QPainterPath &path)
-{
-    const QPen pen = painter->pen();
-    const QRectF page(0.0, 0.0, painter->device()->width(), painter->device()->height());
-    QRectF sight = painter->deviceTransform().inverted().mapRect(page);
-    if (painter->hasClipping())
-        sight &= painter->clipBoundingRect();
-    if (path.elementCount() <= KRGPXLineCrowd::fewElements || pen.style() != Qt::SolidLine || pen.isCosmetic()
-        || !hasLinesOnly(path) || sight.isEmpty())
-        return path;
-    const double scale = std::min(1.0, std::sqrt(largestCrowdPx / (sight.width() * sight.height())));
-    const QTransform transform =
-        QTransform::fromTranslate(-sight.left(), -sight.top()) * QTransform::fromScale(scale, scale);
-    const QSize size = (sight.size() * scale).toSize().expandedTo(QSize(1, 1));
-    // In PDF half transparent lines become outlines.
-    const bool isOutlined = painter->paintEngine()->type() == QPaintEngine::Pdf && pen.color().alpha() < 255;
-    const int mostLines =
-        isOutlined ? KRGPXLineCrowd::mostLinesFor(pen.widthF() * scale) : KRGPXLineCrowd::usualMostLines;
-    return KRGPXLineCrowd::thinned(path, transform, size, reachOf(pen, {scale, scale}), mostLines);
 }
 
 // How many pixels of the image the outline of an area passes, at most: the time that filling takes.
@@ -205,13 +169,6 @@ bool paintOutline(const QPainterPath &outline, const QTransform &transform, cons
     return true;
 }
 
-QPainterPath linesInSight(const QPainterPath &path, const QTransform &transform, double reach, const QSize &size)
-{
-    QPainterPath lines;
-    KRGPXPathTiles(path, transform, reach, size, std::max(size.width(), size.height())).appendLines(0, &lines);
-    return lines;
-}
-
 // The painter calculates lines across more than that with other roundings.
 bool isNear(const QRectF &bounds)
 {
@@ -258,8 +215,8 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     const QTransform transform = painter->deviceTransform();
     const Stretch stretch = stretchOf(transform);
     const QImage *const image = imageOf(painter);
-    if (keepsPaths(painter)) {
-        painter->drawPath(thinnedForPage(painter, wholePath));
+    if (KRGPXPagePainter::isFor(painter)) {
+        KRGPXPagePainter::drawPath(painter, wholePath);
         return;
     }
     const bool isCrowd = image && isForCrowd(wholePath, pen, stretch);
@@ -268,7 +225,7 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     const bool usesRaster = image && isForRaster(painter, image);
     // In tiles nobody would know where the dashes begin.
     const bool isKnownPen = isWidePen(pen, stretch) && (pen.style() == Qt::SolidLine || (usesRaster && isDashed(pen)));
-    if (!image || !isKnownPen || !hasLinesOnly(path) || !overlapsLikeOne(wholePath, pen)
+    if (!image || !isKnownPen || !KRGPXLineOutline::isFor(path) || !overlapsLikeOne(wholePath, pen)
         || (!usesRaster && !isLong(path, transform))) {
         painter->drawPath(path);
         return;
@@ -276,7 +233,8 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     KRVectorRegisters::releaseUpperHalves();
     const double reach = reachOf(pen, stretch);
     if (usesRaster) {
-        const QPainterPath lines = isDashed(pen) ? path : linesInSight(path, transform, reach, image->size());
+        const QPainterPath lines =
+            isDashed(pen) ? path : KRGPXPathTiles::linesInSight(path, transform, reach, image->size());
         if (paintOutline(QPainterPathStroker(pen).createStroke(lines), transform, pen.color(), image))
             return;
     }

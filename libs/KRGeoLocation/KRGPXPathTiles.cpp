@@ -27,6 +27,14 @@ KRGPXPathTiles::KRGPXPathTiles(const QPainterPath &path, const QTransform &trans
     m_lines = sortedIntoTiles(reach);
 }
 
+QPainterPath KRGPXPathTiles::linesInSight(const QPainterPath &path, const QTransform &transform, double reach,
+                                          const QSize &size)
+{
+    QPainterPath lines;
+    KRGPXPathTiles(path, transform, reach, size, std::max(size.width(), size.height())).appendLines(0, &lines);
+    return lines;
+}
+
 QRect KRGPXPathTiles::rect(int tile) const
 {
     const QPoint corner(tile % m_columns * m_tileSize, tile / m_columns * m_tileSize);

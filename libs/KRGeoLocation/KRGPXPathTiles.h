@@ -29,6 +29,10 @@ public:
     KRGPXPathTiles(const QPainterPath &path, const QTransform &transform, double reach, const QSize &size,
                    int tileSize);
 
+    /// What of a path leaves marks in an image of the size, with the lines before and after.
+    static QPainterPath linesInSight(const QPainterPath &path, const QTransform &transform, double reach,
+                                     const QSize &size);
+
     int count() const { return m_columns * m_rows; }
     bool isEmpty(int tile) const { return m_lines.isEmpty(tile); }
     /// In pixels of the image.

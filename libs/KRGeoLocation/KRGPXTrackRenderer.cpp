@@ -23,6 +23,7 @@
 #include <KRCore/KRConcurrent.h>
 #include <KRCore/KRQtCompat.h>
 
+#include <QPaintEngine>
 #include <QPainter>
 #include <QtMath>
 
@@ -43,9 +44,6 @@ constexpr double longestArrow = 100.0;
 
 // degrees between an arrow's shaft and each of its barbs
 constexpr double barbAngle = 30.0;
-
-// in all tracks together
-constexpr int manyPoints = 200000;
 
 // Pixels beyond are no places on any map, and their distances no numbers to draw with.
 constexpr double farthestPixel = 1e12;
@@ -99,16 +97,6 @@ KRGPXConfiguredTrackList inOneColor(KRGPXConfiguredTrackList tracks)
         track.setConfiguration(configuration);
     }
     return tracks;
-}
-
-bool haveManyPoints(const KRGPXConfiguredTrackList &tracks)
-{
-    int points = 0;
-    for (const KRGPXConfiguredTrack &track : tracks)
-        track.visitPositions([&points](const KRGeoPositionSpan &positions) {
-            points = std::min(points + positions.count, manyPoints + 1);
-        });
-    return points > manyPoints;
 }
 
 /// Not valid if there is none. The list of a long track takes some 70 bytes for each point.
@@ -188,15 +176,17 @@ void KRGPXTrackRenderer::renderWith(QPainter &painter, TrackRenderOption option)
 void KRGPXTrackRenderer::renderUnited(QPainter &painter, TrackRenderOption option) const
 {
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
-    drawTracks(&painter, tracks, option, tracks.size() > KRGPXLineBundle::fewTracks || haveManyPoints(tracks));
+    drawTracks(&painter, tracks, option, KRGPXLineBundle::areWorthUniting(tracks));
 }
 
 void KRGPXTrackRenderer::drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
                                     bool isUniting) const
 {
-    const bool isCrowdOnImage =
-        tracks.size() > KRGPXLineBundle::fewTracks && dynamic_cast<const QImage *>(painter->device());
-    const bool isBundled = isCrowdOnImage || isUniting;
+    const bool isCrowd = tracks.size() > KRGPXLineBundle::fewTracks;
+    const bool isCrowdOnImage = isCrowd && dynamic_cast<const QImage *>(painter->device());
+    // Somebody may want to take an SVG apart.
+    const bool isCrowdInPdf = isCrowd && painter->isActive() && painter->paintEngine()->type() == QPaintEngine::Pdf;
+    const bool isBundled = isCrowdOnImage || isCrowdInPdf || isUniting;
     KRGPXLineBundle bundle(this, painter, option);
     bundle.setUniting(isUniting);
     KRGPXMarkerStamps stamps;

@@ -314,7 +314,9 @@ void tst_KRGPXPathPainter::pagesKeepCrowdsThatShow()
     };
     const QRectF sight(0.0, 0.0, 400.0, 500.0);
     const KRTestTable<QPainterPath, int, double, double> table{
-        {"few lines", pathIn(sight, 5000), 150, 0.99, 1.01},
+        {"few lines", pathIn(sight, 5000), 255, 0.2, 0.9},
+        {"few half transparent", pathIn(sight, 5000), 150, 0.2, 0.75},
+        {"few, most of them beside the page", pathIn(sight.adjusted(-40.0, 0.0, 100000.0, 0.0), 500), 255, 0.0, 0.2},
         {"many", pathIn(sight, 100000), 255, 0.05, 0.5},
         {"many half transparent", pathIn(sight, 30000), 150, 0.01, 0.35},
         {"many beside the page", pathIn(sight.translated(500.0, 0.0), 30000), 150, 0.0, 0.01},

@@ -1,6 +1,7 @@
-#include "KRMapEffort.h"
+#include "KRImageEffort.h"
 #include "KRMapTrackRenderer.h"
 #include "KRNamedTrack.h"
+#include "KRPageEffort.h"
 #include "KRTest.h"
 #include "KRTestMap.h"
 #include "KRTestTable.h"
@@ -26,7 +27,7 @@ struct Tracks {
     int alpha;
 };
 
-KRGPXTrackSelection selectionOf(const Tracks &tracks, int count)
+KRGPXTrackSelection selectionOf(const Tracks &tracks, int count, double haloWidth = 0.0)
 {
     KRGPXTrackSelection selection;
     for (int i = 0; i < count; ++i) {
@@ -34,7 +35,7 @@ KRGPXTrackSelection selectionOf(const Tracks &tracks, int count)
                                                 QColor(i % tracks.colors, 0, i % tracks.colors / 256, tracks.alpha));
         KRGPXTrackConfiguration configuration = track.configuration();
         configuration.setLineWidth(tracks.width);
-        configuration.setHaloWidth(0.0);
+        configuration.setHaloWidth(haloWidth);
         track.setConfiguration(configuration);
         selection.addTrack(track);
     }
@@ -51,11 +52,18 @@ KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection, Drawing dra
 {
     const KRMapTrackRenderer renderer(selection, KRMapProjection(KRTestMap{45.0, 60.0, 0.0, 20.0}.area(), size), size,
                                       1.0);
-    KRMapEffort effort(&renderer);
+    KRImageEffort effort(&renderer);
     if (drawing != WholeMap)
         effort.setForMaskOnly();
     effort.setCropped(drawing == CroppedVectorMap);
-    return effort.affordable(selection, KRMapEffort::mostFor(selection, size));
+    return effort.affordable(selection);
+}
+
+bool isAffordableInPdf(const KRGPXTrackSelection &selection)
+{
+    const KRMapTrackRenderer renderer(selection, KRMapProjection(KRTestMap{45.0, 60.0, 0.0, 20.0}.area(), size), size,
+                                      1.0);
+    return KRPageEffort(&renderer).isAffordable(selection);
 }
 
 } // namespace
@@ -87,6 +95,27 @@ private slots:
             QCOMPARE(affordable(selection, VectorMap).count(), count);
             // In what crops a map all have one colour.
             QCOMPARE(affordable(selection, CroppedVectorMap).count() == count, areAllInMask);
+        });
+    }
+
+    void knowsWhatIsSlowInPdf()
+    {
+        // to and fro between east and west
+        KRGeoPositionList edgeToEdge;
+        for (int i = 0; i < 400; ++i)
+            edgeToEdge.append(KRGeoPosition(45.0 + (i * 37) % 400 / 27.0, i % 2 * 20.0));
+        const KRTestTable<Tracks, int, double, bool> table{
+            {"opaque", {edgeToEdge, LineStringTrackShape, 6.0, 1, 255}, 2000, 0.0, true},
+            {"half transparent", {edgeToEdge, LineStringTrackShape, 6.0, 1, 128}, 2000, 0.0, false},
+            {"some of them", {edgeToEdge, LineStringTrackShape, 6.0, 1, 128}, 200, 0.0, true},
+            {"with halos", {edgeToEdge, LineStringTrackShape, 6.0, 1, 255}, 400, 4.0, false},
+            {"halos of more, which become one", {edgeToEdge, LineStringTrackShape, 6.0, 1, 255}, 900, 4.0, true},
+            {"dots", {point, PointTrackShape, 6.0, 1, 128}, 50000, 4.0, true},
+        };
+        table.forEach([](const Tracks &tracks, int count, double haloWidth, bool isAffordable) {
+            const KRGPXTrackSelection selection = selectionOf(tracks, count, haloWidth);
+            QCOMPARE(isAffordableInPdf(selection), isAffordable);
+            QVERIFY(isAffordableInPdf(KRPageEffort::simplified(selection)));
         });
     }
 

@@ -1,0 +1,106 @@
+#include "KRPageEffort.h"
+
+#include <KRGeoLocation/KRGPXLineBundle.h>
+#include <KRGeoLocation/KRGPXLineCrowd.h>
+
+#include <QPainterPath>
+
+#include <algorithm>
+
+namespace {
+
+// A line has two sides, a corner or an end has curves as well.
+constexpr double lineNs = 2500.0;
+constexpr double cornerNs = 4500.0;
+// Coordinates that are far from those before are harder to pack.
+constexpr double cornerNsOfPixel = 35.0;
+constexpr double farPx = 100.0;
+constexpr double dashNs = 17000.0;
+// What a crowd keeps beyond its least length: lines of which only a part shows.
+constexpr double crowdAllowance = 2.5;
+
+constexpr double mostNsOfPoint = 600.0;
+
+bool isCrowd(double lines, const QPen &pen)
+{
+    return lines > KRGPXLineCrowd::fewElements && pen.style() == Qt::SolidLine;
+}
+
+} // namespace
+
+KRPageEffort::KRPageEffort(const KRGPXTrackRenderer *renderer) : KRMapEffort(renderer, mostNsOfPoint) { }
+
+KRGPXTrackSelection KRPageEffort::simplified(const KRGPXTrackSelection &selection)
+{
+    KRGPXConfiguredTrackList tracks = selection.tracks();
+    for (KRGPXConfiguredTrack &track : tracks) {
+        KRGPXTrackConfiguration configuration = track.configuration();
+        QColor color = configuration.lineColor();
+        color.setAlpha(255);
+        configuration.setLineColor(color);
+        configuration.setHaloWidth(0.0);
+        track.setConfiguration(configuration);
+    }
+    KRGPXTrackSelection result = selection;
+    result.setTracks(tracks);
+    return result;
+}
+
+std::vector<double> KRPageEffort::effortsOf(const KRGPXTrackSelection &selection) const
+{
+    const KRGPXConfiguredTrackList tracks = selection.tracks();
+    const bool areHalosUnited = KRGPXLineBundle::areWorthUniting(tracks);
+    Stroke halo{QPen(), Extent()};
+    std::vector<double> efforts;
+    efforts.reserve(std::size_t(tracks.size()));
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        efforts.push_back(effortOf(track, &halo));
+        if (!areHalosUnited)
+            halo.extent = Extent();
+    }
+    return efforts;
+}
+
+/// @param halo of the tracks before that becomes one with that of the track
+double KRPageEffort::effortOf(const KRGPXConfiguredTrack &track, Stroke *halo) const
+{
+    const KRGPXTrackConfiguration configuration = track.configuration();
+    const QPen pen = m_renderer->penFromTrack(configuration, m_option);
+    const bool isStroked = m_option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption);
+    const bool isOutlined = isStroked && pen.color().alpha() < 255;
+    const bool hasHalo = !track.haloWidth().isNull();
+    if ((!isOutlined && !hasHalo) || track.effectiveShape() == PointTrackShape)
+        return 0.0;
+    const QPainterPath path = m_renderer->createPainterPath(track);
+    double effort = isOutlined ? effortOfOutlines(extentOnPage(path, pen), pen) : 0.0;
+    if (hasHalo) {
+        const QPen haloPen = haloPenOf(configuration);
+        if (halo->pen != haloPen || halo->extent.lines > KRGPXLineBundle::mostElements)
+            *halo = {haloPen, Extent()};
+        const double before = effortOfOutlines(halo->extent, haloPen);
+        halo->extent = sumOf(halo->extent, extentOnPage(path, haloPen));
+        effort += bandsOfHalo * std::max(0.0, effortOfOutlines(halo->extent, haloPen) - before);
+    }
+    return effort;
+}
+
+/// Of what KRGPXPagePainter draws.
+KRMapEffort::Extent KRPageEffort::extentOnPage(const QPainterPath &path, const QPen &pen) const
+{
+    const double reach = pen.widthF() / 2.0;
+    const bool isThinned = isCrowd(path.elementCount(), pen);
+    return extentOf(isThinned ? KRGPXLineCrowd::thinned(path, QTransform(), m_renderer->targetImageSize(), reach,
+                                                        KRGPXLineCrowd::mostLinesFor(pen.widthF()))
+                              : path,
+                    reach);
+}
+
+double KRPageEffort::effortOfOutlines(const Extent &extent, const QPen &pen) const
+{
+    const double mostLength = KRGPXLineCrowd::mostLengthFor(m_renderer->targetImageSize(), pen.widthF() / 2.0,
+                                                            KRGPXLineCrowd::mostLinesFor(pen.widthF()));
+    const double part = isCrowd(extent.lines, pen) ? std::min(1.0, crowdAllowance * mostLength / extent.length) : 1.0;
+    const double averageLength = extent.lines > 0.0 ? extent.length / extent.lines : 0.0;
+    const double nsOfCorner = cornerNs + cornerNsOfPixel * std::min(averageLength, farPx);
+    return part * (lineNs * extent.lines + nsOfCorner * extent.corners) + dashNs * dashesOf(pen, extent.length);
+}
