@@ -329,6 +329,10 @@
         <source>Nicht gezeichnete Routen: %1. Das Bild würde mit ihnen sehr lange dauern; --patient zeichnet sie.</source>
         <translation>Routes that are not drawn: %1. The picture would take very long with them; --patient draws them.</translation>
     </message>
+    <message>
+        <source>Die Routen sind deckend und ohne Halo gezeichnet. Das PDF würde mit ihnen sonst sehr lange dauern; --patient zeichnet sie wie verlangt.</source>
+        <translation>The routes are drawn opaque and without halos. The PDF would take very long otherwise; --patient draws them as asked for.</translation>
+    </message>
 </context>
 <context>
     <name>KRTrackLook</name>

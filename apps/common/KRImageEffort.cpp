@@ -157,7 +157,7 @@ double KRImageEffort::effortOfLines(const Extent &extent, const QPen &pen) const
     const double width = std::max(1.0, pen.widthF());
     double lines = extent.lines;
     double length = extent.length;
-    const double dashes = dashesOf(pen, length);
+    const double dashes = dashesOf(pen, width, length);
     if (lines > KRGPXLineCrowd::fewElements && dashes == 0.0) {
         const double part = KRGPXLineCrowd::mostLengthFor(m_renderer->targetImageSize(), width / 2.0) / length;
         lines *= std::min(1.0, part);

@@ -71,10 +71,10 @@ QPen KRMapEffort::haloPenOf(const KRGPXTrackConfiguration &configuration) const
     return pen;
 }
 
-double KRMapEffort::dashesOf(const QPen &pen, double length)
+double KRMapEffort::dashesOf(const QPen &pen, double width, double length)
 {
     const QVector<qreal> pattern = pen.dashPattern();
-    const double period = std::accumulate(pattern.begin(), pattern.end(), 0.0) * std::max(1.0, pen.widthF());
+    const double period = std::accumulate(pattern.begin(), pattern.end(), 0.0) * width;
     const double dashes = period > 0.0 ? length / period : 0.0;
     return dashes > mostDashes ? 0.0 : dashes;
 }

@@ -50,8 +50,8 @@ protected:
     Extent sumOf(const Extent &first, const Extent &second) const;
     /// Opaque, and as wide as the wider band.
     QPen haloPenOf(const KRGPXTrackConfiguration &configuration) const;
-    /// 0 with a solid pen.
-    static double dashesOf(const QPen &pen, double length);
+    /// 0 with a solid pen. @p width of the pen as it is drawn
+    static double dashesOf(const QPen &pen, double width, double length);
 
     const KRGPXTrackRenderer *const m_renderer;
 

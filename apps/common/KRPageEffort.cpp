@@ -12,6 +12,9 @@ namespace {
 // A line has two sides, a corner or an end has curves as well.
 constexpr double lineNs = 2500.0;
 constexpr double cornerNs = 4500.0;
+// The wider the pen, the more curves go around a marker.
+constexpr double markerNs = 40000.0;
+constexpr double markerNsOfPixel = 1500.0;
 // Coordinates that are far from those before are harder to pack.
 constexpr double cornerNsOfPixel = 35.0;
 constexpr double farPx = 100.0;
@@ -20,6 +23,11 @@ constexpr double dashNs = 17000.0;
 constexpr double crowdAllowance = 2.5;
 
 constexpr double mostNsOfPoint = 600.0;
+
+double effortOfMarker(const QPen &pen)
+{
+    return markerNs + markerNsOfPixel * pen.widthF();
+}
 
 bool isCrowd(double lines, const QPen &pen)
 {
@@ -69,12 +77,15 @@ double KRPageEffort::effortOf(const KRGPXConfiguredTrack &track, Stroke *halo) c
     const bool isStroked = m_option == OpaqueRender || configuration.hasDrawOption(StrokeDisplayOption);
     const bool isOutlined = isStroked && pen.color().alpha() < 255;
     const bool hasHalo = !track.haloWidth().isNull();
-    if ((!isOutlined && !hasHalo) || track.effectiveShape() == PointTrackShape)
+    if (!isOutlined && !hasHalo)
         return 0.0;
-    const QPainterPath path = m_renderer->createPainterPath(track);
+    const QPen haloPen = haloPenOf(configuration);
+    const bool isPoint = track.effectiveShape() == PointTrackShape;
+    const QPainterPath path = isPoint ? QPainterPath() : m_renderer->createPainterPath(track);
+    if (path.isEmpty())
+        return (isOutlined ? effortOfMarker(pen) : 0.0) + (hasHalo ? bandsOfHalo * effortOfMarker(haloPen) : 0.0);
     double effort = isOutlined ? effortOfOutlines(extentOnPage(path, pen), pen) : 0.0;
     if (hasHalo) {
-        const QPen haloPen = haloPenOf(configuration);
         if (halo->pen != haloPen || halo->extent.lines > KRGPXLineBundle::mostElements)
             *halo = {haloPen, Extent()};
         const double before = effortOfOutlines(halo->extent, haloPen);
@@ -102,5 +113,7 @@ double KRPageEffort::effortOfOutlines(const Extent &extent, const QPen &pen) con
     const double part = isCrowd(extent.lines, pen) ? std::min(1.0, crowdAllowance * mostLength / extent.length) : 1.0;
     const double averageLength = extent.lines > 0.0 ? extent.length / extent.lines : 0.0;
     const double nsOfCorner = cornerNs + cornerNsOfPixel * std::min(averageLength, farPx);
-    return part * (lineNs * extent.lines + nsOfCorner * extent.corners) + dashNs * dashesOf(pen, extent.length);
+    const double width = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
+    const double dashes = pen.dashPattern().size() / 2 * dashesOf(pen, width, extent.length);
+    return part * (lineNs * extent.lines + nsOfCorner * extent.corners) + dashNs * dashes;
 }

@@ -11,8 +11,8 @@
  * The outline of lines that are drawn with a round pen, in few corners.
  *
  * QPainterPathStroker puts a curve at every join, however slight the turn. Here only turns that show get one, so that a
- * file that holds the outline of a track is a fraction as large. What the outlines enclose is painted once, wherever the
- * lines cross (Qt::WindingFill).
+ * file that holds the outline of a track is a fraction as large. What the outlines enclose is painted once, wherever
+ * the lines cross (Qt::WindingFill).
  */
 class KRGEOLOCATION_EXPORT KRGPXLineOutline
 {

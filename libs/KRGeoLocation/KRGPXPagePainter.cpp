@@ -55,8 +55,8 @@ QPainterPath visibleLines(const QPainter *painter, const QPainterPath &path)
         const bool isInside = sight.contains(path.controlPointRect());
         return isInside ? path : KRGPXPathTiles::linesInSight(path, transform, reach, size);
     }
-    const int mostLines = isOutlined(painter, pen) ? KRGPXLineCrowd::mostLinesFor(pen.widthF() * scale)
-                                                   : KRGPXLineCrowd::usualMostLines;
+    const int mostLines =
+        isOutlined(painter, pen) ? KRGPXLineCrowd::mostLinesFor(pen.widthF() * scale) : KRGPXLineCrowd::usualMostLines;
     return KRGPXLineCrowd::thinned(path, transform, size, reach, mostLines);
 }
 

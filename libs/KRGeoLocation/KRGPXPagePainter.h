@@ -15,8 +15,8 @@ public:
     /**
      * Draws a path with the painter's pen.
      *
-     * Lines beside the page are left out, and of very many those that show nothing. Coordinates are rounded to some 1/10000 of an inch
-     * in PDF, where half transparent lines become outlines.
+     * Lines beside the page are left out, and of very many those that show nothing. Coordinates are rounded to some
+     * 1/10000 of an inch in PDF, where half transparent lines become outlines.
      */
     static void drawPath(QPainter *painter, const QPainterPath &path);
 };

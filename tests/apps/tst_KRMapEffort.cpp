@@ -110,7 +110,9 @@ private slots:
             {"some of them", {edgeToEdge, LineStringTrackShape, 6.0, 1, 128}, 200, 0.0, true},
             {"with halos", {edgeToEdge, LineStringTrackShape, 6.0, 1, 255}, 400, 4.0, false},
             {"halos of more, which become one", {edgeToEdge, LineStringTrackShape, 6.0, 1, 255}, 900, 4.0, true},
-            {"dots", {point, PointTrackShape, 6.0, 1, 128}, 50000, 4.0, true},
+            {"dots", {point, PointTrackShape, 6.0, 1, 128}, 5000, 4.0, true},
+            {"opaque dots", {point, PointTrackShape, 1000.0, 1, 255}, 50000, 0.0, true},
+            {"large dots", {point, PointTrackShape, 1000.0, 1, 128}, 5000, 0.0, false},
         };
         table.forEach([](const Tracks &tracks, int count, double haloWidth, bool isAffordable) {
             const KRGPXTrackSelection selection = selectionOf(tracks, count, haloWidth);
