@@ -9,12 +9,15 @@
 #include "KRGPXPiecePainter.h"
 #include "KRVectorRegisters.h"
 
+#include <KRCore/KRConcurrent.h>
+
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 
 namespace {
@@ -35,6 +38,10 @@ constexpr std::size_t fewPartElements = 400;
 
 // Smaller tiles draw many lines more than once, larger ones leave the painter's rasteriser long rows.
 constexpr int tileSize = 64;
+
+// Outlines take a dozen times the memory of their lines. Those of more are made for such tiles one by one.
+constexpr int manyElements = 20000;
+constexpr int outlineTileSize = 1024;
 
 // A larger image has rows that the rasteriser of our own should not keep in memory.
 constexpr int largestRasterPx = 65536;
@@ -156,17 +163,48 @@ bool isForRaster(const QPainter *painter, const QImage *image)
            && painter->compositionMode() == QPainter::CompositionMode_SourceOver && painter->opacity() == 1.0;
 }
 
-// False when the outline reaches too far.
-bool paintOutline(const QPainterPath &outline, const QTransform &transform, const QColor &color, const QImage *image)
+bool isForRaster(const QRectF &bounds)
 {
-    const QRectF bounds = transform.mapRect(outline.controlPointRect());
     const double far = KRGPXPathRaster::farthestPx;
-    if (!QRectF(-far, -far, 2.0 * far, 2.0 * far).contains(bounds))
+    return QRectF(-far, -far, 2.0 * far, 2.0 * far).contains(bounds);
+}
+
+// Within the area; false when the outline reaches too far.
+bool paintOutline(const QPainterPath &outline, const QTransform &transform, const QColor &color, const QImage *image,
+                  const QRect &area)
+{
+    if (!isForRaster(transform.mapRect(outline.controlPointRect())))
         return false;
-    KRGPXPathRaster raster(image->size(), outline.fillRule());
+    KRGPXPathRaster raster(area, outline.fillRule());
     raster.add(outline, transform);
     raster.paint(KRGPXPiecePainter::pixelsOf(image), image->bytesPerLine(), color.rgba64().premultiplied().toArgb32());
     return true;
+}
+
+// False when the outline reaches too far.
+bool strokeOnRaster(const QPainterPath &path, const QTransform &transform, const QPen &pen, double reach,
+                    const QImage *image)
+{
+    const auto paintLines = [&](const QPainterPath &lines, const QRect &area) {
+        const QPainterPathStroker stroker(pen); // not one for several threads
+        return paintOutline(stroker.createStroke(lines), transform, pen.color(), image, area);
+    };
+    // In tiles nobody would know where the dashes begin.
+    if (isDashed(pen))
+        return paintLines(path, image->rect());
+    const QMarginsF margins = QMarginsF() + reach;
+    const bool isDivided = path.elementCount() > manyElements
+                           && isForRaster(transform.mapRect(path.controlPointRect()).marginsAdded(margins));
+    const KRGPXPathTiles tiles(path, transform, reach, image->size(),
+                               isDivided ? outlineTileSize : std::max(image->width(), image->height()));
+    std::atomic<bool> isPainted{true};
+    KRConcurrent::blockingMap(tiles.filledOnes(), [&](int tile) {
+        QPainterPath lines;
+        tiles.appendLines(tile, &lines);
+        if (!paintLines(lines, tiles.rect(tile)))
+            isPainted = false;
+    });
+    return isPainted;
 }
 
 // The painter calculates lines across more than that with other roundings.
@@ -232,12 +270,8 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     }
     KRVectorRegisters::releaseUpperHalves();
     const double reach = reachOf(pen, stretch);
-    if (usesRaster) {
-        const QPainterPath lines =
-            isDashed(pen) ? path : KRGPXPathTiles::linesInSight(path, transform, reach, image->size());
-        if (paintOutline(QPainterPathStroker(pen).createStroke(lines), transform, pen.color(), image))
-            return;
-    }
+    if (usesRaster && strokeOnRaster(path, transform, pen, reach, image))
+        return;
     if (isDashed(pen)) {
         painter->drawPath(path);
         return;
@@ -245,9 +279,7 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     const KRGPXPathTiles tiles(path, transform, reach, image->size(), tileSize);
     KRGPXPiecePainter pieces(painter, image);
     QPainterPath lines;
-    for (int tile = 0; tile < tiles.count(); ++tile) {
-        if (tiles.isEmpty(tile))
-            continue;
+    for (const int tile : tiles.filledOnes()) {
         lines.clear();
         tiles.appendLines(tile, &lines);
         pieces.paint(tiles.rect(tile), [&](QPainter *piecePainter) { piecePainter->strokePath(lines, pen); });
@@ -265,7 +297,7 @@ void KRGPXPathPainter::fillPath(QPainter *painter, const QPainterPath &path, con
     if (outlinePx(path, transform, image->size()) > longestOutlinePx)
         return;
     if (isForRaster(painter, image) && isNear(transform.mapRect(path.controlPointRect()))
-        && paintOutline(path, transform, brush.color(), image))
+        && paintOutline(path, transform, brush.color(), image, image->rect()))
         return;
     if (path.elementCount() < fewCorners) {
         painter->fillPath(path, brush);

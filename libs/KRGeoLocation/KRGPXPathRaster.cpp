@@ -18,11 +18,6 @@ double flatnessOf(const QTransform &transform)
     return scale > 0.0 ? KRGPXCubicCurve::flatnessPx / scale : KRGPXCubicCurve::flatnessPx;
 }
 
-int bandOf(int coordinate)
-{
-    return std::max(0, KRGPXRasterBand::pixelOf(coordinate)) / bandRows;
-}
-
 } // namespace
 
 void KRGPXPathRaster::add(const QPainterPath &outline, const QTransform &transform)
@@ -57,14 +52,19 @@ void KRGPXPathRaster::add(const QPainterPath &outline, const QTransform &transfo
     addEdge(place, start);
 }
 
-// Level edges, and those above, below and to the right of the image, decide about nothing in it.
+int KRGPXPathRaster::bandOf(int coordinate) const
+{
+    return std::max(0, KRGPXRasterBand::pixelOf(coordinate) - m_area.top()) / bandRows;
+}
+
+// Level edges, and those above, below and to the right of the area, decide about nothing in it.
 void KRGPXPathRaster::addEdge(const Point &from, const Point &to)
 {
-    const bool isBeside =
-        from.y != to.y && std::max(from.y, to.y) > 0 && std::min(from.y, to.y) < m_size.height() * subpixels;
+    const bool isBeside = from.y != to.y && std::max(from.y, to.y) > m_area.top() * subpixels
+                          && std::min(from.y, to.y) < (m_area.bottom() + 1) * subpixels;
     if (!isBeside)
         return;
-    if (std::min(from.x, to.x) < m_size.width() * subpixels)
+    if (std::min(from.x, to.x) < (m_area.right() + 1) * subpixels)
         m_edges.push_back({from, to});
     else
         m_goesOnToTheRight = true;
@@ -74,7 +74,7 @@ void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
 {
     if (m_edges.empty())
         return;
-    const int bandCount = (m_size.height() + bandRows - 1) / bandRows;
+    const int bandCount = (m_area.height() + bandRows - 1) / bandRows;
     const KRGPXBuckets bands(bandCount, [&](const auto &visitor) {
         for (std::size_t i = 0; i < m_edges.size(); ++i) {
             const auto range = std::minmax(m_edges[i].from.y, m_edges[i].to.y);
@@ -102,10 +102,12 @@ void KRGPXPathRaster::paint(uchar *pixels, int bytesPerLine, QRgb color) const
 QRect KRGPXPathRaster::placeOf(int bandNumber, const int *begin, const int *end) const
 {
     constexpr double roundingPx = 1.0;
-    const int firstRow = bandNumber * bandRows;
-    const int endRow = std::min(firstRow + bandRows, m_size.height());
-    double left = m_size.width();
-    double right = m_goesOnToTheRight ? m_size.width() : 0.0;
+    const int firstRow = m_area.top() + bandNumber * bandRows;
+    const int endRow = std::min(firstRow + bandRows, m_area.bottom() + 1);
+    const double areaLeft = m_area.left();
+    const double areaRight = m_area.right() + 1;
+    double left = areaRight;
+    double right = m_goesOnToTheRight ? areaRight : areaLeft;
     for (const int *number = begin; number != end; ++number) {
         const Edge &edge = m_edges[std::size_t(*number)];
         const double slope = double(edge.to.x - edge.from.x) / (edge.to.y - edge.from.y);
@@ -117,8 +119,7 @@ QRect KRGPXPathRaster::placeOf(int bandNumber, const int *begin, const int *end)
             right = std::max(right, x);
         }
     }
-    const double width = m_size.width();
-    const int firstColumn = int(std::clamp(std::floor(left - roundingPx), 0.0, width - 1.0));
-    const int endColumn = int(std::clamp(std::ceil(right + roundingPx), firstColumn + 1.0, width));
+    const int firstColumn = int(std::clamp(std::floor(left - roundingPx), areaLeft, areaRight - 1.0));
+    const int endColumn = int(std::clamp(std::ceil(right + roundingPx), firstColumn + 1.0, areaRight));
     return QRect(firstColumn, firstRow, endColumn - firstColumn, endRow - firstRow);
 }

@@ -35,6 +35,15 @@ QPainterPath KRGPXPathTiles::linesInSight(const QPainterPath &path, const QTrans
     return lines;
 }
 
+QList<int> KRGPXPathTiles::filledOnes() const
+{
+    QList<int> tiles;
+    for (int tile = 0; tile < count(); ++tile)
+        if (!isEmpty(tile))
+            tiles.append(tile);
+    return tiles;
+}
+
 QRect KRGPXPathTiles::rect(int tile) const
 {
     const QPoint corner(tile % m_columns * m_tileSize, tile / m_columns * m_tileSize);

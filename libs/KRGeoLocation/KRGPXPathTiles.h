@@ -2,6 +2,7 @@
 
 #include "KRGPXBuckets.h"
 
+#include <QList>
 #include <QPointF>
 #include <QRect>
 #include <QTransform>
@@ -35,6 +36,8 @@ public:
 
     int count() const { return m_columns * m_rows; }
     bool isEmpty(int tile) const { return m_lines.isEmpty(tile); }
+    /// The numbers of all tiles with marks.
+    QList<int> filledOnes() const;
     /// In pixels of the image.
     QRect rect(int tile) const;
 
