@@ -45,8 +45,10 @@ bool KRGPXLineBundle::take(const KRGPXConfiguredTrack &track)
     const QPainterPath path = m_renderer->createPainterPath(track);
     if (path.isEmpty())
         return false;
-    if (pen != m_pen || m_lines.elementCount() > mostElements)
+    if (pen != m_pen)
         draw();
+    else if (m_lines.elementCount() > mostElements)
+        drawLines();
     m_pen = pen;
     m_lines.addPath(path);
     return true;
@@ -75,12 +77,18 @@ bool KRGPXLineBundle::isForBundle(const KRGPXConfiguredTrack &track, const QPen 
 
 void KRGPXLineBundle::draw()
 {
+    drawLines();
+    m_crowd.reset();
+}
+
+void KRGPXLineBundle::drawLines()
+{
     if (m_lines.isEmpty())
         return;
     constexpr double softEdgePx = 2.0;
     const KRGPXPenKeeper keeper(m_painter, m_pen, Qt::NoBrush);
     KRGPXWorldCopies(m_renderer->aroundTheWorldOffset())
         .forEach(m_painter, m_lines, m_pen.widthF() + softEdgePx,
-                 [this] { KRGPXPathPainter::drawPath(m_painter, m_lines); });
+                 [this] { KRGPXPathPainter::drawPath(m_painter, m_lines, &m_crowd); });
     m_lines = QPainterPath();
 }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "KRGPXLineCrowd.h"
 #include "KRGPXTrackRenderer.h"
 
 #include <QPainterPath>
 #include <QPen>
+
+#include <optional>
 
 /**
  * Draws many tracks of the same look at once, which is faster by far than one after the other.
@@ -36,6 +39,7 @@ public:
     void draw();
 
 private:
+    void drawLines();
     bool isForBundle(const KRGPXConfiguredTrack &track, const QPen &pen) const;
 
     const KRGPXTrackRenderer *const m_renderer;
@@ -44,4 +48,5 @@ private:
     bool m_isUniting = false;
     QPainterPath m_lines;
     QPen m_pen;
+    std::optional<KRGPXLineCrowd> m_crowd; // of what the pen has drawn last
 };

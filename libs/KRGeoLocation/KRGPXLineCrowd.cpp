@@ -121,7 +121,12 @@ KRGPXLineCrowd::FixedPlace KRGPXLineCrowd::fixedPlaceOf(const QPointF &place) co
 QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform &transform, const QSize &size,
                                      double reach, int mostLines)
 {
-    KRGPXLineCrowd crowd(size, reach, mostLines);
+    return KRGPXLineCrowd(size, reach, mostLines).thinned(path, transform);
+}
+
+QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform &transform)
+{
+    m_lastSquare = m_squares.size();
     QPainterPath lines;
     lines.setFillRule(path.fillRule());
     QPointF place; // in pixels
@@ -129,7 +134,7 @@ QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform 
     for (int i = 0; i < path.elementCount(); ++i) {
         const QPainterPath::Element &element = path.elementAt(i);
         const QPointF next = transform.map(QPointF(element));
-        const bool isTaken = element.isLineTo() && crowd.takes(place, next);
+        const bool isTaken = element.isLineTo() && takes(place, next);
         if (isTaken) {
             if (!isAtEnd)
                 lines.moveTo(path.elementAt(i - 1));

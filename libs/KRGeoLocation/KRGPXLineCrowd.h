@@ -52,6 +52,8 @@ public:
      */
     static QPainterPath thinned(const QPainterPath &path, const QTransform &transform, const QSize &size, double reach,
                                 int mostLines = usualMostLines);
+    /// The same beside lines asked for before, which the pen has drawn and nothing has been drawn over.
+    QPainterPath thinned(const QPainterPath &path, const QTransform &transform);
 
 private:
     /// In quarters of a pixel, so that lines upon each other are equal.

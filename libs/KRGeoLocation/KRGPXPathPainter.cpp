@@ -1,6 +1,5 @@
 #include "KRGPXPathPainter.h"
 
-#include "KRGPXLineCrowd.h"
 #include "KRGPXLineOutline.h"
 #include "KRGPXPagePainter.h"
 #include "KRGPXPathExcerpt.h"
@@ -247,7 +246,7 @@ void fillPart(KRGPXPiecePainter *pieces, const QRect &part, const KRGPXPathExcer
 
 } // namespace
 
-void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath)
+void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath, std::optional<KRGPXLineCrowd> *crowd)
 {
     const QPen pen = painter->pen();
     const QTransform transform = painter->deviceTransform();
@@ -257,9 +256,14 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
         KRGPXPagePainter::drawPath(painter, wholePath);
         return;
     }
-    const bool isCrowd = image && isForCrowd(wholePath, pen, stretch);
-    const QPainterPath path =
-        isCrowd ? KRGPXLineCrowd::thinned(wholePath, transform, image->size(), crowdReachOf(pen, stretch)) : wholePath;
+    QPainterPath path = wholePath;
+    if (image && isForCrowd(wholePath, pen, stretch)) {
+        std::optional<KRGPXLineCrowd> ownCrowd;
+        std::optional<KRGPXLineCrowd> &all = crowd ? *crowd : ownCrowd;
+        if (!all)
+            all.emplace(image->size(), crowdReachOf(pen, stretch));
+        path = all->thinned(wholePath, transform);
+    }
     const bool usesRaster = image && isForRaster(painter, image);
     // In tiles nobody would know where the dashes begin.
     const bool isKnownPen = isWidePen(pen, stretch) && (pen.style() == Qt::SolidLine || (usesRaster && isDashed(pen)));
