@@ -534,6 +534,13 @@
     </message>
 </context>
 <context>
+    <name>KRTrackFileReader</name>
+    <message>
+        <source>Die Datei enthält keine Route.</source>
+        <translation>The file contains no route.</translation>
+    </message>
+</context>
+<context>
     <name>KRTrackFileWriter</name>
     <message>
         <source>Die Route „%1“ ließe sich nicht wieder öffnen: %2</source>

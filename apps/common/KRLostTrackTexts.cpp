@@ -1,10 +1,9 @@
 #include "KRLostTrackTexts.h"
 
 #include <KRGeoLocation/KRGPXTrack.h>
-#include <KRGeoLocation/KRGPXTrackFileRegistry.h>
-#include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
+#include <KRXML/KRXMLBuilder.h>
 
-#include <QDir>
+#include <QCryptographicHash>
 #include <QFileInfo>
 #include <QMutexLocker>
 
@@ -18,45 +17,62 @@ bool appendChildren(QDomElement &element, const QDomElement &source)
     return !source.firstChildElement().isNull();
 }
 
+QByteArray digestOf(const QString &path, const QString &description, const QDomDocument &texts)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const QString &text : {path, description, KRXMLBuilder::toText(texts)}) {
+        const QByteArray bytes = text.toUtf8();
+        hash.addData(QByteArray::number(bytes.size()) + ' ' + bytes);
+    }
+    return hash.result();
+}
+
 } // namespace
 
-void KRLostTrackTexts::remember(const QFileInfo &file, const KRGPXTrack &track, const QDomElement &kept)
+QString KRLostTrackTexts::remember(const QFileInfo &file, const QString &proposal, const QString &description,
+                                   const QDomElement &kept)
 {
     // With a document of its own: the nodes of the caller's are used in another thread.
     QDomDocument copy;
     QDomElement root = copy.createElement(QStringLiteral("kept"));
     copy.appendChild(root);
     appendChildren(root, kept);
+    const QString path = file.absoluteFilePath();
+    const QByteArray digest = digestOf(path, description, copy);
     const QMutexLocker locker(&m_mutex);
-    m_texts.insert({file.absoluteFilePath(), track.description()}, copy);
+    QString &name = m_names[digest];
+    if (name.isEmpty()) {
+        name = freeName(proposal, path, description);
+        m_tracks.insert({name, description}, {path, copy});
+    }
+    return name;
 }
 
-bool KRLostTrackTexts::rememberFile(const QFileInfo &file, const KRGPXTrack &track)
+QString KRLostTrackTexts::fileOf(const KRGPXTrack &track) const
 {
-    const QMutexLocker locker(&m_mutex);
-    QString &path = m_paths[{track.name(), track.description()}];
-    if (path.isEmpty())
-        path = file.absoluteFilePath();
-    return path == file.absoluteFilePath();
+    return find(track).path;
 }
 
-QString KRLostTrackTexts::fileOf(const KRGPXTrack &track, const QDir &folder) const
+bool KRLostTrackTexts::keep(const KRGPXTrack &track, QDomElement &element) const
 {
-    if (track.isValid())
-        return QString();
-    const QString fileName = KRGPXTrackFileRegistryKey::namesDirectory(folder)
-                                 ? KRGPXTrackFileRegistry::instance().fileName({track, folder})
-                                 : QString();
-    const QFileInfo file(folder, fileName);
-    const QMutexLocker locker(&m_mutex);
-    // The registry also keeps the names of files that a cancelled save has taken back.
-    const bool isNamed =
-        !fileName.isEmpty() && (file.exists() || m_texts.contains({file.absoluteFilePath(), track.description()}));
-    return isNamed ? file.absoluteFilePath() : m_paths.value({track.name(), track.description()});
+    return appendChildren(element, find(track).texts.documentElement());
 }
 
-bool KRLostTrackTexts::keep(const QString &file, const KRGPXTrack &track, QDomElement &element) const
+KRLostTrackTexts::LostTrack KRLostTrackTexts::find(const KRGPXTrack &track) const
 {
     const QMutexLocker locker(&m_mutex);
-    return appendChildren(element, m_texts.value({file, track.description()}).documentElement());
+    return track.isValid() ? LostTrack() : m_tracks.value({track.name(), track.description()});
+}
+
+QString KRLostTrackTexts::freeName(const QString &proposal, const QString &path, const QString &description)
+{
+    QString name = proposal;
+    // The files of most documents have the same names.
+    if (m_tracks.value({name, description}, {path, {}}).path != path)
+        name = path;
+    const QString common = name;
+    int &count = m_counts[{common, description}];
+    while (m_tracks.contains({name, description}))
+        name = QStringLiteral("%1 (%2)").arg(common, QString::number(++count + 1));
+    return name;
 }

@@ -36,12 +36,11 @@ const QString folderAttribute = QStringLiteral("folder");
 const QString lineWidthAttribute = QStringLiteral("lineWidth");
 const QString haloWidthAttribute = QStringLiteral("haloWidth");
 
-/// What the XML of the track leaves out; says whether there was any. Where its file in @p folder could not be read,
-/// what the document had of it is kept as it was.
-bool keepTexts(const KRGPXTrack &track, const QDir &folder, QDomElement &kept)
+/// What the XML of the track leaves out; says whether there was any. Where its file could not be read, what the
+/// document had of it is kept as it was.
+bool keepTexts(const KRGPXTrack &track, QDomElement &kept)
 {
-    const KRLostTrackTexts *const lostTexts = KRLostTrackTexts::instance();
-    return lostTexts->keep(lostTexts->fileOf(track, folder), track, kept) || KRTrackKeeper::keep(track, kept);
+    return KRLostTrackTexts::instance()->keep(track, kept) || KRTrackKeeper::keep(track, kept);
 }
 
 QHash<int, QDomElement> keptByNumber(const QDomElement &root)
@@ -225,7 +224,7 @@ bool KRRouteDocument::saveInOneFile(const QFileInfo &file, KRErrorHistory *histo
         return false;
     const KRGPXConfiguredTrackList tracks = m_selection.tracks();
     for (const KRGPXConfiguredTrack &track : tracks) {
-        const QString lost = KRLostTrackTexts::instance()->fileOf(track.track(), QDir(QString()));
+        const QString lost = KRLostTrackTexts::instance()->fileOf(track.track());
         if (lost.isEmpty())
             continue;
         KRErrorHistory::report(history, file.filePath(),
@@ -263,7 +262,7 @@ QDomDocument KRRouteDocument::build(const QDir &folder) const
     for (int i = 0; i < tracks.size(); ++i) {
         QDomElement kept = KRXMLBuilder::buildDomElement(root, keptElement);
         kept.setAttribute(KRTrackKeeper::numberAttribute, i);
-        const bool isTrackKept = keepTexts(tracks.at(i).track(), folder, kept);
+        const bool isTrackKept = keepTexts(tracks.at(i).track(), kept);
         if (!keepWidths(tracks.at(i).configuration(), kept) && !isTrackKept)
             root.removeChild(kept);
     }

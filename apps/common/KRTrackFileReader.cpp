@@ -4,6 +4,7 @@
 #include "KRTrackFileStamps.h"
 #include "KRTrackKeeper.h"
 
+#include <KRCore/KRErrorHistory.h>
 #include <KRCore/KRXMLLoader.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistry.h>
 #include <KRGeoLocation/KRGPXTrackFileRegistryKey.h>
@@ -15,6 +16,8 @@
 #include <QFileInfo>
 
 namespace {
+
+const QString trackElement = QStringLiteral("trk");
 
 /// Of the elements inside both, without the attributes of these two.
 QByteArray digestOf(const QDomElement &trk, const QDomElement &kept)
@@ -78,18 +81,23 @@ KRGPXTrack KRTrackFileReader::readFile(const QDomElement &trk, const QString &fi
     KRGPXTrack track = KRTrackKeeper::restored(KRGPXTrack(trk, m_folder), kept);
     if (fileName.isEmpty())
         return track;
-    if (track.isValid()) {
+    if (track.isValid() || holdsTrack(file, kept, history))
         KRTrackFileStamps::instance()->remember(file, stamp, track);
-    } else if (KRXMLLoader::loadDocumentElement(file, history).isNull()) {
-        track.setName(fileName);
-        // The files of most documents have the same names.
-        if (!KRLostTrackTexts::instance()->rememberFile(file, track)) {
-            track.setName(file.absoluteFilePath());
-            KRLostTrackTexts::instance()->rememberFile(file, track);
-        }
-    }
-    if (!track.isValid())
-        KRLostTrackTexts::instance()->remember(file, track, kept);
+    else
+        track.setName(KRLostTrackTexts::instance()->remember(file, fileName, track.description(), kept));
     KRGPXTrackFileRegistry::instance().registerFile(KRGPXTrackFileRegistryKey(track, m_folder), fileName);
     return track;
+}
+
+/// Of a file in which there are no segments.
+bool KRTrackFileReader::holdsTrack(const QFileInfo &file, const QDomElement &kept, KRErrorHistory *history)
+{
+    const QDomElement root = KRXMLLoader::loadDocumentElement(file, history);
+    if (root.isNull())
+        return false;
+    // A track that was saved without points has its element all the same, and no descriptions of points.
+    if (!root.firstChildElement(trackElement).isNull() && !KRTrackKeeper::holdsPoints(kept))
+        return true;
+    KRErrorHistory::report(history, file.filePath(), tr("Die Datei enthält keine Route."));
+    return false;
 }

@@ -4,6 +4,7 @@
 #include <KRGeoLocation/KRGPXTrack.h>
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QDir>
 #include <QHash>
 #include <QSet>
@@ -11,6 +12,7 @@
 
 class KRErrorHistory;
 class QDomElement;
+class QFileInfo;
 
 /**
  * Reads the tracks of a route document, each file once: tracks that are the same share their points.
@@ -20,6 +22,8 @@ class QDomElement;
  */
 class KRTrackFileReader
 {
+    Q_DECLARE_TR_FUNCTIONS(KRTrackFileReader)
+
 public:
     /// Names a file within the element "trk".
     inline static const QLatin1String includeElement{"include"};
@@ -30,7 +34,7 @@ public:
     bool announce(const QDomElement &trk, const QDomElement &kept);
 
     /// The track of the element "trk", with what KRTrackKeeper has @p kept of it. One that cannot be read is not valid
-    /// and has the name of its file.
+    /// and is known to KRLostTrackTexts, under the name of its file.
     /// @param withoutFile what the element itself holds of the track: all of it, unless it names a file
     KRGPXTrack read(const QDomElement &trk, const KRGPXTrack &withoutFile, const QDomElement &kept,
                     KRErrorHistory *history);
@@ -41,6 +45,7 @@ private:
     bool namesFile(const QDomElement &trk) const;
     KRGPXTrack readFile(const QDomElement &trk, const QString &fileName, const QDomElement &kept,
                         KRErrorHistory *history) const;
+    static bool holdsTrack(const QFileInfo &file, const QDomElement &kept, KRErrorHistory *history);
 
     QDir m_folder;
     QSet<QByteArray> m_announced; // digests

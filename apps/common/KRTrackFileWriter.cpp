@@ -41,15 +41,15 @@ bool KRTrackFileWriter::hasFile(const KRGPXTrack &track) const
     if (m_newFiles.contains(fileName))
         return true;
     const QFileInfo file(m_folder, fileName);
-    return track.isValid() ? KRTrackFileStamps::instance()->holds(file, track)
-                           : KRLostTrackTexts::instance()->fileOf(track, m_folder) == file.absoluteFilePath();
+    return KRTrackFileStamps::instance()->holds(file, track)
+           || KRLostTrackTexts::instance()->fileOf(track) == file.absoluteFilePath();
 }
 
 QString KRTrackFileWriter::write(const KRGPXTrack &track, KRErrorHistory *history)
 {
     if (hasFile(track))
         return KRGPXTrackFileRegistry::instance().fileName(KRGPXTrackFileRegistryKey(track, m_folder));
-    const QString lost = KRLostTrackTexts::instance()->fileOf(track, m_folder);
+    const QString lost = KRLostTrackTexts::instance()->fileOf(track);
     if (!lost.isEmpty())
         return lost;
     const QString fileName = writeNewFile(track, history);

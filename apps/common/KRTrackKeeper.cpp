@@ -106,6 +106,11 @@ bool KRTrackKeeper::keep(const KRGPXTrack &track, QDomElement &element)
     return isAnyKept;
 }
 
+bool KRTrackKeeper::holdsPoints(const QDomElement &element)
+{
+    return !element.firstChildElement(pointElement).isNull();
+}
+
 KRGPXTrack KRTrackKeeper::restored(const KRGPXTrack &track, const QDomElement &element)
 {
     const PointTexts texts = keptPoints(element);

@@ -21,6 +21,8 @@ public:
 
     /// Appends the descriptions to @p element; says whether there were any.
     static bool keep(const KRGPXTrack &track, QDomElement &element);
+    /// Whether keep() has written descriptions of points of the track itself, which therefore has some.
+    static bool holdsPoints(const QDomElement &element);
 
     /// The track as it was before it was written. @p element is what keep() wrote, null when there was nothing.
     static KRGPXTrack restored(const KRGPXTrack &track, const QDomElement &element);

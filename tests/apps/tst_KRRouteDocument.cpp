@@ -65,6 +65,8 @@ private slots:
     void missingTrackFileIsWrittenAgain();
     void unreadableTrackFilesStayUntouched();
     void lostTracksOfSeveralDocuments();
+    void lostTracksOfOneFile();
+    void filesWithoutTrack();
     void refusesWhatIsNoDocument();
     void whatIsSavedCanBeRead();
     void pipesAreNoDocuments();
@@ -248,6 +250,73 @@ void tst_KRRouteDocument::lostTracksOfSeveralDocuments()
     QVERIFY(both.load(elsewhere, nullptr));
     QVERIFY(pointsOf(both.selection().value(0).track()) == pointsOf(tour()));
     QVERIFY(!both.selection().value(1).track().isValid());
+}
+
+/// Each gets its own descriptions again.
+void tst_KRRouteDocument::lostTracksOfOneFile()
+{
+    KRGPXTrackSelection selection;
+    selection.addTrack(tour());
+    selection.addTrack(KRGPXTrack(QStringLiteral("Tour"), tour().description(), tour().segments(), PolygonTrackShape));
+    save(selection);
+    QByteArray content = KRTestFile::content(document().filePath()).replace("track_1.gps", "track.gps");
+    KRTestFile::write(document().filePath(), content.replace(content.lastIndexOf("Mühle"), 6, "Ufer"));
+    const QString file = trackFile(QStringLiteral("track.gps"));
+    QVERIFY(QFile::rename(file, file + QStringLiteral(".away")));
+
+    const QFileInfo elsewhere(path(QStringLiteral("Kopie.krroute")));
+    KRRouteDocument copy;
+    for (int round = 0; round < 2; ++round) {
+        copy.setSelection(load());
+        QVERIFY(copy.selection().value(0).name() != copy.selection().value(1).name());
+        save(copy.selection());
+        QVERIFY(copy.save(elsewhere, nullptr) && copy.load(elsewhere, nullptr) && copy.save(elsewhere, nullptr));
+    }
+    QVERIFY(QFile::rename(file + QStringLiteral(".away"), file));
+    QVERIFY(copy.load(elsewhere, nullptr));
+    for (const KRGPXTrackSelection &found : {load(), copy.selection()}) {
+        QCOMPARE(pointsOf(found.value(0).track()).at(1).description(), QStringLiteral("Mühle <alt>"));
+        QCOMPARE(pointsOf(found.value(1).track()).at(1).description(), QStringLiteral("Ufer <alt>"));
+    }
+}
+
+void tst_KRRouteDocument::filesWithoutTrack()
+{
+    const KRTestTable<QByteArray, QByteArray, int> table{
+        {"no track", "<includedTrack/>", "", 1},
+        {"another kind of file", "<kml><Document><trk/></Document></kml>", "", 1},
+        {"emptied, as the document has texts of its points", "<includedTrack><trk/></includedTrack>",
+         "<kept number='0'><point segment='0' number='0'>Rast</point></kept>", 1},
+        {"saved without points", "<includedTrack><trk><name>leer</name></trk></includedTrack>",
+         "<kept number='0'><description>noch</description></kept>", 0},
+    };
+    table.forEach([this](const QByteArray &content, const QByteArray &kept, int problemCount) {
+        init();
+        const QString file = KRTestFile::write(trackFile(QStringLiteral("track.gps")), content);
+        KRTestFile::write(document().filePath(), "<routes><selection><gpxtrack><configuredTrack><trk><include>track.gps"
+                                                 "</include></trk></configuredTrack></gpxtrack></selection>"
+                                                     + kept + "</routes>");
+        KRErrorHistory history;
+        KRRouteDocument copy;
+        copy.setSelection(load(&history));
+        QCOMPARE(history.entries().size(), problemCount);
+        const QFileInfo elsewhere(path(QStringLiteral("Kopie.krroute")));
+        QVERIFY(copy.save(elsewhere, nullptr));
+        save(copy.selection());
+        for (const QString &name : {elsewhere.filePath(), document().filePath()}) {
+            const QByteArray written = KRTestFile::content(name);
+            const bool isCopied = name == elsewhere.filePath() && problemCount == 0;
+            const QByteArray reference = name == elsewhere.filePath() ? file.toUtf8() : QByteArrayLiteral("track.gps");
+            QCOMPARE(written.contains("<include>" + reference + "</include>"), !isCopied);
+            QCOMPARE(written.count("<kept number"), kept.isEmpty() ? 0 : 1);
+        }
+        QCOMPARE(KRTestFile::content(file), content);
+        QCOMPARE(QDir(path(QStringLiteral("Kopie.tracks"))).isEmpty(), problemCount != 0);
+        if (problemCount == 0)
+            return;
+        QVERIFY(history.entries().first().fileName.endsWith(QStringLiteral("track.gps")));
+        QCOMPARE(history.entries().first().reason, QStringLiteral("Die Datei enthält keine Route."));
+    });
 }
 
 void tst_KRRouteDocument::refusesWhatIsNoDocument()
