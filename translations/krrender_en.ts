@@ -258,6 +258,14 @@
         <source>Zeichnet auch Routen, für die das Bild sehr lange dauert.</source>
         <translation>Also draws routes with which the picture takes very long.</translation>
     </message>
+    <message>
+        <source>--%1 kann nur einmal angegeben werden.</source>
+        <translation>--%1 can be given only once.</translation>
+    </message>
+    <message>
+        <source>„%1“ gehört zu den Kacheln „%2“, die gelesen werden.</source>
+        <translation>"%1" belongs to the tiles "%2", which are read.</translation>
+    </message>
 </context>
 <context>
     <name>KRRenderProgram</name>

@@ -1,5 +1,6 @@
 #include "KRRouteDocument.h"
 
+#include "KRFileName.h"
 #include "KRLostTrackTexts.h"
 #include "KRTrackFileReader.h"
 #include "KRTrackFileStamps.h"
@@ -52,6 +53,15 @@ QHash<int, QDomElement> keptByNumber(const QDomElement &root)
     return kept;
 }
 
+QList<QDomElement> includeElements(const QDomElement &trk)
+{
+    QList<QDomElement> elements;
+    for (QDomElement element = trk.firstChildElement(KRTrackFileReader::includeElement); !element.isNull();
+         element = element.nextSiblingElement(KRTrackFileReader::includeElement))
+        elements.append(element);
+    return elements;
+}
+
 /// In the order in which they are read.
 QList<QDomElement> trackElements(const QDomElement &selection)
 {
@@ -63,6 +73,27 @@ QList<QDomElement> trackElements(const QDomElement &selection)
             elements.append(element);
     }
     return elements;
+}
+
+/// A name alone: the folder lies beside the document, wherever that comes from. Files that are named without one are
+/// looked for where saving would put them.
+QDir folderNamedBy(const QDomElement &root, const QFileInfo &file)
+{
+    const QString name = QFileInfo(QDir::cleanPath(root.attribute(folderAttribute))).fileName();
+    return name.isEmpty() ? KRRouteDocument::trackFolder(file) : QDir(file.absolutePath() + QLatin1Char('/') + name);
+}
+
+/// Has the names of files in the element "trk" read as such by whoever follows them.
+void mendFileNames(const QDomElement &trk)
+{
+    for (QDomElement include : includeElements(trk)) {
+        const QString name = include.text();
+        if (KRFileName::ofText(name) == name)
+            continue;
+        while (include.hasChildNodes())
+            include.removeChild(include.firstChild());
+        include.appendChild(include.ownerDocument().createTextNode(KRFileName::ofText(name)));
+    }
 }
 
 /// Has the track of the element "configuredTrack" stand in a file, and nothing of it here.
@@ -123,7 +154,20 @@ bool KRRouteDocument::isDocument(const QFileInfo &file)
 
 QDir KRRouteDocument::trackFolder(const QFileInfo &file)
 {
-    return QDir(file.absoluteDir().filePath(file.completeBaseName() + QStringLiteral(".tracks")));
+    return QDir(QStringLiteral("%1/%2.tracks").arg(file.absolutePath(), file.completeBaseName()));
+}
+
+QStringList KRRouteDocument::partsOf(const QFileInfo &file)
+{
+    const QDomElement root = KRXMLLoader::loadDocumentElement(file);
+    const QDir folder = folderNamedBy(root, file);
+    QStringList parts{folder.path()};
+    const QList<QDomElement> elements = trackElements(root.firstChildElement(selectionElement));
+    for (const QDomElement &element : elements) {
+        for (const QDomElement &include : includeElements(element.firstChildElement(trkElement)))
+            parts.append(folder.filePath(KRFileName::ofText(include.text())));
+    }
+    return parts;
 }
 
 bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
@@ -136,10 +180,7 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
         KRErrorHistory::report(history, file.filePath(), tr("Das ist kein Routendokument."));
         return false;
     }
-    // A name alone: the folder lies beside the document, wherever that comes from. Files that are named without one
-    // are looked for where saving would put them.
-    const QString folderName = QFileInfo(QDir::cleanPath(root.attribute(folderAttribute))).fileName();
-    const QDir folder = folderName.isEmpty() ? trackFolder(file) : QDir(file.absoluteDir().filePath(folderName));
+    const QDir folder = folderNamedBy(root, file);
     const QDomElement element = root.firstChildElement(selectionElement);
     const KRGPXTrackSelection looks(element, QDir(QString()));
     KRGPXConfiguredTrackList tracks = looks.tracks();
@@ -149,6 +190,7 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
     for (int i = 0; i < elements.size(); ++i) {
         if (!goesOn())
             return false;
+        mendFileNames(elements.at(i).firstChildElement(trkElement));
         if (!reader.announce(elements.at(i).firstChildElement(trkElement), kept.value(i))) {
             KRErrorHistory::report(history, file.filePath(), tooOften());
             return false;

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -39,6 +40,8 @@ public:
 
     /// Where a document that is saved to @p file has its track files.
     static QDir trackFolder(const QFileInfo &file);
+    /// What is read with the document that is there: the folder that it names, and its track files, wherever they are.
+    static QStringList partsOf(const QFileInfo &file);
 
     const KRGPXTrackSelection &selection() const { return m_selection; }
     void setSelection(const KRGPXTrackSelection &selection) { m_selection = selection; }

@@ -4,7 +4,6 @@
 #include <KRCore/KRFileHandler.h>
 #include <KRCore/KRInputLimits.h>
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace {
@@ -18,13 +17,6 @@ KRIntRange levelsIn(const QDir &folder)
             levels = KRIntRange(qMin(levels.minimum(), zoom), zoom);
     }
     return levels;
-}
-
-/// The folder above the first part of the path that differs from tile to tile.
-QDir folderOf(const QString &nameTemplate)
-{
-    const QString fixedPart = nameTemplate.left(nameTemplate.indexOf(QLatin1Char('{')));
-    return QDir(QFileInfo(fixedPart + QLatin1Char('x')).path());
 }
 
 } // namespace
@@ -51,7 +43,7 @@ std::unique_ptr<KRTileSource> KRTileFolderSource::open(const QString &text, KREr
     if (!problem.isEmpty())
         return refuse(problem);
 
-    const QDir folder = isTemplate ? folderOf(text) : QDir(text);
+    const QDir folder = folderOf(text);
     if (!folder.exists())
         return refuse(tr("Der Ordner „%1“ ist nicht da.").arg(folder.path()));
     if (!folder.isReadable())
@@ -62,6 +54,14 @@ std::unique_ptr<KRTileSource> KRTileFolderSource::open(const QString &text, KREr
     if (!isTemplate)
         return refuse(tr("Der Ordner enthält keine Kacheln der Form Stufe/Spalte/Zeile."));
     return std::unique_ptr<KRTileSource>(new KRTileFolderSource(names, KRIntRange(0, KRTileKey::largestZoom)));
+}
+
+QDir KRTileFolderSource::folderOf(const QString &text)
+{
+    if (!KRTileTemplate::isTemplate(text))
+        return QDir(text);
+    const QString fixedPart = text.left(text.indexOf(QLatin1Char('{')));
+    return QDir(QFileInfo(fixedPart + QLatin1Char('x')).path());
 }
 
 void KRTileFolderSource::request(const KRTileKey &key)

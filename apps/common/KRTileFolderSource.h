@@ -3,6 +3,7 @@
 #include "KRTileSource.h"
 #include "KRTileTemplate.h"
 
+#include <QDir>
 #include <QVector>
 
 /**
@@ -15,6 +16,8 @@ class KRTileFolderSource : public KRTileSource
 public:
     /// A folder or a template; null with its reason in the history where nothing is there.
     static std::unique_ptr<KRTileSource> open(const QString &text, KRErrorHistory *history);
+    /// That folder, or the one above the first part of the template that differs from tile to tile.
+    static QDir folderOf(const QString &text);
 
     KRIntRange zoomRange() override { return m_zoomRange; }
     void request(const KRTileKey &key) override;

@@ -7,16 +7,39 @@
 #include <QFileInfo>
 #include <QUrl>
 
-std::unique_ptr<KRTileSource> KRTileSource::open(const QString &text, KRErrorHistory *history)
+namespace {
+
+QString nameOf(const QString &text)
 {
     const QString trimmed = text.trimmed();
-    const QString name = trimmed.startsWith(QLatin1String("file:")) ? QUrl(trimmed).toLocalFile() : trimmed;
-    if (name.contains(QLatin1String("://")))
+    return trimmed.startsWith(QLatin1String("file:")) ? QUrl(trimmed).toLocalFile() : trimmed;
+}
+
+bool isAddress(const QString &name)
+{
+    return name.contains(QLatin1String("://"));
+}
+
+} // namespace
+
+std::unique_ptr<KRTileSource> KRTileSource::open(const QString &text, KRErrorHistory *history)
+{
+    const QString name = nameOf(text);
+    if (isAddress(name))
         return KRTileUrlSource::open(name, history);
-    const bool isFolder = QFileInfo(name).isDir();
-    if (isFolder || (KRTileTemplate::isTemplate(name) && !QFileInfo::exists(name)))
-        return KRTileFolderSource::open(name, history);
-    return KRTileMbtilesSource::open(name, history);
+    return isFolderOrTemplate(name) ? KRTileFolderSource::open(name, history)
+                                    : KRTileMbtilesSource::open(name, history);
+}
+
+QString KRTileSource::localName(const QString &text)
+{
+    const QString name = nameOf(text);
+    return isAddress(name) ? QString() : name;
+}
+
+bool KRTileSource::isFolderOrTemplate(const QString &name)
+{
+    return QFileInfo(name).isDir() || (KRTileTemplate::isTemplate(name) && !QFileInfo::exists(name));
 }
 
 void KRTileSource::cancel(const KRTileKey & /*key*/) { }

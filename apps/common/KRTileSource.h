@@ -51,6 +51,10 @@ public:
      * Null when that is not possible; the reason goes to the history. Takes no longer than it takes to open a file.
      */
     static std::unique_ptr<KRTileSource> open(const QString &text, KRErrorHistory *history);
+    /// The name of the file or folder, or the template of names, that open() takes @p text for; empty for an address.
+    static QString localName(const QString &text);
+    /// Whether what has that name, rather than one file, holds the tiles.
+    static bool isFolderOrTemplate(const QString &name);
 
     /// What the source says of its makers, one line of plain text, may be empty.
     virtual QString credit() const { return QString(); }

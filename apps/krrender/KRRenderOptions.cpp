@@ -1,13 +1,14 @@
 #include "KRRenderOptions.h"
 
 #include "KRExchangeFile.h"
+#include "KRFileName.h"
+#include "KRInputGuard.h"
 #include "KRMapArea.h"
 #include "KRPictureFile.h"
 #include "KRRouteDocument.h"
 #include "KRSamplePlaces.h"
 
 #include <QCommandLineParser>
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -102,35 +103,6 @@ constexpr OptionText optionTexts[] = {
 constexpr double smallestScale = 0.05; // lines and letters of a twentieth can no longer be told apart
 constexpr double largestScale = 20.0;
 
-/// Where the path leads through all links, also to a file or folder that is not there yet.
-QString resolved(const QString &path, int mostSteps = 100)
-{
-    // Never cleaned as a text: ".." behind a link leads above the folder that the link leads to.
-    const QFileInfo file(path);
-    if (mostSteps == 0 || file.exists())
-        return file.canonicalFilePath();
-    if (file.isSymLink())
-        return resolved(file.symLinkTarget(), mostSteps - 1);
-    return QDir(resolved(file.path(), mostSteps - 1)).filePath(file.fileName());
-}
-
-/// Whether that is the document or one of its track files.
-bool isPartOf(const QString &path, const QString &document)
-{
-    const QString target = resolved(path);
-    return target == resolved(document)
-           || QFileInfo(target).path() == resolved(KRRouteDocument::trackFolder(QFileInfo(document)).path());
-}
-
-/// Whether writing to the one destroys the other: the input itself or, of a document, one of its track files.
-bool isReadFrom(const QString &output, const QString &input)
-{
-    if (output.isEmpty() || input.isEmpty())
-        return false;
-    const bool isDocument = KRRouteDocument::isDocument(QFileInfo(input)) && QFileInfo::exists(output);
-    return isDocument ? isPartOf(output, input) : resolved(output) == resolved(input);
-}
-
 /// What "-o" writes, as suffixes.
 QString formatNames()
 {
@@ -164,7 +136,8 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
         complain(parser.errorText());
         return;
     }
-    m_inputs = parser.positionalArguments();
+    for (const QString &argument : parser.positionalArguments())
+        m_inputs.append(KRFileName::ofText(argument));
     m_isPlain = parser.isSet(QStringLiteral("plain"));
     m_splitsSegments = parser.isSet(QStringLiteral("split-segments"));
     m_isStrict = parser.isSet(QStringLiteral("strict"));
@@ -174,7 +147,7 @@ KRRenderOptions::KRRenderOptions(const QStringList &arguments)
     readTask(parser);
     if (m_task == Task::PrintHelp || m_task == Task::PrintVersion || m_task == Task::PrintPlaces)
         return;
-    refuseTexts(parser, arguments);
+    refuseValues(parser, arguments);
     m_usesPalette = parser.isSet(QStringLiteral("palette"));
     readBeelines(parser.values(QStringLiteral("beeline")));
     if (m_inputs.isEmpty() && m_beelines.isEmpty())
@@ -213,7 +186,7 @@ void KRRenderOptions::readTask(const QCommandLineParser &parser)
         m_task = Task::PrintTable;
 }
 
-void KRRenderOptions::refuseTexts(const QCommandLineParser &parser, const QStringList &arguments)
+void KRRenderOptions::refuseValues(const QCommandLineParser &parser, const QStringList &arguments)
 {
     // Qt puts this character where bytes are no text; it would stand in the name of a file. Some names do have it.
     for (const QString &argument : arguments) {
@@ -226,6 +199,8 @@ void KRRenderOptions::refuseTexts(const QCommandLineParser &parser, const QStrin
         const QString name = QString::fromLatin1(option.names).section(QLatin1Char(','), -1);
         if (*option.value != '\0' && parser.values(name).contains(QString()))
             complain(tr("--%1 braucht eine Angabe.").arg(name));
+        if (parser.values(name).size() > 1 && name != QLatin1String("beeline"))
+            complain(tr("--%1 kann nur einmal angegeben werden.").arg(name));
     }
 }
 
@@ -325,8 +300,8 @@ void KRRenderOptions::readGround(const QCommandLineParser &parser)
         complain(tr("--map, --tiles und --no-map schließen einander aus."));
     if (parser.isSet(QStringLiteral("tiles-credit")) && !hasTiles)
         complain(tr("--tiles-credit braucht --tiles."));
-    m_mapFile = parser.value(QStringLiteral("map"));
-    m_tiles = parser.value(QStringLiteral("tiles"));
+    m_mapFile = KRFileName::ofText(parser.value(QStringLiteral("map")));
+    m_tiles = KRFileName::ofText(parser.value(QStringLiteral("tiles")));
     m_tilesCredit = parser.value(QStringLiteral("tiles-credit")).simplified();
     if (hasPicture)
         m_ground = Ground::Picture;
@@ -338,8 +313,8 @@ void KRRenderOptions::readGround(const QCommandLineParser &parser)
 
 void KRRenderOptions::readOutput(const QCommandLineParser &parser)
 {
-    m_document = parser.value(QStringLiteral("save"));
-    m_output = parser.value(QStringLiteral("output"));
+    m_document = KRFileName::ofText(parser.value(QStringLiteral("save")));
+    m_output = KRFileName::ofText(parser.value(QStringLiteral("output")));
     if (m_output.isEmpty() && !m_document.isEmpty() && parser.isSet(QStringLiteral("format")))
         complain(tr("--format gilt nicht für --save und braucht daneben „-o“."));
     // Who only wants to save needs no picture.
@@ -349,6 +324,7 @@ void KRRenderOptions::readOutput(const QCommandLineParser &parser)
         m_output = first + QLatin1Char('.') + parser.value(QStringLiteral("format"));
         if (!parser.isSet(QStringLiteral("format")))
             m_output += QLatin1String("png");
+        m_output = KRFileName::ofText(m_output);
     }
     if (!m_document.isEmpty() && !KRRouteDocument::isDocument(QFileInfo(m_document)))
         complain(tr("--save: „%1“ endet nicht auf „.%2“; Bilder, GPX und KML schreibt „-o“.")
@@ -378,18 +354,24 @@ void KRRenderOptions::readFormat(const QCommandLineParser &parser)
 
 void KRRenderOptions::protectInputs()
 {
-    const QStringList read = m_inputs + QStringList{m_mapFile, m_tiles};
+    const QString output = writesToStandardOutput() ? QString() : m_output;
+    const QStringList read = m_inputs + QStringList{m_mapFile};
     for (const QString &input : read) {
         // A document may be saved over itself.
         const bool isDocument = KRRouteDocument::isDocument(QFileInfo(input));
-        if (isReadFrom(m_output, input))
-            complain(tr("„%1“ wird gelesen und nicht überschrieben.").arg(m_output));
-        if (!isDocument && isReadFrom(m_document, input))
+        const auto isReadFrom = isDocument ? KRInputGuard::isTrackFileOf : KRInputGuard::isReadFrom;
+        if (KRInputGuard::isReadFrom(output, input))
+            complain(tr("„%1“ wird gelesen und nicht überschrieben.").arg(output));
+        if (isReadFrom(m_document, input))
             complain(tr("„%1“ wird gelesen und nicht überschrieben.").arg(m_document));
     }
-    const bool writesTwoFiles = !m_output.isEmpty() && !m_document.isEmpty() && !writesToStandardOutput();
-    if (writesTwoFiles && isPartOf(m_output, m_document))
-        complain(tr("„%1“ gehört zum Routendokument „%2“.").arg(m_output, m_document));
+    for (const QString &written : {output, m_document}) {
+        if (KRInputGuard::isTileOf(written, m_tiles))
+            complain(tr("„%1“ gehört zu den Kacheln „%2“, die gelesen werden.").arg(written, m_tiles));
+    }
+    const bool writesTwoFiles = !output.isEmpty() && !m_document.isEmpty();
+    if (writesTwoFiles && KRInputGuard::isPartOfNew(output, m_document))
+        complain(tr("„%1“ gehört zum Routendokument „%2“.").arg(output, m_document));
 }
 
 void KRRenderOptions::complain(const QString &problem)

@@ -95,8 +95,8 @@ public:
 private:
     static void declare(QCommandLineParser &parser);
     void readTask(const QCommandLineParser &parser);
-    /// What is no text, or empty where a value belongs.
-    void refuseTexts(const QCommandLineParser &parser, const QStringList &arguments);
+    /// What is no text, empty where a value belongs, or repeated where only one of them would count.
+    void refuseValues(const QCommandLineParser &parser, const QStringList &arguments);
     void readBeelines(const QStringList &texts);
     void readArea(const QCommandLineParser &parser);
     void readGround(const QCommandLineParser &parser);

@@ -1,5 +1,7 @@
 #include "KRViewerOptions.h"
 
+#include <KRFileName.h>
+
 #include <QCommandLineParser>
 #include <QFileInfo>
 
@@ -32,6 +34,6 @@ KRViewerOptions::KRViewerOptions(const QStringList &arguments)
     for (const QString &name : names) {
         // As a script hands on a variable without a value; it would stand for the working folder.
         if (!name.isEmpty())
-            m_fileNames.append(QFileInfo(name).absoluteFilePath());
+            m_fileNames.append(QFileInfo(KRFileName::ofText(name)).absoluteFilePath());
     }
 }

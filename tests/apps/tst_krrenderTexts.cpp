@@ -12,7 +12,8 @@ private slots:
     void tableAndJson();
     void tellsWhatItDoesNotDraw();
     void wrongUsage();
-    void nothingIsOverwrittenThroughLinks();
+    void nothingThatIsReadIsOverwritten();
+    void namesThatBeginWithColons();
     void badInput();
     void standardOutputThatTakesNothing();
     void outputThatCannotBeWritten();
@@ -121,6 +122,9 @@ void tst_krrenderTexts::wrongUsage()
         {"document without a name", "--save '' $tour", "--save"},
         {"no size", "--size '' $tour", "--size"},
         {"file without name", "'' $tour", "leer"},
+        {"two outputs", "-o a.png --output b.png $tour", "--output"},
+        {"two documents", "--save a.krroute --save b.krroute $tour", "--save"},
+        {"two sizes", "--size 9x9 --size 9x9 $tour", "--size"},
         {"output that is no UTF-8", "-o \"$(printf 'a\\376.png')\" $tour", "UTF-8"},
         {"input that is no UTF-8", "-o a.png \"$(printf '\\377.gpx')\"", "UTF-8"},
         {"over a track file of the saved document", "--save d.krroute -o ./d.tracks/track.gps --format gpx $tour",
@@ -134,14 +138,59 @@ void tst_krrenderTexts::wrongUsage()
     });
 }
 
-void tst_krrenderTexts::nothingIsOverwrittenThroughLinks()
+void tst_krrenderTexts::nothingThatIsReadIsOverwritten()
 {
-    const Outcome inFolder = run("mkdir -p real/sub; ln -s real/sub link; ln -s d.krroute d.png; cp $tour real/a.gpx; "
-                                 "krrender real/a.gpx --format gpx -o link/../a.gpx");
-    QCOMPARE(inFolder.exitCode, 2);
-    const Outcome leadingNowhereYet = run("krrender real/a.gpx --save d.krroute -o d.png");
-    QCOMPARE(leadingNowhereYet.exitCode, 2);
-    QVERIFY(!QFile::exists(path("d.krroute")));
+    QCOMPARE(run("mkdir -p tl/0/0 sub/t.tracks far; cp $tour sub/a.gpx; ln -s ../far tl/1; ln -s tl alias; "
+                 "ln -s tl/0/0/0.png tile.png; ln -s d.krroute d.png; ln -s sub/t.tracks link; "
+                 "krrender $tour --size 64x48 -o tl/0/0/0.png && krrender $tour --save t.krroute && "
+                 "cp t.tracks/track.gps t.tracks/x.krroute && cp t.krroute copy.krroute && "
+                 "sed \"s|>track.gps|>$PWD/t.tracks/x.krroute|\" t.krroute >sub/absolute.krroute && "
+                 "cp t.tracks/track.gps t.tracks/x.gps && ln -s ../../t.tracks/x.gps sub/t.tracks/track.gps && cp "
+                 "t.krroute sub/linked.krroute")
+                 .exitCode,
+             0);
+    const QByteArray listing = "find . -type f -exec md5sum {} + | sort";
+    const QByteArray before = run(listing).out;
+    const KRTestTable<QByteArray> table{
+        {"input behind a link", "sub/a.gpx --format gpx -o link/../a.gpx"},
+        {"link to the document to come", "sub/a.gpx --save d.krroute -o d.png"},
+        {"folder that another document names", "copy.krroute --format gpx -o t.tracks/track.gps"},
+        {"file that a document names by its path", "sub/absolute.krroute --save t.tracks/x.krroute"},
+        {"file that a document names through a link", "sub/linked.krroute --format gpx -o t.tracks/x.gps"},
+        {"tile", "$tour --tiles tl -o tl/0/0/0.png"},
+        {"tile that is not there", "$tour --tiles tl/ -o tl/0/0/1.png"},
+        {"folder of tiles by a link", "$tour --tiles tl -o alias/0/0/0.png"},
+        {"tile by a link", "$tour --tiles alias -o tile.png"},
+        {"folder within that of tiles by a link", "$tour --tiles \"file://$PWD/tl\" -o tl/1/0/0.png"},
+        {"template", "$tour --tiles 'tl/{z}/{x}/{y}.png' -o tl/0/0/0.png"},
+        {"template with half a name", "$tour --tiles 't{z}/{x}/{-y}.png' -o tl/0/0.png"},
+        {"document as a tile", "$tour --tiles '{z}/{x}/{y}.krroute' --save tl/0/0.krroute"},
+    };
+    table.forEach([&](const QByteArray &arguments) {
+        const Outcome outcome = run("krrender --size 64x48 " + arguments);
+        QCOMPARE(outcome.exitCode, 2);
+        QVERIFY2(outcome.complainsOf("gehört zu") || outcome.complainsOf("überschrieben"), qPrintable(outcome.err));
+        QCOMPARE(run(listing).out, before);
+    });
+    for (const char *harmless : {"$tour --tiles tl -o tl/map.png", "$tour --tiles tl -o -", "copy.krroute -o map.png",
+                                 "copy.krroute --save copy.krroute", "$tour --tiles 't{z}/{x}/{y}.png' -o tl.png"})
+        QVERIFY2(run(QByteArray("krrender --size 64x48 --area 'N53.3 E8 .. N53 E8.4' ") + harmless).exitCode != 2,
+                 harmless);
+}
+
+/// Which are no resources of the program.
+void tst_krrenderTexts::namesThatBeginWithColons()
+{
+    QCOMPARE(
+        run("cp $tour :x.gpx; krrender --size 64x48 :x.gpx && krrender --size 64x48 --map :x.png :x.gpx -o :a.b.png "
+            "&& krrender :x.gpx --save :x.krroute && krrender :x.krroute -o :y.gpx && mv :x.tracks/track.gps "
+            "./:x.tracks/:t.gps && sed -i 's/>track/>:t/' ./:x.krroute && krrender --list :x.krroute")
+            .exitCode,
+        0);
+    const QStringList expected{QStringLiteral(":a.b.png"), QStringLiteral(":x.gpx"),    QStringLiteral(":x.krroute"),
+                               QStringLiteral(":x.png"),   QStringLiteral(":x.tracks"), QStringLiteral(":y.gpx")};
+    QCOMPARE(QDir(folder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), expected);
+    QCOMPARE(run("krrender :x.gpx --format gpx -o :x.gpx").exitCode, 2);
 }
 
 void tst_krrenderTexts::badInput()
