@@ -6,17 +6,64 @@
 #include <KRCore/KRFileHandler.h>
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QUuid>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 const QString lockSuffix = QStringLiteral(".lock");
+const QString workName = QStringLiteral("unsaved.krroute");
+const QString tracksName = QStringLiteral("unsaved.tracks");
 /// Of folders that are asked for at one start, as each keeps a file open and asks the user; the others wait for the
 /// next.
 constexpr std::size_t mostAtOnce = 50;
+/// Of folders without work that are looked into at one start, before the window answers.
+constexpr int mostCleared = 200;
+
+/// As create() gives them.
+bool isOwnName(const QString &name)
+{
+    return QUuid::fromString(name).toString(QUuid::WithoutBraces) == name;
+}
+
+/// What is in a folder.
+struct Content {
+    QStringList ownFiles; ///< that this program writes, with their paths
+    bool hasOthers = false;
+};
+
+Content contentOf(const QDir &dir, const QString &ownNames, const QString &innerFolder = QString())
+{
+    // A program that was killed while it wrote leaves its files with six letters more.
+    const QRegularExpression own(QStringLiteral("^(%1)(\\.[A-Za-z]{6})?$").arg(ownNames));
+    Content content;
+    const QFileInfoList entries =
+        dir.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QFileInfo &entry : entries) {
+        const bool isLink = entry.isSymLink();
+        if (!isLink && entry.isFile() && own.match(entry.fileName()).hasMatch())
+            content.ownFiles.append(entry.filePath());
+        else if (isLink || !entry.isDir() || entry.fileName() != innerFolder)
+            content.hasOthers = true;
+    }
+    return content;
+}
+
+Content contentOf(const QDir &folder)
+{
+    Content content = contentOf(folder, QStringLiteral("unsaved\\.krroute|document"), tracksName);
+    const QFileInfo tracks(folder, tracksName);
+    if (!tracks.isDir() || tracks.isSymLink())
+        return content;
+    const Content inner = contentOf(QDir(tracks.filePath()), QStringLiteral("track(_[0-9]+)?\\.gps"));
+    content.ownFiles += inner.ownFiles;
+    content.hasOthers |= inner.hasOthers;
+    return content;
+}
 
 } // namespace
 
@@ -46,31 +93,47 @@ std::unique_ptr<KRRecoveryFolder> KRRecoveryFolder::create(const QDir &place)
 
 std::vector<std::unique_ptr<KRRecoveryFolder>> KRRecoveryFolder::leftBehind(const QDir &place)
 {
-    std::vector<std::unique_ptr<KRRecoveryFolder>> folders;
-    const QStringList names = place.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Time);
+    std::vector<std::pair<QDateTime, QString>> namesWithWork; // with the time of its last change
+    QStringList otherNames;
+    const QStringList names = place.entryList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks, QDir::Unsorted);
     for (const QString &name : names) {
-        if (folders.size() == mostAtOnce)
-            break;
-        // A lock that is a pipe would keep this program waiting for ever.
-        const QFileInfo lock(place.filePath(name + lockSuffix));
-        if (lock.exists() && !lock.isFile())
-            continue;
-        std::unique_ptr<KRRecoveryFolder> folder(new KRRecoveryFolder(place, name));
-        if (!folder->m_lock.tryLock())
-            continue;
-        if (folder->holdsWork())
-            folders.push_back(std::move(folder));
-        else
+        const QFileInfo work(place.filePath(name) + QLatin1Char('/') + workName);
+        if (work.isFile())
+            namesWithWork.emplace_back(work.lastModified(), name);
+        else if (otherNames.size() < mostCleared && isOwnName(name))
+            otherNames.append(name);
+    }
+    std::sort(namesWithWork.rbegin(), namesWithWork.rend());
+
+    for (const QString &name : otherNames) {
+        const std::unique_ptr<KRRecoveryFolder> folder = take(place, name);
+        if (folder && !folder->holdsWork() && !contentOf(folder->m_dir).hasOthers)
             folder->discard();
     }
-    std::sort(folders.begin(), folders.end(),
-              [](const auto &a, const auto &b) { return a->lastChange() > b->lastChange(); });
+    std::vector<std::unique_ptr<KRRecoveryFolder>> folders;
+    for (const auto &[time, name] : namesWithWork) {
+        std::unique_ptr<KRRecoveryFolder> folder = take(place, name);
+        if (folder && folder->holdsWork())
+            folders.push_back(std::move(folder));
+        if (folders.size() == mostAtOnce)
+            break;
+    }
     return folders;
+}
+
+std::unique_ptr<KRRecoveryFolder> KRRecoveryFolder::take(const QDir &place, const QString &name)
+{
+    // A lock that is a pipe would keep this program waiting for ever.
+    const QFileInfo lock(place.filePath(name + lockSuffix));
+    if (lock.exists() && !lock.isFile())
+        return nullptr;
+    std::unique_ptr<KRRecoveryFolder> folder(new KRRecoveryFolder(place, name));
+    return folder->m_lock.tryLock() ? std::move(folder) : nullptr;
 }
 
 QString KRRecoveryFolder::recoveryFile() const
 {
-    return m_dir.filePath(QStringLiteral("unsaved.") + KRRouteDocument::suffix());
+    return m_dir.filePath(workName);
 }
 
 bool KRRecoveryFolder::holdsWork() const
@@ -116,7 +179,11 @@ void KRRecoveryFolder::removeWork()
 
 void KRRecoveryFolder::discard()
 {
-    m_dir.removeRecursively();
+    const QStringList files = contentOf(m_dir).ownFiles;
+    for (const QString &file : files)
+        QFile::remove(file);
+    m_dir.rmdir(tracksName);
+    QDir().rmdir(m_dir.path());
     m_lock.unlock();
 }
 

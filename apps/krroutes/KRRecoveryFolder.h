@@ -20,8 +20,8 @@ public:
     static QDir standardPlace();
     /// A new one, empty; null when it cannot be made.
     static std::unique_ptr<KRRecoveryFolder> create(const QDir &place);
-    /// Those that hold work and that no running program owns, the newest first, up to fifty. What is empty is cleared
-    /// away.
+    /// Those that hold work and that no running program owns, the newest first, up to fifty. Of those that hold none
+    /// up to two hundred are cleared away, unless there is anything in them that no KRRecoveryFolder has put there.
     static std::vector<std::unique_ptr<KRRecoveryFolder>> leftBehind(const QDir &place);
 
     /// Keeps what is in the folder.
@@ -43,12 +43,14 @@ public:
 
     /// Track files that have been written once are kept for the next time.
     void removeWork();
-    /// The folder is gone afterwards, with all that is in it.
+    /// The folder is gone afterwards, unless somebody else has put something into it, which stays.
     void discard();
 
 private:
     Q_DISABLE_COPY(KRRecoveryFolder)
     KRRecoveryFolder(const QDir &place, const QString &name);
+    /// Null when a running program owns it.
+    static std::unique_ptr<KRRecoveryFolder> take(const QDir &place, const QString &name);
 
     QString recordFile() const;
     QString record() const;

@@ -181,6 +181,42 @@ private slots:
         QCOMPARE(pipes, 1);
     }
 
+    /// Of the folders in which there is no work.
+    void onlyOwnFoldersAreCleared()
+    {
+        const QString own = QStringLiteral("6b1f4c9e-20f7-4c38-8d0e-0f7a5be0c1d");
+        const auto folder = [&](int i) { return own + QString::number(i, 16); };
+        KRTestFile::write(place().filePath(folder(0) + QStringLiteral("/unsaved.tracks/track_1.gps")), "");
+        KRTestFile::write(place().filePath(folder(0) + QStringLiteral("/unsaved.krroute.aBcDeF")), "");
+        KRTestFile::write(path("elsewhere/track.gps"), "");
+        const QStringList foreign{folder(1) + QStringLiteral("/notes.txt"),
+                                  folder(2) + QStringLiteral("/unsaved.tracks/tour.gps"),
+                                  folder(3) + QStringLiteral("/.hidden"), QStringLiteral("backup/document"),
+                                  folder(4) + QStringLiteral("/unsaved.krroute/x")};
+        for (const QString &name : foreign)
+            KRTestFile::write(place().filePath(name), "");
+        QVERIFY(place().mkdir(folder(5))
+                && QFile::link(path("elsewhere"), place().filePath(folder(5) + QStringLiteral("/unsaved.tracks"))));
+        QVERIFY(KRRecoveryFolder::leftBehind(place()).empty());
+        for (const QString &name : foreign)
+            QVERIFY2(QFile::exists(place().filePath(name)), qPrintable(name));
+        QVERIFY(!QFile::exists(place().filePath(folder(0))));
+
+        // Nor is such a thing removed together with the work.
+        KRTestFile::write(place().filePath(folder(1) + QStringLiteral("/unsaved.krroute")), "<routes/>");
+        const auto folders = KRRecoveryFolder::leftBehind(place());
+        QCOMPARE(folders.size(), std::size_t(1));
+        folders.front()->discard();
+        QCOMPARE(filesBelow(place()).filter(folder(1)), QStringList{foreign.first()});
+        QVERIFY(QFile::exists(path("elsewhere/track.gps")));
+
+        init();
+        for (int i = 0; i < 210; ++i)
+            QVERIFY(place().mkpath(QUuid::createUuid().toString(QUuid::WithoutBraces)));
+        QVERIFY(KRRecoveryFolder::leftBehind(place()).empty());
+        QCOMPARE(place().entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 10);
+    }
+
     void recoveredDocumentRefersToItsUnreadableFiles()
     {
         const QString document = path("Reise.krroute");
