@@ -106,6 +106,13 @@
     </message>
 </context>
 <context>
+    <name>KRHostApplication</name>
+    <message>
+        <source>Der Speicher reicht nicht.</source>
+        <translation>There is not enough memory.</translation>
+    </message>
+</context>
+<context>
     <name>KRImportReport</name>
     <message>
         <source>Strecke ohne lesbare Position</source>

@@ -10,7 +10,10 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <fcntl.h>
+#include <new>
 #include <unistd.h>
 
 /// The linker drops the resources of a static library unless somebody asks for them; outside of any namespace.
@@ -68,6 +71,34 @@ bool speaksGerman()
     return !languages.isEmpty() && languages.first().startsWith(QLatin1String("de"));
 }
 
+/// Asked for while there still is some.
+QByteArray &lineForNoMemory()
+{
+    static QByteArray line;
+    return line;
+}
+
+[[noreturn]] void endForNoMemory()
+{
+    const QByteArray &line = lineForNoMemory();
+    // There is nothing else to be done where that fails, too.
+    [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, line.constData(), std::size_t(line.size()));
+    std::_Exit(2);
+}
+
+/// Qt, too, throws what nobody catches.
+[[noreturn]] void terminate()
+{
+    try {
+        const std::exception_ptr reason = std::current_exception();
+        if (reason)
+            std::rethrow_exception(reason);
+    } catch (const std::bad_alloc &) {
+        endForNoMemory();
+    } catch (...) { }
+    std::abort();
+}
+
 } // namespace
 
 bool KRHostApplication::prepare(bool isVerbose)
@@ -92,9 +123,12 @@ void KRHostApplication::setup(QCoreApplication &application, const QString &name
 
     if (speaksGerman()) {
         install(application, QStringLiteral("qtbase_de"), KRQtCompat::translationsFolder());
-        return;
+    } else {
+        initializeTranslations();
+        for (const char *part : {"krcore_en", "krgeolocation_en", "krmaphost_en", "krrender_en", "krroutes_en"})
+            install(application, QLatin1String(part), QStringLiteral(":/translations"));
     }
-    initializeTranslations();
-    for (const char *part : {"krcore_en", "krgeolocation_en", "krmaphost_en", "krrender_en", "krroutes_en"})
-        install(application, QLatin1String(part), QStringLiteral(":/translations"));
+    const QString reason = QCoreApplication::translate("KRHostApplication", "Der Speicher reicht nicht.");
+    lineForNoMemory() = QStringLiteral("%1: %2\n").arg(name, reason).toLocal8Bit();
+    std::set_terminate(terminate);
 }

@@ -18,6 +18,7 @@ private slots:
     void standardOutputThatTakesNothing();
     void outputThatCannotBeWritten();
     void fewFilesMayBeOpened();
+    void littleMemoryIsTold();
     void progressLeavesNoTrace();
     void languageFollowsTheLocale();
     void needsNoDisplay();
@@ -271,6 +272,23 @@ void tst_krrenderTexts::fewFilesMayBeOpened()
         const bool isTold = outcome.err.contains(QRegularExpression(QStringLiteral("Too many open files|Error 24")));
         QVERIFY2(outcome.exitCode == 0 || (outcome.exitCode < 128 && isTold), qPrintable(outcome.err));
     }
+}
+
+void tst_krrenderTexts::littleMemoryIsTold()
+{
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // they take terabytes of addresses
+    bool isAnyTold = false;
+    for (int megabytes = 120; megabytes <= 480; megabytes += 30) {
+        const Outcome outcome =
+            run("export LC_ALL=C.utf8 LLVM_PROFILE_FILE=/dev/null; ulimit -c 0; ulimit -v "
+                + QByteArray::number(megabytes << 10) + "; krrender --size 4000x4000 $tour -o a.png");
+        QVERIFY2(outcome.exitCode == 0
+                     || (outcome.exitCode == 2 && outcome.err.startsWith(QLatin1String("krrender: "))),
+                 qPrintable(outcome.err));
+        isAnyTold = isAnyTold || outcome.exitCode == 2;
+    }
+    QVERIFY(isAnyTold);
+#endif
 }
 
 void tst_krrenderTexts::progressLeavesNoTrace()
