@@ -12,6 +12,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
+#include <vector>
 
 namespace {
 
@@ -29,53 +31,108 @@ double extentOf(const QPolygonF &area)
     return bounds.width() * bounds.height();
 }
 
-/// How far each copy of the world that brings the bounds into the picture lies off the first one.
-QVector<QPointF> shiftsInView(const KRMapTrackRenderer &renderer, const QRectF &bounds, const QSize &size)
+/// Pixels; 0 where there is one world only.
+double worldWidthOf(const KRMapTrackRenderer &renderer)
 {
-    const double world = renderer.aroundTheWorldOffset().x();
-    if (!std::isfinite(world) || world < 1.0)
-        return {QPointF()};
-    QVector<QPointF> shifts;
-    const double first = std::ceil(-bounds.right() / world);
-    const int count = KRMath::toInt(std::floor((size.width() - bounds.left()) / world) - first + 1.0);
-    for (int i = 0; i < count; ++i)
-        shifts << QPointF((first + i) * world, 0.0);
-    return shifts;
+    const double width = renderer.aroundTheWorldOffset().x();
+    return std::isfinite(width) && width >= 1.0 ? width : 0.0;
+}
+
+/// Copies of the world, which follow one upon the other.
+struct Copies {
+    double first;
+    int count;
+};
+
+/// Those that bring something from @p left to @p right into the picture; of more than @p most the middle ones.
+Copies copiesInView(double left, double right, double world, const QSize &size, int most)
+{
+    if (world == 0.0)
+        return {0.0, 1};
+    const double first = std::ceil(-right / world);
+    const double count = std::max(0.0, std::floor((size.width() - left) / world) - first + 1.0);
+    return count > most ? Copies{first + std::floor((count - most) / 2.0), most} : Copies{first, KRMath::toInt(count)};
+}
+
+/// Points that follow one upon the other, of which each line may be in view in a copy of the world.
+struct Stretch {
+    double copy;
+    int first;
+    int last;
+};
+
+/// Of a ring in all copies, which may lead around the world as often as it has points.
+std::vector<Stretch> stretchesInView(const QPolygonF &ring, double world, const QSize &size, int mostCopies)
+{
+    std::vector<Stretch> stretches;
+    std::deque<Stretch> open; // of copies that follow one upon the other
+    const auto close = [&](const Stretch &stretch, int last) {
+        stretches.push_back({stretch.copy, stretch.first, last});
+    };
+    for (int i = 1; i < ring.size(); ++i) {
+        const auto ends = std::minmax({ring.at(i - 1).x(), ring.at(i).x()});
+        const Copies copies = copiesInView(ends.first, ends.second, world, size, mostCopies);
+        const double end = copies.first + copies.count;
+        for (; !open.empty() && open.front().copy < copies.first; open.pop_front())
+            close(open.front(), i - 1);
+        for (; !open.empty() && open.back().copy >= end; open.pop_back())
+            close(open.back(), i - 1);
+        for (double copy = (open.empty() ? end : open.front().copy) - 1.0; copy >= copies.first; --copy)
+            open.push_front({copy, i - 1, i});
+        for (double copy = (open.empty() ? end : open.back().copy + 1.0); copy < end; ++copy)
+            open.push_back({copy, i - 1, i});
+    }
+    for (const Stretch &stretch : open)
+        close(stretch, ring.size() - 1);
+    std::sort(stretches.begin(), stretches.end(), [](const Stretch &a, const Stretch &b) {
+        return a.copy < b.copy || (a.copy == b.copy && a.first < b.first);
+    });
+    return stretches;
 }
 
 } // namespace
 
-KRTrackInView::KRTrackInView(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size)
+KRTrackInView::KRTrackInView(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size,
+                             int mostCopies)
 {
     const QPainterPath path =
         track.effectiveShape() == PointTrackShape ? QPainterPath() : renderer.createPainterPath(track);
     if (path.isEmpty()) {
-        addPoint(renderer, track, size);
+        addPoint(renderer, track, size, mostCopies);
         return;
     }
+    const double world = worldWidthOf(renderer);
     const KRPathClipper clipper(QRectF(QPointF(), size));
     const bool isFilled = track.effectiveShape() == PolygonTrackShape && track.hasDrawOption(FillDisplayOption);
     const QList<QPolygonF> rings = path.toSubpathPolygons();
     for (const QPolygonF &ring : rings) {
-        for (const QPointF &shift : shiftsInView(renderer, ring.boundingRect(), size)) {
-            const QPolygonF shifted = ring.translated(shift);
-            m_lines += clipper.line(shifted);
-            const QPolygonF area = isFilled ? clipper.ring(shifted) : QPolygonF();
+        for (const Stretch &stretch : stretchesInView(ring, world, size, mostCopies)) {
+            const QPolygonF line(ring.mid(stretch.first, stretch.last - stretch.first + 1));
+            m_lines += clipper.line(line.translated(stretch.copy * world, 0.0));
+        }
+        const QRectF bounds = ring.boundingRect();
+        const Copies copies = copiesInView(bounds.left(), bounds.right(), world, size, isFilled ? mostCopies : 0);
+        for (int i = 0; i < copies.count; ++i) {
+            const QPolygonF area = clipper.ring(ring.translated((copies.first + i) * world, 0.0));
             if (extentOf(area) > extentOf(m_area))
                 m_area = area;
         }
     }
 }
 
-void KRTrackInView::addPoint(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size)
+void KRTrackInView::addPoint(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size,
+                             int mostCopies)
 {
     const KRGeoPositionList positions = track.drawingPoints();
     if (positions.isEmpty() || !positions.first().latitude().isValid() || !positions.first().longitude().isValid())
         return;
     const QPointF place = renderer.projectPosition(positions.first());
-    for (const QPointF &shift : shiftsInView(renderer, QRectF(place, QSizeF()), size)) {
-        if (QRectF(QPointF(), size).contains(place + shift))
-            m_lines << QPolygonF(QVector<QPointF>{place + shift});
+    const double world = worldWidthOf(renderer);
+    const Copies copies = copiesInView(place.x(), place.x(), world, size, mostCopies);
+    for (int i = 0; i < copies.count; ++i) {
+        const QPointF copy = place + QPointF((copies.first + i) * world, 0.0);
+        if (QRectF(QPointF(), size).contains(copy))
+            m_lines << QPolygonF(QVector<QPointF>{copy});
     }
 }
 

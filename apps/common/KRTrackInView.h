@@ -13,7 +13,9 @@ class KRMapTrackRenderer;
 class KRTrackInView
 {
 public:
-    KRTrackInView(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size);
+    /// @param mostCopies of the world in which anything of the track is looked for, those in the middle; 3 at least
+    KRTrackInView(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size,
+                  int mostCopies);
 
     bool isEmpty() const { return m_lines.isEmpty(); }
     /// The pieces of its outline; a marker is a line of one point.
@@ -26,7 +28,8 @@ public:
     static QPointF pointAt(const QPolygonF &line, double fraction);
 
 private:
-    void addPoint(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size);
+    void addPoint(const KRMapTrackRenderer &renderer, const KRGPXConfiguredTrack &track, const QSize &size,
+                  int mostCopies);
 
     QVector<QPolygonF> m_lines;
     QPolygonF m_area;

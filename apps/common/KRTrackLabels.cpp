@@ -6,6 +6,7 @@
 #include "KRTrackInView.h"
 
 #include <KRGeoLocation/KRGPXLineCrowd.h>
+#include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <algorithm>
 #include <utility>
@@ -118,6 +119,17 @@ bool addBeside(const NamedTrack &track, KRMapLabel label, const KRMapCells *cell
     return false;
 }
 
+/// Of the world, where names look for places and are kept off lines. Beyond, it is narrower than the names.
+int mostCopiesFor(const KRGPXConfiguredTrackList &tracks)
+{
+    constexpr double mostPoints = 4e6; // in all copies
+    constexpr double pointsPerTrack = 10.0; // that take as much memory as one
+    double points = pointsPerTrack * tracks.size();
+    for (const KRGPXConfiguredTrack &track : tracks)
+        track.visitPositions([&points](const KRGeoPositionSpan &positions) { points += positions.count; });
+    return int(std::clamp(mostPoints / std::max(1.0, points), 3.0, 16.0));
+}
+
 } // namespace
 
 KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, const KRMapProjection &projection,
@@ -128,8 +140,9 @@ KRMapLabelBoard KRTrackLabels::arranged(const KRGPXTrackSelection &selection, co
     std::vector<KeptLine> lines;
     QVector<NamedTrack> named;
     const KRGPXConfiguredTrackList tracks = selection.tracks();
+    const int mostCopies = mostCopiesFor(tracks);
     for (const KRGPXConfiguredTrack &track : tracks) {
-        const KRTrackInView view(renderer, track, size);
+        const KRTrackInView view(renderer, track, size, mostCopies);
         const double width = widthOf(track, factor);
         for (const QPolygonF &line : view.lines())
             lines.push_back({line, width});

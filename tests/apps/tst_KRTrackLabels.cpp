@@ -3,6 +3,7 @@
 #include "KRTest.h"
 #include "KRTestMap.h"
 #include "KRTestPicture.h"
+#include "KRTrackInView.h"
 #include "KRTrackLabels.h"
 
 #include <KRGeoLocation/KRGPXTrackSelection.h>
@@ -12,6 +13,24 @@ namespace {
 
 const KRGeoPositionRect fijiArea = KRTestMap{-21.0, -9.0, 170.0, -175.0}.area();
 const QSize size(800, 600);
+
+/// Eastwards around the world, 100 degrees at a time, and somewhat to the north and to the south.
+KRGeoPositionList spiral(int count)
+{
+    KRGeoPositionList positions;
+    for (int i = 0; i < count; ++i)
+        positions.append(KRGeoPosition(i * 37 % 100 - 50.0, i * 100 % 360 - 180.0));
+    return positions;
+}
+
+double lengthOf(const QVector<QPolygonF> &lines)
+{
+    double length = 0.0;
+    for (const QPolygonF &line : lines)
+        for (int i = 1; i < line.size(); ++i)
+            length += QLineF(line.at(i - 1), line.at(i)).length();
+    return length;
+}
 
 } // namespace
 
@@ -51,6 +70,33 @@ private slots:
             const QRectF place(within.x() * size.width(), within.y() * size.height(), within.width() * size.width(),
                                within.height() * size.height());
             QVERIFY(place.contains(labels.first().box()));
+        });
+    }
+
+    void linesInAllCopiesOfTheWorld()
+    {
+        const KRTestTable<QSize, int, int, double> table{
+            {"around a wide world", {1600, 1200}, 40, 16, 1.0},
+            {"around two and a bit", {800, 300}, 40, 16, 1.0},
+            {"once over the date line", {800, 300}, 4, 16, 1.0},
+            {"around a narrow world", {1600, 60}, 40, 40, 1.0},
+            {"the middle of a narrow world", {1600, 60}, 40, 4, 4.0 * 143.0 / 1600.0},
+        };
+        table.forEach([](const QSize &picture, int count, int mostCopies, double part) {
+            const KRMapTrackRenderer renderer(
+                {}, KRMapProjection(KRTestMap{-60.0, 60.0, -180.0, 180.0}.area(), picture), picture, 1.0);
+            const auto linesOf = [&](const KRGeoPositionList &positions, int most) {
+                const auto track = namedTrack(positions, KRGPXTrackShape(LineStringTrackShape), Qt::red);
+                return KRTrackInView(renderer, track, picture, most).lines();
+            };
+            const KRGeoPositionList positions = spiral(count);
+            double length = 0.0;
+            for (int i = 1; i < count; ++i)
+                length += lengthOf(linesOf({positions.at(i - 1), positions.at(i)}, 100));
+            const QVector<QPolygonF> lines = linesOf(positions, mostCopies);
+            QVERIFY(std::abs(lengthOf(lines) / length - part) < 0.02);
+            for (const QPolygonF &line : lines)
+                QVERIFY(QRectF(QPointF(), picture).contains(line.boundingRect().center()));
         });
     }
 
