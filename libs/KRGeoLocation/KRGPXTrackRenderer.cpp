@@ -17,6 +17,7 @@
 #include "KRGPXTrackShape.h"
 #include "KRGPXTrackSmoothing.h"
 #include "KRGPXWorldCopies.h"
+#include "KRGPXWorldStrip.h"
 #include "KRGeoPositionList.h"
 #include "KRGeoPositionSpan.h"
 
@@ -41,6 +42,9 @@ constexpr double minimumStep = 4.0;
 // pixels at rendering factor 1
 constexpr double shortestArrow = 10.0;
 constexpr double longestArrow = 100.0;
+
+// of what is antialiased, in pixels
+constexpr double softEdge = 2.0;
 
 // degrees between an arrow's shaft and each of its barbs
 constexpr double barbAngle = 30.0;
@@ -181,6 +185,41 @@ void KRGPXTrackRenderer::renderUnited(QPainter &painter, TrackRenderOption optio
 
 void KRGPXTrackRenderer::drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
                                     bool isUniting) const
+{
+    const KRGPXWorldStrip strip = worldStrip(tracks);
+    if (strip.isWorthwhile())
+        strip.draw(painter, [&](QPainter *stripPainter) { drawEach(stripPainter, tracks, option, isUniting); });
+    else
+        drawEach(painter, tracks, option, isUniting);
+}
+
+KRGPXWorldStrip KRGPXTrackRenderer::worldStrip(const KRGPXConfiguredTrackList &tracks) const
+{
+    KRGPXWorldStrip strip(projectPosition(KRGeoPosition(0.0, -180.0)), aroundTheWorldOffset(), m_targetImageSize);
+    if (!strip.isPossible())
+        return strip;
+    constexpr double pointsPerTrack = 10.0; // that take as long as one
+    double points = pointsPerTrack * tracks.size();
+    double reach = 0.0;
+    for (const KRGPXConfiguredTrack &track : tracks) {
+        track.visitPositions([&points](const KRGeoPositionSpan &positions) { points += positions.count; });
+        const bool hasArrow = (track.configuration().markerShape() & ArrowMarkerShape) != 0;
+        // The radius of a marker is the width of the line, and so may be that of its pen.
+        const double width = drawableWidth(scale((track.haloWidth() + track.lineWidth()).toDouble()));
+        reach = std::max(reach, 2.0 * width + softEdge + (hasArrow ? scale(longestArrow) : 0.0));
+    }
+    strip.setContent(points, reach);
+    return strip;
+}
+
+QSize KRGPXTrackRenderer::drawnSize() const
+{
+    const KRGPXWorldStrip strip = worldStrip(m_selection.tracks());
+    return strip.isWorthwhile() ? strip.rect().size() : m_targetImageSize;
+}
+
+void KRGPXTrackRenderer::drawEach(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
+                                  bool isUniting) const
 {
     const bool isCrowd = tracks.size() > KRGPXLineBundle::fewTracks;
     const bool isCrowdOnImage = isCrowd && dynamic_cast<const QImage *>(painter->device());
@@ -440,7 +479,7 @@ QPainterPath KRGPXTrackRenderer::thinnedPath(std::vector<QPointF> points) const
 // How far from a path there may be marks: of its pen, an arrow head and the soft edge of antialiasing.
 double KRGPXTrackRenderer::reachOf(const QPen &pen) const
 {
-    return pen.widthF() + scale(longestArrow) + 2.0;
+    return pen.widthF() + scale(longestArrow) + softEdge;
 }
 
 void KRGPXTrackRenderer::drawLine(QPainter *painter, const KRGPXConfiguredTrack &track, TrackRenderOption option) const
@@ -526,7 +565,7 @@ void KRGPXTrackRenderer::drawPoint(QPainter *painter, const KRGPXConfiguredTrack
 
     const QPen pen = strokes ? penFromTrack(configuration, option) : QPen(Qt::transparent);
     const double size = drawableWidth(scale(configuration.lineWidth().toDouble()));
-    const double reach = size + pen.widthF() + 2.0;
+    const double reach = size + pen.widthF() + softEdge;
     const KRGPXPenKeeper keeper(painter, pen, fills ? brushFromTrack(configuration, option) : Qt::transparent);
     const KRGPXMarkerShape shape = configuration.markerShape();
     worldCopies().forEach(painter, QPainterPath(centre), reach, [&] {

@@ -24,6 +24,7 @@ class KRGPXMarkerStamps;
 class KRGPXTrack;
 class KRGPXTrackConfiguration;
 class KRGPXWorldCopies;
+class KRGPXWorldStrip;
 class QPainter;
 
 /// How tracks are drawn. Every other number is taken as HaloRender.
@@ -39,7 +40,8 @@ enum TrackRenderOption : int {
  * The subclass supplies the projection. It is called from several threads at once and must be a pure function.
  * A track that steps over longitude 180 goes on beyond the edge of its world, and everything is drawn once for
  * each copy of the world that may be in view; a line that winds around the world, for each of its rounds too. The
- * holes of an area lie in the same copy as their area.
+ * holes of an area lie in the same copy as their area. Where very many points would be drawn in very many copies, one
+ * of these is an image that all of them show.
  *
  * All lengths are pixels of the target image; widths, marker sizes and distances of the configuration are
  * multiplied by the rendering factor (1 on a normal screen, 2 on one of high density). Points that project to no
@@ -67,6 +69,8 @@ public:
     virtual void projectPositions(const KRGeoPositionSpan &positions, QPointF *pixels) const;
 
     QSize targetImageSize() const { return m_targetImageSize; }
+    /// Of what is drawn of all tracks: the target image, or one of very many copies of a narrow world in it.
+    QSize drawnSize() const;
     double renderingFactor() const { return m_renderingFactor; }
     double scale(double length) const { return length * m_renderingFactor; }
 
@@ -152,6 +156,9 @@ private:
                  bool antialiased) const;
     void drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
                     bool isUniting = false) const;
+    void drawEach(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
+                  bool isUniting) const;
+    KRGPXWorldStrip worldStrip(const KRGPXConfiguredTrackList &tracks) const;
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
     QPainterPath thinnedPath(std::vector<QPointF> points) const;
     double reachOf(const QPen &pen) const;

@@ -441,6 +441,38 @@ private slots:
         QCOMPARE(PlainRenderer(empty).crop(map), map);
     }
 
+    void oneStripForManyCopies()
+    {
+        const KRTestTable<double, int, int, bool> table{
+            {"lines and points", 4.0, DiskMarkerShape, 120, true},
+            {"arrows, which reach over several copies", 4.0, ArrowMarkerShape, 120, true},
+            {"wider than the world", 60.0, DiskMarkerShape, 120, true},
+            {"wider than a strip may be", 2000.0, DiskMarkerShape, 120, false},
+            {"few", 4.0, DiskMarkerShape, 20, false},
+        };
+        table.forEach([](double width, int marker, int count, bool hasStrip) {
+            KRGPXTrackSelection selection;
+            const Pixels walk = randomWalk(count * 100);
+            for (int i = 0; i < count; ++i) {
+                const Pixels pixels = walk.mid(i * 100, i % 9 == 0 ? 1 : 100);
+                const int shape = i % 9 == 1 ? PolygonTrackShape : AutoTrackShape;
+                const auto look = configurationOf(AllDisplayOptions, shape, marker, width);
+                selection.addTrack(KRGPXConfiguredTrack(trackAt({pixels}), look));
+            }
+            const PlainRenderer renderer(selection, QSize(3600, 20), 1.0, 0.1);
+            QCOMPARE(renderer.drawnSize() != renderer.targetImageSize(), hasStrip);
+            if (!hasStrip)
+                return;
+            QImage expected(renderer.targetImageSize(), QImage::Format_ARGB32_Premultiplied);
+            expected.fill(Qt::transparent);
+            QPainter painter(&expected);
+            const KRGPXConfiguredTrackList tracks = selection.tracks();
+            for (const KRGPXConfiguredTrack &track : tracks)
+                renderer.drawTrack(&painter, track, HaloRender);
+            QVERIFY(renderer.renderQuickAndDirty(HaloRender) == expected);
+        });
+    }
+
     void awkwardImages()
     {
         const QSize normal(360, 180);
