@@ -22,6 +22,8 @@ constexpr double dashNs = 900.0;
 constexpr double arrowNs = 40000.0;
 // Markers are drawn in a way that takes longer for each of their pixels, up to some size.
 constexpr double markerPixelNs = 75.0;
+constexpr double markerNs = 4000.0;
+constexpr double copiedMarkerNs = 250.0;
 constexpr double largestMarkerSide = 200.0;
 // Of larger ones KRGPXMarkerStamps makes no copies.
 constexpr double largestCopiedSide = 190.0;
@@ -96,7 +98,7 @@ double KRImageEffort::effortOf(const KRGPXConfiguredTrack &track, Memory *memory
     double effort = 0.0;
     if (shape != PolygonTrackShape && (track.configuration().markerShape() & ArrowMarkerShape) != 0
         && extent.area > 0.0)
-        effort += arrowNs;
+        effort += arrowNs * std::min(extent.copies, copiesOfPlace(reach));
     if (memory)
         memory->strokes.resize(layers.size());
     for (std::size_t i = 0; i < layers.size(); ++i) {
@@ -143,9 +145,11 @@ double KRImageEffort::effortOfMarker(const KRGPXConfiguredTrack &track, Memory *
     for (const Layer &layer : layers) {
         const double side = diameter + layer.pen.widthF();
         isKnown = isKnown && side <= largestCopiedSide;
-        const double area = std::min(side * side, pixelsOf(m_renderer->targetImageSize()));
-        const double newArea = isKnown ? 0.0 : std::pow(std::min(side, largestMarkerSide), 2.0);
-        effort += markerPixelNs * newArea + 2.0 * mixedPixelNs * area;
+        const double area = std::min(side * side, pixelsOf(m_drawnSize));
+        const double newArea = std::pow(std::min(side, largestMarkerSide), 2.0);
+        const double copied = copiedMarkerNs + mixedPixelNs * area;
+        const double drawn = markerNs + markerPixelNs * newArea + 2.0 * mixedPixelNs * area;
+        effort += copiesOfPlace(side / 2.0) * (isKnown ? copied : drawn);
     }
     if (memory)
         memory->strokes.clear();
@@ -159,13 +163,12 @@ double KRImageEffort::effortOfLines(const Extent &extent, const QPen &pen) const
     double length = extent.length;
     const double dashes = dashesOf(pen, width, length);
     if (lines > KRGPXLineCrowd::fewElements && dashes == 0.0) {
-        const double part = KRGPXLineCrowd::mostLengthFor(m_renderer->targetImageSize(), width / 2.0) / length;
+        const double part = KRGPXLineCrowd::mostLengthFor(m_drawnSize, width / 2.0) / length;
         lines *= std::min(1.0, part);
         length *= std::min(1.0, part);
     }
     // an arc around each end, as far as it is in the image, and two lines between them
-    const QSize size = m_renderer->targetImageSize();
-    const double arc = std::min<double>(4.0 * width, size.width() + size.height());
+    const double arc = std::min<double>(4.0 * width, m_drawnSize.width() + m_drawnSize.height());
     const double insideNs = pen.color().alpha() == 255 ? innerPixelNs : mixedPixelNs;
     return effortOfOutline(2.0 * length + arc * (lines + dashes), extent.area)
            + insideNs * std::min(length * width, extent.area) + dashNs * dashes;

@@ -44,7 +44,7 @@ bool isSlightTurn(const QPointF &before, const QPointF &after)
 } // namespace
 
 KRMapEffort::KRMapEffort(const KRGPXTrackRenderer *renderer, double mostNsOfPoint)
-    : m_renderer(renderer), m_mostNsOfPoint(mostNsOfPoint)
+    : m_renderer(renderer), m_drawnSize(renderer->drawnSize()), m_mostNsOfPoint(mostNsOfPoint)
 { }
 
 double KRMapEffort::mostFor(const KRGPXTrackSelection &selection) const
@@ -81,7 +81,7 @@ double KRMapEffort::dashesOf(const QPen &pen, double width, double length)
 
 KRMapEffort::Extent KRMapEffort::sumOf(const Extent &first, const Extent &second) const
 {
-    const QSizeF size = m_renderer->targetImageSize();
+    const QSizeF size = m_drawnSize;
     const double copies = std::max(first.copies, second.copies);
     return {first.lines + second.lines, first.corners + second.corners, first.length + second.length,
             std::min(first.area + second.area, copies * size.width() * size.height()), copies};
@@ -89,7 +89,7 @@ KRMapEffort::Extent KRMapEffort::sumOf(const Extent &first, const Extent &second
 
 KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach) const
 {
-    const QSizeF size = m_renderer->targetImageSize();
+    const QSizeF size = m_drawnSize;
     const double worldWidth = std::abs(m_renderer->aroundTheWorldOffset().x());
     const auto copiesOf = [&](const QRectF &bounds) {
         const bool isBeside = bounds.bottom() + reach >= 0.0 && bounds.top() - reach <= size.height();
@@ -113,4 +113,10 @@ KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach
     extent.area = extent.copies * std::min(bounds.width() + 2.0 * reach, size.width())
                   * std::min(bounds.height() + 2.0 * reach, size.height());
     return extent;
+}
+
+double KRMapEffort::copiesOfPlace(double reach) const
+{
+    const double worldWidth = std::abs(m_renderer->aroundTheWorldOffset().x());
+    return worldWidth >= 1.0 ? std::max(1.0, std::floor((m_drawnSize.width() + 2.0 * reach) / worldWidth)) : 1.0;
 }

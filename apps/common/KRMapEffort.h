@@ -3,11 +3,12 @@
 #include <KRGeoLocation/KRGPXTrackRenderer.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
+#include <QSize>
+
 #include <vector>
 
 class QPainterPath;
 class QPen;
-class QSize;
 
 /**
  * Estimates how long it takes to draw the tracks of a map, in nanoseconds of an ordinary processor.
@@ -53,7 +54,11 @@ protected:
     /// 0 with a solid pen. @p width of the pen as it is drawn
     static double dashesOf(const QPen &pen, double width, double length);
 
+    /// How often a place near the middle of the world is in the picture, with marks that reach so far.
+    double copiesOfPlace(double reach) const;
+
     const KRGPXTrackRenderer *const m_renderer;
+    const QSize m_drawnSize; ///< a part of the picture that all copies of the world show, or all of it
 
 private:
     const double m_mostNsOfPoint;

@@ -121,6 +121,23 @@ private slots:
         });
     }
 
+    void countsCopiesOfTheWorld()
+    {
+        const KRTestTable<KRGeoPositionList, double, int, bool> table{
+            {"lines in a strip for all", shortLine, 4.0, 900, true},
+            {"markers in a strip for all", point, 4.0, 900, true},
+            {"markers too wide for that", point, 400.0, 900, false},
+        };
+        table.forEach([](const KRGeoPositionList &positions, double width, int count, bool areAllDrawn) {
+            const KRGPXTrackSelection selection =
+                selectionOf({positions, KRGPXTrackShapeEnum(AutoTrackShape), width, 900, 128}, count);
+            const QSize wide(16000, 40);
+            const KRMapProjection projection(KRTestMap{-60.0, 60.0, -180.0, 180.0}.area(), wide);
+            const KRMapTrackRenderer renderer(selection, projection, wide, 1.0);
+            QCOMPARE(KRImageEffort(&renderer).affordable(selection).count() == count, areAllDrawn);
+        });
+    }
+
     void keepsTheSmallOnesInTheirOrder()
     {
         KRGPXTrackSelection selection = selectionOf({everywhere, PolygonTrackShape, 2.0, 1, 255}, 50000);
