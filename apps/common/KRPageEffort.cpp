@@ -114,6 +114,7 @@ double KRPageEffort::effortOfOutlines(const Extent &extent, const QPen &pen) con
     const double averageLength = extent.lines > 0.0 ? extent.length / extent.lines : 0.0;
     const double nsOfCorner = cornerNs + cornerNsOfPixel * std::min(averageLength, farPx);
     const double width = pen.widthF() > 0.0 ? pen.widthF() : 1.0;
-    const double dashes = pen.dashPattern().size() / 2 * dashesOf(pen, width, extent.length);
+    const int dashesOfPeriod = int(pen.dashPattern().size()) / 2;
+    const double dashes = dashesOfPeriod * dashesOf(pen, width, extent.length);
     return part * (lineNs * extent.lines + nsOfCorner * extent.corners) + dashNs * dashes;
 }

@@ -141,6 +141,7 @@ class tst_KRGPXPathPainter : public QObject
 private slots:
     void lines();
     void crowdsOfLines();
+    void linesOfSeveralTiles();
     void areas();
     void painters();
     void otherDevicesKeepThePath();
@@ -200,6 +201,29 @@ void tst_KRGPXPathPainter::crowdsOfLines()
         for (int x = 0; x < whole.width(); ++x)
             different += std::abs(qGreen(whole.pixel(x, y)) - qGreen(fast.pixel(x, y))) > 30 ? 1 : 0;
     QVERIFY2(different < 200, qPrintable(QString::number(different)));
+}
+
+void tst_KRGPXPathPainter::linesOfSeveralTiles()
+{
+    // to and fro, beside each other, so that none of them may be left out
+    QPainterPath path(QPointF(3.0, 3.0));
+    for (int row = 0; row < 60; ++row)
+        for (int i = 1; i <= 400; ++i) {
+            const double x = i * 5.5;
+            path.lineTo(row % 2 == 0 ? x : 2206.0 - x, 6.0 + 20.0 * row + i % 2 * 9.0);
+        }
+    const auto drawn = [&](int alpha, const Setup &draw) {
+        QImage image(2210, 1210, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(roundPen(3.0, alpha));
+        draw(&painter);
+        return image;
+    };
+    for (const int alpha : {255, 120})
+        QVERIFY(drawn(alpha, [&](QPainter *p) { KRGPXPathPainter::drawPath(p, path); })
+                == drawn(alpha, [&](QPainter *p) { p->drawPath(path); }));
 }
 
 void tst_KRGPXPathPainter::areas()
