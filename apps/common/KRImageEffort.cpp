@@ -47,7 +47,7 @@ KRImageEffort::KRImageEffort(const KRGPXTrackRenderer *renderer) : KRMapEffort(r
 KRGPXTrackSelection KRImageEffort::affordable(const KRGPXTrackSelection &selection) const
 {
     // To read and to estimate as much has taken its time already.
-    constexpr double partThatIsLeft = 0.5;
+    constexpr double partThatIsLeft = 0.4;
     return isAffordable(selection) ? selection : cheapest(selection, partThatIsLeft * mostFor(selection));
 }
 

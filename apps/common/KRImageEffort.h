@@ -25,7 +25,7 @@ public:
     /// For devices that keep lines and areas as such, where only what crops a map is an image.
     void setForMaskOnly() { m_isForMaskOnly = true; }
 
-    /// The tracks; where all of them take too long, the cheapest of them, which take half as much as they may.
+    /// The tracks; where all of them take too long, the cheapest of them, which take four tenths of what they may.
     KRGPXTrackSelection affordable(const KRGPXTrackSelection &selection) const;
 
 protected:

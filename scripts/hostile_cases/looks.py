@@ -1,10 +1,12 @@
 """Looks, sizes and areas that make drawing long."""
 
+import random
+
 from .registry import add, add_file
 from .snippets import TRACK, TWO_POINTS, ZIGZAG, write_track
 from .writing import numbered, scattered
 
-CLOSE = 'N53.500001 E8.5 .. N53.5 E8.500001'
+CLOSE = 'N53.50001 E8.5 .. N53.5 E8.50001'
 
 
 def look(title, *options, points=TWO_POINTS):
@@ -54,5 +56,25 @@ for options in ((), ('--palette',), ('--line-color', '#80ff0000'), ('--line-widt
                 ('--pen-style', 'dash', '--halo', '6', '--crop', '100', '--labels', '--legend')):
     add_file(f'tracks and waypoints {" ".join(options)}'.strip() + '.gpx', ['<gpx>', TRACKS, '</gpx>'], *options,
              load={'figures': 198000})
+# --- In PDF, where half transparent lines, dashes and markers become outlines
+def to_and_fro(count, corners):
+    """Tracks from anywhere in the picture to anywhere else."""
+    corner = '<trkpt lat="53.%d" lon="8.%d"/>'
+
+    def texts():
+        chance = random.Random(4711)
+        for _ in range(count):
+            places = (corner % (chance.randrange(1000, 9999), chance.randrange(1000, 9999)) for _ in range(corners))
+            yield f'<trk><trkseg>{"".join(places)}</trkseg></trk>'
+    return texts
+
+
+for count, corners, title in ((3000, 100, 'thousands of'), (10, 300, 'some'), (1, 19000, 'one of very many corners')):
+    for options in (('--line-color', '#80ff0000'), ('--line-color', '#80ff0000', '--halo', '4'),
+                    ('--line-color', '#80ff0000', '--pen-style', 'dot', '--line-width', '1')):
+        add_file(f'routes to and fro, {title} {" ".join(options)}.gpx', ['<gpx>', to_and_fro(count, corners), '</gpx>'],
+                 '--format', 'pdf', *options, load={'points': count * corners})
+add_file('dots with wide halos.gpx', ['<gpx>', scattered('<wpt lat="53.%a" lon="8.%b"/>', 5000), '</gpx>'],
+         '--format', 'pdf', '--line-width', '1000', '--halo', '40', load={'figures': 5000})
 for kind in ('svg', 'pdf'):
     look(f'largest cropped {kind}', '--size', '32767x32767', '--crop', '90', '--format', kind)
