@@ -142,7 +142,7 @@ private slots:
             {"more lines than are drawn at once, with others between them", 1001,
              [](Scatter *scatter, int i) {
                  return i % 400 == 350 ? scatter->track(2, 80, {Qt::green, 5.0})
-                                       : scatter->track(i < 900 ? 1500 : 3, 100, {Qt::blue, 2.0});
+                                       : scatter->track(i < 350 ? 1500 : 150, 100, {Qt::blue, 2.0});
              },
              20},
             {"markers of a few looks", 1500,
