@@ -3,6 +3,10 @@
 #include <KRCore/KRDecimalText.h>
 #include <KRGeoLocation/KRGPXTime.h>
 #include <KRGeoLocation/KRGeoPosition.h>
+#include <KRXML/KRXMLBuilder.h>
+
+#include <QStringList>
+#include <QXmlStreamWriter>
 
 #include <array>
 #include <charconv>
@@ -59,6 +63,21 @@ bool KRExchangeText::hasUtc(const KRGPXTime &time)
     constexpr qint64 end = 253402300800000; // of the year 9999
     const qint64 milliseconds = time.isValid() ? time.toMilliseconds() : KRGPXTime::noTime;
     return milliseconds >= first && milliseconds < end;
+}
+
+void KRExchangeText::write(const QString &text, QXmlStreamWriter *xml)
+{
+    const QStringList parts = KRXMLBuilder::readableText(text).split(QLatin1Char('\r'));
+    xml->writeCharacters(parts.first());
+    for (int i = 1; i < parts.size(); ++i) {
+        xml->writeEntityReference(QStringLiteral("#13"));
+        xml->writeCharacters(parts.at(i));
+    }
+}
+
+QByteArray KRExchangeText::toXml(const QString &text)
+{
+    return KRXMLBuilder::readableText(text).toHtmlEscaped().toUtf8().replace('\r', "&#13;");
 }
 
 QString KRExchangeText::utc(const KRGPXTime &time)

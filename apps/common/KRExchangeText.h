@@ -4,6 +4,7 @@
 
 class KRGeoArc;
 class KRGeoPosition;
+class QXmlStreamWriter;
 struct KRGPXTime;
 
 /**
@@ -27,6 +28,12 @@ public:
 
     /// Whether the time has a text: it is valid, and in the years 1 to 9999.
     static bool hasUtc(const KRGPXTime &time);
+
+    /// As the text of the current element: without what XML has no characters for, and with the carriage returns that
+    /// readers would take for line feeds.
+    static void write(const QString &text, QXmlStreamWriter *xml);
+    /// The same as XML.
+    static QByteArray toXml(const QString &text);
 
     /// ISO 8601 in UTC, "2025-05-17T08:30:00Z", with milliseconds where there are any; else empty.
     static QString utc(const KRGPXTime &time);

@@ -8,7 +8,6 @@
 #include <KRGeoLocation/KRGPXConfiguredTrackList.h>
 #include <KRGeoLocation/KRGPXTrack.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
-#include <KRXML/KRXMLBuilder.h>
 
 #include <QIODevice>
 #include <QXmlStreamWriter>
@@ -63,9 +62,7 @@ void appendPoint(const KRGPXTrackSegment &segment, int index, QByteArray *bytes)
     if (!time.isEmpty())
         children.add("time", [&](QByteArray *text) { text->append(time); });
     if (!description.isEmpty())
-        children.add("desc", [&](QByteArray *text) {
-            text->append(KRXMLBuilder::readableText(description).toHtmlEscaped().toUtf8());
-        });
+        children.add("desc", [&](QByteArray *text) { text->append(KRExchangeText::toXml(description)); });
     children.end();
 }
 
@@ -83,8 +80,11 @@ QByteArray textOfBlock(const KRGPXTrackSegment &segment, int block)
 /// An empty text gives no element.
 void writeText(QXmlStreamWriter &xml, const QString &name, const QString &text)
 {
-    if (!text.isEmpty())
-        xml.writeTextElement(name, KRXMLBuilder::readableText(text));
+    if (text.isEmpty())
+        return;
+    xml.writeStartElement(name);
+    KRExchangeText::write(text, &xml);
+    xml.writeEndElement();
 }
 
 /// Also of the enclaves, which are in the file as well.

@@ -10,7 +10,6 @@
 #include <KRGeoLocation/KRGPXTrack.h>
 #include <KRGeoLocation/KRGPXTrackPoint.h>
 #include <KRGeoLocation/KRGPXTrackSegment.h>
-#include <KRXML/KRXMLBuilder.h>
 
 #include <QColor>
 #include <QXmlStreamWriter>
@@ -38,6 +37,13 @@ QString tuple(const KRGeoPosition &position, int elevation, QLatin1Char separato
     if (elevation != 0)
         text += separator + QString::number(elevation);
     return text;
+}
+
+void writeText(QXmlStreamWriter &xml, const QString &name, const QString &text)
+{
+    xml.writeStartElement(kmlNamespace, name);
+    KRExchangeText::write(text, &xml);
+    xml.writeEndElement();
 }
 
 /// A round trip is an area by its shape, but nothing of it is lost only as a line.
@@ -182,7 +188,7 @@ bool KRKmlWriter::write(const KRGPXConfiguredTrackList &tracks, const QString &n
     xml.writeNamespace(gxNamespace, QStringLiteral("gx"));
     xml.writeStartElement(kmlNamespace, QStringLiteral("kml"));
     xml.writeStartElement(kmlNamespace, QStringLiteral("Document"));
-    xml.writeTextElement(kmlNamespace, QStringLiteral("name"), KRXMLBuilder::readableText(name));
+    writeText(xml, QStringLiteral("name"), name);
     const auto styleId = [](int index) { return QStringLiteral("track-%1").arg(index + 1); };
     for (int i = 0; i < tracks.size(); ++i)
         writeStyle(xml, tracks.at(i).configuration(), styleId(i));
@@ -243,10 +249,9 @@ void KRKmlWriter::writeStyle(QXmlStreamWriter &xml, const KRGPXTrackConfiguratio
 void KRKmlWriter::writePlacemark(QXmlStreamWriter &xml, const KRGPXConfiguredTrack &track, const QString &styleId)
 {
     xml.writeStartElement(kmlNamespace, QStringLiteral("Placemark"));
-    xml.writeTextElement(kmlNamespace, QStringLiteral("name"), KRXMLBuilder::readableText(track.name()));
+    writeText(xml, QStringLiteral("name"), track.name());
     if (!track.description().isEmpty())
-        xml.writeTextElement(kmlNamespace, QStringLiteral("description"),
-                             KRXMLBuilder::readableText(track.description()));
+        writeText(xml, QStringLiteral("description"), track.description());
     const bool isPoint = track.effectiveShape() == PointTrackShape;
     const KRGPXTrackPoint point = isPoint ? markedPoint(track) : KRGPXTrackPoint();
     const QString time = KRExchangeText::utc(KRGPXTime::of(point.timeStamp()));

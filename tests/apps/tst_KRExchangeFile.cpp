@@ -24,6 +24,7 @@ private slots:
     void endsWhenToldTo();
     void endsWhenFull();
     void keepsAllOfPoints();
+    void keepsLineBreaks();
     void writesTimes();
 };
 
@@ -181,6 +182,30 @@ void tst_KRExchangeFile::keepsAllOfPoints()
     import.read({KRTestFile::write(dir.filePath(QStringLiteral("a.gpx")), gpx)});
     QCOMPARE(import.tracks().size(), 1);
     QVERIFY(import.tracks().first().track() == track);
+}
+
+/// Those of texts, whichever characters they are made of.
+void tst_KRExchangeFile::keepsLineBreaks()
+{
+    const QString text = QStringLiteral("\r a<\r\nb\n\rc\r");
+    const KRGPXTrackPoint first(KRGeoPosition(53.0, 8.0), 0, QDateTime(), text);
+    const KRGPXTrackSegment segment({first, KRGPXTrackPoint(KRGeoPosition(54.0, 9.0), 0, QDateTime(), QString())});
+    const KRGPXTrack track(QStringLiteral("a\r\nb"), text, {segment}, LineStringTrackShape);
+    const QTemporaryDir dir;
+    for (const QString &format : {QStringLiteral("gpx"), QStringLiteral("kml")}) {
+        const QByteArray bytes = KRExchangeFile::encode({{track, KRGPXTrackConfiguration::defaultValue()}},
+                                                        format.toLatin1(), QStringLiteral("c\rd"), nullptr);
+        QVERIFY(!bytes.contains('\r'));
+        KRRouteImport import;
+        import.read({KRTestFile::write(dir.filePath(QStringLiteral("a.") + format), bytes)});
+        QCOMPARE(import.tracks().size(), 1);
+        const KRGPXTrack found = import.tracks().first().track();
+        QCOMPARE(found.name(), track.name());
+        const bool isTrimmed = format == QLatin1String("kml"); // by the importer
+        QCOMPARE(found.description(), isTrimmed ? text.trimmed() : text);
+        if (!isTrimmed)
+            QCOMPARE(found.segments().value(0).trackPoints().value(0).description(), text);
+    }
 }
 
 void tst_KRExchangeFile::writesTimes()
