@@ -345,6 +345,10 @@
         <source>Ohne Ordner kann das Dokument die Datei „%1“ nicht nennen.</source>
         <translation>Without a folder the document cannot name the file &quot;%1&quot;.</translation>
     </message>
+    <message>
+        <source>Wo mehrere Elemente „%1“ stehen, wird nur das erste gelesen; ausgelassen: %2</source>
+        <translation>Where several elements &quot;%1&quot; stand, only the first is read; left out: %2</translation>
+    </message>
 </context>
 <context>
     <name>KRRouteImport</name>

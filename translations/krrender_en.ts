@@ -264,7 +264,7 @@
     </message>
     <message>
         <source>„%1“ gehört zu den Kacheln „%2“, die gelesen werden.</source>
-        <translation>"%1" belongs to the tiles "%2", which are read.</translation>
+        <translation>&quot;%1&quot; belongs to the tiles &quot;%2&quot;, which are read.</translation>
     </message>
 </context>
 <context>

@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -81,6 +82,16 @@ QDir folderNamedBy(const QDomElement &root, const QFileInfo &file)
 {
     const QString name = QFileInfo(QDir::cleanPath(root.attribute(folderAttribute))).fileName();
     return name.isEmpty() ? KRRouteDocument::trackFolder(file) : QDir(file.absolutePath() + QLatin1Char('/') + name);
+}
+
+/// Elements of the name behind the first one.
+int countFurther(const QDomElement &parent, const QString &name)
+{
+    int count = 0;
+    for (QDomElement element = parent.firstChildElement(name).nextSiblingElement(name); !element.isNull();
+         element = element.nextSiblingElement(name))
+        ++count;
+    return count;
 }
 
 /// Has the names of files in the element "trk" read as such by whoever follows them.
@@ -208,6 +219,7 @@ bool KRRouteDocument::load(const QFileInfo &file, KRErrorHistory *history)
         }
         track.setConfiguration(withKeptWidths(track.configuration(), kept.value(i)));
     }
+    reportFurtherElements(file, root, history);
     KRTrackFileStamps::instance()->remember(file, stamp);
     m_selection = KRGPXTrackSelection(tracks);
     m_selection.setCroppingOpacity(looks.nominalCroppingOpacity());
@@ -324,6 +336,25 @@ void KRRouteDocument::learnFilesOf(const QFileInfo &file, const KRTrackFileWrite
     KRRouteDocument present;
     present.setGoOnFunction(m_goOn);
     present.load(file, nullptr);
+}
+
+void KRRouteDocument::reportFurtherElements(const QFileInfo &file, const QDomElement &root, KRErrorHistory *history)
+{
+    const QDomElement selection = root.firstChildElement(selectionElement);
+    const QList<QDomElement> tracks = trackElements(selection);
+    const int trackCount =
+        std::accumulate(tracks.cbegin(), tracks.cend(), 0, [](int count, const QDomElement &configuredTrack) {
+            return count + countFurther(configuredTrack, trkElement);
+        });
+    const QPair<QString, int> counts[] = {{selectionElement, countFurther(root, selectionElement)},
+                                          {tracksElement, countFurther(selection, tracksElement)},
+                                          {trkElement, trackCount}};
+    for (const auto &[name, count] : counts) {
+        if (count > 0)
+            KRErrorHistory::report(history, file.filePath(),
+                                   tr("Wo mehrere Elemente „%1“ stehen, wird nur das erste gelesen; ausgelassen: %2")
+                                       .arg(name, QString::number(count)));
+    }
 }
 
 bool KRRouteDocument::write(const QByteArray &xml, const QFileInfo &file, KRErrorHistory *history)

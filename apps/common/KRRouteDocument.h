@@ -12,6 +12,7 @@
 class KRErrorHistory;
 class KRTrackFileWriter;
 class QDomDocument;
+class QDomElement;
 class QFileInfo;
 
 /**
@@ -50,7 +51,7 @@ public:
     void setGoOnFunction(const GoOn &goOn) { m_goOn = goOn; }
 
     /// False when the file is no document, or @p file was not read to its end; the selection is as it was then. Track
-    /// files that cannot be read are reported as well, but are no failure.
+    /// files that cannot be read, and tracks for which there is no place, are reported as well, but are no failure.
     bool load(const QFileInfo &file, KRErrorHistory *history);
 
     /// False when the document or one of its track files cannot be written, could not be read again (with more than
@@ -70,6 +71,8 @@ private:
     QDomDocument build(const QDir &folder) const;
     /// Has the files of the document that is about to be replaced known, so that equal tracks are not written again.
     void learnFilesOf(const QFileInfo &file, const KRTrackFileWriter &writer) const;
+    /// Those that are not read, as a document has one of each.
+    static void reportFurtherElements(const QFileInfo &file, const QDomElement &root, KRErrorHistory *history);
     /// Unless the document goes beyond what is read.
     static bool write(const QByteArray &xml, const QFileInfo &file, KRErrorHistory *history);
     static QString tooOften();

@@ -67,6 +67,7 @@ private slots:
     void lostTracksOfSeveralDocuments();
     void lostTracksOfOneFile();
     void filesWithoutTrack();
+    void furtherElementsAreTold();
     void refusesWhatIsNoDocument();
     void whatIsSavedCanBeRead();
     void pipesAreNoDocuments();
@@ -316,6 +317,31 @@ void tst_KRRouteDocument::filesWithoutTrack()
             return;
         QVERIFY(history.entries().first().fileName.endsWith(QStringLiteral("track.gps")));
         QCOMPARE(history.entries().first().reason, QStringLiteral("Die Datei enthält keine Route."));
+    });
+}
+
+void tst_KRRouteDocument::furtherElementsAreTold()
+{
+    const QByteArray trk = "<trk><trkseg><trkpt lat='53' lon='8'/></trkseg></trk>";
+    const QByteArray track = "<configuredTrack>" + trk + "</configuredTrack>";
+    const QByteArray list = "<gpxtrack>" + track + track + "</gpxtrack>";
+    const KRTestTable<QByteArray, int, QString> table{
+        {"none", "<selection>" + list + "</selection>", 2, QString()},
+        {"lists", "<selection>" + list.repeated(3) + "</selection>", 2, QStringLiteral("„gpxtrack“ .*: 2$")},
+        {"selections", "<selection>" + list + "</selection><kept number='0'/><selection/>", 2,
+         QStringLiteral("„selection“ .*: 1$")},
+        {"tracks",
+         "<selection><gpxtrack><configuredTrack>" + trk + trk + "</configuredTrack><locationTrack>" + trk.repeated(3)
+             + "</locationTrack></gpxtrack></selection>",
+         2, QStringLiteral("„trk“ .*: 3$")},
+    };
+    table.forEach([this](const QByteArray &content, int trackCount, const QString &reason) {
+        KRTestFile::write(document().filePath(), "<routes>" + content + "</routes>");
+        KRErrorHistory history;
+        QCOMPARE(load(&history).count(), trackCount);
+        QCOMPARE(history.entries().size(), reason.isEmpty() ? 0 : 1);
+        if (!history.isEmpty())
+            QVERIFY(history.entries().first().reason.contains(QRegularExpression(reason)));
     });
 }
 
