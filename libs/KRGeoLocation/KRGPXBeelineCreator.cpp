@@ -1,8 +1,8 @@
 #include "KRGPXBeelineCreator.h"
 
+#include "KRGPXTime.h"
+#include "KRGPXTrackSegment.h"
 #include "KRLongitudeRange.h"
-
-#include <QDateTime>
 
 namespace {
 
@@ -26,8 +26,7 @@ KRGPXBeelineCreator::~KRGPXBeelineCreator() = default;
 
 KRGPXTrack KRGPXBeelineCreator::createBeeline(const QString &name) const
 {
-    const KRGPXTrackSegment segment(positions2trackPoints(createPoints()));
-    return KRGPXTrack(name, tr("Fluglinie"), {segment}, LineStringTrackShape);
+    return KRGPXTrack(name, tr("Fluglinie"), {segmentAlong(createPoints())}, LineStringTrackShape);
 }
 
 KRGeoPositionList KRGPXBeelineCreator::createPoints() const
@@ -85,9 +84,17 @@ KRLatitude KRGPXBeelineCreator::estimateOptimalLatitude(const KRLongitude &longi
 
 QList<KRGPXTrackPoint> KRGPXBeelineCreator::positions2trackPoints(const KRGeoPositionList &positions) const
 {
-    QList<KRGPXTrackPoint> points;
-    points.reserve(positions.size());
-    for (const KRGeoPosition &position : positions)
-        points.append(KRGPXTrackPoint(position, 0, QDateTime::currentDateTime(), QString()));
-    return points;
+    return segmentAlong(positions).trackPoints();
+}
+
+KRGPXTrackSegment KRGPXBeelineCreator::segmentAlong(const KRGeoPositionList &positions)
+{
+    KRGPXTrackSegment segment;
+    for (const KRGeoPosition &position : positions) {
+        // Not as a QDateTime, which asks the system for its zone at each point.
+        const KRGPXTime now{QDateTime::currentMSecsSinceEpoch(), KRGPXTime::localZone, QDateTime()};
+        segment.append(position.latitude().decimalDegrees(), position.longitude().decimalDegrees(), 0, now, QString());
+    }
+    segment.squeeze();
+    return segment;
 }

@@ -39,6 +39,7 @@ public:
 
 private:
     KRGeoPositionList createIntermediatePoints(int halvingsLeft) const;
+    static KRGPXTrackSegment segmentAlong(const KRGeoPositionList &positions);
 
     KRGeoPosition m_from;
     KRGeoPosition m_to;

@@ -1,6 +1,7 @@
 #include "KRGPXTrackPointColumns.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -33,6 +34,17 @@ Value valueAt(const QVector<QPair<int, Value>> &sideTable, int index)
 bool isNoTime(const QDateTime &timeStamp)
 {
     return timeStamp.isNull() && timeStamp.timeSpec() == Qt::LocalTime;
+}
+
+/// Whether two instants differ in local time, too, for clocks are set back by whole seconds, and by less than two days.
+bool neverShareClock(qint64 milliseconds, qint64 other)
+{
+    constexpr qint64 farthest = Q_INT64_C(1) << 60; // QDateTime has clocks for all of these
+    constexpr qint64 twoDays = 2 * 24 * 3600 * 1000;
+    if (std::abs(milliseconds) > farthest || std::abs(other) > farthest)
+        return false;
+    const qint64 difference = std::abs(milliseconds - other);
+    return difference % 1000 != 0 || difference > twoDays;
 }
 
 } // namespace
@@ -170,5 +182,7 @@ bool KRGPXTrackPointColumns::hasEqualTime(int index, const KRGPXTrackPointColumn
         return true;
     if (areNumbers && !isLocal)
         return milliseconds == otherMilliseconds;
+    if (areNumbers && neverShareClock(milliseconds, otherMilliseconds))
+        return false;
     return timeStamp(index) == other.timeStamp(index);
 }

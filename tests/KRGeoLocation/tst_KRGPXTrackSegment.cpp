@@ -6,6 +6,7 @@
 
 #include <KRCore/KRInputLimits.h>
 #include <KRCore/KRIntRange.h>
+#include <KRGeoLocation/KRGPXTime.h>
 
 #include <algorithm>
 #include <cmath>
@@ -240,6 +241,20 @@ private slots:
             const KRGPXTrackSegment read = KRGPXTrackSegment::decodeKml(QStringLiteral("8,53,0,1714564800"));
             QCOMPARE(read == segmentWith(a), noon == a);
         });
+        // Where clocks are set back two instants may be one local time.
+        const qint64 autumn = QDateTime(QDate(2024, 10, 27), QTime(0, 30), Qt::UTC).toMSecsSinceEpoch();
+        const auto segmentAt = [](qint64 milliseconds, int zone) {
+            KRGPXTrackSegment segment;
+            segment.append(53.0, 8.0, 0, KRGPXTime{milliseconds, zone, QDateTime()}, QString());
+            return segment;
+        };
+        for (const qint64 difference : {0, 1, 1000, 3600 * 1000, 3 * 24 * 3600 * 1000}) {
+            for (const int zone : {KRGPXTime::localZone, KRGPXTime::utcZone}) {
+                const KRGPXTrackSegment a = segmentAt(autumn, KRGPXTime::localZone);
+                const KRGPXTrackSegment b = segmentAt(autumn + difference, zone);
+                QCOMPARE(a == b, a.trackPoint(0).timeStamp() == b.trackPoint(0).timeStamp());
+            }
+        }
         QCOMPARE(segmentOf(3), segmentOf(3));
         QVERIFY(segmentOf(3) != segmentOf(4));
         // Not a number equals nothing, so only a copy, which shares its points, can be equal.
