@@ -145,7 +145,7 @@ double KRImageEffort::effortOfMarker(const KRGPXConfiguredTrack &track, Memory *
     for (const Layer &layer : layers) {
         const double side = diameter + layer.pen.widthF();
         isKnown = isKnown && side <= largestCopiedSide;
-        const double area = std::min(side * side, pixelsOf(m_drawnSize));
+        const double area = std::min(side * side, pixelsOf(m_drawn.size()));
         const double newArea = std::pow(std::min(side, largestMarkerSide), 2.0);
         const double copied = copiedMarkerNs + mixedPixelNs * area;
         const double drawn = markerNs + markerPixelNs * newArea + 2.0 * mixedPixelNs * area;
@@ -163,12 +163,12 @@ double KRImageEffort::effortOfLines(const Extent &extent, const QPen &pen) const
     double length = extent.length;
     const double dashes = dashesOf(pen, width, length);
     if (lines > KRGPXLineCrowd::fewElements && dashes == 0.0) {
-        const double part = KRGPXLineCrowd::mostLengthFor(m_drawnSize, width / 2.0) / length;
+        const double part = KRGPXLineCrowd::mostLengthFor(m_drawn.size(), width / 2.0) / length;
         lines *= std::min(1.0, part);
         length *= std::min(1.0, part);
     }
     // an arc around each end, as far as it is in the image, and two lines between them
-    const double arc = std::min<double>(4.0 * width, m_drawnSize.width() + m_drawnSize.height());
+    const double arc = std::min<double>(4.0 * width, m_drawn.width() + m_drawn.height());
     const double insideNs = pen.color().alpha() == 255 ? innerPixelNs : mixedPixelNs;
     return effortOfOutline(2.0 * length + arc * (lines + dashes), extent.area)
            + insideNs * std::min(length * width, extent.area) + dashNs * dashes;

@@ -1,5 +1,6 @@
 #include "KRMapEffort.h"
 
+#include <KRGeoLocation/KRGPXWorldCopies.h>
 #include <KRGeoLocation/KRGeoPositionSpan.h>
 
 #include <QPainterPath>
@@ -26,12 +27,15 @@ constexpr double extraWidthOfBand = 2.0;
 
 constexpr double cosineOfSlightTurn = 0.87;
 
-/// The places that are a world apart from one another where something from @p first to @p last is in 0 ... @p width.
-double copiesInView(double first, double last, double width, double worldWidth)
+/// The places that are a world apart from one another, of copies that are drawn, where something from @p first to
+/// @p last is in 0 ... @p width.
+double copiesInView(double first, double last, double width, double worldWidth, const KRIntRange &shifts)
 {
     if (!(worldWidth >= 1.0))
         return last >= 0.0 && first <= width ? 1.0 : 0.0;
-    return std::max(0.0, std::floor((width - first) / worldWidth) - std::ceil(-last / worldWidth) + 1.0);
+    const double firstShift = std::max<double>(std::ceil(-last / worldWidth), shifts.minimum());
+    const double lastShift = std::min<double>(std::floor((width - first) / worldWidth), shifts.maximum());
+    return std::max(0.0, lastShift - firstShift + 1.0);
 }
 
 bool isSlightTurn(const QPointF &before, const QPointF &after)
@@ -44,7 +48,7 @@ bool isSlightTurn(const QPointF &before, const QPointF &after)
 } // namespace
 
 KRMapEffort::KRMapEffort(const KRGPXTrackRenderer *renderer, double mostNsOfPoint)
-    : m_renderer(renderer), m_drawnSize(renderer->drawnSize()), m_mostNsOfPoint(mostNsOfPoint)
+    : m_renderer(renderer), m_drawn(renderer->drawnRect()), m_mostNsOfPoint(mostNsOfPoint)
 { }
 
 double KRMapEffort::mostFor(const KRGPXTrackSelection &selection) const
@@ -81,7 +85,7 @@ double KRMapEffort::dashesOf(const QPen &pen, double width, double length)
 
 KRMapEffort::Extent KRMapEffort::sumOf(const Extent &first, const Extent &second) const
 {
-    const QSizeF size = m_drawnSize;
+    const QSizeF size = m_drawn.size();
     const double copies = std::max(first.copies, second.copies);
     return {first.lines + second.lines, first.corners + second.corners, first.length + second.length,
             std::min(first.area + second.area, copies * size.width() * size.height()), copies};
@@ -89,11 +93,14 @@ KRMapEffort::Extent KRMapEffort::sumOf(const Extent &first, const Extent &second
 
 KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach) const
 {
-    const QSizeF size = m_drawnSize;
-    const double worldWidth = std::abs(m_renderer->aroundTheWorldOffset().x());
+    const QSizeF size = m_drawn.size();
+    const QPointF world = m_renderer->aroundTheWorldOffset();
+    const KRIntRange shifts = KRGPXWorldCopies(world).visibleShifts(m_drawn.width(), path);
     const auto copiesOf = [&](const QRectF &bounds) {
         const bool isBeside = bounds.bottom() + reach >= 0.0 && bounds.top() - reach <= size.height();
-        return isBeside ? copiesInView(bounds.left() - reach, bounds.right() + reach, size.width(), worldWidth) : 0.0;
+        const double left = bounds.left() - reach - m_drawn.left();
+        const double right = bounds.right() + reach - m_drawn.left();
+        return isBeside ? copiesInView(left, right, size.width(), std::abs(world.x()), shifts) : 0.0;
     };
     const auto lineTo = [&path](int i) { return QPointF(path.elementAt(i)) - path.elementAt(i - 1); };
     Extent extent;
@@ -118,5 +125,5 @@ KRMapEffort::Extent KRMapEffort::extentOf(const QPainterPath &path, double reach
 double KRMapEffort::copiesOfPlace(double reach) const
 {
     const double worldWidth = std::abs(m_renderer->aroundTheWorldOffset().x());
-    return worldWidth >= 1.0 ? std::max(1.0, std::floor((m_drawnSize.width() + 2.0 * reach) / worldWidth)) : 1.0;
+    return worldWidth >= 1.0 ? std::max(1.0, std::floor((m_drawn.width() + 2.0 * reach) / worldWidth)) : 1.0;
 }

@@ -3,7 +3,7 @@
 #include <KRGeoLocation/KRGPXTrackRenderer.h>
 #include <KRGeoLocation/KRGPXTrackSelection.h>
 
-#include <QSize>
+#include <QRect>
 
 #include <vector>
 
@@ -58,7 +58,7 @@ protected:
     double copiesOfPlace(double reach) const;
 
     const KRGPXTrackRenderer *const m_renderer;
-    const QSize m_drawnSize; ///< a part of the picture that all copies of the world show, or all of it
+    const QRect m_drawn; ///< a part of the picture that all copies of the world show, or all of it
 
 private:
     const double m_mostNsOfPoint;

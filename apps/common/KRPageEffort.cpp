@@ -100,7 +100,7 @@ KRMapEffort::Extent KRPageEffort::extentOnPage(const QPainterPath &path, const Q
 {
     const double reach = pen.widthF() / 2.0;
     const bool isThinned = isCrowd(path.elementCount(), pen);
-    return extentOf(isThinned ? KRGPXLineCrowd::thinned(path, QTransform(), m_drawnSize, reach,
+    return extentOf(isThinned ? KRGPXLineCrowd::thinned(path, QTransform(), m_drawn.size(), reach,
                                                         KRGPXLineCrowd::mostLinesFor(pen.widthF()))
                               : path,
                     reach);
@@ -109,7 +109,7 @@ KRMapEffort::Extent KRPageEffort::extentOnPage(const QPainterPath &path, const Q
 double KRPageEffort::effortOfOutlines(const Extent &extent, const QPen &pen) const
 {
     const double mostLength =
-        KRGPXLineCrowd::mostLengthFor(m_drawnSize, pen.widthF() / 2.0, KRGPXLineCrowd::mostLinesFor(pen.widthF()));
+        KRGPXLineCrowd::mostLengthFor(m_drawn.size(), pen.widthF() / 2.0, KRGPXLineCrowd::mostLinesFor(pen.widthF()));
     const double part = isCrowd(extent.lines, pen) ? std::min(1.0, crowdAllowance * mostLength / extent.length) : 1.0;
     const double averageLength = extent.lines > 0.0 ? extent.length / extent.lines : 0.0;
     const double nsOfCorner = cornerNs + cornerNsOfPixel * std::min(averageLength, farPx);

@@ -307,7 +307,8 @@ KRGPXTrackSelection KRRenderProgram::affordable(const KRGPXTrackSelection &track
     if (m_options.isPatient())
         return tracks;
     const KRMapTrackRenderer renderer(tracks, KRMapProjection(area, size), size, m_options.scale());
-    const bool isVector = KRPictureFile::isVector(m_options.format());
+    // One of very many copies of a narrow world is an image in any file.
+    const bool isVector = KRPictureFile::isVector(m_options.format()) && renderer.drawnRect().size() == size;
     const bool isCropped = tracks.effectiveCroppingOpacity() < 255;
     if (isVector && !isCropped)
         return tracks;

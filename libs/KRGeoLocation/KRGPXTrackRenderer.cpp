@@ -212,10 +212,10 @@ KRGPXWorldStrip KRGPXTrackRenderer::worldStrip(const KRGPXConfiguredTrackList &t
     return strip;
 }
 
-QSize KRGPXTrackRenderer::drawnSize() const
+QRect KRGPXTrackRenderer::drawnRect() const
 {
     const KRGPXWorldStrip strip = worldStrip(m_selection.tracks());
-    return strip.isWorthwhile() ? strip.rect().size() : m_targetImageSize;
+    return strip.isWorthwhile() ? strip.rect() : QRect(QPoint(), m_targetImageSize);
 }
 
 void KRGPXTrackRenderer::drawEach(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
@@ -298,7 +298,8 @@ KRGPXWorldCopies KRGPXTrackRenderer::worldCopies() const
 
 KRIntRange KRGPXTrackRenderer::visibleShifts(QPainter *painter) const
 {
-    return worldCopies().visibleShifts(painter->device());
+    const QPaintDevice *const device = painter->device();
+    return worldCopies().visibleShifts(device ? device->width() : 0);
 }
 
 double KRGPXTrackRenderer::detectAngleOfPath(const QPainterPath &path) const

@@ -14,6 +14,7 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QPointF>
+#include <QRect>
 #include <QSize>
 
 #include <array>
@@ -69,8 +70,8 @@ public:
     virtual void projectPositions(const KRGeoPositionSpan &positions, QPointF *pixels) const;
 
     QSize targetImageSize() const { return m_targetImageSize; }
-    /// Of what is drawn of all tracks: the target image, or one of very many copies of a narrow world in it.
-    QSize drawnSize() const;
+    /// Where all tracks are drawn: the target image, or one of very many copies of a narrow world, in it or beside it.
+    QRect drawnRect() const;
     double renderingFactor() const { return m_renderingFactor; }
     double scale(double length) const { return length * m_renderingFactor; }
 

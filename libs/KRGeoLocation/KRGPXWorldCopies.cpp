@@ -24,13 +24,26 @@ bool missesPage(const QPainter *painter, const QRectF &bounds)
     return !painter->deviceTransform().mapRect(bounds).intersects(page);
 }
 
+int widthOfDevice(const QPainter *painter)
+{
+    const QPaintDevice *const device = painter->device();
+    return device ? device->width() : 0;
+}
+
 } // namespace
 
-KRIntRange KRGPXWorldCopies::visibleShifts(const QPaintDevice *device) const
+KRIntRange KRGPXWorldCopies::visibleShifts(int width) const
 {
     const int worldWidth = std::isfinite(m_offset.x()) ? KRMath::toInt(m_offset.x()) : 0;
-    const int count = device && worldWidth > 0 ? device->width() / worldWidth : 0;
+    const int count = worldWidth > 0 ? width / worldWidth : 0;
     return KRIntRange(-count - 1, count + 1);
+}
+
+KRIntRange KRGPXWorldCopies::visibleShifts(int width, const QPainterPath &path) const
+{
+    const KRIntRange shifts = areSeveral() ? visibleShifts(width) : KRIntRange(0, 0);
+    const int rounds = finishedRounds(path);
+    return KRIntRange(shifts.minimum() - rounds, shifts.maximum() + rounds);
 }
 
 QPainterPath KRGPXWorldCopies::broughtTo(const QRectF &area, const QPainterPath &hole) const
@@ -47,15 +60,16 @@ void KRGPXWorldCopies::forEach(QPainter *painter, const QPainterPath &path, doub
 {
     if (!painter->isActive())
         return;
-    const KRIntRange shifts = areSeveral() ? visibleShifts(painter->device()) : KRIntRange(0, 0);
-    const int rounds = finishedRounds(path);
+    const int width = widthOfDevice(painter);
+    const KRIntRange usual = visibleShifts(width);
+    const KRIntRange shifts = visibleShifts(width, path);
     // a path of one point alone knows no bounds
     const QRectF points = path.isEmpty() ? QRectF(path.currentPosition(), QSizeF(0.0, 0.0)) : path.controlPointRect();
     const QRectF bounds = points.adjusted(-reach, -reach, reach, reach);
-    for (int shift = shifts.minimum() - rounds; shift <= shifts.maximum() + rounds; ++shift) {
+    for (int shift = shifts.minimum(); shift <= shifts.maximum(); ++shift) {
         const QPointF way = shift * m_offset;
         const QRectF place = bounds.translated(way);
-        const bool isFarAway = shift < shifts.minimum() || shift > shifts.maximum();
+        const bool isFarAway = !usual.contains(shift);
         if (surelyMissesDevice(painter, place) || (isFarAway && missesPage(painter, place)))
             continue;
         // The state of a painter is not saved needlessly: SVG has a group for each.
@@ -73,7 +87,7 @@ void KRGPXWorldCopies::forEach(QPainter *painter, const QPainterPath &path, doub
 QPainterPath KRGPXWorldCopies::linesToDraw(const QPainter *painter, const QPainterPath &path, const QPen &pen) const
 {
     constexpr double manyLines = 1e6;
-    const KRIntRange shifts = visibleShifts(painter->device());
+    const KRIntRange shifts = visibleShifts(widthOfDevice(painter));
     const double lines = double(path.elementCount()) * (double(shifts.maximum()) - shifts.minimum() + 1.0);
     const bool hidesWhatIsBelow = pen.style() == Qt::SolidLine && pen.color().alpha() == 255;
     return lines > manyLines && hidesWhatIsBelow && haveWidth() ? differentLines(path) : path;

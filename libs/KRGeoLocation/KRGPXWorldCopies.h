@@ -9,7 +9,6 @@
 
 #include <functional>
 
-class QPaintDevice;
 class QPainter;
 class QPen;
 class QRectF;
@@ -27,7 +26,10 @@ public:
     explicit KRGPXWorldCopies(const QPointF &worldOffset) : m_offset(worldOffset) { }
 
     /// The copies that may be in view, -1 to 1 at least; the neighbours are always among them.
-    KRIntRange visibleShifts(const QPaintDevice *device) const;
+    /// @param width of the picture
+    KRIntRange visibleShifts(int width) const;
+    /// The copies of a path that may be in view: farther ones of a line of many rounds around the world, too.
+    KRIntRange visibleShifts(int width, const QPainterPath &path) const;
 
     /**
      * The hole, moved by whole worlds into its area, which lies over the date line and may have been projected into
@@ -38,7 +40,6 @@ public:
     /**
      * Calls @p draw once for every copy in which marks of the path may be in sight, with the painter moved there.
      *
-     * A line of many rounds around the world is in sight with the last of them, too, which needs copies farther away.
      * An inactive painter has nothing in sight.
      *
      * @param reach of the marks on all sides of the path

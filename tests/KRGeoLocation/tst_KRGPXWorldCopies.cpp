@@ -37,9 +37,7 @@ private slots:
             {"no device", 0, 360.0, 1},
         };
         table.forEach([](int pictureWidth, double worldWidth, int last) {
-            const QImage picture(pictureWidth, 20, QImage::Format_ARGB32_Premultiplied);
-            const KRIntRange shifts =
-                KRGPXWorldCopies(QPointF(worldWidth, 0.0)).visibleShifts(picture.isNull() ? nullptr : &picture);
+            const KRIntRange shifts = KRGPXWorldCopies(QPointF(worldWidth, 0.0)).visibleShifts(pictureWidth);
             QCOMPARE(shifts.minimum(), -last);
             QCOMPARE(shifts.maximum(), last);
         });

@@ -123,19 +123,24 @@ private slots:
 
     void countsCopiesOfTheWorld()
     {
-        const KRTestTable<KRGeoPositionList, double, int, bool> table{
-            {"lines in a strip for all", shortLine, 4.0, 900, true},
-            {"markers in a strip for all", point, 4.0, 900, true},
-            {"markers too wide for that", point, 400.0, 900, false},
+        KRGeoPositionList leaps; // to 180 degrees east, which is not that far by the rule of the date line
+        for (int i = 0; i < 1000; ++i)
+            leaps.append(KRGeoPosition(i * 37 % 160 - 80.0, (i * 170 + 180) % 360 - 180.0));
+        const QSize narrow(16000, 40);
+        const KRTestTable<KRGeoPositionList, QSize, double, int, bool> table{
+            {"lines in a strip for all", shortLine, narrow, 4.0, 900, true},
+            {"markers in a strip for all", point, narrow, 4.0, 900, true},
+            {"markers too wide for that", point, narrow, 400.0, 900, false},
+            {"rounds that are not drawn", leaps, size, 4.0, 200, true},
         };
-        table.forEach([](const KRGeoPositionList &positions, double width, int count, bool areAllDrawn) {
-            const KRGPXTrackSelection selection =
-                selectionOf({positions, KRGPXTrackShapeEnum(AutoTrackShape), width, 900, 128}, count);
-            const QSize wide(16000, 40);
-            const KRMapProjection projection(KRTestMap{-60.0, 60.0, -180.0, 180.0}.area(), wide);
-            const KRMapTrackRenderer renderer(selection, projection, wide, 1.0);
-            QCOMPARE(KRImageEffort(&renderer).affordable(selection).count() == count, areAllDrawn);
-        });
+        table.forEach(
+            [](const KRGeoPositionList &positions, const QSize &mapSize, double width, int count, bool areAllDrawn) {
+                const KRGPXTrackSelection selection =
+                    selectionOf({positions, KRGPXTrackShapeEnum(AutoTrackShape), width, 900, 128}, count);
+                const KRMapProjection projection(KRTestMap{-60.0, 60.0, -180.0, 180.0}.area(), mapSize);
+                const KRMapTrackRenderer renderer(selection, projection, mapSize, 1.0);
+                QCOMPARE(KRImageEffort(&renderer).affordable(selection).count() == count, areAllDrawn);
+            });
     }
 
     void keepsTheSmallOnesInTheirOrder()
