@@ -82,8 +82,11 @@ void keepOff(std::vector<KeptLine> lines, const QSize &size, KRMapCells *cells)
         if (line.size() == 1)
             cells->addLine(line, kept.width);
         for (int i = 1; i < line.size(); ++i) {
-            if (crowd.takes(line.at(i - 1), line.at(i)))
-                cells->addLine(QPolygonF(QVector<QPointF>{line.at(i - 1), line.at(i)}), kept.width);
+            const QPointF begin = line.at(i - 1);
+            const QPointF way = line.at(i) - begin;
+            for (const KRGPXLineCrowd::Part &part : crowd.partsThatShow(begin, line.at(i)))
+                cells->addLine(QPolygonF(QVector<QPointF>{begin + way * part.first, begin + way * part.last}),
+                               kept.width);
         }
     }
 }

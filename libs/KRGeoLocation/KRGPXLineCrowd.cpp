@@ -8,6 +8,10 @@ namespace {
 constexpr double smallestSquarePx = 4.0;
 constexpr double squaresOfReach = 4.0;
 
+// In squares, of a line: shorter ones are not divided, nor is so little left out between two parts.
+constexpr int fewSteps = 16;
+constexpr double shortGap = 8.0;
+
 constexpr double fixedOne = 4294967296.0;
 
 constexpr std::size_t knownLines = 4096; // a power of two
@@ -45,12 +49,14 @@ double KRGPXLineCrowd::mostLengthFor(const QSize &size, double reach, int mostLi
     return mostLines * (size.width() + 2.0 * reach) * (size.height() + 2.0 * reach) / squarePxFor(reach);
 }
 
-bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
+const std::vector<KRGPXLineCrowd::Part> &KRGPXLineCrowd::partsThatShow(const QPointF &from, const QPointF &to)
 {
-    QPointF begin = from;
-    QPointF end = to;
-    if (!cutToArea(&begin, &end) || isKnown(from, to))
-        return false;
+    m_parts.clear();
+    const Part inArea = partInArea(from, to);
+    if (inArea.first > inArea.last || isKnown(from, to))
+        return m_parts;
+    const QPointF begin = from + (to - from) * inArea.first;
+    const QPointF end = from + (to - from) * inArea.last;
     const QPointF way = (end - begin) / m_squarePx;
     const int steps = int(std::max(std::abs(way.x()), std::abs(way.y()))) + 1;
     // A line counts once for a square, and not again for that where it goes on from the one before.
@@ -58,19 +64,43 @@ bool KRGPXLineCrowd::takes(const QPointF &from, const QPointF &to)
     FixedPlace place = fixedPlaceOf(begin);
     std::size_t last = squareOf(place) == endSquare ? m_squares.size() : m_lastSquare;
     const FixedPlace step{std::llround(way.x() / steps * fixedOne), std::llround(way.y() / steps * fixedOne)};
-    bool isAnyFree = false;
     for (int i = 0; i <= steps; ++i) {
         const std::size_t square = i < steps ? squareOf(place) : endSquare;
         std::uint8_t &lines = m_squares[square];
-        isAnyFree = isAnyFree || lines < m_mostLines;
-        if (square != last && lines < m_mostLines)
-            ++lines;
+        if (lines < m_mostLines) {
+            if (m_parts.empty() || i - m_parts.back().last > shortGap)
+                m_parts.push_back({double(i), double(i)});
+            m_parts.back().last = i;
+            if (square != last)
+                ++lines;
+        }
         last = square;
         place.x += step.x;
         place.y += step.y;
     }
     m_lastSquare = endSquare;
-    return isAnyFree;
+    if (!m_parts.empty())
+        divide(inArea, steps);
+    return m_parts;
+}
+
+/// Makes parts of the line out of steps.
+void KRGPXLineCrowd::divide(const Part &inArea, int steps)
+{
+    double length = 0.0;
+    for (Part &part : m_parts) {
+        // in the squares before and behind as well, as far as they are not entered in the middle
+        part = {std::max(0.0, part.first - 1.0), std::min<double>(steps, part.last + 1.0)};
+        length += part.last - part.first;
+    }
+    if (steps < fewSteps || length > steps / 2.0) {
+        m_parts.assign(1, {0.0, 1.0});
+        return;
+    }
+    const double stepsToPart = (inArea.last - inArea.first) / steps;
+    for (Part &part : m_parts)
+        part = {part.first > 0.0 ? inArea.first + part.first * stepsToPart : 0.0,
+                part.last < steps ? inArea.first + part.last * stepsToPart : 1.0};
 }
 
 bool KRGPXLineCrowd::isKnown(const QPointF &from, const QPointF &to)
@@ -90,25 +120,21 @@ bool KRGPXLineCrowd::isKnown(const QPointF &from, const QPointF &to)
     return false;
 }
 
-/// False when nothing of the line is in the area (Liang and Barsky 1984).
-bool KRGPXLineCrowd::cutToArea(QPointF *from, QPointF *to) const
+/// Its end before its begin when nothing of the line is in the area (Liang and Barsky 1984).
+KRGPXLineCrowd::Part KRGPXLineCrowd::partInArea(const QPointF &from, const QPointF &to) const
 {
-    const QPointF start = *from;
-    const QPointF way = *to - start;
-    double first = 0.0; // parts of the way
-    double last = 1.0;
+    const QPointF way = to - from;
+    Part part{0.0, 1.0};
     const auto cut = [&](double outwards, double room) {
         if (outwards < 0.0)
-            first = std::max(first, room / outwards);
+            part.first = std::max(part.first, room / outwards);
         else if (outwards > 0.0)
-            last = std::min(last, room / outwards);
-        return first <= last && (outwards != 0.0 || room >= 0.0);
+            part.last = std::min(part.last, room / outwards);
+        return part.first <= part.last && (outwards != 0.0 || room >= 0.0);
     };
-    const bool isInside = cut(-way.x(), start.x() - m_area.left()) && cut(way.x(), m_area.right() - start.x())
-                          && cut(-way.y(), start.y() - m_area.top()) && cut(way.y(), m_area.bottom() - start.y());
-    *from = start + way * first;
-    *to = start + way * last;
-    return isInside;
+    const bool isInside = cut(-way.x(), from.x() - m_area.left()) && cut(way.x(), m_area.right() - from.x())
+                          && cut(-way.y(), from.y() - m_area.top()) && cut(way.y(), m_area.bottom() - from.y());
+    return isInside ? part : Part{1.0, 0.0};
 }
 
 KRGPXLineCrowd::FixedPlace KRGPXLineCrowd::fixedPlaceOf(const QPointF &place) const
@@ -132,13 +158,17 @@ QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform 
     QPointF place; // in pixels
     bool isAtEnd = false; // of what has been taken
     for (int i = 0; i < path.elementCount(); ++i) {
-        const QPainterPath::Element &element = path.elementAt(i);
-        const QPointF next = transform.map(QPointF(element));
-        const bool isTaken = element.isLineTo() && takes(place, next);
-        if (isTaken) {
-            if (!isAtEnd)
-                lines.moveTo(path.elementAt(i - 1));
-            lines.lineTo(element);
+        const QPointF element = path.elementAt(i);
+        const QPointF next = transform.map(element);
+        bool isTaken = false;
+        if (path.elementAt(i).isLineTo()) {
+            const QPointF begin = path.elementAt(i - 1);
+            for (const Part &part : partsThatShow(place, next)) {
+                if (!isAtEnd || part.first > 0.0)
+                    lines.moveTo(begin + (element - begin) * part.first);
+                isTaken = part.last == 1.0;
+                lines.lineTo(isTaken ? element : begin + (element - begin) * part.last);
+            }
         }
         isAtEnd = isTaken;
         place = next;

@@ -38,8 +38,17 @@ public:
     /// What all lines that show are long in an image of the size, in pixels and roughly, however many there are.
     static double mostLengthFor(const QSize &size, double reach, int mostLines = usualMostLines);
 
-    /// Whether a line between two places, in pixels of the image, shows beside those asked for before.
-    bool takes(const QPointF &from, const QPointF &to);
+    /// Of a line from 0, where it begins, to 1, where it ends.
+    struct Part {
+        double first;
+        double last;
+    };
+
+    /// What of a line between two places, in pixels of the image, shows beside those asked for before; valid until the
+    /// next is asked for. Only long lines are divided.
+    const std::vector<Part> &partsThatShow(const QPointF &from, const QPointF &to);
+    /// Whether there is any.
+    bool takes(const QPointF &from, const QPointF &to) { return !partsThatShow(from, to).empty(); }
 
     /// Whether the line lies upon one of those asked for before, in either direction; not all of them are remembered.
     bool isKnown(const QPointF &from, const QPointF &to);
@@ -75,7 +84,8 @@ private:
         std::int64_t y;
     };
 
-    bool cutToArea(QPointF *from, QPointF *to) const;
+    Part partInArea(const QPointF &from, const QPointF &to) const;
+    void divide(const Part &inArea, int steps);
     FixedPlace fixedPlaceOf(const QPointF &place) const;
     std::size_t squareOf(const FixedPlace &place) const
     {
@@ -88,5 +98,6 @@ private:
     std::size_t m_columns;
     std::vector<std::uint8_t> m_squares; // lines through each, row by row, with one more on all sides
     std::size_t m_lastSquare = std::numeric_limits<std::size_t>::max(); // where the line before has ended
+    std::vector<Part> m_parts;
     std::vector<Line> m_known; // each where its numbers lead
 };
