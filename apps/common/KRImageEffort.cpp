@@ -28,6 +28,11 @@ constexpr double largestMarkerSide = 200.0;
 // Of larger ones KRGPXMarkerStamps makes no copies.
 constexpr double largestCopiedSide = 190.0;
 
+// What KRGPXLineCrowd takes to leave lines out, and what it keeps beyond their least length.
+constexpr double crowdLineNs = 150.0;
+constexpr double crowdPixelNs = 0.6;
+constexpr double crowdAllowance = 1.5;
+
 constexpr double mostNsOfPoint = 1500.0;
 
 double pixelsOf(const QSizeF &size)
@@ -162,15 +167,18 @@ double KRImageEffort::effortOfLines(const Extent &extent, const QPen &pen) const
     double lines = extent.lines;
     double length = extent.length;
     const double dashes = dashesOf(pen, width, length);
-    if (lines > KRGPXLineCrowd::fewElements && dashes == 0.0) {
+    const bool isThinned = pen.color().alpha() == 255 || pen.widthF() > 1.0;
+    double thinning = 0.0;
+    if (lines > KRGPXLineCrowd::fewElements && dashes == 0.0 && isThinned) {
+        thinning = crowdLineNs * lines + crowdPixelNs * length;
         const double part = KRGPXLineCrowd::mostLengthFor(m_drawn.size(), width / 2.0) / length;
-        lines *= std::min(1.0, part);
-        length *= std::min(1.0, part);
+        lines *= std::min(1.0, crowdAllowance * part);
+        length *= std::min(1.0, crowdAllowance * part);
     }
     // an arc around each end, as far as it is in the image, and two lines between them
     const double arc = std::min<double>(4.0 * width, m_drawn.width() + m_drawn.height());
     const double insideNs = pen.color().alpha() == 255 ? innerPixelNs : mixedPixelNs;
-    return effortOfOutline(2.0 * length + arc * (lines + dashes), extent.area)
+    return thinning + effortOfOutline(2.0 * length + arc * (lines + dashes), extent.area)
            + insideNs * std::min(length * width, extent.area) + dashNs * dashes;
 }
 
