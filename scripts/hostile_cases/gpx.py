@@ -133,6 +133,8 @@ gpx('load points 3 million', points((ORDINARY, 3000000)), outcome='read')  # wit
 gpx('load points 12 million', points((TWO_POINTS, 6000000)), outcome='read', load={'points': 12000000})
 gpx('load points of a heart 1 million', points((ORDINARY.replace('</trkpt>', (
     '<extensions><a:b xmlns:a="http://a"><a:hr>99</a:hr></a:b></extensions></trkpt>')), 1000000)), outcome='read')
+gpx('around the world 20000 times', points(
+    ('<trkpt lat="-60" lon="0"/><trkpt lat="50" lon="120"/><trkpt lat="0" lon="-120"/>', 20000)))
 gpx('below: segments of a point', track((f'<trkseg>{POINT}</trkseg>', 199999)))
 gpx('below: segments of two points', track((SEGMENT, 199999)))
 gpx('below: segments to split', track((SEGMENT, 99999)))

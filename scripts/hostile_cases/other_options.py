@@ -16,5 +16,11 @@ for options in (('--labels', '--legend'), ('--list',), ('--json',), ('--palette'
     again('tracks all over 99999.gpx', *options, load={'figures': 99999})
 for options in (('--list',), ('--format', 'gpx'), ('--save', '{folder}/out.krroute')):
     again('load points 3 million.gpx', *options, load={'points': 3000000})
+for options in (('--labels',), ('--shape', 'polygon', '--labels'), ('--halo', '4'), ('--size', '4000x4', '--labels')):
+    again('around the world 20000 times.gpx', *options)
+# hundreds of copies of a narrow world
+for options in ((), ('--labels',), ('--halo', '4'), ('--format', 'svg'), ('--format', 'pdf')):
+    again('below: waypoints.gpx', '--size', '1600x4', '--area', 'N80 W180 .. S80 E180', *options,
+          load={'figures': 99999})
 for options in (('--marker', 'star12'), ('--labels',)):
     again('below: waypoints.gpx', *options, load={'figures': 99999})
