@@ -86,8 +86,12 @@ QPainterPath rounded(QPainterPath path, double perInch)
 void drawOutline(QPainter *painter, const QPainterPath &path)
 {
     const QPen pen = painter->pen();
-    const QTransform transform = painter->worldTransform();
     const QPainterPath outline = KRGPXLineOutline(pen.widthF(), toleranceInch * unitsPerInch(painter)).of(path);
+    if (painter->viewTransformEnabled()) {
+        painter->fillPath(outline, pen.brush());
+        return;
+    }
+    const QTransform transform = painter->worldTransform();
     painter->setWorldTransform(QTransform());
     painter->fillPath(rounded(transform.map(outline), unitsPerInch(painter)), pen.brush());
     painter->setWorldTransform(transform);
