@@ -13,8 +13,8 @@
 
 #include <functional>
 
-// The peer hands QPainter the same thinned path in one go. In PDF a half transparent line becomes an outline either way,
-// most of the time goes into packing it, and less than half of the bytes is to be expected, in half of the time.
+// The peer hands QPainter the same thinned path in one go. In PDF a half transparent line becomes an outline either
+// way, most of the time goes into packing it, and less than half of the bytes is to be expected, in half of the time.
 
 namespace {
 
@@ -60,9 +60,8 @@ static void peerHalfTransparentWalkAsOnePath(benchmark::State &state)
     const QPen pen(QBrush(halfTransparent), 10.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     int bytes = 0;
     for (auto _ : state)
-        bytes = drawPage([&](QPainter *painter) {
-            painter->strokePath(renderer.createPainterPath(selection.value(0)), pen);
-        });
+        bytes = drawPage(
+            [&](QPainter *painter) { painter->strokePath(renderer.createPainterPath(selection.value(0)), pen); });
     state.counters["bytes"] = bytes;
 }
 BENCHMARK(peerHalfTransparentWalkAsOnePath)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);

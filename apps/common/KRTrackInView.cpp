@@ -55,19 +55,19 @@ Copies copiesInView(double left, double right, double world, const QSize &size, 
 }
 
 /// Points that follow one upon the other, of which each line may be in view in a copy of the world.
-struct Stretch {
+struct Passage {
     double copy;
     int first;
     int last;
 };
 
 /// Of a ring in all copies, which may lead around the world as often as it has points.
-std::vector<Stretch> stretchesInView(const QPolygonF &ring, double world, const QSize &size, int mostCopies)
+std::vector<Passage> passagesInView(const QPolygonF &ring, double world, const QSize &size, int mostCopies)
 {
-    std::vector<Stretch> stretches;
-    std::deque<Stretch> open; // of copies that follow one upon the other
-    const auto close = [&](const Stretch &stretch, int last) {
-        stretches.push_back({stretch.copy, stretch.first, last});
+    std::vector<Passage> passages;
+    std::deque<Passage> open; // of copies that follow one upon the other
+    const auto close = [&](const Passage &passage, int last) {
+        passages.push_back({passage.copy, passage.first, last});
     };
     for (int i = 1; i < ring.size(); ++i) {
         const auto ends = std::minmax({ring.at(i - 1).x(), ring.at(i).x()});
@@ -82,12 +82,12 @@ std::vector<Stretch> stretchesInView(const QPolygonF &ring, double world, const 
         for (double copy = (open.empty() ? end : open.back().copy + 1.0); copy < end; ++copy)
             open.push_back({copy, i - 1, i});
     }
-    for (const Stretch &stretch : open)
-        close(stretch, ring.size() - 1);
-    std::sort(stretches.begin(), stretches.end(), [](const Stretch &a, const Stretch &b) {
+    for (const Passage &passage : open)
+        close(passage, ring.size() - 1);
+    std::sort(passages.begin(), passages.end(), [](const Passage &a, const Passage &b) {
         return a.copy < b.copy || (a.copy == b.copy && a.first < b.first);
     });
-    return stretches;
+    return passages;
 }
 
 } // namespace
@@ -106,9 +106,9 @@ KRTrackInView::KRTrackInView(const KRMapTrackRenderer &renderer, const KRGPXConf
     const bool isFilled = track.effectiveShape() == PolygonTrackShape && track.hasDrawOption(FillDisplayOption);
     const QList<QPolygonF> rings = path.toSubpathPolygons();
     for (const QPolygonF &ring : rings) {
-        for (const Stretch &stretch : stretchesInView(ring, world, size, mostCopies)) {
-            const QPolygonF line(ring.mid(stretch.first, stretch.last - stretch.first + 1));
-            m_lines += clipper.line(line.translated(stretch.copy * world, 0.0));
+        for (const Passage &passage : passagesInView(ring, world, size, mostCopies)) {
+            const QPolygonF line(ring.mid(passage.first, passage.last - passage.first + 1));
+            m_lines += clipper.line(line.translated(passage.copy * world, 0.0));
         }
         const QRectF bounds = ring.boundingRect();
         const Copies copies = copiesInView(bounds.left(), bounds.right(), world, size, isFilled ? mostCopies : 0);
