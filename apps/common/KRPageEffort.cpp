@@ -12,6 +12,7 @@ namespace {
 // A line has two sides, a corner or an end has curves as well.
 constexpr double lineNs = 2500.0;
 constexpr double cornerNs = 4500.0;
+constexpr double arrowNs = 40000.0;
 // The wider the pen, the more curves go around a marker.
 constexpr double markerNs = 40000.0;
 constexpr double markerNsOfPixel = 1500.0;
@@ -85,8 +86,12 @@ double KRPageEffort::effortOf(const KRGPXConfiguredTrack &track, Stroke *halo) c
     if (path.isEmpty())
         return (isOutlined ? effortOfMarker(pen) : 0.0) + (hasHalo ? bandsOfHalo * effortOfMarker(haloPen) : 0.0);
     double effort = isOutlined ? effortOfOutlines(extentOnPage(path, pen), pen) : 0.0;
+    // Tracks with arrows are drawn one by one.
+    const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
+    if (hasArrow)
+        effort += arrowNs * ((isOutlined ? 1 : 0) + (hasHalo ? bandsOfHalo : 0));
     if (hasHalo) {
-        if (halo->pen != haloPen || halo->extent.lines > KRGPXLineBundle::mostElements)
+        if (hasArrow || halo->pen != haloPen || halo->extent.lines > KRGPXLineBundle::mostElements)
             *halo = {haloPen, Extent()};
         const double before = effortOfOutlines(halo->extent, haloPen);
         halo->extent = sumOf(halo->extent, extentOnPage(path, haloPen));

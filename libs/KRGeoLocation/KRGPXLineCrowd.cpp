@@ -6,7 +6,8 @@
 namespace {
 
 constexpr double smallestSquarePx = 4.0;
-constexpr double squaresOfReach = 4.0;
+// Small beside the pen, too, or lines on one side of a square would hide those on the other.
+constexpr double squaresOfReach = 16.0;
 
 // In squares, of a line: shorter ones are not divided, nor is so little left out between two parts.
 constexpr int fewSteps = 16;
@@ -21,19 +22,28 @@ double squarePxFor(double reach)
     return std::max(smallestSquarePx, reach / squaresOfReach);
 }
 
+// Of a wider pen fewer lines through a square show: as many as through a larger one.
+int linesFor(double reach, int mostLines)
+{
+    constexpr double largeSquaresOfReach = 4.0;
+    const double largeSquarePx = std::max(smallestSquarePx, reach / largeSquaresOfReach);
+    return std::max(2, int(std::lround(mostLines * squarePxFor(reach) / largeSquarePx)));
+}
+
 // Farther away nothing is on an image, and quarters of pixels still are whole numbers.
 constexpr double farthestPx = 1e8;
 
 int quarters(double pixels)
 {
-    return int(std::lround(std::clamp(pixels, -farthestPx, farthestPx) * 4.0));
+    return int(std::lround(pixels * 4.0));
 }
 
 } // namespace
 
 KRGPXLineCrowd::KRGPXLineCrowd(const QSize &size, double reach, int mostLines)
     : m_area(QRectF(QPointF(), size).marginsAdded(QMarginsF() + std::clamp(reach, 0.0, farthestPx))),
-      m_squarePx(squarePxFor((m_area.width() - size.width()) / 2.0)), m_mostLines(mostLines),
+      m_squarePx(squarePxFor((m_area.width() - size.width()) / 2.0)),
+      m_mostLines(linesFor((m_area.width() - size.width()) / 2.0, mostLines)),
       m_columns(std::size_t(m_area.width() / m_squarePx) + 3),
       m_squares(m_columns * (std::size_t(m_area.height() / m_squarePx) + 3)), m_known(knownLines)
 { }
@@ -46,7 +56,8 @@ int KRGPXLineCrowd::mostLinesFor(double widthPx)
 
 double KRGPXLineCrowd::mostLengthFor(const QSize &size, double reach, int mostLines)
 {
-    return mostLines * (size.width() + 2.0 * reach) * (size.height() + 2.0 * reach) / squarePxFor(reach);
+    const double area = (size.width() + 2.0 * reach) * (size.height() + 2.0 * reach);
+    return linesFor(reach, mostLines) * area / squarePxFor(reach);
 }
 
 const std::vector<KRGPXLineCrowd::Part> &KRGPXLineCrowd::partsThatShow(const QPointF &from, const QPointF &to)
@@ -105,6 +116,10 @@ void KRGPXLineCrowd::divide(const Part &inArea, int steps)
 
 bool KRGPXLineCrowd::isKnown(const QPointF &from, const QPointF &to)
 {
+    // Beyond, quarters of pixels are no whole numbers.
+    const double farthest = std::max({std::abs(from.x()), std::abs(from.y()), std::abs(to.x()), std::abs(to.y())});
+    if (!(farthest <= farthestPx))
+        return false;
     const bool isForward = from.x() < to.x() || (from.x() == to.x() && from.y() < to.y());
     const QPointF &first = isForward ? from : to;
     const QPointF &last = isForward ? to : from;
@@ -144,6 +159,7 @@ KRGPXLineCrowd::FixedPlace KRGPXLineCrowd::fixedPlaceOf(const QPointF &place) co
     // Behind the outer square, where what rounding leaves of the last step ends.
     return {std::llround((x / m_squarePx + 1.0) * fixedOne), std::llround((y / m_squarePx + 1.0) * fixedOne)};
 }
+
 QPainterPath KRGPXLineCrowd::thinned(const QPainterPath &path, const QTransform &transform, const QSize &size,
                                      double reach, int mostLines)
 {

@@ -2,6 +2,7 @@
 
 #include "KRGPXLineOutline.h"
 #include "KRGPXPagePainter.h"
+#include "KRGPXPathCut.h"
 #include "KRGPXPathExcerpt.h"
 #include "KRGPXPathRaster.h"
 #include "KRGPXPathTiles.h"
@@ -44,6 +45,9 @@ constexpr int outlineTileSize = 1024;
 
 // A larger image has rows that the rasteriser of our own should not keep in memory.
 constexpr int largestRasterPx = 65536;
+
+// So far outside an image nothing shows where a line is cut.
+constexpr double farLinePx = 100000.0;
 
 // The outline of an area that is longer is no outline any more on an image, but takes its time.
 constexpr double longestOutlinePx = 1e8;
@@ -122,7 +126,7 @@ bool isForCrowd(const QPainterPath &path, const QPen &pen, const Stretch &stretc
 // Cosmetic pens do not stretch.
 double crowdReachOf(const QPen &pen, const Stretch &stretch)
 {
-    return std::max(reachOf(pen, stretch), pen.widthF() + softEdgePx);
+    return std::max(reachOf(pen, stretch), pen.widthF() / 2.0 + softEdgePx);
 }
 
 // How many pixels of the image the outline of an area passes, at most: the time that filling takes.
@@ -180,6 +184,16 @@ bool paintOutline(const QPainterPath &outline, const QTransform &transform, cons
     return true;
 }
 
+// Lines that reach too far are cut, far outside the image.
+QPainterPath nearLines(const QPainterPath &path, const QTransform &transform, double reach, const QImage *image)
+{
+    if (isForRaster(transform.mapRect(path.controlPointRect()).marginsAdded(QMarginsF() + 2.0 * reach)))
+        return path;
+    const double way = reach + farLinePx;
+    const QRectF area = QRectF(image->rect()).marginsAdded(QMarginsF() + way);
+    return KRGPXPathCut::cutTo(transform.inverted().mapRect(area), path, 0.0);
+}
+
 // False when the outline reaches too far.
 bool strokeOnRaster(const QPainterPath &path, const QTransform &transform, const QPen &pen, double reach,
                     const QImage *image)
@@ -191,7 +205,8 @@ bool strokeOnRaster(const QPainterPath &path, const QTransform &transform, const
     // In tiles nobody would know where the dashes begin.
     if (isDashed(pen))
         return paintLines(path, image->rect());
-    const QMarginsF margins = QMarginsF() + reach;
+    // Control points of round caps lie somewhat beyond.
+    const QMarginsF margins = QMarginsF() + 2.0 * reach;
     const bool isDivided = path.elementCount() > manyElements
                            && isForRaster(transform.mapRect(path.controlPointRect()).marginsAdded(margins));
     const KRGPXPathTiles tiles(path, transform, reach, image->size(),
@@ -274,6 +289,8 @@ void KRGPXPathPainter::drawPath(QPainter *painter, const QPainterPath &wholePath
     }
     KRVectorRegisters::releaseUpperHalves();
     const double reach = reachOf(pen, stretch);
+    if (usesRaster && !isDashed(pen))
+        path = nearLines(path, transform, reach, image);
     if (usesRaster && strokeOnRaster(path, transform, pen, reach, image))
         return;
     if (isDashed(pen)) {

@@ -224,7 +224,8 @@ void KRGPXTrackRenderer::drawEach(QPainter *painter, const KRGPXConfiguredTrackL
     const bool isCrowd = tracks.size() > KRGPXLineBundle::fewTracks;
     const bool isCrowdOnImage = isCrowd && dynamic_cast<const QImage *>(painter->device());
     // Somebody may want to take an SVG apart.
-    const bool isCrowdInPdf = isCrowd && painter->isActive() && painter->paintEngine()->type() == QPaintEngine::Pdf;
+    const bool isPdf = painter->isActive() && painter->paintEngine()->type() == QPaintEngine::Pdf;
+    const bool isCrowdInPdf = isPdf && KRGPXLineBundle::areWorthUniting(tracks);
     const bool isBundled = isCrowdOnImage || isCrowdInPdf || isUniting;
     KRGPXLineBundle bundle(this, painter, option);
     bundle.setUniting(isUniting);
