@@ -17,6 +17,7 @@ public:
     static bool prepare(bool isVerbose);
 
     /// After it: names and version, which settings are read, and the language of the user: German for German locales,
-    /// else English. From then on a want of memory ends the program with a line that says so and exit code 2.
+    /// else English. From then on a want of memory that is noticed ends the program with a line that says so and exit
+    /// code 2.
     static void setup(QCoreApplication &application, const QString &name);
 };

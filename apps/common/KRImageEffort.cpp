@@ -33,7 +33,7 @@ constexpr double crowdLineNs = 150.0;
 constexpr double crowdPixelNs = 0.6;
 constexpr double crowdAllowance = 1.5;
 
-constexpr double mostNsOfPoint = 1500.0;
+constexpr KRMapEffort::Allowance allowance{1500.0, 0.0};
 
 double pixelsOf(const QSizeF &size)
 {
@@ -47,7 +47,7 @@ double effortOfOutline(double outline, double area)
 
 } // namespace
 
-KRImageEffort::KRImageEffort(const KRGPXTrackRenderer *renderer) : KRMapEffort(renderer, mostNsOfPoint) { }
+KRImageEffort::KRImageEffort(const KRGPXTrackRenderer *renderer) : KRMapEffort(renderer, allowance, false) { }
 
 KRGPXTrackSelection KRImageEffort::affordable(const KRGPXTrackSelection &selection) const
 {

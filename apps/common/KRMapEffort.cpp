@@ -47,8 +47,8 @@ bool isSlightTurn(const QPointF &before, const QPointF &after)
 
 } // namespace
 
-KRMapEffort::KRMapEffort(const KRGPXTrackRenderer *renderer, double mostNsOfPoint)
-    : m_renderer(renderer), m_drawn(renderer->drawnRect()), m_mostNsOfPoint(mostNsOfPoint)
+KRMapEffort::KRMapEffort(const KRGPXTrackRenderer *renderer, const Allowance &allowance, bool isOnPage)
+    : m_renderer(renderer), m_drawn(renderer->drawnRect(isOnPage)), m_allowance(allowance)
 { }
 
 double KRMapEffort::mostFor(const KRGPXTrackSelection &selection) const
@@ -58,7 +58,8 @@ double KRMapEffort::mostFor(const KRGPXTrackSelection &selection) const
     for (const KRGPXConfiguredTrack &track : tracks)
         track.visitPositions([&](const KRGeoPositionSpan &positions) { points += positions.count; });
     const QSize size = m_renderer->targetImageSize();
-    return mostNs + mostNsOfPixel * size.width() * size.height() + m_mostNsOfPoint * points;
+    return mostNs + mostNsOfPixel * size.width() * size.height() + m_allowance.forPoint * points
+           + m_allowance.forTrack * selection.count();
 }
 
 bool KRMapEffort::isAffordable(const KRGPXTrackSelection &selection) const

@@ -19,11 +19,18 @@ class QPen;
 class KRMapEffort
 {
 public:
+    /// Nanoseconds.
+    struct Allowance {
+        double forPoint;
+        double forTrack;
+    };
+
     /**
      * @param renderer of the picture; it stays with the caller
-     * @param mostNsOfPoint what the tracks may take, for each of their points
+     * @param allowance beyond what any picture may take
+     * @param isOnPage whether it is a page of SVG or PDF
      */
-    KRMapEffort(const KRGPXTrackRenderer *renderer, double mostNsOfPoint);
+    KRMapEffort(const KRGPXTrackRenderer *renderer, const Allowance &allowance, bool isOnPage);
     virtual ~KRMapEffort() = default;
 
     /// What all tracks together may take. That of thousands of real ones is less.
@@ -61,5 +68,5 @@ protected:
     const QRect m_drawn; ///< a part of the picture that all copies of the world show, or all of it
 
 private:
-    const double m_mostNsOfPoint;
+    const Allowance m_allowance;
 };

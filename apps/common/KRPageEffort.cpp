@@ -14,7 +14,7 @@ constexpr double lineNs = 2500.0;
 constexpr double cornerNs = 4500.0;
 constexpr double arrowNs = 40000.0;
 // The wider the pen, the more curves go around a marker.
-constexpr double markerNs = 40000.0;
+constexpr double markerCornerNs = 12000.0;
 constexpr double markerNsOfPixel = 1500.0;
 // Coordinates that are far from those before are harder to pack.
 constexpr double cornerNsOfPixel = 35.0;
@@ -23,11 +23,16 @@ constexpr double dashNs = 17000.0;
 // What a crowd keeps beyond its least length: lines of which only a part shows.
 constexpr double crowdAllowance = 2.5;
 
-constexpr double mostNsOfPoint = 600.0;
+constexpr KRMapEffort::Allowance allowance{600.0, 25000.0};
 
-double effortOfMarker(const QPen &pen)
+/// And curves, roughly.
+double cornersOf(const KRGPXMarkerShape &marker)
 {
-    return markerNs + markerNsOfPixel * pen.widthF();
+    if (marker == Star12MarkerShape)
+        return 24.0;
+    if (marker == Star9MarkerShape)
+        return 18.0;
+    return marker == Star6MarkerShape || marker == XMarkerShape ? 12.0 : 5.0;
 }
 
 bool isCrowd(double lines, const QPen &pen)
@@ -37,7 +42,7 @@ bool isCrowd(double lines, const QPen &pen)
 
 } // namespace
 
-KRPageEffort::KRPageEffort(const KRGPXTrackRenderer *renderer) : KRMapEffort(renderer, mostNsOfPoint) { }
+KRPageEffort::KRPageEffort(const KRGPXTrackRenderer *renderer) : KRMapEffort(renderer, allowance, true) { }
 
 KRGPXTrackSelection KRPageEffort::simplified(const KRGPXTrackSelection &selection)
 {
@@ -84,7 +89,8 @@ double KRPageEffort::effortOf(const KRGPXConfiguredTrack &track, Stroke *halo) c
     const bool isPoint = track.effectiveShape() == PointTrackShape;
     const QPainterPath path = isPoint ? QPainterPath() : m_renderer->createPainterPath(track);
     if (path.isEmpty())
-        return (isOutlined ? effortOfMarker(pen) : 0.0) + (hasHalo ? bandsOfHalo * effortOfMarker(haloPen) : 0.0);
+        return (isOutlined ? effortOfMarker(track, pen) : 0.0)
+               + (hasHalo ? bandsOfHalo * effortOfMarker(track, haloPen) : 0.0);
     double effort = isOutlined ? effortOfOutlines(extentOnPage(path, pen), pen) : 0.0;
     // Tracks with arrows are drawn one by one.
     const bool hasArrow = (configuration.markerShape() & ArrowMarkerShape) != 0;
@@ -100,11 +106,21 @@ double KRPageEffort::effortOf(const KRGPXConfiguredTrack &track, Stroke *halo) c
     return effort;
 }
 
+double KRPageEffort::effortOfMarker(const KRGPXConfiguredTrack &track, const QPen &pen) const
+{
+    const double size = m_renderer->scale(track.lineWidth().toDouble());
+    const double effort =
+        markerCornerNs * cornersOf(track.configuration().markerShape()) + markerNsOfPixel * pen.widthF();
+    return effort * copiesOfPlace(size + pen.widthF());
+}
+
 /// Of what KRGPXPagePainter draws.
 KRMapEffort::Extent KRPageEffort::extentOnPage(const QPainterPath &path, const QPen &pen) const
 {
     const double reach = pen.widthF() / 2.0;
-    const bool isThinned = isCrowd(path.elementCount(), pen);
+    // In other copies of the world others of its lines would show.
+    const bool isInOneCopy = QRectF(m_drawn).contains(path.controlPointRect());
+    const bool isThinned = isInOneCopy && isCrowd(path.elementCount(), pen);
     return extentOf(isThinned ? KRGPXLineCrowd::thinned(path, QTransform(), m_drawn.size(), reach,
                                                         KRGPXLineCrowd::mostLinesFor(pen.widthF()))
                               : path,

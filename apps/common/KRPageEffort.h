@@ -35,6 +35,7 @@ private:
     };
 
     double effortOf(const KRGPXConfiguredTrack &track, Stroke *halo) const;
+    double effortOfMarker(const KRGPXConfiguredTrack &track, const QPen &pen) const;
     Extent extentOnPage(const QPainterPath &path, const QPen &pen) const;
     double effortOfOutlines(const Extent &extent, const QPen &pen) const;
 

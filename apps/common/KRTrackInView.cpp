@@ -48,7 +48,7 @@ struct Copies {
 Copies copiesInView(double left, double right, double world, const QSize &size, int most)
 {
     if (world == 0.0)
-        return {0.0, 1};
+        return {0.0, std::min(1, most)};
     const double first = std::ceil(-right / world);
     const double count = std::max(0.0, std::floor((size.width() - left) / world) - first + 1.0);
     return count > most ? Copies{first + std::floor((count - most) / 2.0), most} : Copies{first, KRMath::toInt(count)};

@@ -308,7 +308,7 @@ KRGPXTrackSelection KRRenderProgram::affordable(const KRGPXTrackSelection &track
         return tracks;
     const KRMapTrackRenderer renderer(tracks, KRMapProjection(area, size), size, m_options.scale());
     // One of very many copies of a narrow world is an image in any file.
-    const bool isVector = KRPictureFile::isVector(m_options.format()) && renderer.drawnRect().size() == size;
+    const bool isVector = KRPictureFile::isVector(m_options.format()) && renderer.drawnRect(true).size() == size;
     const bool isCropped = tracks.effectiveCroppingOpacity() < 255;
     if (isVector && !isCropped)
         return tracks;
@@ -331,6 +331,8 @@ bool KRRenderProgram::isTooSlowInPdf(const KRGPXTrackSelection &tracks, const KR
     if (m_options.isPatient() || m_options.format() != "pdf")
         return false;
     const KRMapTrackRenderer renderer(tracks, KRMapProjection(area, size), size, m_options.scale());
+    if (renderer.drawnRect(true).size() != size)
+        return false; // one of very many copies of a narrow world is an image
     KRPageEffort effort(&renderer);
     effort.setRenderOption(m_options.renderOption());
     return !effort.isAffordable(tracks);

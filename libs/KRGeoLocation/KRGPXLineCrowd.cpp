@@ -66,8 +66,13 @@ const std::vector<KRGPXLineCrowd::Part> &KRGPXLineCrowd::partsThatShow(const QPo
     const Part inArea = partInArea(from, to);
     if (inArea.first > inArea.last || isKnown(from, to))
         return m_parts;
-    const QPointF begin = from + (to - from) * inArea.first;
-    const QPointF end = from + (to - from) * inArea.last;
+    // What rounding leaves of places far away is cut off.
+    const auto inside = [this](const QPointF &place) {
+        return QPointF(std::clamp(place.x(), m_area.left(), m_area.right()),
+                       std::clamp(place.y(), m_area.top(), m_area.bottom()));
+    };
+    const QPointF begin = inside(from + (to - from) * inArea.first);
+    const QPointF end = inside(from + (to - from) * inArea.last);
     const QPointF way = (end - begin) / m_squarePx;
     const int steps = int(std::max(std::abs(way.x()), std::abs(way.y()))) + 1;
     // A line counts once for a square, and not again for that where it goes on from the one before.
@@ -154,8 +159,8 @@ KRGPXLineCrowd::Part KRGPXLineCrowd::partInArea(const QPointF &from, const QPoin
 
 KRGPXLineCrowd::FixedPlace KRGPXLineCrowd::fixedPlaceOf(const QPointF &place) const
 {
-    const double x = std::clamp(place.x(), m_area.left(), m_area.right()) - m_area.left();
-    const double y = std::clamp(place.y(), m_area.top(), m_area.bottom()) - m_area.top();
+    const double x = place.x() - m_area.left();
+    const double y = place.y() - m_area.top();
     // Behind the outer square, where what rounding leaves of the last step ends.
     return {std::llround((x / m_squarePx + 1.0) * fixedOne), std::llround((y / m_squarePx + 1.0) * fixedOne)};
 }

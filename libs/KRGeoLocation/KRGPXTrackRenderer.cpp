@@ -7,6 +7,7 @@
 #include "KRGPXLineBundle.h"
 #include "KRGPXMarkerShape.h"
 #include "KRGPXMarkerStamps.h"
+#include "KRGPXPagePainter.h"
 #include "KRGPXPathPainter.h"
 #include "KRGPXPenKeeper.h"
 #include "KRGPXTrack.h"
@@ -186,14 +187,14 @@ void KRGPXTrackRenderer::renderUnited(QPainter &painter, TrackRenderOption optio
 void KRGPXTrackRenderer::drawTracks(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
                                     bool isUniting) const
 {
-    const KRGPXWorldStrip strip = worldStrip(tracks);
+    const KRGPXWorldStrip strip = worldStrip(tracks, painter->isActive() && KRGPXPagePainter::isFor(painter));
     if (strip.isWorthwhile())
         strip.draw(painter, [&](QPainter *stripPainter) { drawEach(stripPainter, tracks, option, isUniting); });
     else
         drawEach(painter, tracks, option, isUniting);
 }
 
-KRGPXWorldStrip KRGPXTrackRenderer::worldStrip(const KRGPXConfiguredTrackList &tracks) const
+KRGPXWorldStrip KRGPXTrackRenderer::worldStrip(const KRGPXConfiguredTrackList &tracks, bool isOnPage) const
 {
     KRGPXWorldStrip strip(projectPosition(KRGeoPosition(0.0, -180.0)), aroundTheWorldOffset(), m_targetImageSize);
     if (!strip.isPossible())
@@ -208,13 +209,13 @@ KRGPXWorldStrip KRGPXTrackRenderer::worldStrip(const KRGPXConfiguredTrackList &t
         const double width = drawableWidth(scale((track.haloWidth() + track.lineWidth()).toDouble()));
         reach = std::max(reach, 2.0 * width + softEdge + (hasArrow ? scale(longestArrow) : 0.0));
     }
-    strip.setContent(points, reach);
+    strip.setContent(points, reach, isOnPage);
     return strip;
 }
 
-QRect KRGPXTrackRenderer::drawnRect() const
+QRect KRGPXTrackRenderer::drawnRect(bool isOnPage) const
 {
-    const KRGPXWorldStrip strip = worldStrip(m_selection.tracks());
+    const KRGPXWorldStrip strip = worldStrip(m_selection.tracks(), isOnPage);
     return strip.isWorthwhile() ? strip.rect() : QRect(QPoint(), m_targetImageSize);
 }
 

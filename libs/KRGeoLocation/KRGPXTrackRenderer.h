@@ -71,7 +71,8 @@ public:
 
     QSize targetImageSize() const { return m_targetImageSize; }
     /// Where all tracks are drawn: the target image, or one of very many copies of a narrow world, in it or beside it.
-    QRect drawnRect() const;
+    /// @param isOnPage of SVG or PDF, where fewer copies stay lines and areas
+    QRect drawnRect(bool isOnPage) const;
     double renderingFactor() const { return m_renderingFactor; }
     double scale(double length) const { return length * m_renderingFactor; }
 
@@ -159,7 +160,7 @@ private:
                     bool isUniting = false) const;
     void drawEach(QPainter *painter, const KRGPXConfiguredTrackList &tracks, TrackRenderOption option,
                   bool isUniting) const;
-    KRGPXWorldStrip worldStrip(const KRGPXConfiguredTrackList &tracks) const;
+    KRGPXWorldStrip worldStrip(const KRGPXConfiguredTrackList &tracks, bool isOnPage) const;
     std::vector<QPointF> projectedPoints(const KRGPXTrack &track) const;
     QPainterPath thinnedPath(std::vector<QPointF> points) const;
     double reachOf(const QPen &pen) const;

@@ -10,8 +10,10 @@ namespace {
 
 // Of no more copies each is drawn for itself, whatever it takes.
 constexpr double mostCopiesForEach = 4.0;
+constexpr double mostCopiesOnPage = 16.0;
 // In all copies.
 constexpr double fewPoints = 1e6;
+constexpr double fewPointsOnPage = 4e6;
 
 // Images of several worlds are painted faster than of one, and are fewer in a file.
 constexpr int usualImageWidth = 1024;
@@ -33,12 +35,16 @@ KRGPXWorldStrip::KRGPXWorldStrip(const QPointF &world, const QPointF &worldOffse
     m_rect = QRect(int(std::floor(world.x())), 0, m_worldWidth, mapSize.height());
 }
 
-void KRGPXWorldStrip::setContent(double points, double reach)
+void KRGPXWorldStrip::setContent(double points, double reach, bool isOnPage)
 {
+    if (!isPossible())
+        return;
     const int margin = int(std::ceil(std::min<double>(reach, m_mapSize.width())));
     m_rect.adjust(-margin, 0, margin, 0);
-    m_isWorthwhile = isPossible() && points * m_mapSize.width() / m_worldWidth > fewPoints
-                     && m_rect.width() <= m_mapSize.width() / 2;
+    const double copies = double(m_mapSize.width()) / m_worldWidth;
+    const bool areVeryMany =
+        isOnPage ? copies > mostCopiesOnPage && points * copies > fewPointsOnPage : points * copies > fewPoints;
+    m_isWorthwhile = areVeryMany && m_rect.width() <= m_mapSize.width() / 2;
 }
 
 void KRGPXWorldStrip::draw(QPainter *painter, const std::function<void(QPainter *)> &drawStrip) const

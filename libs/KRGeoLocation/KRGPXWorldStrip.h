@@ -27,7 +27,8 @@ public:
     bool isPossible() const { return m_worldWidth > 0; }
     /// @param points to be drawn in each copy
     /// @param reach of their marks, on both sides
-    void setContent(double points, double reach);
+    /// @param isOnPage whether they would stay lines and areas, which is given up for very many only
+    void setContent(double points, double reach, bool isOnPage);
     /// Whether so many points in so many copies take long, and fewer in the strip.
     bool isWorthwhile() const { return m_isWorthwhile; }
     /// What is drawn for it in the place of the map: one world, and what reaches into it on both sides.

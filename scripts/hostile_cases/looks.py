@@ -71,9 +71,14 @@ def to_and_fro(count, corners):
 
 for count, corners, title in ((3000, 100, 'thousands of'), (10, 300, 'some'), (1, 19000, 'one of very many corners')):
     for options in (('--line-color', '#80ff0000'), ('--line-color', '#80ff0000', '--halo', '4'),
+                    ('--halo', '4', '--marker', 'arrow'),
                     ('--line-color', '#80ff0000', '--pen-style', 'dot', '--line-width', '1')):
         add_file(f'routes to and fro, {title} {" ".join(options)}.gpx', ['<gpx>', to_and_fro(count, corners), '</gpx>'],
                  '--format', 'pdf', *options, load={'points': count * corners})
+DOTS = ['<gpx>', scattered('<wpt lat="53.%a" lon="8.%b"/>', 10000), '</gpx>']
+for options in ((), ('--size', '1600x150', '--area', 'N80 W180 .. S80 E180')):
+    add_file(f'half transparent stars {" ".join(options)}'.strip() + '.gpx', DOTS, '--format', 'pdf', '--marker', 'star12',
+             '--halo', '4', '--line-color', '#80ff0000', *options, load={'figures': 10000})
 add_file('dots with wide halos.gpx', ['<gpx>', scattered('<wpt lat="53.%a" lon="8.%b"/>', 5000), '</gpx>'],
          '--format', 'pdf', '--line-width', '1000', '--halo', '40', load={'figures': 5000})
 for kind in ('svg', 'pdf'):
