@@ -20,6 +20,9 @@ private slots:
         // across, from far beyond both sides
         QVERIFY(crowd.takes(QPointF(-1e9, -1e9), QPointF(1e9, 1e9)));
         QVERIFY(!crowd.takes(QPointF(-1e9, 0.0), QPointF(0.0, 1e9)));
+        // beside it, and no less far away
+        QVERIFY(crowd.takes(QPointF(-1e9 + 50.0, -1e9), QPointF(1e9 + 50.0, 1e9)));
+        crowd.takes(QPointF(-1e18, -1e18 + 3e15), QPointF(1e18, 1e18)); // no place outside the squares
     }
 
     void anyWidthIsTaken()

@@ -141,7 +141,9 @@ class tst_KRGPXPathPainter : public QObject
 private slots:
     void lines();
     void crowdsOfLines();
+    void crowdsOfWideLinesHideNothing();
     void linesOfSeveralTiles();
+    void linesToFarAway();
     void areas();
     void painters();
     void otherDevicesKeepThePath();
@@ -201,6 +203,44 @@ void tst_KRGPXPathPainter::crowdsOfLines()
         for (int x = 0; x < whole.width(); ++x)
             different += std::abs(qGreen(whole.pixel(x, y)) - qGreen(fast.pixel(x, y))) > 30 ? 1 : 0;
     QVERIFY2(different < 200, qPrintable(QString::number(different)));
+}
+
+void tst_KRGPXPathPainter::crowdsOfWideLinesHideNothing()
+{
+    QPainterPath path(QPointF(-50.0, 80.0));
+    for (int i = 0; i < 21000; ++i)
+        path.lineTo(i % 2 == 0 ? 350.0 : -50.0 - i % 100 * 0.5, 80.0);
+    path.lineTo(-50.0, 100.0);
+    path.lineTo(350.0, 100.0);
+    const QImage image =
+        painted([](QPainter *p) { p->setPen(QPen(Qt::black, 160.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin)); },
+                [&](QPainter *p) { KRGPXPathPainter::drawPath(p, path); });
+    QCOMPARE(image.pixel(150, 178), qRgb(0, 0, 0));
+}
+
+void tst_KRGPXPathPainter::linesToFarAway()
+{
+    Chance chance;
+    QPainterPath path;
+    chance.addWalk(300, 40.0, &path);
+    path.lineTo(150.0, 150.0);
+    for (const int alpha : {255, 120}) {
+        const auto drawn = [&](double far) {
+            QPainterPath whole = path;
+            whole.lineTo(150.0 + far, 150.0 + far / 2.0);
+            return painted([&](QPainter *p) { p->setPen(roundPen(6.0, alpha)); },
+                           [&](QPainter *p) { KRGPXPathPainter::drawPath(p, whole); });
+        };
+        const QImage expected = drawn(2000.0);
+        for (const double far : {1.1e6, 3e9}) {
+            int different = 0;
+            const QImage image = drawn(far);
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    different += std::abs(qGreen(expected.pixel(x, y)) - qGreen(image.pixel(x, y))) > 3 ? 1 : 0;
+            QCOMPARE(different, 0);
+        }
+    }
 }
 
 void tst_KRGPXPathPainter::linesOfSeveralTiles()
