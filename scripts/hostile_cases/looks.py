@@ -29,7 +29,7 @@ look('many worlds of many lines', '--size', '16384x4', '--area', 'N80 W180 .. S8
 def marks(title, style, geometry, count, *options):
     placemark = f'<Placemark><Style>{style}</Style>{geometry}</Placemark>'
     add_file(f'marks {title}.kml', ['<kml><Document>', numbered(placemark, count, 100000), '</Document></kml>'],
-             '--size', '1600x1200', *options, load={'points': count * geometry.count(',')})
+             '--size', '1600x1200', *options, load={'points': count * geometry.count(','), 'figures': count})
 
 
 def across(name, shape):
