@@ -5,12 +5,28 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 
 namespace {
 
-constexpr int partsBelowFolder = 2; // of level/column/row, besides the name itself
+/// How the tiles of a folder or template are named below KRTileFolderSource::folderOf().
+QString formBelowRoot(const QString &name)
+{
+    if (!KRTileTemplate::isTemplate(name))
+        return QStringLiteral("{z}/{x}/{y}"); // with any suffix
+    const int rootEnd = name.lastIndexOf(QLatin1Char('/'), name.indexOf(QLatin1Char('{')));
+    return QDir::cleanPath(name.mid(rootEnd + 1));
+}
+
+/// Any text may stand for a number: it may be the name of a link.
+QRegularExpression expressionOf(const QString &form)
+{
+    static const QRegularExpression escapedPlace(QStringLiteral(R"(\\\{(\\-)?[sxyz]\\\})"));
+    const QString pattern = QRegularExpression::escape(form).replace(escapedPlace, QStringLiteral("[^/]+"));
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
+}
 
 } // namespace
 
@@ -40,21 +56,23 @@ bool KRInputGuard::isTileOf(const QString &output, const QString &tiles)
     const QString name = KRTileSource::localName(tiles);
     if (output.isEmpty() || name.isEmpty())
         return false;
-    if (!KRTileSource::isFolderOrTemplate(name))
-        return resolved(output) == resolved(name);
-    const bool isTemplate = KRTileTemplate::isTemplate(name);
-    const QString fixedPart = isTemplate ? name.left(name.indexOf(QLatin1Char('{'))) : name + QLatin1Char('/');
-    const int depth = isTemplate ? name.mid(fixedPart.size()).count(QLatin1Char('/')) : partsBelowFolder;
-    const QString beginning = fixedPart.section(QLatin1Char('/'), -1);
+    const QString target = resolved(output);
+    if (!KRTileSource::isFolderOrTemplate(name)) {
+        // Beside an MBTiles file, behind all links to it, others may hold what is not in it yet.
+        const auto isTarget = [&](const char *suffix) {
+            return resolved(resolved(name) + QLatin1String(suffix)) == target;
+        };
+        return isTarget("") || isTarget("-wal") || isTarget("-journal") || isTarget("-shm");
+    }
     const QString root = resolved(KRTileFolderSource::folderOf(name).path());
+    const QString form = formBelowRoot(name);
+    const QRegularExpression tile = expressionOf(form);
+    const int parts = form.count(QLatin1Char('/')) + 1;
     // A link may lead into the folder, and another, within it, out of it.
-    for (const QString &path : {QFileInfo(output).absoluteFilePath(), resolved(output)}) {
-        for (int parts = depth + 1; parts <= path.count(QLatin1Char('/')); ++parts) {
-            const QString folder = path.section(QLatin1Char('/'), 0, -parts - 1) + QLatin1Char('/');
-            const QString first = path.section(QLatin1Char('/'), -parts, -parts);
-            if (first.startsWith(beginning) && resolved(folder) == root)
-                return true;
-        }
+    for (const QString &path : {QFileInfo(output).absoluteFilePath(), target}) {
+        const QString folder = path.section(QLatin1Char('/'), 0, -parts - 1) + QLatin1Char('/');
+        if (tile.match(path.section(QLatin1Char('/'), -parts)).hasMatch() && resolved(folder) == root)
+            return true;
     }
     return false;
 }

@@ -3,7 +3,7 @@
 #include <QString>
 
 /**
- * Tells which of the files that a run reads are destroyed by writing to a path, through all links.
+ * Tells which of the files that a run reads are destroyed by writing to a path, through the links on its way.
  */
 class KRInputGuard
 {
@@ -13,8 +13,8 @@ public:
     static bool isReadFrom(const QString &output, const QString &input);
     /// The same without the document itself.
     static bool isTrackFileOf(const QString &output, const QString &document);
-    /// Whether @p output is the source, or lies below its folder or the fixed part of its template, as deep as tiles
-    /// do or deeper.
+    /// Whether @p output is the source, a file beside it with data of the same MBTiles, or has the place and the name
+    /// that a tile of its folder or template may have. A file elsewhere that a tile is a link to is not known.
     /// @param tiles as KRTileSource::open() takes it
     static bool isTileOf(const QString &output, const QString &tiles);
     /// Whether @p output is the document or a file in the folder of track files that it will have.

@@ -143,6 +143,7 @@ void tst_krrenderTexts::nothingThatIsReadIsOverwritten()
 {
     QCOMPARE(run("mkdir -p tl/0/0 sub/t.tracks far; cp $tour sub/a.gpx; ln -s ../far tl/1; ln -s tl alias; "
                  "ln -s tl/0/0/0.png tile.png; ln -s d.krroute d.png; ln -s sub/t.tracks link; "
+                 "ln -s m.mbtiles l.mbtiles; mkdir -p d/maps/2026; "
                  "krrender $tour --size 64x48 -o tl/0/0/0.png && krrender $tour --save t.krroute && "
                  "cp t.tracks/track.gps t.tracks/x.krroute && cp t.krroute copy.krroute && "
                  "sed \"s|>track.gps|>$PWD/t.tracks/x.krroute|\" t.krroute >sub/absolute.krroute && "
@@ -165,6 +166,11 @@ void tst_krrenderTexts::nothingThatIsReadIsOverwritten()
         {"folder within that of tiles by a link", "$tour --tiles \"file://$PWD/tl\" -o tl/1/0/0.png"},
         {"template", "$tour --tiles 'tl/{z}/{x}/{y}.png' -o tl/0/0/0.png"},
         {"template with half a name", "$tour --tiles 't{z}/{x}/{-y}.png' -o tl/0/0.png"},
+        {"template whose folders are not clean", "$tour --tiles 'tl/{z}//{x}/./{y}/a.png' -o tl//1/./0/0/a.png"},
+        {"template without folders", "$tour --tiles '+[{z}].{x}{s}{y}.png' -o '+[0].0a0.png'"},
+        {"tiles not yet in their file", "$tour --tiles m.mbtiles --format png -o m.mbtiles-wal"},
+        {"tiles no longer in their file", "$tour --tiles l.mbtiles --format png -o m.mbtiles-journal"},
+        {"index of tiles", "$tour --tiles m.mbtiles --format png -o \"$PWD/m.mbtiles-shm\""},
         {"document as a tile", "$tour --tiles '{z}/{x}/{y}.krroute' --save tl/0/0.krroute"},
     };
     table.forEach([&](const QByteArray &arguments) {
@@ -173,8 +179,12 @@ void tst_krrenderTexts::nothingThatIsReadIsOverwritten()
         QVERIFY2(outcome.complainsOf("gehört zu") || outcome.complainsOf("überschrieben"), qPrintable(outcome.err));
         QCOMPARE(run(listing).out, before);
     });
-    for (const char *harmless : {"$tour --tiles tl -o tl/map.png", "$tour --tiles tl -o -", "copy.krroute -o map.png",
-                                 "copy.krroute --save copy.krroute", "$tour --tiles 't{z}/{x}/{y}.png' -o tl.png"})
+    for (const char *harmless :
+         {"$tour --tiles tl -o tl/map.png", "$tour --tiles tl -o -", "copy.krroute -o map.png",
+          "copy.krroute --save copy.krroute", "$tour --tiles 't{z}/{x}/{y}.png' -o tl.png",
+          "$tour --tiles '{z}_{x}_{y}.png' -o map.pdf", "$tour --tiles '{z}_{x}_{y}.png' -o map.png",
+          "$tour --tiles '{z}_{x}_{y}.png' --save doc.krroute", "$tour --tiles '{z}/{x}/{y}.png' -o d/maps/2026/my.png",
+          "$tour --tiles l.mbtiles --format png -o l.mbtiles-wal"})
         QVERIFY2(run(QByteArray("krrender --size 64x48 --area 'N53.3 E8 .. N53 E8.4' ") + harmless).exitCode != 2,
                  harmless);
 }
