@@ -21,7 +21,8 @@ const QString tracksName = QStringLiteral("unsaved.tracks");
 /// Of folders that are asked for at one start, as each keeps a file open and asks the user; the others wait for the
 /// next.
 constexpr std::size_t mostAtOnce = 50;
-/// Of folders without work that are looked into at one start, before the window answers.
+/// Of folders without work that are looked into, and that are cleared away, at one start, before the window answers.
+constexpr int mostLookedInto = 5000;
 constexpr int mostCleared = 200;
 
 /// As create() gives them.
@@ -100,15 +101,22 @@ std::vector<std::unique_ptr<KRRecoveryFolder>> KRRecoveryFolder::leftBehind(cons
         const QFileInfo work(place.filePath(name) + QLatin1Char('/') + workName);
         if (work.isFile())
             namesWithWork.emplace_back(work.lastModified(), name);
-        else if (otherNames.size() < mostCleared && isOwnName(name))
+        else if (otherNames.size() < mostLookedInto && isOwnName(name))
             otherNames.append(name);
     }
     std::sort(namesWithWork.rbegin(), namesWithWork.rend());
 
+    int cleared = 0;
     for (const QString &name : otherNames) {
+        // Before the lock, whose file takes longer.
+        if (contentOf(QDir(place.filePath(name))).hasOthers)
+            continue;
         const std::unique_ptr<KRRecoveryFolder> folder = take(place, name);
-        if (folder && !folder->holdsWork() && !contentOf(folder->m_dir).hasOthers)
-            folder->discard();
+        if (!folder || folder->holdsWork())
+            continue;
+        folder->discard();
+        if (!QFileInfo::exists(folder->m_dir.path()) && ++cleared == mostCleared)
+            break;
     }
     std::vector<std::unique_ptr<KRRecoveryFolder>> folders;
     for (const auto &[time, name] : namesWithWork) {
