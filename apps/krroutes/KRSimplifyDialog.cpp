@@ -67,6 +67,11 @@ KRSimplifyDialog::KRSimplifyDialog(const KRGPXConfiguredTrack &track, QWidget *p
     connect(m_slider, &QSlider::valueChanged, this, &KRSimplifyDialog::takeSlider);
     connect(m_tolerance, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &KRSimplifyDialog::showState);
     connect(&m_measuring, &QFutureWatcherBase::finished, this, [this] {
+        // Too little memory ends the measuring without a result.
+        if (m_measuring.isCanceled()) {
+            reject();
+            return;
+        }
         m_simplifier = m_measuring.result();
         showState();
     });
