@@ -77,10 +77,12 @@ std::vector<Passage> passagesInView(const QPolygonF &ring, double world, const Q
             close(open.front(), i - 1);
         for (; !open.empty() && open.back().copy >= end; open.pop_back())
             close(open.back(), i - 1);
-        for (double copy = (open.empty() ? end : open.front().copy) - 1.0; copy >= copies.first; --copy)
-            open.push_front({copy, i - 1, i});
-        for (double copy = (open.empty() ? end : open.back().copy + 1.0); copy < end; ++copy)
-            open.push_back({copy, i - 1, i});
+        double first = open.empty() ? end : open.front().copy;
+        while (first > copies.first)
+            open.push_front({--first, i - 1, i});
+        double last = open.empty() ? end : open.back().copy + 1.0;
+        while (last < end)
+            open.push_back({last++, i - 1, i});
     }
     for (const Passage &passage : open)
         close(passage, ring.size() - 1);

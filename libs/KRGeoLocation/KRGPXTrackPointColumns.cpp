@@ -40,7 +40,7 @@ bool isNoTime(const QDateTime &timeStamp)
 bool neverShareClock(qint64 milliseconds, qint64 other)
 {
     constexpr qint64 farthest = Q_INT64_C(1) << 60; // QDateTime has clocks for all of these
-    constexpr qint64 twoDays = 2 * 24 * 3600 * 1000;
+    constexpr qint64 twoDays = qint64(2) * 24 * 3600 * 1000;
     if (std::abs(milliseconds) > farthest || std::abs(other) > farthest)
         return false;
     const qint64 difference = std::abs(milliseconds - other);
