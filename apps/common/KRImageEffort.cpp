@@ -53,13 +53,15 @@ KRGPXTrackSelection KRImageEffort::affordable(const KRGPXTrackSelection &selecti
 {
     // To read and to estimate as much has taken its time already.
     constexpr double partThatIsLeft = 0.4;
-    return isAffordable(selection) ? selection : cheapest(selection, partThatIsLeft * mostFor(selection));
+    const std::vector<double> efforts = effortsOf(selection);
+    const double most = mostFor(selection);
+    return totalOf(efforts) <= most ? selection : cheapest(selection, efforts, partThatIsLeft * most);
 }
 
-KRGPXTrackSelection KRImageEffort::cheapest(const KRGPXTrackSelection &selection, double most) const
+KRGPXTrackSelection KRImageEffort::cheapest(const KRGPXTrackSelection &selection, const std::vector<double> &efforts,
+                                            double most) const
 {
     const KRGPXConfiguredTrackList tracks = selection.tracks();
-    const std::vector<double> efforts = effortsOf(selection);
     std::vector<int> numbers(efforts.size());
     std::iota(numbers.begin(), numbers.end(), 0);
     std::stable_sort(numbers.begin(), numbers.end(),
@@ -73,7 +75,7 @@ KRGPXTrackSelection KRImageEffort::cheapest(const KRGPXTrackSelection &selection
     std::for_each(numbers.begin(), end, [&](int number) { taken.addTrack(tracks.at(number)); });
     // Fewer are no longer drawn together, and take longer each.
     const bool areFewNow = tracks.size() > KRGPXLineBundle::fewTracks && taken.count() <= KRGPXLineBundle::fewTracks;
-    return areFewNow ? cheapest(taken, most) : taken;
+    return areFewNow ? cheapest(taken, effortsOf(taken), most) : taken;
 }
 
 std::vector<double> KRImageEffort::effortsOf(const KRGPXTrackSelection &selection) const

@@ -32,7 +32,8 @@ protected:
     std::vector<double> effortsOf(const KRGPXTrackSelection &selection) const override;
 
 private:
-    KRGPXTrackSelection cheapest(const KRGPXTrackSelection &selection, double most) const;
+    KRGPXTrackSelection cheapest(const KRGPXTrackSelection &selection, const std::vector<double> &efforts,
+                                 double most) const;
 
     /// How a track is drawn, one of the times that it is.
     struct Layer {

@@ -64,8 +64,12 @@ double KRMapEffort::mostFor(const KRGPXTrackSelection &selection) const
 
 bool KRMapEffort::isAffordable(const KRGPXTrackSelection &selection) const
 {
-    const std::vector<double> efforts = effortsOf(selection);
-    return std::accumulate(efforts.begin(), efforts.end(), 0.0) <= mostFor(selection);
+    return totalOf(effortsOf(selection)) <= mostFor(selection);
+}
+
+double KRMapEffort::totalOf(const std::vector<double> &efforts)
+{
+    return std::accumulate(efforts.begin(), efforts.end(), 0.0);
 }
 
 QPen KRMapEffort::haloPenOf(const KRGPXTrackConfiguration &configuration) const

@@ -53,6 +53,7 @@ protected:
     /// For each track.
     virtual std::vector<double> effortsOf(const KRGPXTrackSelection &selection) const = 0;
 
+    static double totalOf(const std::vector<double> &efforts);
     /// @param reach of the pen beside the lines, in pixels
     Extent extentOf(const QPainterPath &path, double reach) const;
     Extent sumOf(const Extent &first, const Extent &second) const;
